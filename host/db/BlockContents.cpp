@@ -1,0 +1,144 @@
+#include "db/BlockContents.h"
+
+#include "db/DatabaseImpl.h"
+#include "dbsymtb.h"
+#include "dxf/DxfCursor.h"
+#include "dxf/DxfValue.h"
+
+namespace {
+
+bool isSubentity(const std::string& typeName)
+{
+    return typeName == "ATTRIB" || typeName == "VERTEX" || typeName == "SEQEND";
+}
+
+/// What an entity's first tags tell of where it stands.
+struct Place {
+    std::uint64_t owner = 0;
+    bool paper = false;
+};
+
+Place placeOf(const AcDbDatabaseImpl& database, const DxfRecord& record)
+{
+    Place place;
+    DxfCursor cursor(database.form(), database.bytes(record));
+    DxfTag tag;
+    int markers = 0;
+    bool inGroup = false;
+    while (cursor.next(tag) && markers < 2) {
+        markers += tag.code == 100;
+        if (tag.code == 102)
+            inGroup = dxfText(tag).find('{') != std::string_view::npos;
+        else if (tag.code == 330 && !inGroup && markers == 0)
+            dxfHandle(tag, place.owner);
+        else if (tag.code == 67) {
+            std::int64_t value = 0;
+            place.paper = dxfInteger(database.form(), tag, value) && value == 1;
+        }
+    }
+    return place;
+}
+
+std::wstring blockName(const AcDbDatabaseImpl& database, const DxfRecord& record)
+{
+    DxfCursor cursor(database.form(), database.bytes(record));
+    DxfTag tag;
+    while (cursor.next(tag))
+        if (tag.code == 2)
+            return database.form().encoding->decode(dxfText(tag));
+    return {};
+}
+
+} // namespace
+
+BlockContent& BlockContents::of(AcDbStub* blockRecord)
+{
+    list();
+    return m_contents[blockRecord];
+}
+
+void BlockContents::append(AcDbStub* blockRecord, AcDbStub* entity)
+{
+    BlockContent& content = of(blockRecord);
+    if (!content.begin && !content.inEntitiesSection)
+        m_database.makeBlockBounds(blockRecord); // the file has a record of the block, and no more
+    if (content.entities.size() == content.fromFile)
+        m_grown.push_back(blockRecord);
+    content.entities.push_back(entity);
+}
+
+void BlockContents::addNew(AcDbStub* blockRecord, AcDbStub* begin, AcDbStub* end)
+{
+    BlockContent& content = of(blockRecord);
+    content.begin = begin;
+    content.end = end;
+    content.isNew = true;
+    m_newBlocks.push_back(blockRecord);
+}
+
+AcDbStub* BlockContents::modelSpace()
+{
+    return m_database.named(NameKind::block, ACDB_MODEL_SPACE);
+}
+AcDbStub* BlockContents::paperSpace()
+{
+    return m_database.named(NameKind::block, ACDB_PAPER_SPACE);
+}
+
+void BlockContents::list()
+{
+    if (m_listed || !m_database.isLoaded())
+        return;
+    m_listed = true;
+    listBlocksSection();
+    listEntitiesSection();
+    for (auto& [record, content] : m_contents)
+        content.fromFile = content.entities.size();
+}
+
+void BlockContents::listBlocksSection()
+{
+    const DxfRange* section = m_database.file().section("BLOCKS");
+    if (!section)
+        return;
+    auto& records = m_database.file().records();
+    BlockContent* content = nullptr;
+    for (std::uint32_t i = section->first + 1; i <= section->last; ++i) {
+        const std::string& type = m_database.typeName(records[i]);
+        if (type == "BLOCK") {
+            AcDbStub* owner = m_database.byHandle(placeOf(m_database, records[i]).owner);
+            if (!owner || m_database.typeName(*recordOf(owner)) != "BLOCK_RECORD")
+                owner = m_database.named(NameKind::block, blockName(m_database, records[i]));
+            content = owner ? &m_contents[owner] : nullptr;
+            if (content && !content->begin)
+                content->begin = stubOf(&records[i]);
+        } else if (type == "ENDBLK") {
+            if (content && !content->end)
+                content->end = stubOf(&records[i]);
+            content = nullptr;
+        } else if (content && records[i].handle != 0 && !isSubentity(type))
+            content->entities.push_back(stubOf(&records[i]));
+    }
+}
+
+void BlockContents::listEntitiesSection()
+{
+    AcDbStub* model = modelSpace();
+    AcDbStub* paper = paperSpace();
+    for (AcDbStub* space : {model, paper})
+        if (space)
+            m_contents[space].inEntitiesSection = true;
+    const DxfRange* section = m_database.file().section("ENTITIES");
+    if (!section)
+        return;
+    auto& records = m_database.file().records();
+    for (std::uint32_t i = section->first + 1; i <= section->last; ++i) {
+        if (isSubentity(m_database.typeName(records[i])) || records[i].handle == 0)
+            continue;
+        const Place place = placeOf(m_database, records[i]);
+        const bool inPaper = paper && (place.owner == recordOf(paper)->handle ||
+                                       (place.paper && (!model || place.owner != recordOf(model)->handle)));
+        if (AcDbStub* space = inPaper ? paper : model)
+            m_contents[space].entities.push_back(stubOf(&records[i]));
+    }
+}

@@ -1,0 +1,493 @@
+#include "db/DatabaseImpl.h"
+
+#include <algorithm>
+
+#include "db/fields/DxfFields.h"
+#include "db/fields/DxfObjectReader.h"
+#include "db/fields/NameReferences.h"
+#include "db/ObjectExtras.h"
+#include "db/Opening.h"
+#include "dbdict.h"
+#include "dbsymtb.h"
+#include "dxf/DxfCursor.h"
+
+namespace {
+
+/// Every open database, the one asked for last first.
+std::vector<AcDbDatabaseImpl*>& openDatabases()
+{
+    static std::vector<AcDbDatabaseImpl*> databases;
+    return databases;
+}
+
+bool isOwnedByPrevious(const std::string& typeName)
+{
+    return typeName == "ATTRIB" || typeName == "VERTEX" || typeName == "SEQEND";
+}
+
+} // namespace
+
+AcDbDatabaseImpl::AcDbDatabaseImpl(AcDbDatabase& self) : m_self(self), m_blocks(*this), m_header(*this), m_undo(*this)
+{
+    for (int kind = 0; kind < nameKindCount; ++kind)
+        m_names.emplace_back(*this, static_cast<NameKind>(kind));
+    m_noForm.encoding = &DxfEncoding::utf8();
+    openDatabases().push_back(this);
+}
+
+AcDbDatabaseImpl::~AcDbDatabaseImpl()
+{
+    tellEach(m_reactors, [this](AcDbDatabaseReactor& reactor) { reactor.goodbye(&m_self); });
+    m_undo.clear();
+    if (m_file)
+        for (DxfRecord& record : m_file->records())
+            delete residentObject(record);
+    for (std::size_t i = 0; i < m_newRecords.size(); ++i)
+        delete residentObject(m_newRecords[i]);
+    std::erase(openDatabases(), this);
+}
+
+bool AcDbDatabaseImpl::holds(const void* address) const
+{
+    if (!m_file)
+        return false;
+    const auto& records = m_file->records();
+    const auto* begin = reinterpret_cast<const char*>(records.data());
+    const auto* at = static_cast<const char*>(address);
+    if (std::less_equal<>()(begin, at) && std::less<>()(at, begin + records.size() * sizeof(DxfRecord)))
+        return static_cast<std::size_t>(at - begin) % sizeof(DxfRecord) == 0;
+    return m_newRecords.holds(address);
+}
+
+AcDbDatabaseImpl* AcDbDatabaseImpl::find(const AcDbStub* stub)
+{
+    auto& databases = openDatabases();
+    const auto found = std::ranges::find_if(databases, [stub](const auto* database) { return database->holds(stub); });
+    if (found == databases.end())
+        return nullptr;
+    std::swap(*found, databases.front());
+    return databases.front();
+}
+
+AcDbDatabaseImpl& AcDbDatabaseImpl::of(const AcDbStub* stub)
+{
+    const auto* record = reinterpret_cast<const DxfRecord*>(stub);
+    if (isNew(*record))
+        return *static_cast<const NewRecord*>(record)->database;
+    return *find(stub);
+}
+
+void AcDbDatabaseImpl::load(std::unique_ptr<DxfFile> file)
+{
+    m_file = std::move(file);
+    for (const DxfProblem& problem : m_file->problems())
+        m_problems.push_back(problem.line > 0 ? "ligne " + std::to_string(problem.line) + " : " + problem.what
+                                              : problem.what);
+    m_nextHandle = m_file->freeHandle();
+    adoptStructure();
+    makeMissingTables();
+    m_rootDictionary = findRootDictionary();
+    m_madeUp = m_newRecords.size();
+}
+
+void AcDbDatabaseImpl::adoptStructure()
+{
+    static constexpr std::pair<const char*, NameKind> tables[] = {
+        {"BLOCK_RECORD", NameKind::block}, {"LAYER", NameKind::layer},  {"STYLE", NameKind::textStyle},
+        {"LTYPE", NameKind::linetype},     {"APPID", NameKind::regApp}, {"DIMSTYLE", NameKind::dimStyle}};
+    for (const auto& [name, kind] : tables) {
+        const DxfRange* range = m_file->table(name);
+        if (!range)
+            continue;
+        auto& records = m_file->records();
+        names(kind).table = stubOf(&records[range->first]);
+        for (std::uint32_t i = range->first + 1; i <= range->last; ++i)
+            if (typeName(records[i]) == name)
+                names(kind).append(stubOf(&records[i]));
+    }
+}
+
+void AcDbDatabaseImpl::makeMissingTables()
+{
+    const auto make = [this]<class Table>(NameKind kind, std::unique_ptr<Table> table) {
+        if (names(kind).table)
+            return;
+        Table* made = table.get();
+        names(kind).table = adopt(std::move(table), nullptr).stub();
+        made->close();
+    };
+    make(NameKind::block, std::make_unique<AcDbBlockTable>());
+    make(NameKind::layer, std::make_unique<AcDbLayerTable>());
+    make(NameKind::textStyle, std::make_unique<AcDbTextStyleTable>());
+    make(NameKind::linetype, std::make_unique<AcDbLinetypeTable>());
+    make(NameKind::regApp, std::make_unique<AcDbRegAppTable>());
+    make(NameKind::dimStyle, std::make_unique<AcDbDimStyleTable>());
+    if (!m_blocks.modelSpace()) {
+        auto space = std::make_unique<AcDbBlockTableRecord>();
+        AcDbBlockTableRecord* made = space.get();
+        made->setName(ACDB_MODEL_SPACE);
+        AcDbStub* stub = adopt(std::move(space), names(NameKind::block).table).stub();
+        made->close();
+        names(NameKind::block).append(stub);
+        makeBlockBounds(stub);
+    }
+}
+
+AcDbStub* AcDbDatabaseImpl::findRootDictionary()
+{
+    const DxfRange* objects = m_file->section("OBJECTS");
+    if (objects)
+        for (std::uint32_t i = objects->first + 1; i <= objects->last; ++i)
+            if (typeName(m_file->records()[i]) == "DICTIONARY")
+                return stubOf(&m_file->records()[i]); // the root is the first one, by the format's own rule
+    auto dictionary = std::make_unique<AcDbDictionary>();
+    AcDbDictionary* made = dictionary.get();
+    const AcDbObjectId id = adopt(std::move(dictionary), nullptr);
+    made->close();
+    return id.stub();
+}
+
+AcDbStub* AcDbDatabaseImpl::byHandle(std::uint64_t handle) const
+{
+    if (handle == 0)
+        return nullptr;
+    const std::uint32_t position = m_file ? m_file->handles().find(handle) : HandleTable::none;
+    if (position != HandleTable::none)
+        return stubOf(&m_file->records()[position]);
+    const auto found = m_newByHandle.find(handle);
+    return found == m_newByHandle.end() ? nullptr : found->second;
+}
+
+// A file may name the highest handle there is as its next one: after it, the lowest free ones are given.
+std::uint64_t AcDbDatabaseImpl::takeHandle()
+{
+    while (m_nextHandle == 0 || byHandle(m_nextHandle))
+        ++m_nextHandle;
+    return m_nextHandle++;
+}
+
+AcDbStub* AcDbDatabaseImpl::adoptBytes(std::string_view type, std::uint64_t handle, std::string bytes)
+{
+    NewRecord& record = m_newRecords.add();
+    record.handle = handle;
+    record.type = m_file->typeId(type);
+    record.flags = RecordFlags::isNew;
+    record.database = this;
+    record.bytes = std::move(bytes);
+    m_newByHandle.emplace(handle, stubOf(&record));
+    return stubOf(&record);
+}
+
+AcDbObjectId AcDbDatabaseImpl::adopt(std::unique_ptr<AcDbObject> object, AcDbStub* owner)
+{
+    const DxfClass* dxfClass = DxfClasses::all().of(object->isA());
+    AcDbStub* stub = adoptBytes(dxfClass ? dxfClass->dxfName : "ACAD_PROXY_OBJECT", takeHandle(), {});
+    AcDbObject* made = object.release();
+    recordOf(stub)->object = made;
+    made->m_stub = stub;
+    made->m_owner = owner;
+    Opening::joined(*made);
+    m_undo.created(stub);
+    Opening::tellAppended(*made);
+    return AcDbObjectId(stub);
+}
+
+bool AcDbDatabaseImpl::holdsObject(const DxfRecord& record) const
+{
+    return record.handle != 0;
+}
+
+const DxfClass& AcDbDatabaseImpl::classOf(const DxfRecord& record) const
+{
+    if (record.object)
+        if (const DxfClass* known = DxfClasses::all().of(residentObject(record)->isA()))
+            return *known;
+    if (record.type >= m_classByType.size())
+        m_classByType.resize(m_file->typeCount(), nullptr);
+    if (const DxfClass* known = m_classByType[record.type])
+        return *known;
+    bool sharedName = false;
+    const DxfClass& found = DxfObjectReader(*const_cast<AcDbDatabaseImpl*>(this)).classOf(record, sharedName);
+    if (!sharedName)
+        m_classByType[record.type] = &found;
+    return found;
+}
+
+AcDbObject& AcDbDatabaseImpl::object(DxfRecord& record)
+{
+    if (!record.object) {
+        auto made = decode(record);
+        made->m_stub = stubOf(&record);
+        record.object = made.release();
+    }
+    return *residentObject(record);
+}
+
+std::unique_ptr<AcDbObject> AcDbDatabaseImpl::decode(DxfRecord& record)
+{
+    const DxfClass& dxfClass = classOf(record);
+    DxfObjectReader reader(*this);
+    if ((record.flags & DxfRecord::spoiled) == 0) {
+        std::unique_ptr<AcDbObject> object(dxfClass.create());
+        if (reader.read(bytes(record), dxfClass, *object))
+            return object;
+        addProblem(record, reader.complaint());
+        record.flags |= DxfRecord::spoiled;
+    }
+    if (typeName(record) == "TABLE") // its records are worth more than its own tags
+        return std::unique_ptr<AcDbObject>(dxfClass.create());
+    const auto& classes = DxfClasses::all();
+    return std::unique_ptr<AcDbObject>((dxfClass.isEntity ? classes.proxyEntity() : classes.proxyObject()).create());
+}
+
+/// Counted on from the last one: a file may have many records that cannot be read.
+int AcDbDatabaseImpl::lineOf(const DxfRecord& record)
+{
+    if (isNew(record) || form().binary)
+        return 0;
+    const auto [from, to] = std::minmax(m_lineOffset, record.offset);
+    const std::string_view between = m_file->bytes().substr(from, to - from);
+    const auto lines = static_cast<int>(std::ranges::count(between, form().lineEnd()));
+    m_line += record.offset < m_lineOffset ? -lines : lines;
+    m_lineOffset = record.offset;
+    return m_line;
+}
+
+void AcDbDatabaseImpl::addProblem(const DxfRecord& record, const std::string& what)
+{
+    const int line = lineOf(record);
+    m_problems.push_back((line > 0 ? "ligne " + std::to_string(line) + " : " : std::string()) + typeName(record) +
+                         " : " + what);
+}
+
+AcDbStub* AcDbDatabaseImpl::ownerInFile(const DxfRecord& record) const
+{
+    AcDbStub* owner = nullptr;
+    DxfCursor cursor(form(), bytes(record));
+    DxfTag tag;
+    bool inGroup = false; // inside 102 { ... } stand reactors and the extension dictionary, not the owner
+    while (cursor.next(tag) && tag.code != 100) {
+        if (tag.code == 102)
+            inGroup = opensGroup(tag);
+        std::uint64_t handle = 0;
+        if (tag.code == 330 && !inGroup && dxfHandle(tag, handle)) {
+            owner = byHandle(handle);
+            break;
+        }
+    }
+    if (isNew(record) || !isOwnedByPrevious(typeName(record)) || (owner && hasSubentities(*recordOf(owner))))
+        return owner;
+    AcDbStub* const parent = parentOf(record);
+    return parent ? parent : owner;
+}
+
+/// Files often name the block as the owner of attributes: they belong to the entity that they stand behind.
+AcDbStub* AcDbDatabaseImpl::parentOf(const DxfRecord& subentity) const
+{
+    const auto& records = m_file->records();
+    for (std::uint32_t at = positionOf(subentity); at-- > 0;) {
+        const DxfRecord& before = records[at];
+        if (!isOwnedByPrevious(typeName(before)))
+            return hasSubentities(before) ? stubOf(&before) : nullptr;
+        if (typeName(before) == "SEQEND")
+            return nullptr;
+        if (const AcDbObject* neighbour = residentObject(before); neighbour && neighbour->m_owner)
+            return hasSubentities(*recordOf(neighbour->m_owner)) ? neighbour->m_owner : nullptr;
+    }
+    return nullptr;
+}
+
+AcDbStub* AcDbDatabaseImpl::ownerOf(const AcDbObject& object) const
+{
+    if (!object.m_owner && object.m_stub)
+        object.m_owner = ownerInFile(*recordOf(object.m_stub));
+    return object.m_owner;
+}
+
+void AcDbDatabaseImpl::noteEdit(DxfRecord& record)
+{
+    if (isNew(record) || (record.flags & RecordFlags::edited) != 0)
+        return;
+    record.flags |= RecordFlags::edited;
+    m_edits.push_back(positionOf(record));
+}
+
+void AcDbDatabaseImpl::noteChange(AcDbObject& object)
+{
+    DxfRecord& record = *recordOf(object.m_stub);
+    m_undo.beforeChange(object);
+    record.flags |= RecordFlags::modified;
+    noteEdit(record);
+}
+
+AcDbStub* AcDbDatabaseImpl::ownerOf(const DxfRecord& record) const
+{
+    return record.object ? ownerOf(*residentObject(record)) : ownerInFile(record);
+}
+
+AcDbObjectIdArray AcDbDatabaseImpl::ownedBy(const AcDbObject& object)
+{
+    AcDbObjectIdArray owned;
+    object.ownedObjects(owned);
+    const DxfRecord& record = *recordOf(object.m_stub);
+    const auto take = [&owned](AcDbStub* stub) {
+        if (stub)
+            owned.append(AcDbObjectId(stub));
+    };
+    take(object.extensionDictionary().stub());
+    take(sequenceEnd(record));
+    if (typeName(record) == "BLOCK_RECORD") {
+        const BlockContent& content = m_blocks.of(object.m_stub);
+        take(content.begin);
+        take(content.end);
+        for (AcDbStub* entity : content.entities)
+            take(entity);
+    }
+    return owned;
+}
+
+// Owners may form circles, and chains of any length: each object is marked as it is met, in a list and not by calls
+// within calls.
+void AcDbDatabaseImpl::setErased(AcDbObject& object, bool erased)
+{
+    std::vector<AcDbObject*> touched;
+    const auto mark = [&](AcDbObject& met) {
+        DxfRecord& record = *recordOf(met.m_stub);
+        if (isErased(record) == erased)
+            return;
+        m_undo.beforeChange(met);
+        const int others = record.flags & ~RecordFlags::erased;
+        record.flags = static_cast<std::uint16_t>(erased ? others | RecordFlags::erased : others);
+        noteEdit(record);
+        touched.push_back(&met);
+    };
+    mark(object);
+    for (std::size_t i = 0; i < touched.size(); ++i) {
+        const AcDbObjectIdArray owned = ownedBy(*touched[i]);
+        for (int k = 0; k < owned.length(); ++k)
+            if (holdsObject(*recordOf(owned[k])))
+                mark(this->object(*recordOf(owned[k])));
+    }
+    for (AcDbObject* met : touched)
+        if (met->isKindOf(AcDbSymbolTableRecord::desc()) || (recordOf(met->m_stub)->flags & DxfRecord::spoiled) != 0)
+            for (SymbolNames& table : m_names)
+                table.forgetIndex();
+    for (auto met = touched.rbegin(); met != touched.rend(); ++met)
+        Opening::tellErased(**met, erased);
+}
+
+bool AcDbDatabaseImpl::isIndispensable(const AcDbObject& object)
+{
+    AcDbStub* const stub = object.m_stub;
+    if (stub == m_rootDictionary)
+        return true;
+    for (const SymbolNames& table : m_names)
+        if (stub == table.table)
+            return true;
+    static constexpr std::pair<NameKind, const wchar_t*> records[] = {
+        {NameKind::block, ACDB_MODEL_SPACE}, {NameKind::block, ACDB_PAPER_SPACE}, {NameKind::layer, L"0"},
+        {NameKind::linetype, L"ByLayer"},    {NameKind::linetype, L"ByBlock"},    {NameKind::linetype, L"Continuous"},
+        {NameKind::textStyle, L"Standard"},  {NameKind::regApp, L"ACAD"}};
+    return object.isKindOf(AcDbSymbolTableRecord::desc()) &&
+           std::ranges::any_of(records, [&](const auto& record) { return named(record.first, record.second) == stub; });
+}
+
+bool AcDbDatabaseImpl::isNameTaken(const AcDbObject& object)
+{
+    if (!object.isKindOf(AcDbSymbolTableRecord::desc()))
+        return false;
+    const std::wstring name = recordName(object.m_stub);
+    for (SymbolNames& table : m_names)
+        if (ownerOf(object) == table.table) {
+            const AcDbStub* holder = table.find(name);
+            return holder && holder != object.m_stub;
+        }
+    return false;
+}
+
+/// Attributes and vertices stand after what they belong to; only these kinds have any.
+bool AcDbDatabaseImpl::hasSubentities(const DxfRecord& record) const
+{
+    const std::string& type = typeName(record);
+    return type == "INSERT" || type == "POLYLINE";
+}
+
+std::vector<AcDbStub*> AcDbDatabaseImpl::subentities(const AcDbObject& parent, bool withErased) const
+{
+    std::vector<AcDbStub*> found;
+    const auto take = [&](const DxfRecord& record) {
+        if (typeName(record) != "SEQEND" && (withErased || !isErased(record)))
+            found.push_back(stubOf(&record));
+    };
+    const DxfRecord* record = recordOf(parent.m_stub);
+    if (!isNew(*record) && hasSubentities(*record)) {
+        const auto& records = m_file->records();
+        for (std::size_t i = positionOf(*record) + 1; i < records.size() && isOwnedByPrevious(typeName(records[i]));
+             ++i) {
+            take(records[i]);
+            if (typeName(records[i]) == "SEQEND")
+                break;
+        }
+    }
+    if (parent.m_extras)
+        for (AcDbStub* added : parent.m_extras->addedSubentities)
+            take(*recordOf(added));
+    return found;
+}
+
+const std::vector<AcDbStub*>& AcDbDatabaseImpl::addedSubentities(const AcDbObject& parent) const
+{
+    static const std::vector<AcDbStub*> none;
+    return parent.m_extras ? parent.m_extras->addedSubentities : none;
+}
+
+AcDbStub* AcDbDatabaseImpl::sequenceEnd(const DxfRecord& parent) const
+{
+    if (!isNew(parent) && hasSubentities(parent)) {
+        const auto& records = m_file->records();
+        for (std::size_t i = positionOf(parent) + 1; i < records.size() && isOwnedByPrevious(typeName(records[i])); ++i)
+            if (typeName(records[i]) == "SEQEND")
+                return stubOf(&records[i]);
+    }
+    const AcDbObject* object = residentObject(parent);
+    return object && object->m_extras ? object->m_extras->addedSequenceEnd : nullptr;
+}
+
+AcDbStub* AcDbDatabaseImpl::named(NameKind kind, std::wstring_view name)
+{
+    return names(kind).find(name);
+}
+
+std::wstring AcDbDatabaseImpl::recordName(AcDbStub* stub)
+{
+    if (!stub)
+        return {};
+    const DxfRecord& record = *recordOf(stub);
+    if (record.object)
+        if (const auto* named = AcDbSymbolTableRecord::cast(residentObject(record)))
+            return named->m_name;
+    return nameInBytes(record);
+}
+
+bool AcDbDatabaseImpl::hasRenamed()
+{
+    return std::ranges::any_of(m_names, [](SymbolNames& table) { return table.hasRenamed(); });
+}
+
+std::string AcDbDatabaseImpl::withNewNames(const DxfRecord& record, std::string_view tags)
+{
+    std::string renamed;
+    const auto newName = [this](NameKind kind, std::string_view bytes) { return names(kind).newName(bytes); };
+    appendRenamed(form(), typeName(record), classOf(record).isEntity, tags, newName, renamed);
+    return renamed;
+}
+
+std::wstring AcDbDatabaseImpl::nameInBytes(const DxfRecord& record) const
+{
+    DxfCursor cursor(form(), bytes(record));
+    DxfTag tag;
+    while (cursor.next(tag))
+        if (tag.code == 2)
+            return form().encoding->decode(dxfText(tag));
+    return {};
+}

@@ -1,0 +1,228 @@
+#include "db/ObjectTags.h"
+
+#include <algorithm>
+
+#include "acutmem.h"
+#include "adscodes.h"
+#include "db/DatabaseImpl.h"
+#include "db/ObjectExtras.h"
+#include "db/ResbufTags.h"
+#include "dbsymtb.h"
+#include "dxf/DxfCursor.h"
+#include "dxf/DxfValue.h"
+
+namespace {
+
+constexpr std::string_view dictionaryGroup = "{ACAD_XDICTIONARY";
+constexpr std::string_view reactorsGroup = "{ACAD_REACTORS";
+constexpr int applicationCode = 1001;
+
+/// End of the data of the application that `item` opens.
+const resbuf* nextApplication(const resbuf* item)
+{
+    do
+        item = item->rbnext;
+    while (item && item->restype != applicationCode);
+    return item;
+}
+
+bool sameApplication(const resbuf& item, const ACHAR* name)
+{
+    return item.resval.rstring && foldedName(item.resval.rstring) == foldedName(name);
+}
+
+} // namespace
+
+std::vector<std::uint64_t> ObjectTags::handlesInGroup(std::string_view group) const
+{
+    std::vector<std::uint64_t> handles;
+    DxfCursor cursor(m_database.form(), m_database.bytes(*recordOf(m_object.m_stub)));
+    DxfTag tag;
+    bool inside = false;
+    while (cursor.next(tag) && tag.code != 100) {
+        if (tag.code == 102) {
+            if (inside)
+                return handles;
+            inside = dxfText(tag) == group;
+        } else if (std::uint64_t handle = 0; inside && dxfHandle(tag, handle))
+            handles.push_back(handle);
+    }
+    return handles;
+}
+
+bool ObjectTags::extensionDictionaryChanged() const
+{
+    if (m_object.m_extras && m_object.m_extras->extensionDictionary)
+        return true;
+    const AcDbStub* dictionary = m_database.byHandle(extensionDictionary());
+    return dictionary && isErased(*recordOf(const_cast<AcDbStub*>(dictionary)));
+}
+bool ObjectTags::reactorsChanged() const
+{
+    return m_object.m_extras && m_object.m_extras->persistentReactors;
+}
+bool ObjectTags::xdataChanged() const
+{
+    return m_object.m_extras && !m_object.m_extras->xdata.empty();
+}
+
+std::uint64_t ObjectTags::extensionDictionary() const
+{
+    if (m_object.m_extras && m_object.m_extras->extensionDictionary)
+        return *m_object.m_extras->extensionDictionary;
+    const auto handles = handlesInGroup(dictionaryGroup);
+    return handles.empty() ? 0 : handles.front();
+}
+
+std::vector<std::uint64_t> ObjectTags::persistentReactors() const
+{
+    return reactorsChanged() ? *m_object.m_extras->persistentReactors : handlesInGroup(reactorsGroup);
+}
+
+std::string_view ObjectTags::xdataBytes() const
+{
+    const std::string_view bytes = m_database.bytes(*recordOf(m_object.m_stub));
+    DxfCursor cursor(m_database.form(), bytes);
+    DxfTag tag;
+    while (cursor.next(tag))
+        if (tag.code == applicationCode)
+            return bytes.substr(static_cast<std::size_t>(tag.start - bytes.data()));
+    return {};
+}
+
+void ObjectTags::writeExtensionDictionary(DxfTagWriter& out) const
+{
+    const std::uint64_t handle = extensionDictionary();
+    const AcDbStub* dictionary = m_database.byHandle(handle);
+    if (!dictionary || isErased(*recordOf(const_cast<AcDbStub*>(dictionary))))
+        return;
+    out.rawText(102, dictionaryGroup);
+    out.handle(360, handle);
+    out.rawText(102, "}");
+}
+
+void ObjectTags::writeReactors(DxfTagWriter& out) const
+{
+    const auto& handles = *m_object.m_extras->persistentReactors;
+    if (handles.empty())
+        return;
+    out.rawText(102, reactorsGroup);
+    for (std::uint64_t handle : handles)
+        out.handle(330, handle);
+    out.rawText(102, "}");
+}
+
+int ObjectTags::changeOf(std::wstring_view application) const
+{
+    if (!xdataChanged())
+        return -1;
+    const auto& changes = m_object.m_extras->xdata;
+    const auto found = std::ranges::find(changes, application, &ApplicationData::application);
+    return found == changes.end() ? -1 : static_cast<int>(found - changes.begin());
+}
+
+std::vector<std::pair<std::string_view, int>> ObjectTags::xdataRuns() const
+{
+    std::vector<std::pair<std::string_view, int>> runs;
+    if (!m_object.m_stub)
+        return runs;
+    DxfCursor cursor(m_database.form(), xdataBytes());
+    DxfTag tag;
+    while (cursor.next(tag)) {
+        if (tag.code == applicationCode)
+            runs.emplace_back(std::string_view(tag.start, 0),
+                              changeOf(foldedName(m_database.form().encoding->decode(dxfText(tag)))));
+        std::string_view& run = runs.back().first;
+        run = {run.data(), static_cast<std::size_t>(tag.next - run.data())};
+    }
+    return runs;
+}
+
+/// Data set by the program take the place of the old ones of their application; new ones go to the end.
+void ObjectTags::writeXData(DxfTagWriter& out) const
+{
+    const auto& changes = m_object.m_extras->xdata;
+    std::vector<bool> written(changes.size());
+    const auto writeOnce = [&](std::size_t change) {
+        if (!written[change])
+            writeChain(changes[change].items.get(), out);
+        written[change] = true;
+    };
+    for (const auto& [run, change] : xdataRuns())
+        if (change < 0)
+            out.raw(run);
+        else
+            writeOnce(static_cast<std::size_t>(change));
+    for (std::size_t change = 0; change < changes.size(); ++change)
+        writeOnce(change);
+}
+
+resbuf* ObjectTags::xdataChain(const ACHAR* wanted) const
+{
+    resbuf* chain = nullptr;
+    resbuf** end = &chain;
+    const auto append = [&end](resbuf* items) {
+        *end = items;
+        while (*end)
+            end = &(*end)->rbnext;
+    };
+    static const std::vector<ApplicationData> none;
+    const auto& changes = xdataChanged() ? m_object.m_extras->xdata : none;
+    std::vector<bool> taken(changes.size());
+    const auto appendOnce = [&](std::size_t change) {
+        const resbuf* items = changes[change].items.get();
+        if (!taken[change] && items && (!wanted || sameApplication(*items, wanted)))
+            append(copyOfChain(items));
+        taken[change] = true;
+    };
+    for (const auto& [run, change] : xdataRuns()) {
+        if (change >= 0) {
+            appendOnce(static_cast<std::size_t>(change));
+            continue;
+        }
+        resbuf* items = chainOfTags(m_database, run);
+        if (items && wanted && !sameApplication(*items, wanted))
+            acutRelRb(items);
+        else
+            append(items);
+    }
+    for (std::size_t change = 0; change < changes.size(); ++change)
+        appendOnce(change);
+    return chain;
+}
+
+resbuf* ObjectTags::xData(const AcDbObject& object, const ACHAR* application)
+{
+    if (object.m_stub)
+        return ObjectTags(AcDbDatabaseImpl::of(object.m_stub), object).xdataChain(application);
+    resbuf* chain = nullptr; // in no database: only what the program set
+    resbuf** end = &chain;
+    if (object.m_extras)
+        for (const ApplicationData& data : object.m_extras->xdata) {
+            if (!data.items || (application && !sameApplication(*data.items, application)))
+                continue;
+            *end = copyOfChain(data.items.get());
+            while (*end)
+                end = &(*end)->rbnext;
+        }
+    return chain;
+}
+
+Acad::ErrorStatus ObjectTags::splitXData(const AcDbObject& object, const resbuf* data,
+                                         std::vector<ApplicationData>& changes)
+{
+    if (!data || data->restype != applicationCode || !isExtendedData(data))
+        return Acad::eInvalidResBuf;
+    AcDbDatabaseImpl* database = object.m_stub ? &AcDbDatabaseImpl::of(object.m_stub) : nullptr;
+    for (const resbuf* item = data; item; item = nextApplication(item)) {
+        if (!item->resval.rstring || (database && !database->named(NameKind::regApp, item->resval.rstring)))
+            return Acad::eRegappIdNotFound;
+        const resbuf* const end = nextApplication(item);
+        ApplicationData change{foldedName(item->resval.rstring), nullptr};
+        if (item->rbnext != end) // a lone name takes its data away
+            change.items.reset(copyOfChain(item, end),
+                               [](const resbuf* held) { acutRelRb(const_cast<resbuf*>(held)); });
+        changes.push_back(std::move(change));
+    }
+    return Acad::eOk;
+}

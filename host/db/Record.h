@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+
+#include "dbid.h"
+#include "dxf/DxfRecord.h"
+
+class AcDbDatabaseImpl;
+class AcDbObject;
+
+/// An object id points to the record of its object. Records of the file stand in the file's own array; those of new
+/// objects are NewRecords.
+
+namespace RecordFlags {
+enum : std::uint16_t {
+    erased = 16,
+    modified = 32, ///< differs from its bytes
+    isNew = 64,    ///< a NewRecord
+    edited = 128,  ///< listed among the edits of the next save
+};
+}
+
+/// Record of an object that is not in the file. Its offset and length stay 0.
+struct NewRecord : DxfRecord {
+    NewRecord() : DxfRecord{0, 0, 0, 0, 0, nullptr} {}
+    AcDbDatabaseImpl* database = nullptr;
+    std::string bytes; ///< of an object copied from elsewhere, in the form of this drawing; else empty
+};
+
+inline DxfRecord* recordOf(AcDbStub* stub)
+{
+    return reinterpret_cast<DxfRecord*>(stub);
+}
+inline DxfRecord* recordOf(AcDbObjectId id)
+{
+    return recordOf(id.stub());
+}
+inline AcDbStub* stubOf(DxfRecord* record)
+{
+    return reinterpret_cast<AcDbStub*>(record);
+}
+inline AcDbStub* stubOf(const DxfRecord* record)
+{
+    return stubOf(const_cast<DxfRecord*>(record));
+}
+inline AcDbObject* residentObject(const DxfRecord& record)
+{
+    return static_cast<AcDbObject*>(record.object);
+}
+inline bool isErased(const DxfRecord& record)
+{
+    return (record.flags & RecordFlags::erased) != 0;
+}
+inline bool isNew(const DxfRecord& record)
+{
+    return (record.flags & RecordFlags::isNew) != 0;
+}

@@ -1,0 +1,381 @@
+#include "db/SavePlan.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "db/DatabaseImpl.h"
+#include "db/fields/DxfFields.h"
+#include "db/fields/DxfObjectWriter.h"
+#include "db/ObjectTags.h"
+#include "dbdict.h"
+#include "dbsymtb.h"
+#include "dxf/DxfCursor.h"
+
+namespace {
+
+/// Whether a dictionary, as it stands in the file, names an erased object.
+bool namesErased(const AcDbDatabaseImpl& database, const DxfRecord& dictionary)
+{
+    DxfCursor cursor(database.form(), database.bytes(dictionary));
+    DxfTag tag;
+    while (cursor.next(tag)) {
+        std::uint64_t handle = 0;
+        if ((tag.code != 350 && tag.code != 360) || !dxfHandle(tag, handle))
+            continue;
+        AcDbStub* entry = database.byHandle(handle);
+        if (entry && isErased(*recordOf(entry)))
+            return true;
+    }
+    return false;
+}
+
+constexpr std::array<const char*, 6> sectionOrder = {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
+constexpr std::array<const char*, nameKindCount> tableNames = {"BLOCK_RECORD", "LAYER", "STYLE",
+                                                               "LTYPE",        "APPID", "DIMSTYLE"};
+
+/// Whether a new record is written in the OBJECTS section: not an entity, a table or a record of one.
+bool standsInObjectsSection(const AcDbDatabaseImpl& database, const DxfRecord& record)
+{
+    const DxfClass& dxfClass = database.classOf(record);
+    const std::string_view name = dxfClass.dxfName;
+    return !dxfClass.isEntity && name != "TABLE" && std::ranges::find(tableNames, name) == tableNames.end();
+}
+
+} // namespace
+
+SavePlan::SavePlan(AcDbDatabaseImpl& database) : m_database(database)
+{
+    if (!hasWork())
+        return;
+    editRepaired();
+    editChanged();
+    editOwnersOfErased();
+    editNamesOfRenamed();
+    addToParents();
+    addToTables();
+    addNewTables();
+    addToBlocks();
+    addNewBlocks();
+    addObjects();
+    editHeader();
+    std::ranges::stable_sort(m_edits, [](const Edit& a, const Edit& b) {
+        return a.position != b.position ? a.position < b.position : a.place < b.place;
+    });
+}
+
+bool SavePlan::hasWork() const
+{
+    if (!m_database.file().problems().empty() || m_database.header().changed())
+        return true;
+    const NewRecords& made = m_database.newRecords();
+    for (std::size_t i = 0; i < made.size(); ++i) {
+        const bool madeUp = i < m_database.madeUpRecords();
+        if (madeUp ? (made[i].flags & RecordFlags::modified) != 0 : !isErased(made[i]))
+            return true;
+    }
+    const auto& records = m_database.file().records();
+    constexpr int changed = RecordFlags::modified | RecordFlags::erased;
+    return std::ranges::any_of(m_database.edits(),
+                               [&](std::uint32_t at) { return (records[at].flags & changed) != 0; });
+}
+
+std::vector<std::string_view> SavePlan::pieces() const
+{
+    std::vector<std::string_view> pieces;
+    const std::string_view file = m_database.file().bytes();
+    const auto& records = m_database.file().records();
+    std::size_t copied = 0;
+    for (const Edit& edit : m_edits) {
+        const bool atEnd = edit.position >= records.size();
+        const std::size_t at = atEnd ? file.size() : records[edit.position].offset;
+        if (at > copied)
+            pieces.push_back(file.substr(copied, at - copied));
+        if (edit.to > edit.from)
+            pieces.push_back(std::string_view(m_text).substr(edit.from, edit.to - edit.from));
+        copied = std::max(copied, edit.place == Place::instead && !atEnd ? at + records[edit.position].length : at);
+    }
+    if (copied < file.size())
+        pieces.push_back(file.substr(copied));
+    return pieces;
+}
+
+template <class Write>
+void SavePlan::edit(std::uint32_t position, Place place, Write write)
+{
+    const std::size_t from = m_text.size();
+    write();
+    if (place == Place::instead || m_text.size() > from)
+        m_edits.push_back({position, place, from, m_text.size()});
+}
+
+void SavePlan::writeObject(DxfRecord& record)
+{
+    m_usesNewHandles = m_usesNewHandles || isNew(record) || (record.flags & DxfRecord::handleRepaired) != 0;
+    const bool untouched = isNew(record) && (record.flags & RecordFlags::modified) == 0;
+    if (untouched && !m_database.bytes(record).empty())
+        m_text += m_database.hasRenamed() ? m_database.withNewNames(record, m_database.bytes(record))
+                                          : std::string(m_database.bytes(record));
+    else
+        DxfObjectWriter(m_database, m_text).write(m_database.object(record));
+}
+
+void SavePlan::writeAddedSubentities(AcDbStub* parent)
+{
+    const AcDbObject* object = residentObject(*recordOf(parent));
+    if (!object)
+        return;
+    for (AcDbStub* subentity : m_database.addedSubentities(*object))
+        if (!isErased(*recordOf(subentity)))
+            writeObject(*recordOf(subentity));
+}
+
+void SavePlan::writeWithSubentities(AcDbStub* entity)
+{
+    if (isErased(*recordOf(entity)))
+        return;
+    writeObject(*recordOf(entity));
+    writeAddedSubentities(entity);
+    AcDbStub* end = m_database.sequenceEnd(*recordOf(entity));
+    if (end && !isErased(*recordOf(end)))
+        writeObject(*recordOf(end));
+}
+
+void SavePlan::editRepaired()
+{
+    if (m_database.file().problems().empty())
+        return;
+    const auto& records = m_database.file().records();
+    for (std::uint32_t i = 0; i < records.size(); ++i)
+        if ((records[i].flags & DxfRecord::handleRepaired) != 0 && (records[i].flags & RecordFlags::edited) == 0) {
+            m_usesNewHandles = true;
+            edit(i, Place::instead,
+                 [&] { m_text += m_database.withNewNames(records[i], m_database.file().repairedBytes(records[i])); });
+        }
+}
+
+void SavePlan::editChanged()
+{
+    auto& records = m_database.file().records();
+    for (std::uint32_t position : m_database.edits()) {
+        DxfRecord& record = records[position];
+        if (isErased(record))
+            edit(position, Place::instead, [] {});
+        else if ((record.flags & RecordFlags::modified) != 0)
+            edit(position, Place::instead, [&] { writeObject(record); });
+        else if ((record.flags & DxfRecord::handleRepaired) != 0) {
+            m_usesNewHandles = true;
+            edit(position, Place::instead, [&] { m_text += m_database.file().repairedBytes(record); });
+        }
+    }
+}
+
+void SavePlan::editOwnersOfErased()
+{
+    auto& records = m_database.file().records();
+    bool objectsErased = false;
+    std::set<std::uint32_t> found;
+    const auto take = [&](const AcDbStub* stub) {
+        if (!stub)
+            return;
+        const DxfRecord& record = *recordOf(const_cast<AcDbStub*>(stub));
+        if (!isNew(record) && !isErased(record) && (record.flags & RecordFlags::modified) == 0)
+            found.insert(m_database.positionOf(record));
+    };
+    for (std::uint32_t position : m_database.edits()) {
+        const DxfRecord& record = records[position];
+        if (!isErased(record) || !standsInObjectsSection(m_database, record))
+            continue;
+        objectsErased = true;
+        AcDbStub* const owner = m_database.ownerInFile(record);
+        if (owner && ObjectTags(m_database, m_database.object(*recordOf(owner))).extensionDictionary() == record.handle)
+            take(owner);
+    }
+    if (objectsErased)
+        for (const DxfRecord& record : records)
+            if (m_database.classOf(record).rxClass == AcDbDictionary::desc() && namesErased(m_database, record))
+                take(stubOf(&record));
+    for (std::uint32_t position : found)
+        edit(position, Place::instead, [&] { writeObject(records[position]); });
+}
+
+void SavePlan::editNamesOfRenamed()
+{
+    if (!m_database.hasRenamed())
+        return;
+    std::set<std::uint32_t> done;
+    for (const Edit& made : m_edits)
+        done.insert(made.position);
+    const auto& records = m_database.file().records();
+    for (std::uint32_t i = 0; i < records.size(); ++i) {
+        if (records[i].handle == 0 || done.contains(i))
+            continue;
+        const std::string_view bytes = m_database.bytes(records[i]);
+        const std::string renamed = m_database.withNewNames(records[i], bytes);
+        if (renamed != bytes)
+            edit(i, Place::instead, [&] { m_text += renamed; });
+    }
+}
+
+/// Attributes and vertices added to entities of the file go before the SEQEND, or open a sequence.
+void SavePlan::addToParents()
+{
+    auto& records = m_database.file().records();
+    for (std::uint32_t position : m_database.edits()) {
+        DxfRecord& record = records[position];
+        const AcDbObject* object = residentObject(record);
+        if (isErased(record) || !object || m_database.addedSubentities(*object).empty())
+            continue;
+        AcDbStub* end = m_database.sequenceEnd(record);
+        const bool endInFile = end && !isNew(*recordOf(end));
+        edit(endInFile ? m_database.positionOf(*recordOf(end)) : afterEntity(position), Place::before, [&] {
+            writeAddedSubentities(stubOf(&record));
+            if (end && !endInFile)
+                writeObject(*recordOf(end));
+        });
+    }
+}
+
+std::uint32_t SavePlan::endOf(const DxfRange& range, const char* closing) const
+{
+    const bool closed = m_database.typeName(m_database.file().records()[range.last]) == closing;
+    return closed ? range.last : range.last + 1;
+}
+
+std::uint32_t SavePlan::afterEntity(std::uint32_t position) const
+{
+    const auto& records = m_database.file().records();
+    const auto follows = [&](const std::string& type) {
+        return type == "ATTRIB" || type == "VERTEX" || type == "SEQEND";
+    };
+    do
+        ++position;
+    while (position < records.size() && follows(m_database.typeName(records[position])));
+    return position;
+}
+
+std::uint32_t SavePlan::endOfBlock(const BlockContent& content) const
+{
+    if (content.end)
+        return m_database.positionOf(*recordOf(content.end));
+    AcDbStub* const last = content.fromFile > 0 ? content.entities[content.fromFile - 1] : content.begin;
+    return afterEntity(m_database.positionOf(*recordOf(last)));
+}
+
+template <class Write>
+void SavePlan::atEndOfSection(const char* name, Write write)
+{
+    const DxfFile& file = m_database.file();
+    if (const DxfRange* section = file.section(name))
+        return edit(endOf(*section, "ENDSEC"), Place::before, write);
+    auto position = static_cast<std::uint32_t>(file.records().size());
+    while (position > 0 && file.typeName(file.records()[position - 1].type) != "EOF")
+        --position;
+    position = position > 0 ? position - 1 : static_cast<std::uint32_t>(file.records().size()); // before EOF
+    for (auto next = std::ranges::find(sectionOrder, std::string_view(name)); next != sectionOrder.end(); ++next)
+        if (const DxfRange* later = file.section(*next)) {
+            position = later->first;
+            break;
+        }
+    edit(position, Place::before, [&] {
+        const std::size_t before = m_text.size();
+        DxfTagWriter out(m_database.form(), m_text);
+        out.rawText(0, "SECTION");
+        out.rawText(2, name);
+        const std::size_t opened = m_text.size();
+        write();
+        if (m_text.size() == opened)
+            m_text.resize(before);
+        else
+            out.rawText(0, "ENDSEC");
+    });
+}
+
+void SavePlan::addToTables()
+{
+    for (int i = 0; i < nameKindCount; ++i) {
+        const DxfRange* range = m_database.file().table(tableNames[static_cast<std::size_t>(i)]);
+        if (!range)
+            continue;
+        edit(endOf(*range, "ENDTAB"), Place::before, [&] {
+            for (AcDbStub* record : m_database.names(static_cast<NameKind>(i)).records())
+                if (isNew(*recordOf(record)) && !isErased(*recordOf(record)))
+                    writeObject(*recordOf(record));
+        });
+    }
+}
+
+void SavePlan::addNewTables()
+{
+    atEndOfSection("TABLES", [&] {
+        for (int i = 0; i < nameKindCount; ++i) {
+            const SymbolNames& names = m_database.names(static_cast<NameKind>(i));
+            if (!isNew(*recordOf(names.table)) || names.records().empty())
+                continue;
+            writeObject(*recordOf(names.table));
+            for (AcDbStub* record : names.records())
+                if (!isErased(*recordOf(record)))
+                    writeObject(*recordOf(record));
+            DxfTagWriter(m_database.form(), m_text).rawText(0, "ENDTAB");
+        }
+    });
+}
+
+void SavePlan::addToBlocks()
+{
+    const auto write = [&](const BlockContent& content) {
+        for (std::size_t i = content.fromFile; i < content.entities.size(); ++i)
+            writeWithSubentities(content.entities[i]);
+    };
+    for (AcDbStub* block : m_database.blocks().grown()) {
+        const BlockContent& content = m_database.blocks().of(block);
+        if (isErased(*recordOf(block)))
+            continue;
+        if (content.inEntitiesSection)
+            atEndOfSection("ENTITIES", [&] { write(content); });
+        else if (!content.isNew)
+            edit(endOfBlock(content), Place::before, [&] { write(content); });
+    }
+}
+
+void SavePlan::addNewBlocks()
+{
+    if (m_database.blocks().newBlocks().empty())
+        return;
+    atEndOfSection("BLOCKS", [&] {
+        for (AcDbStub* block : m_database.blocks().newBlocks()) {
+            if (isErased(*recordOf(block)))
+                continue;
+            const BlockContent& content = m_database.blocks().of(block);
+            writeObject(*recordOf(content.begin));
+            if (!content.inEntitiesSection)
+                for (AcDbStub* entity : content.entities)
+                    writeWithSubentities(entity);
+            writeObject(*recordOf(content.end));
+        }
+    });
+}
+
+/// Dictionaries, xrecords and what else is neither an entity nor in a table.
+void SavePlan::addObjects()
+{
+    const auto& records = m_database.newRecords();
+    if (records.size() == 0)
+        return;
+    atEndOfSection("OBJECTS", [&] {
+        for (std::size_t i = 0; i < records.size(); ++i)
+            if (!isErased(records[i]) && standsInObjectsSection(m_database, records[i]))
+                writeObject(records[i]);
+    });
+}
+
+void SavePlan::editHeader()
+{
+    if (!m_usesNewHandles && !m_database.header().changed())
+        return;
+    const DxfRange* header = m_database.file().section("HEADER");
+    if (!header)
+        return;
+    const std::uint64_t seed = m_usesNewHandles ? m_database.nextHandle() : 0;
+    edit(header->first, Place::instead, [&] { m_text += m_database.header().patched(seed); });
+}

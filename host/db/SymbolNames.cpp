@@ -1,0 +1,97 @@
+#include "db/SymbolNames.h"
+
+#include "db/DatabaseImpl.h"
+#include "platform/LetterCase.h"
+
+std::wstring foldedName(std::wstring_view name)
+{
+    return platform::lowerCase(name);
+}
+
+void SymbolNames::append(AcDbStub* record)
+{
+    m_records.push_back(record);
+    if (m_indexed && !isErased(*recordOf(record)))
+        m_index.emplace(foldedName(m_database.recordName(record)), record);
+    m_spellings.clear(); // a spelling without a record may have one now
+    m_lastBytes = {};
+    m_last = nullptr;
+}
+
+void SymbolNames::forgetIndex()
+{
+    m_indexed = false;
+    m_index.clear();
+    m_former.clear();
+    m_spellings.clear();
+    m_lastBytes = {};
+    m_last = nullptr;
+}
+
+void SymbolNames::buildIndex()
+{
+    m_index.reserve(m_records.size());
+    for (AcDbStub* record : m_records) {
+        const std::wstring name = foldedName(m_database.recordName(record));
+        if (!isErased(*recordOf(record)))
+            m_index.emplace(name, record); // the first of a name holds
+        if ((recordOf(record)->flags & RecordFlags::modified) == 0 || m_database.bytes(*recordOf(record)).empty())
+            continue;
+        const std::wstring former = foldedName(m_database.nameInBytes(*recordOf(record)));
+        if (former != name)
+            m_former.emplace(former, record);
+    }
+    m_indexed = true;
+}
+
+bool SymbolNames::hasRenamed()
+{
+    if (!m_indexed)
+        buildIndex();
+    return !m_former.empty();
+}
+
+std::optional<std::wstring> SymbolNames::newName(std::string_view bytes)
+{
+    if (!hasRenamed())
+        return {};
+    const auto former = m_former.find(foldedName(m_database.form().encoding->decode(bytes)));
+    return former == m_former.end() ? std::nullopt : std::optional(m_database.recordName(former->second));
+}
+
+AcDbStub* SymbolNames::findInFile(std::wstring_view name)
+{
+    if (hasRenamed())
+        if (const auto former = m_former.find(foldedName(name)); former != m_former.end())
+            return former->second;
+    return find(name);
+}
+
+AcDbStub* SymbolNames::find(std::wstring_view name, bool withErased)
+{
+    if (!m_indexed)
+        buildIndex();
+    const std::wstring folded = foldedName(name);
+    const auto found = m_index.find(folded);
+    if (found != m_index.end())
+        return found->second;
+    if (withErased)
+        for (AcDbStub* record : m_records)
+            if (isErased(*recordOf(record)) && foldedName(m_database.recordName(record)) == folded)
+                return record;
+    return nullptr;
+}
+
+AcDbStub* SymbolNames::findBytes(std::string_view bytes)
+{
+    if (m_last && bytes == m_lastBytes)
+        return m_last;
+    const auto known = m_spellings.find(bytes);
+    AcDbStub* record =
+        known != m_spellings.end() ? known->second : findInFile(m_database.form().encoding->decode(bytes));
+    if (known == m_spellings.end())
+        m_spellings.emplace(bytes, record);
+    m_lastBytes = bytes;
+    m_last = record;
+    return record;
+}

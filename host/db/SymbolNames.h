@@ -1,0 +1,56 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "db/fields/NameKind.h"
+#include "db/Record.h"
+
+class AcDbDatabaseImpl;
+
+/// The records of one symbol table, found by name. Names count without regard to case, accents included.
+/// Looking a name up by its bytes in the file is the fast way: each spelling is folded once.
+class SymbolNames {
+public:
+    SymbolNames(AcDbDatabaseImpl& database, NameKind kind) : m_database(database), m_kind(kind) {}
+
+    /// The record that is the table itself (a TABLE record).
+    AcDbStub* table = nullptr;
+
+    /// Adds a record at the end of the table.
+    void append(AcDbStub* record);
+    /// In table order, erased ones among them.
+    const std::vector<AcDbStub*>& records() const { return m_records; }
+
+    /// Record of that name, null when there is none. Erased records only when asked for.
+    AcDbStub* find(std::wstring_view name, bool withErased = false);
+    /// The same, by the bytes of a tag of the file: there a renamed record still goes by its former name.
+    AcDbStub* findBytes(std::string_view bytes);
+    /// Whether a record of the file has another name by now.
+    bool hasRenamed();
+    /// The name that a tag of the file is to have from now on; nothing when it is right.
+    std::optional<std::wstring> newName(std::string_view bytes);
+    /// To be called when a record was renamed, erased or brought back.
+    void forgetIndex();
+    NameKind kind() const { return m_kind; }
+
+private:
+    void buildIndex();
+    AcDbStub* findInFile(std::wstring_view name);
+
+    AcDbDatabaseImpl& m_database;
+    NameKind m_kind;
+    std::vector<AcDbStub*> m_records;
+    bool m_indexed = false;
+    std::unordered_map<std::wstring, AcDbStub*> m_index;         // folded names of records that are not erased
+    std::unordered_map<std::wstring, AcDbStub*> m_former;        // of renamed records, by their names in the file
+    std::unordered_map<std::string_view, AcDbStub*> m_spellings; // bytes in the file's map
+    std::string_view m_lastBytes;
+    AcDbStub* m_last = nullptr;
+};
+
+/// Lower case whatever the locale, for comparing names.
+std::wstring foldedName(std::wstring_view name);

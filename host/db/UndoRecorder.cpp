@@ -1,0 +1,160 @@
+#include "db/UndoRecorder.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "db/DatabaseImpl.h"
+#include "db/ObjectExtras.h"
+#include "db/Opening.h"
+#include "dbmain.h"
+
+UndoRecorder::~UndoRecorder() = default;
+
+void UndoRecorder::clear()
+{
+    m_done.clear();
+    m_undone.clear();
+    m_open = false;
+}
+
+void UndoRecorder::startMark()
+{
+    if (m_depth++ == 0)
+        m_open = false; // what follows is a group of its own
+}
+
+void UndoRecorder::endMark()
+{
+    if (m_depth == 0 || --m_depth > 0)
+        return;
+    m_open = false;
+}
+
+UndoRecorder::Group* UndoRecorder::current()
+{
+    if (!m_recording || m_replaying)
+        return nullptr;
+    if (!m_open) {
+        m_done.emplace_back();
+        m_undone.clear();
+        m_open = true;
+        ++m_groupNumber;
+    }
+    return &m_done.back();
+}
+
+void UndoRecorder::beforeChange(AcDbObject& object)
+{
+    Group* group = current();
+    if (!group || object.m_undoGroup == m_groupNumber)
+        return;
+    object.m_undoGroup = m_groupNumber;
+    Step step;
+    step.stub = object.m_stub;
+    step.other.reset(static_cast<AcDbObject*>(object.clone()));
+    if (step.other) {
+        step.other->m_stub = object.m_stub;
+        step.other->m_owner = object.m_owner;
+        step.other->m_extras = object.m_extras ? object.m_extras->copyForUndo() : nullptr;
+    }
+    step.flags = recordOf(object.m_stub)->flags;
+    group->steps.push_back(std::move(step));
+}
+
+void UndoRecorder::created(AcDbStub* stub)
+{
+    Group* group = current();
+    if (!group)
+        return;
+    DxfRecord& record = *recordOf(stub);
+    if (AcDbObject* object = residentObject(record))
+        object->m_undoGroup = m_groupNumber;
+    Step step;
+    step.stub = stub;
+    step.made = true;
+    step.flags = static_cast<std::uint16_t>(record.flags | RecordFlags::erased);
+    group->steps.push_back(std::move(step));
+}
+
+void UndoRecorder::beforeHeaderChange(const std::string& name)
+{
+    Group* group = current();
+    if (!group || !group->variables.insert(name).second)
+        return;
+    Step step;
+    step.variable = name;
+    step.tags = m_database.header().tags(name);
+    group->steps.push_back(std::move(step));
+}
+
+void UndoRecorder::swapSides(Step& step)
+{
+    if (!step.stub) {
+        const std::string now(m_database.header().tags(step.variable));
+        m_database.header().restore(step.variable, step.tags);
+        step.tags = now;
+        return;
+    }
+    DxfRecord& record = *recordOf(step.stub);
+    constexpr std::uint16_t swapped = RecordFlags::erased | RecordFlags::modified;
+    const std::uint16_t now = record.flags;
+    record.flags = static_cast<std::uint16_t>((now & ~swapped) | (step.flags & swapped));
+    step.flags = now;
+    if (step.other)
+        swapObjects(record, step.other);
+    AcDbObject& object = m_database.object(record);
+    const bool erased = isErased(record);
+    if (((now & RecordFlags::erased) != 0) == erased)
+        ObjectOpening::tellUndone(object);
+    else if (step.made)
+        ObjectOpening::tellAppendUndone(object, erased);
+    else
+        ObjectOpening::tellErased(object, erased);
+}
+
+void UndoRecorder::swapObjects(DxfRecord& record, std::unique_ptr<AcDbObject>& other)
+{
+    AcDbObject* const incoming = other.release();
+    other.reset(residentObject(record));
+    record.object = incoming;
+    incoming->m_undoGroup = 0;
+    if (other->m_extras && !other->m_extras->reactors.empty())
+        incoming->extras().reactors = std::move(other->m_extras->reactors);
+}
+
+void UndoRecorder::swapSides(Group& group, bool undoing)
+{
+    m_replaying = true;
+    if (undoing)
+        for (Step& step : std::views::reverse(group.steps))
+            swapSides(step);
+    else
+        for (Step& step : group.steps)
+            swapSides(step);
+    for (int kind = 0; kind < nameKindCount; ++kind)
+        m_database.names(static_cast<NameKind>(kind)).forgetIndex();
+    m_replaying = false;
+}
+
+bool UndoRecorder::undo()
+{
+    m_open = false;
+    if (m_done.empty())
+        return false;
+    Group group = std::move(m_done.back());
+    m_done.pop_back();
+    swapSides(group, true);
+    m_undone.push_back(std::move(group));
+    return true;
+}
+
+bool UndoRecorder::redo()
+{
+    if (m_undone.empty())
+        return false;
+    Group group = std::move(m_undone.back());
+    m_undone.pop_back();
+    swapSides(group, false);
+    m_done.push_back(std::move(group));
+    return true;
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "db/Record.h"
+
+class AcDbDatabaseImpl;
+class AcDbObject;
+
+/// The changes of a drawing, in groups that U and REDO take back and make again.
+/// A group holds, for each object it touched, the object as it stood before (once), or that it was made.
+class UndoRecorder {
+public:
+    explicit UndoRecorder(AcDbDatabaseImpl& database) : m_database(database) {}
+    ~UndoRecorder();
+
+    /// Off until a document asks for it: a database used by a program alone keeps no history.
+    void setRecording(bool recording) { m_recording = recording; }
+    bool isRecording() const { return m_recording; }
+
+    /// Marks nest: the outermost pair makes one group.
+    void startMark();
+    void endMark();
+
+    /// To be called before an object changes. Keeps its state unless the group has it already.
+    void beforeChange(AcDbObject& object);
+    void created(AcDbStub* stub);
+    void beforeHeaderChange(const std::string& name);
+
+    /// Takes the last group back, or makes the last one taken back again; false when there is none.
+    /// No object may be open.
+    bool undo();
+    bool redo();
+    std::size_t undoable() const { return m_done.size(); }
+    std::size_t redoable() const { return m_undone.size(); }
+    void clear();
+
+private:
+    struct Step {
+        AcDbStub* stub = nullptr;          // null for a header variable
+        std::unique_ptr<AcDbObject> other; // the object on the other side of the step; null when it was made
+        bool made = false;                 // the step is the making of the object
+        std::uint16_t flags = 0;           // on the other side
+        std::string variable, tags;        // of a header variable, on the other side
+    };
+    struct Group {
+        std::vector<Step> steps;
+        std::set<std::string> variables; // those with a step
+    };
+
+    Group* current();
+    void swapSides(Group& group, bool undoing);
+    void swapSides(Step& step);
+    /// Puts the other object in the place of the one in use, which keeps no transient reactor.
+    static void swapObjects(DxfRecord& record, std::unique_ptr<AcDbObject>& other);
+
+    AcDbDatabaseImpl& m_database;
+    bool m_recording = false;
+    bool m_replaying = false;
+    int m_depth = 0;
+    bool m_open = false; // whether the last group of m_done still takes steps
+    std::uint32_t m_groupNumber = 0;
+    std::vector<Group> m_done, m_undone;
+};

@@ -1,0 +1,66 @@
+#include "dbdim.h"
+
+#include "db/DatabaseImpl.h"
+#include "db/entities/BlockExtents.h"
+#include "db/entities/EntityText.h"
+#include "db/entities/OcsTransform.h"
+#include "dbents.h"
+
+#include <memory>
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDimension, AcDbEntity)
+ACRX_DXF_DEFINE_MEMBERS(AcDbAlignedDimension, AcDbDimension, DIMENSION)
+ACRX_DXF_DEFINE_MEMBERS(AcDbRotatedDimension, AcDbDimension, DIMENSION)
+ACRX_DXF_DEFINE_MEMBERS(AcDbRadialDimension, AcDbDimension, DIMENSION)
+ACRX_DXF_DEFINE_MEMBERS(AcDbDiametricDimension, AcDbDimension, DIMENSION)
+ACRX_DXF_DEFINE_MEMBERS(AcDb2LineAngularDimension, AcDbDimension, DIMENSION)
+ACRX_DXF_DEFINE_MEMBERS(AcDb3PointAngularDimension, AcDbDimension, DIMENSION)
+ACRX_DXF_DEFINE_MEMBERS(AcDbOrdinateDimension, AcDbDimension, DIMENSION)
+
+AcGePoint3d AcDbDimension::textPosition() const
+{
+    assertReadEnabled();
+    return ocsToWorld(m_textPosition, m_normal);
+}
+
+Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text)
+{
+    assertWriteEnabled();
+    m_text = givenText(text);
+    return Acad::eOk;
+}
+
+/// A dimension stands like a reference of its block, whose entities are in the world's coordinates already.
+Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const
+{
+    assertReadEnabled();
+    AcDbExtents box;
+    if (m_block)
+        BlockExtents().add(AcDbBlockReference(ocsToWorld(m_insertion, m_normal), AcDbObjectId(m_block)),
+                           AcGeMatrix3d::kIdentity, box);
+    if (box.isEmpty())
+        return Acad::eInvalidExtents;
+    extents = box;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::transformBy(const AcGeMatrix3d& matrix)
+{
+    assertWriteEnabled();
+    const OcsTransform moved(m_normal, matrix);
+    if (!moved.isValid())
+        return Acad::eInvalidInput;
+    for (AcGePoint3d* point : {&m_definition, &m_point13, &m_point14, &m_point15, &m_point16})
+        *point = matrix * *point;
+    m_textPosition = moved.point(m_textPosition);
+    m_insertion = moved.point(m_insertion);
+    m_angle = moved.angle(m_angle);
+    m_normal = moved.normal();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::explode(AcDbVoidPtrArray& entities) const
+{
+    assertReadEnabled();
+    return AcDbBlockReference(ocsToWorld(m_insertion, m_normal), AcDbObjectId(m_block)).explode(entities);
+}

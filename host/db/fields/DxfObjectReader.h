@@ -1,0 +1,92 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "db/fields/DxfFields.h"
+#include "dxf/DxfRecord.h"
+
+/// Makes objects of their bytes, by the field tables.
+class DxfObjectReader {
+public:
+    explicit DxfObjectReader(AcDbDatabaseImpl& database);
+
+    /// Class of a record, told by its name and, where several classes share the name, by its markers (`sharedName`).
+    /// The proxy classes for what the kernel does not know.
+    const DxfClass& classOf(const DxfRecord& record, bool& sharedName) const;
+
+    /// Fills a new object of `dxfClass`. False when a tag cannot be read: see `complaint`; the object is then unfit.
+    bool read(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object);
+
+    /// Why the last read failed, in French.
+    std::string complaint() const;
+
+private:
+    bool isInEntitySections(const DxfRecord& record) const;
+    bool hasMarker(const DxfRecord& record, std::string_view marker) const;
+
+    AcDbDatabaseImpl& m_database;
+    DxfReadContext m_context;
+    DxfTag m_refused{};
+};
+
+/// Code of the name of an application: its extended data follow.
+inline constexpr int extendedDataCode = 1001;
+
+/// Of a tag of code 102: whether it opens a group, as "{ACAD_REACTORS", or ends one.
+inline bool opensGroup(const DxfTag& tag)
+{
+    return dxfText(tag).find('{') != std::string_view::npos;
+}
+
+/// Where in a class's subclasses the walk through an object's tags stands.
+class DxfSubclassWalk {
+public:
+    explicit DxfSubclassWalk(const DxfClass& dxfClass) : m_class(dxfClass)
+    {
+        if (!dxfClass.subclasses.empty() && dxfClass.subclasses.front()->marker().empty())
+            m_at = 0;
+        m_inside = m_at >= 0;
+    }
+    /// Goes on to the subclass that a group 100 names; to none when the class does not know it.
+    void enter(std::string_view marker)
+    {
+        const int count = static_cast<int>(m_class.subclasses.size());
+        for (int step = 1; step <= count; ++step) {
+            const int i = (m_at + step + count) % count;
+            if (m_class.subclasses[static_cast<std::size_t>(i)]->marker() == marker) {
+                m_at = i;
+                m_inside = true;
+                return;
+            }
+        }
+        m_inside = false;
+    }
+    /// Whether a tag opens the data below a subclass that has leading rows only; they go on to the end of the object.
+    /// To be asked once a tag: a row takes one, what stands under its code again is data.
+    bool opensData(int code)
+    {
+        const DxfSubclass* below = subclass();
+        if (!below || !below->leadingOnly())
+            return false;
+        const int row = code >= 0 ? below->rowOf(code) : -1;
+        if (row < 0 || (m_leading >> row & 1U) != 0)
+            return true;
+        m_leading |= 1U << row;
+        return false;
+    }
+    /// Position of the subclass, or a negative number.
+    int position() const { return m_inside ? m_at : none; }
+    const DxfSubclass* subclass() const
+    {
+        return m_inside ? m_class.subclasses[static_cast<std::size_t>(m_at)] : nullptr;
+    }
+    void leave() { m_inside = false; }
+
+private:
+    static constexpr int none = -1;
+    const DxfClass& m_class;
+    int m_at = none;        // the subclass entered last: one of the same name is looked for behind it
+    bool m_inside = false;  // whether the walk is still in it
+    unsigned m_leading = 0; // leading rows that took their tag
+};

@@ -1,0 +1,359 @@
+#include "db/fields/DxfObjectWriter.h"
+
+#include "db/DatabaseImpl.h"
+#include "dbxrecrd.h"
+#include "dxf/DxfCursor.h"
+
+namespace {
+
+int handleCodeOf(std::string_view dxfName)
+{
+    return dxfName == "DIMSTYLE" ? 105 : 5;
+}
+
+/// New data of an xrecord, in place of all the tags after the leading ones; null when it has its old data.
+const std::string* replacedData(const AcDbObject& object)
+{
+    const auto* record = AcDbXrecord::cast(&object);
+    return record ? record->replacedBytes() : nullptr;
+}
+
+} // namespace
+
+bool sameField(const DxfField& field, const AcDbObject& a, const AcDbObject& b)
+{
+    for (int part = 0; part < field.parts; ++part)
+        if (!field.same(a, b, part))
+            return false;
+    return true;
+}
+
+DxfObjectWriter::DxfObjectWriter(AcDbDatabaseImpl& database, std::string& out) :
+    m_database(database),
+    m_out(database.form(), out),
+    m_context{m_out, database}
+{
+}
+
+void DxfObjectWriter::write(const AcDbObject& object)
+{
+    const DxfRecord& record = *recordOf(object.objectId());
+    const DxfClass& dxfClass = m_database.classOf(record);
+    const std::string_view bytes = m_database.bytes(record);
+    if (bytes.empty())
+        writeNew(object, dxfClass);
+    else if ((record.flags & DxfRecord::spoiled) != 0)
+        m_out.raw(isNew(record) ? bytes : std::string_view(m_database.file().repairedBytes(record)));
+    else
+        merge(object, dxfClass, bytes);
+}
+
+void DxfObjectWriter::writeRow(const AcDbObject& object, const DxfField& field)
+{
+    const int parts = field.isList() ? 1 : field.parts;
+    for (int part = 0; part < parts; ++part)
+        field.write(m_context, object, field.code + 10 * part, part);
+}
+
+void DxfObjectWriter::writeRows(const AcDbObject& object, const DxfSubclass& subclass, const AcDbObject& fresh)
+{
+    for (const DxfField& field : subclass.fields())
+        if (field.always || !sameField(field, object, fresh))
+            writeRow(object, field);
+}
+
+void DxfObjectWriter::writeAround(const ObjectTags& around)
+{
+    if (around.extensionDictionaryChanged())
+        around.writeExtensionDictionary(m_out);
+    if (around.reactorsChanged())
+        around.writeReactors(m_out);
+}
+
+void DxfObjectWriter::writeOwner(const AcDbObject& object)
+{
+    m_out.handle(330, object.ownerId().handle());
+}
+
+void DxfObjectWriter::writeNew(const AcDbObject& object, const DxfClass& dxfClass)
+{
+    const AcDbObject& fresh = DxfClasses::all().fresh(dxfClass);
+    const ObjectTags around(m_database, object);
+    m_out.rawText(0, dxfClass.dxfName);
+    for (const DxfSubclass* subclass : dxfClass.subclasses)
+        if (subclass->marker().empty())
+            writeRows(object, *subclass, fresh);
+    m_out.handle(handleCodeOf(dxfClass.dxfName), object.objectId().handle());
+    writeAround(around);
+    writeOwner(object);
+    for (const DxfSubclass* subclass : dxfClass.subclasses) {
+        if (subclass->marker().empty())
+            continue;
+        m_out.rawText(100, subclass->marker());
+        writeRows(object, *subclass, fresh);
+    }
+    if (const std::string* data = replacedData(object))
+        m_out.raw(*data);
+    if (around.xdataChanged())
+        around.writeXData(m_out);
+}
+
+// ---- merging --------------------------------------------------------------------------------------------------------
+
+/// One walk through the old tags of an object.
+struct DxfObjectWriter::Merge {
+    Merge(DxfObjectWriter& owner, const AcDbObject& changed, const DxfClass& itsClass, const AcDbObject& old) :
+        writer(owner),
+        object(changed),
+        was(old),
+        dxfClass(itsClass),
+        around(owner.m_database, changed),
+        renamed(owner.m_database.hasRenamed()),
+        walk(itsClass),
+        met(itsClass.subclasses.size()),
+        entered(itsClass.subclasses.size())
+    {
+        for (std::size_t i = 0; i < met.size(); ++i)
+            met[i].resize(itsClass.subclasses[i]->fields().size());
+    }
+
+    void copy(const DxfTag& tag) { copyBytes({tag.start, static_cast<std::size_t>(tag.next - tag.start)}); }
+
+    void copyBytes(std::string_view tags)
+    {
+        if (renamed)
+            writer.m_out.raw(writer.m_database.withNewNames(*recordOf(object.objectId()), tags));
+        else
+            writer.m_out.raw(tags);
+    }
+
+    void run(std::string_view bytes)
+    {
+        DxfCursor cursor(writer.m_database.form(), bytes);
+        DxfTag tag;
+        while (cursor.next(tag)) {
+            if (tag.code == extendedDataCode) {
+                leaveSubclass();
+                extendedData(bytes.substr(static_cast<std::size_t>(tag.start - bytes.data())));
+                return;
+            }
+            take(tag);
+        }
+        leaveSubclass();
+        extendedData({});
+    }
+
+private:
+    void take(const DxfTag& tag)
+    {
+        if (!inData && walk.opensData(tag.code))
+            beginData();
+        if (inData) {
+            if (!dataReplaced)
+                copy(tag);
+            return;
+        }
+        const bool bare = inGroup || tag.code == 102 || tag.code == 100 || tag.code < 0;
+        const DxfSubclass* subclass = walk.subclass();
+        const int row = subclass && !bare ? subclass->rowOf(tag.code) : -1;
+        if (row != point)
+            finishPoint();
+        if (inGroup || tag.code == 102)
+            group(tag);
+        else if (tag.code == 100)
+            marker(tag);
+        else if (markers == 0 && beforeMarkers(tag))
+            return;
+        else if (row >= 0)
+            field(tag, subclass->fields()[static_cast<std::size_t>(row)], row);
+        else
+            copy(tag);
+    }
+
+    void group(const DxfTag& tag)
+    {
+        const bool bound = tag.code == 102;
+        if (bound && opensGroup(tag)) {
+            const std::string_view name = dxfText(tag);
+            dropGroup = (name == "{ACAD_XDICTIONARY" && around.extensionDictionaryChanged()) ||
+                        (name == "{ACAD_REACTORS" && around.reactorsChanged());
+        }
+        if (!dropGroup)
+            copy(tag);
+        if (bound) {
+            inGroup = opensGroup(tag);
+            dropGroup = dropGroup && inGroup;
+        }
+    }
+
+    /// Handle and owner; true when the tag was dealt with.
+    bool beforeMarkers(const DxfTag& tag)
+    {
+        const DxfRecord& record = *recordOf(object.objectId());
+        if (tag.code == 0) {
+            copy(tag);
+            if ((record.flags & DxfRecord::handleRepaired) != 0)
+                writer.m_out.handle(handleCodeOf(dxfClass.dxfName), record.handle);
+            return true;
+        }
+        if (tag.code == handleCodeOf(dxfClass.dxfName) && (record.flags & DxfRecord::handleRepaired) != 0)
+            return true; // written after the group 0
+        if (tag.code == 330 && !aroundWritten) {
+            writeAroundOnce();
+            AcDbStub* const owner = object.ownerId().stub();
+            if (!owner || owner == writer.m_database.ownerInFile(record))
+                copy(tag);
+            else
+                writer.writeOwner(object);
+            return true;
+        }
+        return false;
+    }
+
+    void marker(const DxfTag& tag)
+    {
+        writeAroundOnce();
+        leaveSubclass();
+        copy(tag);
+        ++markers;
+        walk.enter(dxfText(tag));
+        if (walk.position() >= 0)
+            entered[static_cast<std::size_t>(walk.position())] = true;
+    }
+
+    void writeAroundOnce()
+    {
+        if (!aroundWritten)
+            writer.writeAround(around);
+        aroundWritten = true;
+    }
+
+    void field(const DxfTag& tag, const DxfField& row, int position)
+    {
+        unsigned& partsMet = met[static_cast<std::size_t>(walk.position())][static_cast<std::size_t>(position)];
+        const int part = row.isList() ? 0 : (tag.code - row.code) / 10;
+        const bool first = partsMet == 0;
+        partsMet |= 1U << part;
+        if (row.isList())
+            return repeatedGroup(tag, row, first, partsMet);
+        if (row.parts > 1)
+            point = position;
+        if (row.same(object, was, part))
+            copy(tag);
+        else
+            row.write(writer.m_context, object, tag.code, part);
+    }
+
+    /// A list is compared once, at its first tag: it may have any number of them.
+    void repeatedGroup(const DxfTag& tag, const DxfField& row, bool first, unsigned& seen)
+    {
+        constexpr unsigned changed = 2;
+        if (first && !row.same(object, was, 0)) {
+            seen |= changed;
+            row.write(writer.m_context, object, row.code, 0);
+        }
+        if ((seen & changed) == 0)
+            copy(tag);
+    }
+
+    /// A point may lack a coordinate: once changed, it follows those that are there.
+    void finishPoint()
+    {
+        if (point < 0)
+            return;
+        const auto position = static_cast<std::size_t>(point);
+        const DxfField& row = walk.subclass()->fields()[position];
+        unsigned& partsMet = met[static_cast<std::size_t>(walk.position())][position];
+        for (int part = 0; part < row.parts; ++part)
+            if ((partsMet >> part & 1U) == 0 && !row.same(object, was, part)) {
+                partsMet |= 1U << part;
+                row.write(writer.m_context, object, row.code + 10 * part, part);
+            }
+        point = -1;
+    }
+
+    /// Leading rows come first: below them everything is data.
+    void beginData()
+    {
+        inData = true;
+        const std::string* data = replacedData(object);
+        dataReplaced = data != nullptr;
+        std::vector<unsigned>& rows = met[static_cast<std::size_t>(walk.position())];
+        const DxfSubclass& subclass = *walk.subclass();
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            if (rows[row] == 0 && (dataReplaced || !sameField(subclass.fields()[row], object, was))) {
+                rows[row] = 1;
+                writer.writeRow(object, subclass.fields()[row]);
+            }
+        if (dataReplaced)
+            writer.m_out.raw(*data);
+    }
+
+    /// Fields that changed but had no tag yet go to the end of their subclass.
+    void leaveSubclass()
+    {
+        const DxfSubclass* subclass = walk.subclass();
+        if (!subclass)
+            return;
+        finishPoint();
+        const auto position = static_cast<std::size_t>(walk.position());
+        entered[position] = true;
+        if (subclass->leadingOnly() && !inData)
+            beginData();
+        writeMissing(*subclass, met[position]);
+        walk.leave();
+    }
+
+    void writeMissing(const DxfSubclass& subclass, std::vector<unsigned>& rows)
+    {
+        for (std::size_t row = 0; row < rows.size(); ++row)
+            if (rows[row] == 0 && !sameField(subclass.fields()[row], object, was)) {
+                rows[row] = 1;
+                writer.writeRow(object, subclass.fields()[row]);
+            }
+    }
+
+    void extendedData(std::string_view old)
+    {
+        writeAroundOnce();
+        for (std::size_t i = 0; i < entered.size(); ++i) {
+            const DxfSubclass& subclass = *dxfClass.subclasses[i];
+            bool changed = false;
+            for (std::size_t row = 0; row < met[i].size(); ++row)
+                changed = changed || (met[i][row] == 0 && !sameField(subclass.fields()[row], object, was));
+            if (entered[i] || !changed || subclass.marker().empty())
+                continue;
+            writer.m_out.rawText(100, subclass.marker());
+            writeMissing(subclass, met[i]);
+        }
+        if (around.xdataChanged())
+            around.writeXData(writer.m_out);
+        else
+            copyBytes(old);
+    }
+
+    DxfObjectWriter& writer;
+    const AcDbObject& object;
+    const AcDbObject& was;
+    const DxfClass& dxfClass;
+    ObjectTags around;
+    const bool renamed; // definitions that tags may name
+    DxfSubclassWalk walk;
+    std::vector<std::vector<unsigned>> met; // by subclass, by row: a bit for each part that has a tag
+    std::vector<bool> entered;
+    int point = -1; // row of a point that the last tag belongs to
+    int markers = 0;
+    bool inGroup = false;
+    bool dropGroup = false;
+    bool aroundWritten = false;
+    bool inData = false; // of an xrecord
+    bool dataReplaced = false;
+};
+
+void DxfObjectWriter::merge(const AcDbObject& object, const DxfClass& dxfClass, std::string_view bytes)
+{
+    const std::unique_ptr<AcDbObject> was(dxfClass.create());
+    DxfObjectReader(m_database).read(bytes, dxfClass, *was);
+    Merge merge(*this, object, dxfClass, *was);
+    merge.run(bytes);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "db/fields/DxfFields.h"
+#include "db/fields/DxfObjectReader.h"
+#include "db/ObjectTags.h"
+
+/// Writes objects as tags: new ones from their fields, changed ones by putting their changed fields in the places where
+/// they stood, among the tags that the class does not model.
+class DxfObjectWriter {
+public:
+    DxfObjectWriter(AcDbDatabaseImpl& database, std::string& out);
+
+    /// Appends the record of an object that is in the database.
+    void write(const AcDbObject& object);
+
+private:
+    struct Merge;
+    void writeNew(const AcDbObject& object, const DxfClass& dxfClass);
+    void merge(const AcDbObject& object, const DxfClass& dxfClass, std::string_view bytes);
+    void writeRows(const AcDbObject& object, const DxfSubclass& subclass, const AcDbObject& fresh);
+    void writeRow(const AcDbObject& object, const DxfField& field);
+    void writeAround(const ObjectTags& around);
+    void writeOwner(const AcDbObject& object);
+
+    AcDbDatabaseImpl& m_database;
+    DxfTagWriter m_out;
+    DxfWriteContext m_context;
+};
+
+/// Whether all parts of a field are the same in two objects.
+bool sameField(const DxfField& field, const AcDbObject& a, const AcDbObject& b);

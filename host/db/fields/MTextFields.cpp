@@ -1,0 +1,74 @@
+#include "db/fields/EntityFields.h"
+
+#include "dbmtext.h"
+#include "dxf/DxfEncoding.h"
+
+namespace {
+
+constexpr int lastChunkCode = 1, chunkCode = 3;
+constexpr std::size_t chunkLength = 250; // characters
+
+/// How much of the end of a text may belong to a character that the next chunk goes on with: bytes that stand for
+/// nothing by themselves, or the beginning of "\U+XXXX".
+std::size_t unfinished(const std::wstring& text)
+{
+    std::size_t count = 0;
+    while (count < text.size() && count < 3 && text[text.size() - 1 - count] >= 0xDC80 &&
+           text[text.size() - 1 - count] <= 0xDCFF)
+        ++count;
+    constexpr std::size_t escapeLength = 7;
+    for (std::size_t back = 1; count == 0 && back < escapeLength && back <= text.size(); ++back)
+        if (text[text.size() - back] == L'\\')
+            count = back;
+    return count;
+}
+
+/// Chunks may be cut anywhere, inside a letter too: what the last one left open is read again with the next.
+void appendChunk(const DxfReadContext& context, const DxfTag& tag, std::wstring& contents)
+{
+    const std::size_t open = unfinished(contents);
+    std::string bytes = context.form.encoding->encode(std::wstring_view(contents).substr(contents.size() - open));
+    bytes += dxfText(tag);
+    contents.resize(contents.size() - open);
+    context.form.encoding->decode(bytes, contents);
+}
+
+DxfField contentsRow(const DxfField::Read read, const DxfField::Write write, const DxfField::Same same)
+{
+    return listField({lastChunkCode, chunkCode}, read, write, same, DxfWhen::always);
+}
+
+void writeChunks(DxfTagWriter& out, std::wstring_view contents)
+{
+    for (; contents.size() > chunkLength; contents.remove_prefix(chunkLength))
+        out.text(chunkCode, contents.substr(0, chunkLength));
+    out.text(lastChunkCode, contents);
+}
+
+} // namespace
+
+void DxfFieldsOfMText::add(DxfClasses& classes)
+{
+    const DxfField contents = contentsRow(
+        [](const DxfReadContext& context, AcDbObject& object, const DxfTag& tag, int) {
+            appendChunk(context, tag, static_cast<AcDbMText&>(object).m_contents);
+            return true;
+        },
+        [](DxfWriteContext& context, const AcDbObject& object, int, int) {
+            writeChunks(context.out, static_cast<const AcDbMText&>(object).m_contents);
+        },
+        [](const AcDbObject& a, const AcDbObject& b, int) {
+            return static_cast<const AcDbMText&>(a).m_contents == static_cast<const AcDbMText&>(b).m_contents;
+        });
+    static const DxfSubclass text("AcDbMText",
+                                  {pointField<&AcDbMText::m_location>(10, DxfWhen::always),
+                                   realField<&AcDbMText::m_height>(40, DxfWhen::always),
+                                   realField<&AcDbMText::m_width>(41, DxfWhen::always),
+                                   integerField<&AcDbMText::m_attachment>(71, DxfWhen::always),
+                                   integerField<&AcDbMText::m_flow>(72, DxfWhen::always), contents,
+                                   nameField<&AcDbMText::m_style, NameKind::textStyle>(7),
+                                   pointField<&AcDbMText::m_normal>(210), pointField<&AcDbMText::m_direction>(11),
+                                   realField<&AcDbMText::m_actualWidth>(42), realField<&AcDbMText::m_actualHeight>(43),
+                                   degreesField<&AcDbMText::m_rotation>(50), realField<&AcDbMText::m_lineSpacing>(44)});
+    addEntityClass<AcDbMText>(classes, "MTEXT", {&text});
+}

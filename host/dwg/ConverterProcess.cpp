@@ -1,0 +1,167 @@
+#include "dwg/ConverterProcess.h"
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <optional>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t longestMessage = 64 * 1024;
+constexpr int pauseMilliseconds = 10; // between two looks at a process that says nothing
+
+[[noreturn]] void fail(int error, const char* what)
+{
+    throw std::system_error(error, std::generic_category(), what);
+}
+
+/// The two ends of a pipe; what we read never blocks.
+class Pipe {
+public:
+    Pipe()
+    {
+        if (pipe2(m_ends.data(), O_CLOEXEC) != 0)
+            fail(errno, "pipe");
+        fcntl(readEnd(), F_SETFL, O_NONBLOCK);
+    }
+    ~Pipe()
+    {
+        close(m_ends[0]);
+        closeWriteEnd();
+    }
+    Pipe(const Pipe&) = delete;
+    Pipe& operator=(const Pipe&) = delete;
+
+    int readEnd() const { return m_ends[0]; }
+    int writeEnd() const { return m_ends[1]; }
+    void closeWriteEnd()
+    {
+        if (m_ends[1] >= 0)
+            close(std::exchange(m_ends[1], -1));
+    }
+
+private:
+    std::array<int, 2> m_ends{-1, -1};
+};
+
+/// A process of ours; one that is still running when this goes out of scope is killed.
+class Process {
+public:
+    /// Nothing when there is no such program.
+    static std::optional<pid_t> start(const std::vector<std::string>& arguments, int standardError);
+
+    explicit Process(pid_t id) : m_id(id) {}
+    ~Process()
+    {
+        if (!m_ended)
+            end();
+    }
+    Process(const Process&) = delete;
+    Process& operator=(const Process&) = delete;
+
+    void end()
+    {
+        kill(m_id, SIGKILL);
+        look(0);
+    }
+    bool hasEnded()
+    {
+        if (!m_ended)
+            look(WNOHANG);
+        return m_ended;
+    }
+    int waitStatus() const { return m_waitStatus; }
+
+private:
+    void look(int options)
+    {
+        pid_t seen = 0;
+        do
+            seen = waitpid(m_id, &m_waitStatus, options);
+        while (seen < 0 && errno == EINTR);
+        m_ended = seen != 0;
+    }
+
+    pid_t m_id;
+    bool m_ended = false;
+    int m_waitStatus = 0;
+};
+
+std::optional<pid_t> Process::start(const std::vector<std::string>& arguments, int standardError)
+{
+    std::vector<char*> argv;
+    for (const std::string& argument : arguments)
+        argv.push_back(const_cast<char*>(argument.c_str()));
+    argv.push_back(nullptr);
+
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_adddup2(&files, standardError, STDERR_FILENO);
+    pid_t id = 0;
+    const int error = posix_spawnp(&id, argv[0], &files, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&files);
+    if (error == ENOENT || error == EACCES || error == ENOTDIR)
+        return std::nullopt;
+    if (error != 0)
+        fail(error, argv[0]);
+    return id;
+}
+
+void limitMemory(pid_t id, std::uint64_t bytes)
+{
+    // What it writes to, not its address space: WebAssembly reserves many GB that it never touches.
+    const rlimit limit{bytes, bytes};
+    if (prlimit(id, RLIMIT_DATA, &limit, nullptr) != 0 && errno != ESRCH)
+        fail(errno, "prlimit");
+}
+
+/// Takes what is there; what comes after `longestMessage` is thrown away, so that the process never waits for us.
+void drain(int descriptor, std::string& message)
+{
+    std::array<char, 4096> buffer;
+    for (ssize_t count = 0; (count = read(descriptor, buffer.data(), buffer.size())) > 0;)
+        message.append(buffer.data(), std::min(static_cast<std::size_t>(count), longestMessage - message.size()));
+}
+
+} // namespace
+
+ProcessEnd runProcess(const std::vector<std::string>& arguments, std::chrono::milliseconds timeLimit,
+                      std::uint64_t memoryLimit)
+{
+    const auto deadline = std::chrono::steady_clock::now() + timeLimit;
+    Pipe errors;
+    const std::optional<pid_t> id = Process::start(arguments, errors.writeEnd());
+    if (!id)
+        return {ProcessEnd::How::notFound, 0, ""};
+    Process process(*id);
+    errors.closeWriteEnd();
+    limitMemory(*id, memoryLimit);
+
+    ProcessEnd end;
+    while (!process.hasEnded()) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            process.end();
+            end.how = ProcessEnd::How::timedOut;
+            return end;
+        }
+        // A closed pipe is always ready: the pause is then slept, not polled.
+        pollfd watched{errors.readEnd(), POLLIN, 0};
+        if (poll(&watched, 1, pauseMilliseconds) > 0 && (watched.revents & POLLIN) == 0)
+            poll(nullptr, 0, pauseMilliseconds);
+        drain(errors.readEnd(), end.message);
+    }
+    drain(errors.readEnd(), end.message);
+    const int status = process.waitStatus();
+    end.how = WIFEXITED(status) ? ProcessEnd::How::exited : ProcessEnd::How::killedBySignal;
+    end.status = WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status);
+    return end;
+}

@@ -1,0 +1,419 @@
+#include "dxf/DxfFile.h"
+
+#include "dxf/DxfCursor.h"
+#include "dxf/DxfEncoding.h"
+#include "dxf/DxfIndexer.h"
+#include "dxf/DxfTagWriter.h"
+#include "dxf/DxfTexts.h"
+#include "dxf/DxfUpgrade.h"
+#include "dxf/DxfValue.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <fcntl.h>
+#include <limits>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int r2000 = 1015;
+constexpr int r2007 = 1021; // the first to write UTF-8
+constexpr int r12 = 1009;
+
+constexpr std::size_t headForLineEnds = 4096; // bytes in which one LF tells that a lone CR ends no line
+
+const char* openFailure(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return dxf_texts::fileNotFound;
+    case EACCES:
+    case EPERM:
+        return dxf_texts::accessDenied;
+    default:
+        return dxf_texts::cannotRead;
+    }
+}
+
+std::string lineEndsOf(std::string_view bytes)
+{
+    const std::string_view head = bytes.substr(0, headForLineEnds);
+    const auto feed = head.find('\n');
+    if (feed == head.npos)
+        return head.find('\r') != head.npos ? "\r" : "\n";
+    return feed > 0 && head[feed - 1] == '\r' ? "\r\n" : "\n";
+}
+
+/// How far the first group code is aligned to the right.
+int codeWidthOf(std::string_view bytes)
+{
+    constexpr int widest = 8;
+    const auto first = bytes.find_first_of("0123456789");
+    if (first == bytes.npos)
+        return 0;
+    const auto lineStart = bytes.find_last_of("\r\n\xBF", first);
+    const auto start = lineStart == bytes.npos ? 0 : lineStart + 1;
+    const auto end = std::min(bytes.find_first_not_of("0123456789", first), bytes.size());
+    return static_cast<int>(std::min<std::size_t>(end - start, widest));
+}
+
+int versionOf(std::string_view name)
+{
+    int version = r12; // a file without $ACADVER is as old as that
+    const auto digits = name.find_first_of("0123456789");
+    if (digits != name.npos)
+        std::from_chars(name.data() + digits, name.data() + name.size(), version);
+    return version;
+}
+
+bool holdsObjects(std::string_view section)
+{
+    return section == "TABLES" || section == "BLOCKS" || section == "ENTITIES" || section == "OBJECTS";
+}
+
+} // namespace
+
+DxfFile::DxfFile(const std::string& path, DxfUpgrade upgrade) : m_path(path), m_onDisk(true)
+{
+    try {
+        map();
+        load(upgrade);
+    } catch (...) {
+        unmap();
+        throw;
+    }
+}
+
+DxfFile::DxfFile(std::string bytes, const std::string& name, DxfUpgrade upgrade) :
+    m_path(name),
+    m_memory(std::move(bytes)),
+    m_bytes(m_memory)
+{
+    load(upgrade);
+}
+
+DxfFile::~DxfFile()
+{
+    unmap();
+}
+
+void DxfFile::map()
+{
+    const int descriptor = ::open(m_path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        throw DxfError(m_path, 0, openFailure(errno));
+    struct stat info {};
+    if (::fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) {
+        ::close(descriptor);
+        throw DxfError(m_path, 0, dxf_texts::notAFile);
+    }
+    m_diskState = {static_cast<std::uint64_t>(info.st_size), info.st_mtim};
+    m_mapSize = static_cast<std::size_t>(info.st_size);
+    if (m_mapSize > 0) {
+        void* const address = ::mmap(nullptr, m_mapSize, PROT_READ, MAP_PRIVATE, descriptor, 0);
+        if (address == MAP_FAILED) {
+            ::close(descriptor);
+            throw DxfError(m_path, 0, dxf_texts::cannotRead);
+        }
+        m_map = address;
+        m_bytes = {static_cast<const char*>(m_map), m_mapSize};
+    }
+    ::close(descriptor);
+}
+
+void DxfFile::unmap()
+{
+    if (m_map)
+        ::munmap(m_map, m_mapSize);
+    m_map = nullptr;
+}
+
+void DxfFile::load(DxfUpgrade upgrade)
+{
+    index();
+    m_versionOnDisk = m_form.version;
+    if (m_form.version >= r2000 || upgrade == DxfUpgrade::none) {
+        enterHandles(m_form.version >= r2000);
+        return;
+    }
+    enterHandles(false);
+    m_memory = upgradeToR2000(*this);
+    unmap();
+    m_bytes = m_memory;
+    std::vector<DxfProblem> found = std::move(m_problems); // lines of the file the user has
+    index();
+    enterHandles(true);
+    m_problems = std::move(found);
+}
+
+void DxfFile::index()
+{
+    if (m_bytes.empty())
+        throw DxfError(m_path, 0, dxf_texts::emptyFile);
+    m_form = DxfForm{};
+    m_form.encoding = &DxfEncoding::forCodePage("ANSI_1252");
+    m_form.binary = m_bytes.starts_with(dxfBinaryMark);
+    if (m_form.binary) {
+        // A file opens with group 0, or 999 (a comment): in one byte the 0 has its name's first letter after it.
+        const std::string_view first = m_bytes.substr(dxfBinaryMark.size(), 2);
+        m_form.oneByteCodes = first.size() == 2 && (first[0] == '\xFF' || (first[0] == 0 && first[1] != 0));
+    } else {
+        m_form.eol = lineEndsOf(m_bytes);
+        m_form.codeWidth = codeWidthOf(m_bytes.substr(0, headForLineEnds));
+    }
+    m_problems.clear();
+    m_lastNoted = {};
+    m_typeNames.assign(std::begin(DxfIndexer::typeNames), std::end(DxfIndexer::typeNames));
+    m_typeIds.clear();
+    for (std::uint16_t type = 0; type < m_typeNames.size(); ++type)
+        m_typeIds.emplace(m_typeNames[type], type);
+    DxfIndexer(*this).run();
+    findRanges();
+    readHeader();
+}
+
+void DxfFile::readHeader()
+{
+    m_form.version = versionOf(headerValue("$ACADVER", 1));
+    m_headerSeed = 0;
+    const std::string_view seed = headerValue("$HANDSEED", 5);
+    dxfHandle({5, seed.data(), seed.data() + seed.size(), nullptr, nullptr}, m_headerSeed);
+    if (m_form.version >= r2007) {
+        m_form.encoding = &DxfEncoding::utf8();
+        return;
+    }
+    const std::string_view page = headerValue("$DWGCODEPAGE", 3);
+    bool known = true;
+    if (!page.empty())
+        m_form.encoding = &DxfEncoding::forCodePage(page, &known);
+    if (!known)
+        note(static_cast<std::uint64_t>(page.data() - m_bytes.data()), 3, dxf_texts::unknownCodePage(page));
+}
+
+std::string_view DxfFile::headerValue(std::string_view variable, int groupCode) const
+{
+    const DxfRange* header = section("HEADER");
+    if (!header)
+        return {};
+    DxfCursor cursor(m_form, bytes(m_records[header->first]));
+    DxfTag tag;
+    bool found = false;
+    while (cursor.next(tag)) {
+        if (tag.code == 9)
+            found = dxfText(tag) == variable;
+        else if (found && tag.code == groupCode)
+            return dxfText(tag);
+    }
+    return {};
+}
+
+void DxfFile::closeSection(std::uint32_t last)
+{
+    m_sections.back().last = last;
+    const auto start = m_sections.size() > 1 ? m_sections[m_sections.size() - 2].last + 1 : 0;
+    for (std::uint32_t i = start; i < m_sections.back().first; ++i) {
+        if (!(m_records[i].flags & DxfRecord::pseudo))
+            return note(m_records[i].offset, 0, dxf_texts::strayRecords);
+    }
+}
+
+void DxfFile::findRanges()
+{
+    m_sections.clear();
+    bool open = false;
+    bool ended = false;
+    for (const std::uint32_t at : m_structure) {
+        const std::uint16_t type = m_records[at].type;
+        if (open && (type == DxfIndexer::section || type == DxfIndexer::eof)) {
+            note(m_records[at].offset, 0, dxf_texts::sectionNotClosed(m_sections.back().name));
+            closeSection(at - 1);
+            open = false;
+        }
+        if (type == DxfIndexer::section) {
+            DxfCursor cursor(m_form, bytes(m_records[at]));
+            DxfTag tag{};
+            while (cursor.next(tag) && tag.code != 2) {
+            }
+            m_sections.push_back({tag.code == 2 ? std::string(dxfText(tag)) : std::string(), at, at});
+            open = true;
+        } else if (type == DxfIndexer::endsec && open) {
+            closeSection(at);
+            open = false;
+        } else if (type == DxfIndexer::endsec) {
+            note(m_records[at].offset, 0, dxf_texts::strayEndsec);
+        }
+        ended |= type == DxfIndexer::eof;
+    }
+    if (m_sections.empty() && m_problems.empty())
+        refuse(0, dxf_texts::noSection);
+    if (m_sections.empty())
+        throw DxfError(m_path, m_problems.front().line, m_problems.front().what);
+    if (open)
+        refuse(m_bytes.size(), dxf_texts::sectionCut(m_sections.back().name));
+    if (!ended)
+        note(m_bytes.size(), dxfBadCode, dxf_texts::missingEof);
+    m_tables.clear();
+    for (const DxfRange& range : m_sections) {
+        if (range.name == "TABLES")
+            findTables(range);
+    }
+}
+
+void DxfFile::findTables(const DxfRange& section)
+{
+    bool open = false;
+    for (std::uint32_t at = section.first + 1; at <= section.last; ++at) {
+        const std::uint16_t type = m_records[at].type;
+        if (type == DxfIndexer::table) {
+            DxfCursor cursor(m_form, bytes(m_records[at]));
+            DxfTag tag{};
+            while (cursor.next(tag) && tag.code != 2) {
+            }
+            m_tables.push_back({tag.code == 2 ? std::string(dxfText(tag)) : std::string(), at, at});
+            open = true;
+        } else if (type == DxfIndexer::endsec) {
+            open = false;
+        } else if (open) {
+            m_tables.back().last = at;
+            open = type != DxfIndexer::endtab;
+        }
+    }
+}
+
+// Entered first as the file gives them; then what has none, or one already taken, gets one above all others.
+void DxfFile::enterHandles(bool repair)
+{
+    m_handles.clear();
+    m_handles.reserve(m_records.size());
+    std::vector<std::uint32_t> without;
+    std::size_t twice = 0;
+    for (const DxfRange& range : m_sections) {
+        const bool objects = holdsObjects(range.name);
+        for (std::uint32_t at = range.first + 1; at <= range.last; ++at) {
+            DxfRecord& record = m_records[at];
+            if (record.type != DxfIndexer::table && record.type <= DxfIndexer::classRecord)
+                continue;
+            if (record.handle != 0 && m_handles.insert(at))
+                continue;
+            twice += record.handle != 0;
+            if (objects)
+                without.push_back(at);
+            record.handle = 0;
+        }
+    }
+    if (!repair || without.empty())
+        return;
+    for (const std::uint32_t at : without) {
+        m_records[at].handle = freeHandle();
+        m_records[at].flags |= DxfRecord::handleRepaired;
+        m_handles.insert(at);
+    }
+    note(m_records[without.front()].offset, 0, dxf_texts::handlesRepaired(without.size() - twice, twice));
+}
+
+std::uint64_t DxfFile::freeHandle() const
+{
+    const std::uint64_t above = m_handles.freeHandle();
+    return above < m_headerSeed && m_handles.find(m_headerSeed) == HandleTable::none ? m_headerSeed : above;
+}
+
+std::uint16_t DxfFile::typeId(std::string_view name)
+{
+    const auto [entry, fresh] =
+        m_typeIds.try_emplace(std::string(name), static_cast<std::uint16_t>(m_typeNames.size()));
+    if (!fresh)
+        return entry->second;
+    if (m_typeNames.size() >= std::numeric_limits<std::uint16_t>::max()) {
+        m_typeIds.erase(entry);
+        throw DxfError(m_path, 0, dxf_texts::tooManyTypes);
+    }
+    m_typeNames.emplace_back(name);
+    return entry->second;
+}
+
+const DxfRange* DxfFile::section(std::string_view name) const
+{
+    const auto found =
+        std::find_if(m_sections.begin(), m_sections.end(), [&](const auto& s) { return s.name == name; });
+    return found == m_sections.end() ? nullptr : &*found;
+}
+
+const DxfRange* DxfFile::table(std::string_view name) const
+{
+    const auto found = std::find_if(m_tables.begin(), m_tables.end(), [&](const auto& t) { return t.name == name; });
+    return found == m_tables.end() ? nullptr : &*found;
+}
+
+std::string DxfFile::repairedBytes(const DxfRecord& record) const
+{
+    const std::string_view old = bytes(record);
+    if ((record.flags & DxfRecord::ownFlags) != DxfRecord::handleRepaired)
+        return std::string(old);
+    const int handleCode = record.type == DxfIndexer::dimstyle ? 105 : 5;
+    std::string fresh;
+    DxfTagWriter writer(m_form, fresh);
+    DxfCursor cursor(m_form, old);
+    DxfTag tag;
+    if (!cursor.next(tag))
+        return std::string(old);
+    writer.raw({tag.start, tag.next});
+    const char* after = tag.next;
+    writer.handle(handleCode, record.handle);
+    while (cursor.next(tag) && tag.code != 100) {
+        if (tag.code != handleCode)
+            continue;
+        writer.raw({after, tag.start});
+        after = tag.next;
+        break;
+    }
+    writer.raw({after, old.data() + old.size()});
+    return fresh;
+}
+
+bool DxfFile::changedOnDisk() const
+{
+    if (!m_onDisk)
+        return false;
+    struct stat info {};
+    if (::stat(m_path.c_str(), &info) != 0)
+        return true;
+    return !(m_diskState == DiskState{static_cast<std::uint64_t>(info.st_size), info.st_mtim});
+}
+
+void DxfFile::acceptDiskState()
+{
+    struct stat info {};
+    if (m_onDisk && ::stat(m_path.c_str(), &info) == 0)
+        m_diskState = {static_cast<std::uint64_t>(info.st_size), info.st_mtim};
+}
+
+int DxfFile::lineOf(std::uint64_t offset) const
+{
+    if (m_form.binary)
+        return 0;
+    const std::string_view before = m_bytes.substr(0, offset);
+    return 1 + static_cast<int>(std::count(before.begin(), before.end(), m_form.lineEnd()));
+}
+
+void DxfFile::note(std::uint64_t offset, int groupCode, const std::string& what)
+{
+    if (m_form.binary) {
+        m_problems.push_back({0, groupCode, what + dxf_texts::atByte(offset)});
+        return;
+    }
+    if (offset < m_lastNoted.offset)
+        m_lastNoted = {};
+    const std::string_view since = m_bytes.substr(m_lastNoted.offset, offset - m_lastNoted.offset);
+    m_lastNoted.line += static_cast<int>(std::count(since.begin(), since.end(), m_form.lineEnd()));
+    m_lastNoted.offset = offset;
+    m_problems.push_back({m_lastNoted.line, groupCode, what});
+}
+
+void DxfFile::refuse(std::uint64_t offset, const std::string& reason) const
+{
+    throw DxfError(m_path, lineOf(offset), m_form.binary ? reason + dxf_texts::atByte(offset) : reason);
+}

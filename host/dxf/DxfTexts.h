@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// What the user reads about a drawing file, in French and UTF-8.
+namespace dxf_texts {
+
+inline constexpr char fileNotFound[] = "fichier introuvable";
+inline constexpr char accessDenied[] = "accès refusé";
+inline constexpr char notAFile[] = "ce n'est pas un fichier";
+inline constexpr char cannotRead[] = "lecture impossible";
+inline constexpr char emptyFile[] = "fichier vide";
+inline constexpr char noSection[] = "aucune section, ce n'est pas un dessin DXF";
+inline constexpr char tooManyTypes[] = "trop de noms d'objets différents";
+inline constexpr char recordTooLong[] = "enregistrement de plus de 4 Go";
+inline constexpr char tooManyRecords[] = "trop d'enregistrements";
+inline constexpr char tooSpoiled[] = "trop de lignes illisibles";
+inline constexpr char missingEof[] = "la marque de fin « EOF » manque";
+inline constexpr char strayRecords[] = "enregistrements hors de toute section";
+inline constexpr char strayEndsec[] = "« ENDSEC » sans section ouverte";
+inline constexpr char tagCut[] = "donnée illisible ou coupée";
+
+inline std::string sectionCut(std::string_view name)
+{
+    return "fichier tronqué, la section « " + std::string(name) + " » n'est pas terminée";
+}
+
+inline std::string sectionNotClosed(std::string_view name)
+{
+    return "la section « " + std::string(name) + " » n'est pas terminée";
+}
+
+inline std::string badGroupCode(std::string_view line)
+{
+    return "code de groupe illisible « " + std::string(line) + " »";
+}
+
+inline std::string badRecordName(std::string_view line)
+{
+    return "nom d'objet illisible « " + std::string(line) + " »";
+}
+
+inline std::string unknownCodePage(std::string_view name)
+{
+    return "page de codes inconnue « " + std::string(name) + " », Windows-1252 supposée";
+}
+
+inline std::string handlesRepaired(std::size_t missing, std::size_t twice)
+{
+    return "identifiants d'objets refaits : " + std::to_string(missing) + " absents ou illisibles, " +
+           std::to_string(twice) + " en double";
+}
+
+inline std::string atByte(std::uint64_t offset)
+{
+    return " (octet " + std::to_string(offset) + ")";
+}
+
+} // namespace dxf_texts

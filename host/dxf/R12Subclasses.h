@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+/// Which subclass markers (group 100) the records of an R12 drawing take in R2000, and which tags go below each.
+
+/// One marker of an entity. A tag whose code is listed goes below it; those listed nowhere go below the one that
+/// `takesRest`, in their old order.
+struct R12Subclass {
+    const char* marker;
+    bool takesRest;
+    std::vector<int> codes;
+};
+
+/// Markers below AcDbEntity, in their order; none for an entity that R12 does not document.
+/// `flags` is its group 70; `polylineFlags` that of the POLYLINE a VERTEX belongs to.
+const std::vector<R12Subclass>& r12Subclasses(std::string_view entity, std::int64_t flags, std::int64_t polylineFlags);
+
+/// Whether a tag of an entity goes below AcDbEntity: layer, linetype, colour, space, visibility, linetype scale.
+bool isCommonEntityCode(int code);
+
+/// Marker below AcDbSymbolTableRecord for an entry of a symbol table, or "" for a table of another name.
+std::string_view symbolMarker(std::string_view table);

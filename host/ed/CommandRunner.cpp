@@ -1,0 +1,139 @@
+#include "ed/CommandRunner.h"
+
+#include "ed/CommandFrame.h"
+#include "lisp/LispCall.h"
+#include "lisp/LispFunctionTable.h"
+#include "lisp/LispHooks.h"
+#include "platform/LetterCase.h"
+#include "rx/Console.h"
+#include "rx/ExceptionText.h"
+#include "rx/ResbufPool.h"
+
+namespace {
+
+void print(const std::wstring& message)
+{
+    Console::instance().print(L"\n" + message);
+}
+
+std::wstring upperCase(std::wstring text)
+{
+    for (wchar_t& c : text)
+        c = platform::upperCase(c);
+    return text;
+}
+
+/// A typed name without its prefixes.
+struct TypedName {
+    std::wstring name;
+    bool global = false;
+    bool stackOnly = false;
+
+    explicit TypedName(const std::wstring& typed)
+    {
+        std::size_t start = 0;
+        for (; start < typed.size(); ++start) {
+            if (typed[start] == L'_')
+                global = true;
+            else if (typed[start] == L'.')
+                stackOnly = true;
+            else if (typed[start] != L'\'')
+                break;
+        }
+        name = typed.substr(start);
+    }
+};
+
+} // namespace
+
+CommandRunner& CommandRunner::instance()
+{
+    static CommandRunner runner;
+    return runner;
+}
+
+std::wstring CommandRunner::runningNames() const
+{
+    std::wstring names;
+    for (const std::wstring& name : m_running)
+        names += (names.empty() ? L"" : L"'") + name;
+    return names;
+}
+
+std::optional<CommandRunner::Called> CommandRunner::find(const std::wstring& typedName)
+{
+    const TypedName typed(typedName);
+    if (const Command* command = CommandStack::instance().lookupCmd(typed.name.c_str(), typed.global, !typed.global))
+        return Called{command->globalName(), command->commandFlags(), command->module(),
+                      [function = command->functionAddr()] {
+                          function();
+                          return std::wstring();
+                      }};
+    AcApDocument* document = curDoc();
+    if (typed.stackOnly || typed.name.empty() || !document)
+        return std::nullopt;
+    if (const auto& findCommand = LispHooks::instance().findCommand)
+        if (auto body = findCommand(typed.name))
+            return Called{upperCase(typed.name), ACRX_CMD_DEFUN, nullptr, std::move(body)};
+    const LispFunction* function = LispFunctionTable::of(*document).find(L"C:" + typed.name);
+    if (!function)
+        return std::nullopt;
+    return Called{function->name.substr(2), ACRX_CMD_DEFUN, function->module,
+                  [called = *function] { return callLispFunction(called, nullptr).failure; }};
+}
+
+std::optional<std::wstring> CommandRunner::refusal(const Called& called) const
+{
+    if (isRunning() && (called.flags & ACRX_CMD_TRANSPARENT) == 0)
+        return L"La commande « " + called.name + L" » ne peut être appelée pendant « " + runningNames() + L" ».";
+    if ((called.flags & ACRX_CMD_SESSION) == 0 && !curDoc())
+        return L"La commande « " + called.name + L" » demande un dessin, et aucun n'est ouvert.";
+    return std::nullopt;
+}
+
+CommandOutcome CommandRunner::run(const std::wstring& typedName)
+{
+    const ResbufPool& pool = ResbufPool::instance();
+    const std::size_t buffers = pool.liveBuffers(), texts = pool.liveTexts();
+    CommandOutcome outcome;
+    if (const auto called = find(typedName); !called) {
+        outcome.failure = L"Commande inconnue : « " + typedName + L" ».";
+    } else if (const auto refused = refusal(*called)) {
+        outcome.failure = *refused;
+    } else {
+        runInside(*called, outcome);
+    }
+    if (!outcome.failure.empty())
+        print(outcome.failure);
+    outcome.newBuffers = static_cast<std::ptrdiff_t>(pool.liveBuffers()) - static_cast<std::ptrdiff_t>(buffers);
+    outcome.newTexts = static_cast<std::ptrdiff_t>(pool.liveTexts()) - static_cast<std::ptrdiff_t>(texts);
+    return outcome;
+}
+
+void CommandRunner::runInside(const Called& called, CommandOutcome& outcome)
+{
+    const CommandFrame frame(DocumentList::instance().current(), called.flags, called.name);
+    m_running.push_back(called.name);
+    try {
+        const ModuleTable::Running running(called.module);
+        outcome.failure = called.body();
+    } catch (...) {
+        outcome.failure = L"La commande « " + called.name + L" » a échoué : " + currentExceptionText() + L".";
+    }
+    reportLeftBehind(called, frame.leftBehind(), outcome);
+    m_running.pop_back();
+}
+
+void CommandRunner::reportLeftBehind(const Called& called, const std::wstring& left, CommandOutcome& outcome) const
+{
+    if (!left.empty())
+        print(L"La commande « " + called.name + L" » a laissé " + left + L".");
+    if (m_running.size() > 1 || !m_openObjects)
+        return;
+    outcome.leftOpen = m_openObjects();
+    std::wstring objects;
+    for (const std::wstring& object : outcome.leftOpen)
+        objects += (objects.empty() ? L"" : L", ") + object;
+    if (!objects.empty())
+        print(L"La commande « " + called.name + L" » a laissé des objets ouverts : " + objects + L".");
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ap/DocumentList.h"
+#include "ed/CommandStack.h"
+
+/// How a command ended.
+struct CommandOutcome {
+    std::wstring failure;               ///< why it did not run or did not end well, in French; empty when it did
+    std::vector<std::wstring> leftOpen; ///< drawing objects that it opened and did not close
+    std::ptrdiff_t newBuffers = 0; ///< result buffers alive now that were not before: leaked, unless kept on purpose
+    std::ptrdiff_t newTexts = 0;
+};
+
+/// Runs commands by the names that users type.
+/// "NAME" is a local name, "_NAME" the name common to all languages; "." keeps to the command stack, leaving out a
+/// command that a module, or a user in AutoLISP, defined as the function "C:NAME"; "'" is allowed before a transparent
+/// one. Around a command the current document is locked (not for ACRX_CMD_SESSION) and its changes are one step for U.
+/// What a command leaves behind - locks, undo marks, open objects - is put right and told, and what it throws is told.
+class CommandRunner {
+public:
+    static CommandRunner& instance();
+
+    /// Prints the failure, if there is one, as well.
+    CommandOutcome run(const std::wstring& typedName);
+
+    bool isRunning() const { return !m_running.empty(); }
+    /// Global names of the commands under way, as CMDNAMES shows them: "LINE'ZOOM".
+    std::wstring runningNames() const;
+
+    /// Tells which objects of the drawings are open, and closes them. Asked when the outermost command ends.
+    using OpenObjects = std::function<std::vector<std::wstring>()>;
+    void setOpenObjects(OpenObjects openObjects) { m_openObjects = std::move(openObjects); }
+
+private:
+    /// What a name leads to.
+    struct Called {
+        std::wstring name; ///< global
+        Adesk::Int32 flags = ACRX_CMD_MODAL;
+        LoadedModule* module = nullptr;
+        std::function<std::wstring()> body; ///< gives what went wrong
+    };
+    static std::optional<Called> find(const std::wstring& typedName);
+    std::optional<std::wstring> refusal(const Called& called) const;
+    void runInside(const Called& called, CommandOutcome& outcome);
+    void reportLeftBehind(const Called& called, const std::wstring& left, CommandOutcome& outcome) const;
+
+    std::vector<std::wstring> m_running;
+    OpenObjects m_openObjects;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "ed/SystemVariables.h"
+
+/// The system variables that stand in the HEADER section of a drawing's file.
+class DrawingHeader : public DrawingVariables {
+public:
+    std::optional<VariableValue> value(const AcDbDatabase& database, std::wstring_view name) override;
+    /// A layer or text style must be there, and is written as the drawing spells it.
+    bool setValue(AcDbDatabase& database, std::wstring_view name, const VariableValue& value) override;
+};

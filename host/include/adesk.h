@@ -1,0 +1,30 @@
+#pragma once
+
+/// Basic types of the host interface: sized integers, the interface's boolean, its wide character.
+
+#include "AdAChar.h"
+#include <cstdint>
+
+namespace Adesk {
+
+using Boolean = int;
+constexpr Boolean kFalse = 0;
+constexpr Boolean kTrue = 1;
+
+using Int8 = std::int8_t;
+using Int16 = std::int16_t;
+using Int32 = std::int32_t;
+using Int64 = std::int64_t;
+using UInt8 = std::uint8_t;
+using UInt16 = std::uint16_t;
+using UInt32 = std::uint32_t;
+using UInt64 = std::uint64_t;
+using IntPtr = std::intptr_t;
+using UIntPtr = std::uintptr_t;
+using LongPtr = std::intptr_t;
+using ULongPtr = std::uintptr_t;
+
+/// Names a subentity of what is drawn.
+using GsMarker = std::intptr_t;
+
+} // namespace Adesk

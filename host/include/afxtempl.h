@@ -1,0 +1,6 @@
+#pragma once
+
+/// The framework's collection templates.
+
+#include "afxarray.h"
+#include "afxmap.h"

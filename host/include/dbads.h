@@ -1,0 +1,30 @@
+#pragma once
+
+#include "acadstrc.h"
+#include "adsdef.h"
+#include "dbid.h"
+
+/// Entity names: object ids as the C-style interface carries them.
+
+/// eInvalidAdsName for a name that is no object's, eWasErased for an erased one; `id` then stays as it was.
+inline Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name)
+{
+    AcDbObjectId named;
+    named.setFromOldId(name[0]);
+    if (!named.isValid())
+        return Acad::eInvalidAdsName;
+    if (named.isErased())
+        return Acad::eWasErased;
+    id = named;
+    return Acad::eOk;
+}
+
+/// eNullObjectId when the id is null.
+inline Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id)
+{
+    if (id.isNull())
+        return Acad::eNullObjectId;
+    name[0] = id.asOldId();
+    name[1] = 0;
+    return Acad::eOk;
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dbmain.h"
+#include "gedblar.h"
+#include "gept2dar.h"
+
+/// One group of a hatch in its drawing file: a code with a number, a text or a reference.
+struct AcDbHatchTag {
+    Adesk::Int16 code;
+    double number = 0.0;
+    AcDbStub* object = nullptr;
+    std::wstring text;
+};
+
+/// An area filled with a colour or a pattern. Its outlines can be read, not changed; it moves with transformBy.
+class AcDbHatch : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbHatch);
+    enum HatchLoopType { kDefault = 0, kExternal = 1, kPolyline = 2, kDerived = 4, kTextbox = 8, kOutermost = 16 };
+
+    AcDbHatch() = default;
+    AcRxObject* clone() const override { return new AcDbHatch(*this); }
+
+    /// Valid while the hatch is open.
+    const ACHAR* patternName() const;
+    bool isSolidFill() const;
+    double patternAngle() const;
+    double patternScale() const;
+    double elevation() const;
+    AcGeVector3d normal() const;
+
+    int numLoops() const;
+    /// Outline as a closed polyline, in the coordinates of the hatch's plane: elliptic and spline edges are followed by
+    /// short chords. The arrays are replaced.
+    Acad::ErrorStatus getLoopAt(int index, Adesk::Int32& loopType, AcGePoint2dArray& vertices,
+                                AcGeDoubleArray& bulges) const;
+
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    /// eInvalidInput when it would not keep its shape.
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
+
+protected:
+    AcDbHatch(const AcDbHatch&) = default;
+
+private:
+    friend struct DxfFieldsOfHatch;
+    double number(int code, double otherwise) const;
+
+    std::vector<AcDbHatchTag> m_tags; // all of it, in the order of the file
+};

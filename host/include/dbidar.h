@@ -1,0 +1,7 @@
+#pragma once
+
+#include "acarray.h"
+#include "dbid.h"
+
+using AcDbObjectIdArray = AcArray<AcDbObjectId>;
+using AcDbVoidPtrArray = AcArray<void*>;

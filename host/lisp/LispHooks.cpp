@@ -1,0 +1,7 @@
+#include "lisp/LispHooks.h"
+
+LispHooks& LispHooks::instance()
+{
+    static LispHooks hooks;
+    return hooks;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "adsdef.h"
+
+/// Where AutoLISP and the command line meet. Each side knows the other through these only; one that is not set means
+/// that the other side is not there.
+struct LispHooks {
+    static LispHooks& instance();
+
+    /// Set by the input system: types the values of a call (command ...) at the command line, as a chain of texts,
+    /// numbers, points and names; "" is Enter. Gives what went wrong, in French; empty when all went well.
+    std::function<std::wstring(const resbuf* inputs)> command;
+
+    /// Set by the window: whether the user pressed Escape since it was asked last.
+    std::function<bool()> interrupted;
+
+    /// Set by the evaluator: the command that a function C:NAME of the current document makes; an empty one when there
+    /// is no such function. Running it gives what went wrong, as `command` does.
+    std::function<std::function<std::wstring()>(const std::wstring& name)> findCommand;
+};

@@ -1,0 +1,10 @@
+#include "lisp/drawing/DrawingBuiltins.h"
+
+#include "lisp/eval/LispContext.h"
+
+void defineDrawingBuiltins(LispContext& context)
+{
+    for (const auto& rows : {hostBuiltins(), entityBuiltins(), entityMakingBuiltins(), tableBuiltins()})
+        context.define(rows);
+    context.assign(context.symbol(L"PAUSE"), LispValue(L"\\"));
+}

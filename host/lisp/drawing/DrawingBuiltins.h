@@ -1,0 +1,16 @@
+#pragma once
+
+#include <span>
+
+#include "lisp/eval/LispBuiltin.h"
+
+class LispContext;
+
+/// The functions that work on the current drawing or speak to the command line.
+std::span<const LispBuiltin> hostBuiltins();         // getvar setvar command
+std::span<const LispBuiltin> entityBuiltins();       // entget entnext entdel ...
+std::span<const LispBuiltin> entityMakingBuiltins(); // entmake entmakex entmod
+std::span<const LispBuiltin> tableBuiltins();        // tblsearch tblnext dictsearch ...
+
+/// All of them.
+void defineDrawingBuiltins(LispContext& context);

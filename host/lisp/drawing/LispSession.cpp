@@ -1,0 +1,83 @@
+#include "lisp/drawing/LispSession.h"
+
+#include "ap/DocumentData.h"
+#include "lisp/builtins/Builtins.h"
+#include "lisp/drawing/DrawingBuiltins.h"
+#include "lisp/drawing/LispConversion.h"
+#include "lisp/eval/LispError.h"
+#include "lisp/eval/LispPrinter.h"
+#include "lisp/LispCall.h"
+#include "lisp/LispFunctionTable.h"
+#include "lisp/LispHooks.h"
+#include "rx/Console.h"
+
+namespace {
+
+DocumentData<LispSession>& sessions()
+{
+    static DocumentData<LispSession> ofDocuments;
+    return ofDocuments;
+}
+
+/// The function C:NAME of the current document, as a command.
+std::function<std::wstring()> commandCalled(const std::wstring& name)
+{
+    AcApDocument* const document = curDoc();
+    if (!document)
+        return {};
+    LispContext& context = LispSession::of(*document).context();
+    const LispValue function = context.symbol(L"C:" + name).value;
+    if (!function.lambda())
+        return {};
+    return [&context, function] { return context.run([&] { return context.apply(function, {}); }).failureText(); };
+}
+
+} // namespace
+
+LispSession& LispSession::of(AcApDocument& document)
+{
+    return sessions().of(document);
+}
+
+LispSession::LispSession()
+{
+    defineBuiltins(m_context);
+    defineDrawingBuiltins(m_context);
+    LispHooks::instance().findCommand = commandCalled;
+}
+
+LispSession::Answer LispSession::evaluate(std::wstring_view text)
+{
+    std::wstring shown;
+    LispOutcome outcome = m_context.run([&] {
+        LispValue value = m_context.evaluateText(text);
+        shown = lispPrinted(value);
+        return value;
+    });
+    return {shown, std::move(outcome)};
+}
+
+void LispSession::print(const std::wstring& text)
+{
+    Console::instance().print(text);
+}
+
+bool LispSession::interrupted()
+{
+    const auto& asked = LispHooks::instance().interrupted;
+    return asked && asked();
+}
+
+bool LispSession::hasFunction(const std::wstring& name)
+{
+    AcApDocument* const document = curDoc();
+    return document && LispFunctionTable::of(*document).find(name);
+}
+
+LispValue LispSession::callFunction(LispContext& context, const std::wstring& name, LispArguments arguments)
+{
+    const LispResult result = callLispFunction(name, chainOf(context, arguments));
+    if (!result.failure.empty())
+        throw LispError(result.failure);
+    return valueOfChain(context, result.value.get());
+}

@@ -1,0 +1,117 @@
+#include "lisp/drawing/RecordList.h"
+
+#include <algorithm>
+#include <numbers>
+
+#include "db/DatabaseImpl.h"
+#include "db/fields/DxfObjectWriter.h"
+#include "db/ResbufTags.h"
+#include "dbapserv.h"
+#include "lisp/drawing/LispConversion.h"
+#include "lisp/eval/LispArgument.h"
+#include "lisp/eval/LispContext.h"
+#include "lisp/eval/LispError.h"
+#include "lisp/eval/LispTexts.h"
+#include "platform/LetterCase.h"
+#include "rx/ResbufKind.h"
+#include "rx/WildcardMatch.h"
+
+namespace {
+
+constexpr int kFirstExtendedData = 1000;
+constexpr int kApplication = 1001;
+
+ResbufChain tagsOf(AcDbObject& object)
+{
+    AcDbDatabaseImpl& database = object.database()->impl();
+    std::string bytes;
+    DxfObjectWriter(database, bytes).write(object);
+    return ResbufChain(chainOfTags(database, bytes));
+}
+
+LispValue pairOf(LispContext& context, const resbuf& item, bool inPlane, bool rawAngles)
+{
+    constexpr double radiansPerDegree = std::numbers::pi / 180.0;
+    LispValue value = valueOfBuffer(context, item);
+    if (item.restype >= 50 && item.restype <= 58 && value.isReal() && !rawAngles)
+        value = LispValue(value.real() * radiansPerDegree);
+    if (item.restype == 10 && inPlane && value.isPair()) {
+        const LispValue plane[] = {value.car(), value.cdr().car()};
+        value = listOf(plane);
+    }
+    return LispValue::pair(LispValue(std::int32_t{item.restype}), std::move(value));
+}
+
+bool isWanted(const std::wstring& application, const std::vector<std::wstring>& wanted)
+{
+    const std::wstring lower = platform::lowerCase(application);
+    return std::ranges::any_of(
+        wanted, [&lower](const std::wstring& pattern) { return wildcardMatch(lower, platform::lowerCase(pattern)); });
+}
+
+/// (-3 ("APPLICATION" (1000 . "...") ...) ...); nil when no application is wanted.
+LispValue extendedData(LispContext& context, const resbuf* item, const std::vector<std::wstring>& wanted)
+{
+    std::vector<LispValue> applications, current;
+    const auto finish = [&] {
+        if (!current.empty())
+            applications.push_back(listOf(current));
+        current.clear();
+    };
+    bool taking = false;
+    for (; item; item = item->rbnext) {
+        if (item->restype == kApplication) {
+            finish();
+            taking = isWanted(item->resval.rstring, wanted);
+            if (taking)
+                current.emplace_back(item->resval.rstring);
+        } else if (taking) {
+            current.push_back(pairOf(context, *item, false, true));
+        }
+    }
+    finish();
+    return applications.empty() ? LispValue() : LispValue::pair(LispValue(-3), listOf(applications));
+}
+
+} // namespace
+
+LispValue recordList(LispContext& context, AcDbObjectId id, const std::vector<std::wstring>& applications)
+{
+    const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForRead);
+    if (object.openStatus() != Acad::eOk)
+        return {};
+    const ResbufChain tags = tagsOf(*object.object());
+    const std::string& type = AcDbDatabaseImpl::of(id.stub()).typeName(*recordOf(id));
+    const bool inPlane = type == "LWPOLYLINE", rawAngles = type == "XRECORD";
+    std::vector<LispValue> pairs{LispValue::pair(LispValue(-1), objectName(id))};
+    const resbuf* item = tags.get();
+    for (; item && item->restype < kFirstExtendedData; item = item->rbnext)
+        pairs.push_back(pairOf(context, *item, inPlane, rawAngles));
+    if (LispValue data = extendedData(context, item, applications); !data.isNil())
+        pairs.push_back(std::move(data));
+    return listOf(pairs);
+}
+
+AcDbDatabase& currentDatabase()
+{
+    AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    if (!database)
+        throw LispError(lisp_texts::noDrawing);
+    return *database;
+}
+
+AcDbObjectId objectArgument(const LispValue& value)
+{
+    const LispName* const name = value.name();
+    AcDbObjectId id;
+    if (name && name->kind == LispName::Kind::entity)
+        id.setFromOldId(name->words[0]);
+    if (!id.isValid())
+        lisp_argument::refuse(L"lentityp:", value);
+    return id.isErased() ? AcDbObjectId() : id;
+}
+
+LispValue objectName(AcDbObjectId id)
+{
+    return id.isNull() ? LispValue() : LispValue(LispName{LispName::Kind::entity, {id.asOldId(), 0}});
+}

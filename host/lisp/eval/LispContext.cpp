@@ -1,0 +1,166 @@
+#include "lisp/eval/LispContext.h"
+
+#include <algorithm>
+#include <numbers>
+#include <pthread.h>
+
+#include "lisp/eval/LispBuiltin.h"
+#include "lisp/eval/LispError.h"
+#include "lisp/eval/LispReader.h"
+#include "lisp/eval/LispTexts.h"
+#include "lisp/eval/SpecialForms.h"
+#include "platform/LetterCase.h"
+#include "rx/ExceptionText.h"
+
+namespace {
+
+/// Kept free below the deepest evaluation: for builtins, modules and what the host does inside them.
+constexpr std::uintptr_t kStackReserve = 1U << 20;
+
+std::uintptr_t lowestStackAddress()
+{
+    pthread_attr_t attributes;
+    void* lowest = nullptr;
+    std::size_t size = 0;
+    if (pthread_getattr_np(pthread_self(), &attributes) != 0)
+        throw LispError(lisp_texts::deepRecursion);
+    pthread_attr_getstack(&attributes, &lowest, &size);
+    pthread_attr_destroy(&attributes);
+    return reinterpret_cast<std::uintptr_t>(lowest) + std::min<std::uintptr_t>(kStackReserve, size / 2);
+}
+
+std::wstring upperCase(std::wstring_view text)
+{
+    std::wstring upper(text);
+    std::transform(upper.begin(), upper.end(), upper.begin(), [](wchar_t c) { return platform::upperCase(c); });
+    return upper;
+}
+
+} // namespace
+
+LispValue LispHost::callFunction(LispContext&, const std::wstring& name, LispArguments)
+{
+    throw LispError(lisp_texts::noFunction + name);
+}
+
+std::wstring LispOutcome::failureText() const
+{
+    if (!failed || told)
+        return {};
+    const std::wstring text = lisp_texts::errorPrefix + message;
+    return expression.empty() ? text : text + L"\n" + lisp_texts::expressionPrefix + expression;
+}
+
+LispContext::LispContext(LispHost& host) :
+    m_host(host),
+    m_true(&symbol(L"T")),
+    m_errorHandler(&symbol(L"*ERROR*")),
+    m_lambda(&symbol(L"LAMBDA"))
+{
+    assign(*m_true, LispValue(*m_true));
+    m_true->isProtected = true;
+    assign(symbol(L"PI"), LispValue(std::numbers::pi));
+    for (const LispSpecialForm& form : specialForms())
+        assign(symbol(form.name), LispValue(form));
+}
+
+void LispContext::define(std::span<const LispBuiltin> rows)
+{
+    for (const LispBuiltin& row : rows)
+        assign(symbol(row.name), LispValue(row));
+}
+
+LispSymbol& LispContext::symbol(std::wstring_view name)
+{
+    std::wstring upper = upperCase(name);
+    std::unique_ptr<LispSymbol>& place = m_symbols[upper];
+    if (!place) {
+        place = std::make_unique<LispSymbol>();
+        place->name = std::move(upper);
+    }
+    return *place;
+}
+
+std::vector<std::wstring> LispContext::functionNames() const
+{
+    std::vector<std::wstring> names;
+    for (const auto& [name, symbol] : m_symbols)
+        if (symbol->value.builtin() || symbol->value.specialForm() || symbol->value.lambda())
+            names.push_back(name);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void LispContext::assign(LispSymbol& symbol, LispValue value)
+{
+    if (symbol.isProtected)
+        throw LispError(lisp_texts::protectedSymbol + symbol.name);
+    symbol.value = std::move(value);
+    symbol.bound = true;
+}
+
+LispOutcome LispContext::run(std::wstring_view text)
+{
+    return run([this, text] { return evaluateText(text); });
+}
+
+LispValue LispContext::evaluateText(std::wstring_view text)
+{
+    LispReader reader(*this, text);
+    LispValue value;
+    while (const auto expression = reader.next())
+        value = evaluate(*expression);
+    return value;
+}
+
+LispOutcome LispContext::run(const std::function<LispValue()>& task)
+{
+    LispOutcome outcome;
+    ++m_running;
+    try {
+        if (m_running == 1) {
+            m_stackEnd = lowestStackAddress();
+            m_deadline.reset();
+            if (m_timeLimit)
+                m_deadline = std::chrono::steady_clock::now() + *m_timeLimit;
+        }
+        outcome.value = task();
+    } catch (const LispError& error) {
+        outcome = {{}, true, error.handled, error.message, error.expression};
+    } catch (const std::bad_alloc&) {
+        outcome = {{}, true, false, lisp_texts::noMemory, {}};
+    } catch (...) { // from the functions of the host: nothing of it may end the program
+        outcome = {{}, true, false, currentExceptionText(), {}};
+    }
+    --m_running;
+    return outcome;
+}
+
+void LispContext::askForInterruption()
+{
+    if (m_deadline && std::chrono::steady_clock::now() > *m_deadline)
+        throw LispError(lisp_texts::timeIsUp, LispError::Kind::interrupted);
+    if (m_host.interrupted())
+        throw LispError(lisp_texts::interrupted, LispError::Kind::interrupted);
+}
+
+void LispContext::checkStack() const
+{
+    if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < m_stackEnd)
+        throw LispError(lisp_texts::deepRecursion);
+}
+
+LispBinding::LispBinding(LispSymbol& symbol, LispValue value) :
+    m_symbol(symbol),
+    m_before(std::move(symbol.value)),
+    m_wasBound(symbol.bound)
+{
+    m_symbol.value = std::move(value);
+    m_symbol.bound = true;
+}
+
+LispBinding::~LispBinding()
+{
+    m_symbol.value = std::move(m_before);
+    m_symbol.bound = m_wasBound;
+}

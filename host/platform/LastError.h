@@ -1,0 +1,11 @@
+#pragma once
+
+#include "windows.h"
+#include <system_error>
+
+namespace platform {
+
+/// The published error code nearest to an error of the native system.
+DWORD windowsError(const std::error_code& error);
+
+} // namespace platform
