@@ -1,0 +1,20 @@
+#pragma once
+
+#include "calculs/calculPolygonaleFermee.h"
+#include "calculs/donneesPolygonale.h"
+
+#include <string>
+#include <vector>
+
+// French sentences that tell the user what looks wrong with a traverse. They stand beside the report, never in it, and
+// stop nothing: the computation makes no guard of its own.
+
+/// Said when a traverse has fewer than two rows. The blanks before the comma and at the end are intended.
+inline constexpr wchar_t donneesInsuffisantes[] = L"Erreur , données insuffisantes ";
+
+/// Cells that are not numbers, such as "217,63" which reads as 217: one sentence a row and column.
+std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObservation>& lignes);
+
+/// Lengths and sums that are zero, results that are unknown or not finite, a last row that does not name the departure,
+/// an angular error near whole turns (two of them: interior angles, or the loop walked the other way round).
+std::vector<std::wstring> avertissementsPolygonaleFermee(const resultatPolygonaleFermee& resultat);

@@ -1,0 +1,381 @@
+#include "calculs/fichierPolygonale.h"
+
+#include "calculs/decouperLigne.h"
+#include "calculs/nivellement.h"
+#include "calculs/observationPolygonale.h"
+#include "calculs/reelDeTexte.h"
+#include "calculs/texteAnsi.h"
+#include "calculs/uniteAngulaire.h"
+#include "reports/nombreFixe.h"
+
+#include <algorithm>
+#include <fstream>
+#include <system_error>
+
+namespace {
+
+// --- Writing -------------------------------------------------------------------------------------------------------
+
+constexpr wchar_t commentaireAngles[] = L"* Unités angulaires\n"
+                                        L"* Syntaxe: \n"
+                                        L"* Angles : <unité de mesure des angles>\n"
+                                        // The missing word ("peut") and the next misspelling are intended: files
+                                        // already on disk carry them, and users compare files.
+                                        L"* Avec <unité de mesure des angles> qui être :\n"
+                                        L"* Grades Degres ou Radians\n";
+
+constexpr wchar_t commentaireNivellement[] =
+    L"* Mode de calcul du nivellement\n"
+    L"* Syntaxe: \n"
+    L"* Nivellement: <Mode de nivellement>\n"
+    L"* Avec <Mode de nivellement> qui peut être\n"
+    L"* \taucun\tPour aucune compensation sur les alitutudes\n"
+    L"* \tsimple\tPour une compensation simple\n"
+    L"* \tdistance\tPour une compensation proportionnelle aux distances entre stations\n"
+    L"* \tracine\tPour une compensation proportionnelle aux racines des distances\n";
+
+constexpr wchar_t enTeteDonnees[] = L"* Données de la polygonale\n"
+                                    L"* Nom Station\t\tAngle\t\tDistance\t\tDz\n";
+
+constexpr std::size_t longueurCellule = 510;
+
+/// The formatted lines begin with line feeds of their own, which show as empty lines.
+class redacteur {
+public:
+    void texte(std::wstring_view t) { m_octets += versAnsi(t); }
+
+    void station(std::wstring_view cle, const stationPolygonale& s)
+    {
+        texte(L"\n");
+        texte(cle);
+        texte(L"=\"" + s.nom + L"\" X= ");
+        m_octets += nombreFixe(s.x, 5) + " Y= " + nombreFixe(s.y, 5) + " Z= " + nombreFixe(s.z, 5) +
+                    " Gis= " + nombreFixe(s.gisement, 5) + "\n";
+    }
+
+    void fermeture(double angle) { m_octets += "\nFermeture: " + nombreFixe(angle, 4) + "\n"; }
+
+    void angles(int unite)
+    {
+        texte(commentaireAngles);
+        texte(std::wstring(L"\n\nAngles: ") + motUniteAngulaire(unite) + L"\n");
+    }
+
+    void nivellement(int mode)
+    {
+        texte(commentaireNivellement);
+        texte(std::wstring(L"\n\nNivellement: ") + motNivellement(mode) + L"\n");
+    }
+
+    void lignes(const std::vector<ligneObservation>& observations)
+    {
+        for (const ligneObservation& l : observations) {
+            texte(L"\n\"" + l.station.substr(0, longueurNomStation) + L"\"\t");
+            texte(L"\t\t" + l.angle.substr(0, longueurCellule));
+            texte(L"\t" + l.distance.substr(0, longueurCellule));
+            texte(L"\t\t" + l.altitude.substr(0, longueurCellule) + L"\n");
+        }
+    }
+
+    std::string octets() && { return std::move(m_octets); }
+
+private:
+    std::string m_octets;
+};
+
+// --- Reading -------------------------------------------------------------------------------------------------------
+
+using elementsLigne = std::vector<std::wstring>;
+
+wchar_t majuscule(wchar_t c)
+{
+    return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
+}
+
+/// The first four letters, in upper case.
+std::wstring motCle(const std::wstring& element)
+{
+    std::wstring mot = element.substr(0, 4);
+    for (wchar_t& c : mot)
+        c = majuscule(c);
+    return mot;
+}
+
+void lireMotCle(const elementsLigne& e, int& unite, int& nivellement)
+{
+    const std::wstring mot = motCle(e[0]);
+    if (mot == L"ANGL")
+        unite = uniteAngulaireDe(e[1].front());
+    else if (mot == L"NIVE")
+        nivellement = nivellementDe(e[1].front());
+}
+
+/// Stores the number of a key X, Y, Z or G; any other key is left alone.
+void lireCoordonnee(wchar_t cle, const std::wstring& valeur, stationPolygonale& station)
+{
+    switch (cle) {
+    case L'X':
+        station.x = reelDeTexte(valeur);
+        break;
+    case L'Y':
+        station.y = reelDeTexte(valeur);
+        break;
+    case L'Z':
+        station.z = reelDeTexte(valeur);
+        break;
+    case L'G':
+        station.gisement = reelDeTexte(valeur);
+        break;
+    default:
+        break;
+    }
+}
+
+void lireMotCle(const elementsLigne& e, donneesPolygonaleFermee& donnees)
+{
+    lireMotCle(e, donnees.unite, donnees.nivellement);
+}
+
+void lireMotCle(const elementsLigne& e, donneesPolygonaleOuverte& donnees)
+{
+    lireMotCle(e, donnees.unite, donnees.nivellement);
+    if (motCle(e[0]) == L"FERM")
+        donnees.fermeture = reelDeTexte(e[1]);
+}
+
+/// A number that the line leaves out keeps what an earlier station line gave.
+void lireStation(const elementsLigne& e, donneesPolygonaleFermee& donnees)
+{
+    for (std::size_t i = 0; i < e.size(); i += 2) {
+        const wchar_t cle = majuscule(e[i].front());
+        if (cle == L'N')
+            donnees.depart.nom = e[i + 1];
+        else
+            lireCoordonnee(cle, e[i + 1], donnees.depart);
+    }
+}
+
+/// A number that the line leaves out becomes 0. A line with neither key is a departure line, one with both an arrival
+/// line.
+void lireStation(const elementsLigne& e, donneesPolygonaleOuverte& donnees)
+{
+    stationPolygonale lue;
+    bool ligneArrivee = false;
+    for (std::size_t i = 0; i < e.size(); i += 2) {
+        const wchar_t cle = majuscule(e[i].front());
+        if (cle == L'D') {
+            donnees.depart.nom = e[i + 1];
+        } else if (cle == L'A') {
+            donnees.arrivee.nom = e[i + 1];
+            ligneArrivee = true;
+        } else {
+            lireCoordonnee(cle, e[i + 1], lue);
+        }
+    }
+    stationPolygonale& station = ligneArrivee ? donnees.arrivee : donnees.depart;
+    lue.nom = station.nom;
+    station = lue;
+}
+
+void vider(donneesPolygonaleFermee& donnees)
+{
+    donnees.depart = {};
+    donnees.lignes.clear();
+}
+
+void vider(donneesPolygonaleOuverte& donnees)
+{
+    donnees.depart = {};
+    donnees.arrivee = {};
+    donnees.lignes.clear();
+}
+
+template <class Donnees>
+bool lireElements(elementsLigne& e, Donnees& donnees)
+{
+    switch (e.size()) {
+    case 0:
+        return true;
+    case 2:
+        lireMotCle(e, donnees);
+        return true;
+    case 4:
+        donnees.lignes.push_back({std::move(e[0]), std::move(e[1]), std::move(e[2]), std::move(e[3])});
+        return true;
+    case 10:
+        lireStation(e, donnees);
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// A longer line is read in pieces of this size, each as a line of its own.
+constexpr std::size_t longueurLigne = 1023;
+
+/// Ends the line at its carriage return or at a zero byte, as text files are read.
+std::string_view sansFin(std::string_view ligne)
+{
+    ligne = ligne.substr(0, ligne.find('\0'));
+    if (!ligne.empty() && ligne.back() == '\r')
+        ligne.remove_suffix(1);
+    return ligne;
+}
+
+template <class Donnees>
+bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
+{
+    vider(donnees);
+    bilanLecture bilan;
+    elementsLigne elements;
+    for (std::size_t numero = 1; !contenu.empty(); ++numero) {
+        const std::size_t fin = contenu.find('\n');
+        std::string_view ligne = sansFin(contenu.substr(0, fin));
+        contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
+        do {
+            decouperLigne(depuisAnsi(ligne.substr(0, longueurLigne)), separateursPolygonale, elements);
+            const std::size_t nombre = elements.size();
+            if (!lireElements(elements, donnees))
+                bilan.ignorees.push_back({numero, nombre});
+            ligne.remove_prefix(std::min(longueurLigne, ligne.size()));
+        } while (!ligne.empty());
+    }
+    return bilan;
+}
+
+// --- Files ---------------------------------------------------------------------------------------------------------
+
+template <class Donnees>
+bilanLecture chargerFichier(const std::filesystem::path& fichier, Donnees& donnees)
+{
+    std::ifstream flux(fichier, std::ios::binary);
+    std::string contenu;
+    std::vector<char> bloc(1 << 16);
+    while (flux.read(bloc.data(), static_cast<std::streamsize>(bloc.size())), flux.gcount() > 0)
+        contenu.append(bloc.data(), static_cast<std::size_t>(flux.gcount()));
+    // A folder opens as a file on some systems; only reading it fails.
+    if (!flux.is_open() || flux.bad())
+        return {.lisible = false, .ignorees = {}};
+    return lireContenu(contenu, donnees);
+}
+
+/// Writes a new file beside the old one, then puts it in its place. Where a link leads, the file it names is replaced.
+bool remplacerFichier(const std::filesystem::path& nom, const std::string& octets)
+{
+    std::error_code erreur;
+    const std::filesystem::path fichier = std::filesystem::weakly_canonical(nom, erreur);
+    if (erreur)
+        return false;
+    std::filesystem::path provisoire = fichier;
+    provisoire += ".nouveau";
+    std::ofstream flux(provisoire, std::ios::binary | std::ios::trunc);
+    flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
+    flux.close();
+    if (flux)
+        std::filesystem::rename(provisoire, fichier, erreur);
+    if (flux && !erreur)
+        return true;
+    std::error_code sansSuite;
+    std::filesystem::remove(provisoire, sansSuite);
+    return false;
+}
+
+bool finitPar(std::wstring_view texte, std::wstring_view fin)
+{
+    return texte.size() >= fin.size() && texte.substr(texte.size() - fin.size()) == fin;
+}
+
+} // namespace
+
+std::string contenuPolygonale(const donneesPolygonaleFermee& donnees)
+{
+    redacteur r;
+    r.texte(L"* Fichier de données pour calcul de polygonale Fermée\n\n");
+    r.texte(L"* Station de depart\n");
+    r.station(L"Nom", donnees.depart);
+    r.angles(donnees.unite);
+    r.nivellement(donnees.nivellement);
+    r.texte(enTeteDonnees);
+    r.lignes(donnees.lignes);
+    return std::move(r).octets();
+}
+
+std::string contenuPolygonale(const donneesPolygonaleOuverte& donnees)
+{
+    redacteur r;
+    r.texte(L"* Fichier de données pour calcul de polygonale Ouverte\n");
+    r.texte(L"* Station de depart\n");
+    r.station(L"Depart", donnees.depart);
+    r.station(L"Arrivee", donnees.arrivee);
+    r.fermeture(donnees.fermeture);
+    r.angles(donnees.unite);
+    r.nivellement(donnees.nivellement);
+    r.texte(std::wstring(L"\n") + enTeteDonnees);
+    // The levelling section and the heading stand twice, intended: files already on disk have both.
+    r.texte(L"\n");
+    r.nivellement(donnees.nivellement);
+    r.texte(std::wstring(L"\n") + enTeteDonnees);
+    r.lignes(donnees.lignes);
+    return std::move(r).octets();
+}
+
+bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleFermee& donnees)
+{
+    return lireContenu(contenu, donnees);
+}
+
+bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleOuverte& donnees)
+{
+    return lireContenu(contenu, donnees);
+}
+
+bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleFermee& donnees)
+{
+    return chargerFichier(fichier, donnees);
+}
+
+bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleOuverte& donnees)
+{
+    return chargerFichier(fichier, donnees);
+}
+
+bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleFermee& donnees)
+{
+    return remplacerFichier(fichier, contenuPolygonale(donnees));
+}
+
+bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleOuverte& donnees)
+{
+    return remplacerFichier(fichier, contenuPolygonale(donnees));
+}
+
+std::vector<std::wstring> avertissementsLecture(std::wstring_view fichier, const bilanLecture& bilan)
+{
+    const std::wstring nom(fichier);
+    if (!bilan.lisible)
+        return {nom + L" : lecture impossible du fichier."};
+    std::vector<std::wstring> phrases;
+    for (const ligneIgnoree& ligne : bilan.ignorees)
+        phrases.push_back(nom + L", ligne " + std::to_wstring(ligne.numero) + L" : ligne ignorée, " +
+                          std::to_wstring(ligne.elements) +
+                          L" élément(s) au lieu de 2 (mot-clé), 4 (observation) ou 10 (station).");
+    return phrases;
+}
+
+std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
+{
+    std::wstring nom = enMinuscules(std::wstring(choisi));
+    const auto completer = [&nom](std::wstring_view extension) {
+        if (!finitPar(nom, extension))
+            nom += extension;
+    };
+    if (filtre == filtreObservations)
+        completer(L".obs");
+    else if (filtre == filtreSansExtension || filtre == filtreTous)
+        completer(L".");
+    else if (filtre == filtreTexte)
+        completer(L".txt");
+    if (nom.find(L'.') == std::wstring::npos)
+        nom += L".obs";
+    return nom;
+}

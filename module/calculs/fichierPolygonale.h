@@ -1,0 +1,55 @@
+#pragma once
+
+#include "calculs/donneesPolygonale.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Traverse files (".obs"): text in Windows-1252, lines beginning with "*" are comments that explain the syntax.
+// Written with line feeds, read with line feeds or carriage returns and line feeds.
+
+/// A line that is neither a comment, nor a keyword and its value (2 elements), nor a row (4), nor a station line (10).
+struct ligneIgnoree {
+    std::size_t numero;   ///< 1-based
+    std::size_t elements; ///< how many were found
+};
+
+/// What reading a file gave, for those who report it; the dialogs stay silent on all of it.
+struct bilanLecture {
+    bool lisible = true; ///< false: the file could not be read and the data are as before
+    std::vector<ligneIgnoree> ignorees;
+};
+
+/// French sentences for the user: the file that cannot be read, each line left out and why.
+/// @param fichier its name, as the sentences are to show it
+std::vector<std::wstring> avertissementsLecture(std::wstring_view fichier, const bilanLecture& bilan);
+
+/// The bytes of the file that keeps `donnees`. Station names of the rows are cut to 18 characters, other cells to 510.
+/// A name or cell that is empty or holds a double quote cannot be read back: the format has no way to write it.
+std::string contenuPolygonale(const donneesPolygonaleFermee& donnees);
+std::string contenuPolygonale(const donneesPolygonaleOuverte& donnees);
+
+/// Reads the bytes of a file into `donnees`. Stations and list are replaced; unit, levelling mode and closing angle
+/// keep their values unless the file sets them. Numbers that are not numbers read as 0.
+/// A file of the other kind of traverse is read for what the two have in common.
+bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleFermee& donnees);
+bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleOuverte& donnees);
+
+/// As lirePolygonale, from a file.
+bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleFermee& donnees);
+bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleOuverte& donnees);
+
+/// Replaces the whole file, or leaves it as it was.
+/// @return false when it could not be written.
+bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleFermee& donnees);
+bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleOuverte& donnees);
+
+/// Choices of the file dialogs' type list, numbered from 1 as these dialogs do.
+enum filtrePolygonale : int { filtreObservations = 1, filtreSansExtension = 2, filtreTous = 3, filtreTexte = 4 };
+
+/// Name under which to save what the user chose: in lower case, with the extension of the type: ".obs", ".txt", or a
+/// final "." for "Sans extension" and "Tous". A path without any full stop gets ".obs".
+std::wstring nomEnregistrement(std::wstring_view choisi, int filtre);

@@ -1,0 +1,65 @@
+#include "calculs/placerPolygonale.h"
+
+#include "calculs/grandeur.h"
+#include "frame/CAcadUndoGroup.h"
+#include "frame/espaceObjet.h"
+#include "points/projetDansDessin.h"
+
+#include "dbents.h"
+#include "dbpl.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+bool dessinable(double coordonnee)
+{
+    return std::isfinite(coordonnee) && coordonnee != inconnu;
+}
+
+pointDuDessin pointDe(const stationCorrigee& station, const placementPolygonale& placement)
+{
+    pointDuDessin point;
+    point.setParams(station.nom.c_str(), {station.x, station.y, placement.altitudes ? station.z : inconnu},
+                    placement.code < 1 || placement.code > 9999 ? 100 : placement.code);
+    if (dessinable(station.x) && dessinable(station.y))
+        point.setId(ajouterEspaceObjet(std::make_unique<AcDbPoint>(point.positionDessinee())));
+    return point;
+}
+
+void dessiner(const tracePolygonale& trace)
+{
+    const bool entier = std::all_of(trace.sommets.begin(), trace.sommets.end(),
+                                    [](const auto& s) { return dessinable(s.x) && dessinable(s.y); });
+    if (!entier || trace.sommets.empty())
+        return;
+    auto ligne = std::make_unique<AcDbPolyline>(static_cast<unsigned int>(trace.sommets.size()));
+    for (const auto& sommet : trace.sommets)
+        ligne->addVertexAt(ligne->numVerts(), {sommet.x, sommet.y});
+    ligne->setColorIndex(static_cast<Adesk::UInt16>(trace.couleur));
+    ajouterEspaceObjet(std::move(ligne));
+}
+
+} // namespace
+
+int placerPolygonale(const std::vector<stationCorrigee>& stations, const placementPolygonale& placement,
+                     const std::vector<tracePolygonale>& traces)
+{
+    listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return 0;
+    const CAcadUndoGroup groupe;
+    int places = 0;
+    for (const tracePolygonale& trace : traces)
+        dessiner(trace);
+    for (const stationCorrigee& station : stations) {
+        const bool finie =
+            std::isfinite(station.x) && std::isfinite(station.y) && (!placement.altitudes || std::isfinite(station.z));
+        if (!finie)
+            continue;
+        table->Ajouter(pointDe(station, placement));
+        ++places;
+    }
+    return places;
+}

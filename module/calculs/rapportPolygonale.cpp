@@ -1,0 +1,123 @@
+#include "calculs/rapportPolygonale.h"
+
+#include "calculs/nivellement.h"
+#include "calculs/texteAnsi.h"
+#include "reports/htmlStyle.h"
+#include "reports/htmlText.h"
+
+namespace rapportPolygonale {
+
+namespace {
+
+constexpr char classeGrand[] = "class=grand";
+constexpr char classeTitre[] = "CLASS=titre";
+constexpr char classePetit[] = "class=petit";
+
+void ajouterTexte(htmlDocument& document, std::string octets, const char* classe)
+{
+    document.append(htmlText(std::move(octets), classe).render());
+}
+
+} // namespace
+
+void declarerClasses(htmlDocument& document)
+{
+    // One style for all: each class keeps what the earlier ones set.
+    htmlStyle style;
+    style.setFontFamily("Arial");
+    style.setGenericFamily("serif");
+    style.setFontSize({10, htmlSize::pt});
+    document.addStyle(".petit", style.text());
+
+    style.setFontSize({18, htmlSize::pt});
+    document.addStyle(".grand", style.text());
+
+    style.setFontSize({10, htmlSize::pt});
+    style.setTextDecoration(htmlStyle::underline);
+    document.addStyle(".titre", style.text());
+
+    style.setTextDecoration(htmlStyle::noDecoration);
+    style.setBorderStyles(htmlBorderStyle(htmlBorderStyle::solid));
+    style.setBorderWidths({1, htmlSize::px});
+    style.setBorderColors({0, 0, 0});
+    style.setPaddings({4, htmlSize::px});
+    style.setMargins({4, htmlSize::px});
+    document.addStyle(".celnorm", style.text());
+
+    style.setBackgroundColor({239, 239, 239});
+    document.addStyle(".celgris", style.text());
+}
+
+void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte)
+{
+    ajouterTexte(document, versAnsi(texte), classeGrand);
+}
+
+void ajouterTitre(htmlDocument& document, std::wstring_view texte)
+{
+    ajouterTexte(document, versAnsi(texte), classeTitre);
+}
+
+void ajouterParagraphe(htmlDocument& document, std::string octets)
+{
+    ajouterTexte(document, std::move(octets), classePetit);
+}
+
+bool ajouterTitreNivellement(htmlDocument& document, int mode)
+{
+    std::wstring_view regle;
+    switch (mode) {
+    case nivellementSimple:
+        // Intended spelling: users compare reports.
+        regle = L"Correction simple, erreur de fermeture répartie uniformèment";
+        break;
+    case nivellementDistance:
+        regle = L"Correction proportionnelle aux distances";
+        break;
+    case nivellementRacine:
+        regle = L"Correction proportionnelle aux racines distances";
+        break;
+    default:
+        ajouterTitre(document, L"Pas de correction de nivellement");
+        return false;
+    }
+    ajouterTitre(document, L"Correction des altitudes");
+    ajouterTitre(document, regle);
+    return true;
+}
+
+htmlTable tableau(std::initializer_list<std::wstring_view> enTetes)
+{
+    htmlTable table;
+    table.setAlignment(htmlTable::center);
+    table.setBorder(0);
+    table.setCellPadding(2);
+    table.setCellSpacing(0);
+    table.beginRow();
+    for (const std::wstring_view enTete : enTetes)
+        ajouterEnTete(table, enTete);
+    return table;
+}
+
+void ajouterEnTete(htmlTable& table, std::wstring_view texte)
+{
+    table.addCell(versAnsi(texte), celluleEnTete);
+}
+
+void ajouterNombre(htmlTable& table, double valeur)
+{
+    table.addCell(valeur, decimales, celluleNombre);
+}
+
+void ajouterVides(htmlTable& table, int nombre)
+{
+    for (int i = 0; i < nombre; ++i)
+        table.addCell(vide, celluleNombre);
+}
+
+std::string nomHtml(std::wstring_view nom)
+{
+    return htmlEscaped(versAnsi(nom));
+}
+
+} // namespace rapportPolygonale

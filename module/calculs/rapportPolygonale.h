@@ -1,0 +1,45 @@
+#pragma once
+
+#include "reports/htmlDocument.h"
+#include "reports/htmlTable.h"
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+// What the reports of closed and open traverses share: style classes, attributes of cells, headings.
+
+namespace rapportPolygonale {
+
+inline constexpr char celluleNombre[] = "class=celnorm align=right";
+inline constexpr char celluleNomCentre[] = "class=celnorm align=center";
+inline constexpr char celluleNomGauche[] = "class=celnorm align='left'";
+inline constexpr char celluleEnTete[] = "class=celgris align=center";
+inline constexpr char celluleLibelle4Colonnes[] = "class=celgris colspan=4 align=right";
+inline constexpr char vide[] = "&nbsp"; // browsers accept it without its semicolon
+
+inline constexpr int decimales = 4;
+
+/// Declares .petit, .grand, .titre, .celnorm and .celgris.
+void declarerClasses(htmlDocument& document);
+
+void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte);
+void ajouterTitre(htmlDocument& document, std::wstring_view texte);
+/// @param octets already narrow
+void ajouterParagraphe(htmlDocument& document, std::string octets);
+
+/// Heading and sub-title of the levelling section for a mode, or the title that says there is none.
+/// @return whether a table is to follow.
+bool ajouterTitreNivellement(htmlDocument& document, int mode);
+
+/// A centred table without border whose first row holds the headings.
+htmlTable tableau(std::initializer_list<std::wstring_view> enTetes);
+void ajouterEnTete(htmlTable& table, std::wstring_view texte);
+
+void ajouterNombre(htmlTable& table, double valeur);
+void ajouterVides(htmlTable& table, int nombre);
+
+/// A name as it stands in the report: narrow, fit for HTML.
+std::string nomHtml(std::wstring_view nom);
+
+} // namespace rapportPolygonale

@@ -1,0 +1,45 @@
+#include "frame/commandes.h"
+
+#include "frame/ptsEn3d.h"
+
+#include "accmd.h"
+
+namespace {
+
+/// Kept empty: menus in use still call the command.
+void importGsi() {}
+
+/// The subject of the command is not part of the module yet: it is known and prints nothing.
+void aVenir() {}
+
+constexpr commande commandes[] = {
+    {L"CARROYAGE", ACRX_CMD_USEPICKSET, aVenir},    {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, aVenir},
+    {L"COORDSXYZ", ACRX_CMD_MODAL, aVenir},         {L"CORRPOLFERMEE", ACRX_CMD_MODAL, aVenir},
+    {L"CORRPOLOUVERTE", ACRX_CMD_MODAL, aVenir},    {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},
+    {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},      {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, aVenir},
+    {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir}, {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
+    {L"TABLEXYZ", ACRX_CMD_USEPICKSET, aVenir},     {L"MAJPOINTS", ACRX_CMD_USEPICKSET, aVenir},
+    {L"PTSEN3D", ACRX_CMD_MODAL, ptsEn3d},
+};
+
+} // namespace
+
+std::span<const commande> tableCommandes()
+{
+    return commandes;
+}
+
+void enregistrerCommandes()
+{
+    AcEdCommandStack* const pile = acedRegCmds;
+    if (!pile)
+        return;
+    for (const commande& c : commandes)
+        pile->addCommand(groupeCommandes, c.nom, c.nom, c.drapeaux, c.executer);
+}
+
+void retirerCommandes()
+{
+    if (AcEdCommandStack* const pile = acedRegCmds)
+        pile->removeGroup(groupeCommandes);
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "dbid.h"
+
+#include <memory>
+
+class AcDbEntity;
+
+/// Adds the entity to the model space of the working drawing and closes it; the drawing owns it from then on.
+/// @return its id, or null when the drawing refused it (the entity is then destroyed).
+AcDbObjectId ajouterEspaceObjet(std::unique_ptr<AcDbEntity> entite);

@@ -1,0 +1,50 @@
+#include "frame/lispPoints.h"
+
+#include "frame/argumentsLisp.h"
+#include "points/projetDansDessin.h"
+
+#include "aced.h"
+
+namespace {
+
+int rendreNil()
+{
+    acedRetNil();
+    return RTNORM;
+}
+
+} // namespace
+
+int lispAddPt()
+{
+    argumentsLisp arguments;
+    CString nom;
+    AcGePoint3d position;
+    int code = 1;
+    if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
+        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini())
+        return refuserParametres();
+    listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return rendreNil();
+    pointDuDessin point;
+    point.setParams(nom, position, code);
+    table->Ajouter(point);
+    return acedRetT();
+}
+
+int lispMaxnum()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    const listePointsDuDessin* const table = tableCourante();
+    return table ? acedRetInt(table->getMaxNum() + 1) : rendreNil();
+}
+
+int lispZoomLeve()
+{
+    const listePointsDuDessin* const table = tableCourante();
+    if (table && table->nbPoint() == 0)
+        acutPrintf(L"\nPas de points dans cette table");
+    return RTNORM;
+}

@@ -1,0 +1,295 @@
+#include "points/listePointsDuDessin.h"
+
+#include "points/entiteDuPoint.h"
+#include "points/pointsDistincts.h"
+#include "points/QuarvelSerializer.h"
+#include "points/texte8bits.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+
+namespace {
+
+// Intended: names are looked up and added without their spaces, but indexed anew without their tabs as well. A name
+// with tabs is found until the first rebuild only; drawings in use behave so.
+constexpr std::string_view blancsRecherche = " ";
+constexpr std::string_view blancsReindexation = " \t";
+
+/// A name made of these only stands for a point without name.
+constexpr std::string_view marquesSansNom = " *.";
+
+constexpr double tolerancePosition = 0.000001;
+
+/// The whole number at the beginning of a name, after blanks and a sign; 0 when there is none. Nine characters always
+/// fit in 32 bits.
+int numeroDe(std::string_view nom)
+{
+    const std::size_t debut = nom.find_first_not_of(" \t\n\v\f\r");
+    if (debut == std::string_view::npos)
+        return 0;
+    nom.remove_prefix(debut);
+    if (nom.front() == '+')
+        nom.remove_prefix(1);
+    int numero = 0;
+    std::from_chars(nom.data(), nom.data() + nom.size(), numero);
+    return numero;
+}
+
+void nommer(pointDuDessin& point, int numero)
+{
+    std::array<char, 12> texte{};
+    std::to_chars(texte.data(), texte.data() + texte.size() - 1, numero);
+    point.setNomPoint(texte.data());
+}
+
+} // namespace
+
+listePointsDuDessin::listePointsDuDessin() = default;
+listePointsDuDessin::~listePointsDuDessin() = default;
+
+pointDuDessin* listePointsDuDessin::getData(int i)
+{
+    pointDuDessin& point = points.GetAt(i);
+    indexerEnAttente(); // under the names that the points have now
+    objets.suspecter(i);
+    return &point;
+}
+
+listePointsDuDessin::tableau& listePointsDuDessin::getData()
+{
+    indexerEnAttente();
+    objets.suspecterTout();
+    return points;
+}
+
+void listePointsDuDessin::Ajouter(const pointDuDessin& point)
+{
+    if (blancsEnAttente != blancs::espaces) {
+        indexerEnAttente();
+        blancsEnAttente = blancs::espaces;
+    }
+    points.Add(point);
+}
+
+void listePointsDuDessin::CreerPoint(const AcGePoint3d& position, int code, const wchar_t* nom)
+{
+    if (position.z == 0.0)
+        return;
+    pointDuDessin point;
+    point.setParams(nom ? nom : L"*", position, code);
+    Ajouter(point);
+}
+
+void listePointsDuDessin::fusionnerAvec(const listePointsDuDessin& autre)
+{
+    const int nombre = autre.nbPoint(); // as it stood, should it be this table
+    for (int i = 0; i < nombre; ++i)
+        Ajouter(autre.points[i]);
+}
+
+void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
+{
+    int position = -1;
+    if (!existPoint(nom, position))
+        return;
+    effacerEntite(points[position].getId());
+    const int dernier = nbPoint() - 1;
+    if (position != dernier) {
+        points[position] = points[dernier];
+        noms.poser(cleNom(points[position].getNomPoint(), blancsReindexation), position);
+        objets.suspecter(position);
+    }
+    if (const auto cle = cleNom::deTexte(nom, blancsReindexation))
+        noms.retirer(*cle);
+    points.RemoveAt(dernier);
+    premierEnAttente = dernier;
+}
+
+void listePointsDuDessin::delDups()
+{
+    const int nombre = nbPoint();
+    std::vector<lieuPoint> lieux(static_cast<std::size_t>(nombre));
+    for (int i = 0; i < nombre; ++i)
+        lieux[static_cast<std::size_t>(i)] = {points[i].getX(), points[i].getY(), points[i].getCode(), i};
+    lieux = pointsDistincts(std::move(lieux));
+
+    // Intended: emptied even when no duplicate was found, so that names are not found afterwards.
+    noms.vider();
+    premierEnAttente = nombre;
+    const auto gardes = static_cast<int>(lieux.size());
+    if (gardes == nombre)
+        return;
+
+    tableau tries;
+    tries.SetSize(0, gardes);
+    for (const lieuPoint& lieu : lieux)
+        tries.Add(points[lieu.position]);
+    points.SetSize(gardes, gardes);
+    points.Copy(tries);
+    objets.suspecterTout();
+    reindexer();
+}
+
+void listePointsDuDessin::renumeroter(bool tout)
+{
+    const int nombre = nbPoint();
+    if (!tout) {
+        indexerEnAttente(); // under the old names
+        int numero = getMaxNum();
+        for (int i = 0; i < nombre; ++i)
+            if (sansBlancs(points[i].getNomPoint(), marquesSansNom).empty())
+                nommer(points[i], ++numero);
+        return;
+    }
+    for (int i = 0; i < nombre; ++i) {
+        nommer(points[i], i + 1);
+        points[i].updateDrawing();
+    }
+    reindexer();
+}
+
+int listePointsDuDessin::existPoint(const wchar_t* nom, int& position) const
+{
+    indexerEnAttente();
+    const auto cle = cleNom::deTexte(nom, blancsRecherche);
+    position = cle ? noms.chercher(*cle) : -1;
+    return position >= 0;
+}
+
+int listePointsDuDessin::getAt(double x, double y, pointDuDessin& trouve) const
+{
+    const pointDuDessin* const debut = points.GetData();
+    const pointDuDessin* const fin = debut + points.GetSize();
+    const pointDuDessin* const p = std::find_if(debut, fin, [x, y](const pointDuDessin& point) {
+        return std::abs(point.getX() - x) < tolerancePosition && std::abs(point.getY() - y) < tolerancePosition;
+    });
+    if (p == fin)
+        return 0;
+    trouve = *p;
+    return 1;
+}
+
+int listePointsDuDessin::findNearestTo(double x, double y, pointDuDessin& trouve) const
+{
+    if (points.IsEmpty())
+        return 0;
+    double meilleur = 1e36; // square of the distance; beyond it the first point answers
+    int position = 0;
+    for (int i = 0; i < nbPoint(); ++i) {
+        const double dx = points[i].getX() - x;
+        const double dy = points[i].getY() - y;
+        const double carre = dx * dx + dy * dy;
+        if (carre < meilleur) {
+            meilleur = carre;
+            position = i;
+        }
+    }
+    trouve = points[position];
+    return 1;
+}
+
+int listePointsDuDessin::nombreAyantCode(int code) const
+{
+    const pointDuDessin* const debut = points.GetData();
+    return static_cast<int>(std::count_if(debut, debut + points.GetSize(),
+                                          [code](const pointDuDessin& point) { return point.getCode() == code; }));
+}
+
+int listePointsDuDessin::getMaxNum() const
+{
+    int plusGrand = 0;
+    for (int i = 0; i < nbPoint(); ++i)
+        plusGrand = std::max(plusGrand, numeroDe(points[i].getNomPoint()));
+    return plusGrand;
+}
+
+void listePointsDuDessin::decalZ(const double& dz)
+{
+    const double decalage = dz; // dz may be an altitude of this table
+    for (int i = 0; i < nbPoint(); ++i)
+        if (points[i].altitudeConnue())
+            points[i].setZ(points[i].getZ() + decalage);
+}
+
+int listePointsDuDessin::getObjId(const wchar_t* nom, AcDbObjectId& id) const
+{
+    const pointDuDessin* const point = chercher(nom);
+    if (!point)
+        return 0;
+    id = point->getId();
+    return 1;
+}
+
+int listePointsDuDessin::getBlockPosition(const wchar_t* nom, AcGePoint3d& position, int& code) const
+{
+    const pointDuDessin* const point = chercher(nom);
+    if (!point)
+        return 0;
+    if (!insertionDuBloc(point->getId(), position))
+        position = point->getAs3dPnt();
+    code = point->getCode();
+    return 1;
+}
+
+void listePointsDuDessin::notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque)
+{
+    const int i = objets.chercher(id, {points.GetData(), static_cast<std::size_t>(points.GetSize())});
+    if (i < 0)
+        return;
+    pointDuDessin& point = points[i];
+    if (masque & 1)
+        point.setX(position.x);
+    if (masque & 2)
+        point.setY(position.y);
+    if (masque & 4)
+        point.setZ(position.z);
+}
+
+int listePointsDuDessin::saveToXRecord(QuarvelSerializer* s) const
+{
+    int ecrit = s->writeString(nomTable) && s->writeInt(nbPoint());
+    for (int i = 0; ecrit && i < nbPoint(); ++i)
+        ecrit = points[i].saveToXRecord(s);
+    return ecrit;
+}
+
+int listePointsDuDessin::GetFromXRecord(QuarvelSerializer* s)
+{
+    int nombre = 0;
+    if (!s->readString(nomTable) || !s->readInt(nombre) || nombre < 0)
+        return 0;
+    // No room is made ahead: a damaged count must not cost memory.
+    for (int i = 0; i < nombre; ++i) {
+        pointDuDessin point;
+        if (!point.readFromXRecord(s))
+            return 0;
+        Ajouter(point);
+    }
+    return 1;
+}
+
+const pointDuDessin* listePointsDuDessin::chercher(const wchar_t* nom) const
+{
+    int position = -1;
+    return existPoint(nom, position) ? &points.GetAt(position) : nullptr;
+}
+
+void listePointsDuDessin::reindexer()
+{
+    noms.vider();
+    premierEnAttente = 0;
+    blancsEnAttente = blancs::espacesEtTabulations;
+}
+
+void listePointsDuDessin::indexerEnAttente() const
+{
+    if (premierEnAttente == nbPoint())
+        return;
+    const std::string_view blancsDesNoms = blancsEnAttente == blancs::espaces ? blancsRecherche : blancsReindexation;
+    noms.prevoir(static_cast<std::size_t>(nbPoint()));
+    for (; premierEnAttente < nbPoint(); ++premierEnAttente)
+        noms.poser(cleNom(points[premierEnAttente].getNomPoint(), blancsDesNoms), premierEnAttente);
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "afx.h"
+#include "dbid.h"
+#include "gepnt3d.h"
+#include "points/exportation.h"
+
+class QuarvelSerializer;
+struct pointXYZ;
+
+/// Marks an altitude (and, in a point not placed yet, a coordinate) as unknown. Compared exactly.
+constexpr double coordonneeInconnue = 1e38;
+
+/// One survey point: name, position, code of the codification, and the entity that shows it in the drawing.
+/// A plain record, copied by value. X east, Y north, Z up, in drawing units.
+/// The name holds at most nine characters of Windows-1252; a longer one is cut without notice.
+class VELA_EXPORT pointDuDessin {
+public:
+    static constexpr int longueurNom = 9;
+    static constexpr int tailleNom = 10; // with the terminating zero; also the size of the stored block
+
+    /// X, Y and Z unknown, code 1, no name, not drawn.
+    pointDuDessin() = default;
+    pointDuDessin(const pointDuDessin&) = default;
+    pointDuDessin& operator=(const pointDuDessin&) = default;
+    /// Takes everything but the drawn entity, which stays.
+    pointDuDessin& operator=(const pointXYZ& point);
+    /// Same code, same name but for letter case, and X, Y, Z each less than 0.0001 apart. The entity does not count.
+    bool operator==(const pointDuDessin& autre) const;
+
+    /// Horizontal distance.
+    double distanceTo(const pointDuDessin& autre) const;
+
+    double getX() const { return X; }
+    double getY() const { return Y; }
+    double getZ() const { return Z; }
+    void setX(double x) { X = x; }
+    void setY(double y) { Y = y; }
+    void setZ(double z) { Z = z; }
+    void getXY(double& x, double& y) const;
+    /// Sets all three, in spite of its name.
+    void setXY(double x, double y, double z);
+    /// X, Y, Z as they are, the unknown marker included.
+    AcGePoint3d getAs3dPnt() const { return {X, Y, Z}; }
+    /// Where a host point shows the point: at elevation 0 when the altitude is unknown.
+    AcGePoint3d positionDessinee() const { return {X, Y, altitudeConnue() ? Z : 0.0}; }
+    bool altitudeConnue() const { return Z != coordonneeInconnue; }
+
+    int getCode() const { return code; }
+    void setCode(int leCode) { code = leCode; }
+    /// The entity that shows the point; null when it is not drawn.
+    AcDbObjectId& getId() { return id; }
+    const AcDbObjectId& getId() const { return id; }
+    void setId(AcDbObjectId lId) { id = lId; }
+
+    /// In Windows-1252.
+    const char* getNomPoint() const { return nom; }
+    /// A null pointer gives the empty name.
+    void setNomPoint(const char* leNom);
+    void setNomPoint(const wchar_t* leNom);
+    void setParams(const wchar_t* leNom, const AcGePoint3d& position, int leCode);
+
+    /// The altitude with as many decimals as the code of the point asks for; empty when it is unknown.
+    void getZAsString(CString& texte) const;
+
+    /// Brings the entity that shows the point in line with it: a host point goes to positionDessinee(). A point that is
+    /// not drawn, or whose entity is of another kind or cannot be opened, changes nothing.
+    void updateDrawing() const;
+
+    /// One point of the stored form: name as a block of ten bytes, code, X, Y, Z, reference to the entity.
+    /// @return 1, or 0 at the first item that fails.
+    int saveToXRecord(QuarvelSerializer* s) const;
+    int readFromXRecord(QuarvelSerializer* s);
+
+private:
+    double X = coordonneeInconnue;
+    double Y = coordonneeInconnue;
+    double Z = coordonneeInconnue;
+    int code = 1;
+    char nom[tailleNom] = {};
+    AcDbObjectId id;
+};

@@ -1,0 +1,130 @@
+#include "points/projetDansDessin.h"
+
+#include "points/ResbufSerializer.h"
+
+#include "acutads.h"
+#include "dbapserv.h"
+#include "dbdict.h"
+#include "dbsymtb.h"
+#include "dbxrecrd.h"
+
+#include <memory>
+
+projetsTopo* tablesPoints = nullptr;
+int sauverInfosTopo = 0;
+
+namespace {
+
+constexpr const wchar_t* cleProjet = L"QUARVEL4_VELA_DATA";
+constexpr const wchar_t* nomCalque = L"0";
+
+AcDbDatabase* dessinDeTravail()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
+
+AcDbObjectId creerCalque(AcDbLayerTable* calques)
+{
+    auto calque = std::make_unique<AcDbLayerTableRecord>();
+    AcCmColor rouge;
+    rouge.setColorIndex(1);
+    calque->setName(nomCalque);
+    calque->setColor(rouge);
+    AcDbObjectId id;
+    if (calques->upgradeOpen() == Acad::eOk && calques->add(id, calque.get()) == Acad::eOk)
+        calque.release()->close();
+    return id;
+}
+
+/// Layer "0", made when the drawing lacks it; null when that cannot be.
+AcDbObjectId calqueDuProjet(AcDbDatabase* db)
+{
+    AcDbLayerTable* ouverts = nullptr;
+    if (!db || db->getLayerTable(ouverts, AcDb::kForRead) != Acad::eOk)
+        return {};
+    AcDbObjectId id;
+    if (ouverts->getAt(nomCalque, id) != Acad::eOk)
+        id = creerCalque(ouverts);
+    ouverts->close();
+    return id;
+}
+
+/// The extension dictionary of the layer; null when there is none. With `creer` it is made first.
+AcDbObjectId dictionnaireDuCalque(AcDbObjectId idCalque, bool creer)
+{
+    const AcDbObjectPointer<AcDbLayerTableRecord> calque(idCalque, AcDb::kForRead);
+    if (calque.openStatus() != Acad::eOk)
+        return {};
+    if (creer && calque->extensionDictionary().isNull() && calque->upgradeOpen() == Acad::eOk)
+        calque->createExtensionDictionary();
+    return calque->extensionDictionary();
+}
+
+/// The stored chain, for the caller to release; null when there is none.
+resbuf* chaineStockee(AcDbDatabase* db)
+{
+    const AcDbObjectPointer<AcDbDictionary> dictionnaire(dictionnaireDuCalque(calqueDuProjet(db), false));
+    AcDbObjectId id;
+    if (dictionnaire.openStatus() != Acad::eOk || dictionnaire->getAt(cleProjet, id) != Acad::eOk)
+        return nullptr;
+    const AcDbObjectPointer<AcDbXrecord> enregistrement(id);
+    resbuf* chaine = nullptr;
+    if (enregistrement.openStatus() == Acad::eOk)
+        enregistrement->rbChain(&chaine, db);
+    return chaine;
+}
+
+/// Stores the chain, empty or not, as a new record in place of the earlier one, which stays if the data are refused.
+bool stocker(AcDbDatabase* db, const resbuf* chaine)
+{
+    const AcDbObjectPointer<AcDbDictionary> dictionnaire(dictionnaireDuCalque(calqueDuProjet(db), true),
+                                                         AcDb::kForWrite);
+    if (dictionnaire.openStatus() != Acad::eOk)
+        return false;
+    auto enregistrement = std::make_unique<AcDbXrecord>();
+    enregistrement->setXlateReferences(true);
+    if (chaine && enregistrement->setFromRbChain(*chaine, db) != Acad::eOk)
+        return false;
+    AcDbObjectId id;
+    if (dictionnaire->setAt(cleProjet, enregistrement.get(), id) != Acad::eOk)
+        return false;
+    enregistrement.release()->close(); // the drawing's from now on
+    return true;
+}
+
+} // namespace
+
+void setSrcInfosTopo(AcDbDatabase* db, projetsTopo* projet, int sauver, int lire)
+{
+    tablesPoints = projet;
+    sauverInfosTopo = sauver;
+    if (!lire || !tablesPoints)
+        return;
+    ResbufSerializer s(chaineStockee(db ? db : dessinDeTravail()));
+    acutPrintf(L"\nLecture des donn\u00e9es Topo");
+    tablesPoints->GetFromXRecord(&s);
+}
+
+void purgeInfosTopo()
+{
+    AcDbDatabase* const db = dessinDeTravail();
+    if (db && !stocker(db, nullptr))
+        acutPrintf(messageErreurEcriture);
+}
+
+void enregistrerInfosTopo()
+{
+    AcDbDatabase* const db = dessinDeTravail();
+    if (!tablesPoints || !db)
+        return;
+    ResbufSerializer s;
+    if (sauverInfosTopo)
+        tablesPoints->SaveToXRecord(&s); // one that fails says so; what it wrote is stored
+    if (!stocker(db, s.chaine()))
+        acutPrintf(messageErreurEcriture);
+}
+
+listePointsDuDessin* tableCourante()
+{
+    return tablesPoints ? tablesPoints->currTable() : nullptr;
+}
