@@ -1,0 +1,72 @@
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "db/DatabaseImpl.h"
+#include "erreurProgramme.h"
+#include "fichierDessin.h"
+#include "platform/CodePage.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+struct choixConvertir {
+    std::string source;
+    std::string cible;
+    bool binaire = false;
+    bool ascii = false;
+};
+
+/// The form of the new file: that of the old one unless asked otherwise.
+DxfForm formeCible(const DxfForm& source, const choixConvertir& choix)
+{
+    DxfForm forme = source;
+    if (choix.binaire || choix.ascii) {
+        forme.binary = choix.binaire;
+        forme.oneByteCodes = false;
+    }
+    return forme;
+}
+
+void afficherBilan(const AcDbDatabaseImpl& dessin, const choixConvertir& choix, const DxfForm& forme)
+{
+    for (const std::string& probleme : dessin.problems())
+        std::cerr << "Attention : " << probleme << '\n';
+    const int ancienne = dessin.file().versionOnDisk();
+    if (ancienne != forme.version)
+        std::cout << "Dessin " << nomVersion(ancienne) << " mis à niveau : " << nomVersion(forme.version) << ".\n";
+    std::cout << choix.cible << " : DXF " << (forme.binary ? "binaire" : "texte") << " " << nomVersion(forme.version)
+              << " (AC" << forme.version << ")\n";
+}
+
+/// The drawing is opened without its modules: they would store their data in it.
+void convertir(const choixConvertir& choix)
+{
+    exigerExtensionDxf(choix.cible);
+    AcDbDatabase base(false);
+    const auto refuser = [&base] { throw erreurProgramme(platform::utf8FromWide(base.lastError())); };
+    if (base.readDwgFile(platform::wideFromUtf8(choix.source).c_str()) != Acad::eOk)
+        refuser();
+    const DxfForm forme = formeCible(base.impl().form(), choix);
+    if (base.impl().save(platform::wideFromUtf8(choix.cible), forme) != Acad::eOk)
+        refuser();
+    afficherBilan(base.impl(), choix, forme);
+}
+
+} // namespace
+
+void ajouterCommandeConvertir(CLI::App& programme)
+{
+    CLI::App& commande = *programme.add_subcommand("convertir", "Ouvre un dessin et l'enregistre sous un autre nom");
+    commande.group(groupeCommandes);
+    const auto choix = std::make_shared<choixConvertir>();
+    commande.add_option("A", choix->source, "Dessin à lire")->type_name("")->required();
+    commande.add_option("B", choix->cible, "Dessin à écrire, en « .dxf » (l'ancien est gardé en « .bak »)")
+        ->type_name("")
+        ->required();
+    CLI::Option* const binaire = commande.add_flag("--binaire", choix->binaire, "Écrit du DXF binaire");
+    commande.add_flag("--ascii", choix->ascii, "Écrit du DXF texte")->excludes(binaire);
+    commande.callback([choix] { convertir(*choix); });
+}

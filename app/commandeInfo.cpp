@@ -1,0 +1,32 @@
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "inventaireDessin.h"
+#include "sessionHote.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace {
+
+struct choixInfo {
+    std::string dessin;
+    bool json = false;
+};
+
+} // namespace
+
+void ajouterCommandeInfo(CLI::App& programme)
+{
+    CLI::App& commande = *programme.add_subcommand("info", "Dit ce qu'un dessin contient");
+    commande.group(groupeCommandes);
+    const auto choix = std::make_shared<choixInfo>();
+    commande.add_option("DESSIN", choix->dessin, "Fichier DXF")->type_name("")->required();
+    commande.add_flag("--json", choix->json, "Donne tout en JSON, et rien d'autre");
+    commande.callback([choix] {
+        sessionHote session(std::cerr);
+        const inventaireDessin inventaire = inventorier(session.ouvrir(choix->dessin), choix->dessin);
+        (choix->json ? static_cast<void (*)(const inventaireDessin&)>(afficherJson) : afficherTexte)(inventaire);
+    });
+}

@@ -1,0 +1,60 @@
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "traitementFermee.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace {
+
+/// These stand in the help under a heading that says what they need.
+void declarerPlacement(CLI::App& commande, demandeFermee& demande)
+{
+    CLI::Option* const placer =
+        commande.add_flag("--placer", demande.placer, "Place les stations dans la table de points courante du dessin");
+    const auto avecPlacer = [placer](CLI::Option* option, const char* valeur) {
+        option->needs(placer)->group("Options de placement, avec --placer")->option_text(valeur);
+    };
+    avecPlacer(commande.add_option("--dessin", demande.dessin, "Dessin où placer les stations (sans lui, un neuf)"),
+               "D.dxf");
+    avecPlacer(commande.add_option("--enregistrer", demande.enregistrer,
+                                   "Dessin à écrire (sans lui, D.dxf est remplacé ; l'ancien est gardé en « .bak »)"),
+               "S.dxf");
+    avecPlacer(commande.add_option("--code", demande.code, "Code des stations, 1 à 9999 (100 sinon)"), "N");
+    avecPlacer(commande.add_flag("--altitudes", demande.altitudes, "Place aussi les altitudes"), " ");
+    avecPlacer(commande.add_flag("--originale", demande.originale, "Dessine la polygonale observée (rouge)"), " ");
+    avecPlacer(commande.add_flag("--compensee", demande.compensee, "Dessine la polygonale compensée (vert)"), " ");
+}
+
+struct choixFermee {
+    demandeFermee demande;
+    bool json = false;
+};
+
+void ajouterFermee(CLI::App& polygonale)
+{
+    CLI::App& commande = *polygonale.add_subcommand("fermee", "Polygonale fermée : une boucle qui revient au départ");
+    commande.group(groupeCommandes);
+    const auto choix = std::make_shared<choixFermee>();
+    commande.add_option("FICHIER", choix->demande.observations, "Fichier de polygonale (« .obs »)")
+        ->type_name("")
+        ->required();
+    commande.add_option("--rapport", choix->demande.rapport, "Écrit le rapport de calcul")->type_name("F.html");
+    declarerPlacement(commande, choix->demande);
+    commande.add_flag("--json", choix->json, "Donne tout en JSON, et rien d'autre");
+    commande.callback([choix] {
+        const traitementFermee traitement = traiterPolygonaleFermee(choix->demande);
+        (choix->json ? afficherJson : afficherTexte)(choix->demande, traitement);
+    });
+}
+
+} // namespace
+
+void ajouterCommandePolygonale(CLI::App& programme)
+{
+    CLI::App& commande = *programme.add_subcommand("polygonale", "Calcule et compense une polygonale");
+    commande.group(groupeCommandes);
+    commande.require_subcommand(1);
+    ajouterFermee(commande);
+}

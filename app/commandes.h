@@ -1,0 +1,13 @@
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+// Each declares one command of the program: its options, and what is done once they are read. What goes wrong meanwhile
+// is thrown as erreurProgramme.
+
+void ajouterCommandePolygonale(CLI::App& programme);
+void ajouterCommandeInfo(CLI::App& programme);
+void ajouterCommandeConvertir(CLI::App& programme);
+void ajouterCommandeExecuter(CLI::App& programme);

@@ -1,0 +1,34 @@
+#include "fichierDessin.h"
+
+#include "erreurProgramme.h"
+
+#include <array>
+#include <filesystem>
+
+void exigerExtensionDxf(const std::string& chemin)
+{
+    const std::string extension = std::filesystem::path(chemin).extension().string();
+    const auto lettre = [&extension](std::size_t i) { return static_cast<char>(extension[i] | 0x20); };
+    if (extension.size() != 4 || lettre(1) != 'd' || lettre(2) != 'x' || lettre(3) != 'f')
+        throw erreurProgramme("« " + chemin + " » : un dessin s'enregistre en DXF, donnez un nom en « .dxf ».");
+}
+
+std::string nomAncienDessin(const std::string& chemin)
+{
+    return std::filesystem::path(chemin).replace_extension(".bak").string();
+}
+
+std::string nomVersion(int version)
+{
+    struct nom {
+        int premiere; // the first version of that name
+        const char* texte;
+    };
+    constexpr std::array noms{nom{1032, "2018"}, nom{1027, "2013"}, nom{1024, "2010"},
+                              nom{1021, "2007"}, nom{1018, "2004"}, nom{1015, "2000"},
+                              nom{1014, "R14"},  nom{1012, "R13"},  nom{1009, "R12"}};
+    for (const nom& connu : noms)
+        if (version == connu.premiere)
+            return connu.texte;
+    return version < 1009 ? "avant R12" : "inconnue";
+}

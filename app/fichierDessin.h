@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+/// Drawings are written as DXF. @throws erreurProgramme for a name that does not end in ".dxf" (in any letter case).
+void exigerExtensionDxf(const std::string& chemin);
+
+/// Where saving keeps the file that was there before.
+std::string nomAncienDessin(const std::string& chemin);
+
+/// Version as users know it: "R12", "2010"; the number alone when there is no such name.
+std::string nomVersion(int version);

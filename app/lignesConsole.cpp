@@ -1,0 +1,24 @@
+#include "lignesConsole.h"
+
+#include "platform/CodePage.h"
+
+#include <ostream>
+#include <string_view>
+
+void lignesConsole::ecrire(const std::wstring& texte)
+{
+    std::wstring_view reste = texte;
+    if (debutDeLigne && reste.starts_with(L'\n'))
+        reste.remove_prefix(1);
+    if (reste.empty())
+        return;
+    flux << platform::utf8FromWide(reste);
+    debutDeLigne = reste.ends_with(L'\n');
+}
+
+void lignesConsole::terminer()
+{
+    if (!debutDeLigne)
+        flux << '\n';
+    debutDeLigne = true;
+}

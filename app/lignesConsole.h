@@ -1,0 +1,19 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+/// Shows on a stream what modules and commands print. Their texts begin with a line break where those of a stream end
+/// with one: a break that would only leave an empty line first is dropped.
+class lignesConsole {
+public:
+    explicit lignesConsole(std::ostream& leFlux) : flux(leFlux) {}
+
+    void ecrire(const std::wstring& texte);
+    /// Ends the line that was begun, if any.
+    void terminer();
+
+private:
+    std::ostream& flux;
+    bool debutDeLigne = true;
+};

@@ -1,0 +1,6 @@
+#include "programme.h"
+
+int main(int argc, char** argv)
+{
+    return lancerProgramme(argc, argv);
+}

@@ -1,0 +1,29 @@
+#include "nombres.h"
+
+#include "calculs/grandeur.h"
+#include "reports/nombreFixe.h"
+
+#include <cmath>
+#include <iostream>
+
+std::string nombreTexte(double valeur, int decimales)
+{
+    if (valeur == inconnu)
+        return "inconnu";
+    if (!std::isfinite(valeur))
+        return "non défini";
+    const std::string texte = nombreFixe(valeur, decimales);
+    // Less than half of the last decimal below zero: no sign for what reads as zero.
+    return texte.find_first_not_of("-0.") == std::string::npos && texte.starts_with('-') ? texte.substr(1) : texte;
+}
+
+nlohmann::ordered_json nombreJson(double valeur)
+{
+    return valeur == inconnu || !std::isfinite(valeur) ? nlohmann::ordered_json(nullptr)
+                                                       : nlohmann::ordered_json(valeur);
+}
+
+void ecrireJson(const nlohmann::ordered_json& json)
+{
+    std::cout << json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+}

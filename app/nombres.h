@@ -1,0 +1,13 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+/// As text, with that many decimals: "inconnu" for the unknown value (1e38), "non défini" for one that is not finite.
+std::string nombreTexte(double valeur, int decimales);
+
+/// As JSON, in full; null where a text would say "inconnu" or "non défini".
+nlohmann::ordered_json nombreJson(double valeur);
+
+/// Prints a JSON value, on lines, as UTF-8; bytes that are no characters become U+FFFD.
+void ecrireJson(const nlohmann::ordered_json& json);

@@ -1,0 +1,84 @@
+#include "sessionHote.h"
+
+#include "ap/DocumentList.h"
+#include "erreurProgramme.h"
+#include "platform/CodePage.h"
+#include "rx/Console.h"
+#include "rx/ModuleTable.h"
+
+#include <array>
+#include <filesystem>
+#include <optional>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// In the order of loading: the main module hands projects over to the survey module.
+constexpr std::array modulesTopo{"Vela-ARX2015-64BITS.arx", "VelaPrincipal-ARX2015-64BITS.arx"};
+
+/// Beside the program, or where an installation puts modules.
+fs::path fichierModule(const char* nom)
+{
+    const fs::path dossier = fs::read_symlink("/proc/self/exe").parent_path();
+    const fs::path aCote = dossier / nom;
+    return fs::exists(aCote) ? aCote : (dossier / "../lib/vela" / nom).lexically_normal();
+}
+
+void exigerReussite(const std::optional<std::wstring>& refus)
+{
+    if (refus)
+        throw erreurProgramme(platform::utf8FromWide(*refus));
+}
+
+} // namespace
+
+sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
+{
+    Console::instance().setSink([this](const std::wstring& texte) { lignes.ecrire(texte); });
+    DocumentList::instance(); // modules ask for the documents from their first message on
+    try {
+        for (const char* nom : modulesTopo)
+            exigerReussite(ModuleTable::instance().load(platform::wideFromUtf8(fichierModule(nom).string())));
+    } catch (...) {
+        fermer();
+        throw;
+    }
+}
+
+sessionHote::~sessionHote()
+{
+    fermer();
+}
+
+void sessionHote::fermer()
+{
+    ModuleTable::instance().quit();
+    DocumentList::instance().closeAll();
+    ModuleTable::instance().unloadAll();
+    lignes.terminer();
+    Console::instance().setSink({});
+}
+
+Document& sessionHote::ouvrir(const std::string& chemin)
+{
+    const DocumentList::Opened ouvert = DocumentList::instance().open(platform::wideFromUtf8(chemin));
+    if (!ouvert.document)
+        throw erreurProgramme(platform::utf8FromWide(ouvert.failure));
+    return *ouvert.document;
+}
+
+Document& sessionHote::creer()
+{
+    return DocumentList::instance().create();
+}
+
+void sessionHote::enregistrer(Document& document, const std::string& chemin)
+{
+    exigerReussite(DocumentList::instance().saveAs(document, platform::wideFromUtf8(chemin)));
+}
+
+void sessionHote::enregistrer(Document& document)
+{
+    exigerReussite(DocumentList::instance().save(document));
+}
