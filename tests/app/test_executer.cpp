@@ -1,0 +1,87 @@
+#include "programme.h"
+
+using nlohmann::json;
+
+namespace {
+
+class executer : public dossierEssai {
+protected:
+    execution script(const std::string& contenu, const std::string& options = "") const
+    {
+        ecrire("essai.scr", contenu);
+        return vela("executer essai.scr" + options);
+    }
+};
+
+} // namespace
+
+TEST_F(executer, EvaluatesAutoLisp)
+{
+    const execution run = script("; trois points, puis le plus grand numéro\n"
+                                 "\n"
+                                 "(add_pt \"7\" '(10.0 20.0 5.5) 12)\n"
+                                 "  (add_pt \"8\" (list 30 40.5))\r\n"
+                                 "(ADD_PT \"S \\\"1\\\"\" '(1 2 3))\n"
+                                 "(maxnum)\n"
+                                 "(analyse \"a b,c\")\n"
+                                 "(mapcar 'add_pt '(\"20\" \"21\") '((1 2) (3 4)))\n"
+                                 "(defun c:bonjour () (princ (strcat \"Bonjour \" (itoa (maxnum)))) (princ))\n"
+                                 "BONJOUR\n"
+                                 "(c:bonjour)\n"
+                                 "(setvar \"OSMODE\" 5)\n"
+                                 "(type (getvar \"LUNITS\"))\n");
+    EXPECT_EQ(run.statut, 0) << run.erreurs;
+    EXPECT_EQ(run.sortie, "Lecture des données Topo\n" // what the console shows as a drawing opens
+                          "T\nT\nT\n9\n(\"a\" \"b\" \"c\")\n(T T)\nC:BONJOUR\nBonjour 22\nBonjour 22\n5\nINT\n");
+    EXPECT_EQ(run.erreurs, "");
+}
+
+TEST_F(executer, SavesAndOpensDrawings)
+{
+    const execution run = script("(add_pt \"1\" '(10.0 20.0 5.5) 12)\n"
+                                 "(add_pt \"2\" '(10.0 30.0) 12)\n"
+                                 "PTSEN3D\n"
+                                 "_SAVEAS premier.dxf\n"
+                                 "(add_pt \"3\" '(10.0 40.0 5.5))\n"
+                                 "SAVEAS\n"
+                                 "\"second.dxf\"\n"
+                                 "OUVRIR premier.dxf\n"
+                                 "(maxnum)\n");
+    EXPECT_EQ(run.statut, 0) << run.erreurs;
+    EXPECT_TRUE(run.sortie.ends_with("3\n")) << run.sortie; // the drawing opened last holds points 1 and 2
+    const json premier = velaJson("info premier.dxf");
+    EXPECT_EQ(premier["tablesPoints"][0]["points"], 2);
+    EXPECT_EQ(premier["entitesParClasse"], json({{"POINT", 1}})) << "only point 1 has an altitude";
+    EXPECT_EQ(velaJson("info second.dxf")["tablesPoints"][0]["points"], 3);
+
+    EXPECT_EQ(script("(add_pt \"9\" '(1 2 3))\nQSAVE\n", " --dessin premier.dxf").statut, 0);
+    EXPECT_EQ(velaJson("info premier.dxf")["tablesPoints"][0]["points"], 3);
+    EXPECT_TRUE(std::filesystem::exists(chemin("premier.bak")));
+}
+
+TEST_F(executer, StopsAtTheLineThatFails)
+{
+    struct cas {
+        const char* nom;
+        const char* ligne;
+        const char* message;
+    };
+    for (const cas& c :
+         {cas{"unknown command", "PAS_CA", "PAS_CA"},
+          cas{"unknown function", "(pas_ca 1)", "aucune définition de fonction : PAS_CA, dans (PAS_CA 1)"},
+          cas{"unbalanced", "(maxnum", "parenthèse fermante manquante"},
+          cas{"text not closed", "(analyse \"a", "guillemet fermant manquant"},
+          cas{"more than a call", "(maxnum))", "parenthèse fermante en trop"},
+          cas{"a call inside", "(list (car 5))", "argument de type incorrect : listp: 5, dans (CAR 5)"},
+          cas{"a bad number", "(analyse 1.2.3)", "« 1.2.3 »"}, cas{"no file yet", "QSAVE", "n'a pas encore de fichier"},
+          cas{"another format", "SAVEAS plan.dwg", "donnez un nom en « .dxf »"},
+          cas{"no file", "OPEN absent.dxf", "absent.dxf : fichier introuvable"}}) {
+        SCOPED_TRACE(c.nom);
+        const execution run = script(std::string("; un commentaire\n\n") + c.ligne + "\n(add_pt \"1\" '(1 2))\n");
+        EXPECT_EQ(run.statut, 1);
+        EXPECT_NE(run.erreurs.find("essai.scr, ligne 3 : "), std::string::npos) << run.erreurs;
+        EXPECT_NE(run.erreurs.find(c.message), std::string::npos) << run.erreurs;
+        EXPECT_EQ(run.sortie.find("\nT\n"), std::string::npos) << "the next line was run";
+    }
+    EXPECT_EQ(vela("executer absent.scr").statut, 1);
+}

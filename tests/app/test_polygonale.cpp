@@ -1,0 +1,203 @@
+#include "programme.h"
+
+#include <array>
+#include <cmath>
+
+using nlohmann::json;
+
+namespace {
+
+constexpr const char* fichier = "polygonale-fermee-grades.obs";
+
+/// The published case sums up figures rounded to the millimetre.
+constexpr double tolerance = 0.0015;
+
+struct stationPubliee {
+    const char* nom;
+    double x, y;
+};
+constexpr std::array stationsPubliees{stationPubliee{"A", 1020.678, -1814.522},
+                                      stationPubliee{"1", 1104.904, -2015.194}, stationPubliee{"2", 990.315, -1890.031},
+                                      stationPubliee{"3", 907.124, -1851.777}};
+
+class polygonaleFermee : public dossierEssai {
+protected:
+    polygonaleFermee() { copierExemple(fichier); }
+
+    execution fermee(const std::string& options) const
+    {
+        return vela(std::string("polygonale fermee ") + fichier + options);
+    }
+    json fermeeJson(const std::string& options) const
+    {
+        return velaJson(std::string("polygonale fermee ") + fichier + options);
+    }
+};
+
+int pointsDeLaTableCourante(const json& info)
+{
+    for (const json& table : info["tablesPoints"])
+        if (table["courante"])
+            return table["points"];
+    return -1;
+}
+
+} // namespace
+
+TEST_F(polygonaleFermee, GivesTheFiguresOfThePublishedCase)
+{
+    const json r = fermeeJson("");
+    const json& f = r["fermetures"];
+    EXPECT_NEAR(f["erreurAngulaire"], -0.0514, 1e-9);
+    EXPECT_NEAR(f["correctionAngulaire"], -0.01285, 1e-9);
+    EXPECT_NEAR(f["longueur"], 598.4, 1e-9);
+    EXPECT_NEAR(f["fx"], 0.048, tolerance);
+    EXPECT_NEAR(f["fy"], 0.022, tolerance);
+    EXPECT_EQ(f["fz"], 0.0);
+    EXPECT_NEAR(f["relative"], 598.4 / std::hypot(0.048, 0.022), 400.0); // closures known to a millimetre only
+    EXPECT_EQ(r["unite"], "grades");
+    EXPECT_EQ(r["nivellement"], "aucun");
+    EXPECT_EQ(r["visees"][0]["angle"], 294.8914); // in full, as typed
+    EXPECT_NEAR(r["visees"][1]["gisement"], 352.81115, 1e-9);
+    ASSERT_EQ(r["stations"].size(), stationsPubliees.size());
+    for (std::size_t i = 0; i < stationsPubliees.size(); ++i) {
+        const auto& [nom, x, y] = stationsPubliees[i];
+        const json& station = r["stations"][i];
+        EXPECT_EQ(station["nom"], nom);
+        EXPECT_NEAR(station["x"], x, tolerance) << nom;
+        EXPECT_NEAR(station["y"], y, tolerance) << nom;
+    }
+    EXPECT_TRUE(r["avertissements"].empty()) << r["avertissements"];
+    EXPECT_TRUE(r["dessin"].is_null());
+}
+
+TEST_F(polygonaleFermee, PrintsClosuresAndAnAlignedTable)
+{
+    const execution run = fermee("");
+    EXPECT_EQ(run.statut, 0);
+    EXPECT_EQ(run.erreurs, "");
+    EXPECT_NE(run.sortie.find("Erreur angulaire         -0.05140  gr\n"), std::string::npos) << run.sortie;
+    EXPECT_NE(run.sortie.find("  Station          X           Y       Z\n"
+                              "  A        1020.6780  -1814.5220  0.0000\n"),
+              std::string::npos)
+        << run.sortie;
+}
+
+TEST_F(polygonaleFermee, WritesAReportThatDeclaresItsEncoding)
+{
+    EXPECT_EQ(fermee(" --rapport rapport.html").statut, 0);
+    const std::string rapport = lire("rapport.html");
+    EXPECT_NE(rapport.find("charset=windows-1252"), std::string::npos);
+    EXPECT_NE(rapport.find("Station de d\xE9part"), std::string::npos);
+    EXPECT_LT(rapport.find("charset=windows-1252"), rapport.find("Station de d\xE9part"));
+}
+
+TEST_F(polygonaleFermee, PlacesStationsInASiteDrawing)
+{
+    copierExemple("chantier.dxf");
+    const std::string avant = lire("chantier.dxf");
+    const json infoAvant = velaJson("info chantier.dxf");
+    const json r = fermeeJson(" --dessin chantier.dxf --placer --originale --compensee --enregistrer corrige.dxf");
+    EXPECT_EQ(r["pointsPlaces"], 4);
+    EXPECT_EQ(r["code"], 100);
+    EXPECT_EQ(lire("chantier.dxf"), avant) << "the drawing read is not the one written";
+
+    const json info = velaJson("info corrige.dxf");
+    EXPECT_EQ(pointsDeLaTableCourante(info), pointsDeLaTableCourante(infoAvant) + 4);
+    const auto compte = [](const json& inventaire, const char* classe) {
+        return inventaire["entitesParClasse"].value(classe, 0);
+    };
+    EXPECT_EQ(compte(info, "POINT"), compte(infoAvant, "POINT") + 4);
+    EXPECT_EQ(compte(info, "LWPOLYLINE"), compte(infoAvant, "LWPOLYLINE") + 2);
+    EXPECT_EQ(compte(info, "INSERT"), compte(infoAvant, "INSERT"));
+    EXPECT_EQ(info["problemes"], infoAvant["problemes"]);
+
+    fermee(" --dessin corrige.dxf --placer --altitudes");
+    EXPECT_EQ(pointsDeLaTableCourante(velaJson("info corrige.dxf")), pointsDeLaTableCourante(info) + 4)
+        << "stations placed twice are there twice";
+}
+
+TEST_F(polygonaleFermee, KeepsTheOldDrawingItReplaces)
+{
+    copierExemple("chantier.dxf");
+    const std::string avant = lire("chantier.dxf");
+    const execution run = fermee(" --dessin chantier.dxf --placer");
+    EXPECT_EQ(run.statut, 0) << run.erreurs;
+    EXPECT_NE(run.sortie.find("Le dessin d'avant est gardé : chantier.bak\n"), std::string::npos) << run.sortie;
+    EXPECT_EQ(lire("chantier.bak"), avant);
+    EXPECT_NE(lire("chantier.dxf"), avant);
+}
+
+TEST_F(polygonaleFermee, MakesANewDrawingWithoutOneToRead)
+{
+    const json r = fermeeJson(" --placer --code 12 --enregistrer neuf.dxf");
+    EXPECT_EQ(r["code"], 12);
+    EXPECT_TRUE(r["ancienDessin"].is_null());
+    const json info = velaJson("info neuf.dxf");
+    EXPECT_EQ(pointsDeLaTableCourante(info), 4);
+    EXPECT_EQ(info["entitesParClasse"]["POINT"], 4);
+    EXPECT_NEAR(info["etendueCalculee"]["min"][0], 907.124, tolerance);
+    EXPECT_NEAR(info["etendueCalculee"]["max"][1], -1814.522, tolerance);
+    EXPECT_EQ(info["etendueCalculee"]["min"][2], 0.0) << "altitudes are not placed unless asked for";
+}
+
+TEST_F(polygonaleFermee, TakesCode100ForACodeOutOfRange)
+{
+    for (const char* code : {"0", "10000", "-5"}) {
+        const json r = fermeeJson(std::string(" --placer --enregistrer neuf.dxf --code ") + code);
+        EXPECT_EQ(r["code"], 100) << code;
+        EXPECT_EQ(r["avertissements"].size(), 1u) << code;
+    }
+}
+
+TEST_F(polygonaleFermee, WarnsInFrenchAndGoesOn)
+{
+    std::string texte = lire(fichier);
+    const std::string distance = "217.63000";
+    texte.replace(texte.find(distance), distance.size(), "217,63000");
+    ecrire("virgule.obs", texte + "un deux trois\n");
+    const execution run = vela("polygonale fermee virgule.obs");
+    EXPECT_EQ(run.statut, 0);
+    EXPECT_NE(run.erreurs.find("Attention : virgule.obs, ligne "), std::string::npos) << run.erreurs;
+    EXPECT_NE(run.erreurs.find("Le séparateur décimal est le point."), std::string::npos) << run.erreurs;
+    const execution enJson = vela("polygonale fermee virgule.obs --json");
+    EXPECT_EQ(enJson.erreurs, "");
+    EXPECT_EQ(json::parse(enJson.sortie)["avertissements"].size(), 2u);
+}
+
+TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
+{
+    ecrire("court.obs", "Nom=\"A\" X=1 Y=2 Z=3 Gis=4\n\"A\" 100 10 0\n");
+    copierExemple("chantier.dxf");
+    ecrire("coupe.dxf", lire("chantier.dxf").substr(0, 5000));
+    const std::string placer = std::string("polygonale fermee ") + fichier + " --placer ";
+    struct cas {
+        const char* nom;
+        std::string arguments;
+        const char* message;
+    };
+    const std::array lignes{
+        cas{"no such traverse file", "polygonale fermee absent.obs", "absent.obs : lecture impossible du fichier."},
+        cas{"one observation", "polygonale fermee court.obs", "court.obs : données insuffisantes"},
+        cas{"no such drawing", placer + "--dessin absent.dxf", "absent.dxf : fichier introuvable"},
+        cas{"a damaged drawing", placer + "--dessin coupe.dxf --enregistrer s.dxf", "coupe.dxf"},
+        cas{"no drawing at all", placer, "--enregistrer"},
+        cas{"a drawing of another kind", placer + "--enregistrer plan.dwg", "donnez un nom en « .dxf »"},
+        cas{"the report over the data", std::string("polygonale fermee ") + fichier + " --rapport " + fichier,
+            "est un fichier de données"},
+        cas{"a report where there is no folder", std::string("polygonale fermee ") + fichier + " --rapport rien/r.html",
+            "le rapport n'a pas pu être écrit"},
+        cas{"a drawing where there is no folder", placer + "--enregistrer rien/s.dxf", "rien/s.dxf"},
+    };
+    const std::string donnees = lire(fichier);
+    for (const cas& ligne : lignes)
+        for (const char* option : {"", " --json"}) {
+            SCOPED_TRACE(std::string(ligne.nom) + option);
+            const execution run = vela(ligne.arguments + option);
+            EXPECT_EQ(run.statut, 1);
+            EXPECT_EQ(run.sortie, "");
+            EXPECT_NE(run.erreurs.find(ligne.message), std::string::npos) << run.erreurs;
+        }
+    EXPECT_EQ(lire(fichier), donnees);
+    EXPECT_FALSE(std::filesystem::exists(chemin("s.dxf")));
+}

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "db/DatabaseImpl.h"
+#include "db/Opening.h"
+#include "dbents.h"
+#include "dbxrecrd.h"
+
+/// Small drawings written by hand. Tags stand one a line: group code, one blank, value.
+
+/// What a drawing holds beside what every drawing has. Handles below 40 are the drawing's own: tables 1 to 9, layer "0"
+/// 10, model space 1F, paper space 1B, root dictionary C.
+struct SmallDrawing {
+    std::string version = "AC1024";
+    std::string codePage = "ANSI_1252";
+    std::string eol = "\r\n";
+    std::string first;  ///< before the first section
+    std::string header; ///< variables
+    std::string classes, layers, styles, linetypes, applications, blockRecords, blocks, entities;
+    std::string rootEntries; ///< of the root dictionary
+    std::string objects;
+    std::string sections;   ///< behind OBJECTS
+    std::string afterEnd;   ///< bytes behind EOF
+    bool modelSpace = true; ///< whether the block of model space is there
+
+    /// As an ASCII file.
+    std::string text() const;
+    /// As a binary one.
+    std::string binary() const;
+};
+
+/// Tags in the form of an ASCII file.
+std::string asTags(const std::string& lines, const std::string& eol = "\r\n");
+
+/// The tags of a file as lines "code|value"; texts as their bytes.
+std::vector<std::string> tagsOf(const std::string& file);
+/// What changed from one file to the other: "-code|value" for tags that went, "+code|value" for those that came, in
+/// the order of the file. $HANDSEED is left out.
+std::vector<std::string> changes(const std::string& before, const std::string& after);
+using Changes = std::vector<std::string>;
+
+/// A folder of its own for each test, whose drawings are closed and closed well.
+class DrawingTest : public testing::Test {
+protected:
+    DrawingTest();
+    ~DrawingTest() override;
+
+    /// Writes a file and opens it.
+    std::unique_ptr<AcDbDatabase> open(const std::string& bytes, const char* name = "plan.dxf");
+    std::unique_ptr<AcDbDatabase> open(const SmallDrawing& drawing) { return open(drawing.text()); }
+    /// Saves under another name, and gives what was written.
+    std::string saved(AcDbDatabase& database, const char* name = "sortie.dxf");
+    std::wstring path(const char* name) const { return (root / name).wstring(); }
+    void write(const char* name, const std::string& bytes) const;
+    std::string read(const char* name) const;
+
+    std::filesystem::path root;
+};
+
+AcDbObjectId idOf(AcDbDatabase& database, std::uint64_t handle);
+
+/// An object of a drawing by its handle, open for the length of a scope; a failed opening fails the test.
+template <class T>
+class Opened : public AcDbObjectPointer<T> {
+public:
+    Opened(AcDbDatabase& database, std::uint64_t handle, AcDb::OpenMode mode = AcDb::kForRead) :
+        AcDbObjectPointer<T>(idOf(database, handle), mode)
+    {
+        EXPECT_EQ(this->openStatus(), Acad::eOk) << std::hex << handle;
+    }
+};
+
+/// One change of a small drawing, and the tags that differ after saving.
+struct ChangeRow {
+    const char* name;
+    SmallDrawing drawing;
+    void (*change)(AcDbDatabase&);
+    Changes expected;
+};

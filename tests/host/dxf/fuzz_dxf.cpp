@@ -1,0 +1,12 @@
+#include "exerciseDxf.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    exerciseDxf(bytes, DxfUpgrade::none);
+    exerciseDxf(bytes, DxfUpgrade::toR2000);
+    return 0;
+}

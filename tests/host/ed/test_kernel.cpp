@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+#include <numbers>
+
+#include "acedads.h"
+#include "acutmem.h"
+#include "ap/DocumentList.h"
+#include "db/DatabaseImpl.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "ed/CommandRunner.h"
+#include "ed/Kernel.h"
+#include "lisp/LispText.h"
+#include "rx/Console.h"
+
+namespace {
+
+AcDbDatabase& drawing()
+{
+    return *curDoc()->database();
+}
+
+void appendPoint(double x, bool closeIt = true)
+{
+    AcDbBlockTableRecord* space = nullptr;
+    ASSERT_EQ(acdbOpenObject(space, drawing().currentSpaceId(), AcDb::kForWrite), Acad::eOk);
+    auto* point = new AcDbPoint(AcGePoint3d(x, 0, 0));
+    EXPECT_EQ(space->appendAcDbEntity(point), Acad::eOk);
+    if (closeIt)
+        point->close();
+    space->close();
+}
+
+void undoMark(const wchar_t* method)
+{
+    std::wstring name = method;
+    LPOLESTR names[] = {name.data()};
+    DISPID id = 0;
+    IDispatch* automation = curDoc()->GetIDispatch(false);
+    ASSERT_EQ(automation->GetIDsOfNames(IID_NULL, names, 1, 0, &id), S_OK);
+    ASSERT_EQ(automation->Invoke(id, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr), S_OK);
+}
+
+class WholeKernel : public testing::Test {
+protected:
+    void SetUp() override { DocumentList::instance().create(); }
+    void TearDown() override
+    {
+        DocumentList::instance().closeAll();
+        acedRegCmds->removeGroup(L"TEST");
+    }
+    static CommandOutcome run(AcRxFunctionPtr body, Adesk::Int32 flags = ACRX_CMD_MODAL)
+    {
+        acedRegCmds->removeGroup(L"TEST");
+        EXPECT_EQ(acedRegCmds->addCommand(L"TEST", L"CORPS", L"CORPS", flags, body), Acad::eOk);
+        return CommandRunner::instance().run(L"CORPS");
+    }
+    static int pointCount()
+    {
+        AcDbObjectPointer<AcDbBlockTableRecord> space(drawing().currentSpaceId());
+        AcDbBlockTableRecordIterator* made = nullptr;
+        space->newIterator(made);
+        const std::unique_ptr<AcDbBlockTableRecordIterator> each(made);
+        int count = 0;
+        for (; !each->done(); each->step())
+            ++count;
+        return count;
+    }
+    static std::wstring shown(const wchar_t* name)
+    {
+        resbuf value{};
+        if (acedGetVar(name, &value) != RTNORM)
+            return L"refused";
+        const std::wstring text = lispText(&value);
+        if (value.restype == RTSTR)
+            acutDelString(value.resval.rstring);
+        return text;
+    }
+    static int set(const wchar_t* name, resbuf* value)
+    {
+        const int answer = acedSetVar(name, value);
+        acutRelRb(value);
+        return answer;
+    }
+
+    Kernel kernel;
+};
+
+TEST_F(WholeKernel, aCommandIsOneStepWhateverMarksItSets)
+{
+    const CommandOutcome outcome = run([] {
+        appendPoint(1);
+        undoMark(L"StartUndoMark");
+        appendPoint(2);
+        undoMark(L"EndUndoMark");
+        appendPoint(3);
+    });
+    EXPECT_EQ(outcome.failure, L"");
+    EXPECT_EQ(outcome.leftOpen, std::vector<std::wstring>{});
+    run([] { appendPoint(4); });
+    EXPECT_EQ(pointCount(), 4);
+    UndoRecorder& history = drawing().impl().undo();
+    EXPECT_TRUE(history.undo());
+    EXPECT_EQ(pointCount(), 3);
+    EXPECT_TRUE(history.undo());
+    EXPECT_EQ(pointCount(), 0);
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(pointCount(), 3);
+}
+
+TEST_F(WholeKernel, anObjectLeftOpenIsToldAndClosed)
+{
+    const CommandOutcome outcome = run([] { appendPoint(1, false); });
+    EXPECT_EQ(outcome.leftOpen.size(), 1U);
+    EXPECT_EQ(run([] {}).leftOpen.size(), 0U);
+    EXPECT_EQ(pointCount(), 1);
+}
+
+TEST_F(WholeKernel, theWorkingDatabaseIsTheCurrentDrawing)
+{
+    AcApDocument* first = curDoc();
+    DocumentList::instance().create();
+    EXPECT_NE(curDoc(), first);
+    EXPECT_EQ(acDocManager->document(&drawing()), curDoc());
+    run([] { appendPoint(1); });
+    EXPECT_EQ(acDocManager->setCurDocument(first), Acad::eOk);
+    EXPECT_EQ(pointCount(), 0);
+}
+
+TEST_F(WholeKernel, variablesOfTheDrawingStandInItsHeader)
+{
+    EXPECT_EQ(shown(L"CLAYER"), L"\"0\"");
+    EXPECT_EQ(set(L"CLAYER", acutBuildList(RTSTR, L"ABSENT", 0)), RTERROR);
+    AcDbLayerTable* layers = nullptr;
+    ASSERT_EQ(drawing().getLayerTable(layers, AcDb::kForWrite), Acad::eOk);
+    auto* layer = new AcDbLayerTableRecord;
+    layer->setName(L"Bornes");
+    EXPECT_EQ(layers->add(layer), Acad::eOk);
+    layer->close();
+    layers->close();
+    EXPECT_EQ(set(L"CLAYER", acutBuildList(RTSTR, L"BORNES", 0)), RTNORM);
+    EXPECT_EQ(shown(L"CLAYER"), L"\"Bornes\"");
+
+    EXPECT_EQ(set(L"PDMODE", acutBuildList(RTSHORT, 34, 0)), RTNORM);
+    EXPECT_EQ(drawing().impl().header().integer("$PDMODE", 0), 34);
+    EXPECT_EQ(shown(L"PDMODE"), L"34");
+    EXPECT_EQ(set(L"PDSIZE", acutBuildList(RTSHORT, 2, 0)), RTNORM);
+    EXPECT_EQ(shown(L"PDSIZE"), L"2.0");
+    EXPECT_EQ(set(L"TEXTSTYLE", acutBuildList(RTSTR, L"absent", 0)), RTERROR);
+    EXPECT_EQ(set(L"TEXTSTYLE", acutBuildList(RTSTR, L"STANDARD", 0)), RTNORM);
+    EXPECT_EQ(shown(L"TEXTSTYLE"), L"\"Standard\"");
+
+    // The file has degrees, the variable radians.
+    EXPECT_EQ(set(L"ANGBASE", acutBuildList(RTREAL, std::numbers::pi / 2, 0)), RTNORM);
+    EXPECT_DOUBLE_EQ(drawing().impl().header().real("$ANGBASE", 0), 90.0);
+    EXPECT_EQ(shown(L"ANGBASE"), L"1.5708");
+
+    EXPECT_EQ(set(L"EXTMIN", acutBuildList(RTREAL, 1.0, 0)), RTERROR);
+    for (const std::wstring& name : SystemVariables::names())
+        EXPECT_NE(shown(name.c_str()), L"refused") << testing::PrintToString(name);
+}
+
+} // namespace

@@ -1,0 +1,5 @@
+(defun f (n / l) (if (< n 2) (list n) (cons n (f (1- n)))))
+(vl-sort (f 9) '<) (mapcar '(lambda (x y) (* x y)) '(1 2) '(3 4))
+(vl-catch-all-apply '/ '(1 0)) (foreach x '(1 2) (while nil x)) (repeat 3 (setq a 1))
+(cond ((= a 1) (strcat "a" (rtos 1.5 2 2))) (t (substr "abc" 2))) (angtos 1.0 1 4) (subst 1 2 '(2 (2)))
+(wcmatch "a1" "@#,~[b-c]*") (read "(a b)") (polar '(0 0) 1 2) (distof "1'-2 1/2\"" 4) (defun *error* (m) (princ m)) (car 1)

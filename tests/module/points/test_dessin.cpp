@@ -1,0 +1,256 @@
+#include "points/listePointsDuDessin.h"
+#include "points/projetDansDessin.h"
+
+#include "acutads.h"
+#include "dbapserv.h"
+#include "dbdict.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "dbxrecrd.h"
+#include "rx/Console.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+AcDbObjectId ajouter(AcDbDatabase& db, AcDbEntity* entite)
+{
+    AcDbBlockTable* blocs = nullptr;
+    db.getBlockTable(blocs, AcDb::kForRead);
+    AcDbBlockTableRecord* espace = nullptr;
+    blocs->getAt(ACDB_MODEL_SPACE, espace, AcDb::kForWrite);
+    AcDbObjectId id;
+    EXPECT_EQ(espace->appendAcDbEntity(id, entite), Acad::eOk);
+    entite->close();
+    espace->close();
+    blocs->close();
+    return id;
+}
+
+void effacer(AcDbObjectId id)
+{
+    const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite);
+    ASSERT_EQ(entite.openStatus(), Acad::eOk);
+    entite->erase();
+}
+
+AcGePoint3d place(AcDbObjectId id)
+{
+    const AcDbObjectPointer<AcDbPoint> point(id);
+    return point.openStatus() == Acad::eOk ? point->position() : AcGePoint3d(-1, -1, -1);
+}
+
+/// The stored record of a drawing; null when there is none.
+AcDbObjectId enregistrement(AcDbDatabase& db)
+{
+    const AcDbObjectPointer<AcDbLayerTableRecord> calque(db.layerZero());
+    const AcDbObjectPointer<AcDbDictionary> dictionnaire(calque->extensionDictionary());
+    AcDbObjectId id;
+    if (dictionnaire.openStatus() == Acad::eOk)
+        dictionnaire->getAt(L"QUARVEL4_VELA_DATA", id);
+    return id;
+}
+
+/// Number of items stored, -1 without a record.
+int nombreStocke(AcDbDatabase& db)
+{
+    const AcDbObjectPointer<AcDbXrecord> record(enregistrement(db));
+    if (record.openStatus() != Acad::eOk)
+        return -1;
+    EXPECT_TRUE(record->isXlateReferences());
+    resbuf* chaine = nullptr;
+    record->rbChain(&chaine);
+    int nombre = 0;
+    for (const resbuf* item = chaine; item; item = item->rbnext)
+        ++nombre;
+    if (chaine)
+        acutRelRb(chaine);
+    return nombre;
+}
+
+class DessinTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Console::instance().setSink([this](const std::wstring& texte) { imprime += texte; });
+        travailler(db);
+    }
+    void TearDown() override
+    {
+        setSrcInfosTopo(nullptr, nullptr, 0, 0);
+        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+        Console::instance().setSink(nullptr);
+        std::filesystem::remove(chemin);
+    }
+    static void travailler(AcDbDatabase& dessin) { acdbHostApplicationServices()->setWorkingDatabase(&dessin); }
+
+    pointDuDessin dessine(const wchar_t* nom, double x, double y, double z)
+    {
+        pointDuDessin point;
+        point.setParams(nom, AcGePoint3d(x, y, z), 1);
+        point.setId(ajouter(db, new AcDbPoint(point.positionDessinee())));
+        return point;
+    }
+
+    AcDbDatabase db;
+    projetsTopo projet;
+    std::wstring imprime;
+    const std::string chemin = testing::TempDir() + "vela_dessin_" + std::to_string(getpid()) + ".dxf";
+    const std::wstring cheminLarge{chemin.begin(), chemin.end()};
+};
+
+TEST_F(DessinTest, storesTheProjectAndFindsItAgain)
+{
+    setSrcInfosTopo(&db, &projet, 1, 0);
+    EXPECT_EQ(imprime, L"");
+    projet.currTable()->setNomTable(L"LEV\u00c9 1");
+    projet.currTable()->Ajouter(dessine(L"P1", 1.25, 1e-300, 1e38));
+    pointDuDessin libre;
+    libre.setParams(L"\u00c9t\u00e9", AcGePoint3d(0.1 + 0.2, -1234567.0625, 7), -3);
+    projet.currTable()->Ajouter(libre);
+    projet.creerTablePoints(L"LEVE");
+    projet.setCourante(1);
+    enregistrerInfosTopo();
+    EXPECT_EQ(nombreStocke(db), 2 + 2 + 2 * 7 + 2);
+    ASSERT_EQ(db.saveAs(cheminLarge.c_str()), Acad::eOk) << CStringA(db.lastError()).GetString();
+
+    AcDbDatabase relu(false);
+    ASSERT_EQ(relu.readDwgFile(cheminLarge.c_str()), Acad::eOk) << CStringA(relu.lastError()).GetString();
+    projetsTopo lu;
+    setSrcInfosTopo(&relu, &lu, 1, 1);
+    EXPECT_EQ(imprime, L"\nLecture des donn\u00e9es Topo");
+    ASSERT_EQ(lu.nbTables(), 2);
+    EXPECT_EQ(lu.getCourante(), 1);
+    const listePointsDuDessin& table = *lu.getTable(0);
+    EXPECT_TRUE(table.getNomTable() == L"LEV\u00c9 1");
+    ASSERT_EQ(table.nbPoint(), 2);
+    for (int i = 0; i < 2; ++i) {
+        const pointDuDessin& attendu = *projet.getTable(0)->getData(i);
+        EXPECT_STREQ(table.getData(i)->getNomPoint(), attendu.getNomPoint());
+        EXPECT_EQ(table.getData(i)->getX(), attendu.getX()) << "to the last digit";
+        EXPECT_EQ(table.getData(i)->getY(), attendu.getY());
+        EXPECT_EQ(table.getData(i)->getZ(), attendu.getZ());
+        EXPECT_EQ(table.getData(i)->getCode(), attendu.getCode());
+    }
+    EXPECT_EQ(place(table.getData(0)->getId()).x, 1.25) << "the point still knows its entity";
+    EXPECT_EQ(table.getData(0)->getId().database(), &relu);
+    EXPECT_TRUE(table.getData(1)->getId().isNull());
+    setSrcInfosTopo(nullptr, nullptr, 0, 0);
+}
+
+TEST_F(DessinTest, forgetsAnErasedEntity)
+{
+    setSrcInfosTopo(&db, &projet, 1, 0);
+    projet.currTable()->Ajouter(dessine(L"P1", 1, 2, 3));
+    effacer(projet.currTable()->getData(0)->getId());
+    enregistrerInfosTopo();
+    projetsTopo lu;
+    setSrcInfosTopo(&db, &lu, 1, 1);
+    ASSERT_EQ(lu.currTable()->nbPoint(), 1);
+    EXPECT_TRUE(lu.currTable()->getData(0)->getId().isNull());
+}
+
+TEST_F(DessinTest, replacesWhatWasStored)
+{
+    enregistrerInfosTopo();
+    EXPECT_EQ(nombreStocke(db), -1) << "without a project the drawing stays as it is";
+
+    setSrcInfosTopo(&db, &projet, 1, 0);
+    enregistrerInfosTopo();
+    const AcDbObjectId premier = enregistrement(db);
+    EXPECT_EQ(nombreStocke(db), 4);
+    projet.creerTablePoints(L"T");
+    enregistrerInfosTopo();
+    EXPECT_EQ(nombreStocke(db), 6);
+    EXPECT_NE(enregistrement(db), premier) << "a new record each time";
+
+    setSrcInfosTopo(&db, &projet, 0, 0);
+    enregistrerInfosTopo();
+    EXPECT_EQ(nombreStocke(db), 0) << "not to be saved: an empty record, deliberately";
+
+    setSrcInfosTopo(&db, &projet, 1, 0);
+    enregistrerInfosTopo();
+    purgeInfosTopo();
+    EXPECT_EQ(nombreStocke(db), 0);
+    EXPECT_EQ(imprime, L"");
+}
+
+TEST_F(DessinTest, resetsWhenNothingOrNonsenseIsStored)
+{
+    projet.creerTablePoints(L"T");
+    setSrcInfosTopo(nullptr, &projet, 1, 1); // null: the working drawing
+    EXPECT_EQ(projet.nbTables(), 1);
+    EXPECT_TRUE(projet.currTable()->getNomTable() == L"LEVE");
+
+    enregistrerInfosTopo();
+    {
+        const AcDbObjectPointer<AcDbXrecord> record(enregistrement(db), AcDb::kForWrite);
+        resbuf* const chaine = acutBuildList(90, 0L, 90, 3L, 300, L"T", 40, 1.0, 0);
+        record->setFromRbChain(*chaine);
+        acutRelRb(chaine);
+    }
+    projet.creerTablePoints(L"T");
+    setSrcInfosTopo(&db, &projet, 1, 1);
+    EXPECT_EQ(projet.nbTables(), 1);
+}
+
+TEST_F(DessinTest, keepsEntitiesInStep)
+{
+    listePointsDuDessin& table = *projet.currTable();
+    table.Ajouter(dessine(L"B", 1, 2, 3));
+    table.Ajouter(dessine(L"A", 4, 5, 1e38));
+    pointDuDessin ligne;
+    ligne.setParams(L"L", AcGePoint3d(1, 1, 1), 1);
+    ligne.setId(ajouter(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(9, 9, 0))));
+    table.Ajouter(ligne);
+    table.getData(0)->setXY(10, 20, 30);
+    table.getData(1)->setX(40);
+    table.renumeroter(true);
+    EXPECT_EQ(place(table.getData(0)->getId()).z, 30);
+    EXPECT_EQ(place(table.getData(1)->getId()).x, 40);
+    EXPECT_EQ(place(table.getData(1)->getId()).z, 0) << "drawn on the ground while the altitude is unknown";
+
+    AcGePoint3d position;
+    int code = 0;
+    EXPECT_EQ(table.getBlockPosition(L"1", position, code), 1);
+    EXPECT_EQ(position.x, 10) << "not a block: the point's own coordinates";
+    EXPECT_EQ(table.getBlockPosition(L"9", position, code), 0);
+
+    AcDbObjectId id;
+    EXPECT_EQ(table.getObjId(L"3", id), 1);
+    EXPECT_EQ(id, ligne.getId());
+    table.supprimerPoint(L"3");
+    EXPECT_TRUE(id.isErased());
+    EXPECT_EQ(table.getObjId(L"3", id), 0);
+    effacer(table.getData(0)->getId());
+    table.supprimerPoint(L"1");
+    EXPECT_EQ(table.nbPoint(), 1) << "a point goes even when its entity has gone before";
+}
+
+TEST_F(DessinTest, readsTheInsertionPointOfABlock)
+{
+    AcDbBlockTable* blocs = nullptr;
+    db.getBlockTable(blocs, AcDb::kForWrite);
+    auto* const definition = new AcDbBlockTableRecord;
+    definition->setName(L"SYMBOLE");
+    AcDbObjectId idBloc;
+    ASSERT_EQ(blocs->add(idBloc, definition), Acad::eOk);
+    definition->close();
+    blocs->close();
+    pointDuDessin point;
+    point.setParams(L"P", AcGePoint3d(1, 2, 3), 6);
+    point.setId(ajouter(db, new AcDbBlockReference(AcGePoint3d(7, 8, 0.5), idBloc)));
+    projet.currTable()->Ajouter(point);
+    AcGePoint3d position;
+    int code = 0;
+    ASSERT_EQ(projet.currTable()->getBlockPosition(L"p", position, code), 1);
+    EXPECT_EQ(position.y, 8);
+    EXPECT_EQ(position.z, 0.5);
+    EXPECT_EQ(code, 6);
+}
+
+} // namespace

@@ -1,0 +1,156 @@
+#include "points/projetDansDessin.h"
+
+#include "ap/DocumentList.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "ed/Kernel.h"
+#include "rx/ModuleTable.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+std::wstring large(const std::string& texte)
+{
+    return {texte.begin(), texte.end()};
+}
+
+class PrincipalTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        for (const char* const module : {MODULE_ARX, PRINCIPAL_ARX}) {
+            const auto echec = ModuleTable::instance().load(large(module));
+            ASSERT_FALSE(echec) << std::string(echec->begin(), echec->end());
+        }
+    }
+    void TearDown() override
+    {
+        DocumentList::instance().closeAll();
+        ModuleTable::instance().unloadAll();
+        std::filesystem::remove(chemin);
+        std::filesystem::remove(chemin + ".bak");
+        EXPECT_EQ(tablesPoints, nullptr);
+    }
+
+    template <class Entite>
+    static AcDbObjectId ajouter(AcDbDatabase& db, Entite* entite)
+    {
+        AcDbBlockTable* blocs = nullptr;
+        db.getBlockTable(blocs, AcDb::kForRead);
+        AcDbBlockTableRecord* espace = nullptr;
+        blocs->getAt(ACDB_MODEL_SPACE, espace, AcDb::kForWrite);
+        blocs->close();
+        AcDbObjectId id;
+        EXPECT_EQ(espace->appendAcDbEntity(id, entite), Acad::eOk);
+        entite->close();
+        espace->close();
+        return id;
+    }
+    static void ajouterPoint(const wchar_t* nom, AcDbObjectId id = {})
+    {
+        pointDuDessin p;
+        p.setParams(nom, AcGePoint3d(1, 2, 3), 1);
+        p.setId(id);
+        tablesPoints->currTable()->Ajouter(p);
+    }
+
+    Kernel noyau;
+    const std::string chemin = testing::TempDir() + "vela_principal_" + std::to_string(getpid()) + ".dxf";
+};
+
+TEST_F(PrincipalTest, keepsOneProjectForEachDrawing)
+{
+    EXPECT_EQ(tablesPoints, nullptr);
+    DocumentList& liste = DocumentList::instance();
+    Document& premier = liste.create();
+    projetsTopo* const projetPremier = tablesPoints;
+    ASSERT_NE(projetPremier, nullptr);
+    EXPECT_EQ(sauverInfosTopo, 1);
+    ajouterPoint(L"P1");
+
+    Document& second = liste.create();
+    EXPECT_NE(tablesPoints, projetPremier);
+    EXPECT_EQ(tablesPoints->currTable()->nbPoint(), 0);
+    liste.setCurDocument(&premier, AcAp::kNone, true);
+    EXPECT_EQ(tablesPoints, projetPremier);
+    EXPECT_EQ(tablesPoints->currTable()->nbPoint(), 1) << "what was not saved yet is still there";
+
+    EXPECT_FALSE(liste.close(premier));
+    EXPECT_NE(tablesPoints, projetPremier);
+    EXPECT_FALSE(liste.close(second));
+    EXPECT_EQ(tablesPoints, nullptr);
+}
+
+TEST_F(PrincipalTest, findsTheProjectInTheFile)
+{
+    DocumentList& liste = DocumentList::instance();
+    Document& ecrit = liste.create();
+    const AcDbObjectId id = ajouter(*ecrit.database(), new AcDbPoint(AcGePoint3d(1, 2, 0)));
+    ajouterPoint(L"P1", id);
+    ajouterPoint(L"P2");
+    const auto echec = liste.saveAs(ecrit, large(chemin));
+    ASSERT_FALSE(echec) << std::string(echec->begin(), echec->end());
+    liste.close(ecrit);
+
+    const DocumentList::Opened lu = liste.open(large(chemin));
+    ASSERT_NE(lu.document, nullptr) << std::string(lu.failure.begin(), lu.failure.end());
+    ASSERT_NE(tablesPoints, nullptr);
+    const listePointsDuDessin& table = *tablesPoints->currTable();
+    ASSERT_EQ(table.nbPoint(), 2);
+    const AcDbObjectPointer<AcDbPoint> point(table.getData(0)->getId());
+    EXPECT_EQ(point.openStatus(), Acad::eOk);
+    EXPECT_TRUE(table.getData(1)->getId().isNull());
+}
+
+TEST_F(PrincipalTest, letsPointsFollowTheirSymbols)
+{
+    Document& document = DocumentList::instance().create();
+    AcDbDatabase& db = *document.database();
+    AcDbBlockTable* blocs = nullptr;
+    db.getBlockTable(blocs, AcDb::kForWrite);
+    auto* const definition = new AcDbBlockTableRecord;
+    definition->setName(L"SYMBOLE");
+    AcDbObjectId idBloc;
+    ASSERT_EQ(blocs->add(idBloc, definition), Acad::eOk);
+    definition->close();
+    blocs->close();
+
+    const AcDbObjectId symbole = ajouter(db, new AcDbBlockReference(AcGePoint3d(1, 2, 0), idBloc));
+    const AcDbObjectId point = ajouter(db, new AcDbPoint(AcGePoint3d(1, 2, 0)));
+    ajouterPoint(L"SYMBOLE", symbole);
+    tablesPoints->creerTablePoints(L"AUTRE");
+    tablesPoints->setCourante(1);
+    ajouterPoint(L"POINT", point);
+    {
+        const AcDbObjectPointer<AcDbBlockReference> ouvert(symbole, AcDb::kForWrite);
+        ouvert->setPosition(AcGePoint3d(10, 20, 30));
+    }
+    {
+        const AcDbObjectPointer<AcDbPoint> ouvert(point, AcDb::kForWrite);
+        ouvert->setPosition(AcGePoint3d(11, 21, 31));
+    }
+    for (const int i : {0, 1}) {
+        const pointDuDessin& p = *tablesPoints->getTable(i)->getData(0);
+        EXPECT_EQ(p.getX(), 10 + i);
+        EXPECT_EQ(p.getY(), 20 + i);
+        EXPECT_EQ(p.getZ(), 3) << "the altitude is not that of the symbol";
+    }
+}
+
+TEST_F(PrincipalTest, takesTheDrawingsThatWereThereBefore)
+{
+    ASSERT_FALSE(ModuleTable::instance().unload(L"VelaPrincipal-ARX2015-64BITS.arx"));
+    DocumentList::instance().create();
+    EXPECT_EQ(tablesPoints, nullptr);
+    ASSERT_FALSE(ModuleTable::instance().load(large(PRINCIPAL_ARX)));
+    EXPECT_NE(tablesPoints, nullptr);
+    ASSERT_FALSE(ModuleTable::instance().unload(L"VelaPrincipal-ARX2015-64BITS.arx"));
+    EXPECT_EQ(tablesPoints, nullptr);
+}
+
+} // namespace
