@@ -1,0 +1,233 @@
+#include <algorithm>
+#include <chrono>
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <malloc.h> // malloc_trim
+#include <vector>
+
+#include "acutmem.h"
+#include "db/DatabaseImpl.h"
+#include "dbdict.h"
+#include "dbsymtb.h"
+#include "dbxrecrd.h"
+#include "planchers/planchers.h"
+#include "platform/CodePage.h"
+
+/// The bars of the drawing codec, each against its floor on the same file in the same run.
+
+namespace {
+
+using horloge = std::chrono::steady_clock;
+
+double secondesDepuis(horloge::time_point debut)
+{
+    return std::chrono::duration<double>(horloge::now() - debut).count();
+}
+
+/// Median time of the runs; `preparer` is not counted.
+double mediane(int passes, const std::function<void()>& preparer, const std::function<void()>& travail)
+{
+    std::vector<double> secondes;
+    for (int i = 0; i < passes; ++i) {
+        preparer();
+        const auto debut = horloge::now();
+        travail();
+        secondes.push_back(secondesDepuis(debut));
+    }
+    std::ranges::sort(secondes);
+    return secondes[secondes.size() / 2];
+}
+
+/// Memory of the process that is its own and in use, in bytes: maps of files and reserved pages do not count.
+std::size_t memoireOccupee()
+{
+    std::ifstream etat("/proc/self/status");
+    for (std::string mot; etat >> mot;)
+        if (mot == "RssAnon:") {
+            std::size_t kilooctets = 0;
+            etat >> kilooctets;
+            return kilooctets * 1024;
+        }
+    throw std::runtime_error("/proc/self/status: RssAnon is missing");
+}
+
+class banc {
+public:
+    banc(std::string fichier, int passes) : m_fichier(std::move(fichier)), m_carte(m_fichier), m_passes(passes) {}
+
+    bool mesurer()
+    {
+        const std::size_t taille = m_carte.octets().size();
+        std::printf("%s: %.1f MB, %d runs, medians\n", m_fichier.c_str(), static_cast<double>(taille) / 1e6, m_passes);
+        mesurerPlanchers();
+        mesurerOuverture(taille);
+        mesurerDecodage();
+        mesurerEnregistrement();
+        mesurerLeve();
+        return m_tenu;
+    }
+
+private:
+    void mesurerPlanchers()
+    {
+        const auto rien = [] {};
+        const auto octets = m_carte.octets();
+        m_parcours = mediane(m_passes, rien, [&] { m_somme += parcourirEtiquettes(octets).somme; });
+        m_nombres = mediane(m_passes, rien, [&] { m_somme += parcourirNombres(octets).somme; });
+        m_ecriture = mediane(m_passes, rien, [&] { ecrireOctets(octets, copie()); });
+        std::printf("floors: scan of every tag %.4f s, every number %.4f s, write of the map %.4f s\n", m_parcours,
+                    m_nombres, m_ecriture);
+    }
+
+    void ouvrir()
+    {
+        m_dessin.reset();
+        m_dessin = std::make_unique<AcDbDatabase>(false);
+        if (m_dessin->readDwgFile(platform::wideFromUtf8(m_fichier).c_str()) != Acad::eOk)
+            throw std::runtime_error(platform::utf8FromWide(m_dessin->lastError()));
+    }
+
+    void mesurerOuverture(std::size_t taille)
+    {
+        const double secondes = mediane(
+            m_passes, [&] { m_dessin.reset(); }, [&] { ouvrir(); });
+        rapport("open", secondes, m_parcours, 2.0);
+        m_dessin.reset();
+        malloc_trim(0);
+        const std::size_t avant = memoireOccupee();
+        ouvrir();
+        const double part = static_cast<double>(memoireOccupee() - avant) / static_cast<double>(taille);
+        constexpr double partAdmise = 0.5;
+        std::printf("%-46s %9.3f of the file   at most %.2f  %s\n", "memory beside the map", part, partAdmise,
+                    verdict(part <= partAdmise));
+    }
+
+    /// Opens and closes every object; returns how many.
+    std::size_t toutDecoder()
+    {
+        std::size_t nombre = 0;
+        for (DxfRecord& enregistrement : m_dessin->impl().file().records()) {
+            AcDbObject* objet = nullptr;
+            if (enregistrement.handle != 0 &&
+                acdbOpenAcDbObject(objet, AcDbObjectId(stubOf(&enregistrement)), AcDb::kForRead) == Acad::eOk) {
+                objet->close();
+                ++nombre;
+            }
+        }
+        return nombre;
+    }
+
+    void mesurerDecodage()
+    {
+        std::size_t nombre = 0;
+        const double secondes = mediane(
+            m_passes, [&] { ouvrir(); }, [&] { nombre = toutDecoder(); });
+        rapport("every object opened once (" + std::to_string(nombre) + ")", secondes, m_nombres, 3.0);
+    }
+
+    void enregistrer()
+    {
+        if (m_dessin->saveAs(platform::wideFromUtf8(copie()).c_str()) != Acad::eOk)
+            throw std::runtime_error(platform::utf8FromWide(m_dessin->lastError()));
+    }
+
+    void mesurerEnregistrement()
+    {
+        ouvrir();
+        const auto effacer = [&] { std::filesystem::remove(copie()); };
+        const double intact = mediane(m_passes, effacer, [&] { enregistrer(); });
+        rapport("save, nothing changed", intact, m_ecriture, 1.5);
+        const FichierMappe relu(copie());
+        const bool egal = std::ranges::equal(relu.octets(), m_carte.octets());
+        std::printf("%-46s %s\n", "saved file byte-equal", verdict(egal));
+
+        constexpr std::size_t nombre = 10000;
+        std::size_t changes = 0;
+        for (DxfRecord& enregistrement : m_dessin->impl().file().records()) {
+            AcDbEntity* entite = nullptr;
+            if (changes == nombre)
+                break;
+            if (enregistrement.handle == 0 ||
+                acdbOpenAcDbEntity(entite, AcDbObjectId(stubOf(&enregistrement)), AcDb::kForWrite) != Acad::eOk)
+                continue;
+            entite->setColorIndex(5, false);
+            entite->close();
+            ++changes;
+        }
+        const double modifie = mediane(m_passes, effacer, [&] { enregistrer(); });
+        const double parObjet = (modifie - intact) / static_cast<double>(changes) * 1e6;
+        constexpr double admis = 2.0;
+        std::printf("%-46s %9.4f s  %6.2f µs an object  at most %.1f  %s\n",
+                    ("save, " + std::to_string(changes) + " objects changed").c_str(), modifie, parObjet, admis,
+                    verdict(parObjet <= admis));
+    }
+
+    /// The survey's own record: decoded to a chain, and set again from it.
+    void mesurerLeve()
+    {
+        ouvrir();
+        AcDbObjectId id;
+        {
+            AcDbObjectPointer<AcDbLayerTableRecord> calque(m_dessin->layerZero());
+            AcDbObjectPointer<AcDbDictionary> dictionnaire(calque.object() ? calque->extensionDictionary()
+                                                                           : AcDbObjectId());
+            if (!dictionnaire.object() || dictionnaire->getAt(L"QUARVEL4_VELA_DATA", id) != Acad::eOk)
+                return;
+        }
+        AcDbObjectPointer<AcDbXrecord> leve(id, AcDb::kForWrite);
+        resbuf* chaine = nullptr;
+        const double lu = mediane(
+            m_passes, [&] { acutRelRb(chaine); }, [&] { leve->rbChain(&chaine); });
+        const double ecrit = mediane(
+            m_passes, [] {}, [&] { leve->setFromRbChain(*chaine); });
+        acutRelRb(chaine);
+        std::printf("survey xrecord: to a chain %.4f s, from a chain %.4f s\n", lu, ecrit);
+    }
+
+    void rapport(const std::string& nom, double secondes, double plancher, double admis)
+    {
+        const double rapport = secondes / plancher;
+        std::printf("%-46s %9.4f s  %6.2f x the floor   at most %.1f  %s\n", nom.c_str(), secondes, rapport, admis,
+                    verdict(rapport <= admis));
+    }
+
+    const char* verdict(bool tenu)
+    {
+        m_tenu = m_tenu && tenu;
+        return tenu ? "held" : "NOT HELD";
+    }
+
+    std::string copie() const { return m_fichier + ".copie.dxf"; }
+
+    std::string m_fichier;
+    FichierMappe m_carte;
+    int m_passes;
+    std::unique_ptr<AcDbDatabase> m_dessin;
+    double m_parcours = 0.0, m_nombres = 0.0, m_ecriture = 0.0, m_somme = 0.0;
+    bool m_tenu = true;
+};
+
+} // namespace
+
+/// vela_bench_codec FILE.dxf [--runs N]; exit status 1 when a bar is not held.
+int main(int argc, char** argv)
+{
+    CLI::App options{"The drawing codec against the floors of this machine."};
+    std::string fichier;
+    int passes = 5;
+    options.add_option("fichier", fichier, "text DXF file")->required();
+    options.add_option("--runs", passes, "runs, of which the median counts")->check(CLI::Range(1, 1000));
+    CLI11_PARSE(options, argc, argv);
+    try {
+        const bool tenu = banc(fichier, passes).mesurer();
+        for (const char* fin : {".copie.dxf", ".copie.bak"})
+            std::filesystem::remove(fichier + fin);
+        return tenu ? 0 : 1;
+    } catch (const std::exception& erreur) {
+        std::fprintf(stderr, "%s\n", erreur.what());
+        return 2;
+    }
+}

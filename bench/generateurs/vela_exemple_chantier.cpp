@@ -1,0 +1,20 @@
+#include "generateurs/dessinChantier.h"
+
+#include <exception>
+#include <iostream>
+
+/// vela_exemple_chantier OUT.dxf
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::cerr << "usage: vela_exemple_chantier OUT.dxf\n";
+        return 2;
+    }
+    try {
+        ecrireDessinChantier(argv[1]);
+    } catch (const std::exception& erreur) {
+        std::cerr << erreur.what() << '\n';
+        return 1;
+    }
+    return 0;
+}

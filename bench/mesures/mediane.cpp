@@ -1,0 +1,31 @@
+#include "mesures/mediane.h"
+
+#include <algorithm>
+#include <ctime>
+#include <vector>
+
+namespace {
+
+double tempsProcesseur()
+{
+    timespec t{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return static_cast<double>(t.tv_sec) + 1e-9 * static_cast<double>(t.tv_nsec);
+}
+
+} // namespace
+
+double mediane(int passes, const std::function<void()>& preparer, const std::function<void()>& travail)
+{
+    constexpr double dureeMinimale = 0.1;
+    std::vector<double> secondes;
+    for (double total = 0.0; secondes.size() < static_cast<std::size_t>(passes) || total < dureeMinimale;
+         total += secondes.back()) {
+        preparer();
+        const double debut = tempsProcesseur();
+        travail();
+        secondes.push_back(tempsProcesseur() - debut);
+    }
+    std::ranges::sort(secondes);
+    return secondes[secondes.size() / 2];
+}
