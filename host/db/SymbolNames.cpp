@@ -14,7 +14,7 @@ void SymbolNames::append(AcDbStub* record)
     if (m_indexed && !isErased(*recordOf(record)))
         m_index.emplace(foldedName(m_database.recordName(record)), record);
     m_spellings.clear(); // a spelling without a record may have one now
-    m_lastBytes = {};
+    m_lastBytes.clear();
     m_last = nullptr;
 }
 
@@ -24,7 +24,7 @@ void SymbolNames::forgetIndex()
     m_index.clear();
     m_former.clear();
     m_spellings.clear();
-    m_lastBytes = {};
+    m_lastBytes.clear();
     m_last = nullptr;
 }
 
@@ -86,11 +86,10 @@ AcDbStub* SymbolNames::findBytes(std::string_view bytes)
 {
     if (m_last && bytes == m_lastBytes)
         return m_last;
-    const auto known = m_spellings.find(bytes);
-    AcDbStub* record =
-        known != m_spellings.end() ? known->second : findInFile(m_database.form().encoding->decode(bytes));
+    auto known = m_spellings.find(bytes);
     if (known == m_spellings.end())
-        m_spellings.emplace(bytes, record);
+        known = m_spellings.emplace(bytes, findInFile(m_database.form().encoding->decode(bytes))).first;
+    AcDbStub* const record = known->second;
     m_lastBytes = bytes;
     m_last = record;
     return record;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,11 @@ public:
     NameKind kind() const { return m_kind; }
 
 private:
+    struct SpellingHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view bytes) const { return std::hash<std::string_view>()(bytes); }
+    };
+
     void buildIndex();
     AcDbStub* findInFile(std::wstring_view name);
 
@@ -45,10 +51,10 @@ private:
     NameKind m_kind;
     std::vector<AcDbStub*> m_records;
     bool m_indexed = false;
-    std::unordered_map<std::wstring, AcDbStub*> m_index;         // folded names of records that are not erased
-    std::unordered_map<std::wstring, AcDbStub*> m_former;        // of renamed records, by their names in the file
-    std::unordered_map<std::string_view, AcDbStub*> m_spellings; // bytes in the file's map
-    std::string_view m_lastBytes;
+    std::unordered_map<std::wstring, AcDbStub*> m_index;  // folded names of records that are not erased
+    std::unordered_map<std::wstring, AcDbStub*> m_former; // of renamed records, by their names in the file
+    std::unordered_map<std::string, AcDbStub*, SpellingHash, std::equal_to<>> m_spellings; // by the bytes of tags
+    std::string m_lastBytes;
     AcDbStub* m_last = nullptr;
 };
 
