@@ -9,7 +9,7 @@ import re
 import sys
 from pathlib import Path
 
-KERNEL = ("platform", "ge", "rx", "dxf", "dwg", "db", "ed", "ap", "lisp")
+KERNEL = ("platform", "ge", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", "lisp", "commands")
 
 # What a folder may include, first match wins: (folder pattern, file-name pattern, allowed).
 # Allowed names are folders of the tree ("module/points", "host/*" for all below) or one of
@@ -18,6 +18,7 @@ KERNEL = ("platform", "ge", "rx", "dxf", "dwg", "db", "ed", "ap", "lisp")
 #   qt, tinyxml
 #   interface(PATTERN)   headers of host/include whose name matches PATTERN
 OWN = "own"
+DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo"
 INTERFACE = "interface(.*)"
 RULES = (
     # The interface itself: plain declarations.
@@ -27,16 +28,16 @@ RULES = (
     (r"host/ge", r".*", (OWN, "std", r"interface(ge.*|adesk|AdAChar|acarray)")),
     (r"host/(dxf|dwg)", r".*", (OWN, "std", "posix", "host/platform")),
     # The upper kernel may use all of the kernel.
-    (r"host/(rx|db|ed|ap|lisp)", r".*", (OWN, "std", "posix", INTERFACE) + tuple("host/" + f for f in KERNEL)),
+    (r"host/(rx|db|gi|ed|ap|lisp|commands)", r".*", (OWN, "std", "posix", INTERFACE) + tuple("host/" + f for f in KERNEL)),
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),
     # Computations and reports: neither the drawing nor windows. The exceptions bear it in their name:
     # placer* puts results into the drawing, Dlg* and *DLG are dialogs.
     (r"module/(calculs|reports)", r"placer.*", (OWN, "std", INTERFACE, "module/*")),
-    (r"module/(calculs|reports)", r"C?Dlg.*|.*DLG", (OWN, "std", "qt", INTERFACE, "module/*")),
+    (r"module/(calculs|reports)", DIALOGS, (OWN, "std", "qt", INTERFACE, "module/*")),
     (r"module/reports", r".*", (OWN, "std")),
     (r"module/calculs", r".*", (OWN, "std", "module/reports")),
     # The rest of the module: its own folders and the interface, nothing of the host beside it.
-    (r"module/.*", r"C?Dlg.*|.*DLG", (OWN, "std", "qt", "tinyxml", INTERFACE, "module/*")),
+    (r"module/.*", DIALOGS, (OWN, "std", "qt", "tinyxml", INTERFACE, "module/*")),
     (r"module/.*", r".*", (OWN, "std", "tinyxml", INTERFACE, "module/*")),
     # Siblings: the exported point tables, and the interface.
     (r"siblings/.*", r".*", (OWN, "std", INTERFACE, "module/points")),
@@ -90,7 +91,7 @@ def folder_of(root, path):
 # their own. What draws and shows stands above what computes; the doors list what all other folders offer, while the
 # services beside them serve those folders.
 HEIGHTS = (
-    (r"module/(calculs|reports)", r"placer.*|C?Dlg.*|.*DLG", "drawing and dialogs"),
+    (r"module/(calculs|reports)", r"placer.*|" + DIALOGS, "drawing and dialogs"),
     (r"module/frame", r"entree|commandes|fonctionsLisp", "doors"),
 )
 

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "gepnt3d.h"
+
+/// A word that a prompt accepts. What is in capitals suffices as an abbreviation: "Ligne" takes "l" and "LIG".
+struct InputKeyword {
+    std::wstring local;  ///< in the user's language
+    std::wstring global; ///< typed with a leading "_", in any language
+};
+
+/// What the code that asks wants to be given.
+struct InputRequest {
+    enum class Kind {
+        command, ///< nothing runs: a name, an AutoLISP expression
+        point,
+        corner, ///< of a box whose first corner is `base`
+        distance,
+        angle,
+        real,
+        integer,
+        string,
+        keyword,
+        entity,    ///< one entity, picked at a point
+        selection, ///< entities, windows, options of selecting
+        drag,      ///< a jig: the movements of the cursor count too
+    };
+    Kind kind = Kind::command;
+    std::wstring prompt; ///< as it is shown, without the line break before it
+    std::vector<InputKeyword> keywords;
+    std::optional<AcGePoint3d> base; ///< a line or a box is stretched from here to the cursor; world coordinates
+    bool takesBlanks = false;        ///< text in which a blank does not end the input
+    bool takesNone = true;           ///< Enter alone is an answer
+    bool dashed = false;             ///< how the line or the box is drawn
+};
+
+/// What a person in the window, or a line of a script, gives to it.
+struct InputAnswer {
+    enum class Kind {
+        text,   ///< typed; empty for Enter alone. The one that asks reads it, and asks again when it makes no sense
+        point,  ///< picked in the window, snapped already; world coordinates
+        moved,  ///< where the cursor is now: for Kind::drag only
+        cancel, ///< Escape
+        ended,  ///< nothing will come any more: the script is over
+    };
+    Kind kind = Kind::cancel;
+    std::wstring text;
+    AcGePoint3d point;
+};
+
+/// Where answers come from: a window, the lines of a script, the arguments of (command ...). The same requests go to all
+/// of them.
+class InputSource {
+public:
+    virtual ~InputSource() = default;
+    /// Waits for the answer. The source shows the prompt, in its own way.
+    virtual InputAnswer answer(const InputRequest& request) = 0;
+    /// An answer did not do: says why, in French, before the request comes again. A script fails here.
+    virtual void refused(const InputRequest& request, const std::wstring& reason) = 0;
+};
