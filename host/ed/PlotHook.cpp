@@ -1,0 +1,7 @@
+#include "ed/PlotHook.h"
+
+PlotHook& PlotHook::instance()
+{
+    static PlotHook hook;
+    return hook;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "gi/Box2d.h"
+
+/// What is looked at, from above: a box of the world, and how fine its picture is.
+struct SceneView {
+    AcGePoint2d center;
+    double width = 1.0, height = 1.0; ///< of the box, in drawing units
+    double pixel = 1.0;               ///< size of a pixel in drawing units: curves deviate by less than half of it
+
+    bool dashes = true;        ///< linetypes are cut into dashes; picking wants whole lines
+    bool simplified = true;    ///< what is smaller than a pixel becomes a dot
+    bool solidHatches = false; ///< patterns are drawn as filled areas
+
+    Box2d box() const
+    {
+        return {center.x - width / 2.0, center.y - height / 2.0, center.x + width / 2.0, center.y + height / 2.0};
+    }
+
+    /// The view that shows a box in a picture of so many pixels, with `margin` (a share of the picture) left around it.
+    /// A box without extent is shown one unit wide.
+    static SceneView showing(const Box2d& box, int pixelsAcross, int pixelsDown, double margin = 0.0);
+};
