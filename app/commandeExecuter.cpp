@@ -11,6 +11,7 @@
 #include "platform/Paths.h"
 #include "script.h"
 #include "sessionHote.h"
+#include "ui/application/VelaApplication.h"
 
 #include <CLI/CLI.hpp>
 
@@ -186,6 +187,7 @@ private:
 
 void executer(const choixExecuter& choix)
 {
+    const auto application = VelaApplication::make(VelaApplication::Screen::none); // dialogs of commands
     sessionHote session(std::cout);
     executionScript execution(session, choix);
     if (choix.dessin.empty())

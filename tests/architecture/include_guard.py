@@ -56,7 +56,7 @@ C_HEADERS = {"assert", "ctype", "errno", "fenv", "float", "inttypes", "limits", 
 def foreign_kind(name):
     """The kind of a header that is not in the tree."""
     stem = name[:-2] if name.endswith(".h") else name
-    if re.match(r"Q[A-Za-z]|Qt|q[a-z]+\.h$", name):
+    if re.match(r"Q[A-Za-z]|Qt|q[a-z]+\.h$|ui_\w+\.h$", name):      # ui_: made from a dialog's template
         return "qt"
     if name == "tinyxml.h":
         return "tinyxml"

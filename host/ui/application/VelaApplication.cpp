@@ -1,0 +1,65 @@
+#include "ui/application/VelaApplication.h"
+
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <cstdio>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include "rx/Console.h"
+#include "rx/ExceptionText.h"
+
+namespace {
+
+// Qt keeps references to both for as long as the application lives.
+int argumentCount = 1;
+char programName[] = "vela";
+char* programArguments[] = {programName, nullptr};
+
+/// Remarks of Qt about the machine that mean nothing to a user.
+bool isNoise(const QString& message)
+{
+    static constexpr std::array noise{"QStandardPaths: XDG_RUNTIME_DIR not set", "This plugin does not support "};
+    return std::ranges::any_of(noise, [&](const char* start) { return message.startsWith(QLatin1String(start)); });
+}
+
+void tell(QtMsgType, const QMessageLogContext&, const QString& message)
+{
+    if (!isNoise(message))
+        std::fprintf(stderr, "vela : %s\n", message.toUtf8().constData());
+}
+
+} // namespace
+
+std::unique_ptr<VelaApplication> VelaApplication::make(Screen screen)
+{
+    qInstallMessageHandler(tell);
+    // A platform that the user names wins: xcb shows what a script does.
+    if (screen == Screen::none && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::unique_ptr<VelaApplication>(new VelaApplication);
+}
+
+VelaApplication::VelaApplication() : QApplication(argumentCount, programArguments)
+{
+    std::setlocale(LC_NUMERIC, "C"); // Qt has taken the user's
+    QLocale numbers = QLocale::c();
+    numbers.setNumberOptions(QLocale::OmitGroupSeparator);
+    QLocale::setDefault(numbers);
+    setQuitOnLastWindowClosed(false); // the end of the last dialog of a script is not the end of the script
+    auto* const french = new QTranslator(this);
+    if (french->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(french);
+}
+
+bool VelaApplication::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        Console::instance().print(L"\nErreur : " + currentExceptionText() + L".");
+        return false;
+    }
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+// File dialogs. Without windows they answer as if they had been cancelled, and say so on the command line.
+
+struct demandeFichier {
+    std::wstring titre;     ///< empty: "Ouvrir" or "Enregistrer sous"
+    std::wstring filtres;   ///< "Points (.xyz)|*.xyz|Page HTML|*.htm; *.html|Tous (*.*)|*.*||"; empty: every file
+    std::wstring extension; ///< added to a name typed without one, unless the filter chosen has another; no period
+    std::wstring nom;       ///< proposed at first; with or without folder
+};
+
+/// An existing file. @return its full path; nothing when cancelled.
+std::optional<std::wstring> demanderFichierALire(const demandeFichier& demande);
+/// A file to write; the user has agreed to replace one that exists.
+std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande);
