@@ -166,6 +166,15 @@ std::uint64_t AcDbDatabaseImpl::takeHandle()
     return m_nextHandle++;
 }
 
+std::uint64_t AcDbDatabaseImpl::handleSeed() const
+{
+    std::uint64_t seed = m_file->freeHandle();
+    for (std::size_t i = 0; i < m_newRecords.size(); ++i)
+        if ((m_newRecords[i].flags & RecordFlags::unmade) == 0)
+            seed = std::max(seed, m_newRecords[i].handle + 1);
+    return seed;
+}
+
 AcDbStub* AcDbDatabaseImpl::adoptBytes(std::string_view type, std::uint64_t handle, std::string bytes)
 {
     NewRecord& record = m_newRecords.add();

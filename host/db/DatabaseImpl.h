@@ -64,8 +64,8 @@ public:
     /// Null for the null handle and for one that is not known.
     AcDbStub* byHandle(std::uint64_t handle) const;
     std::uint64_t takeHandle();
-    /// Above every handle given so far.
-    std::uint64_t nextHandle() const { return m_nextHandle; }
+    /// Above every handle given so far, those aside that U took back: a drawing is then saved as it was before.
+    std::uint64_t handleSeed() const;
     /// Gives the object a record, under `owner`. It belongs to the database from now on, open for write.
     AcDbObjectId adopt(std::unique_ptr<AcDbObject> object, AcDbStub* owner);
     /// A record for a copied object, not decoded yet.

@@ -17,6 +17,7 @@ enum : std::uint16_t {
     modified = 32, ///< differs from its bytes
     isNew = 64,    ///< a NewRecord
     edited = 128,  ///< listed among the edits of the next save
+    unmade = 256,  ///< U took its making back
 };
 }
 

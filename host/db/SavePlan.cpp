@@ -376,6 +376,6 @@ void SavePlan::editHeader()
     const DxfRange* header = m_database.file().section("HEADER");
     if (!header)
         return;
-    const std::uint64_t seed = m_usesNewHandles ? m_database.nextHandle() : 0;
+    const std::uint64_t seed = m_usesNewHandles ? m_database.handleSeed() : 0;
     edit(header->first, Place::instead, [&] { m_text += m_database.header().patched(seed); });
 }

@@ -1,6 +1,7 @@
 #include "db/UndoRecorder.h"
 
 #include <algorithm>
+#include <iterator>
 #include <ranges>
 
 #include "db/DatabaseImpl.h"
@@ -14,13 +15,17 @@ void UndoRecorder::clear()
 {
     m_done.clear();
     m_undone.clear();
+    m_bookmarks.clear();
+    m_setStart.reset();
     m_open = false;
 }
 
-void UndoRecorder::startMark()
+void UndoRecorder::startMark(const std::wstring& name)
 {
-    if (m_depth++ == 0)
-        m_open = false; // what follows is a group of its own
+    if (m_depth++ > 0)
+        return;
+    m_open = false; // what follows is a group of its own
+    m_name = name;
 }
 
 void UndoRecorder::endMark()
@@ -28,6 +33,47 @@ void UndoRecorder::endMark()
     if (m_depth == 0 || --m_depth > 0)
         return;
     m_open = false;
+    m_name.clear();
+}
+
+void UndoRecorder::beginSet()
+{
+    m_open = false;
+    m_setStart = m_done.size();
+}
+
+bool UndoRecorder::endSet(const std::wstring& name)
+{
+    if (!m_setStart)
+        return false;
+    const std::size_t start = *m_setStart;
+    m_setStart.reset();
+    m_open = false;
+    if (m_done.size() <= start)
+        return true;
+    Group& set = m_done[start];
+    for (std::size_t i = start + 1; i < m_done.size(); ++i)
+        std::ranges::move(m_done[i].steps, std::back_inserter(set.steps));
+    set.revision = m_done.back().revision;
+    set.name = name;
+    m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(start) + 1, m_done.end());
+    while (!m_bookmarks.empty() && m_bookmarks.back() > start) // there is nothing to come back to within the set
+        m_bookmarks.pop_back();
+    return true;
+}
+
+void UndoRecorder::placeBookmark()
+{
+    m_open = false;
+    m_bookmarks.push_back(m_done.size());
+}
+
+void UndoRecorder::forgetPassed()
+{
+    while (!m_bookmarks.empty() && m_bookmarks.back() > m_done.size())
+        m_bookmarks.pop_back();
+    if (m_setStart && *m_setStart > m_done.size())
+        m_setStart.reset();
 }
 
 UndoRecorder::Group* UndoRecorder::current()
@@ -35,11 +81,12 @@ UndoRecorder::Group* UndoRecorder::current()
     if (!m_recording || m_replaying)
         return nullptr;
     if (!m_open) {
-        m_done.emplace_back();
+        m_done.emplace_back().name = m_name;
         m_undone.clear();
         m_open = true;
         ++m_groupNumber;
     }
+    m_done.back().revision = ++m_revision;
     return &m_done.back();
 }
 
@@ -72,7 +119,7 @@ void UndoRecorder::created(AcDbStub* stub)
     Step step;
     step.stub = stub;
     step.made = true;
-    step.flags = static_cast<std::uint16_t>(record.flags | RecordFlags::erased);
+    step.flags = static_cast<std::uint16_t>(record.flags | RecordFlags::erased | RecordFlags::unmade);
     group->steps.push_back(std::move(step));
 }
 
@@ -96,7 +143,7 @@ void UndoRecorder::swapSides(Step& step)
         return;
     }
     DxfRecord& record = *recordOf(step.stub);
-    constexpr std::uint16_t swapped = RecordFlags::erased | RecordFlags::modified;
+    constexpr std::uint16_t swapped = RecordFlags::erased | RecordFlags::modified | RecordFlags::unmade;
     const std::uint16_t now = record.flags;
     record.flags = static_cast<std::uint16_t>((now & ~swapped) | (step.flags & swapped));
     step.flags = now;
@@ -145,6 +192,7 @@ bool UndoRecorder::undo()
     m_done.pop_back();
     swapSides(group, true);
     m_undone.push_back(std::move(group));
+    forgetPassed();
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -22,8 +23,8 @@ public:
     void setRecording(bool recording) { m_recording = recording; }
     bool isRecording() const { return m_recording; }
 
-    /// Marks nest: the outermost pair makes one group.
-    void startMark();
+    /// Marks nest: the outermost pair makes one group, called `name`.
+    void startMark(const std::wstring& name = {});
     void endMark();
 
     /// To be called before an object changes. Keeps its state unless the group has it already.
@@ -37,7 +38,26 @@ public:
     bool redo();
     std::size_t undoable() const { return m_done.size(); }
     std::size_t redoable() const { return m_undone.size(); }
+    /// Of the group that undo, or redo, would take; empty when there is none.
+    std::wstring undoName() const { return m_done.empty() ? std::wstring() : m_done.back().name; }
+    std::wstring redoName() const { return m_undone.empty() ? std::wstring() : m_undone.back().name; }
     void clear();
+
+    /// Groups made from now on become one at endSet. Taking back what was there before ends the set without more.
+    void beginSet();
+    /// False when no set was begun.
+    bool endSet(const std::wstring& name);
+    bool isSetBegun() const { return m_setStart.has_value(); }
+
+    /// A place in the history to come back to. It goes when a group before it is taken back.
+    void placeBookmark();
+    /// Whether the last bookmark stands where the history is now.
+    bool isAtBookmark() const { return !m_bookmarks.empty() && m_bookmarks.back() == m_done.size(); }
+    bool hasBookmark() const { return !m_bookmarks.empty(); }
+    void removeBookmark() { m_bookmarks.pop_back(); }
+
+    /// A number for the state that the drawing is in: it changes with each change, and is back when that is taken back.
+    std::uint64_t state() const { return m_done.empty() ? 0 : m_done.back().revision; }
 
 private:
     struct Step {
@@ -50,9 +70,12 @@ private:
     struct Group {
         std::vector<Step> steps;
         std::set<std::string> variables; // those with a step
+        std::wstring name;
+        std::uint64_t revision = 0; // of the drawing after its last change
     };
 
     Group* current();
+    void forgetPassed();
     void swapSides(Group& group, bool undoing);
     void swapSides(Step& step);
     /// Puts the other object in the place of the one in use, which keeps no transient reactor.
@@ -64,5 +87,9 @@ private:
     int m_depth = 0;
     bool m_open = false; // whether the last group of m_done still takes steps
     std::uint32_t m_groupNumber = 0;
+    std::uint64_t m_revision = 0;
+    std::wstring m_name;                   // of the next group
+    std::optional<std::size_t> m_setStart; // how many groups were done before the set
+    std::vector<std::size_t> m_bookmarks;  // the same for each bookmark
     std::vector<Group> m_done, m_undone;
 };

@@ -60,22 +60,36 @@ std::wstring CommandRunner::runningNames() const
     return names;
 }
 
+CommandRunner::Called CommandRunner::calling(const Command& command)
+{
+    return {command.globalName(), command.commandFlags(), command.module(), [function = command.functionAddr()] {
+                function();
+                return std::wstring();
+            }};
+}
+
 std::optional<CommandRunner::Called> CommandRunner::find(const std::wstring& typedName)
 {
     const TypedName typed(typedName);
-    if (const Command* command = CommandStack::instance().lookupCmd(typed.name.c_str(), typed.global, !typed.global))
-        return Called{command->globalName(), command->commandFlags(), command->module(),
-                      [function = command->functionAddr()] {
-                          function();
-                          return std::wstring();
-                      }};
+    CommandStack& stack = CommandStack::instance();
+    if (const Command* command = stack.lookupCmd(typed.name.c_str(), typed.global, !typed.global))
+        return calling(*command);
+    if (!typed.stackOnly && !typed.name.empty())
+        if (auto function = findInLisp(typed.name))
+            return function;
+    const Command* command = stack.lookupAlias(typed.name);
+    return command ? std::optional(calling(*command)) : std::nullopt;
+}
+
+std::optional<CommandRunner::Called> CommandRunner::findInLisp(const std::wstring& name)
+{
     AcApDocument* document = curDoc();
-    if (typed.stackOnly || typed.name.empty() || !document)
+    if (!document)
         return std::nullopt;
     if (const auto& findCommand = LispHooks::instance().findCommand)
-        if (auto body = findCommand(typed.name))
-            return Called{upperCase(typed.name), ACRX_CMD_DEFUN, nullptr, std::move(body)};
-    const LispFunction* function = LispFunctionTable::of(*document).find(L"C:" + typed.name);
+        if (auto body = findCommand(name))
+            return Called{upperCase(name), ACRX_CMD_DEFUN, nullptr, std::move(body)};
+    const LispFunction* function = LispFunctionTable::of(*document).find(L"C:" + name);
     if (!function)
         return std::nullopt;
     return Called{function->name.substr(2), ACRX_CMD_DEFUN, function->module,
@@ -112,8 +126,8 @@ CommandOutcome CommandRunner::run(const std::wstring& typedName)
 
 void CommandRunner::runInside(const Called& called, CommandOutcome& outcome)
 {
+    m_running.push_back(called.name); // before its frame: the group of its changes takes its name
     const CommandFrame frame(DocumentList::instance().current(), called.flags, called.name);
-    m_running.push_back(called.name);
     try {
         const ModuleTable::Running running(called.module);
         outcome.failure = called.body();

@@ -20,6 +20,7 @@ struct CommandOutcome {
 /// "NAME" is a local name, "_NAME" the name common to all languages; "." keeps to the command stack, leaving out a
 /// command that a module, or a user in AutoLISP, defined as the function "C:NAME"; "'" is allowed before a transparent
 /// one. Around a command the current document is locked (not for ACRX_CMD_SESSION) and its changes are one step for U.
+/// An alias of the command stack counts where nothing else has the name.
 /// What a command leaves behind - locks, undo marks, open objects - is put right and told, and what it throws is told.
 class CommandRunner {
 public:
@@ -45,6 +46,8 @@ private:
         std::function<std::wstring()> body; ///< gives what went wrong
     };
     static std::optional<Called> find(const std::wstring& typedName);
+    static Called calling(const Command& command);
+    static std::optional<Called> findInLisp(const std::wstring& name);
     std::optional<std::wstring> refusal(const Called& called) const;
     void runInside(const Called& called, CommandOutcome& outcome);
     void reportLeftBehind(const Called& called, const std::wstring& left, CommandOutcome& outcome) const;

@@ -53,6 +53,17 @@ CommandStack& CommandStack::instance()
     return *static_cast<CommandStack*>(acedRegCmds);
 }
 
+void CommandStack::addAlias(const std::wstring& alias, const std::wstring& globalName)
+{
+    m_aliases[platform::lowerCase(alias)] = globalName;
+}
+
+Command* CommandStack::lookupAlias(const std::wstring& alias)
+{
+    const auto found = m_aliases.find(platform::lowerCase(alias));
+    return found == m_aliases.end() ? nullptr : lookupGlobalCmd(found->second.c_str());
+}
+
 CommandStack::CommandStack()
 {
     ModuleTable::instance().whenUnloaded([this](const LoadedModule& module) { forget(module); });

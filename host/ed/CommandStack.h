@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -60,6 +61,11 @@ public:
     Acad::ErrorStatus popGroupToTop(const ACHAR* groupName) override;
     AcEdCommandIterator* iterator() override;
 
+    /// Another name, a short one, for a command: it counts where no command bears it.
+    void addAlias(const std::wstring& alias, const std::wstring& globalName);
+    /// The command that an alias stands for, null when there is none.
+    Command* lookupAlias(const std::wstring& alias);
+
     /// Local names in the order of searching, each once: for completion while a user types.
     std::vector<std::wstring> localNames() const;
 
@@ -71,5 +77,6 @@ private:
     std::vector<Group>::iterator group(const ACHAR* name);
     void forget(const LoadedModule& module);
 
-    std::vector<Group> m_groups; // in the order of searching
+    std::vector<Group> m_groups;                    // in the order of searching
+    std::map<std::wstring, std::wstring> m_aliases; // in small letters, with the global names
 };

@@ -28,7 +28,7 @@ void Kernel::documentOpened(AcDbDatabase& database)
 }
 void Kernel::startMark(AcDbDatabase& database)
 {
-    database.impl().undo().startMark();
+    database.impl().undo().startMark(CommandRunner::instance().runningNames());
 }
 void Kernel::endMark(AcDbDatabase& database)
 {

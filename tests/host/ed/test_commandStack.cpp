@@ -101,6 +101,18 @@ TEST_F(Stack, refusesAndRemoves)
     EXPECT_EQ(stack.removeGroup(L"AUTRE"), Acad::eKeyNotFound);
 }
 
+TEST_F(Stack, aliasesLeadToGlobalNames)
+{
+    add(L"HOTE", L"LINE", L"LIGNE");
+    CommandStack::instance().addAlias(L"L", L"LINE");
+    CommandStack::instance().addAlias(L"X", L"ABSENT");
+    ASSERT_NE(CommandStack::instance().lookupAlias(L"l"), nullptr);
+    EXPECT_STREQ(CommandStack::instance().lookupAlias(L"l")->localName(), L"LIGNE");
+    EXPECT_EQ(CommandStack::instance().lookupAlias(L"X"), nullptr);
+    EXPECT_EQ(CommandStack::instance().lookupAlias(L"LIGNE"), nullptr);
+    EXPECT_EQ(stack.lookupLocalCmd(L"L"), nullptr) << "no command has the name";
+}
+
 TEST_F(Stack, dropsWhatAModuleLeft)
 {
     add(L"AUTRE", L"LIGNE", L"LIGNE");
