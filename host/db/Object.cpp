@@ -8,7 +8,8 @@
 #include "dbdict.h"
 #include "dbsymtb.h"
 
-ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcGiDrawable, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObject, AcGiDrawable)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObjectReactor, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
 
@@ -17,7 +18,7 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
 AcDbObject::AcDbObject() = default;
 
 // Sub-entities, the extension dictionary and reactors stay the other object's.
-AcDbObject::AcDbObject(const AcDbObject& other) : AcRxObject(other)
+AcDbObject::AcDbObject(const AcDbObject& other) : AcGiDrawable(other)
 {
     if (other.m_extras && !other.m_extras->xdata.empty())
         extras().xdata = other.m_extras->xdata;

@@ -20,6 +20,8 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbTextStyleTableRecord, AcDbSymbolTableRecord, STYLE)
 ACRX_DXF_DEFINE_MEMBERS(AcDbLinetypeTableRecord, AcDbSymbolTableRecord, LTYPE)
 ACRX_DXF_DEFINE_MEMBERS(AcDbRegAppTableRecord, AcDbSymbolTableRecord, APPID)
 ACRX_DXF_DEFINE_MEMBERS(AcDbDimStyleTableRecord, AcDbSymbolTableRecord, DIMSTYLE)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbAbstractViewTableRecord, AcDbSymbolTableRecord)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbViewTableRecord, AcDbAbstractViewTableRecord)
 
 namespace {
 

@@ -29,6 +29,8 @@ public:
     /// Prints the failure, if there is one, as well.
     CommandOutcome run(const std::wstring& typedName);
 
+    /// Whether a name leads to a command, prefixes and all.
+    static bool knows(const std::wstring& typedName) { return find(typedName).has_value(); }
     bool isRunning() const { return !m_running.empty(); }
     /// Global names of the commands under way, as CMDNAMES shows them: "LINE'ZOOM".
     std::wstring runningNames() const;

@@ -33,3 +33,14 @@
 #define RTFAIL (-5004)
 #define RTKWORD (-5005) // a keyword was typed
 #define RTINPUTTRUNCATED (-5008)
+
+// Bits of acedInitGet: what the next input refuses, and how it is taken.
+#define RSG_NONULL 1  // Enter alone
+#define RSG_NOZERO 2  // zero
+#define RSG_NONEG 4   // negative numbers
+#define RSG_NOLIM 8   // points outside the drawing's limits are taken
+#define RSG_GETZ 16   // points have an altitude
+#define RSG_DASH 32   // the line or box stretched to the cursor is dashed
+#define RSG_2D 64     // distances are measured in the plane
+#define RSG_OTHER 128 // any other text is an answer, given as a keyword
+#define RSG_DDISTFIRST 256

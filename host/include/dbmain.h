@@ -9,6 +9,7 @@
 #include "dbhandle.h"
 #include "dbid.h"
 #include "dbidar.h"
+#include "drawable.h"
 #include "gept3dar.h"
 #include "rxboiler.h"
 
@@ -53,7 +54,7 @@ private:
 /// An object that a database can own: symbol-table records, dictionaries, xrecords, entities.
 /// An object made with `new` belongs to its maker until it is added to a container; then the database owns it, and it
 /// is only used between open and close.
-class AcDbObject : public AcRxObject {
+class AcDbObject : public AcGiDrawable {
 public:
     ACRX_DECLARE_MEMBERS(AcDbObject);
     AcDbObject();

@@ -208,6 +208,46 @@ protected:
     AcDbDimStyleTableRecord(const AcDbDimStyleTableRecord&) = default;
 };
 
+/// What of a drawing is looked at. Made with `new` or on the stack and handed to acedSetCurrentView: views are not kept
+/// in drawings here.
+class AcDbAbstractViewTableRecord : public AcDbSymbolTableRecord {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbAbstractViewTableRecord);
+    /// Middle of the view, in the plane seen from above.
+    AcGePoint2d centerPoint() const { return m_center; }
+    void setCenterPoint(const AcGePoint2d& center) { m_center = center; }
+    /// In drawing units.
+    double height() const { return m_height; }
+    void setHeight(double height) { m_height = height; }
+    double width() const { return m_width; }
+    void setWidth(double width) { m_width = width; }
+    AcGePoint3d target() const { return m_target; }
+    void setTarget(const AcGePoint3d& target) { m_target = target; }
+    /// From the target to the eye.
+    AcGeVector3d viewDirection() const { return m_direction; }
+    void setViewDirection(const AcGeVector3d& direction) { m_direction = direction; }
+
+protected:
+    AcDbAbstractViewTableRecord() = default;
+    AcDbAbstractViewTableRecord(const AcDbAbstractViewTableRecord&) = default;
+
+private:
+    AcGePoint2d m_center;
+    AcGePoint3d m_target;
+    AcGeVector3d m_direction{0.0, 0.0, 1.0};
+    double m_height = 1.0, m_width = 1.0;
+};
+
+class AcDbViewTableRecord : public AcDbAbstractViewTableRecord {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbViewTableRecord);
+    AcDbViewTableRecord() = default;
+    AcRxObject* clone() const override { return new AcDbViewTableRecord(*this); }
+
+protected:
+    AcDbViewTableRecord(const AcDbViewTableRecord&) = default;
+};
+
 class AcDbBlockTableRecordIterator;
 
 /// A block definition: named, with a base point and entities in drawing order. Model and paper space are blocks too.

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "dbid.h"
 #include "gepnt3d.h"
 
 /// A word that a prompt accepts. What is in capitals suffices as an abbreviation: "Ligne" takes "l" and "LIG".
@@ -29,35 +30,44 @@ struct InputRequest {
         drag,      ///< a jig: the movements of the cursor count too
     };
     Kind kind = Kind::command;
-    std::wstring prompt; ///< as it is shown, without the line break before it
+    std::wstring prompt; ///< as it is shown, on one line, without the line break before it
     std::vector<InputKeyword> keywords;
     std::optional<AcGePoint3d> base; ///< a line or a box is stretched from here to the cursor; world coordinates
     bool takesBlanks = false;        ///< text in which a blank does not end the input
     bool takesNone = true;           ///< Enter alone is an answer
-    bool dashed = false;             ///< how the line or the box is drawn
+    bool takesAnyText = false;       ///< what makes no sense otherwise is an answer
+    bool dashed = false;             ///< how the line or the box is drawn: a crossing box is
+    int snapModes = 0;               ///< bits of OSMODE that hold for this point only; 0 for the user's own
 };
 
 /// What a person in the window, or a line of a script, gives to it.
 struct InputAnswer {
     enum class Kind {
-        text,   ///< typed; empty for Enter alone. The one that asks reads it, and asks again when it makes no sense
-        point,  ///< picked in the window, snapped already; world coordinates
-        moved,  ///< where the cursor is now: for Kind::drag only
-        cancel, ///< Escape
-        ended,  ///< nothing will come any more: the script is over
+        text,    ///< typed; empty for Enter alone. The one that asks reads it, and asks again when it makes no sense
+        point,   ///< picked in the window, snapped already; world coordinates
+        objects, ///< entities, for Kind::selection and Kind::entity; `point` is where the one entity was picked
+        moved,   ///< where the cursor is now: for Kind::drag only
+        cancel,  ///< Escape
+        ended,   ///< this source has nothing for the request: the source below is asked
     };
     Kind kind = Kind::cancel;
     std::wstring text;
     AcGePoint3d point;
+    std::vector<AcDbObjectId> objects;
+    bool removes = false; ///< for Kind::selection, with Shift held: what is picked leaves the selection
 };
 
-/// Where answers come from: a window, the lines of a script, the arguments of (command ...). The same requests go to all
-/// of them.
+/// Where answers come from: a window, the lines of a script, the arguments of (command ...). They stand on each other
+/// (EditorInput::Source); the same requests go to all of them.
 class InputSource {
 public:
     virtual ~InputSource() = default;
-    /// Waits for the answer. The source shows the prompt, in its own way.
+    /// Waits for the answer. The source may show the prompt meanwhile, in its own way; once it has answered, the prompt
+    /// and the answer are printed on the Console by EditorInput, as a command line's history shows them.
     virtual InputAnswer answer(const InputRequest& request) = 0;
-    /// An answer did not do: says why, in French, before the request comes again. A script fails here.
+    /// An answer did not do: tells why, in French, before the request comes again. EditorInput has printed the reason.
+    /// A script fails here.
     virtual void refused(const InputRequest& request, const std::wstring& reason) = 0;
+    /// Whether prompts and answers are printed.
+    virtual bool isEchoed() const { return true; }
 };

@@ -1,0 +1,113 @@
+#include "ed/input/EditorInput.h"
+
+#include <utility>
+
+#include "acdocman.h"
+#include "ed/CommandRunner.h"
+#include "ed/input/LispAnswer.h"
+#include "rx/Console.h"
+
+EditorInput& EditorInput::instance()
+{
+    static EditorInput input;
+    return input;
+}
+
+EditorInput::Source::Source(InputSource& source) : m_source(source), m_below(instance().m_top)
+{
+    instance().m_top = this;
+}
+
+EditorInput::Source::~Source()
+{
+    instance().m_top = m_below;
+    instance().m_answered = nullptr;
+}
+
+InitGet EditorInput::takeInitGet()
+{
+    return std::exchange(m_initGet, {});
+}
+
+InputAnswer EditorInput::ask(const InputRequest& request)
+{
+    for (;;) {
+        InputAnswer answer = answerOf(request);
+        echo(request, answer);
+        if (!carriedOut(request, answer))
+            return answer;
+    }
+}
+
+InputAnswer EditorInput::answerOf(const InputRequest& request)
+{
+    /// What is asked and who may answer, for the length of a question; questions nest.
+    struct Question {
+        EditorInput& input;
+        Source* top = input.m_top;
+        const InputRequest* before;
+        Question(EditorInput& theInput, const InputRequest& asked) :
+            input(theInput),
+            before(std::exchange(theInput.m_asked, &asked))
+        {
+        }
+        ~Question()
+        {
+            input.m_top = top;
+            input.m_asked = before;
+        }
+    } question(*this, request);
+    for (Source* source = m_top; source; source = source->m_below) {
+        m_top = source; // what it asks for meanwhile is not for those above
+        InputAnswer answer = source->m_source.answer(request);
+        m_answered = source;
+        if (answer.kind != InputAnswer::Kind::ended)
+            return answer;
+    }
+    m_answered = nullptr;
+    return {};
+}
+
+bool EditorInput::refuse(const InputRequest& request, const std::wstring& reason)
+{
+    Console::instance().print(L"\n" + reason);
+    Source* const source = m_answered;
+    if (source)
+        source->m_source.refused(request, reason);
+    return source != nullptr;
+}
+
+void EditorInput::echo(const InputRequest& request, const InputAnswer& answer) const
+{
+    const bool isDone = answer.kind != InputAnswer::Kind::moved;
+    if (!isDone || !m_answered || !m_answered->m_source.isEchoed())
+        return;
+    const bool isCancelled = answer.kind == InputAnswer::Kind::cancel;
+    Console::instance().print(L"\n" + request.prompt + (isCancelled ? L"*Cancel*" : answer.text));
+}
+
+bool EditorInput::carriedOut(const InputRequest& request, InputAnswer& answer)
+{
+    using Kind = InputRequest::Kind;
+    if (answer.kind != InputAnswer::Kind::text || answer.text.size() < 2 || request.takesBlanks ||
+        request.kind == Kind::command)
+        return false;
+    switch (answer.text.front()) {
+    case L'\'':
+        if (request.kind == Kind::string)
+            return false;
+        CommandRunner::instance().run(answer.text);
+        Console::instance().print(L"\nReprise de la commande " + CommandRunner::instance().runningNames() + L".");
+        return true;
+    case L'(':
+    case L'!': {
+        auto value = lispAnswer(answer.text);
+        if (!value)
+            return true; // told; or nil, which answers nothing
+        answer = std::move(*value);
+        return false;
+    }
+    default:
+        return false;
+    }
+}

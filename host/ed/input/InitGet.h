@@ -1,0 +1,12 @@
+#pragma once
+
+#include "adscodes.h"
+#include "ed/input/Keywords.h"
+
+/// What acedInitGet says of the next request.
+struct InitGet {
+    int bits = 0; ///< RSG_...
+    std::vector<InputKeyword> keywords;
+
+    bool has(int bit) const { return (bits & bit) != 0; }
+};
