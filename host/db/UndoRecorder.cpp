@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
@@ -173,8 +172,8 @@ void UndoRecorder::swapSides(Group& group, bool undoing)
 {
     m_replaying = true;
     if (undoing)
-        for (Step& step : std::views::reverse(group.steps))
-            swapSides(step);
+        for (auto step = group.steps.rbegin(); step != group.steps.rend(); ++step)
+            swapSides(*step);
     else
         for (Step& step : group.steps)
             swapSides(step);
