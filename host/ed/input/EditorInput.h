@@ -41,6 +41,7 @@ public:
 
     /// What acedInitGet set for the next request.
     void setInitGet(InitGet init) { m_initGet = std::move(init); }
+    const InitGet& initGet() const { return m_initGet; }
     InitGet takeInitGet();
 
     /// The keyword or other text that ended the last request, for acedGetInput.

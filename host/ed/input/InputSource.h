@@ -54,6 +54,8 @@ struct InputAnswer {
     std::wstring text;
     AcGePoint3d point;
     std::vector<AcDbObjectId> objects;
+    /// Where the cursor was when a text was typed, if there is one: a length typed alone is measured towards it.
+    std::optional<AcGePoint3d> cursor;
     bool removes = false; ///< for Kind::selection, with Shift held: what is picked leaves the selection
 };
 

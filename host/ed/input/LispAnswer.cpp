@@ -3,10 +3,10 @@
 #include <charconv>
 
 #include "acdocman.h"
-#include "ed/input/TypedNumber.h"
 #include "ed/select/SelectionSets.h"
 #include "lisp/drawing/LispSession.h"
 #include "rx/Console.h"
+#include "rx/TypedNumber.h"
 
 namespace {
 

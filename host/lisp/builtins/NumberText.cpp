@@ -12,6 +12,7 @@
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispNumber.h"
 #include "lisp/eval/LispTexts.h"
+#include "rx/TypedAngle.h"
 
 namespace {
 
@@ -254,46 +255,11 @@ LispValue textToLength(LispContext&, LispArguments arguments)
     return value ? LispValue(*value) : LispValue();
 }
 
-/// Degrees with minutes and seconds: 12d30'15".
-std::optional<double> degreesWritten(std::wstring_view written)
-{
-    TextCursor cursor(written);
-    const bool negative = cursor.take(L'-');
-    const auto degrees = cursor.takeNumber();
-    if (!degrees)
-        return std::nullopt;
-    double total = *degrees;
-    if (cursor.take(L'd') || cursor.take(L'°')) {
-        for (const auto& [mark, share] : {std::pair(L'\'', 60.0), std::pair(L'"', 3600.0)}) {
-            if (cursor.atEnd())
-                break;
-            const auto part = cursor.takeNumber();
-            if (!part || !cursor.take(mark))
-                return std::nullopt;
-            total += *part / share;
-        }
-    }
-    if (!cursor.atEnd())
-        return std::nullopt;
-    return negative ? -total : total;
-}
-
 /// A letter behind the number counts more than the unit.
 LispValue textToAngle(LispContext&, LispArguments arguments)
 {
-    std::wstring_view written = text(arguments[0]);
-    int unit = unitArgument(arguments, 1, L"AUNITS", 0, 4);
-    if (written.ends_with(L'g') || written.ends_with(L'r')) {
-        unit = written.ends_with(L'g') ? 2 : 3;
-        written.remove_suffix(1);
-    }
-    if (unit == 2 || unit == 3) {
-        const auto value = lispNumber(written);
-        return value ? LispValue(normalized(value->number() * (unit == 2 ? std::numbers::pi / 200.0 : 1.0)))
-                     : LispValue();
-    }
-    const auto degrees = degreesWritten(written);
-    return degrees ? LispValue(normalized(*degrees * std::numbers::pi / 180.0)) : LispValue();
+    const auto angle = typedAngle(text(arguments[0]), unitArgument(arguments, 1, L"AUNITS", 0, 4));
+    return angle ? LispValue(withinTurn(*angle)) : LispValue();
 }
 
 LispValue textToReal(LispContext&, LispArguments arguments)

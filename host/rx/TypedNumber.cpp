@@ -1,4 +1,4 @@
-#include "ed/input/TypedNumber.h"
+#include "rx/TypedNumber.h"
 
 #include <charconv>
 #include <cmath>
