@@ -27,7 +27,7 @@ class Stack : public testing::Test {
 protected:
     void TearDown() override
     {
-        for (const wchar_t* group : {L"QUARVEL4", L"AUTRE", L"TROISIEME"})
+        for (const wchar_t* group : {L"QUARVEL4", L"AUTRE", L"TROISIEME", L"HOTE"})
             stack.removeGroup(group);
         EXPECT_EQ(listing(), L"");
     }
