@@ -1,9 +1,9 @@
 #include "calculs/avertissementsPolygonale.h"
 
+#include "calculs/conseilAngulaire.h"
 #include "calculs/grandeur.h"
 #include "calculs/reelDeTexte.h"
 #include "calculs/texteAnsi.h"
-#include "calculs/uniteAngulaire.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,31 +30,31 @@ void signalerCellule(std::size_t ligne, const wchar_t* colonne, const std::wstri
     resultat.push_back(phrase);
 }
 
-void signalerDistances(const resultatPolygonaleFermee& r, phrases& resultat)
+void signalerDistances(const cheminement& c, phrases& resultat)
 {
-    const auto douteuse = [](const viseeFermee& v) { return !(v.observation.distance > 0.0); };
-    const auto premiere = std::find_if(r.visees.begin(), r.visees.end(), douteuse);
-    if (premiere == r.visees.end())
+    const auto douteuse = [](const cotePolygonale& cote) { return !(cote.observation.distance > 0.0); };
+    const auto premiere = std::find_if(c.cotes.begin(), c.cotes.end(), douteuse);
+    if (premiere == c.cotes.end())
         return;
-    const auto nombre = std::count_if(premiere, r.visees.end(), douteuse);
+    const auto nombre = std::count_if(premiere, c.cotes.end(), douteuse);
     resultat.push_back(L"Distance nulle ou négative : " + std::to_wstring(nombre) + L" ligne(s), dont la ligne " +
-                       std::to_wstring(premiere - r.visees.begin() + 1) + L" (" + cite(premiere->observation.nom) +
+                       std::to_wstring(premiere - c.cotes.begin() + 1) + L" (" + cite(premiere->observation.nom) +
                        L").");
 }
 
-void signalerSommes(const resultatPolygonaleFermee& r, phrases& resultat)
+void signalerSommes(const cheminement& c, phrases& resultat)
 {
-    if (r.longueur == 0.0)
+    if (c.longueur == 0.0)
         resultat.push_back(L"La longueur totale des côtés est nulle : la fermeture ne peut pas être répartie.");
-    if ((r.mode == nivellementDistance || r.mode == nivellementRacine) && r.nivellement.sommePoids == 0.0)
+    if ((c.mode == nivellementDistance || c.mode == nivellementRacine) && c.nivellement.sommePoids == 0.0)
         resultat.push_back(L"Les stations compensées sont toutes au même endroit : la fermeture altimétrique ne peut "
                            L"pas être répartie selon les distances.");
 }
 
-void signalerResultats(const resultatPolygonaleFermee& r, phrases& resultat)
+void signalerResultats(const cheminement& c, phrases& resultat)
 {
-    const auto tous = [&r](auto condition) {
-        return std::all_of(r.stations.begin(), r.stations.end(), [&](const stationCorrigee& s) {
+    const auto tous = [&c](auto condition) {
+        return std::all_of(c.stations.begin(), c.stations.end(), [&](const stationCorrigee& s) {
             return condition(s.x) && condition(s.y) && condition(s.z);
         });
     };
@@ -64,31 +64,32 @@ void signalerResultats(const resultatPolygonaleFermee& r, phrases& resultat)
         resultat.push_back(L"Une donnée est inconnue (1E38) : les coordonnées qui en dépendent le sont aussi.");
 }
 
-void signalerRetour(const resultatPolygonaleFermee& r, phrases& resultat)
+/// Where the last row must arrive.
+struct finAttendue {
+    const std::wstring& nom;
+    const wchar_t* role;
+    const wchar_t* suite; ///< what the sentence ends with
+};
+
+void signalerFin(const cheminement& c, const finAttendue& fin, phrases& resultat)
 {
-    const std::wstring depart = r.depart.nom.substr(0, longueurNomStation);
-    const std::wstring& retour = r.visees.back().observation.nom;
-    if (enMinuscules(depart) != enMinuscules(retour))
-        resultat.push_back(L"La dernière ligne vise " + cite(retour) + L" et non la station de départ " + cite(depart) +
-                           L" : la boucle doit s'y refermer.");
+    const std::wstring attendue = fin.nom.substr(0, longueurNomStation);
+    const std::wstring& atteinte = c.cotes.back().observation.nom;
+    if (enMinuscules(attendue) != enMinuscules(atteinte))
+        resultat.push_back(L"La dernière ligne vise " + cite(atteinte) + L" et non la station " + fin.role + L" " +
+                           cite(attendue) + L" : " + fin.suite);
 }
 
-void signalerErreurAngulaire(const resultatPolygonaleFermee& r, phrases& resultat)
+phrases avertissements(const cheminement& c, const finAttendue& fin, const std::wstring& conseil)
 {
-    const double tours = r.erreurAngulaire / tourComplet(r.unite);
-    const double entiers = std::round(tours);
-    // A fortieth of a turn: far more than any observation error, far less than a turn.
-    const bool proche = entiers != 0.0 && std::abs(tours - entiers) < 1.0 / 40.0;
-    if (!proche)
-        return;
-    if (entiers == 2.0) {
-        resultat.push_back(L"L'erreur angulaire est proche de deux tours : les angles saisis semblent être les angles "
-                           L"intérieurs, ou la boucle est parcourue dans l'autre sens. Il faut les angles extérieurs, "
-                           L"boucle parcourue dans le sens des aiguilles d'une montre.");
-        return;
-    }
-    resultat.push_back(L"L'erreur angulaire est proche d'un nombre entier de tours : un angle est sans doute saisi à "
-                       L"un tour près.");
+    phrases resultat;
+    signalerFin(c, fin, resultat);
+    signalerDistances(c, resultat);
+    signalerSommes(c, resultat);
+    if (!conseil.empty())
+        resultat.push_back(conseil);
+    signalerResultats(c, resultat);
+    return resultat;
 }
 
 } // namespace
@@ -104,15 +105,18 @@ std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObse
     return resultat;
 }
 
-std::vector<std::wstring> avertissementsPolygonaleFermee(const resultatPolygonaleFermee& resultat)
+std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleFermee& resultat)
 {
-    if (resultat.visees.size() < 2)
+    if (resultat.cotes.size() < 2)
         return {donneesInsuffisantes};
-    phrases avertissements;
-    signalerRetour(resultat, avertissements);
-    signalerDistances(resultat, avertissements);
-    signalerSommes(resultat, avertissements);
-    signalerErreurAngulaire(resultat, avertissements);
-    signalerResultats(resultat, avertissements);
-    return avertissements;
+    return avertissements(resultat, {resultat.depart.nom, L"de départ", L"la boucle doit s'y refermer."},
+                          conseilAngulaire(resultat));
+}
+
+std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuverte& resultat)
+{
+    if (resultat.cotes.size() < 2)
+        return {donneesInsuffisantes};
+    return avertissements(resultat, {resultat.arrivee.nom, L"d'arrivée", L"la polygonale doit y finir."},
+                          conseilAngulaire(resultat));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calculs/calculPolygonaleFermee.h"
+#include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/donneesPolygonale.h"
 
 #include <string>
@@ -15,6 +16,7 @@ inline constexpr wchar_t donneesInsuffisantes[] = L"Erreur , données insuffisan
 /// Cells that are not numbers, such as "217,63" which reads as 217: one sentence a row and column.
 std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObservation>& lignes);
 
-/// Lengths and sums that are zero, results that are unknown or not finite, a last row that does not name the departure,
-/// an angular error near whole turns (two of them: interior angles, or the loop walked the other way round).
-std::vector<std::wstring> avertissementsPolygonaleFermee(const resultatPolygonaleFermee& resultat);
+/// Lengths and sums that are zero, results that are unknown or not finite, a last row that does not name the station
+/// where the traverse ends, an angular error near whole or half turns (conseilAngulaire).
+std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleFermee& resultat);
+std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuverte& resultat);

@@ -10,19 +10,20 @@ namespace {
 void fermerAngles(resultatPolygonaleFermee& r)
 {
     const double tour = tourComplet(r.unite);
-    const double n = static_cast<double>(r.visees.size());
+    const double n = static_cast<double>(r.cotes.size());
+    r.angles.resize(r.cotes.size());
     grandeur somme;
-    for (viseeFermee& v : r.visees) {
-        const grandeur interieur = grandeur(tour) - v.observation.angle;
+    for (std::size_t i = 0; i < r.cotes.size(); ++i) {
+        const grandeur interieur = grandeur(tour) - r.cotes[i].observation.angle;
         somme += interieur;
-        v.interieur = interieur.valeur();
+        r.angles[i].interieur = interieur.valeur();
     }
     const grandeur erreur = somme - (n - 2.0) * tour / 2.0;
     const grandeur correction = erreur / n;
-    for (viseeFermee& v : r.visees) {
-        const grandeur interieur = v.interieur - correction;
-        v.interieurCorrige = interieur.valeur();
-        v.exterieurCorrige = normaliser(tour - interieur, tour).valeur();
+    for (angleFerme& angle : r.angles) {
+        const grandeur interieur = angle.interieur - correction;
+        angle.interieurCorrige = interieur.valeur();
+        angle.exterieurCorrige = normaliser(tour - interieur, tour).valeur();
     }
     r.sommeInterieurs = somme.valeur();
     r.erreurAngulaire = erreur.valeur();
@@ -34,83 +35,22 @@ void porterGisements(resultatPolygonaleFermee& r)
 {
     const double tour = tourComplet(r.unite);
     grandeur gisement = r.depart.gisement;
-    for (std::size_t i = 0; i < r.visees.size(); ++i) {
+    for (std::size_t i = 0; i < r.cotes.size(); ++i) {
         if (i > 0)
-            gisement = normaliser(gisement + r.visees[i].exterieurCorrige - tour / 2.0, tour);
-        r.visees[i].gisement = gisement.valeur();
+            gisement = normaliser(gisement + r.angles[i].exterieurCorrige - tour / 2.0, tour);
+        r.cotes[i].gisement = gisement.valeur();
     }
-}
-
-/// Legs, their closure, and the closure shared by length of leg.
-void compenserDistances(resultatPolygonaleFermee& r)
-{
-    const double k = facteurRadians(r.unite);
-    grandeur longueur, fermetureX, fermetureY;
-    for (viseeFermee& v : r.visees) {
-        const grandeur distance = v.observation.distance;
-        const grandeur angle = grandeur(k) * v.gisement;
-        const grandeur dx = distance * sin(angle);
-        const grandeur dy = distance * cos(angle);
-        longueur += distance;
-        fermetureX += dx;
-        fermetureY += dy;
-        v.dx = dx.valeur();
-        v.dy = dy.valeur();
-    }
-    for (viseeFermee& v : r.visees) {
-        const grandeur part = grandeur(v.observation.distance) / longueur;
-        v.dxCorrige = (v.dx - part * fermetureX).valeur();
-        v.dyCorrige = (v.dy - part * fermetureY).valeur();
-    }
-    const grandeur fermeture = hypot(fermetureX, fermetureY);
-    r.longueur = longueur.valeur();
-    r.fermetureX = fermetureX.valeur();
-    r.fermetureY = fermetureY.valeur();
-    r.fermeturePlanimetrique = fermeture.valeur();
-    r.fermetureRelative = (longueur / fermeture).valeur();
-}
-
-void calculerCoordonnees(resultatPolygonaleFermee& r)
-{
-    grandeur x = r.depart.x, y = r.depart.y;
-    for (viseeFermee& v : r.visees) {
-        x += v.dxCorrige;
-        y += v.dyCorrige;
-        v.x = x.valeur();
-        v.y = y.valeur();
-    }
-}
-
-/// Altitude shares follow the distances between corrected stations; the last leg ends on the departure itself.
-void calculerAltitudes(resultatPolygonaleFermee& r)
-{
-    std::vector<double> dz, longueurs;
-    dz.reserve(r.visees.size());
-    longueurs.reserve(r.visees.size());
-    grandeur x = r.depart.x, y = r.depart.y;
-    for (std::size_t i = 0; i < r.visees.size(); ++i) {
-        viseeFermee& v = r.visees[i];
-        const bool derniere = i + 1 == r.visees.size();
-        const grandeur xSuivant = derniere ? r.depart.x : v.x;
-        const grandeur ySuivant = derniere ? r.depart.y : v.y;
-        v.longueurCorrigee = hypot(xSuivant - x, ySuivant - y).valeur();
-        longueurs.push_back(v.longueurCorrigee);
-        dz.push_back(v.observation.dz);
-        x = xSuivant;
-        y = ySuivant;
-    }
-    r.nivellement = compenserNivellement(r.mode, r.depart.z, 0.0, dz, longueurs);
 }
 
 /// The departure bears the name that the last row gives it.
 void nommerStations(resultatPolygonaleFermee& r)
 {
-    const std::size_t n = r.visees.size();
+    const std::size_t n = r.cotes.size();
     r.stations.reserve(n);
-    r.stations.push_back({r.visees[n - 1].observation.nom, r.depart.x, r.depart.y, r.depart.z});
+    r.stations.push_back({r.cotes[n - 1].observation.nom, r.depart.x, r.depart.y, r.depart.z});
     for (std::size_t k = 1; k < n; ++k) {
-        const viseeFermee& v = r.visees[k - 1];
-        r.stations.push_back({v.observation.nom, v.x, v.y, r.nivellement.denivelees[k - 1].z});
+        const cotePolygonale& cote = r.cotes[k - 1];
+        r.stations.push_back({cote.observation.nom, cote.x, cote.y, r.nivellement.denivelees[k - 1].z});
     }
 }
 
@@ -120,40 +60,39 @@ resultatPolygonaleFermee compenserPolygonaleFermee(const stationPolygonale& depa
                                                    const std::vector<observationPolygonale>& observations)
 {
     resultatPolygonaleFermee r;
-    r.depart = depart;
-    r.unite = unite;
-    r.mode = mode;
+    ouvrirCheminement(r, depart, mode, unite, observations);
     if (observations.empty())
         return r;
-    r.visees.resize(observations.size());
-    for (std::size_t i = 0; i < observations.size(); ++i)
-        r.visees[i].observation = observations[i];
-
     fermerAngles(r);
     porterGisements(r);
-    compenserDistances(r);
-    calculerCoordonnees(r);
-    calculerAltitudes(r);
+    projeterCotes(r);
+    r.fermetureX = r.sommeX;
+    r.fermetureY = r.sommeY;
+    repartirFermeture(r, (0.0 - grandeur(r.fermetureX)).valeur(), (0.0 - grandeur(r.fermetureY)).valeur());
+    // The last leg ends on the departure itself.
+    compenserAltitudes(r, depart.x, depart.y, 0.0);
     nommerStations(r);
     return r;
 }
 
-tracePolygonale tracePolygonaleOriginelle(const stationPolygonale& depart, int unite,
-                                          const std::vector<observationPolygonale>& observations)
+resultatPolygonaleFermee compenserPolygonale(const donneesPolygonaleFermee& donnees)
 {
-    const double tour = tourComplet(unite);
-    const double k = facteurRadians(unite);
-    tracePolygonale trace{couleurTraceOriginelle, {{depart.x, depart.y}}};
-    trace.sommets.reserve(observations.size() + 1);
-    grandeur x = depart.x, y = depart.y, gisement = depart.gisement;
-    for (std::size_t i = 0; i < observations.size(); ++i) {
-        if (i > 0)
-            gisement = normaliser(gisement + observations[i].angle - tour / 2.0, tour);
-        x += observations[i].distance * sin(k * gisement);
-        y += observations[i].distance * cos(k * gisement);
-        trace.sommets.push_back({x.valeur(), y.valeur()});
+    return compenserPolygonaleFermee(donnees.depart, donnees.nivellement, donnees.unite,
+                                     observationsDe(donnees.lignes));
+}
+
+tracePolygonale tracePolygonaleOriginelle(const resultatPolygonaleFermee& resultat)
+{
+    const double tour = tourComplet(resultat.unite);
+    std::vector<double> gisements;
+    gisements.reserve(resultat.cotes.size());
+    grandeur gisement = resultat.depart.gisement;
+    for (const cotePolygonale& cote : resultat.cotes) {
+        if (!gisements.empty())
+            gisement = normaliser(gisement + cote.observation.angle - tour / 2.0, tour);
+        gisements.push_back(gisement.valeur());
     }
-    return trace;
+    return traceObservee(resultat, gisements);
 }
 
 tracePolygonale tracePolygonaleCompensee(const resultatPolygonaleFermee& resultat)
@@ -170,22 +109,21 @@ void calculPolygonaleFermee(const std::wstring& nom, double x, double y, double 
                             std::vector<double>& Y, std::vector<double>& Z, htmlDocument* rapport,
                             const std::function<void(const tracePolygonale&)>& tracer)
 {
-    const stationPolygonale depart{nom, x, y, z, gisement};
-    if (tracer)
-        tracer(tracePolygonaleOriginelle(depart, unite, observations));
-
-    const resultatPolygonaleFermee resultat = compenserPolygonaleFermee(depart, mode, unite, observations);
+    const resultatPolygonaleFermee resultat =
+        compenserPolygonaleFermee({nom, x, y, z, gisement}, mode, unite, observations);
     X.assign(1, x);
     Y.assign(1, y);
     Z.assign(1, z);
-    for (const viseeFermee& v : resultat.visees) {
-        X.push_back(v.x);
-        Y.push_back(v.y);
+    for (const cotePolygonale& cote : resultat.cotes) {
+        X.push_back(cote.x);
+        Y.push_back(cote.y);
     }
     for (const deniveleeCompensee& d : resultat.nivellement.denivelees)
         Z.push_back(d.z);
     if (rapport)
-        rapporterPolygonaleFermee(resultat, *rapport);
-    if (tracer)
-        tracer(tracePolygonaleCompensee(resultat));
+        rapporterPolygonale(resultat, *rapport);
+    if (!tracer)
+        return;
+    tracer(tracePolygonaleOriginelle(resultat));
+    tracer(tracePolygonaleCompensee(resultat));
 }

@@ -115,6 +115,46 @@ void ajouterVides(htmlTable& table, int nombre)
         table.addCell(vide, celluleNombre);
 }
 
+bool ajouterEnTetesNivellement(htmlTable& table, int mode)
+{
+    const bool avecPoids = mode == nivellementDistance || mode == nivellementRacine;
+    if (avecPoids)
+        ajouterEnTete(table, mode == nivellementDistance ? L"Distance" : L"Racine.dist");
+    for (const std::wstring_view enTete : {L"Correction", L"d.Z Corrigé", L"Z"})
+        ajouterEnTete(table, enTete);
+    return avecPoids;
+}
+
+void ajouterDenivelee(htmlTable& table, const deniveleeCompensee& denivelee, bool avecPoids)
+{
+    if (avecPoids)
+        ajouterNombre(table, denivelee.poids);
+    for (const double valeur : {denivelee.correction, denivelee.dz, denivelee.z})
+        ajouterNombre(table, valeur);
+}
+
+void ajouterSommesNivellement(htmlTable& table, const nivellementCompense& nivellement, bool avecPoids)
+{
+    ajouterNombre(table, nivellement.sommeDz);
+    if (avecPoids)
+        ajouterNombre(table, nivellement.sommePoids);
+    ajouterNombre(table, nivellement.sommeCorrections);
+    ajouterNombre(table, nivellement.sommeDzCorriges);
+    ajouterVides(table, 1);
+}
+
+void ajouterCoordonnees(htmlDocument& document, const std::vector<stationCorrigee>& stations)
+{
+    htmlTable table = tableau({L"Station", L"X", L"Y", L"Z"});
+    for (const stationCorrigee& s : stations) {
+        table.beginRow();
+        table.addCell(nomHtml(s.nom), celluleNomGauche);
+        for (const double valeur : {s.x, s.y, s.z})
+            ajouterNombre(table, valeur);
+    }
+    document.append(table.render());
+}
+
 std::string nomHtml(std::wstring_view nom)
 {
     return htmlEscaped(versAnsi(nom));

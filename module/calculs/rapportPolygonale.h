@@ -1,11 +1,13 @@
 #pragma once
 
+#include "calculs/cheminement.h"
 #include "reports/htmlDocument.h"
 #include "reports/htmlTable.h"
 
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // What the reports of closed and open traverses share: style classes, attributes of cells, headings.
 
@@ -15,7 +17,12 @@ inline constexpr char celluleNombre[] = "class=celnorm align=right";
 inline constexpr char celluleNomCentre[] = "class=celnorm align=center";
 inline constexpr char celluleNomGauche[] = "class=celnorm align='left'";
 inline constexpr char celluleEnTete[] = "class=celgris align=center";
+inline constexpr char celluleEnTeteGauche[] = "class=celgris align='left'";
+// Labels of sums and differences, over the columns before them.
+inline constexpr char celluleLibelle2Colonnes[] = "class=celgris colspan=2 align=right";
+inline constexpr char celluleLibelle3Colonnes[] = "class=celgris colspan=3 align=right";
 inline constexpr char celluleLibelle4Colonnes[] = "class=celgris colspan=4 align=right";
+inline constexpr char celluleLibelle5Colonnes[] = "class=celgris colspan=5 align=right";
 inline constexpr char vide[] = "&nbsp"; // browsers accept it without its semicolon
 
 inline constexpr int decimales = 4;
@@ -38,6 +45,17 @@ void ajouterEnTete(htmlTable& table, std::wstring_view texte);
 
 void ajouterNombre(htmlTable& table, double valeur);
 void ajouterVides(htmlTable& table, int nombre);
+
+/// Headings of a levelling table after "d.Z", for a mode that corrects.
+/// @return whether there is a column for the weights.
+bool ajouterEnTetesNivellement(htmlTable& table, int mode);
+/// What one leg receives, under these headings.
+void ajouterDenivelee(htmlTable& table, const deniveleeCompensee& denivelee, bool avecPoids);
+/// The sums, from "d.Z" to the last column.
+void ajouterSommesNivellement(htmlTable& table, const nivellementCompense& nivellement, bool avecPoids);
+
+/// The table "Station", "X", "Y", "Z" that ends a report.
+void ajouterCoordonnees(htmlDocument& document, const std::vector<stationCorrigee>& stations);
 
 /// A name as it stands in the report: narrow, fit for HTML.
 std::string nomHtml(std::wstring_view nom);

@@ -11,11 +11,11 @@ namespace {
 /// Names of the rows, ready for the report; `avant` counts rows backwards around the loop.
 class nomsLignes {
 public:
-    explicit nomsLignes(const std::vector<viseeFermee>& visees)
+    explicit nomsLignes(const std::vector<cotePolygonale>& cotes)
     {
-        m_noms.reserve(visees.size());
-        for (const viseeFermee& v : visees)
-            m_noms.push_back(nomHtml(v.observation.nom));
+        m_noms.reserve(cotes.size());
+        for (const cotePolygonale& c : cotes)
+            m_noms.push_back(nomHtml(c.observation.nom));
     }
 
     const std::string& avant(std::size_t ligne, std::size_t rang) const
@@ -55,8 +55,8 @@ void rapporterDonnees(const resultatPolygonaleFermee& r, const nomsLignes& noms,
 
     ajouterTitre(document, L"Observations");
     htmlTable table = tableau({L"Station", L"Vise", L"Angle", L"Distance", L"Altitude"});
-    for (std::size_t i = 0; i < r.visees.size(); ++i) {
-        const observationPolygonale& o = r.visees[i].observation;
+    for (std::size_t i = 0; i < r.cotes.size(); ++i) {
+        const observationPolygonale& o = r.cotes[i].observation;
         table.beginRow();
         table.addCell(noms.avant(i, 1), celluleNomCentre);
         table.addCell(noms.avant(i, 0), celluleNomCentre);
@@ -74,11 +74,12 @@ void rapporterAngles(const resultatPolygonaleFermee& r, const nomsLignes& noms, 
 
     htmlTable table = tableau(
         {L"Réf", L"Station", L"Vise", L"Ang Ext", L"Ang Int", L"Ang Int Corr", L"Ang Ext Corr", L"Gisement Corr"});
-    for (std::size_t i = 0; i < r.visees.size(); ++i) {
-        const viseeFermee& v = r.visees[i];
+    for (std::size_t i = 0; i < r.cotes.size(); ++i) {
+        const angleFerme& a = r.angles[i];
+        const cotePolygonale& c = r.cotes[i];
         noms.ouvrirLigne(table, i);
         for (const double valeur :
-             {v.observation.angle, v.interieur, v.interieurCorrige, v.exterieurCorrige, v.gisement})
+             {c.observation.angle, a.interieur, a.interieurCorrige, a.exterieurCorrige, c.gisement})
             ajouterNombre(table, valeur);
     }
     const auto total = [&table](std::string_view libelle, double valeur) {
@@ -97,14 +98,14 @@ void rapporterDistances(const resultatPolygonaleFermee& r, const nomsLignes& nom
     ajouterTitre(document, L"Correction des distances");
     htmlTable table = tableau({L"Réf", L"Station", L"Vise", L"Gis. Corrigé", L"Distance", L"Dx", L"Dy", L"Dx corrigé",
                                L"Dy corrigé", L"X", L"Y"});
-    for (std::size_t i = 0; i < r.visees.size(); ++i) {
-        const viseeFermee& v = r.visees[i];
+    for (std::size_t i = 0; i < r.cotes.size(); ++i) {
+        const cotePolygonale& c = r.cotes[i];
         noms.ouvrirLigne(table, i);
-        for (const double valeur : {v.gisement, v.observation.distance, v.dx, v.dy, v.dxCorrige, v.dyCorrige, v.x, v.y})
+        for (const double valeur : {c.gisement, c.observation.distance, c.dx, c.dy, c.dxCorrige, c.dyCorrige, c.x, c.y})
             ajouterNombre(table, valeur);
     }
     ouvrirTotal(table, "Somme");
-    for (const double valeur : {r.longueur, r.fermetureX, r.fermetureY})
+    for (const double valeur : {r.longueur, r.sommeX, r.sommeY})
         ajouterNombre(table, valeur);
     ajouterVides(table, 4);
     document.append(table.render());
@@ -114,57 +115,31 @@ void rapporterNivellement(const resultatPolygonaleFermee& r, const nomsLignes& n
 {
     if (!ajouterTitreNivellement(document, r.mode))
         return;
-    const bool avecPoids = r.mode != nivellementSimple;
     htmlTable table = tableau({L"Réf", L"Station", L"Vise", L"X", L"Y", L"d.Z"});
-    if (avecPoids)
-        ajouterEnTete(table, r.mode == nivellementDistance ? L"Distance" : L"Racine.dist");
-    for (const std::wstring_view enTete : {L"Correction", L"d.Z Corrigé", L"Z"})
-        ajouterEnTete(table, enTete);
-
-    for (std::size_t i = 0; i < r.visees.size(); ++i) {
-        const viseeFermee& v = r.visees[i];
-        const deniveleeCompensee& d = r.nivellement.denivelees[i];
+    const bool avecPoids = ajouterEnTetesNivellement(table, r.mode);
+    for (std::size_t i = 0; i < r.cotes.size(); ++i) {
+        const cotePolygonale& c = r.cotes[i];
         noms.ouvrirLigne(table, i);
-        for (const double valeur : {v.x, v.y, v.observation.dz})
+        for (const double valeur : {c.x, c.y, c.observation.dz})
             ajouterNombre(table, valeur);
-        if (avecPoids)
-            ajouterNombre(table, d.poids);
-        for (const double valeur : {d.correction, d.dz, d.z})
-            ajouterNombre(table, valeur);
+        ajouterDenivelee(table, r.nivellement.denivelees[i], avecPoids);
     }
     ouvrirTotal(table, "Total");
     ajouterVides(table, 1);
-    ajouterNombre(table, r.nivellement.sommeDz);
-    if (avecPoids)
-        ajouterNombre(table, r.nivellement.sommePoids);
-    ajouterNombre(table, r.nivellement.sommeCorrections);
-    ajouterNombre(table, r.nivellement.sommeDzCorriges);
-    ajouterVides(table, 1);
-    document.append(table.render());
-}
-
-void rapporterCoordonnees(const resultatPolygonaleFermee& r, htmlDocument& document)
-{
-    ajouterTitre(document, L"Coordonnées finales");
-    htmlTable table = tableau({L"Station", L"X", L"Y", L"Z"});
-    for (const stationCorrigee& s : r.stations) {
-        table.beginRow();
-        table.addCell(nomHtml(s.nom), celluleNomGauche);
-        for (const double valeur : {s.x, s.y, s.z})
-            ajouterNombre(table, valeur);
-    }
+    ajouterSommesNivellement(table, r.nivellement, avecPoids);
     document.append(table.render());
 }
 
 } // namespace
 
-void rapporterPolygonaleFermee(const resultatPolygonaleFermee& resultat, htmlDocument& document)
+void rapporterPolygonale(const resultatPolygonaleFermee& resultat, htmlDocument& document)
 {
-    const nomsLignes noms(resultat.visees);
+    const nomsLignes noms(resultat.cotes);
     declarerClasses(document);
     rapporterDonnees(resultat, noms, document);
     rapporterAngles(resultat, noms, document);
     rapporterDistances(resultat, noms, document);
     rapporterNivellement(resultat, noms, document);
-    rapporterCoordonnees(resultat, document);
+    ajouterTitre(document, L"Coordonnées finales");
+    ajouterCoordonnees(document, resultat.stations);
 }

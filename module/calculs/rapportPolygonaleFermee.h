@@ -5,4 +5,4 @@ class htmlDocument;
 
 /// Appends the report of a closed traverse: style classes, data, angular closure, correction of distances, levelling,
 /// final coordinates. Numbers have four decimals. Time is linear in the rows.
-void rapporterPolygonaleFermee(const resultatPolygonaleFermee& resultat, htmlDocument& document);
+void rapporterPolygonale(const resultatPolygonaleFermee& resultat, htmlDocument& document);

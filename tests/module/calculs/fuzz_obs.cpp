@@ -2,8 +2,9 @@
 // reported and written; and reading that again gives no row that was not there.
 
 #include "calculs/avertissementsPolygonale.h"
-#include "calculs/calculPolygonaleFermee.h"
 #include "calculs/fichierPolygonale.h"
+#include "calculs/rapportPolygonaleFermee.h"
+#include "calculs/rapportPolygonaleOuverte.h"
 #include "reports/htmlDocument.h"
 
 #include <cstdint>
@@ -24,21 +25,24 @@ Donnees lireEtRelire(std::string_view contenu)
     return lue;
 }
 
+template <class Donnees>
+void calculer(const Donnees& donnees)
+{
+    const auto resultat = compenserPolygonale(donnees);
+    htmlDocument rapport;
+    rapporterPolygonale(resultat, rapport);
+    avertissementsObservations(donnees.lignes);
+    avertissementsPolygonale(resultat);
+    tracePolygonaleOriginelle(resultat);
+    tracePolygonaleCompensee(resultat);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* octets, std::size_t taille)
 {
     const std::string_view contenu(reinterpret_cast<const char*>(octets), taille);
-    lireEtRelire<donneesPolygonaleOuverte>(contenu);
-    const auto donnees = lireEtRelire<donneesPolygonaleFermee>(contenu);
-
-    htmlDocument rapport;
-    std::vector<double> x, y, z;
-    const auto observations = observationsDe(donnees.lignes);
-    const stationPolygonale& d = donnees.depart;
-    calculPolygonaleFermee(d.nom, d.x, d.y, d.z, d.gisement, donnees.nivellement, donnees.unite, observations, x, y, z,
-                           &rapport);
-    avertissementsObservations(donnees.lignes);
-    avertissementsPolygonaleFermee(compenserPolygonaleFermee(d, donnees.nivellement, donnees.unite, observations));
+    calculer(lireEtRelire<donneesPolygonaleOuverte>(contenu));
+    calculer(lireEtRelire<donneesPolygonaleFermee>(contenu));
     return 0;
 }

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "calculs/cheminement.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+/// A traverse of examples/ whose results are known.
+struct casConnu {
+    struct attendu {
+        std::string grandeur;
+        double tolerance = 0.0;
+        std::vector<double> valeurs;
+    };
+    std::string nom;
+    std::string fichier; ///< the traverse file, its whole path
+    std::vector<attendu> attendus;
+};
+
+/// The cases of a file of data/.
+std::vector<casConnu> lireCasConnus(const char* nom);
+
+/// Values of a computation by the names that the files of data/ give them.
+using grandeurs = std::map<std::string, std::vector<double>>;
+
+/// Those that closed and open traverses share.
+grandeurs grandeursCommunes(const cheminement& c);
+
+template <class Element>
+std::vector<double> colonne(const std::vector<Element>& elements, double Element::*membre)
+{
+    std::vector<double> valeurs;
+    for (const Element& e : elements)
+        valeurs.push_back(e.*membre);
+    return valeurs;
+}
+
+/// Expects each known value within its tolerance.
+void verifier(const casConnu& cas, const grandeurs& calculees);
