@@ -1,6 +1,6 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
-#include "traitementFermee.h"
+#include "traitementPolygonale.h"
 
 #include <CLI/CLI.hpp>
 
@@ -9,7 +9,7 @@
 namespace {
 
 /// These stand in the help under a heading that says what they need.
-void declarerPlacement(CLI::App& commande, demandeFermee& demande)
+void declarerPlacement(CLI::App& commande, demandePolygonale& demande)
 {
     CLI::Option* const placer =
         commande.add_flag("--placer", demande.placer, "Place les stations dans la table de points courante du dessin");
@@ -27,25 +27,30 @@ void declarerPlacement(CLI::App& commande, demandeFermee& demande)
     avecPlacer(commande.add_flag("--compensee", demande.compensee, "Dessine la polygonale compensée (vert)"), " ");
 }
 
-struct choixFermee {
-    demandeFermee demande;
-    bool json = false;
-};
-
-void ajouterFermee(CLI::App& polygonale)
+/// One kind of traverse: what it is called, and the function that treats it.
+template <class Traitement>
+void ajouterGenre(CLI::App& polygonale, const char* nom, const char* description,
+                  Traitement (*traiter)(const demandePolygonale&))
 {
-    CLI::App& commande = *polygonale.add_subcommand("fermee", "Polygonale fermée : une boucle qui revient au départ");
+    struct choix {
+        demandePolygonale demande;
+        bool json = false;
+    };
+    CLI::App& commande = *polygonale.add_subcommand(nom, description);
     commande.group(groupeCommandes);
-    const auto choix = std::make_shared<choixFermee>();
-    commande.add_option("FICHIER", choix->demande.observations, "Fichier de polygonale (« .obs »)")
+    const auto choisi = std::make_shared<choix>();
+    commande.add_option("FICHIER", choisi->demande.observations, "Fichier de polygonale (« .obs »)")
         ->type_name("")
         ->required();
-    commande.add_option("--rapport", choix->demande.rapport, "Écrit le rapport de calcul")->type_name("F.html");
-    declarerPlacement(commande, choix->demande);
-    commande.add_flag("--json", choix->json, "Donne tout en JSON, et rien d'autre");
-    commande.callback([choix] {
-        const traitementFermee traitement = traiterPolygonaleFermee(choix->demande);
-        (choix->json ? afficherJson : afficherTexte)(choix->demande, traitement);
+    commande.add_option("--rapport", choisi->demande.rapport, "Écrit le rapport de calcul")->type_name("F.html");
+    declarerPlacement(commande, choisi->demande);
+    commande.add_flag("--json", choisi->json, "Donne tout en JSON, et rien d'autre");
+    commande.callback([choisi, traiter] {
+        const Traitement traitement = traiter(choisi->demande);
+        if (choisi->json)
+            afficherJson(choisi->demande, traitement);
+        else
+            afficherTexte(choisi->demande, traitement);
     });
 }
 
@@ -56,5 +61,7 @@ void ajouterCommandePolygonale(CLI::App& programme)
     CLI::App& commande = *programme.add_subcommand("polygonale", "Calcule et compense une polygonale");
     commande.group(groupeCommandes);
     commande.require_subcommand(1);
-    ajouterFermee(commande);
+    ajouterGenre(commande, "fermee", "Polygonale fermée : une boucle qui revient au départ", traiterPolygonaleFermee);
+    ajouterGenre(commande, "ouverte", "Polygonale ouverte : d'une station connue à une autre",
+                 traiterPolygonaleOuverte);
 }

@@ -1,6 +1,8 @@
 #include "calculs/calculPolygonaleFermee.h"
+#include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/rapportPolygonaleFermee.h"
+#include "calculs/rapportPolygonaleOuverte.h"
 #include "generateurs/boucleStations.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
@@ -12,7 +14,7 @@
 #include <map>
 #include <stdexcept>
 
-/// Closed traverses of growing length: what a leg costs must not depend on how many there are.
+/// Closed and open traverses of growing length: what a leg costs must not depend on how many there are.
 
 namespace {
 
@@ -77,7 +79,10 @@ public:
         const double copie = m_tableau.plancher("copy of the report", [&](int n) { return copierRapport(n); });
         for (const auto& [mode, nom] : modes)
             m_tableau.croissance(
-                "report, levelling " + nom, [&](int n) { return rapporter(n, mode); }, copie);
+                "report, levelling " + nom, [&](int n) { return rapporter(resultat(n, mode)); }, copie);
+        m_tableau.croissance("open traverse, levelling by distance", [&](int n) { return calculerOuverte(n); });
+        m_tableau.croissance(
+            "open traverse, report, levelling by distance", [&](int n) { return rapporter(ouverte(n)); }, copie);
         m_tableau.croissance("read the file", [&](int n) { return lire(n); });
         m_tableau.croissance("write the file", [&](int n) { return ecrire(n); });
         for (const int taille : m_tableau.tailles())
@@ -97,12 +102,25 @@ private:
         return mediane(m_passes, rien, [&] { m_temoin += resultat(n, mode).fermeturePlanimetrique; });
     }
 
-    double rapporter(int n, int mode)
+    /// The loop as an open traverse that ends where it began: as many legs, and bearings that keep growing.
+    resultatPolygonaleOuverte ouverte(int n) const
     {
-        const resultatPolygonaleFermee r = resultat(n, mode);
+        const polygonaleGeneree& p = m_polygonales.at(n);
+        const stationPolygonale& d = p.donnees.depart;
+        return compenserPolygonaleOuverte(d, d, 200.0, nivellementDistance, p.donnees.unite, p.observations);
+    }
+
+    double calculerOuverte(int n)
+    {
+        return mediane(m_passes, rien, [&] { m_temoin += ouverte(n).fermeturePlanimetrique; });
+    }
+
+    template <class Resultat>
+    double rapporter(const Resultat& r)
+    {
         return mediane(m_passes, rien, [&] {
             htmlDocument document;
-            rapporterPolygonaleFermee(r, document);
+            rapporterPolygonale(r, document);
             m_temoin += static_cast<double>(document.text().size());
         });
     }
@@ -110,7 +128,7 @@ private:
     double copierRapport(int n)
     {
         htmlDocument document;
-        rapporterPolygonaleFermee(resultat(n, nivellementDistance), document);
+        rapporterPolygonale(resultat(n, nivellementDistance), document);
         const std::string texte = document.text();
         return mediane(m_passes, rien, [&] {
             const std::string autre(texte);

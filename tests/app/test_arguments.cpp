@@ -10,7 +10,7 @@ class arguments : public dossierEssai {};
 
 TEST_F(arguments, HelpIsFrench)
 {
-    for (const char* demande : {"--aide", "--help", "-h", "polygonale --aide", "polygonale fermee --aide",
+    for (const char* demande : {"--aide", "--help", "-h", "polygonale --aide", "polygonale fermee --aide", "polygonale ouverte --aide",
                                 "info --help", "convertir -h", "executer --aide"}) {
         SCOPED_TRACE(demande);
         const execution run = vela(demande);

@@ -201,3 +201,59 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
     EXPECT_EQ(lire(fichier), donnees);
     EXPECT_FALSE(std::filesystem::exists(chemin("s.dxf")));
 }
+
+// --- Open traverses: what differs; the rest is the same code. --------------------------------------------------------
+
+class polygonaleOuverte : public dossierEssai {};
+
+TEST_F(polygonaleOuverte, GivesTheFiguresOfThePublishedCase)
+{
+    copierExemple("polygonale-ouverte-grades.obs");
+    const json r = velaJson("polygonale ouverte polygonale-ouverte-grades.obs");
+    const json& f = r["fermetures"];
+    EXPECT_NEAR(f["erreurAngulaire"], -0.024, 1e-9);
+    EXPECT_NEAR(f["correctionAngulaire"], -0.004, 1e-9);
+    EXPECT_NEAR(f["fx"], 0.039, 0.0012);
+    EXPECT_NEAR(f["fy"], -0.016, 0.0012);
+    EXPECT_NEAR(f["deltaX"], 353.82, 1e-9);
+    EXPECT_EQ(r["depart"]["nom"], "A");
+    EXPECT_EQ(r["arrivee"]["gisement"], 130.154);
+    EXPECT_EQ(r["dernierAngle"]["angle"], 257.128);
+    EXPECT_NEAR(r["dernierAngle"]["gisementCompense"], 130.154, 1e-9);
+    EXPECT_NEAR(r["visees"][1]["gisementReduit"], 110.643, 1e-9);
+    EXPECT_NEAR(r["visees"][1]["partErreur"], 0.008, 1e-9);
+    EXPECT_NEAR(r["visees"][1]["gisement"], 110.651, 1e-9);
+    ASSERT_EQ(r["stations"].size(), 6u);
+    EXPECT_NEAR(r["stations"][4]["x"], 783169.75, 0.0056);
+    EXPECT_NEAR(r["stations"][5]["y"], 215327.8, 1e-6);
+    EXPECT_TRUE(r["avertissements"].empty()) << r["avertissements"];
+}
+
+TEST_F(polygonaleOuverte, ReportsAndPlaces)
+{
+    copierExemple("polygonale-ouverte-altitudes.obs");
+    const execution run = vela("polygonale ouverte polygonale-ouverte-altitudes.obs --rapport r.html --placer "
+                               "--altitudes --originale --compensee --enregistrer neuf.dxf");
+    EXPECT_EQ(run.statut, 0);
+    EXPECT_EQ(run.erreurs.find("Attention"), std::string::npos) << run.erreurs;
+    EXPECT_NE(run.sortie.find("Polygonale ouverte : "), std::string::npos) << run.sortie;
+    EXPECT_NE(run.sortie.find("  Correction par angle      0.00067  gr\n"), std::string::npos) << run.sortie;
+    EXPECT_NE(run.sortie.find("6 points placés dans la table"), std::string::npos) << run.sortie;
+    EXPECT_NE(lire("r.html").find("R\xE9sultats finaux :"), std::string::npos);
+    const json info = velaJson("info neuf.dxf");
+    EXPECT_EQ(info["entitesParClasse"]["LWPOLYLINE"], 2);
+    EXPECT_EQ(pointsDeLaTableCourante(info), 6);
+}
+
+TEST_F(polygonaleOuverte, SaysWhatToTypeForATurn)
+{
+    copierExemple("polygonale-ouverte-degres.obs");
+    std::string texte = lire("polygonale-ouverte-degres.obs");
+    const std::string gisement = "Gis= 360.00000";
+    texte.replace(texte.find(gisement), gisement.size(), "Gis= 0.00000");
+    ecrire("tour.obs", texte);
+    const execution run = vela("polygonale ouverte tour.obs");
+    EXPECT_EQ(run.statut, 0);
+    EXPECT_NE(run.erreurs.find("saisissez 360 au lieu de 0 comme gisement d'arrivée"), std::string::npos)
+        << run.erreurs;
+}

@@ -1,0 +1,167 @@
+#include "traitementPolygonale.h"
+
+#include "calculs/avertissementsPolygonale.h"
+#include "calculs/fichierPolygonale.h"
+#include "calculs/placerPolygonale.h"
+#include "calculs/rapportPolygonaleFermee.h"
+#include "calculs/rapportPolygonaleOuverte.h"
+#include "erreurProgramme.h"
+#include "fichierDessin.h"
+#include "platform/CodePage.h"
+#include "platform/Paths.h"
+#include "points/projetDansDessin.h"
+#include "reports/htmlDocument.h"
+#include "sessionHote.h"
+
+#include <filesystem>
+#include <iostream>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path cheminNatif(const std::string& chemin)
+{
+    return platform::nativePath(platform::wideFromUtf8(chemin));
+}
+
+void avertir(suitesPolygonale& suites, const std::vector<std::wstring>& phrases)
+{
+    for (const std::wstring& phrase : phrases)
+        suites.avertissements.push_back(platform::utf8FromWide(phrase));
+}
+
+template <class Donnees>
+Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
+{
+    Donnees donnees;
+    const bilanLecture bilan = chargerPolygonale(cheminNatif(demande.observations), donnees);
+    const auto phrases = avertissementsLecture(platform::wideFromUtf8(demande.observations), bilan);
+    if (!bilan.lisible)
+        throw erreurProgramme(platform::utf8FromWide(phrases.front()));
+    avertir(suites, phrases);
+    if (donnees.lignes.size() < 2)
+        throw erreurProgramme(demande.observations + " : données insuffisantes, il faut au moins deux observations.");
+    return donnees;
+}
+
+/// A result never takes the place of the data it comes from.
+void refuserMemeFichier(const std::string& resultat, const std::string& source)
+{
+    std::error_code absent;
+    if (!resultat.empty() && !source.empty() && fs::equivalent(cheminNatif(resultat), cheminNatif(source), absent))
+        throw erreurProgramme("« " + resultat + " » est un fichier de données : choisissez un autre nom.");
+}
+
+const std::string& dessinAEcrire(const demandePolygonale& demande)
+{
+    return demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
+}
+
+void verifierNoms(const demandePolygonale& demande)
+{
+    refuserMemeFichier(demande.rapport, demande.observations);
+    refuserMemeFichier(demande.rapport, demande.dessin);
+    refuserMemeFichier(demande.enregistrer, demande.observations);
+    if (!demande.placer)
+        return;
+    if (demande.dessin.empty() && demande.enregistrer.empty())
+        throw erreurProgramme("pour placer les stations, nommez un dessin (--dessin) ou, pour un dessin neuf, le "
+                              "fichier à écrire (--enregistrer).");
+    exigerExtensionDxf(dessinAEcrire(demande));
+}
+
+template <class Resultat>
+void ecrireRapport(const demandePolygonale& demande, const Resultat& resultat, suitesPolygonale& suites)
+{
+    htmlDocument document;
+    document.addHeadLine(htmlHeadWindows1252);
+    rapporterPolygonale(resultat, document);
+    document.setFileName(cheminNatif(demande.rapport));
+    if (!document.write())
+        throw erreurProgramme(demande.rapport + " : le rapport n'a pas pu être écrit.");
+    suites.rapport = demande.rapport;
+}
+
+/// Names that the point table is to cut, and stations that have no place.
+void avertirPlacement(const std::vector<stationCorrigee>& stations, suitesPolygonale& suites)
+{
+    for (const stationCorrigee& station : stations)
+        if (station.nom.size() > pointDuDessin::longueurNom)
+            suites.avertissements.push_back("Le nom « " + platform::utf8FromWide(station.nom) + " » est coupé à " +
+                                            std::to_string(pointDuDessin::longueurNom) +
+                                            " caractères dans la table de points.");
+    const auto manquantes = stations.size() - static_cast<std::size_t>(suites.pointsPlaces);
+    if (manquantes > 0)
+        suites.avertissements.push_back(std::to_string(manquantes) +
+                                        " station(s) sans coordonnées finies : non placées.");
+}
+
+template <class Resultat>
+std::vector<tracePolygonale> tracesDemandees(const demandePolygonale& demande, const Resultat& resultat)
+{
+    std::vector<tracePolygonale> traces;
+    if (demande.originale)
+        traces.push_back(tracePolygonaleOriginelle(resultat));
+    if (demande.compensee)
+        traces.push_back(tracePolygonaleCompensee(resultat));
+    return traces;
+}
+
+void placer(const demandePolygonale& demande, const std::vector<stationCorrigee>& stations,
+            const std::vector<tracePolygonale>& traces, suitesPolygonale& suites)
+{
+    sessionHote session(std::cerr);
+    Document& document = demande.dessin.empty() ? session.creer() : session.ouvrir(demande.dessin);
+    if (!tablesPoints)
+        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+    suites.pointsPlaces = placerPolygonale(stations, {suites.code, demande.altitudes}, traces);
+    if (suites.pointsPlaces == 0)
+        throw erreurProgramme("aucune station n'a pu être placée : les coordonnées ne sont pas finies.");
+    suites.table = platform::utf8FromWide(tablesPoints->currTable()->getNomTable().GetString());
+    avertirPlacement(stations, suites);
+
+    suites.dessin = dessinAEcrire(demande);
+    const bool remplace = fs::exists(cheminNatif(suites.dessin));
+    session.enregistrer(document, suites.dessin);
+    if (remplace)
+        suites.ancienDessin = nomAncienDessin(suites.dessin);
+}
+
+void choisirCode(const demandePolygonale& demande, suitesPolygonale& suites)
+{
+    const bool valable = demande.code >= 1 && demande.code <= 9999;
+    suites.code = valable ? demande.code : 100;
+    if (!valable)
+        suites.avertissements.push_back("Le code " + std::to_string(demande.code) +
+                                        " n'est pas compris entre 1 et 9999 : le code 100 est pris.");
+}
+
+template <class Donnees, class Resultat>
+traitementPolygonale<Resultat> traiter(const demandePolygonale& demande)
+{
+    verifierNoms(demande);
+    traitementPolygonale<Resultat> t;
+    const auto donnees = lireDonnees<Donnees>(demande, t);
+    avertir(t, avertissementsObservations(donnees.lignes));
+    t.resultat = compenserPolygonale(donnees);
+    avertir(t, avertissementsPolygonale(t.resultat));
+    choisirCode(demande, t);
+    if (!demande.rapport.empty())
+        ecrireRapport(demande, t.resultat, t);
+    if (demande.placer)
+        placer(demande, t.resultat.stations, tracesDemandees(demande, t.resultat), t);
+    return t;
+}
+
+} // namespace
+
+traitementFermee traiterPolygonaleFermee(const demandePolygonale& demande)
+{
+    return traiter<donneesPolygonaleFermee, resultatPolygonaleFermee>(demande);
+}
+
+traitementOuverte traiterPolygonaleOuverte(const demandePolygonale& demande)
+{
+    return traiter<donneesPolygonaleOuverte, resultatPolygonaleOuverte>(demande);
+}
