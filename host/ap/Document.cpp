@@ -78,6 +78,12 @@ void Document::setFile(const std::wstring& path)
     m_title = path.substr(nameStart(path));
 }
 
+void Document::setUntitled(const std::wstring& title)
+{
+    m_path.clear();
+    m_title = title;
+}
+
 void Document::startUndoMark()
 {
     ++m_undoMarks;

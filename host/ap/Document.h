@@ -30,6 +30,8 @@ public:
     /// Folder of its file, with the separator at its end; of a drawing without a file, the current folder.
     std::wstring folder() const;
     void setFile(const std::wstring& path);
+    /// It has no file of its own: a copy of a drawing, to be saved elsewhere.
+    void setUntitled(const std::wstring& title);
 
     void pushLock(AcAp::DocLockMode mode) { m_locks.push_back(mode); }
     /// False when there is no lock.

@@ -115,6 +115,8 @@ std::optional<std::wstring> DocumentList::saveAs(Document& document, const std::
     const ACHAR* savedAs = nullptr; // a DWG's name stood for the DXF beside it
     const bool told = document.database()->getFilename(savedAs) == Acad::eOk && savedAs;
     document.setFile(fullPath(told ? savedAs : file));
+    if (m_saved)
+        m_saved(document);
     return std::nullopt;
 }
 

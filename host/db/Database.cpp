@@ -205,6 +205,17 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
     return Acad::eOk;
 }
 
+std::optional<std::wstring> AcDbDatabaseImpl::writeCopy(const fs::path& path)
+{
+    try {
+        const SavePlan plan(*this);
+        writeAtomically(path, plan.pieces(), false);
+    } catch (const fs::filesystem_error& failure) {
+        return platform::wideFromUtf8(path.string()) + L" : " + reasonOf(failure.code());
+    }
+    return std::nullopt;
+}
+
 // ---- tables
 
 namespace {

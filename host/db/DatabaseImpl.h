@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -45,6 +46,9 @@ public:
     bool isLoaded() const { return m_file != nullptr; }
     /// Saves in a form (ASCII or binary, line ends); the file's own is the fast way.
     Acad::ErrorStatus save(const std::wstring& name, const DxfForm& as);
+    /// Writes the drawing as it is now to another file, whole or not at all, and stays the drawing of its own file.
+    /// @return why it failed, in French; nothing when it did not.
+    std::optional<std::wstring> writeCopy(const std::filesystem::path& path);
     DxfFile& file() const { return *m_file; }
     /// Of the file; any form before one is read.
     const DxfForm& form() const { return m_file ? m_file->form() : m_noForm; }

@@ -12,89 +12,90 @@ UndoRecorder::~UndoRecorder() = default;
 
 void UndoRecorder::clear()
 {
-    m_done.clear();
-    m_undone.clear();
-    m_bookmarks.clear();
-    m_setStart.reset();
-    m_open = false;
+    m_history.done.clear();
+    m_history.undone.clear();
+    m_history.bookmarks.clear();
+    m_history.setStart.reset();
+    m_history.open = false;
 }
 
 void UndoRecorder::startMark(const std::wstring& name)
 {
-    if (m_depth++ > 0)
+    if (m_history.depth++ > 0)
         return;
-    m_open = false; // what follows is a group of its own
-    m_name = name;
+    m_history.open = false; // what follows is a group of its own
+    m_history.name = name;
 }
 
 void UndoRecorder::endMark()
 {
-    if (m_depth == 0 || --m_depth > 0)
+    if (m_history.depth == 0 || --m_history.depth > 0)
         return;
-    m_open = false;
-    m_name.clear();
+    m_history.open = false;
+    m_history.name.clear();
 }
 
 void UndoRecorder::beginSet()
 {
-    m_open = false;
-    m_setStart = m_done.size();
+    m_history.open = false;
+    m_history.setStart = m_history.done.size();
 }
 
 bool UndoRecorder::endSet(const std::wstring& name)
 {
-    if (!m_setStart)
+    if (!m_history.setStart)
         return false;
-    const std::size_t start = *m_setStart;
-    m_setStart.reset();
-    m_open = false;
-    if (m_done.size() <= start)
+    const std::size_t start = *m_history.setStart;
+    m_history.setStart.reset();
+    m_history.open = false;
+    if (m_history.done.size() <= start)
         return true;
-    Group& set = m_done[start];
-    for (std::size_t i = start + 1; i < m_done.size(); ++i)
-        std::ranges::move(m_done[i].steps, std::back_inserter(set.steps));
-    set.revision = m_done.back().revision;
+    Group& set = m_history.done[start];
+    for (std::size_t i = start + 1; i < m_history.done.size(); ++i)
+        std::ranges::move(m_history.done[i].steps, std::back_inserter(set.steps));
+    set.revision = m_history.done.back().revision;
     set.name = name;
-    m_done.erase(m_done.begin() + static_cast<std::ptrdiff_t>(start) + 1, m_done.end());
-    while (!m_bookmarks.empty() && m_bookmarks.back() > start) // there is nothing to come back to within the set
-        m_bookmarks.pop_back();
+    m_history.done.erase(m_history.done.begin() + static_cast<std::ptrdiff_t>(start) + 1, m_history.done.end());
+    while (!m_history.bookmarks.empty() &&
+           m_history.bookmarks.back() > start) // there is nothing to come back to within the set
+        m_history.bookmarks.pop_back();
     return true;
 }
 
 void UndoRecorder::placeBookmark()
 {
-    m_open = false;
-    m_bookmarks.push_back(m_done.size());
+    m_history.open = false;
+    m_history.bookmarks.push_back(m_history.done.size());
 }
 
 void UndoRecorder::forgetPassed()
 {
-    while (!m_bookmarks.empty() && m_bookmarks.back() > m_done.size())
-        m_bookmarks.pop_back();
-    if (m_setStart && *m_setStart > m_done.size())
-        m_setStart.reset();
+    while (!m_history.bookmarks.empty() && m_history.bookmarks.back() > m_history.done.size())
+        m_history.bookmarks.pop_back();
+    if (m_history.setStart && *m_history.setStart > m_history.done.size())
+        m_history.setStart.reset();
 }
 
 UndoRecorder::Group* UndoRecorder::current()
 {
     if (!m_recording || m_replaying)
         return nullptr;
-    if (!m_open) {
-        m_done.emplace_back().name = m_name;
-        m_undone.clear();
-        m_open = true;
-        ++m_groupNumber;
+    if (!m_history.open) {
+        m_history.done.emplace_back().name = m_history.name;
+        m_history.undone.clear();
+        m_history.open = true;
+        ++m_history.groupNumber;
     }
-    m_done.back().revision = ++m_revision;
-    return &m_done.back();
+    m_history.done.back().revision = ++m_history.revision;
+    return &m_history.done.back();
 }
 
 void UndoRecorder::beforeChange(AcDbObject& object)
 {
     Group* group = current();
-    if (!group || object.m_undoGroup == m_groupNumber)
+    if (!group || object.m_undoGroup == m_history.groupNumber)
         return;
-    object.m_undoGroup = m_groupNumber;
+    object.m_undoGroup = m_history.groupNumber;
     Step step;
     step.stub = object.m_stub;
     step.other.reset(static_cast<AcDbObject*>(object.clone()));
@@ -114,7 +115,7 @@ void UndoRecorder::created(AcDbStub* stub)
         return;
     DxfRecord& record = *recordOf(stub);
     if (AcDbObject* object = residentObject(record))
-        object->m_undoGroup = m_groupNumber;
+        object->m_undoGroup = m_history.groupNumber;
     Step step;
     step.stub = stub;
     step.made = true;
@@ -184,24 +185,24 @@ void UndoRecorder::swapSides(Group& group, bool undoing)
 
 bool UndoRecorder::undo()
 {
-    m_open = false;
-    if (m_done.empty())
+    m_history.open = false;
+    if (m_history.done.empty())
         return false;
-    Group group = std::move(m_done.back());
-    m_done.pop_back();
+    Group group = std::move(m_history.done.back());
+    m_history.done.pop_back();
     swapSides(group, true);
-    m_undone.push_back(std::move(group));
+    m_history.undone.push_back(std::move(group));
     forgetPassed();
     return true;
 }
 
 bool UndoRecorder::redo()
 {
-    if (m_undone.empty())
+    if (m_history.undone.empty())
         return false;
-    Group group = std::move(m_undone.back());
-    m_undone.pop_back();
+    Group group = std::move(m_history.undone.back());
+    m_history.undone.pop_back();
     swapSides(group, false);
-    m_done.push_back(std::move(group));
+    m_history.done.push_back(std::move(group));
     return true;
 }

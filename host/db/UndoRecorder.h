@@ -36,30 +36,35 @@ public:
     /// No object may be open.
     bool undo();
     bool redo();
-    std::size_t undoable() const { return m_done.size(); }
-    std::size_t redoable() const { return m_undone.size(); }
+    std::size_t undoable() const { return m_history.done.size(); }
+    std::size_t redoable() const { return m_history.undone.size(); }
     /// Of the group that undo, or redo, would take; empty when there is none.
-    std::wstring undoName() const { return m_done.empty() ? std::wstring() : m_done.back().name; }
-    std::wstring redoName() const { return m_undone.empty() ? std::wstring() : m_undone.back().name; }
+    std::wstring undoName() const { return m_history.done.empty() ? std::wstring() : m_history.done.back().name; }
+    std::wstring redoName() const { return m_history.undone.empty() ? std::wstring() : m_history.undone.back().name; }
     void clear();
 
     /// Groups made from now on become one at endSet. Taking back what was there before ends the set without more.
     void beginSet();
     /// False when no set was begun.
     bool endSet(const std::wstring& name);
-    bool isSetBegun() const { return m_setStart.has_value(); }
+    bool isSetBegun() const { return m_history.setStart.has_value(); }
 
     /// A place in the history to come back to. It goes when a group before it is taken back.
     void placeBookmark();
     /// Whether the last bookmark stands where the history is now.
-    bool isAtBookmark() const { return !m_bookmarks.empty() && m_bookmarks.back() == m_done.size(); }
-    bool hasBookmark() const { return !m_bookmarks.empty(); }
-    void removeBookmark() { m_bookmarks.pop_back(); }
+    bool isAtBookmark() const
+    {
+        return !m_history.bookmarks.empty() && m_history.bookmarks.back() == m_history.done.size();
+    }
+    bool hasBookmark() const { return !m_history.bookmarks.empty(); }
+    void removeBookmark() { m_history.bookmarks.pop_back(); }
 
     /// A number for the state that the drawing is in: it changes with each change, and is back when that is taken back.
-    std::uint64_t state() const { return m_done.empty() ? 0 : m_done.back().revision; }
+    std::uint64_t state() const { return m_history.done.empty() ? 0 : m_history.done.back().revision; }
 
 private:
+    friend class UndoTrial;
+
     struct Step {
         AcDbStub* stub = nullptr;          // null for a header variable
         std::unique_ptr<AcDbObject> other; // the object on the other side of the step; null when it was made
@@ -81,15 +86,20 @@ private:
     /// Puts the other object in the place of the one in use, which keeps no transient reactor.
     static void swapObjects(DxfRecord& record, std::unique_ptr<AcDbObject>& other);
 
+    /// What was done, and how far the next group is.
+    struct History {
+        int depth = 0;
+        bool open = false; // whether the last group done still takes steps
+        std::uint32_t groupNumber = 0;
+        std::uint64_t revision = 0;
+        std::wstring name;                   // of the next group
+        std::optional<std::size_t> setStart; // how many groups were done before the set
+        std::vector<std::size_t> bookmarks;  // the same for each bookmark
+        std::vector<Group> done, undone;
+    };
+
     AcDbDatabaseImpl& m_database;
     bool m_recording = false;
     bool m_replaying = false;
-    int m_depth = 0;
-    bool m_open = false; // whether the last group of m_done still takes steps
-    std::uint32_t m_groupNumber = 0;
-    std::uint64_t m_revision = 0;
-    std::wstring m_name;                   // of the next group
-    std::optional<std::size_t> m_setStart; // how many groups were done before the set
-    std::vector<std::size_t> m_bookmarks;  // the same for each bookmark
-    std::vector<Group> m_done, m_undone;
+    History m_history;
 };

@@ -3,11 +3,13 @@
 #include "db/DatabaseImpl.h"
 #include "db/Opening.h"
 #include "ed/CommandRunner.h"
+#include "ed/DrawingChanges.h"
 
 Kernel::Kernel()
 {
     setUndoMarks(this);
     SystemVariables::instance().setDrawingVariables(&m_header);
+    DocumentList::instance().onSaved([](Document& document) { DrawingChanges::instance().setSaved(document); });
     CommandRunner::instance().setOpenObjects([] {
         auto names = ObjectOpening::openNames();
         ObjectOpening::closeAll();
@@ -19,6 +21,7 @@ Kernel::~Kernel()
 {
     SystemVariables::instance().setDrawingVariables(nullptr);
     CommandRunner::instance().setOpenObjects(nullptr);
+    DocumentList::instance().onSaved(nullptr);
     setUndoMarks(nullptr);
 }
 

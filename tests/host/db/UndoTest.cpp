@@ -1,3 +1,4 @@
+#include "db/UndoTrial.h"
 #include "dbsymtb.h"
 #include "SmallDrawing.h"
 
@@ -127,6 +128,38 @@ TEST_F(UndoTest, handlesOfWhatWasTakenBackLeaveNoTrace)
     EXPECT_EQ(saved(*database, "encore.dxf"), one) << "the next free handle among the rest";
     undo().redo();
     EXPECT_EQ(saved(*database, "refait.dxf"), read("deux.dxf"));
+}
+
+/// A trial in the middle of a group, with something to be done again behind it.
+TEST_F(UndoTest, aTrialLeavesNoTrace)
+{
+    thicken(1, L"ONE");
+    const std::string before = saved(*database, "avant.dxf");
+    undo().startMark(L"OPEN");
+    Opened<AcDbLine>(*database, 0x80, AcDb::kForWrite)->setThickness(2);
+    const std::uint64_t state = undo().state();
+    {
+        const UndoTrial trial(undo());
+        thicken(9, L"TRIED");
+        draw();
+        EXPECT_EQ(thickness(), 9);
+    }
+    EXPECT_EQ(thickness(), 2);
+    EXPECT_EQ(undo().state(), state);
+    EXPECT_EQ(undo().undoName(), L"OPEN");
+    Opened<AcDbLine>(*database, 0x80, AcDb::kForWrite)->setThickness(3);
+    undo().endMark();
+    EXPECT_EQ(undo().undoable(), 2U) << "the group goes on after the trial";
+    undo().undo();
+    EXPECT_EQ(saved(*database, "apres.dxf"), before);
+
+    {
+        const UndoTrial trial(undo());
+        thicken(9);
+    }
+    EXPECT_EQ(undo().redoName(), L"OPEN") << "what can be done again stays";
+    undo().redo();
+    EXPECT_EQ(thickness(), 3);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <numbers>
 
@@ -8,6 +9,7 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "ed/CommandRunner.h"
+#include "ed/DrawingChanges.h"
 #include "ed/Kernel.h"
 #include "lisp/LispText.h"
 #include "rx/Console.h"
@@ -157,6 +159,36 @@ TEST_F(WholeKernel, variablesOfTheDrawingStandInItsHeader)
     EXPECT_EQ(set(L"EXTMIN", acutBuildList(RTREAL, 1.0, 0)), RTERROR);
     for (const std::wstring& name : SystemVariables::names())
         EXPECT_NE(shown(name.c_str()), L"refused") << testing::PrintToString(name);
+}
+
+/// Changes of the drawing and of what modules keep beside it.
+TEST_F(WholeKernel, tellsWhatAFileLacks)
+{
+    auto& changes = DrawingChanges::instance();
+    Document& document = *DocumentList::instance().current();
+    std::uint64_t ofModules = 7;
+    changes.setModuleState([&ofModules] { return ofModules; });
+    changes.setSaved(document);
+    EXPECT_FALSE(changes.areUnsaved(document));
+    run([] { appendPoint(1); });
+    EXPECT_TRUE(changes.areUnsaved(document));
+    drawing().impl().undo().undo();
+    EXPECT_FALSE(changes.areUnsaved(document)) << "taken back";
+    ofModules = 8;
+    EXPECT_TRUE(changes.areUnsaved(document));
+
+    const auto folder = std::filesystem::path(testing::TempDir()) / "tellsWhatAFileLacks";
+    std::filesystem::create_directories(folder);
+    EXPECT_EQ(DrawingChanges::writeCopy(document, folder / "copie.dxf"), std::nullopt);
+    EXPECT_TRUE(changes.areUnsaved(document)) << "a copy is not the drawing's file";
+    EXPECT_FALSE(document.isNamedDrawing());
+    EXPECT_TRUE(DrawingChanges::writeCopy(document, folder / "absent" / "copie.dxf").has_value());
+
+    changes.setNeverSaved(document);
+    EXPECT_EQ(DocumentList::instance().saveAs(document, (folder / "plan.dxf").wstring()), std::nullopt);
+    EXPECT_FALSE(changes.areUnsaved(document));
+    changes.setModuleState(nullptr);
+    std::filesystem::remove_all(folder);
 }
 
 } // namespace

@@ -1,0 +1,68 @@
+#include "ed/DrawingChanges.h"
+
+#include "ap/DocumentData.h"
+#include "ap/DocumentList.h"
+#include "db/DatabaseImpl.h"
+#include "db/Opening.h"
+#include "db/UndoTrial.h"
+#include "rx/ModuleTable.h"
+
+namespace {
+
+struct SavedState {
+    std::uint64_t state = 0;
+    bool never = false;
+};
+
+SavedState& savedStateOf(Document& document)
+{
+    static DocumentData<SavedState> states;
+    return states.of(document);
+}
+
+} // namespace
+
+DrawingChanges& DrawingChanges::instance()
+{
+    static DrawingChanges changes;
+    return changes;
+}
+
+std::uint64_t DrawingChanges::state(Document& document) const
+{
+    const std::uint64_t ofDrawing = document.database()->impl().undo().state();
+    std::uint64_t ofModules = 0;
+    if (m_moduleState)
+        DocumentList::instance().withCurrent(document, [&] { ofModules = m_moduleState(); });
+    constexpr std::uint64_t spread = 0x9E3779B97F4A7C15U; // golden ratio: both numbers count
+    return ofDrawing * spread + ofModules;
+}
+
+bool DrawingChanges::areUnsaved(Document& document) const
+{
+    const SavedState& saved = savedStateOf(document);
+    return saved.never || saved.state != state(document);
+}
+
+void DrawingChanges::setSaved(Document& document)
+{
+    savedStateOf(document) = {state(document), false};
+}
+
+void DrawingChanges::setNeverSaved(Document& document)
+{
+    savedStateOf(document).never = true;
+}
+
+std::optional<std::wstring> DrawingChanges::writeCopy(Document& document, const std::filesystem::path& path)
+{
+    if (ObjectOpening::openCount() > 0)
+        return L"des objets du dessin sont ouverts";
+    std::optional<std::wstring> failure;
+    DocumentList::instance().withCurrent(document, [&] {
+        const UndoTrial trial(document.database()->impl().undo());
+        ModuleTable::instance().tellAll(AcRx::kSaveMsg);
+        failure = document.database()->impl().writeCopy(path);
+    });
+    return failure;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "ap/Document.h"
+
+/// What a document holds and its file does not.
+class DrawingChanges {
+public:
+    static DrawingChanges& instance();
+
+    /// Whether closing the document now would lose something. Taking all changes back makes it false again.
+    bool areUnsaved(Document& document) const;
+    /// From now on, what the document holds is in its file. To be called after opening and saving.
+    void setSaved(Document& document);
+    /// Whatever happens, it holds what no file does until it is saved: a drawing that was recovered.
+    void setNeverSaved(Document& document);
+    /// Tells one state of a document from another.
+    std::uint64_t state(Document& document) const;
+
+    /// What modules keep for the current document and write to its drawing only when it is saved: a number that
+    /// changes with it. Set by the program; null for nothing.
+    using ModuleState = std::function<std::uint64_t()>;
+    void setModuleState(ModuleState state) { m_moduleState = std::move(state); }
+
+    /// Writes what saving would write, modules told and all, to another file, whole or not at all. The document, its
+    /// history and its own file stay as they are. No object of the drawing may be open.
+    /// @return why it failed, in French; nothing when it did not.
+    static std::optional<std::wstring> writeCopy(Document& document, const std::filesystem::path& path);
+
+private:
+    ModuleState m_moduleState;
+};
