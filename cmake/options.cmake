@@ -7,8 +7,7 @@ if(CCACHE)
         ${CMAKE_COMMAND} -E env CCACHE_NOHASHDIR=1 CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} ${CCACHE})
 endif()
 
-option(VELA_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
-option(VELA_FUZZ "libFuzzer targets (needs clang)" OFF)
+option(VELA_SANITIZE "AddressSanitizer, UndefinedBehaviorSanitizer and libFuzzer targets (needs clang)" OFF)
 
 # Link to this in every target of ours: warnings are errors.
 add_library(vela_options INTERFACE)
@@ -16,11 +15,9 @@ target_compile_options(vela_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow 
     # GCC 12 sees overlapping copies in "text" + std::string at -O3, where there are none (its bug 105651).
     $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
 
+# One build serves the sanitized tests and the fuzz targets.
 if(VELA_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
-    add_link_options(-fsanitize=address,undefined)
-endif()
-if(VELA_FUZZ)
-    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
+        -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()

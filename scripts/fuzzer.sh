@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # fuzzer.sh SECONDS|NUMBERx [TARGET...]: runs each fuzz target over its corpus for that long, or for that many inputs,
 # always the same ones ("5000x"); stops at the first finding.
-# Targets are those that vela_fuzz declares; a finding is left in build/fuzz/trouvailles.
+# Targets are those that vela_fuzz declares; a finding is left in build/asan/trouvailles.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -12,19 +12,19 @@ if [[ $duree == *x ]]; then
 else
     limite=(-max_total_time="$duree")
 fi
-cmake --preset fuzz --log-level=WARNING >/dev/null
-liste=build/fuzz/fuzz-targets.txt # lines "target corpus-folder", written when the preset is configured
+cmake --preset asan --log-level=WARNING >/dev/null
+liste=build/asan/fuzz-targets.txt # lines "target corpus-folder", written when the preset is configured
 [[ -s $liste ]] || { echo "No fuzz target."; exit 0; }
 
-mkdir -p build/fuzz/trouvailles
+mkdir -p build/asan/trouvailles
 while read -r cible corpus; do
     [[ $# -eq 0 || " $* " == *" $cible "* ]] || continue
-    cmake --build build/fuzz --parallel "$(nproc)" --target "$cible" -- --quiet
-    acquis="build/fuzz/corpus/$cible" # what this run finds new goes there, not among the tracked files
+    cmake --build build/asan --parallel "$(nproc)" --target "$cible" -- --quiet
+    acquis="build/asan/corpus/$cible" # what this run finds new goes there, not among the tracked files
     mkdir -p "$acquis"
     echo "$cible: $duree"
-    journal="build/fuzz/$cible.log"
-    "build/fuzz/bin/$cible" "${limite[@]}" -rss_limit_mb=1500 -timeout=10 -verbosity=0 \
-        -artifact_prefix="build/fuzz/trouvailles/$cible-" "$acquis" "$corpus" </dev/null >"$journal" 2>&1 ||
+    journal="build/asan/$cible.log"
+    "build/asan/bin/$cible" "${limite[@]}" -rss_limit_mb=1500 -timeout=10 -verbosity=0 \
+        -artifact_prefix="build/asan/trouvailles/$cible-" "$acquis" "$corpus" </dev/null >"$journal" 2>&1 ||
         { tail -n 60 "$journal" >&2; exit 1; }
 done <"$liste"

@@ -3,7 +3,6 @@
 #include "acutads.h"
 
 #include <QApplication>
-#include <ranges>
 
 bool dialoguesPossibles()
 {
@@ -31,7 +30,8 @@ dialoguesEnRetrait::dialoguesEnRetrait()
 
 dialoguesEnRetrait::~dialoguesEnRetrait()
 {
-    for (const retire& r : retires | std::views::reverse) {
+    for (auto place = retires.rbegin(); place != retires.rend(); ++place) {
+        const retire& r = *place;
         if (!r.fenetre)
             continue;
         r.fenetre->move(r.place); // window managers place what is shown anew

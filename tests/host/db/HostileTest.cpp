@@ -200,7 +200,7 @@ TEST_F(HostileTest, sectionsAndBlocksLeftOpen)
     const std::string end = "  0\r\nENDSEC\r\n  0\r\nSECTION\r\n  2\r\nOBJECTS";
     text.replace(text.find(end), std::string("  0\r\nENDSEC\r\n").size(), "");
     const auto database = open(text);
-    for (std::uint64_t block : {0x1F, 0x70, 0x71}) {
+    for (const std::uint64_t block : {0x1FU, 0x70U, 0x71U}) {
         auto* made = new AcDbPoint(AcGePoint3d(static_cast<double>(block), 0, 0));
         EXPECT_EQ(Opened<AcDbBlockTableRecord>(*database, block, AcDb::kForWrite)->appendAcDbEntity(made), Acad::eOk);
         made->close();
