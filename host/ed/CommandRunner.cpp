@@ -96,26 +96,28 @@ std::optional<CommandRunner::Called> CommandRunner::findInLisp(const std::wstrin
                   [called = *function] { return callLispFunction(called, nullptr).failure; }};
 }
 
-std::optional<std::wstring> CommandRunner::refusal(const Called& called) const
+std::optional<std::wstring> CommandRunner::refusal(const Called& called, CalledBy caller) const
 {
-    if (isRunning() && (called.flags & ACRX_CMD_TRANSPARENT) == 0)
+    if (caller == CalledBy::user && isRunning() && (called.flags & ACRX_CMD_TRANSPARENT) == 0)
         return L"La commande « " + called.name + L" » ne peut être appelée pendant « " + runningNames() + L" ».";
     if ((called.flags & ACRX_CMD_SESSION) == 0 && !curDoc())
         return L"La commande « " + called.name + L" » demande un dessin, et aucun n'est ouvert.";
     return std::nullopt;
 }
 
-CommandOutcome CommandRunner::run(const std::wstring& typedName)
+CommandOutcome CommandRunner::run(const std::wstring& typedName, CalledBy caller)
 {
     const ResbufPool& pool = ResbufPool::instance();
     const std::size_t buffers = pool.liveBuffers(), texts = pool.liveTexts();
     CommandOutcome outcome;
     if (const auto called = find(typedName); !called) {
         outcome.failure = L"Commande inconnue : « " + typedName + L" ».";
-    } else if (const auto refused = refusal(*called)) {
+    } else if (const auto refused = refusal(*called, caller)) {
         outcome.failure = *refused;
     } else {
         runInside(*called, outcome);
+        if (caller == CalledBy::user && !isRunning())
+            reportLeftOpen(*called, outcome);
     }
     if (!outcome.failure.empty())
         print(outcome.failure);
@@ -128,21 +130,29 @@ void CommandRunner::runInside(const Called& called, CommandOutcome& outcome)
 {
     m_running.push_back(called.name); // before its frame: the group of its changes takes its name
     const CommandFrame frame(DocumentList::instance().current(), called.flags, called.name);
+    for (CommandWatcher* const watcher : m_watchers)
+        watcher->commandStarts(called.name, called.flags, m_running.size());
     try {
         const ModuleTable::Running running(called.module);
         outcome.failure = called.body();
     } catch (...) {
         outcome.failure = L"La commande « " + called.name + L" » a échoué : " + currentExceptionText() + L".";
     }
-    reportLeftBehind(called, frame.leftBehind(), outcome);
+    reportLeftBehind(called, frame.leftBehind());
+    for (CommandWatcher* const watcher : m_watchers)
+        watcher->commandEnds(called.name, called.flags, m_running.size());
     m_running.pop_back();
 }
 
-void CommandRunner::reportLeftBehind(const Called& called, const std::wstring& left, CommandOutcome& outcome) const
+void CommandRunner::reportLeftBehind(const Called& called, const std::wstring& left) const
 {
     if (!left.empty())
         print(L"La commande « " + called.name + L" » a laissé " + left + L".");
-    if (m_running.size() > 1 || !m_openObjects)
+}
+
+void CommandRunner::reportLeftOpen(const Called& called, CommandOutcome& outcome) const
+{
+    if (!m_openObjects)
         return;
     outcome.leftOpen = m_openObjects();
     std::wstring objects;

@@ -16,6 +16,15 @@ struct CommandOutcome {
     std::ptrdiff_t newTexts = 0;
 };
 
+/// Told of the commands that run, those inside others as well.
+class CommandWatcher {
+public:
+    virtual ~CommandWatcher() = default;
+    /// `flags`: ACRX_CMD_...; `depth` is 1 for a command that runs in no other.
+    virtual void commandStarts(const std::wstring& name, Adesk::Int32 flags, std::size_t depth) = 0;
+    virtual void commandEnds(const std::wstring& name, Adesk::Int32 flags, std::size_t depth) = 0;
+};
+
 /// Runs commands by the names that users type.
 /// "NAME" is a local name, "_NAME" the name common to all languages; "." keeps to the command stack, leaving out a
 /// command that a module, or a user in AutoLISP, defined as the function "C:NAME"; "'" is allowed before a transparent
@@ -26,8 +35,16 @@ class CommandRunner {
 public:
     static CommandRunner& instance();
 
+    /// Who calls a command: a user may call a transparent one only while another runs; code may call any, and objects
+    /// that the caller has open stay so.
+    enum class CalledBy { user, code };
+
     /// Prints the failure, if there is one, as well.
-    CommandOutcome run(const std::wstring& typedName);
+    CommandOutcome run(const std::wstring& typedName, CalledBy caller = CalledBy::user);
+
+    /// Not owned.
+    void addWatcher(CommandWatcher& watcher) { m_watchers.push_back(&watcher); }
+    void removeWatcher(CommandWatcher& watcher) { std::erase(m_watchers, &watcher); }
 
     /// Whether a name leads to a command, prefixes and all.
     static bool knows(const std::wstring& typedName) { return find(typedName).has_value(); }
@@ -50,10 +67,12 @@ private:
     static std::optional<Called> find(const std::wstring& typedName);
     static Called calling(const Command& command);
     static std::optional<Called> findInLisp(const std::wstring& name);
-    std::optional<std::wstring> refusal(const Called& called) const;
+    std::optional<std::wstring> refusal(const Called& called, CalledBy caller) const;
     void runInside(const Called& called, CommandOutcome& outcome);
-    void reportLeftBehind(const Called& called, const std::wstring& left, CommandOutcome& outcome) const;
+    void reportLeftBehind(const Called& called, const std::wstring& left) const;
+    void reportLeftOpen(const Called& called, CommandOutcome& outcome) const;
 
     std::vector<std::wstring> m_running;
+    std::vector<CommandWatcher*> m_watchers;
     OpenObjects m_openObjects;
 };

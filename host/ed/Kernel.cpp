@@ -4,10 +4,12 @@
 #include "db/Opening.h"
 #include "ed/CommandRunner.h"
 #include "ed/DrawingChanges.h"
+#include "ed/input/PendingCommands.h"
 
 Kernel::Kernel()
 {
     setUndoMarks(this);
+    PendingCommands::install();
     SystemVariables::instance().setDrawingVariables(&m_header);
     DocumentList::instance().onSaved([](Document& document) { DrawingChanges::instance().setSaved(document); });
     CommandRunner::instance().setOpenObjects([] {

@@ -12,7 +12,12 @@ struct LispHooks {
 
     /// Set by the input system: types the values of a call (command ...) at the command line, as a chain of texts,
     /// numbers, points and names; "" is Enter. Gives what went wrong, in French; empty when all went well.
+    /// A command that asks for more waits for the next call; null cancels it.
     std::function<std::wstring(const resbuf* inputs)> command;
+    /// Set by the input system: how many commands wait like this, and what ends those that began since there were
+    /// `before`, when an evaluation is over: the user gives them the rest, or after a failure they are cancelled.
+    std::function<std::size_t()> pendingCommands;
+    std::function<void(std::size_t before, bool failed)> settleCommands;
 
     /// Set by the window: whether the user pressed Escape since it was asked last.
     std::function<bool()> interrupted;

@@ -48,8 +48,21 @@ public:
     void setLastKeyword(std::wstring keyword) { m_lastKeyword = std::move(keyword); }
     const std::wstring& lastKeyword() const { return m_lastKeyword; }
 
+    /// Where the asking stands. A command that stops in its middle, to go on later, takes its own along.
+    struct Place {
+        Source* top = nullptr;
+        Source* answered = nullptr;
+        const InputRequest* asked = nullptr;
+    };
+    Place place() const { return {m_top, m_answered, m_asked}; }
+    void setPlace(const Place& place)
+    {
+        m_top = place.top;
+        m_answered = place.answered;
+        m_asked = place.asked;
+    }
+
 private:
-    friend class CommandFiber;
     InputAnswer answerOf(const InputRequest& request);
     void echo(const InputRequest& request, const InputAnswer& answer) const;
     /// Whether the text was an order of its own; a value of AutoLISP becomes the answer.

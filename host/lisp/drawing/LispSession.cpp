@@ -19,6 +19,17 @@ DocumentData<LispSession>& sessions()
     return ofDocuments;
 }
 
+/// Runs an evaluation, and ends the commands that it began.
+LispOutcome settled(const std::function<LispOutcome()>& evaluation)
+{
+    const LispHooks& hooks = LispHooks::instance();
+    const std::size_t before = hooks.pendingCommands ? hooks.pendingCommands() : 0;
+    LispOutcome outcome = evaluation();
+    if (hooks.settleCommands)
+        hooks.settleCommands(before, outcome.failed);
+    return outcome;
+}
+
 /// The function C:NAME of the current document, as a command.
 std::function<std::wstring()> commandCalled(const std::wstring& name)
 {
@@ -29,7 +40,9 @@ std::function<std::wstring()> commandCalled(const std::wstring& name)
     const LispValue function = context.symbol(L"C:" + name).value;
     if (!function.lambda())
         return {};
-    return [&context, function] { return context.run([&] { return context.apply(function, {}); }).failureText(); };
+    return [&context, function] {
+        return settled([&] { return context.run([&] { return context.apply(function, {}); }); }).failureText();
+    };
 }
 
 } // namespace
@@ -49,10 +62,12 @@ LispSession::LispSession()
 LispSession::Answer LispSession::evaluate(std::wstring_view text)
 {
     std::wstring shown;
-    LispOutcome outcome = m_context.run([&] {
-        LispValue value = m_context.evaluateText(text);
-        shown = lispPrinted(value);
-        return value;
+    LispOutcome outcome = settled([&] {
+        return m_context.run([&] {
+            LispValue value = m_context.evaluateText(text);
+            shown = lispPrinted(value);
+            return value;
+        });
     });
     return {shown, std::move(outcome)};
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <numbers>
-#include <pthread.h>
 
 #include "lisp/eval/LispBuiltin.h"
 #include "lisp/eval/LispError.h"
@@ -10,24 +9,10 @@
 #include "lisp/eval/LispTexts.h"
 #include "lisp/eval/SpecialForms.h"
 #include "platform/LetterCase.h"
+#include "platform/StackBounds.h"
 #include "rx/ExceptionText.h"
 
 namespace {
-
-/// Kept free below the deepest evaluation: for builtins, modules and what the host does inside them.
-constexpr std::uintptr_t kStackReserve = 1U << 20;
-
-std::uintptr_t lowestStackAddress()
-{
-    pthread_attr_t attributes;
-    void* lowest = nullptr;
-    std::size_t size = 0;
-    if (pthread_getattr_np(pthread_self(), &attributes) != 0)
-        throw LispError(lisp_texts::deepRecursion);
-    pthread_attr_getstack(&attributes, &lowest, &size);
-    pthread_attr_destroy(&attributes);
-    return reinterpret_cast<std::uintptr_t>(lowest) + std::min<std::uintptr_t>(kStackReserve, size / 2);
-}
 
 std::wstring upperCase(std::wstring_view text)
 {
@@ -119,7 +104,6 @@ LispOutcome LispContext::run(const std::function<LispValue()>& task)
     ++m_running;
     try {
         if (m_running == 1) {
-            m_stackEnd = lowestStackAddress();
             m_deadline.reset();
             if (m_timeLimit)
                 m_deadline = std::chrono::steady_clock::now() + *m_timeLimit;
@@ -146,7 +130,7 @@ void LispContext::askForInterruption()
 
 void LispContext::checkStack() const
 {
-    if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < m_stackEnd)
+    if (reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0)) < platform::stackFloor() + m_stackReserve)
         throw LispError(lisp_texts::deepRecursion);
 }
 

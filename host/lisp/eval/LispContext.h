@@ -113,7 +113,8 @@ private:
     int m_running = 0;  // runs inside runs: a command calls a function that runs a command
     int m_catching = 0; // vl-catch-all-apply under way
     bool m_inErrorHandler = false;
-    std::uintptr_t m_stackEnd = 0; // no evaluation below this address
+    /// Bytes of the stack kept free below the deepest evaluation: for builtins, modules and what the host does in them.
+    std::uintptr_t m_stackReserve = 1U << 20;
 };
 
 /// Gives a symbol a value until the end of the scope, then the one it had.

@@ -245,7 +245,7 @@ void LispContext::noticeError(LispError& error, const LispValue& form)
         return;
     const ScopedValue inHandler(m_inErrorHandler, true);
     const ScopedValue outside(m_catching, 0);
-    const ScopedValue deeper(m_stackEnd, m_stackEnd - (std::uintptr_t{1} << 19));
+    const ScopedValue deeper(m_stackReserve, m_stackReserve / 2);
     const LispValue message[] = {LispValue(error.message)};
     applyFunction(handler, message);
     error.handled = true;

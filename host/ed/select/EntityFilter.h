@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "adsdef.h"
+#include "dbid.h"
+#include "ed/select/EntityTags.h"
+
+/// Which entities a selection set takes: the filter of acedSSGet, ready to be asked of many entities.
+/// See acedSSGet for what its items mean. Where an entity leaves a value out, the value that this means counts (layer
+/// colour, no thickness...). Of values that an entity has several times, one that matches suffices. Reals and
+/// coordinates are equal within 1e-8.
+class EntityFilter {
+public:
+    /// Nothing for a filter that is wrong: operators that do not pair, that are not known, or do not fit their value.
+    /// Null takes every entity.
+    static std::optional<EntityFilter> of(const resbuf* chain);
+    EntityFilter(EntityFilter&&) noexcept;
+    EntityFilter& operator=(EntityFilter&&) noexcept;
+    ~EntityFilter();
+
+    bool takesAll() const;
+    /// Whether its tags need be read: false when its kind, and its class alone are asked for.
+    bool needsTags() const;
+    /// `tags` are those of the entity when needsTags.
+    bool takes(DxfRecord& record, const EntityTags& tags) const;
+
+    struct Node;
+    struct Test;
+
+private:
+    EntityFilter();
+    std::unique_ptr<Node> m_root;
+};

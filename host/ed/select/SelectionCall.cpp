@@ -1,0 +1,54 @@
+#include "ed/select/SelectionCall.h"
+
+#include "platform/LetterCase.h"
+
+namespace {
+
+struct ModeName {
+    std::wstring_view name;
+    SelectionCall::Mode mode;
+};
+using Mode = SelectionCall::Mode;
+constexpr ModeName kModes[] = {
+    {L"", Mode::ask},       {L".", Mode::ask},   {L"X", Mode::whole},          {L"A", Mode::editable},
+    {L"P", Mode::previous}, {L"L", Mode::last},  {L"I", Mode::implied},        {L"W", Mode::window},
+    {L"C", Mode::crossing}, {L"F", Mode::fence}, {L"WP", Mode::windowPolygon}, {L"CP", Mode::crossingPolygon},
+};
+
+} // namespace
+
+std::optional<SelectionCall> SelectionCall::read(const ACHAR* how)
+{
+    std::wstring_view text = how ? how : L"";
+    if (text.starts_with(L'_'))
+        text.remove_prefix(1);
+    if (text.starts_with(L'+'))
+        text.remove_prefix(1);
+    SelectionCall call;
+    const std::wstring_view name = text.substr(0, text.find(L':'));
+    bool isKnown = false;
+    for (const ModeName& row : kModes) {
+        if (!platform::equalNoCase(name, row.name))
+            continue;
+        call.mode = row.mode;
+        isKnown = true;
+    }
+    for (text.remove_prefix(name.size()); isKnown && !text.empty();) {
+        const std::size_t end = std::min(text.find(L':', 1), text.size());
+        const std::wstring_view option = text.substr(1, end - 1);
+        if (platform::equalNoCase(option, L"S"))
+            call.single = true;
+        else if (platform::equalNoCase(option, L"E"))
+            call.everything = true;
+        else if (platform::equalNoCase(option, L"L"))
+            call.unlocked = true;
+        else if (option == L"$")
+            call.prompts = true;
+        else if (!platform::equalNoCase(option, L"D") && !platform::equalNoCase(option, L"N") &&
+                 !platform::equalNoCase(option, L"P") && !platform::equalNoCase(option, L"U") &&
+                 !platform::equalNoCase(option, L"V") && !platform::equalNoCase(option, L"R"))
+            isKnown = false; // those allowed above change nothing here
+        text.remove_prefix(end);
+    }
+    return isKnown ? std::optional(call) : std::nullopt;
+}
