@@ -85,6 +85,7 @@ constexpr LSTATUS ERROR_INSUFFICIENT_BUFFER = 122;
 constexpr LSTATUS ERROR_MOD_NOT_FOUND = 126;
 constexpr LSTATUS ERROR_PROC_NOT_FOUND = 127;
 constexpr LSTATUS ERROR_MORE_DATA = 234;
+constexpr LSTATUS ERROR_NO_UNICODE_TRANSLATION = 1113;
 
 /// The reason of the last failure on this thread.
 DWORD GetLastError();
@@ -134,6 +135,8 @@ constexpr UINT CP_UTF8 = 65001;
 /// @return the number of bytes written, or needed when `targetSize` is 0; 0 on failure.
 int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR source, int sourceLength, LPSTR target, int targetSize,
                         LPCSTR defaultChar, BOOL* usedDefaultChar);
+constexpr DWORD MB_ERR_INVALID_CHARS = 0x8;
+/// With MB_ERR_INVALID_CHARS, bytes that are no UTF-8 fail (ERROR_NO_UNICODE_TRANSLATION).
 /// @return the number of characters written, or needed when `targetSize` is 0; 0 on failure.
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR source, int sourceLength, LPWSTR target, int targetSize);
 
@@ -148,6 +151,12 @@ DWORD GetTempPathW(DWORD size, LPWSTR buffer);
 UINT GetTempFileNameW(LPCWSTR folder, LPCWSTR prefix, UINT number, LPWSTR name);
 BOOL DeleteFileW(LPCWSTR path);
 BOOL CopyFileW(LPCWSTR existing, LPCWSTR copy, BOOL failIfExists);
+
+constexpr DWORD MOVEFILE_REPLACE_EXISTING = 0x1;
+
+/// Renames a file. One that has the new name already is replaced in one step with MOVEFILE_REPLACE_EXISTING, else the
+/// call fails (ERROR_FILE_EXISTS). Both names must be on one disk.
+BOOL MoveFileExW(LPCWSTR existing, LPCWSTR renamed, DWORD flags);
 
 // Modules.
 
@@ -171,4 +180,5 @@ FARPROC GetProcAddress(HMODULE module, LPCSTR name);
 #define GetTempFileName GetTempFileNameW
 #define DeleteFile DeleteFileW
 #define CopyFile CopyFileW
+#define MoveFileEx MoveFileExW
 #define GetModuleHandle GetModuleHandleW

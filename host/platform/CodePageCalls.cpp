@@ -14,6 +14,12 @@ int failed(LSTATUS error)
     return 0;
 }
 
+/// Bytes that are no UTF-8 are carried as lone surrogates, which no whole text has.
+bool isSurrogate(wchar_t c)
+{
+    return c >= 0xD800 && c <= 0xDFFF;
+}
+
 /// Hands the converted text over as both calls do: its length alone when there is no room asked for.
 template <class Character>
 int delivered(const std::basic_string<Character>& text, Character* target, int room)
@@ -49,7 +55,7 @@ int WideCharToMultiByte(UINT codePage, DWORD /*flags*/, LPCWSTR source, int sour
     return delivered(result, target, targetSize);
 }
 
-int MultiByteToWideChar(UINT codePage, DWORD /*flags*/, LPCSTR source, int sourceLength, LPWSTR target, int targetSize)
+int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR source, int sourceLength, LPWSTR target, int targetSize)
 {
     if (source == nullptr || sourceLength == 0 || sourceLength < -1 || targetSize < 0)
         return failed(ERROR_INVALID_PARAMETER);
@@ -57,7 +63,11 @@ int MultiByteToWideChar(UINT codePage, DWORD /*flags*/, LPCSTR source, int sourc
                                 sourceLength < 0 ? std::strlen(source) + 1 : static_cast<std::size_t>(sourceLength));
     if (codePage == CP_ACP || codePage == windows1252)
         return delivered(platform::wideFromAnsi(text), target, targetSize);
-    if (codePage == CP_UTF8)
-        return delivered(platform::wideFromUtf8(text), target, targetSize);
+    if (codePage == CP_UTF8) {
+        const std::wstring wide = platform::wideFromUtf8(text);
+        if ((flags & MB_ERR_INVALID_CHARS) != 0 && std::any_of(wide.begin(), wide.end(), isSurrogate))
+            return failed(ERROR_NO_UNICODE_TRANSLATION);
+        return delivered(wide, target, targetSize);
+    }
     return failed(ERROR_INVALID_PARAMETER);
 }

@@ -159,3 +159,15 @@ BOOL CopyFileW(LPCWSTR existing, LPCWSTR copy, BOOL failIfExists)
                   failIfExists ? fs::copy_options::none : fs::copy_options::overwrite_existing, error);
     return error ? failed(error) : TRUE;
 }
+
+BOOL MoveFileExW(LPCWSTR existing, LPCWSTR renamed, DWORD flags)
+{
+    if (existing == nullptr || renamed == nullptr)
+        return failed(ERROR_INVALID_PARAMETER);
+    const fs::path from = platform::nativePath(existing), to = platform::nativePath(renamed);
+    std::error_code error;
+    if ((flags & MOVEFILE_REPLACE_EXISTING) == 0 && fs::exists(fs::symlink_status(to, error)))
+        return failed(ERROR_FILE_EXISTS);
+    fs::rename(from, to, error);
+    return error ? failed(error) : TRUE;
+}

@@ -5,7 +5,6 @@
 #include "frame/espaceObjet.h"
 #include "points/projetDansDessin.h"
 
-#include "dbents.h"
 #include "dbpl.h"
 
 #include <algorithm>
@@ -23,8 +22,7 @@ pointDuDessin pointDe(const stationCorrigee& station, const placementPolygonale&
     pointDuDessin point;
     point.setParams(station.nom.c_str(), {station.x, station.y, placement.altitudes ? station.z : inconnu},
                     placement.code < 1 || placement.code > 9999 ? 100 : placement.code);
-    if (dessinable(station.x) && dessinable(station.y))
-        point.setId(ajouterEspaceObjet(std::make_unique<AcDbPoint>(point.positionDessinee())));
+    point.creer(true);
     return point;
 }
 

@@ -1,7 +1,7 @@
 #include "frame/argumentsLisp.h"
 
 #include "aced.h"
-#include "points/pointDuDessin.h"
+#include "calculs/grandeur.h"
 
 #include <array>
 
@@ -63,7 +63,7 @@ bool argumentsLisp::lirePoint(AcGePoint3d& point)
     if (suivant->restype != RTPOINT && suivant->restype != RT3DPOINT)
         return false;
     const auto& xyz = suivant->resval.rpoint;
-    point.set(xyz[0], xyz[1], suivant->restype == RT3DPOINT ? xyz[2] : coordonneeInconnue);
+    point.set(xyz[0], xyz[1], suivant->restype == RT3DPOINT ? xyz[2] : inconnu);
     suivant = suivant->rbnext;
     return true;
 }
@@ -71,7 +71,7 @@ bool argumentsLisp::lirePoint(AcGePoint3d& point)
 /// The host hands over a list of integers as a list, where it makes a point of one of reals.
 bool argumentsLisp::lirePointEnListe(AcGePoint3d& point)
 {
-    std::array<double, 3> xyz{0.0, 0.0, coordonneeInconnue};
+    std::array<double, 3> xyz{0.0, 0.0, inconnu};
     std::size_t nombre = 0;
     const resbuf* item = suivant->rbnext;
     for (; item && item->restype != RTLE; item = item->rbnext)

@@ -3,6 +3,8 @@
 #include "dbid.h"
 #include "gepnt3d.h"
 
+#include <vector>
+
 /// What a point does with the entity that shows it. The only calls of the point tables to the drawing.
 /// An id that is null, erased or of another drawing is left alone.
 
@@ -12,5 +14,5 @@ void effacerEntite(const AcDbObjectId& id);
 /// Where a block reference is inserted. @return false, `position` untouched, when the entity is no block reference.
 bool insertionDuBloc(const AcDbObjectId& id, AcGePoint3d& position);
 
-/// Moves a host point to `position`; entities of other kinds stay where they are.
-void deplacerPointHote(const AcDbObjectId& id, const AcGePoint3d& position);
+/// Every block reference of the drawing, all spaces, in the order of a selection of the whole drawing.
+std::vector<AcDbObjectId> blocsDuDessin();

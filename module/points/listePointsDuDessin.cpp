@@ -1,5 +1,6 @@
 #include "points/listePointsDuDessin.h"
 
+#include "frame/dialogueProgression.h"
 #include "points/entiteDuPoint.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
@@ -146,7 +147,7 @@ void listePointsDuDessin::renumeroter(bool tout)
     }
     for (int i = 0; i < nombre; ++i) {
         nommer(points[i], i + 1);
-        points[i].updateDrawing();
+        mettreAJourSymbole(i);
     }
     reindexer();
 }
@@ -232,6 +233,36 @@ int listePointsDuDessin::getBlockPosition(const wchar_t* nom, AcGePoint3d& posit
         position = point->getAs3dPnt();
     code = point->getCode();
     return 1;
+}
+
+/// Apart from its symbol the point stays as it is: no name has to be indexed again.
+void listePointsDuDessin::mettreAJourSymbole(int i)
+{
+    const AcDbObjectId avant = points[i].getId();
+    points[i].updateDrawing();
+    if (points[i].getId() != avant)
+        objets.suspecter(i);
+}
+
+void listePointsDuDessin::updateDrawing()
+{
+    dialogueProgression avancement(L"Mise \u00e0 jour du dessin", nbPoint() - 1);
+    for (int i = 0; i < nbPoint(); ++i) {
+        mettreAJourSymbole(i);
+        avancement.avancer();
+    }
+}
+
+void listePointsDuDessin::updateFromDrawing()
+{
+    points.RemoveAll();
+    reindexer();
+    objets.suspecterTout();
+    for (const AcDbObjectId& id : blocsDuDessin()) {
+        pointDuDessin point;
+        if (point.updateFromDrawing(id))
+            Ajouter(point);
+    }
 }
 
 void listePointsDuDessin::notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque)

@@ -70,6 +70,10 @@ public:
     /// Where the point called `nom` is drawn: the insertion point of its block, or its own coordinates when it has
     /// none. @return 1, or 0 when no point has that name.
     int getBlockPosition(const wchar_t* nom, AcGePoint3d& position, int& code) const;
+    /// Brings the symbol of every point in line with it, in table order, as pointDuDessin::updateDrawing.
+    void updateDrawing();
+    /// Replaces the table by the symbols of the drawing, all spaces: every block reference with a name attribute.
+    void updateFromDrawing();
     /// Copies coordinates of a moved entity into the first point that it shows. `masque`: 1 X, 2 Y, 4 Z.
     void notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque);
 
@@ -82,6 +86,7 @@ private:
     enum class blancs { espaces, espacesEtTabulations };
 
     const pointDuDessin* chercher(const wchar_t* nom) const;
+    void mettreAJourSymbole(int i);
     void reindexer();
     void indexerEnAttente() const;
 

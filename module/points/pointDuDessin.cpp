@@ -1,7 +1,7 @@
 #include "points/pointDuDessin.h"
 
-#include "points/decimalesAltitude.h"
-#include "points/entiteDuPoint.h"
+#include "codification/codificationDuModule.h"
+#include "codification/symbolePoint.h"
 #include "points/pointXYZ.h"
 #include "points/QuarvelSerializer.h"
 #include "points/texte8bits.h"
@@ -77,9 +77,7 @@ void pointDuDessin::setParams(const wchar_t* leNom, const AcGePoint3d& position,
 
 void pointDuDessin::getZAsString(CString& texte) const
 {
-    texte.Empty();
-    if (altitudeConnue())
-        texte.Format(L"%.*f", decimalesAltitude(code), Z);
+    texte = altitudeConnue() ? texteAltitude(Z, codificationDuModule().getCodif(code)) : CString();
 }
 
 int pointDuDessin::saveToXRecord(QuarvelSerializer* s) const
@@ -94,9 +92,4 @@ int pointDuDessin::readFromXRecord(QuarvelSerializer* s)
                    s->readDouble(Z) && s->readId(id);
     nom[longueurNom] = '\0'; // a stored name may lack its zero
     return lu;
-}
-
-void pointDuDessin::updateDrawing() const
-{
-    deplacerPointHote(id, positionDessinee());
 }

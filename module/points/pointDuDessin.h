@@ -42,8 +42,6 @@ public:
     void setXY(double x, double y, double z);
     /// X, Y, Z as they are, the unknown marker included.
     AcGePoint3d getAs3dPnt() const { return {X, Y, Z}; }
-    /// Where a host point shows the point: at elevation 0 when the altitude is unknown.
-    AcGePoint3d positionDessinee() const { return {X, Y, altitudeConnue() ? Z : 0.0}; }
     bool altitudeConnue() const { return Z != coordonneeInconnue; }
 
     int getCode() const { return code; }
@@ -60,12 +58,20 @@ public:
     void setNomPoint(const wchar_t* leNom);
     void setParams(const wchar_t* leNom, const AcGePoint3d& position, int leCode);
 
-    /// The altitude with as many decimals as the code of the point asks for; empty when it is unknown.
+    /// The altitude with as many decimals as the code of the point asks for; empty when it is unknown. A code that the
+    /// codification lacks is added to it.
     void getZAsString(CString& texte) const;
 
-    /// Brings the entity that shows the point in line with it: a host point goes to positionDessinee(). A point that is
-    /// not drawn, or whose entity is of another kind or cannot be opened, changes nothing.
-    void updateDrawing() const;
+    /// Draws the point's symbol in the working drawing: its name without surrounding blanks and in capitals, as its
+    /// code says. Its layers are made when asked for. A point that could not be drawn keeps the entity it had.
+    void creer(bool creerCalques, const wchar_t* observation = nullptr);
+    /// Brings the symbol in line with the point: name, altitude, place. A change of code does not reach it. A point
+    /// without symbol in the drawing gets one; an entity of another kind stays as it is.
+    void updateDrawing();
+    /// Takes place, name, code and altitude from a symbol, which shows the point from now on.
+    /// @return 1; 0 when it is no block reference (the point then has no entity), or one without name (the point then
+    /// has its X and Y).
+    int updateFromDrawing(const AcDbObjectId& symbole);
 
     /// One point of the stored form: name as a block of ten bytes, code, X, Y, Z, reference to the entity.
     /// @return 1, or 0 at the first item that fails.

@@ -23,6 +23,8 @@ dossierEssai::dossierEssai()
     if (!mkdtemp(modele.data()))
         throw std::runtime_error("no temporary folder");
     dossier = modele;
+    fs::create_directory(dossier / "support");
+    fs::create_directory_symlink(VELA_SOURCE_DIR "/module/resources/biblio", dossier / "support/biblio");
 }
 
 dossierEssai::~dossierEssai()

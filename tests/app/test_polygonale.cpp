@@ -107,9 +107,9 @@ TEST_F(polygonaleFermee, PlacesStationsInASiteDrawing)
     const auto compte = [](const json& inventaire, const char* classe) {
         return inventaire["entitesParClasse"].value(classe, 0);
     };
-    EXPECT_EQ(compte(info, "POINT"), compte(infoAvant, "POINT") + 4);
+    EXPECT_EQ(compte(info, "POINT"), compte(infoAvant, "POINT"));
     EXPECT_EQ(compte(info, "LWPOLYLINE"), compte(infoAvant, "LWPOLYLINE") + 2);
-    EXPECT_EQ(compte(info, "INSERT"), compte(infoAvant, "INSERT"));
+    EXPECT_EQ(compte(info, "INSERT"), compte(infoAvant, "INSERT") + 4) << "stations are symbols";
     EXPECT_EQ(info["problemes"], infoAvant["problemes"]);
 
     fermee(" --dessin corrige.dxf --placer --altitudes");
@@ -135,9 +135,10 @@ TEST_F(polygonaleFermee, MakesANewDrawingWithoutOneToRead)
     EXPECT_TRUE(r["ancienDessin"].is_null());
     const json info = velaJson("info neuf.dxf");
     EXPECT_EQ(pointsDeLaTableCourante(info), 4);
-    EXPECT_EQ(info["entitesParClasse"]["POINT"], 4);
-    EXPECT_NEAR(info["etendueCalculee"]["min"][0], 907.124, tolerance);
-    EXPECT_NEAR(info["etendueCalculee"]["max"][1], -1814.522, tolerance);
+    EXPECT_EQ(info["entitesParClasse"]["INSERT"], 4);
+    // A station's symbol reaches 0.35 to the left, and its name ends 1.5 above it.
+    EXPECT_NEAR(info["etendueCalculee"]["min"][0], 907.124 - 0.35, tolerance);
+    EXPECT_NEAR(info["etendueCalculee"]["max"][1], -1814.522 + 1.5, tolerance);
     EXPECT_EQ(info["etendueCalculee"]["min"][2], 0.0) << "altitudes are not placed unless asked for";
 }
 

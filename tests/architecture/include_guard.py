@@ -92,7 +92,11 @@ def folder_of(root, path):
 # services beside them serve those folders.
 HEIGHTS = (
     (r"module/(calculs|reports)", r"placer.*|" + DIALOGS, "drawing and dialogs"),
-    (r"module/frame", r"entree|commandes|fonctionsLisp", "doors"),
+    (r"module/frame", r"entree|commandes|fonctionsLisp|lisp.*|ptsEn3d|Dlg.*", "doors"),
+    # Symbols stand below the points that have them; functions and dialogs stand above.
+    (r"module/codification", r"lisp.*|commande.*|" + DIALOGS, "functions and dialogs"),
+    (r"module/points", r"exportation|attribsPoints", "exported words"),
+    (r"module/points", DIALOGS, "dialogs"),
 )
 
 

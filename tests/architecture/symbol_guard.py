@@ -142,7 +142,7 @@ def imported(module):
 
 def foreign_symbols(symbols, names):
     return [s for s in symbols
-            if not RUNTIME_VERSION.search(s) and not RUNTIME_NAME.match(s) and not is_declared(s, names)]
+            if not RUNTIME_VERSION.search(s) and not RUNTIME_NAME.match(DESCRIPTION.sub("", s)) and not is_declared(s, names)]
 
 
 def main(argv):

@@ -76,6 +76,9 @@ TEST(CodePage, PublishedCalls)
     std::array<wchar_t, 8> wide{};
     EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "\x80\xE9", -1, wide.data(), 8), 3);
     EXPECT_STREQ(wide.data(), L"€é");
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, "\xC3\xA9t\xC3\xA9", -1, wide.data(), 8), 4);
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, "\xE9t", -1, wide.data(), 8), 0);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_NO_UNICODE_TRANSLATION));
     EXPECT_EQ(MultiByteToWideChar(932, 0, "a", -1, wide.data(), 8), 0);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_PARAMETER));
 }

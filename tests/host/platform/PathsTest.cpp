@@ -100,6 +100,13 @@ TEST_F(Paths, OpenFilesAsTheModuleDoes)
     EXPECT_FALSE(CopyFileW(L"C:\\support\\messages.msg", L"C:\\support\\COPIE", TRUE));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
     EXPECT_EQ(_waccess(L"C:\\SUPPORT\\COPIE", 0), 0);
+    EXPECT_FALSE(MoveFileExW(L"C:\\support\\copie", L"C:\\SUPPORT\\MESSAGES.MSG", 0));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_EXISTS));
+    EXPECT_TRUE(MoveFileExW(L"C:\\support\\copie", L"C:\\SUPPORT\\MESSAGES.MSG", MOVEFILE_REPLACE_EXISTING));
+    EXPECT_EQ(read("lecteurs/c/Support/MESSAGES.MSG"), "UN\ndeux\n");
+    EXPECT_FALSE(MoveFileExW(L"C:\\support\\copie", L"C:\\support\\autre", 0));
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
+    EXPECT_TRUE(MoveFileExW(L"C:\\support\\messages.msg", L"C:\\support\\copie", 0));
     EXPECT_TRUE(DeleteFileW(L"C:\\SUPPORT\\COPIE"));
     EXPECT_FALSE(DeleteFileW(L"C:\\SUPPORT\\COPIE"));
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));

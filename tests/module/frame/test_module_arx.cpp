@@ -1,6 +1,8 @@
 #include "calculs/placerPolygonale.h"
 #include "points/projetDansDessin.h"
 
+#include "supportEssai.h"
+
 #include "aced.h"
 #include "ap/DocumentList.h"
 #include "dbents.h"
@@ -305,8 +307,9 @@ TEST_F(ModuleTest, placesATraverse)
     EXPECT_EQ(placerPolygonale(stations, {10000, true}, {}), 3);
     EXPECT_EQ(table.getData(4)->getZ(), 6);
     EXPECT_EQ(table.getData(4)->getCode(), 100) << "a code out of range becomes that of stations";
-    const AcDbObjectPointer<AcDbPoint> point(table.getData(4)->getId());
-    EXPECT_EQ(point->position().z, 6);
+    const AcDbObjectPointer<AcDbBlockReference> symbole(table.getData(4)->getId());
+    ASSERT_EQ(symbole.openStatus(), Acad::eOk);
+    EXPECT_EQ(symbole->position(), AcGePoint3d(4, 5, 0)) << "the altitude is told by its attribute";
 }
 
 } // namespace

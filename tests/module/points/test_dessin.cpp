@@ -1,6 +1,8 @@
 #include "points/listePointsDuDessin.h"
 #include "points/projetDansDessin.h"
 
+#include "supportEssai.h"
+
 #include "acutads.h"
 #include "dbapserv.h"
 #include "dbdict.h"
@@ -92,7 +94,7 @@ protected:
     {
         pointDuDessin point;
         point.setParams(nom, AcGePoint3d(x, y, z), 1);
-        point.setId(ajouter(db, new AcDbPoint(point.positionDessinee())));
+        point.setId(ajouter(db, new AcDbPoint(AcGePoint3d(x, y, 0))));
         return point;
     }
 
@@ -208,11 +210,8 @@ TEST_F(DessinTest, keepsEntitiesInStep)
     ligne.setId(ajouter(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(9, 9, 0))));
     table.Ajouter(ligne);
     table.getData(0)->setXY(10, 20, 30);
-    table.getData(1)->setX(40);
     table.renumeroter(true);
-    EXPECT_EQ(place(table.getData(0)->getId()).z, 30);
-    EXPECT_EQ(place(table.getData(1)->getId()).x, 40);
-    EXPECT_EQ(place(table.getData(1)->getId()).z, 0) << "drawn on the ground while the altitude is unknown";
+    EXPECT_EQ(place(table.getData(0)->getId()).x, 1) << "what is no symbol stays as it is";
 
     AcGePoint3d position;
     int code = 0;

@@ -1,4 +1,4 @@
-#include "points/decimalesAltitude.h"
+#include "codification/codificationDuModule.h"
 #include "points/pointDuDessin.h"
 #include "points/pointXYZ.h"
 
@@ -118,27 +118,26 @@ TEST(pointDuDessin, writesAltitudesAsItsCodeAsks)
 {
     struct Row {
         const char* name;
-        fonctionDecimales decimales;
+        int decimales;
         double z;
         const wchar_t* text;
     };
     const Row rows[] = {
-        {"two decimals without codification", nullptr, 102.345678, L"102.35"},
-        {"by code", [](int code) { return code == 7 ? 4 : 0; }, 102.345678, L"102.3457"},
-        {"none", [](int) { return 0; }, 102.345678, L"102"},
-        {"a negative count is taken as none", [](int) { return -3; }, 12.7, L"13"},
-        {"an absurd count is held", [](int) { return 1000000; }, 0.5, L"0.500000000000000"},
-        {"zero is a known altitude", nullptr, 0.0, L"0.00"},
-        {"unknown", nullptr, 1e38, L""},
+        {"as a new code", 2, 102.345678, L"102.35"},
+        {"by code", 4, 102.345678, L"102.3457"},
+        {"none", 0, 102.345678, L"102"},
+        {"a negative count is taken as none", -3, 12.7, L"13"},
+        {"an absurd count is held", 1000000, 0.5, L"0.500000000000000000000000000000"},
+        {"zero is a known altitude", 2, 0.0, L"0.00"},
+        {"unknown", 2, 1e38, L""},
     };
     for (const Row& r : rows) {
         SCOPED_TRACE(r.name);
-        definirDecimalesAltitude(r.decimales);
+        codificationDuModule().getCodif(7).precisionAltitudes = r.decimales;
         CString texte;
         point(0, 0, r.z, 7, L"").getZAsString(texte);
         EXPECT_STREQ(texte.GetString(), r.text);
     }
-    definirDecimalesAltitude(nullptr);
 }
 
 } // namespace

@@ -1,0 +1,57 @@
+#include "codification/apparenceSymbole.h"
+
+#include "codification/attributsBloc.h"
+#include "points/attribsPoints.h"
+
+#include <utility>
+
+namespace {
+
+void donnerCalque(AcDbEntity& entite, AcDbObjectId calque)
+{
+    if (!calque.isNull() && entite.layerId() != calque)
+        entite.setLayer(calque);
+}
+
+void conformerAttributs(const AcDbBlockReference& reference, const codifPoint& codif)
+{
+    const attribsPoints& etiquettes = attribsDuModule;
+    const std::pair<const CString&, emplacementCalque> calques[] = {{etiquettes.code, calqueCode},
+                                                                    {etiquettes.numero, calqueNumero},
+                                                                    {etiquettes.altitude, calqueAltitudes},
+                                                                    {etiquettes.observation, calqueObs}};
+    pourChaqueAttribut(reference, AcDb::kForWrite, [&](AcDbAttribute& attribut) {
+        for (const auto& [etiquette, calque] : calques)
+            if (memeEtiquette(attribut, etiquette))
+                donnerCalque(attribut, codif.calques[calque]);
+        if (memeEtiquette(attribut, etiquettes.code))
+            attribut.setTextString(texteCode(codif.code));
+    });
+}
+
+} // namespace
+
+bool retaillerSymbole(AcDbBlockReference& reference, double taille)
+{
+    const double actuelle = reference.scaleFactors().sx;
+    if (actuelle == taille)
+        return true;
+    const AcGeMatrix3d homothetie = AcGeMatrix3d::scaling(taille / actuelle, reference.position());
+    return reference.transformBy(homothetie) == Acad::eOk &&
+           reference.setScaleFactors({taille, taille, taille}) == Acad::eOk;
+}
+
+bool conformerSymbole(const AcDbObjectId& id, int code, tableCodification& table)
+{
+    const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForWrite);
+    if (reference.openStatus() != Acad::eOk)
+        return false;
+    AcDbDatabase& db = *reference->database();
+    codifPoint& codif = table.getCodif(code);
+    const AcDbObjectId bloc = preparerCalques(db, codif, true) ? blocDuCode(db, codif) : AcDbObjectId();
+    if (bloc.isNull() || reference->setBlockTableRecord(bloc) != Acad::eOk)
+        return false;
+    donnerCalque(*reference.object(), codif.calques[calqueBlock]);
+    conformerAttributs(*reference.object(), codif);
+    return retaillerSymbole(*reference.object(), tailleSymbole(codif));
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "afx.h"
+#include "dbents.h"
+
+#include <memory>
+
+/// Opens the attributes of a reference one after the other and hands them to `action` (AcDbAttribute&). Those that
+/// cannot be opened are passed over.
+template <class Action>
+void pourChaqueAttribut(const AcDbBlockReference& reference, AcDb::OpenMode mode, Action action)
+{
+    const std::unique_ptr<AcDbObjectIterator> it(reference.attributeIterator());
+    for (it->start(); !it->done(); it->step()) {
+        const AcDbObjectPointer<AcDbAttribute> attribut(it->objectId(), mode);
+        if (attribut.openStatus() == Acad::eOk)
+            action(*attribut.object());
+    }
+}
+
+/// Letter case does not count.
+bool memeEtiquette(const AcDbAttribute& attribut, const CString& etiquette);
+
+/// Writes a text that differs to an attribute open for read. @return whether it was written.
+bool changerTexte(AcDbAttribute& attribut, const CString& texte);

@@ -1,0 +1,64 @@
+#include "codification/codifPoint.h"
+
+#include "dbapserv.h"
+#include "dbsymtb.h"
+
+#include <memory>
+
+/// The layers of a code in a drawing.
+
+namespace {
+
+/// A name that the drawing refuses gives the null id.
+AcDbObjectId ajouterCalque(AcDbLayerTable& table, const CString& nom, int couleur)
+{
+    auto calque = std::make_unique<AcDbLayerTableRecord>();
+    AcCmColor teinte;
+    // "By block" (0) and "by layer" (256) are colours of entities; a layer must have one of its own.
+    teinte.setColorIndex(static_cast<Adesk::UInt16>(couleur >= 1 && couleur <= 255 ? couleur : 7));
+    calque->setColor(teinte);
+    AcDbObjectId id;
+    if (calque->setName(nom) != Acad::eOk || table.add(id, calque.get()) != Acad::eOk)
+        return {};
+    calque.release()->close();
+    return id;
+}
+
+AcDbLayerTable* ouvrirCalquesDuDessin()
+{
+    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
+    AcDbLayerTable* table = nullptr;
+    if (db)
+        db->getLayerTable(table, AcDb::kForWrite);
+    return table;
+}
+
+} // namespace
+
+void codifPoint::creerCalques(AcDbLayerTable* table)
+{
+    AcDbLayerTable* const ouverte = table ? nullptr : ouvrirCalquesDuDessin();
+    AcDbLayerTable* const cible = table ? table : ouverte;
+    if (!cible)
+        return;
+    for (std::size_t e = 0; e < nombreCalques; ++e) {
+        CString nom = layers[e];
+        if (nom.Trim(blancsSaisie).IsEmpty())
+            nom = layers[e] = L"0";
+        calques[e].setNull();
+        if (cible->getAt(nom, calques[e]) != Acad::eOk)
+            calques[e] = ajouterCalque(*cible, nom, couleurs[e]);
+    }
+    if (ouverte)
+        ouverte->close();
+}
+
+void codifPoint::retrouverCalques(const AcDbLayerTable& table)
+{
+    for (std::size_t e = 0; e < nombreCalques; ++e) {
+        CString nom = layers[e];
+        nom.Trim(blancsSaisie);
+        calques[e].setNull();
+        table.getAt(nom.IsEmpty() ? L"0" : nom.GetString(), calques[e]);
+    }
+}

@@ -1,0 +1,10 @@
+#include "codification/codifPoint.h"
+
+#include "frame/dossierSupport.h"
+
+codifPoint::codifPoint() : chemin(cheminBiblio(L"velablk1.dwg")) {}
+
+CString cheminBiblio(const wchar_t* fichier)
+{
+    return cheminSupport(fichier, L"biblio");
+}

@@ -1,0 +1,7 @@
+#include "codification/codificationDuModule.h"
+
+tableCodification& codificationDuModule()
+{
+    static tableCodification table;
+    return table;
+}

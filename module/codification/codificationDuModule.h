@@ -1,0 +1,7 @@
+#pragma once
+
+#include "codification/tableCodification.h"
+
+/// The table of codes that commands and symbols share, built from "defcodif" when first asked for and alive until the
+/// process ends. Codes that getCodif adds to it reach the file at the next save.
+tableCodification& codificationDuModule();

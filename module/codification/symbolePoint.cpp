@@ -1,0 +1,152 @@
+#include "codification/symbolePoint.h"
+
+#include "codification/donneesEtendues.h"
+#include "frame/blocFichier.h"
+#include "frame/formatNombres.h"
+#include "points/attribsPoints.h"
+
+#include "dbents.h"
+#include "dbsymtb.h"
+
+#include <cmath>
+#include <memory>
+
+double facteurSymboles = 1.0;
+
+void reglerFacteurSymboles(double facteur)
+{
+    const double taille = std::abs(facteur);
+    facteurSymboles = taille >= 1e-6 ? taille : 1.0;
+}
+
+double tailleSymbole(const codifPoint& codif)
+{
+    return facteurSymboles * codif.tailleBlock;
+}
+
+CString texteAltitude(double z, const codifPoint& codif)
+{
+    CString texte;
+    if (z != 1e38)
+        formaterFixe(z, codif.precisionAltitudes, texte);
+    return texte;
+}
+
+CString texteCode(int code)
+{
+    CString texte;
+    texte.Format(L"%d", code);
+    return texte;
+}
+
+bool preparerCalques(AcDbDatabase& db, codifPoint& codif, bool creer)
+{
+    AcDbLayerTable* calques = nullptr;
+    if (db.getLayerTable(calques, creer ? AcDb::kForWrite : AcDb::kForRead) != Acad::eOk)
+        return !creer;
+    if (creer)
+        codif.creerCalques(calques);
+    else
+        codif.retrouverCalques(*calques);
+    calques->close();
+    return true;
+}
+
+AcDbObjectId blocDuCode(AcDbDatabase& db, const codifPoint& codif)
+{
+    CString chemin = codif.chemin;
+    if (chemin.Trim(blancsSaisie).IsEmpty())
+        chemin = cheminBiblio(L"velablk1.dwg");
+    return blocDeFichier(db, chemin);
+}
+
+bool placeConnue(const donneesSymbole& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && point.x != 1e38 && point.y != 1e38;
+}
+
+namespace {
+
+AcDbBlockReference* ajouterReference(AcDbDatabase& db, const AcGePoint3d& place, AcDbObjectId bloc)
+{
+    AcDbBlockTable* blocs = nullptr;
+    if (db.getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
+        return nullptr;
+    AcDbBlockTableRecord* espace = nullptr;
+    const Acad::ErrorStatus ouvert = blocs->getAt(ACDB_MODEL_SPACE, espace, AcDb::kForWrite);
+    blocs->close();
+    if (ouvert != Acad::eOk)
+        return nullptr;
+    auto reference = std::make_unique<AcDbBlockReference>(place, bloc);
+    const bool ajoutee = espace->appendAcDbEntity(reference.get()) == Acad::eOk;
+    espace->close();
+    return ajoutee ? reference.release() : nullptr; // open for write
+}
+
+/// One of the four attributes; `dy` is its height above the point, in text heights.
+struct attributSymbole {
+    const CString& etiquette;
+    CString texte;
+    double dy;
+    emplacementCalque calque;
+    bool visible;
+};
+
+constexpr double decalageX = 0.75; // of all attributes, in text heights
+
+void ajouterAttribut(AcDbBlockReference& reference, const attributSymbole& modele, const AcGePoint3d& point,
+                     const codifPoint& codif)
+{
+    const double taille = tailleSymbole(codif);
+    auto attribut =
+        std::make_unique<AcDbAttribute>(AcGePoint3d(point.x + decalageX * taille, point.y + modele.dy * taille, 0.0),
+                                        modele.texte.GetString(), modele.etiquette.GetString());
+    attribut->setHeight(taille);
+    attribut->setInvisible(!modele.visible);
+    if (reference.appendAttribute(attribut.get()) != Acad::eOk)
+        return;
+    if (!codif.calques[modele.calque].isNull())
+        attribut->setLayer(codif.calques[modele.calque]);
+    attribut.release()->close();
+}
+
+void ajouterAttributs(AcDbBlockReference& reference, const donneesSymbole& point, const codifPoint& codif,
+                      const CString& altitude)
+{
+    const attribsPoints& etiquettes = attribsDuModule;
+    const attributSymbole attributs[] = {
+        {etiquettes.code, texteCode(point.code), 2.0, calqueCode, false},
+        {etiquettes.numero, point.nom, 0.5, calqueNumero, true},
+        {etiquettes.altitude, altitude, -1.0, calqueAltitudes, true},
+        {etiquettes.observation, point.observation, -2.5, calqueObs, true},
+    };
+    for (const attributSymbole& attribut : attributs)
+        ajouterAttribut(reference, attribut, {point.x, point.y, 0.0}, codif);
+}
+
+} // namespace
+
+int insererSymbolePoint(const donneesSymbole& point, AcDbDatabase* db, tableCodification& table, AcDbObjectId& id,
+                        bool altitudeConnue, bool creerCalques)
+{
+    if (!db || !placeConnue(point))
+        return 0;
+    codifPoint& codif = table.getCodif(point.code);
+    if (!preparerCalques(*db, codif, creerCalques))
+        return 0;
+    const AcDbObjectId bloc = blocDuCode(*db, codif);
+    if (bloc.isNull())
+        return 0;
+    AcDbBlockReference* const reference = ajouterReference(*db, {point.x, point.y, 0.0}, bloc);
+    if (!reference)
+        return 0;
+    const double taille = tailleSymbole(codif);
+    reference->setScaleFactors({taille, taille, taille});
+    if (!codif.calques[calqueBlock].isNull())
+        reference->setLayer(codif.calques[calqueBlock]);
+    ajouterAttributs(*reference, point, codif, altitudeConnue ? texteAltitude(point.z, codif) : CString());
+    marquerSymbole(*reference);
+    id = reference->objectId();
+    reference->close();
+    return 1;
+}

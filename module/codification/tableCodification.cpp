@@ -1,0 +1,167 @@
+#include "codification/tableCodification.h"
+
+#include "codification/fichierEntier.h"
+#include "codification/xmlCodification.h"
+#include "frame/dossierSupport.h"
+#include "frame/journaux.h"
+
+#include "acutads.h"
+#include "dbsymtb.h"
+
+#include <algorithm>
+#include <exception>
+
+namespace {
+
+void journaliser(const wchar_t* format, const CString& chemin, const CString& copie = {})
+{
+    CString message;
+    message.Format(format, chemin.GetString(), copie.GetString());
+    journaliserMessage(CStringA(message));
+}
+
+/// @return whether the file may be replaced.
+bool garderFichierRefuse(const CString& chemin)
+{
+    const auto copie = mettreDeCote(chemin);
+    if (!copie)
+        journaliser(L"Codification : [%s] est illisible et n'a pas pu être copié ; il est laissé tel quel.\n", chemin);
+    else if (!copie->IsEmpty())
+        journaliser(L"Codification : [%s] est illisible ; il est gardé sous [%s].\n", chemin, *copie);
+    return copie.has_value();
+}
+
+} // namespace
+
+tableCodification::tableCodification(const wchar_t* fichier)
+{
+    if (fichier) {
+        cheminFichier = fichier;
+        charger();
+        if (!codes.empty())
+            return;
+    }
+    cheminFichier = cheminSupport(L"defcodif");
+    charger();
+    if (!codes.empty())
+        return;
+    initDefauts();
+    if (derniere == lecture::faite || garderFichierRefuse(cheminFichier))
+        sauver();
+}
+
+tableCodification::~tableCodification() = default;
+
+int tableCodification::charger()
+{
+    CString chemin = cheminFichier;
+    derniere = lecture::aucune;
+    if (chemin.Trim(blancsSaisie).IsEmpty())
+        return 0;
+    derniere = lireCodes(chemin);
+    return derniere == lecture::faite && !codes.empty() ? 1 : 0;
+}
+
+tableCodification::lecture tableCodification::lireCodes(const CString& chemin)
+{
+    const auto signalerEchec = [&] {
+        acutPrintf(L"\nechec lecture de donnees a partir de [%s] datasize=%d", chemin.GetString(), nombre());
+        codes.clear();
+        return lecture::refusee;
+    };
+    try {
+        const auto octets = lireFichier(chemin);
+        return octets && codesDeXml(*octets, codes) ? lecture::faite : lecture::refusee;
+    } catch (const std::exception&) { // no memory left
+        return signalerEchec();
+    } catch (CException* e) {
+        e->Delete();
+        return signalerEchec();
+    }
+}
+
+int tableCodification::sauver(const wchar_t* fichier) const
+{
+    const wchar_t* const chemin = fichier ? fichier : cheminFichier.GetString();
+    if (!remplacerFichier(chemin, xmlDeCodes(codes)))
+        journaliser(L"Codification : [%s] n'a pas pu être écrit.\n", chemin);
+    return 1;
+}
+
+void tableCodification::initDefauts()
+{
+    codes.assign(2, codifPoint());
+    // Intended: not the label of a new record, "Point Topo"; files in use carry this one.
+    codes[0].libelle = L"Point topo";
+    codes[1].code = 100;
+    codes[1].libelle = L"Station";
+    codes[1].chemin = cheminBiblio(L"velablk3.dwg");
+}
+
+codifPoint& tableCodification::operator[](int index)
+{
+    if (index < 0 || index >= nombre())
+        AfxThrowInvalidArgException();
+    return codes[static_cast<std::size_t>(index)];
+}
+
+const codifPoint& tableCodification::operator[](int index) const
+{
+    return const_cast<tableCodification&>(*this)[index];
+}
+
+int tableCodification::indexCode(int code) const
+{
+    const auto trouve =
+        std::find_if(codes.begin(), codes.end(), [code](const codifPoint& c) { return c.code == code; });
+    return trouve == codes.end() ? -1 : static_cast<int>(trouve - codes.begin());
+}
+
+codifPoint& tableCodification::getCodif(int code)
+{
+    const int index = indexCode(code);
+    return index >= 0 ? (*this)[index] : creerCodif(code, L"Code %d");
+}
+
+CString tableCodification::getLibelle(int code)
+{
+    const int index = indexCode(code);
+    // Intended: another label than that of getCodif; users tell by it how a code came to be.
+    return index >= 0 ? (*this)[index].libelle : creerCodif(code, L"Code N\u00b0 %d").libelle;
+}
+
+codifPoint& tableCodification::creerCodif(int code, const wchar_t* format)
+{
+    codifPoint& cree = codes.emplace_back();
+    cree.libelle.Format(format, code);
+    cree.code = code;
+    return cree;
+}
+
+int tableCodification::supprimer(int index)
+{
+    if (index < 0 || index >= nombre())
+        AfxThrowInvalidArgException();
+    codes.erase(codes.begin() + index);
+    return nombre();
+}
+
+int tableCodification::plusPetitNumeroLibre() const
+{
+    std::vector<bool> pris(10000);
+    for (const codifPoint& c : codes)
+        if (c.code >= 1 && c.code <= 9999)
+            pris[static_cast<std::size_t>(c.code)] = true;
+    const auto libre = std::find(pris.begin() + 1, pris.end(), false);
+    return libre == pris.end() ? 0 : static_cast<int>(libre - pris.begin());
+}
+
+void tableCodification::creerCalquesTable(AcDbDatabase* db)
+{
+    AcDbLayerTable* calques = nullptr;
+    if (!db || db->getLayerTable(calques, AcDb::kForWrite) != Acad::eOk)
+        return;
+    for (codifPoint& code : codes)
+        code.creerCalques(calques);
+    calques->close();
+}

@@ -1,0 +1,146 @@
+#include "codification/xmlCodification.h"
+
+#include "calculs/reelDeTexte.h"
+#include "codification/nombresTexte.h"
+#include "codification/utf8.h"
+
+#include <tinyxml.h>
+
+namespace {
+
+constexpr const char* elementRacine = "codifPoints";
+constexpr const char* elementTable = "TBdata";
+constexpr const char* elementCode = "codifPoint";
+
+CString texteDe(int entier)
+{
+    CString texte;
+    texte.Format(L"%d", entier);
+    return texte;
+}
+
+/// One field of a code: its element, and how it is read and written.
+struct champXml {
+    const char* element;
+    void (*lire)(codifPoint&, const CString&);
+    CString (*ecrire)(const codifPoint&);
+};
+
+template <emplacementCalque E>
+constexpr champXml champCalque(const char* element)
+{
+    return {element, [](codifPoint& c, const CString& v) { c.layers[E] = v; },
+            [](const codifPoint& c) { return c.layers[E]; }};
+}
+
+template <emplacementCalque E>
+constexpr champXml champCouleur(const char* element)
+{
+    return {element, [](codifPoint& c, const CString& v) { c.couleurs[E] = entierDeTexte(v); },
+            [](const codifPoint& c) { return texteDe(c.couleurs[E]); }};
+}
+
+/// In the order of writing, which is not that of the record.
+const champXml champs[] = {
+    {"code", [](codifPoint& c, const CString& v) { c.code = entierDeTexte(v); },
+     [](const codifPoint& c) { return texteDe(c.code); }},
+    {"libelle", [](codifPoint& c, const CString& v) { c.libelle = v; }, [](const codifPoint& c) { return c.libelle; }},
+    {"chemin", [](codifPoint& c, const CString& v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; }},
+    {"tailleBlock", [](codifPoint& c, const CString& v) { c.tailleBlock = reelDeTexte(v.GetString()); },
+     [](const codifPoint& c) {
+         CString texte;
+         texte.Format(L"%lf", c.tailleBlock);
+         return texte;
+     }},
+    {"precisionAltitudes", [](codifPoint& c, const CString& v) { c.precisionAltitudes = entierDeTexte(v); },
+     [](const codifPoint& c) { return texteDe(c.precisionAltitudes); }},
+    champCalque<calqueBlock>("layerBlock"),
+    champCalque<calqueAltitudes>("layerAltitudes"),
+    champCalque<calqueNumero>("layerNumero"),
+    champCalque<calqueObs>("layerObs"),
+    champCalque<calqueCode>("layerCode"),
+    champCouleur<calqueBlock>("coulLayerBlock"),
+    champCouleur<calqueAltitudes>("coulLayerAltitudes"),
+    champCouleur<calqueNumero>("coulLayerNumero"),
+    champCouleur<calqueObs>("coulLayerObs"),
+    champCouleur<calqueCode>("coulLayerCode"),
+};
+
+/// Blanks inside texts count: the library would make one of several. Its setting is one for the whole process.
+class blancsGardes {
+public:
+    blancsGardes() : avant(TiXmlBase::IsWhiteSpaceCondensed()) { TiXmlBase::SetCondenseWhiteSpace(false); }
+    ~blancsGardes() { TiXmlBase::SetCondenseWhiteSpace(avant); }
+    blancsGardes(const blancsGardes&) = delete;
+    blancsGardes& operator=(const blancsGardes&) = delete;
+
+private:
+    bool avant;
+};
+
+/// The library reads nested elements by recursion: a file may not nest them without end.
+bool peuImbrique(const std::string& xml)
+{
+    constexpr int plusProfond = 100;
+    int profondeur = 0;
+    for (std::size_t i = 0; i + 1 < xml.size() && profondeur <= plusProfond; ++i) {
+        const char c = xml[i], suivant = xml[i + 1];
+        if (c == '<' && suivant != '!' && suivant != '?')
+            profondeur += suivant == '/' ? -1 : 1;
+        else if (c == '/' && suivant == '>')
+            --profondeur;
+    }
+    return profondeur <= plusProfond;
+}
+
+codifPoint codeDe(const TiXmlElement& element)
+{
+    codifPoint code;
+    for (const champXml& champ : champs) {
+        const TiXmlElement* const contenant = element.FirstChildElement(champ.element);
+        const TiXmlNode* const premier = contenant ? contenant->FirstChild() : nullptr;
+        const TiXmlText* const texte = premier ? premier->ToText() : nullptr;
+        if (texte && *texte->Value() != '\0')
+            champ.lire(code, deUtf8(texte->Value()));
+    }
+    return code;
+}
+
+} // namespace
+
+std::string xmlDeCodes(std::span<const codifPoint> codes)
+{
+    TiXmlDocument document;
+    TiXmlElement table(elementTable);
+    for (const codifPoint& code : codes) {
+        TiXmlElement element(elementCode);
+        for (const champXml& champ : champs) {
+            TiXmlElement contenant(champ.element);
+            contenant.InsertEndChild(TiXmlText(enUtf8(champ.ecrire(code)).c_str()));
+            element.InsertEndChild(contenant);
+        }
+        table.InsertEndChild(element);
+    }
+    TiXmlElement racine(elementRacine);
+    racine.InsertEndChild(table);
+    document.InsertEndChild(racine);
+    TiXmlPrinter imprimeur;
+    document.Accept(&imprimeur);
+    return imprimeur.Str();
+}
+
+bool codesDeXml(const std::string& octets, std::vector<codifPoint>& codes)
+{
+    if (!peuImbrique(octets))
+        return false;
+    const blancsGardes garde;
+    TiXmlDocument document;
+    document.Parse((estUtf8(octets) ? octets : enUtf8(CString(octets.c_str()))).c_str(), nullptr, TIXML_ENCODING_UTF8);
+    const TiXmlElement* const racine = document.Error() ? nullptr : document.FirstChildElement(elementRacine);
+    const TiXmlElement* const table = racine ? racine->FirstChildElement(elementTable) : nullptr;
+    if (!table)
+        return false;
+    for (const auto* e = table->FirstChildElement(elementCode); e; e = e->NextSiblingElement(elementCode))
+        codes.push_back(codeDe(*e));
+    return true;
+}

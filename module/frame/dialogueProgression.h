@@ -1,0 +1,23 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+class QProgressDialog;
+
+/// Shows how far a run over many items is: range 0 to `dernier`, one step an item. It appears only when the run lasts,
+/// and where there are windows. It lives for the length of the run.
+class dialogueProgression {
+public:
+    dialogueProgression(const wchar_t* titre, int dernier);
+    ~dialogueProgression();
+    dialogueProgression(const dialogueProgression&) = delete;
+    dialogueProgression& operator=(const dialogueProgression&) = delete;
+
+    void avancer();
+
+private:
+    std::unique_ptr<QProgressDialog> dialogue;
+    std::chrono::steady_clock::time_point prochain; // showing each step would cost more than the steps
+    int valeur = 0;
+};

@@ -1,0 +1,3 @@
+#include "points/attribsPoints.h"
+
+const attribsPoints attribsDuModule;

@@ -1,0 +1,277 @@
+#include "codification/tableCodification.h"
+#include "codification/xmlCodification.h"
+
+#include "supportEssai.h"
+
+#include "dbapserv.h"
+#include "dbsymtb.h"
+#include "rx/Console.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const fs::path defcodif = supportEssai::fichier("defcodif");
+
+class TableCodificationTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        for (const auto& e : fs::directory_iterator(supportEssai::dossier()))
+            if (e.path().filename().string().starts_with("defcodif"))
+                fs::remove(e.path());
+    }
+    static std::wstring large(const fs::path& chemin) { return chemin.wstring(); }
+
+    /// Files beside "defcodif", by what follows that name.
+    static std::vector<std::string> aCote()
+    {
+        std::vector<std::string> noms;
+        for (const auto& e : fs::directory_iterator(supportEssai::dossier()))
+            if (const std::string nom = e.path().filename().string(); nom.starts_with("defcodif") && nom != "defcodif")
+                noms.push_back(nom.substr(8));
+        std::sort(noms.begin(), noms.end());
+        return noms;
+    }
+};
+
+constexpr const char* unCode = "<codifPoints>\n    <TBdata>\n        <codifPoint>\n"
+                               "            <code>7</code>\n"
+                               "            <libelle>Arbre  &lt;\xC3\xA9t\xC3\xA9&gt;</libelle>\n"
+                               "            <chemin>C:\\a.dwg</chemin>\n"
+                               "            <tailleBlock>0.333333</tailleBlock>\n"
+                               "            <precisionAltitudes>3</precisionAltitudes>\n"
+                               "            <layerBlock>A</layerBlock>\n"
+                               "            <layerAltitudes>B</layerAltitudes>\n"
+                               "            <layerNumero>C</layerNumero>\n"
+                               "            <layerObs>D</layerObs>\n"
+                               "            <layerCode>E</layerCode>\n"
+                               "            <coulLayerBlock>1</coulLayerBlock>\n"
+                               "            <coulLayerAltitudes>2</coulLayerAltitudes>\n"
+                               "            <coulLayerNumero>3</coulLayerNumero>\n"
+                               "            <coulLayerObs>4</coulLayerObs>\n"
+                               "            <coulLayerCode>300</coulLayerCode>\n"
+                               "        </codifPoint>\n    </TBdata>\n</codifPoints>\n";
+
+codifPoint codeDeLExemple()
+{
+    codifPoint code;
+    code.code = 7;
+    code.libelle = L"Arbre  <été>";
+    code.chemin = L"C:\\a.dwg";
+    code.tailleBlock = 1.0 / 3.0;
+    code.precisionAltitudes = 3;
+    code.layers = {L"A", L"B", L"C", L"D", L"E"};
+    code.couleurs = {1, 2, 3, 4, 300};
+    return code;
+}
+
+TEST_F(TableCodificationTest, writesItsXml)
+{
+    const std::vector<codifPoint> codes{codeDeLExemple()};
+    EXPECT_EQ(xmlDeCodes(codes), unCode);
+    std::vector<codifPoint> lus;
+    ASSERT_TRUE(codesDeXml(unCode, lus));
+    ASSERT_EQ(lus.size(), 1U);
+    EXPECT_EQ(xmlDeCodes(lus), unCode) << "blanks within texts and values out of range come back as they were";
+    EXPECT_EQ(lus[0].tailleBlock, 0.333333);
+}
+
+TEST_F(TableCodificationTest, readsOneField)
+{
+    struct Row {
+        const char* name;
+        const char* champ;
+        int code;
+        const wchar_t* libelle;
+        double taille;
+        int precision;
+    };
+    const Row rows[] = {
+        {"nothing: the defaults", "", 1, L"Point Topo", 1.0, 2},
+        {"code 0 is not held", "<code>0</code>", 0, L"Point Topo", 1.0, 2},
+        {"code below zero", "<code> -12x</code>", -12, L"Point Topo", 1.0, 2},
+        {"code of no number", "<code>abc</code>", 0, L"Point Topo", 1.0, 2},
+        {"empty number", "<code></code><tailleBlock/>", 1, L"Point Topo", 1.0, 2},
+        {"empty text", "<libelle></libelle>", 1, L"Point Topo", 1.0, 2},
+        {"size below zero is not held", "<tailleBlock>-2.5</tailleBlock>", 1, L"Point Topo", -2.5, 2},
+        {"size of no number", "<tailleBlock>x</tailleBlock>", 1, L"Point Topo", 0.0, 2},
+        {"decimals are not held", "<precisionAltitudes>99</precisionAltitudes>", 1, L"Point Topo", 1.0, 99},
+        {"the first of two", "<code>3</code><code>4</code>", 3, L"Point Topo", 1.0, 2},
+        {"any order, foreign elements", "<x/><libelle>L</libelle><code>3</code>", 3, L"L", 1.0, 2},
+        {"an entity", "<libelle>R&amp;D &#x41;</libelle>", 1, L"R&D A", 1.0, 2},
+    };
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.name);
+        std::vector<codifPoint> lus;
+        const std::string xml = std::string("<codifPoints><TBdata><autre><code>9</code></autre><codifPoint>") +
+                                r.champ + "</codifPoint></TBdata></codifPoints>";
+        ASSERT_TRUE(codesDeXml(xml, lus));
+        ASSERT_EQ(lus.size(), 1U);
+        EXPECT_EQ(lus[0].code, r.code);
+        EXPECT_TRUE(lus[0].libelle == r.libelle) << CStringA(lus[0].libelle).GetString();
+        EXPECT_EQ(lus[0].tailleBlock, r.taille);
+        EXPECT_EQ(lus[0].precisionAltitudes, r.precision);
+    }
+}
+
+TEST_F(TableCodificationTest, takesOlderBytesForWindows1252)
+{
+    std::vector<codifPoint> lus;
+    ASSERT_TRUE(codesDeXml("<codifPoints><TBdata><codifPoint><libelle>\xC9t\xE9</libelle></codifPoint></TBdata>"
+                           "</codifPoints>",
+                           lus));
+    EXPECT_TRUE(lus.at(0).libelle == L"Été");
+}
+
+TEST_F(TableCodificationTest, refusesWhatIsNoTable)
+{
+    std::string profond = "<codifPoints><TBdata>";
+    for (int i = 0; i < 200000; ++i)
+        profond += "<a>";
+    const struct {
+        const char* name;
+        std::string xml;
+    } rows[] = {
+        {"empty", ""},
+        {"text", "Code {\nCODE: 1\n}"},
+        {"another root", "<autre><TBdata/></autre>"},
+        {"no table", "<codifPoints><codifPoint/></codifPoints>"},
+        {"cut within an element", std::string(unCode).substr(0, 300)},
+        {"nested without end", profond},
+    };
+    for (const auto& r : rows) {
+        SCOPED_TRACE(r.name);
+        std::vector<codifPoint> lus(3);
+        EXPECT_FALSE(codesDeXml(r.xml, lus));
+        EXPECT_EQ(lus.size(), 3U);
+    }
+    std::vector<codifPoint> lus;
+    EXPECT_TRUE(codesDeXml("<codifPoints><TBdata/></codifPoints>", lus)) << "a table without codes is one";
+}
+
+TEST_F(TableCodificationTest, makesTheDefaultsOnAFreshInstallation)
+{
+    const tableCodification table;
+    ASSERT_EQ(table.nombre(), 2);
+    EXPECT_EQ(table[0].code, 1);
+    EXPECT_TRUE(table[0].libelle == L"Point topo") << "not the label of a new record";
+    EXPECT_EQ(table[1].code, 100);
+    EXPECT_TRUE(table[1].libelle == L"Station");
+    EXPECT_TRUE(table[1].chemin == cheminBiblio(L"velablk3.dwg"));
+    EXPECT_TRUE(codifPoint().libelle == L"Point Topo");
+
+    std::vector<codifPoint> ecrits;
+    ASSERT_TRUE(codesDeXml(contenuDe(defcodif), ecrits));
+    ASSERT_EQ(ecrits.size(), 2U);
+    EXPECT_EQ(ecrits[1].code, 100);
+    EXPECT_TRUE(aCote().empty()) << "nothing was there to keep";
+}
+
+TEST_F(TableCodificationTest, keepsADamagedFileBesideTheNewOne)
+{
+    const std::string casse = std::string(unCode).substr(0, 300);
+    ecrireDans(defcodif, casse);
+    EXPECT_EQ(tableCodification().nombre(), 2);
+    EXPECT_EQ(contenuDe(supportEssai::fichier("defcodif.abime")), casse);
+
+    ecrireDans(defcodif, "autre");
+    EXPECT_EQ(tableCodification().nombre(), 2);
+    EXPECT_EQ(aCote(), (std::vector<std::string>{".abime", ".abime-2"}));
+    EXPECT_EQ(contenuDe(supportEssai::fichier("defcodif.abime-2")), "autre");
+    EXPECT_EQ(tableCodification().nombre(), 2);
+    EXPECT_EQ(aCote().size(), 2U) << "the new file is sound";
+
+    ecrireDans(defcodif, "<codifPoints><TBdata/></codifPoints>");
+    EXPECT_EQ(tableCodification().nombre(), 2);
+    EXPECT_EQ(aCote().size(), 2U) << "a table whose codes were all removed holds nothing to keep";
+}
+
+TEST_F(TableCodificationTest, leavesAFileItCannotCopy)
+{
+    fs::create_directory(defcodif); // neither read nor copied as a file
+    EXPECT_EQ(tableCodification().nombre(), 2);
+    EXPECT_TRUE(fs::is_directory(defcodif));
+    EXPECT_TRUE(aCote().empty());
+}
+
+TEST_F(TableCodificationTest, triesTheGivenFileFirst)
+{
+    const fs::path autre = supportEssai::fichier("defcodif-chantier");
+    ecrireDans(autre, unCode);
+    const tableCodification table(large(autre).c_str());
+    ASSERT_EQ(table.nombre(), 1);
+    EXPECT_EQ(table[0].code, 7);
+    EXPECT_FALSE(fs::exists(defcodif));
+
+    const tableCodification sans(large(supportEssai::fichier("defcodif-absent")).c_str());
+    EXPECT_EQ(sans.nombre(), 2);
+    EXPECT_TRUE(fs::exists(defcodif)) << "defaults go to this file, never to the one that was asked for";
+    EXPECT_FALSE(fs::exists(supportEssai::fichier("defcodif-absent")));
+    EXPECT_TRUE(sans.getFichier().Right(8) == L"defcodif");
+}
+
+TEST_F(TableCodificationTest, findsOrCreatesCodes)
+{
+    tableCodification table;
+    table.ajouter(codeDeLExemple());
+    codifPoint homonyme = codeDeLExemple();
+    homonyme.libelle = L"second";
+    table.ajouter(homonyme);
+    EXPECT_EQ(table.indexCode(7), 2) << "the first of two";
+    EXPECT_TRUE(table.getCodif(7).libelle == L"Arbre  <été>");
+    EXPECT_TRUE(table.getCodif(8).libelle == L"Code 8");
+    EXPECT_TRUE(table.getLibelle(9) == L"Code N° 9") << "deliberately another text";
+    EXPECT_TRUE(table.getLibelle(8) == L"Code 8");
+    EXPECT_EQ(table.nombre(), 6);
+    EXPECT_EQ(table.plusPetitNumeroLibre(), 2);
+    EXPECT_EQ(table.indexCode(55), -1);
+    EXPECT_EQ(table.supprimer(2), 5);
+    EXPECT_TRUE(table.getCodif(7).libelle == L"second");
+    for (const int index : {-1, 5}) {
+        EXPECT_THROW(table[index], CException*);
+        EXPECT_THROW(table.supprimer(index), CException*);
+    }
+    for (int code = 1; code < 9999; ++code)
+        table.getCodif(code);
+    EXPECT_EQ(table.plusPetitNumeroLibre(), 9999);
+    table.getCodif(9999);
+    EXPECT_EQ(table.plusPetitNumeroLibre(), 0);
+    EXPECT_EQ(tableCodification().nombre(), 2) << "what was created is not saved by itself";
+}
+
+TEST_F(TableCodificationTest, savesWholeFilesOnly)
+{
+    tableCodification table;
+    table.ajouter(codeDeLExemple());
+    EXPECT_EQ(table.sauver(), 1);
+    EXPECT_EQ(tableCodification().nombre(), 3);
+    const std::string avant = contenuDe(defcodif);
+    const fs::path nullePart = supportEssai::fichier("absent/defcodif");
+    EXPECT_EQ(table.sauver(large(nullePart).c_str()), 1) << "always";
+    EXPECT_EQ(contenuDe(defcodif), avant);
+    EXPECT_TRUE(aCote().empty()) << "no temporary file is left";
+    EXPECT_EQ(table.charger(), 1);
+    EXPECT_EQ(table.nombre(), 6) << "loading appends";
+}
+
+TEST_F(TableCodificationTest, makesTheLayersOfAllItsCodes)
+{
+    AcDbDatabase db;
+    tableCodification table;
+    table.ajouter(codeDeLExemple());
+    table.creerCalquesTable(&db);
+    AcDbLayerTable* calques = nullptr;
+    ASSERT_EQ(db.getLayerTable(calques, AcDb::kForRead), Acad::eOk);
+    for (const wchar_t* nom : {L"_ Altitudes Points", L"_ Codes Points", L"A", L"E"})
+        EXPECT_TRUE(calques->has(nom));
+    calques->close();
+    table.creerCalquesTable(nullptr);
+}
+
+} // namespace
