@@ -230,6 +230,7 @@ void AcDbLayerTableRecord::setColor(const AcCmColor& color)
     assertWriteEnabled();
     const auto index = static_cast<Adesk::Int16>(color.colorIndex());
     m_color = m_color < 0 ? static_cast<Adesk::Int16>(-index) : index;
+    m_trueColor = -1;
 }
 
 void AcDbLayerTableRecord::setIsOff(bool off)

@@ -8,6 +8,7 @@
 #include "gi/SceneView.h"
 
 class GraphicsSink;
+class SceneContents;
 
 /// What of a drawing is seen: the entities of model space, or of another block, in drawing order.
 ///
@@ -49,8 +50,9 @@ public:
     /// Calls `take` for each entity whose box touches `box`, the one drawn last first. `take` gives false to stop.
     void visit(const Box2d& box, const std::function<bool(AcDbObjectId entity, const Box2d& itsBox)>& take);
 
+    /// What it holds, for searches of their own.
+    SceneContents& contents() { return *m_contents; }
+
 private:
-    friend class ObjectSnapSearch;
-    class Contents;
-    std::unique_ptr<Contents> m_contents;
+    std::unique_ptr<SceneContents> m_contents;
 };

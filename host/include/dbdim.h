@@ -11,6 +11,8 @@ public:
 
     /// The block that shows the dimension; null when the drawing has none.
     AcDbObjectId dimBlockId() const { return AcDbObjectId(m_block); }
+    /// Where the origin of that block stands: its entities are in world coordinates until the dimension is moved.
+    AcGePoint3d dimBlockPosition() const;
     AcGePoint3d textPosition() const;
     /// Text in place of the measurement; "" or "<>" for the measurement itself. Valid while open.
     const ACHAR* dimensionText() const { return m_text.c_str(); }

@@ -38,6 +38,13 @@ public:
     Acad::ErrorStatus getLoopAt(int index, Adesk::Int32& loopType, AcGePoint2dArray& vertices,
                                 AcGeDoubleArray& bulges) const;
 
+    /// The families of parallel lines that the pattern is made of, as they lie in the hatch: scaled and turned already.
+    int numPatternDefinitions() const;
+    /// One family: its direction (radians), a point of its first line, the way from one line to the next, and dashes as
+    /// in linetypes; none of them for a whole line. Coordinates are those of the hatch's plane.
+    Acad::ErrorStatus getPatternDefinitionAt(int index, double& angle, double& baseX, double& baseY, double& offsetX,
+                                             double& offsetY, AcGeDoubleArray& dashes) const;
+
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eInvalidInput when it would not keep its shape.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;

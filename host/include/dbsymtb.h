@@ -116,6 +116,8 @@ public:
     AcRxObject* clone() const override { return new AcDbLayerTableRecord(*this); }
     AcCmColor color() const;
     void setColor(const AcCmColor& color);
+    /// True colour 0xRRGGBB, or -1; setColor takes it away.
+    Adesk::Int32 trueColor() const { return m_trueColor; }
     bool isOff() const { return m_color < 0; }
     void setIsOff(bool off);
     bool isFrozen() const { return (m_flags & 1) != 0; }
@@ -135,6 +137,7 @@ protected:
 private:
     friend struct DxfFieldsOfSymbolTables;
     AcDbStub* m_linetype = nullptr;
+    Adesk::Int32 m_trueColor = -1;
     Adesk::Int16 m_color = 7; // negative when the layer is off
     Adesk::Int16 m_lineWeight = -3;
     bool m_plottable = true;

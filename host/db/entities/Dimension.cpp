@@ -23,6 +23,12 @@ AcGePoint3d AcDbDimension::textPosition() const
     return ocsToWorld(m_textPosition, m_normal);
 }
 
+AcGePoint3d AcDbDimension::dimBlockPosition() const
+{
+    assertReadEnabled();
+    return ocsToWorld(m_insertion, m_normal);
+}
+
 Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text)
 {
     assertWriteEnabled();
@@ -36,8 +42,7 @@ Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const
     assertReadEnabled();
     AcDbExtents box;
     if (m_block)
-        BlockExtents().add(AcDbBlockReference(ocsToWorld(m_insertion, m_normal), AcDbObjectId(m_block)),
-                           AcGeMatrix3d::kIdentity, box);
+        BlockExtents().add(AcDbBlockReference(dimBlockPosition(), AcDbObjectId(m_block)), AcGeMatrix3d::kIdentity, box);
     if (box.isEmpty())
         return Acad::eInvalidExtents;
     extents = box;
@@ -62,5 +67,5 @@ Acad::ErrorStatus AcDbDimension::transformBy(const AcGeMatrix3d& matrix)
 Acad::ErrorStatus AcDbDimension::explode(AcDbVoidPtrArray& entities) const
 {
     assertReadEnabled();
-    return AcDbBlockReference(ocsToWorld(m_insertion, m_normal), AcDbObjectId(m_block)).explode(entities);
+    return AcDbBlockReference(dimBlockPosition(), AcDbObjectId(m_block)).explode(entities);
 }

@@ -3,6 +3,7 @@
 #include "db/entities/HatchEdges.h"
 #include "db/entities/OcsTransform.h"
 
+#include <algorithm>
 #include <cmath>
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbHatch, AcDbEntity, HATCH)
@@ -158,6 +159,38 @@ Acad::ErrorStatus AcDbHatch::getLoopAt(int index, Adesk::Int32& loopType, AcGePo
         vertices.append(AcGePoint2d(vertex.point.x, vertex.point.y));
         bulges.append(vertex.bulge);
     }
+    return Acad::eOk;
+}
+
+// Families stand behind the outlines, each from its group 53 on; seed points follow them.
+int AcDbHatch::numPatternDefinitions() const
+{
+    assertReadEnabled();
+    const std::size_t start = find(m_tags, 75), end = find(m_tags, 98, start);
+    int families = 0;
+    for (std::size_t at = start; at < end; ++at)
+        families += m_tags[at].code == 53;
+    return families;
+}
+
+Acad::ErrorStatus AcDbHatch::getPatternDefinitionAt(int index, double& angle, double& baseX, double& baseY,
+                                                    double& offsetX, double& offsetY, AcGeDoubleArray& dashes) const
+{
+    if (index < 0 || index >= numPatternDefinitions())
+        return Acad::eInvalidIndex;
+    std::size_t at = find(m_tags, 53, find(m_tags, 75));
+    for (; index > 0; --index)
+        at = find(m_tags, 53, at + 1);
+    const std::size_t end = std::min(find(m_tags, 53, at + 1), find(m_tags, 98, at));
+    angle = m_tags[at].number * degree;
+    baseX = hatchNumber(m_tags, at, end, 43);
+    baseY = hatchNumber(m_tags, at, end, 44);
+    offsetX = hatchNumber(m_tags, at, end, 45);
+    offsetY = hatchNumber(m_tags, at, end, 46);
+    dashes.removeAll();
+    for (; at < end; ++at)
+        if (m_tags[at].code == 49)
+            dashes.append(m_tags[at].number);
     return Acad::eOk;
 }
 

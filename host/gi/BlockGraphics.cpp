@@ -1,0 +1,63 @@
+#include "gi/BlockGraphics.h"
+
+#include "db/DatabaseImpl.h"
+#include "gi/EntityGraphics.h"
+
+namespace {
+constexpr int deepest = 100; // blocks within blocks; more would be no drawing, and much of the stack
+}
+
+const BlockGraphics::Block& BlockGraphics::of(AcDbStub* block)
+{
+    static const Block nothing;
+    if (m_depth >= deepest)
+        return nothing;
+    const auto [found, isNew] = m_blocks.try_emplace(block);
+    if (!isNew)
+        return *found->second;
+    Block& made = *(found->second = std::make_unique<Block>()); // `found` is void once others are added
+    if (!block)
+        return made;
+    const std::vector<AcDbStub*> entities = AcDbDatabaseImpl::of(block).blocks().of(block).entities;
+    for (AcDbStub* stub : entities) {
+        const AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(stub)};
+        if (entity.object())
+            addEntity(*entity.object(), Standing::withinBlock, made.list);
+    }
+    ++m_depth;
+    made.box = boxOf(made.list, true);
+    --m_depth;
+    return made;
+}
+
+AcDbExtents BlockGraphics::boxOf(const DisplayList& list, bool withHidden)
+{
+    AcDbExtents box;
+    for (const DisplayPart& part : list.parts()) {
+        if (part.isHidden && !withHidden)
+            continue;
+        if (!part.box.isEmpty())
+            box.addExt(part.box);
+        for (std::uint32_t i = part.first; list.showsBlocks() && i < part.last; ++i)
+            if (const auto* use = std::get_if<std::unique_ptr<BlockUse>>(&list.primitive(i)))
+                if (const AcDbExtents shown = boxOf(**use); !shown.isEmpty())
+                    box.addExt(shown);
+    }
+    return box;
+}
+
+AcDbExtents BlockGraphics::boxOf(const BlockUse& use)
+{
+    AcDbExtents cell = of(use.block).box;
+    if (cell.isEmpty())
+        return cell;
+    cell.transformBy(use.toOwner);
+    AcDbExtents box;
+    for (const int row : {0, use.rows - 1})
+        for (const int column : {0, use.columns - 1}) {
+            const AcGeVector3d step = use.rowStep * row + use.columnStep * column;
+            box.addPoint(cell.minPoint() + step);
+            box.addPoint(cell.maxPoint() + step);
+        }
+    return box;
+}

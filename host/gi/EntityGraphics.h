@@ -1,0 +1,45 @@
+#pragma once
+
+#include "dbents.h"
+#include "gi/DisplayList.h"
+
+/// Turns entities into primitives. An entity must be open for read, or be in no drawing; what it owns is opened here.
+
+/// Where an entity stands: definitions of attributes show their tag in the open, and within a shown block only when
+/// they are the same for all references, as the text they are.
+enum class Standing { open, withinBlock };
+
+/// Appends one part for the entity, and one for each attribute of a reference. Nothing for an invisible entity or one
+/// of a class that shows nothing.
+void addEntity(const AcDbEntity& entity, Standing standing, DisplayList& list);
+
+// The kinds, by their files. Each adds to the part that was begun.
+
+// CurveGraphics.cpp
+void addLine(const AcDbLine& line, DisplayList& list);
+void addCircular(const AcDbCircularCurve& curve, DisplayList& list);
+void addEllipse(const class AcDbEllipse& ellipse, DisplayList& list);
+void addSpline(const class AcDbSpline& spline, DisplayList& list);
+// PolylineGraphics.cpp
+void addPolyline(const AcDbPolyline& polyline, DisplayList& list);
+void add2dPolyline(const AcDb2dPolyline& polyline, DisplayList& list);
+void add3dPolyline(const AcDb3dPolyline& polyline, DisplayList& list);
+// TextGraphics.cpp
+void addText(const AcDbText& text, std::wstring_view shown, DisplayList& list);
+void addMText(const class AcDbMText& text, DisplayList& list);
+// FaceGraphics.cpp
+void addFace(const AcDbFace& face, DisplayList& list);
+void addQuad(const AcDbFilledQuad& quad, DisplayList& list);
+void addMesh(const AcDbVertexMesh& mesh, DisplayList& list);
+// HatchGraphics.cpp
+void addHatch(const class AcDbHatch& hatch, DisplayList& list);
+
+/// A plane path of vertices with bulges, shown through `toOwner`.
+struct BulgedVertex {
+    AcGePoint3d point;
+    double bulge = 0.0;
+};
+Path bulgedPath(const std::vector<BulgedVertex>& vertices, bool closed, const AcGeMatrix3d& toOwner);
+/// Coordinates along the arbitrary axes of a normal to the world; the identity for the world's own plane and for a
+/// normal without length.
+AcGeMatrix3d planeOf(const AcGeVector3d& normal);

@@ -1,0 +1,254 @@
+#include "gi/SceneWalk.h"
+
+#include "gi/AciPalette.h"
+
+namespace {
+
+constexpr std::size_t deepest = 32;
+constexpr long mostWithinBlocks = 4000000;
+constexpr double mostCells = 250000; // of rows and columns, in one view
+constexpr int byBlock = 0, byLayer = 256, contrasting = 7;
+constexpr int weightByLayer = -1, weightByBlock = -2;
+
+void setColor(Appearance& look, int index, std::int32_t trueColor)
+{
+    look.contrasting = trueColor < 0 && index == contrasting;
+    look.rgb = trueColor >= 0 ? static_cast<std::uint32_t>(trueColor) & 0xFFFFFF : aciColor(index);
+}
+
+/// Which of the cells along one direction a view may show, and how many steps apart they are taken.
+struct CellRange {
+    int first = 0, last = 0, stride = 1;
+    double count() const { return first > last ? 0.0 : std::floor((last - first) / stride) + 1.0; }
+};
+
+/// Where along two directions the corners of a box lie, in steps; false when the directions are one.
+bool stepsTo(const Box2d& box, const AcGePoint3d& from, const AcGeVector3d& u, const AcGeVector3d& v, Box2d& steps)
+{
+    const double det = u.x * v.y - u.y * v.x;
+    if (!(std::fabs(det) > 1e-12 * u.length() * v.length()) || !std::isfinite(det))
+        return false;
+    for (const double x : {box.minX, box.maxX})
+        for (const double y : {box.minY, box.maxY})
+            steps.add(((x - from.x) * v.y - (y - from.y) * v.x) / det, ((y - from.y) * u.x - (x - from.x) * u.y) / det);
+    return !steps.isEmpty();
+}
+
+CellRange rangeOf(int count, double low, double high)
+{
+    const double last = count - 1.0;
+    return {static_cast<int>(std::clamp(std::floor(low), 0.0, last + 1.0)),
+            static_cast<int>(std::clamp(std::ceil(high), -1.0, last)), 1};
+}
+
+} // namespace
+
+Box2d boxIn(const AcDbExtents& box, const Placement& place)
+{
+    Box2d seen;
+    if (box.isEmpty())
+        return seen;
+    const AcGePoint3d low = box.minPoint(), high = box.maxPoint();
+    if (place.isWorld())
+        return {low.x, low.y, high.x, high.y};
+    for (const double x : {low.x, high.x})
+        for (const double y : {low.y, high.y})
+            for (const double z : {low.z, high.z})
+                seen.add(place(AcGePoint3d(x, y, z)));
+    return seen;
+}
+
+SceneWalk::SceneWalk(SceneTables& tables, BlockGraphics& blocks, const SceneView& view) :
+    m_tables(tables),
+    m_blocks(blocks),
+    m_view(view),
+    m_viewBox(view.box()),
+    m_left(mostWithinBlocks)
+{
+}
+
+void SceneWalk::walk(const DisplayList& list)
+{
+    walkParts(list, Placement(), nullptr);
+}
+
+void SceneWalk::shrink(const EntityLook& look, const AcGePoint3d& at)
+{
+    const Resolved resolved = resolve(look, nullptr);
+    if (resolved.shows)
+        shrunk(at, resolved.pen);
+}
+
+Appearance SceneWalk::lookOf(const Label& label, const Pen& pen) const
+{
+    Appearance look = pen.look;
+    if (label.trueColor >= 0 || (label.color > byBlock && label.color < byLayer))
+        setColor(look, label.color, label.trueColor);
+    return look;
+}
+
+SceneWalk::Resolved SceneWalk::resolve(const EntityLook& look, const Reference* within)
+{
+    const LayerState* layer = &m_tables.layer(look.layer);
+    const bool ofReference = within && layer->isZero;
+    if (ofReference)
+        layer = within->layer;
+    Resolved resolved{layer, {}, layer->frozen, !layer->frozen && !layer->off};
+    Pen& pen = resolved.pen;
+
+    if (look.color == byBlock && look.trueColor < 0 && within)
+        pen.look = within->pen.look;
+    else if (look.color == byLayer && look.trueColor < 0)
+        setColor(pen.look, layer->color, layer->trueColor);
+    else
+        setColor(pen.look, look.color == byBlock ? contrasting : look.color, look.trueColor);
+
+    pen.look.lineWeight = look.lineWeight == weightByLayer   ? layer->lineWeight
+                          : look.lineWeight != weightByBlock ? look.lineWeight
+                          : within                           ? within->pen.look.lineWeight
+                                                             : -3;
+    pen.dashes = m_tables.isByLayer(look.linetype)             ? m_tables.linetype(layer->linetype)
+                 : m_tables.isByBlock(look.linetype) && within ? within->pen.dashes
+                                                               : m_tables.linetype(look.linetype);
+    pen.dashScale = m_tables.settings().linetypeScale * look.linetypeScale;
+    return resolved;
+}
+
+bool SceneWalk::isSpent() const
+{
+    return m_left < -mostWithinBlocks;
+}
+
+bool SceneWalk::isSmall(const Box2d& box) const
+{
+    return m_view.simplified && box.width() < m_view.pixel && box.height() < m_view.pixel;
+}
+
+void SceneWalk::walkParts(const DisplayList& list, const Placement& place, const Reference* within)
+{
+    const int attributeMode = m_tables.settings().attributeMode;
+    const std::vector<DisplayPart>& parts = list.parts();
+    for (std::size_t i = 0; i < parts.size() && !stopped();) {
+        const DisplayPart& part = parts[i];
+        const Resolved resolved = resolve(part.look, within);
+        const bool entered = !resolved.frozen && (!part.isHidden || attributeMode == 2) && enter(part.entity, place);
+        if (entered)
+            showPart(list, part, place, resolved);
+        for (++i; i < parts.size() && parts[i].isAttribute; ++i) {
+            const DisplayPart& attribute = parts[i];
+            if (!entered || attributeMode == 0 || (attribute.isHidden && attributeMode != 2))
+                continue;
+            const Resolved own = resolve(attribute.look, within);
+            if (!own.shows || !enter(attribute.entity, place))
+                continue;
+            showPart(list, attribute, place, own);
+            leave();
+        }
+        if (entered)
+            leave();
+        if (within && --m_left < 0)
+            return;
+    }
+}
+
+void SceneWalk::showPart(const DisplayList& list, const DisplayPart& part, const Placement& place,
+                         const Resolved& resolved)
+{
+    const Box2d box = boxIn(part.box, place);
+    const bool ownInView = box.touches(m_viewBox);
+    for (std::uint32_t i = part.first; i < part.last; ++i) {
+        const Primitive& primitive = list.primitive(i);
+        const bool isBlock = std::holds_alternative<std::unique_ptr<BlockUse>>(primitive);
+        if (isBlock || (resolved.shows && (ownInView || std::holds_alternative<PointMark>(primitive) ||
+                                           std::holds_alternative<Anchor>(primitive))))
+            showPrimitive(primitive, place, resolved);
+    }
+}
+
+void SceneWalk::showPrimitive(const Primitive& primitive, const Placement& place, const Resolved& resolved)
+{
+    struct Show {
+        SceneWalk& walk;
+        const Placement& place;
+        const Resolved& resolved;
+
+        void operator()(const Path& path) const { walk.show(path, place, resolved.pen); }
+        void operator()(const Area& area) const { walk.show(area, place, resolved.pen); }
+        void operator()(const PointMark& mark) const { walk.show(mark, place, resolved.pen); }
+        void operator()(const Label& label) const { walk.show(label, place, resolved.pen); }
+        void operator()(const Anchor& anchor) const { walk.show(anchor, place); }
+        void operator()(const std::unique_ptr<WidePath>& path) const { walk.show(*path, place, resolved.pen); }
+        void operator()(const std::unique_ptr<Pattern>& pattern) const { walk.show(*pattern, place, resolved.pen); }
+        void operator()(const std::unique_ptr<BlockUse>& use) const { walk.showBlocks(*use, place, resolved); }
+    };
+    std::visit(Show{*this, place, resolved}, primitive);
+}
+
+void SceneWalk::showBlocks(const BlockUse& use, const Placement& place, const Resolved& resolved)
+{
+    const BlockGraphics::Block& block = m_blocks.of(use.block);
+    if (block.box.isEmpty() || m_entered.size() >= deepest || std::ranges::find(m_entered, &block) != m_entered.end())
+        return;
+    const Placement first = place.then(use.toOwner);
+    const Box2d cell = boxIn(block.box, first);
+    if (cell.isEmpty())
+        return;
+    if (use.rows == 1 && use.columns == 1) {
+        if (cell.touches(m_viewBox))
+            showCell(block, first, resolved);
+        return;
+    }
+
+    const AcGeVector3d rowStep = place(use.rowStep), columnStep = place(use.columnStep);
+    CellRange rows = rangeOf(use.rows, 0.0, use.rows), columns = rangeOf(use.columns, 0.0, use.columns);
+    Box2d steps; // x: columns, y: rows
+    const Box2d reach{m_viewBox.minX - cell.width(), m_viewBox.minY - cell.height(), m_viewBox.maxX + cell.width(),
+                      m_viewBox.maxY + cell.height()};
+    const AcGePoint3d corner(cell.minX, cell.minY, 0.0);
+    if (stepsTo(reach, corner, columnStep, rowStep, steps)) {
+        columns = rangeOf(use.columns, steps.minX, steps.maxX);
+        rows = rangeOf(use.rows, steps.minY, steps.maxY);
+    }
+    // What is smaller than a pixel need not be shown more than once a pixel; and never more than a view can bear.
+    const auto thin = [&](CellRange& range, const AcGeVector3d& step) {
+        const double pitch = std::hypot(step.x, step.y);
+        if (m_view.simplified && isSmall(cell) && pitch < m_view.pixel)
+            range.stride = pitch * 1e9 > m_view.pixel ? static_cast<int>(std::ceil(m_view.pixel / pitch)) : 1000000000;
+    };
+    thin(rows, rowStep);
+    thin(columns, columnStep);
+    while (rows.count() * columns.count() > mostCells) {
+        CellRange& longer = rows.count() > columns.count() ? rows : columns;
+        longer.stride *= 2;
+    }
+    for (int row = rows.first; row <= rows.last && !isSpent() && !stopped(); row += rows.stride)
+        for (int column = columns.first; column <= columns.last && !isSpent(); column += columns.stride) {
+            const AcGeVector3d step = use.rowStep * row + use.columnStep * column;
+            const Placement placed = place.then(AcGeMatrix3d::translation(step) * use.toOwner);
+            if (boxIn(block.box, placed).touches(m_viewBox))
+                showCell(block, placed, resolved);
+        }
+}
+
+void SceneWalk::showCell(const BlockGraphics::Block& block, const Placement& place, const Resolved& resolved)
+{
+    const Box2d box = boxIn(block.box, place);
+    if (isSmall(box)) {
+        const AcGePoint2d center = box.center();
+        return shrunk(AcGePoint3d(center.x, center.y, 0.0), resolved.pen);
+    }
+    if (m_left < 0) {
+        if (isSpent())
+            return;
+        --m_left;
+        Path outline;
+        outline.points = {AcGePoint3d(box.minX, box.minY, 0.0), AcGePoint3d(box.maxX, box.minY, 0.0),
+                          AcGePoint3d(box.maxX, box.maxY, 0.0), AcGePoint3d(box.minX, box.maxY, 0.0),
+                          AcGePoint3d(box.minX, box.minY, 0.0)};
+        return show(outline, Placement(), resolved.pen);
+    }
+    const Reference reference{resolved.layer, resolved.pen};
+    m_entered.push_back(&block);
+    walkParts(block.list, place, &reference);
+    m_entered.pop_back();
+}
