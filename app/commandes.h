@@ -10,4 +10,5 @@ class App;
 void ajouterCommandePolygonale(CLI::App& programme);
 void ajouterCommandeInfo(CLI::App& programme);
 void ajouterCommandeConvertir(CLI::App& programme);
+void ajouterCommandeApercu(CLI::App& programme);
 void ajouterCommandeExecuter(CLI::App& programme);

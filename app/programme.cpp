@@ -45,6 +45,7 @@ int lancerProgramme(int argc, const char* const* argv)
     ajouterCommandePolygonale(programme);
     ajouterCommandeInfo(programme);
     ajouterCommandeConvertir(programme);
+    ajouterCommandeApercu(programme);
     ajouterCommandeExecuter(programme);
     try {
         if (const int statut = executer(programme, argc, argv); statut != 0)

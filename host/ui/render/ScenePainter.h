@@ -20,10 +20,10 @@ struct PaintStyle {
     double pixelsPerMillimetre = 0; ///< line weights are drawn so; 0: all lines one pixel thin
 };
 
-/// Paints primitives of a view on a painter whose device coordinates are pixels, the view's centre at the centre of
-/// `width` × `height`. Coordinates are reckoned from the view's centre, so that surveys in far coordinates stay sharp.
-/// Primitives of one look are gathered and painted together: `flush`, or the end of the painter's life, paints the
-/// rest.
+/// Paints primitives of a view on a painter whose device coordinates are pixels, the view's box on the rectangle from
+/// (0, 0) to its size in pixels. Coordinates are reckoned from the view's centre, so that surveys in far coordinates
+/// stay sharp. Primitives of one look are gathered and painted together: `flush`, or the end of the painter's life,
+/// paints the rest.
 class ScenePainter : public GraphicsSink {
 public:
     ScenePainter(QPainter& painter, const SceneView& view, const PaintStyle& style);

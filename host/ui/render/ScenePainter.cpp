@@ -1,0 +1,229 @@
+#include "ui/render/ScenePainter.h"
+
+#include <QList>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+
+#include "gi/Scene.h"
+#include "gi/TextMetrics.h"
+#include "ui/render/GlyphShapes.h"
+
+namespace {
+
+constexpr double leastText = 2.5;        // pixels of a capital letter below which a text is a line
+constexpr double usualWeight = 25.0;     // hundredths of a millimetre
+constexpr double leastWidth = 1.0;       // pixels of a line with a weight
+constexpr qsizetype mostGathered = 4096; // lines or dots painted at once
+constexpr double underDrop = -0.2, overRise = 1.2, strikeRise = 0.45, lineThickness = 0.08; // heights of a capital
+
+/// A text is cut off past so many pixels of a capital: a font as large as that shows nothing but a stroke.
+constexpr double mostText = 20000.0;
+
+bool isLight(const QColor& ground)
+{
+    return qGray(ground.rgb()) > 127;
+}
+
+} // namespace
+
+/// The painter with what is gathered for it.
+class ScenePainter::Strokes {
+public:
+    Strokes(QPainter& painter, const SceneView& view, const PaintStyle& style) :
+        m_painter(painter),
+        m_style(style),
+        m_centerX(view.center.x),
+        m_centerY(view.center.y),
+        m_perUnit(1.0 / view.pixel),
+        m_halfWidth(view.width / view.pixel / 2.0),
+        m_halfHeight(view.height / view.pixel / 2.0)
+    {
+        m_painter.save();
+    }
+    ~Strokes()
+    {
+        flush();
+        m_painter.restore();
+    }
+    Strokes(const Strokes&) = delete;
+    Strokes& operator=(const Strokes&) = delete;
+
+    QPointF at(const AcGePoint3d& p) const
+    {
+        return {(p.x - m_centerX) * m_perUnit + m_halfWidth, m_halfHeight - (p.y - m_centerY) * m_perUnit};
+    }
+    QPointF vector(const AcGeVector3d& v) const { return {v.x * m_perUnit, -v.y * m_perUnit}; }
+
+    void take(const Appearance& look)
+    {
+        if (m_hasLook && look == m_look)
+            return;
+        flush();
+        m_look = look;
+        m_hasLook = true;
+        m_color = m_style.only       ? *m_style.only
+                  : look.contrasting ? QColor(isLight(m_style.ground) ? Qt::black : Qt::white)
+                                     : QColor(QRgb(look.rgb));
+        const double weight = (look.lineWeight >= 0 ? look.lineWeight : usualWeight) / 100.0;
+        m_pen =
+            QPen(m_color,
+                 m_style.pixelsPerMillimetre > 0.0 ? std::max(weight * m_style.pixelsPerMillimetre, leastWidth) : 0.0);
+        m_pen.setCapStyle(Qt::RoundCap);
+        m_pen.setJoinStyle(Qt::RoundJoin);
+        if (m_style.dashed)
+            m_pen.setDashPattern({4.0, 3.0});
+    }
+
+    void line(const QPointF& from, const QPointF& to)
+    {
+        m_lines.append(QLineF(from, to));
+        if (m_lines.size() >= mostGathered)
+            flush();
+    }
+    void dot(const QPointF& point)
+    {
+        m_dots.append(point);
+        if (m_dots.size() >= mostGathered)
+            flush();
+    }
+    void polyline(const QPolygonF& points)
+    {
+        usePen();
+        m_painter.drawPolyline(points);
+    }
+    void fill(const QPainterPath& path)
+    {
+        m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
+        m_painter.fillPath(path, m_color);
+    }
+    /// Neighbouring areas leave no seam: their borders are painted as well.
+    void fillWithBorder(const QPainterPath& path)
+    {
+        constexpr double border = 0.6;
+        m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
+        m_painter.setPen(QPen(m_color, border));
+        m_painter.setBrush(m_color);
+        m_painter.drawPath(path);
+        m_painter.setBrush(Qt::NoBrush);
+    }
+
+    void flush()
+    {
+        if (!m_lines.isEmpty()) {
+            usePen();
+            m_painter.drawLines(m_lines);
+            m_lines.clear();
+        }
+        if (!m_dots.isEmpty()) {
+            m_painter.setRenderHint(QPainter::Antialiasing, false);
+            QPen pen = m_pen;
+            pen.setStyle(Qt::SolidLine);
+            m_painter.setPen(pen);
+            m_painter.drawPoints(m_dots.constData(), static_cast<int>(m_dots.size()));
+            m_dots.clear();
+        }
+    }
+
+    const QTransform glyphs(const TextItem& item) const
+    {
+        const QPointF origin = at(item.origin), along = vector(item.along), up = vector(item.up);
+        return QTransform(along.x(), along.y(), up.x(), up.y(), origin.x(), origin.y());
+    }
+    double width() const { return 2.0 * m_halfWidth; }
+    double height() const { return 2.0 * m_halfHeight; }
+
+private:
+    void usePen()
+    {
+        m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
+        m_painter.setPen(m_pen);
+    }
+
+    QPainter& m_painter;
+    PaintStyle m_style;
+    double m_centerX, m_centerY, m_perUnit, m_halfWidth, m_halfHeight;
+    Appearance m_look;
+    bool m_hasLook = false;
+    QColor m_color;
+    QPen m_pen;
+    QList<QLineF> m_lines;
+    QList<QPointF> m_dots;
+};
+
+ScenePainter::ScenePainter(QPainter& painter, const SceneView& view, const PaintStyle& style) :
+    m_strokes(std::make_unique<Strokes>(painter, view, style))
+{
+}
+
+ScenePainter::~ScenePainter() = default;
+
+void ScenePainter::flush()
+{
+    m_strokes->flush();
+}
+
+void ScenePainter::polyline(Points points, const Appearance& look)
+{
+    m_strokes->take(look);
+    if (points.size() == 2)
+        return m_strokes->line(m_strokes->at(points[0]), m_strokes->at(points[1]));
+    QPolygonF polygon;
+    polygon.reserve(static_cast<qsizetype>(points.size()));
+    for (const AcGePoint3d& point : points)
+        polygon.append(m_strokes->at(point));
+    m_strokes->polyline(polygon);
+}
+
+void ScenePainter::polygon(std::span<const std::vector<AcGePoint3d>> rings, const Appearance& look)
+{
+    m_strokes->take(look);
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    for (const std::vector<AcGePoint3d>& ring : rings) {
+        QPolygonF polygon;
+        for (const AcGePoint3d& point : ring)
+            polygon.append(m_strokes->at(point));
+        path.addPolygon(polygon);
+        path.closeSubpath();
+    }
+    m_strokes->fillWithBorder(path);
+}
+
+void ScenePainter::dot(const AcGePoint3d& point, const Appearance& look)
+{
+    m_strokes->take(look);
+    m_strokes->dot(m_strokes->at(point));
+}
+
+void ScenePainter::text(const TextItem& item, const Appearance& look)
+{
+    m_strokes->take(look);
+    const QTransform place = m_strokes->glyphs(item);
+    const double width = textWidth(item.text), tall = std::hypot(place.m21(), place.m22());
+    const QRectF frame = place.mapRect(QRectF(0.0, -0.5, width, 2.0));
+    if (!frame.intersects(QRectF(0.0, 0.0, m_strokes->width(), m_strokes->height())))
+        return;
+    if (tall < leastText || tall > mostText)
+        return m_strokes->line(place.map(QPointF(0.0, 0.5)), place.map(QPointF(width, 0.5)));
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    double pen = 0.0;
+    for (const wchar_t character : item.text) {
+        path.addPath(GlyphShapes::instance().shape(character).translated(pen, 0.0));
+        pen += characterWidth(character);
+    }
+    for (const auto& [shown, rise] : {std::pair(item.underlined, underDrop), std::pair(item.overlined, overRise),
+                                      std::pair(item.struck, strikeRise)})
+        if (shown)
+            path.addRect(0.0, rise, width, lineThickness);
+    m_strokes->fill(place.map(path));
+}
+
+void paintScene(QPainter& painter, Scene& scene, const SceneView& view, const PaintStyle& style)
+{
+    painter.fillRect(QRectF(0.0, 0.0, view.width / view.pixel, view.height / view.pixel), style.ground);
+    ScenePainter sink(painter, view, style);
+    scene.draw(view, sink);
+}
