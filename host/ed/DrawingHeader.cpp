@@ -5,10 +5,12 @@
 #include <numbers>
 
 #include "db/DatabaseImpl.h"
+#include "ed/DrawingChanges.h"
+#include "platform/LetterCase.h"
 
 namespace {
 
-enum class Kind { integer, real, degrees, point, planePoint, layer, textStyle };
+enum class Kind { integer, real, degrees, point, planePoint, layer, textStyle, linetype, color };
 
 /// In the file the name stands after a dollar sign.
 struct HeaderRow {
@@ -19,6 +21,7 @@ struct HeaderRow {
 constexpr std::array kRows{
     HeaderRow{L"ANGBASE", Kind::degrees},   HeaderRow{L"ANGDIR", Kind::integer},
     HeaderRow{L"AUNITS", Kind::integer},    HeaderRow{L"AUPREC", Kind::integer},
+    HeaderRow{L"CECOLOR", Kind::color},     HeaderRow{L"CELTYPE", Kind::linetype},
     HeaderRow{L"CELTSCALE", Kind::real},    HeaderRow{L"CLAYER", Kind::layer},
     HeaderRow{L"ELEVATION", Kind::real},    HeaderRow{L"EXTMAX", Kind::point},
     HeaderRow{L"EXTMIN", Kind::point},      HeaderRow{L"INSBASE", Kind::point},
@@ -39,9 +42,11 @@ constexpr std::array kRows{
 
 constexpr double kDegree = std::numbers::pi / 180.0;
 // Group codes of the values.
+constexpr int kLinetypeCode = 6;
 constexpr int kTextStyleCode = 7;
 constexpr int kRealCode = 40;
 constexpr int kAngleCode = 50;
+constexpr int kColorCode = 62;
 constexpr int kIntegerCode = 70;
 
 const HeaderRow* find(std::wstring_view name)
@@ -58,6 +63,25 @@ std::string nameInFile(std::wstring_view name)
     return text;
 }
 
+constexpr short kByBlock = 0, kByLayer = 256;
+
+std::wstring colorName(std::int64_t index)
+{
+    return index == kByLayer ? L"BYLAYER" : index == kByBlock ? L"BYBLOCK" : std::to_wstring(index);
+}
+
+/// A number from 1 to 255, or where the colour comes from.
+std::optional<short> colorIndex(const std::wstring& name)
+{
+    for (const short special : {kByBlock, kByLayer})
+        if (platform::equalNoCase(name, colorName(special)))
+            return special;
+    if (name.empty() || name.size() > 3 || name.find_first_not_of(L"0123456789") != std::wstring::npos)
+        return std::nullopt;
+    const int index = std::stoi(name);
+    return index >= 1 && index <= 255 ? std::optional(static_cast<short>(index)) : std::nullopt;
+}
+
 /// The name of a symbol as the drawing spells it; empty when it is not there.
 std::wstring spelled(AcDbDatabaseImpl& database, NameKind kind, const std::wstring& name)
 {
@@ -65,10 +89,19 @@ std::wstring spelled(AcDbDatabaseImpl& database, NameKind kind, const std::wstri
     return symbol ? database.recordName(symbol) : L"";
 }
 
+/// 1 is the bit of what the database holds.
+short isUnsaved(const AcDbDatabase& database)
+{
+    AcApDocument* document = acDocManager->document(&database);
+    return document && DrawingChanges::instance().areUnsaved(static_cast<Document&>(*document)) ? 1 : 0;
+}
+
 } // namespace
 
 std::optional<VariableValue> DrawingHeader::value(const AcDbDatabase& database, std::wstring_view name)
 {
+    if (name == L"DBMOD")
+        return isUnsaved(database);
     const HeaderRow* row = find(name);
     HeaderVariables& header = database.impl().header();
     const std::string inFile = nameInFile(name);
@@ -88,7 +121,10 @@ std::optional<VariableValue> DrawingHeader::value(const AcDbDatabase& database, 
         return AcGePoint2d(point.x, point.y);
     case Kind::layer:
     case Kind::textStyle:
+    case Kind::linetype:
         return header.text(inFile);
+    case Kind::color:
+        return colorName(header.integer(inFile, kByLayer));
     }
     return std::nullopt;
 }
@@ -119,6 +155,18 @@ bool DrawingHeader::setValue(AcDbDatabase& database, std::wstring_view name, con
     case Kind::layer:
         return database.setClayer(AcDbObjectId(impl.named(NameKind::layer, std::get<std::wstring>(value)))) ==
                Acad::eOk;
+    case Kind::color: {
+        const auto index = colorIndex(std::get<std::wstring>(value));
+        if (index)
+            header.setInteger(inFile, kColorCode, *index);
+        return index.has_value();
+    }
+    case Kind::linetype: {
+        const std::wstring linetype = spelled(impl, NameKind::linetype, std::get<std::wstring>(value));
+        if (!linetype.empty())
+            header.setText(inFile, kLinetypeCode, linetype);
+        return !linetype.empty();
+    }
     case Kind::textStyle: {
         const std::wstring style = spelled(impl, NameKind::textStyle, std::get<std::wstring>(value));
         if (!style.empty())

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "dbmain.h"
+
+/// The drawing that commands work on: that of the current document.
+
+AcDbDatabase& drawing();
+
+/// The entity joins the current space with the current layer, colour and linetype.
+AcDbObjectId addToDrawing(std::unique_ptr<AcDbEntity> entity);
+/// The same with the properties that it has.
+AcDbObjectId addAsItIs(std::unique_ptr<AcDbEntity> entity, AcDbObjectId block);
+
+/// Opens an entity for write, changes it, closes it.
+template <class Entity>
+Acad::ErrorStatus change(AcDbObjectId id, const std::function<Acad::ErrorStatus(Entity&)>& what)
+{
+    AcDbObjectPointer<Entity> entity(id, AcDb::kForWrite);
+    return entity.openStatus() == Acad::eOk ? what(*entity.object()) : entity.openStatus();
+}
+
+Acad::ErrorStatus eraseObject(AcDbObjectId id);
+
+/// Asks for entities; those on locked layers are told of and left out. Throws CommandCancelled when nothing is chosen.
+std::vector<AcDbObjectId> askEditable();
+/// Asks for entities that are only looked at.
+std::vector<AcDbObjectId> askObjects();
+
+/// Name of a record of a symbol table.
+std::wstring recordName(AcDbObjectId record);

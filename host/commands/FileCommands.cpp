@@ -1,0 +1,143 @@
+#include <filesystem>
+
+#include "ap/DocumentList.h"
+#include "commands/CommandHooks.h"
+#include "commands/Commands.h"
+#include "commands/FileQuestion.h"
+#include "commands/NumberTexts.h"
+#include "commands/Prompt.h"
+#include "commands/Variables.h"
+#include "db/DatabaseImpl.h"
+#include "ed/DrawingChanges.h"
+#include "platform/CodePage.h"
+#include "platform/LetterCase.h"
+#include "platform/Paths.h"
+
+CommandHooks& CommandHooks::instance()
+{
+    static CommandHooks hooks;
+    return hooks;
+}
+
+namespace {
+
+bool isThere(const std::wstring& path)
+{
+    std::error_code error;
+    return std::filesystem::exists(platform::nativePath(path), error);
+}
+
+} // namespace
+
+std::wstring askFile(const CommandHooks::FileQuestion& question)
+{
+    const auto& choose = CommandHooks::instance().chooseFile;
+    std::wstring typed;
+    if (choose && variable<short>(L"FILEDIA") != 0)
+        typed = choose(question).value_or(L"");
+    else
+        typed = Prompt(question.title + (question.proposed.empty() ? L"" : L" <" + question.proposed + L">") + L" : ")
+                    .text();
+    if (typed.size() > 1 && typed.front() == L'"' && typed.back() == L'"')
+        typed = typed.substr(1, typed.size() - 2);
+    if (typed.empty() && !choose)
+        typed = question.proposed;
+    if (typed.empty())
+        throw CommandCancelled();
+    return typed;
+}
+
+namespace {
+
+std::wstring extensionOf(const std::wstring& path)
+{
+    const auto dot = path.find_last_of(L"./\\");
+    return dot == std::wstring::npos || path[dot] != L'.' ? L"" : platform::lowerCase(path.substr(dot + 1));
+}
+
+/// With the extension of drawings when it has none.
+std::wstring asDrawing(const std::wstring& path)
+{
+    const std::wstring extension = extensionOf(path);
+    return extension == L"dxf" || extension == L"dwg" ? path : path + L".dxf";
+}
+
+void tellProblems(const Document& document)
+{
+    constexpr std::size_t most = 5;
+    const auto& problems = document.database()->impl().problems();
+    if (problems.empty())
+        return;
+    say(countText(problems.size(), L"anomalie") + L" dans le fichier :");
+    for (std::size_t i = 0; i < problems.size() && i < most; ++i)
+        say(L"  " + platform::wideFromUtf8(problems[i]));
+    if (problems.size() > most)
+        say(L"  ...");
+}
+
+Document& current()
+{
+    return *DocumentList::instance().current();
+}
+
+void saveTo(const std::wstring& path)
+{
+    if (const auto failure = DocumentList::instance().saveAs(current(), path))
+        say(*failure);
+    else
+        say(L"Dessin enregistré : " + std::wstring(current().fileName()));
+}
+
+std::wstring openable(const std::wstring& typed)
+{
+    if (isThere(typed) || !extensionOf(typed).empty())
+        return typed;
+    return isThere(typed + L".dwg") && !isThere(typed + L".dxf") ? typed + L".dwg" : typed + L".dxf";
+}
+
+} // namespace
+
+void commands::open()
+{
+    const std::wstring path = askFile({L"Entrez le nom du dessin à ouvrir", L"", L"dxf;dwg"});
+    const auto opened = DocumentList::instance().open(openable(path));
+    if (!opened.document)
+        return say(opened.failure);
+    say(L"Dessin ouvert : " + std::wstring(opened.document->fileName()));
+    tellProblems(*opened.document);
+}
+
+void commands::newDrawing()
+{
+    say(L"Dessin neuf : " + std::wstring(DocumentList::instance().create().docTitle()));
+}
+
+void commands::saveAs()
+{
+    CommandHooks::FileQuestion question{L"Enregistrer le dessin sous", current().fileName(), L"dxf", true};
+    const std::wstring path = asDrawing(askFile(question));
+    const bool asked = CommandHooks::instance().chooseFile && variable<short>(L"FILEDIA") != 0;
+    const bool itself = platform::equalNoCase(path, current().fileName());
+    if (!asked && !itself && isThere(path) && !askYes(L"Le fichier « " + path + L" » existe. Le remplacer ?", false))
+        return;
+    saveTo(path);
+}
+
+void commands::quickSave()
+{
+    if (current().isNamedDrawing())
+        return saveTo(current().fileName());
+    saveAs();
+}
+
+void commands::close()
+{
+    if (DrawingChanges::instance().areUnsaved(current()) &&
+        askYes(L"Enregistrer les modifications de « " + std::wstring(current().docTitle()) + L" » ?", true)) {
+        quickSave();
+        if (DrawingChanges::instance().areUnsaved(current())) // it could not be saved
+            return;
+    }
+    if (const auto failure = DocumentList::instance().close(current()))
+        say(*failure);
+}

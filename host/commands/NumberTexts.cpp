@@ -1,0 +1,60 @@
+#include "commands/NumberTexts.h"
+
+#include <array>
+#include <cmath>
+#include <numbers>
+
+#include "acutads.h"
+#include "commands/Variables.h"
+
+namespace {
+
+constexpr double kTurn = 2.0 * std::numbers::pi;
+
+std::wstring decimals(double value, int count)
+{
+    std::array<ACHAR, 512> text{};
+    const double shown = value == 0.0 ? 0.0 : value; // no "-0"
+    return acutRToS(shown, 2, count, text.data(), text.size()) == RTNORM ? std::wstring(text.data()) : L"?";
+}
+
+/// In the unit of the drawing: degrees, grads or radians.
+std::wstring inUnit(double radians)
+{
+    constexpr short grads = 2, plainRadians = 3;
+    const short unit = variable<short>(L"AUNITS");
+    const int places = variable<short>(L"AUPREC");
+    if (unit == plainRadians)
+        return decimals(radians, places) + L"r";
+    return decimals(radians / kTurn * (unit == grads ? 400.0 : 360.0), places) + (unit == grads ? L"g" : L"");
+}
+
+} // namespace
+
+std::wstring lengthText(double length)
+{
+    return decimals(length, variable<short>(L"LUPREC"));
+}
+
+std::wstring directionText(double angle)
+{
+    const bool clockwise = variable<short>(L"ANGDIR") != 0;
+    const double counted = angle - variable<double>(L"ANGBASE");
+    const double turned = std::fmod(clockwise ? -counted : counted, kTurn);
+    return inUnit(turned < 0.0 ? turned + kTurn : turned);
+}
+
+std::wstring angleText(double angle)
+{
+    return inUnit(angle);
+}
+
+std::wstring pointText(const AcGePoint3d& point)
+{
+    return L"X = " + lengthText(point.x) + L"  Y = " + lengthText(point.y) + L"  Z = " + lengthText(point.z);
+}
+
+std::wstring countText(std::size_t count, const wchar_t* noun)
+{
+    return std::to_wstring(count) + L" " + noun + (count > 1 ? L"s" : L"");
+}

@@ -1,0 +1,80 @@
+#include "acdocman.h"
+#include "commands/Commands.h"
+#include "commands/Drawing.h"
+#include "commands/FileQuestion.h"
+#include "commands/NumberTexts.h"
+#include "commands/Prompt.h"
+#include "ed/input/CurrentView.h"
+#include "ed/PlotHook.h"
+
+namespace {
+
+struct Paper {
+    const wchar_t* name;
+    double width, height; ///< millimetres, upright
+};
+
+constexpr Paper kPapers[] = {
+    {L"A4", 210.0, 297.0}, {L"A3", 297.0, 420.0}, {L"A2", 420.0, 594.0}, {L"A1", 594.0, 841.0}, {L"A0", 841.0, 1189.0},
+};
+
+std::optional<Box2d> askArea()
+{
+    const std::wstring area = Prompt(L"Spécifiez la zone à tracer [Étendue/Affichage/Fenêtre] <Étendue> : ")
+                                  .keywords(L"Étendue Affichage Fenêtre _ Extents Display Window")
+                                  .keyword();
+    if (area.empty() || area == L"Extents")
+        return std::nullopt;
+    Box2d box;
+    if (area == L"Display") {
+        const CurrentView view = CurrentView::get();
+        box.add(view.center.x - view.width() / 2.0, view.center.y - view.height / 2.0);
+        box.add(view.center.x + view.width() / 2.0, view.center.y + view.height / 2.0);
+        return box;
+    }
+    const AcGePoint3d corner = askPoint(L"Spécifiez le premier coin de la fenêtre : ");
+    box.add(corner);
+    box.add(*Prompt(L"Spécifiez le coin opposé : ").required().from(corner).corner().value);
+    return box;
+}
+
+void askPaper(PlotRequest& request)
+{
+    const std::wstring name = Prompt(L"Entrez le format du papier [A4/A3/A2/A1/A0] <A4> : ")
+                                  .keywords(L"A4 A3 A2 A1 A0 _ A4 A3 A2 A1 A0")
+                                  .keyword();
+    const bool landscape = Prompt(L"Entrez l'orientation [Portrait/pAysage] <pAysage> : ")
+                               .keywords(L"Portrait pAysage _ Portrait Landscape")
+                               .keyword() != L"Portrait";
+    for (const Paper& paper : kPapers)
+        if (name == paper.name || (name.empty() && paper.name == kPapers[0].name)) {
+            request.paperWidth = landscape ? paper.height : paper.width;
+            request.paperHeight = landscape ? paper.width : paper.height;
+        }
+}
+
+/// A drawing's unit is the metre of the ground.
+void askScale(PlotRequest& request)
+{
+    const auto given = Prompt(L"Entrez le dénominateur de l'échelle (500 pour 1/500) ou [Ajuster] <Ajuster> : ")
+                           .positive()
+                           .keywords(L"Ajuster _ Fit")
+                           .real();
+    request.scale = given.value ? 1000.0 / *given.value : 0.0;
+}
+
+} // namespace
+
+void commands::plot()
+{
+    const auto& paint = PlotHook::instance().plot;
+    if (!paint)
+        return say(L"Le tracé n'est pas disponible ici.");
+    PlotRequest request;
+    request.file = askFile({L"Entrez le nom du fichier de tracé (.pdf, .svg ou .png)", L"", L"pdf;svg;png", true});
+    request.window = askArea();
+    askPaper(request);
+    askScale(request);
+    const std::wstring failure = paint(drawing(), request);
+    say(failure.empty() ? L"Tracé enregistré : " + request.file : failure);
+}

@@ -1,0 +1,126 @@
+#include <cmath>
+
+#include "commands/Commands.h"
+#include "commands/Drawing.h"
+#include "commands/NumberTexts.h"
+#include "commands/Prompt.h"
+#include "commands/Transforming.h"
+#include "dbents.h"
+#include "dbmtext.h"
+#include "gemat3d.h"
+
+/// Commands that turn, scale and mirror about a base.
+
+namespace {
+
+/// A number asked for with the options of copying and of a reference.
+struct AboutBase {
+    std::vector<AcDbObjectId> objects;
+    AcGePoint3d base;
+};
+
+AboutBase askObjectsAndBase()
+{
+    AboutBase about{askEditable(), {}};
+    about.base = askPoint(L"Spécifiez le point de base : ");
+    return about;
+}
+
+double askAngle(AboutBase& about)
+{
+    for (;;) {
+        const auto given = Prompt(L"Spécifiez l'angle de rotation ou [Copier/Référence] <" + angleText(0.0) + L"> : ")
+                               .keywords(L"Copier Référence _ Copy Reference")
+                               .from(about.base)
+                               .angle();
+        if (given.is(L"Copy")) {
+            about.objects = copyObjects(about.objects);
+            continue;
+        }
+        if (!given.is(L"Reference"))
+            return given.value.value_or(0.0);
+        const double reference =
+            Prompt(L"Spécifiez l'angle de référence <" + angleText(0.0) + L"> : ").angle().value.value_or(0.0);
+        return *Prompt(L"Spécifiez le nouvel angle : ").required().from(about.base).angle().value - reference;
+    }
+}
+
+double askFactor(AboutBase& about)
+{
+    for (;;) {
+        const auto given = Prompt(L"Spécifiez le facteur d'échelle ou [Copier/Référence] <1> : ")
+                               .keywords(L"Copier Référence _ Copy Reference")
+                               .positive()
+                               .from(about.base)
+                               .distance();
+        if (given.is(L"Copy")) {
+            about.objects = copyObjects(about.objects);
+            continue;
+        }
+        if (!given.is(L"Reference"))
+            return given.value.value_or(1.0);
+        const double reference =
+            Prompt(L"Spécifiez la longueur de référence <1> : ").positive().distance().value.value_or(1.0);
+        return *Prompt(L"Spécifiez la nouvelle longueur : ").required().positive().from(about.base).distance().value /
+               reference;
+    }
+}
+
+/// A mirrored text would be read from behind. So it is turned over about its own middle as well, along or across its
+/// line, whichever leaves it upright: the two together only turn and shift it.
+AcGeMatrix3d readable(const AcDbEntity& text, const AcGeVector3d& along, const AcGeMatrix3d& mirror)
+{
+    AcDbExtents box;
+    if (text.getGeomExtents(box) != Acad::eOk)
+        return mirror;
+    const AcGePoint3d middle = box.minPoint() + (box.maxPoint() - box.minPoint()) / 2.0;
+    const AcGeVector3d shown = mirror * along;
+    const bool backwards = shown.x < -1e-9 || (std::fabs(shown.x) <= 1e-9 && shown.y < 0.0);
+    const AcGeVector3d up = AcGeVector3d::kZAxis.crossProduct(along);
+    return mirror * AcGeMatrix3d::mirroring(AcGePlane(middle, backwards ? along : up));
+}
+
+Acad::ErrorStatus mirrorObject(AcDbEntity& entity, const AcGeMatrix3d& mirror)
+{
+    if (const AcDbText* text = AcDbText::cast(&entity))
+        return entity.transformBy(
+            readable(entity, AcGeVector3d(std::cos(text->rotation()), std::sin(text->rotation()), 0.0), mirror));
+    if (const AcDbMText* text = AcDbMText::cast(&entity))
+        return entity.transformBy(readable(entity, text->direction(), mirror));
+    return entity.transformBy(mirror);
+}
+
+} // namespace
+
+void commands::rotate()
+{
+    AboutBase about = askObjectsAndBase();
+    const double angle = askAngle(about);
+    transformObjects(about.objects, AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis, about.base));
+}
+
+void commands::scale()
+{
+    AboutBase about = askObjectsAndBase();
+    const double factor = askFactor(about);
+    transformObjects(about.objects, AcGeMatrix3d::scaling(factor, about.base));
+}
+
+void commands::mirror()
+{
+    const auto originals = askEditable();
+    const AcGePoint3d first = askPoint(L"Spécifiez le premier point de la ligne de symétrie : ");
+    const AcGePoint3d second = askPoint(L"Spécifiez le deuxième point de la ligne de symétrie : ", first);
+    const AcGeVector3d across = AcGeVector3d::kZAxis.crossProduct(second - first);
+    if (across.isZeroLength())
+        return say(L"Les deux points sont confondus.");
+    const bool replaces = askYes(L"Effacer les objets source ?", false);
+    const auto objects = replaces ? originals : copyObjects(originals);
+    const AcGeMatrix3d mirror = AcGeMatrix3d::mirroring(AcGePlane(first, across));
+    std::size_t refused = 0;
+    for (const AcDbObjectId id : objects)
+        refused +=
+            change<AcDbEntity>(id, [&](AcDbEntity& entity) { return mirrorObject(entity, mirror); }) != Acad::eOk;
+    if (refused > 0)
+        say(countText(refused, L"objet") + L" sans symétrique.");
+}
