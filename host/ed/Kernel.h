@@ -2,6 +2,7 @@
 
 #include "ap/UndoMarks.h"
 #include "ed/DrawingHeader.h"
+#include "ed/input/PickFirstRule.h"
 
 /// Ties the parts of the kernel together for as long as it lives: documents and commands to the history of drawings,
 /// the end of commands to the objects they left open, system variables to the headers of drawings. A program, or a test
@@ -19,4 +20,5 @@ private:
     void endMark(AcDbDatabase& database) override;
 
     DrawingHeader m_header;
+    PickFirstRule m_pickFirst;
 };

@@ -99,6 +99,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"DWGPREFIX", computed, readOnly, text(L""), drawingFolder},
         {L"DWGTITLED", computed, readOnly, zero, drawingHasFile},
         {L"ELEVATION", drawing, writable, 0.0},
+        {L"ERRNO", session, writable, zero, nullptr, 0, 99},
         {L"EXPERT", session, writable, zero, nullptr, 0, 5},
         {L"EXTMAX", drawing, readOnly, AcGePoint3d(-1e20, -1e20, -1e20)},
         {L"EXTMIN", drawing, readOnly, AcGePoint3d(1e20, 1e20, 1e20)},

@@ -14,11 +14,16 @@ inline constexpr wchar_t answerWanted[] = L"Une réponse est attendue.";
 inline constexpr wchar_t notZero[] = L"La valeur doit être différente de zéro.";
 inline constexpr wchar_t notNegative[] = L"La valeur ne peut pas être négative.";
 inline constexpr wchar_t positiveWanted[] = L"La valeur doit être positive et différente de zéro.";
-inline constexpr wchar_t outsideLimits[] = L"**Hors des limites";
 inline constexpr wchar_t secondPoint[] = L"Spécifiez le deuxième point : ";
 inline constexpr wchar_t pickObject[] = L"Choix de l'objet : ";
 inline constexpr wchar_t pickObjects[] = L"Choix des objets : ";
 inline constexpr wchar_t pickToRemove[] = L"Supprimer des objets : ";
-inline constexpr wchar_t ended[] = L"*Cancel*";
+inline constexpr wchar_t selectionWanted[] =
+    L"Sélection incorrecte. Un point est attendu, ou Fenêtre/Dernier/Capture/BOîte/TOUt/Trajet/FPolygone/CPolygone/"
+    L"Ajouter/Supprimer/Précédent/aNnuler/SIngulier.";
+inline constexpr wchar_t firstCorner[] = L"Spécifiez le premier coin : ";
+inline constexpr wchar_t oppositeCorner[] = L"Spécifiez le coin opposé : ";
+inline constexpr wchar_t firstPoint[] = L"Spécifiez le premier point : ";
+inline constexpr wchar_t nextPoint[] = L"Spécifiez le point suivant : ";
 
 } // namespace input_texts

@@ -220,7 +220,7 @@ AcEdJig::DragStatus AcEdJig::acquireString(ACHAR* text)
 {
     constexpr std::size_t most = 132;
     return m_state->ask(InputRequest::Kind::string, nullptr,
-                        [text](const InputRequest&, const InputAnswer& answer) -> const wchar_t* {
+                        [text, most](const InputRequest&, const InputAnswer& answer) -> const wchar_t* {
                             if (answer.kind != InputAnswer::Kind::text)
                                 return input_texts::answerWanted;
                             const std::size_t length = std::min(answer.text.size(), most);

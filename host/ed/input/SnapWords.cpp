@@ -1,5 +1,8 @@
 #include "ed/input/SnapWords.h"
 
+#include "acdocman.h"
+#include "ed/select/AreaPicking.h"
+#include "gi/ObjectSnap.h"
 #include "platform/LetterCase.h"
 
 namespace {
@@ -62,7 +65,17 @@ bool takesSnapWords(const InputRequest& request)
            request.kind == Kind::angle || request.kind == Kind::drag;
 }
 
-AcGePoint3d snapped(const AcGePoint3d& typed, const InputRequest&)
+std::optional<AcGePoint3d> snapPoint(const AcGePoint3d& point, int modes, const AcGePoint3d* from)
 {
-    return typed; // gi
+    AcApDocument* const document = curDoc();
+    if (!document || (modes & kNoSnap) != 0)
+        return std::nullopt;
+    const auto snap = snapAt(Scene::of(*document->database()), {point.x, point.y}, pickAperture(),
+                             static_cast<unsigned>(modes), from);
+    return snap ? std::optional(snap->point) : std::nullopt;
+}
+
+AcGePoint3d snapped(const AcGePoint3d& typed, const InputRequest& request)
+{
+    return snapPoint(typed, request.snapModes, request.base ? &*request.base : nullptr).value_or(typed);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "ed/input/InputSource.h"
@@ -13,5 +14,8 @@ constexpr int kNoSnap = 16384;
 /// Whether such words are understood: where a point is asked for.
 bool takesSnapWords(const InputRequest& request);
 
-/// The point that a typed one snaps to, within the aperture of the view; the typed one when nothing is near.
+/// The point of the drawing that a point snaps to, within the aperture of the view. `from` is the point before it, for
+/// perpendiculars; null for none.
+std::optional<AcGePoint3d> snapPoint(const AcGePoint3d& point, int modes, const AcGePoint3d* from);
+/// The point that a typed one snaps to: itself when nothing is near.
 AcGePoint3d snapped(const AcGePoint3d& typed, const InputRequest& request);

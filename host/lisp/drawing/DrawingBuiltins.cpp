@@ -4,7 +4,8 @@
 
 void defineDrawingBuiltins(LispContext& context)
 {
-    for (const auto& rows : {hostBuiltins(), entityBuiltins(), entityMakingBuiltins(), tableBuiltins()})
+    for (const auto& rows : {hostBuiltins(), entityBuiltins(), entityMakingBuiltins(), tableBuiltins(), inputBuiltins(),
+                             selectionBuiltins(), screenBuiltins()})
         context.define(rows);
     context.assign(context.symbol(L"PAUSE"), LispValue(L"\\"));
 }

@@ -1,4 +1,5 @@
 #include "acedads.h"
+#include "acedCmdNF.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/eval/LispArgument.h"
@@ -54,6 +55,14 @@ LispValue command(LispContext& context, LispArguments arguments)
     return {};
 }
 
+/// The command ends within the call.
+LispValue wholeCommand(LispContext& context, LispArguments arguments)
+{
+    if (acedCmdS(chainOf(context, arguments).get()) != RTNORM)
+        throw LispError(lisp_texts::cancelledCommand);
+    return {};
+}
+
 LispValue commandWithAnswer(LispContext& context, LispArguments arguments)
 {
     typeAtCommandLine(context, arguments);
@@ -62,7 +71,7 @@ LispValue commandWithAnswer(LispContext& context, LispArguments arguments)
 
 constexpr LispBuiltin kRows[] = {
     {L"COMMAND", 0, LispBuiltin::any, command},
-    {L"COMMAND-S", 0, LispBuiltin::any, command},
+    {L"COMMAND-S", 0, LispBuiltin::any, wholeCommand},
     {L"GETVAR", 1, 1, getVariable},
     {L"SETVAR", 2, 2, setVariable},
     {L"VL-CMDF", 0, LispBuiltin::any, commandWithAnswer},

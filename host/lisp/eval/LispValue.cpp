@@ -64,6 +64,8 @@ bool LispValue::isSame(const LispValue& other) const
         return number() == other.number();
     if (isText() && other.isText())
         return text() == other.text();
+    if (name() && other.name())
+        return *name() == *other.name();
     return m_data == other.m_data;
 }
 

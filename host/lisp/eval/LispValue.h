@@ -42,6 +42,9 @@ public:
     explicit LispValue(const wchar_t* text) : LispValue(std::wstring(text)) {}
     explicit LispValue(LispSymbol& symbol) : m_data(&symbol) {}
     explicit LispValue(LispName name) : m_data(name) {}
+    /// A name that something is done for with the last value that holds it: a selection set that AutoLISP made is
+    /// released.
+    explicit LispValue(std::shared_ptr<const LispName> name) : m_data(std::move(name)) {}
     explicit LispValue(LispModuleFunction function) : m_data(function) {}
     explicit LispValue(const LispBuiltin& builtin) : m_data(&builtin) {}
     explicit LispValue(const LispSpecialForm& form) : m_data(&form) {}
@@ -71,7 +74,11 @@ public:
     const LispPair* pairAddress() const;
 
     /// Null when it is something else.
-    const LispName* name() const { return std::get_if<LispName>(&m_data); }
+    const LispName* name() const
+    {
+        const LispName* const own = std::get_if<LispName>(&m_data);
+        return own ? own : pointerTo<std::shared_ptr<const LispName>>();
+    }
     const LispModuleFunction* moduleFunction() const { return std::get_if<LispModuleFunction>(&m_data); }
     const LispBuiltin* builtin() const { return pointerTo<const LispBuiltin*>(); }
     const LispSpecialForm* specialForm() const { return pointerTo<const LispSpecialForm*>(); }
@@ -101,7 +108,7 @@ private:
     std::variant<std::monostate, std::int32_t, double, LispSymbol*, std::shared_ptr<LispPair>,
                  std::shared_ptr<const LispText>, LispName, const LispBuiltin*, const LispSpecialForm*,
                  std::shared_ptr<const LispLambda>, LispModuleFunction, std::shared_ptr<LispFile>,
-                 std::shared_ptr<const LispFailure>>
+                 std::shared_ptr<const LispFailure>, std::shared_ptr<const LispName>>
         m_data;
 };
 
