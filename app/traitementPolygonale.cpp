@@ -39,6 +39,9 @@ Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
     const auto phrases = avertissementsLecture(platform::wideFromUtf8(demande.observations), bilan);
     if (!bilan.lisible)
         throw erreurProgramme(platform::utf8FromWide(phrases.front()));
+    if (bilan.stations == 0 && !bilan.ignorees.empty())
+        throw erreurProgramme(demande.observations + " : aucune station de départ lisible (nom, X, Y, Z, gisement) : "
+                                                     "ce n'est pas un fichier de polygonale, ou ce nom est vide.");
     avertir(suites, phrases);
     if (donnees.lignes.size() < 2)
         throw erreurProgramme(demande.observations + " : données insuffisantes, il faut au moins deux observations.");

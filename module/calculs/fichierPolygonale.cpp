@@ -190,6 +190,9 @@ void vider(donneesPolygonaleOuverte& donnees)
     donnees.lignes.clear();
 }
 
+/// What a station line has: five keys, five values.
+constexpr std::size_t elementsStation = 10;
+
 template <class Donnees>
 bool lireElements(elementsLigne& e, Donnees& donnees)
 {
@@ -202,7 +205,7 @@ bool lireElements(elementsLigne& e, Donnees& donnees)
     case 4:
         donnees.lignes.push_back({std::move(e[0]), std::move(e[1]), std::move(e[2]), std::move(e[3])});
         return true;
-    case 10:
+    case elementsStation:
         lireStation(e, donnees);
         return true;
     default:
@@ -235,6 +238,7 @@ bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
         do {
             decouperLigne(depuisAnsi(ligne.substr(0, longueurLigne)), separateursPolygonale, elements);
             const std::size_t nombre = elements.size();
+            bilan.stations += nombre == elementsStation ? 1 : 0;
             if (!lireElements(elements, donnees))
                 bilan.ignorees.push_back({numero, nombre});
             ligne.remove_prefix(std::min(longueurLigne, ligne.size()));
@@ -255,7 +259,7 @@ bilanLecture chargerFichier(const std::filesystem::path& fichier, Donnees& donne
         contenu.append(bloc.data(), static_cast<std::size_t>(flux.gcount()));
     // A folder opens as a file on some systems; only reading it fails.
     if (!flux.is_open() || flux.bad())
-        return {.lisible = false, .ignorees = {}};
+        return {.lisible = false, .stations = 0, .ignorees = {}};
     return lireContenu(contenu, donnees);
 }
 

@@ -168,6 +168,7 @@ TEST_F(polygonaleFermee, WarnsInFrenchAndGoesOn)
 
 TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
 {
+    ecrire("lettre.obs", "Madame, Monsieur,\nveuillez trouver ci-joint\nle plan de la parcelle\n");
     ecrire("court.obs", "Nom=\"A\" X=1 Y=2 Z=3 Gis=4\n\"A\" 100 10 0\n");
     copierExemple("chantier.dxf");
     ecrire("coupe.dxf", lire("chantier.dxf").substr(0, 5000));
@@ -179,6 +180,7 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
     };
     const std::array lignes{
         cas{"no such traverse file", "polygonale fermee absent.obs", "absent.obs : lecture impossible du fichier."},
+        cas{"some other text", "polygonale fermee lettre.obs", "ce n'est pas un fichier de polygonale"},
         cas{"one observation", "polygonale fermee court.obs", "court.obs : données insuffisantes"},
         cas{"no such drawing", placer + "--dessin absent.dxf", "absent.dxf : fichier introuvable"},
         cas{"a damaged drawing", placer + "--dessin coupe.dxf --enregistrer s.dxf", "coupe.dxf"},
