@@ -77,7 +77,7 @@ TEST_F(executer, StopsAtTheLineThatFails)
           cas{"another format", "SAVEAS plan.dwg", "donnez un nom en « .dxf »"},
           cas{"no file", "OPEN absent.dxf", "absent.dxf : fichier introuvable"}}) {
         SCOPED_TRACE(c.nom);
-        const execution run = script(std::string("; un commentaire\n\n") + c.ligne + "\n(add_pt \"1\" '(1 2))\n");
+        const execution run = script(std::string("; un commentaire\n\n") + c.ligne + "\n(= 1 1)\n");
         EXPECT_EQ(run.statut, 1);
         EXPECT_NE(run.erreurs.find("essai.scr, ligne 3 : "), std::string::npos) << run.erreurs;
         EXPECT_NE(run.erreurs.find(c.message), std::string::npos) << run.erreurs;

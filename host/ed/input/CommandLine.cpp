@@ -87,7 +87,10 @@ CommandOutcome CommandLine::evaluate(const std::wstring& expression)
         return outcome;
     }
     const LispSession::Answer given = LispSession::of(*document).evaluate(expression);
-    outcome.failure = given.outcome.failed ? given.outcome.message : L"";
+    if (given.outcome.failed)
+        outcome.failure = given.outcome.expression.empty()
+                              ? given.outcome.message
+                              : given.outcome.message + L", dans " + given.outcome.expression;
     const std::wstring shown = given.outcome.failed ? given.outcome.failureText() : given.text;
     if (!shown.empty())
         Console::instance().print(L"\n" + shown);

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "ui/script/ScriptRunner.h"
+
+/// The command SCRIPT, known for as long as this lives. Within a script it goes on with the lines of another one; at
+/// the command line of a window it runs a script once the command line is free.
+class ScriptCommand {
+public:
+    /// @param options of the scripts that it starts itself
+    explicit ScriptCommand(ScriptRunner::Options options);
+    ~ScriptCommand();
+    ScriptCommand(const ScriptCommand&) = delete;
+    ScriptCommand& operator=(const ScriptCommand&) = delete;
+};
