@@ -143,6 +143,15 @@ void lireMotCle(const elementsLigne& e, donneesPolygonaleOuverte& donnees)
         donnees.fermeture = reelDeTexte(e[1]);
 }
 
+/// Of a station line: whether one of its keys begins so.
+bool aCle(const elementsLigne& e, wchar_t cle)
+{
+    for (std::size_t i = 0; i < e.size(); i += 2)
+        if (majuscule(e[i].front()) == cle)
+            return true;
+    return false;
+}
+
 /// A number that the line leaves out keeps what an earlier station line gave.
 void lireStation(const elementsLigne& e, donneesPolygonaleFermee& donnees)
 {
@@ -238,7 +247,7 @@ bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
         do {
             decouperLigne(depuisAnsi(ligne.substr(0, longueurLigne)), separateursPolygonale, elements);
             const std::size_t nombre = elements.size();
-            bilan.stations += nombre == elementsStation ? 1 : 0;
+            bilan.stations += nombre == elementsStation && aCle(elements, L'X') && aCle(elements, L'Y') ? 1 : 0;
             if (!lireElements(elements, donnees))
                 bilan.ignorees.push_back({numero, nombre});
             ligne.remove_prefix(std::min(longueurLigne, ligne.size()));

@@ -20,7 +20,7 @@ struct ligneIgnoree {
 /// What reading a file gave, for those who report it; the dialogs stay silent on all of it.
 struct bilanLecture {
     bool lisible = true;      ///< false: the file could not be read and the data are as before
-    std::size_t stations = 0; ///< station lines read
+    std::size_t stations = 0; ///< station lines with X and Y
     std::vector<ligneIgnoree> ignorees;
 };
 

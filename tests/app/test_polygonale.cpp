@@ -168,7 +168,8 @@ TEST_F(polygonaleFermee, WarnsInFrenchAndGoesOn)
 
 TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
 {
-    ecrire("lettre.obs", "Madame, Monsieur,\nveuillez trouver ci-joint\nle plan de la parcelle\n");
+    ecrire("lettre.obs",
+           "Madame, Monsieur,\nveuillez trouver ci-joint\nun plan avec dix mots dont pas un seul nombre\n");
     ecrire("court.obs", "Nom=\"A\" X=1 Y=2 Z=3 Gis=4\n\"A\" 100 10 0\n");
     copierExemple("chantier.dxf");
     ecrire("coupe.dxf", lire("chantier.dxf").substr(0, 5000));
