@@ -1,4 +1,5 @@
 #include "calculs/nivellement.h"
+#include "calculs/polygonaleCalculee.h"
 #include "calculs/uniteAngulaire.h"
 #include "nombres.h"
 #include "platform/CodePage.h"
@@ -6,7 +7,6 @@
 #include "traitementPolygonale.h"
 
 #include <algorithm>
-#include <cmath>
 #include <iostream>
 
 using cote = tableTexte::cote;
@@ -17,33 +17,15 @@ namespace {
 constexpr int decimales = 4;       // a tenth of a millimetre
 constexpr int decimalesAngles = 5; // as the report writes closures
 
-std::string symboleUnite(int unite)
-{
-    return unite == uniteDegres ? "°" : unite == uniteRadians ? "rad" : "gr";
-}
-
 std::string nomUnite(int unite)
 {
     return unite == uniteDegres ? "degrés" : unite == uniteRadians ? "radians" : "grades";
 }
 
-/// "1/12 500"; a perfect loop has none.
-std::string fermetureRelative(double inverse)
-{
-    if (std::isnan(inverse))
-        return "non définie";
-    if (std::isinf(inverse))
-        return "nulle";
-    std::string chiffres = nombreTexte(inverse, 0);
-    for (std::size_t place = chiffres.size(); place > 3; place -= 3)
-        chiffres.insert(place - 3, " ");
-    return "1/" + chiffres;
-}
-
 /// @param part what has a share of the angular error
 void afficherFermetures(const cheminement& c, const char* part)
 {
-    const std::string unite = symboleUnite(c.unite);
+    const std::string unite = utf8FromWide(symboleUniteAngulaire(c.unite));
     tableTexte table({cote::gauche, cote::droite, cote::gauche});
     table.ajouter({"Erreur angulaire", nombreTexte(c.erreurAngulaire, decimalesAngles), unite});
     table.ajouter({std::string("Correction par ") + part, nombreTexte(c.correctionAngulaire, decimalesAngles), unite});
@@ -52,7 +34,7 @@ void afficherFermetures(const cheminement& c, const char* part)
     table.ajouter({"Fz", nombreTexte(c.nivellement.fermeture, decimales), ""});
     table.ajouter({"Fermeture planimétrique", nombreTexte(c.fermeturePlanimetrique, decimales), ""});
     table.ajouter({"Longueur", nombreTexte(c.longueur, decimales), ""});
-    table.ajouter({"Fermeture relative", fermetureRelative(c.fermetureRelative), ""});
+    table.ajouter({"Fermeture relative", utf8FromWide(texteFermetureRelative(c.fermetureRelative)), ""});
     std::cout << "\nFermetures\n";
     table.ecrire(std::cout, "  ");
 }

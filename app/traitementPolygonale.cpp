@@ -3,6 +3,7 @@
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/placerPolygonale.h"
+#include "calculs/rapportPolygonale.h"
 #include "calculs/rapportPolygonaleFermee.h"
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "erreurProgramme.h"
@@ -78,7 +79,7 @@ template <class Resultat>
 void ecrireRapport(const demandePolygonale& demande, const Resultat& resultat, suitesPolygonale& suites)
 {
     htmlDocument document;
-    document.addHeadLine(htmlHeadWindows1252);
+    rapportPolygonale::ajouterEnTetes(document);
     rapporterPolygonale(resultat, document);
     document.setFileName(cheminNatif(demande.rapport));
     if (!document.write())

@@ -42,11 +42,6 @@ std::wstring saisi(double angle)
     return std::wstring(texte.begin(), texte.end());
 }
 
-std::wstring symbole(int unite)
-{
-    return unite == uniteDegres ? L"°" : unite == uniteRadians ? L" rad" : L" gr";
-}
-
 /// "L'erreur angulaire vaut un tour entier (400 gr) : "
 std::wstring constat(int demiTours, int unite)
 {
@@ -60,8 +55,9 @@ std::wstring constat(int demiTours, int unite)
         nombre = std::to_wstring(n / 2) + L" tours entiers";
     else
         nombre = n == 3 ? L"un tour et demi" : std::to_wstring(n / 2) + L" tours et demi";
-    return L"L'erreur angulaire vaut " + nombre + L" (" + saisi(demiTours * tourComplet(unite) / 2.0) + symbole(unite) +
-           L") : ";
+    const wchar_t* const espace = unite == uniteDegres ? L"" : L" ";
+    return L"L'erreur angulaire vaut " + nombre + L" (" + saisi(demiTours * tourComplet(unite) / 2.0) + espace +
+           symboleUniteAngulaire(unite) + L") : ";
 }
 
 observations observationsDuCheminement(const cheminement& c)

@@ -375,6 +375,24 @@ std::vector<std::wstring> avertissementsLecture(std::wstring_view fichier, const
     return phrases;
 }
 
+std::vector<std::wstring> avertissementsEcriture(const std::vector<ligneObservation>& lignes)
+{
+    // Of the cells only the name stands between quotes: separators in the others cut them in pieces.
+    const auto nomPerdu = [](const std::wstring& nom) { return nom.empty() || nom.find(L'"') != std::wstring::npos; };
+    const auto cellulePerdue = [](const std::wstring& cellule) {
+        return cellule.empty() || cellule.find_first_of(separateursPolygonale) != std::wstring::npos;
+    };
+    std::vector<std::wstring> phrases;
+    for (std::size_t i = 0; i < lignes.size(); ++i) {
+        const ligneObservation& l = lignes[i];
+        if (nomPerdu(l.station) || cellulePerdue(l.angle) || cellulePerdue(l.distance) || cellulePerdue(l.altitude))
+            phrases.push_back(
+                L"Ligne " + std::to_wstring(i + 1) +
+                L" : une cellule est vide ou contient un séparateur ; la ligne ne pourra pas être relue.");
+    }
+    return phrases;
+}
+
 std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
 {
     std::wstring nom = enMinuscules(std::wstring(choisi));

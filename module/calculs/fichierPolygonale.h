@@ -48,6 +48,9 @@ bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPoly
 bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleFermee& donnees);
 bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleOuverte& donnees);
 
+/// French sentences for the rows that a file keeps but cannot give back: an empty cell, or one with a double quote.
+std::vector<std::wstring> avertissementsEcriture(const std::vector<ligneObservation>& lignes);
+
 /// Choices of the file dialogs' type list, numbered from 1 as these dialogs do.
 enum filtrePolygonale : int { filtreObservations = 1, filtreSansExtension = 2, filtreTous = 3, filtreTexte = 4 };
 

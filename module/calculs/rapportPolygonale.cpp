@@ -20,6 +20,12 @@ void ajouterTexte(htmlDocument& document, std::string octets, const char* classe
 
 } // namespace
 
+void ajouterEnTetes(htmlDocument& document)
+{
+    document.addHeadLine(htmlHeadWindows1252);
+    document.addHeadLine("<title>Corrections de fermeture polygonale</title>\n");
+}
+
 void declarerClasses(htmlDocument& document)
 {
     // One style for all: each class keeps what the earlier ones set.

@@ -27,6 +27,9 @@ inline constexpr char vide[] = "&nbsp"; // browsers accept it without its semico
 
 inline constexpr int decimales = 4;
 
+/// Head lines: the encoding, for browsers that would guess, and a title for their windows.
+void ajouterEnTetes(htmlDocument& document);
+
 /// Declares .petit, .grand, .titre, .celnorm and .celgris.
 void declarerClasses(htmlDocument& document);
 

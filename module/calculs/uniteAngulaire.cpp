@@ -9,12 +9,13 @@ struct definitionUnite {
     double tour;
     double versRadians;
     const wchar_t* mot;
+    const wchar_t* symbole;
 };
 
 constexpr definitionUnite unites[] = {
-    {400.0, std::numbers::pi / 200.0, L"grades"},
-    {360.0, std::numbers::pi / 180.0, L"degres"},
-    {2.0 * std::numbers::pi, 1.0, L"radians"},
+    {400.0, std::numbers::pi / 200.0, L"grades", L"gr"},
+    {360.0, std::numbers::pi / 180.0, L"degres", L"°"},
+    {2.0 * std::numbers::pi, 1.0, L"radians", L"rad"},
 };
 
 const definitionUnite& definition(int unite)
@@ -37,6 +38,11 @@ double facteurRadians(int unite)
 const wchar_t* motUniteAngulaire(int unite)
 {
     return definition(unite).mot;
+}
+
+const wchar_t* symboleUniteAngulaire(int unite)
+{
+    return definition(unite).symbole;
 }
 
 int uniteAngulaireDe(wchar_t lettre)

@@ -14,6 +14,9 @@ double facteurRadians(int unite);
 /// Word of the unit in files: "grades", "degres" or "radians".
 const wchar_t* motUniteAngulaire(int unite);
 
+/// What stands behind an angle: "gr", "°" or "rad".
+const wchar_t* symboleUniteAngulaire(int unite);
+
 /// Unit whose word begins with `lettre`, in either case; grades for any other letter.
 int uniteAngulaireDe(wchar_t lettre);
 

@@ -1,5 +1,6 @@
 #include "frame/commandes.h"
 
+#include "calculs/dialoguesPolygonales.h"
 #include "frame/ptsEn3d.h"
 
 #include "accmd.h"
@@ -13,12 +14,18 @@ void importGsi() {}
 void aVenir() {}
 
 constexpr commande commandes[] = {
-    {L"CARROYAGE", ACRX_CMD_USEPICKSET, aVenir},    {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, aVenir},
-    {L"COORDSXYZ", ACRX_CMD_MODAL, aVenir},         {L"CORRPOLFERMEE", ACRX_CMD_MODAL, aVenir},
-    {L"CORRPOLOUVERTE", ACRX_CMD_MODAL, aVenir},    {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},
-    {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},      {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, aVenir},
-    {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir}, {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
-    {L"TABLEXYZ", ACRX_CMD_USEPICKSET, aVenir},     {L"MAJPOINTS", ACRX_CMD_USEPICKSET, aVenir},
+    {L"CARROYAGE", ACRX_CMD_USEPICKSET, aVenir},
+    {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, aVenir},
+    {L"COORDSXYZ", ACRX_CMD_MODAL, aVenir},
+    {L"CORRPOLFERMEE", ACRX_CMD_MODAL, corrPolFermee},
+    {L"CORRPOLOUVERTE", ACRX_CMD_MODAL, corrPolOuverte},
+    {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},
+    {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},
+    {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, aVenir},
+    {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
+    {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
+    {L"TABLEXYZ", ACRX_CMD_USEPICKSET, aVenir},
+    {L"MAJPOINTS", ACRX_CMD_USEPICKSET, aVenir},
     {L"PTSEN3D", ACRX_CMD_MODAL, ptsEn3d},
 };
 

@@ -54,7 +54,8 @@ void proposer(QFileDialog& dialogue, const QString& nom)
     dialogue.selectFile(fichier.fileName());
 }
 
-std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog::AcceptMode mode)
+std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog::AcceptMode mode,
+                                     int* filtreChoisi = nullptr)
 {
     if (!dialoguesPossibles())
         return std::nullopt;
@@ -78,6 +79,8 @@ std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog:
         // The dialog may leave out the patterns that it does not show.
         const auto f = std::ranges::find_if(
             filtres, [&](const filtre& un) { return choisi == un.nom || choisi == nomComplet(un); });
+        if (filtreChoisi && f != filtres.end())
+            *filtreChoisi = static_cast<int>(f - filtres.begin()) + 1;
         const QString extension = f == filtres.end() ? QString() : extensionDe(*f);
         dialogue.setDefaultSuffix(extension.isEmpty() ? parDefaut : extension);
     };
@@ -99,7 +102,7 @@ std::optional<std::wstring> demanderFichierALire(const demandeFichier& demande)
     return demander(demande, QFileDialog::AcceptOpen);
 }
 
-std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande)
+std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande, int* filtre)
 {
-    return demander(demande, QFileDialog::AcceptSave);
+    return demander(demande, QFileDialog::AcceptSave, filtre);
 }

@@ -15,4 +15,5 @@ struct demandeFichier {
 /// An existing file. @return its full path; nothing when cancelled.
 std::optional<std::wstring> demanderFichierALire(const demandeFichier& demande);
 /// A file to write; the user has agreed to replace one that exists.
-std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande);
+/// @param filtre if given, receives the rank of the filter chosen, from 1
+std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande, int* filtre = nullptr);

@@ -18,7 +18,7 @@ KERNEL = ("platform", "ge", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", "lisp", 
 #   qt, tinyxml
 #   interface(PATTERN)   headers of host/include whose name matches PATTERN
 OWN = "own"
-DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo"
+DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations"
 INTERFACE = "interface(.*)"
 RULES = (
     # The interface itself: plain declarations.
@@ -30,12 +30,16 @@ RULES = (
     # The upper kernel may use all of the kernel.
     (r"host/(rx|db|gi|ed|ap|lisp|commands)", r".*", (OWN, "std", "posix", INTERFACE) + tuple("host/" + f for f in KERNEL)),
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),
+    # The web engine's library, which asks the system who runs it.
+    (r"module/reports", r"vueWeb", (OWN, "std", "posix", "qt")),
     # Computations and reports: neither the drawing nor windows. The exceptions bear it in their name:
     # placer* puts results into the drawing, Dlg* and *DLG are dialogs.
     (r"module/(calculs|reports)", r"placer.*", (OWN, "std", INTERFACE, "module/*")),
     (r"module/(calculs|reports)", DIALOGS, (OWN, "std", "qt", INTERFACE, "module/*")),
     (r"module/reports", r".*", (OWN, "std")),
     (r"module/calculs", r".*", (OWN, "std", "module/reports")),
+    # Where the module's own file lies only the system knows.
+    (r"module/frame", r"dossierModule", (OWN, "std", "posix")),
     # The rest of the module: its own folders and the interface, nothing of the host beside it.
     (r"module/.*", DIALOGS, (OWN, "std", "qt", "tinyxml", INTERFACE, "module/*")),
     (r"module/.*", r".*", (OWN, "std", "tinyxml", INTERFACE, "module/*")),

@@ -21,13 +21,14 @@ char* programArguments[] = {programName, nullptr};
 /// Remarks of Qt about the machine that mean nothing to a user.
 bool isNoise(const QString& message)
 {
-    static constexpr std::array noise{"QStandardPaths: XDG_RUNTIME_DIR not set", "This plugin does not support "};
+    static constexpr std::array noise{"QStandardPaths: XDG_RUNTIME_DIR not set", "This plugin does not support ",
+                                      "Sandboxing disabled by user", "No suitable graphics backend found"};
     return std::ranges::any_of(noise, [&](const char* start) { return message.startsWith(QLatin1String(start)); });
 }
 
-void tell(QtMsgType, const QMessageLogContext&, const QString& message)
+void tell(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
-    if (!isNoise(message))
+    if (type != QtDebugMsg && type != QtInfoMsg && !isNoise(message))
         std::fprintf(stderr, "vela : %s\n", message.toUtf8().constData());
 }
 
@@ -39,6 +40,7 @@ std::unique_ptr<VelaApplication> VelaApplication::make(Screen screen)
     // A platform that the user names wins: xcb shows what a script does.
     if (screen == Screen::none && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    setAttribute(Qt::AA_ShareOpenGLContexts); // the report viewer, a web engine, needs it set before all else
     return std::unique_ptr<VelaApplication>(new VelaApplication);
 }
 

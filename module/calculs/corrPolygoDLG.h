@@ -1,0 +1,29 @@
+#pragma once
+
+#include "calculs/dialoguePolygonale.h"
+
+#include <memory>
+
+namespace Ui {
+class corrPolygoDLG;
+}
+
+/// "Correction de polygonale fermée".
+class corrPolygoDLG : public dialoguePolygonale {
+    Q_OBJECT
+
+public:
+    corrPolygoDLG();
+    ~corrPolygoDLG() override;
+
+    donneesPolygonaleFermee donnees() const;
+    void afficher(const donneesPolygonaleFermee& donnees);
+
+protected:
+    bilanLecture lire(std::string_view contenu) override;
+    std::string contenu() const override { return contenuPolygonale(donnees()); }
+    polygonaleCalculee calculee(htmlDocument* rapport) const override { return calculerPolygonale(donnees(), rapport); }
+
+private:
+    std::unique_ptr<Ui::corrPolygoDLG> m_ui;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "calculs/tracePolygonale.h"
+
+#include <QWidget>
+
+/// A sketch of a traverse, north up: as observed in red, as corrected in green, the departure as a square. The two
+/// lines fill the widget at one scale; a line with a vertex that has no place is left out.
+class croquisPolygonale : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit croquisPolygonale(QWidget* parent = nullptr);
+
+    void montrer(tracePolygonale originelle, tracePolygonale compensee);
+    void effacer() { montrer({}, {}); }
+
+protected:
+    void paintEvent(QPaintEvent* evenement) override;
+
+private:
+    tracePolygonale m_originelle, m_compensee;
+};

@@ -1,0 +1,181 @@
+#include "calculs/dialoguePolygonale.h"
+
+#include "calculs/avertissementsPolygonale.h"
+#include "calculs/CParamMisePlaceResultCalcs.h"
+#include "calculs/panneauPolygonale.h"
+#include "calculs/placerPolygonale.h"
+#include "calculs/reelDeTexte.h"
+#include "codification/fichierEntier.h"
+#include "frame/dialogueFichier.h"
+#include "frame/dialogueMessage.h"
+#include "points/projetDansDessin.h"
+#include "reports/htmlDocument.h"
+#include "reports/resultPolygo.h"
+
+#include "io.h"
+
+#include <cmath>
+#include <exception>
+#include <QLineEdit>
+#include <QLocale>
+
+namespace {
+
+constexpr wchar_t titreCalculs[] = L"Calculs Topo";
+constexpr wchar_t filtresPolygonale[] = L"Observations|*.obs|Sans extension|*.|Tous|*.*|Text|*.TXT||";
+constexpr std::chrono::milliseconds delaiCroquis{100}; // what is typed fast is drawn once
+
+bool existe(const std::wstring& fichier)
+{
+    return _waccess(fichier.c_str(), 0) == 0;
+}
+
+/// The name saved under may be another than the one that the file dialog asked about: in lower case, with an extension.
+bool remplacementAccepte(const std::wstring& choisi, const std::wstring& nom)
+{
+    return nom == choisi || !existe(nom) ||
+           demanderOuiNon(L"Enregistrer sous", L"« " + nom + L" » existe déjà. Le remplacer ?");
+}
+
+/// What became of the points, for the user.
+std::wstring phrasePlacement(int placees, std::size_t stations, int code)
+{
+    if (!tableCourante())
+        return L"Le dessin n'a pas de table de points : rien n'est placé.";
+    std::wstring phrase = std::to_wstring(placees) + L" station(s) placée(s) dans la table « " +
+                          tableCourante()->getNomTable().GetString() + L" », code " + std::to_wstring(code) + L".";
+    if (const std::size_t manquantes = stations - static_cast<std::size_t>(placees); manquantes > 0)
+        phrase += L" " + std::to_wstring(manquantes) + L" station(s) sans coordonnées finies : non placée(s).";
+    return phrase;
+}
+
+} // namespace
+
+dialoguePolygonale::dialoguePolygonale()
+{
+    m_croquis.setSingleShot(true);
+    m_croquis.setInterval(delaiCroquis);
+    connect(&m_croquis, &QTimer::timeout, this, &dialoguePolygonale::rafraichirCroquis);
+}
+
+void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_list<const QLineEdit*> champs)
+{
+    m_panneau = &panneau;
+    connect(m_panneau, &panneauPolygonale::charger, this, &dialoguePolygonale::charger);
+    connect(m_panneau, &panneauPolygonale::sauvegarder, this, &dialoguePolygonale::sauvegarder);
+    connect(m_panneau, &panneauPolygonale::calculer, this, &dialoguePolygonale::calculer);
+    connect(m_panneau, &panneauPolygonale::placer, this, &dialoguePolygonale::placer);
+    connect(m_panneau, &panneauPolygonale::fermer, this, &QDialog::accept);
+    const auto dessiner = qOverload<>(&QTimer::start);
+    connect(m_panneau, &panneauPolygonale::donneesChangees, &m_croquis, dessiner);
+    for (const QLineEdit* const champ : champs)
+        connect(champ, &QLineEdit::textChanged, &m_croquis, dessiner);
+}
+
+bool dialoguePolygonale::donneesSuffisantes() const
+{
+    return m_panneau->lignes().size() >= 2;
+}
+
+void dialoguePolygonale::rafraichirCroquis()
+{
+    m_panneau->dessiner(donneesSuffisantes() ? calculee(nullptr) : polygonaleCalculee{});
+}
+
+void dialoguePolygonale::montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite)
+{
+    std::vector<std::wstring> phrases{resumePolygonale(calculee.resultat)};
+    for (const auto* const liste : {&calculee.avertissements, &suite})
+        phrases.insert(phrases.end(), liste->begin(), liste->end());
+    m_panneau->montrerBilan(phrases);
+}
+
+/// A file that cannot be opened is no reason for a message: the dialog stays as it was.
+void dialoguePolygonale::charger()
+{
+    demandeFichier demande;
+    demande.filtres = filtresPolygonale;
+    const auto fichier = demanderFichierALire(demande);
+    if (!fichier)
+        return;
+    try {
+        if (const auto octets = lireFichier(fichier->c_str()))
+            m_panneau->montrerBilan(avertissementsLecture(*fichier, lire(*octets)));
+    } catch (const std::exception&) {
+        afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
+    }
+}
+
+void dialoguePolygonale::sauvegarder()
+{
+    demandeFichier demande;
+    demande.filtres = filtresPolygonale;
+    int filtre = filtreObservations;
+    const auto choisi = demanderFichierAEcrire(demande, &filtre);
+    if (!choisi)
+        return;
+    const std::wstring nom = nomEnregistrement(*choisi, filtre);
+    if (!remplacementAccepte(*choisi, nom))
+        return;
+    if (remplacerFichier(nom.c_str(), contenu()))
+        m_panneau->montrerBilan(avertissementsEcriture(m_panneau->lignes()));
+    else
+        afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
+}
+
+void dialoguePolygonale::calculer()
+{
+    if (!donneesSuffisantes())
+        return afficherAvertissement(titreCalculs, donneesInsuffisantes);
+    htmlDocument rapport;
+    polygonaleCalculee p;
+    try {
+        p = calculee(&rapport);
+    } catch (const std::exception&) {
+        return afficherAvertissement(titreCalculs, L"Erreur !");
+    }
+    std::vector<std::wstring> suite;
+    if (!rapport.write())
+        suite.push_back(L"Le rapport n'a pas pu être écrit.");
+    montrerBilan(p, suite);
+    resultPolygo(rapport.fileName().wstring(), p.avertissements).exec();
+}
+
+/// Too few rows are no reason for a message here.
+void dialoguePolygonale::placer()
+{
+    if (!donneesSuffisantes())
+        return;
+    CParamMisePlaceResultCalcs parametres;
+    if (parametres.exec() != Accepted)
+        return;
+    try {
+        const polygonaleCalculee p = calculee(nullptr);
+        std::vector<tracePolygonale> traces;
+        if (parametres.dessinerOriginelle())
+            traces.push_back(p.originelle);
+        if (parametres.dessinerCompensee())
+            traces.push_back(p.compensee);
+        const placementPolygonale placement = parametres.placement();
+        const int placees = placerPolygonale(p.resultat.stations, placement, traces);
+        const std::size_t stations = p.resultat.stations.size();
+        const std::wstring phrase = phrasePlacement(placees, stations, placement.code);
+        montrerBilan(p, {phrase});
+        if (placees < static_cast<int>(stations))
+            afficherAvertissement(titreCalculs, phrase);
+    } catch (const std::exception&) {
+        afficherAvertissement(titreCalculs, L"Erreur !");
+    }
+}
+
+double reelDuChamp(const QLineEdit& champ)
+{
+    return reelDeTexte(champ.text().toStdWString());
+}
+
+void montrerReel(QLineEdit& champ, double valeur)
+{
+    // Plain digits for what coordinates are made of, an exponent beyond.
+    const char forme = std::abs(valeur) < 1e15 ? 'f' : 'g';
+    champ.setText(QString::number(valeur, forme, QLocale::FloatingPointShortest));
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "calculs/fichierPolygonale.h"
+#include "calculs/polygonaleCalculee.h"
+#include "frame/dialogueModule.h"
+
+#include <initializer_list>
+#include <QTimer>
+#include <string>
+#include <string_view>
+
+class QLineEdit;
+class panneauPolygonale;
+
+/// A traverse dialog: what the buttons do. The two kinds of traverse differ in their data only.
+class dialoguePolygonale : public dialogueModule {
+    Q_OBJECT
+
+protected:
+    dialoguePolygonale();
+
+    /// Called once the widgets are there. @param champs fields that the traverse depends on, beside the panel's
+    void brancher(panneauPolygonale& panneau, std::initializer_list<const QLineEdit*> champs);
+
+    // What is in the widgets, and what is to be there.
+    virtual bilanLecture lire(std::string_view contenu) = 0; ///< the bytes of a file
+    virtual std::string contenu() const = 0;
+    virtual polygonaleCalculee calculee(htmlDocument* rapport) const = 0;
+
+private:
+    void charger();
+    void sauvegarder();
+    void calculer();
+    void placer();
+    void rafraichirCroquis();
+    bool donneesSuffisantes() const;
+    void montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite = {});
+
+    panneauPolygonale* m_panneau = nullptr;
+    QTimer m_croquis; ///< one drawing for a run of changes
+};
+
+// Fields of traverse dialogs.
+
+/// What is not a number is 0.
+double reelDuChamp(const QLineEdit& champ);
+/// The shortest text that reads back as the value.
+void montrerReel(QLineEdit& champ, double valeur);

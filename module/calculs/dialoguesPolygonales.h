@@ -1,0 +1,6 @@
+#pragma once
+
+// Commands.
+
+void corrPolFermee();
+void corrPolOuverte();

@@ -1,0 +1,20 @@
+#include "calculs/gisement.h"
+
+#include "calculs/grandeur.h"
+#include "calculs/uniteAngulaire.h"
+
+#include <cmath>
+#include <numbers>
+
+double gisement(double xStation, double yStation, double xDirection, double yDirection, int unite)
+{
+    const grandeur dx = grandeur(xDirection) - xStation;
+    const grandeur dy = grandeur(yDirection) - yStation;
+    if (!dx.connue() || !dy.connue())
+        return inconnu;
+    double angle = std::numbers::pi / 2.0 - std::atan2(dy.valeur(), dx.valeur());
+    if (angle < 0.0)
+        angle += 2.0 * std::numbers::pi;
+    const bool radians = unite == uniteRadians;
+    return radians ? angle : angle * (tourComplet(unite) / 2.0) / std::numbers::pi;
+}

@@ -1,0 +1,74 @@
+#include "calculs/lignesCollees.h"
+
+#include "calculs/reelDeTexte.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr wchar_t espaceInsecable = 0x00A0;
+constexpr wchar_t espaceFine = 0x202F;
+
+std::wstring sansBords(std::wstring_view texte)
+{
+    constexpr std::wstring_view bords = L" \t\r\u00A0\u202F";
+    const std::size_t debut = texte.find_first_not_of(bords);
+    if (debut == std::wstring_view::npos)
+        return {};
+    return std::wstring(texte.substr(debut, texte.find_last_not_of(bords) + 1 - debut));
+}
+
+/// "1 234,50" as "1234.50": how spreadsheets show numbers in French.
+std::wstring nombreSaisi(std::wstring cellule)
+{
+    std::erase_if(cellule, [](wchar_t c) { return c == L' ' || c == espaceInsecable || c == espaceFine; });
+    if (std::count(cellule.begin(), cellule.end(), L',') == 1 && cellule.find(L'.') == std::wstring::npos)
+        std::replace(cellule.begin(), cellule.end(), L',', L'.');
+    return cellule;
+}
+
+bool estNombre(const std::wstring& cellule)
+{
+    bool entier = false;
+    reelDeTexte(cellule, &entier);
+    return entier;
+}
+
+std::vector<std::wstring> cellulesDe(std::wstring_view ligne)
+{
+    const wchar_t separateur = ligne.find(L'\t') != std::wstring_view::npos ? L'\t' : L';';
+    std::vector<std::wstring> cellules;
+    for (std::size_t debut = 0; debut <= ligne.size();) {
+        const std::size_t fin = std::min(ligne.find(separateur, debut), ligne.size());
+        cellules.push_back(sansBords(ligne.substr(debut, fin - debut)));
+        debut = fin + 1;
+    }
+    return cellules;
+}
+
+} // namespace
+
+std::vector<ligneObservation> lignesCollees(std::wstring_view texte)
+{
+    std::vector<ligneObservation> lignes;
+    for (std::size_t debut = 0; debut < texte.size();) {
+        const std::size_t fin = std::min(texte.find(L'\n', debut), texte.size());
+        std::vector<std::wstring> cellules = cellulesDe(texte.substr(debut, fin - debut));
+        debut = fin + 1;
+        cellules.resize(std::max<std::size_t>(cellules.size(), 4));
+        const std::wstring angle = nombreSaisi(cellules[1]), distance = nombreSaisi(cellules[2]);
+        if (!estNombre(angle) || !estNombre(distance))
+            continue;
+        const std::wstring altitude = nombreSaisi(cellules[3]);
+        lignes.push_back({cellules[0], angle, distance, altitude.empty() ? L"0" : altitude});
+    }
+    return lignes;
+}
+
+std::wstring texteDesLignes(const std::vector<ligneObservation>& lignes)
+{
+    std::wstring texte;
+    for (const ligneObservation& l : lignes)
+        texte += l.station + L'\t' + l.angle + L'\t' + l.distance + L'\t' + l.altitude + L'\n';
+    return texte;
+}

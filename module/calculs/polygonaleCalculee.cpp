@@ -1,0 +1,71 @@
+#include "calculs/polygonaleCalculee.h"
+
+#include "calculs/avertissementsPolygonale.h"
+#include "calculs/grandeur.h"
+#include "calculs/rapportPolygonale.h"
+#include "calculs/rapportPolygonaleFermee.h"
+#include "calculs/rapportPolygonaleOuverte.h"
+#include "calculs/uniteAngulaire.h"
+#include "reports/nombreFixe.h"
+
+#include <cmath>
+
+namespace {
+
+template <class Donnees>
+polygonaleCalculee calculer(const Donnees& donnees, htmlDocument* rapport)
+{
+    const auto resultat = compenserPolygonale(donnees);
+    polygonaleCalculee p{resultat, tracePolygonaleOriginelle(resultat), tracePolygonaleCompensee(resultat),
+                         avertissementsObservations(donnees.lignes)};
+    for (std::wstring& phrase : avertissementsPolygonale(resultat))
+        p.avertissements.push_back(std::move(phrase));
+    if (rapport) {
+        rapportPolygonale::ajouterEnTetes(*rapport);
+        rapporterPolygonale(resultat, *rapport);
+    }
+    return p;
+}
+
+std::wstring texteNombre(double valeur, int decimales)
+{
+    if (valeur == inconnu)
+        return L"inconnue";
+    if (!std::isfinite(valeur))
+        return L"non définie";
+    const std::string texte = nombreFixe(valeur, decimales);
+    return {texte.begin(), texte.end()};
+}
+
+} // namespace
+
+polygonaleCalculee calculerPolygonale(const donneesPolygonaleFermee& donnees, htmlDocument* rapport)
+{
+    return calculer(donnees, rapport);
+}
+
+polygonaleCalculee calculerPolygonale(const donneesPolygonaleOuverte& donnees, htmlDocument* rapport)
+{
+    return calculer(donnees, rapport);
+}
+
+std::wstring texteFermetureRelative(double fermetureRelative)
+{
+    if (std::isnan(fermetureRelative) || fermetureRelative == inconnu)
+        return L"non définie";
+    if (std::isinf(fermetureRelative))
+        return L"nulle";
+    const std::string chiffres = nombreFixe(fermetureRelative, 0);
+    std::wstring texte(chiffres.begin(), chiffres.end());
+    for (std::size_t place = texte.size(); place > 3; place -= 3)
+        texte.insert(place - 3, L" ");
+    return L"1/" + texte;
+}
+
+std::wstring resumePolygonale(const cheminement& c)
+{
+    return L"Erreur angulaire : " + texteNombre(c.erreurAngulaire, 5) + L" " + symboleUniteAngulaire(c.unite) +
+           L" ; fermeture : " + texteNombre(c.fermeturePlanimetrique, 4) + L" pour " + texteNombre(c.longueur, 3) +
+           L" (" + texteFermetureRelative(c.fermetureRelative) + L") ; en altitude : " +
+           texteNombre(c.nivellement.fermeture, 4);
+}

@@ -1,0 +1,15 @@
+#include "frame/dossierModule.h"
+
+#include <dlfcn.h>
+#include <filesystem>
+
+std::string dossierModule()
+{
+    static const char lieu = 0; // of this module, wherever it was loaded from
+    Dl_info fichier{};
+    if (dladdr(&lieu, &fichier) == 0 || !fichier.dli_fname)
+        return {};
+    std::error_code introuvable;
+    const auto chemin = std::filesystem::absolute(fichier.dli_fname, introuvable);
+    return introuvable ? std::string() : chemin.parent_path().string();
+}

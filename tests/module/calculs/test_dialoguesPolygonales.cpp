@@ -1,0 +1,322 @@
+// The traverse dialogs and the bearing calculator, off-screen: captions, buttons, messages and silences.
+
+#include "calculs/CCalcGisementDlg.h"
+#include "calculs/corrPolygoDLG.h"
+#include "calculs/corrPolygoOuverteDLG.h"
+#include "calculs/CParamMisePlaceResultCalcs.h"
+#include "calculs/listeObservations.h"
+
+#include "ui/application/VelaApplication.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+namespace {
+
+class DialoguesPolygonales : public testing::Test {
+protected:
+    using tache = std::function<void(QWidget& devant)>;
+
+    /// Does the tasks one after the other, each with the modal dialog that is then in front.
+    void ensuite(std::initializer_list<tache> taches)
+    {
+        m_taches.assign(taches);
+        attendre();
+    }
+    void TearDown() override { EXPECT_TRUE(m_taches.empty()) << "dialogs that never came"; }
+
+    static void presser(const QWidget& dialogue, const QString& libelle)
+    {
+        for (QAbstractButton* const bouton : dialogue.findChildren<QAbstractButton*>())
+            if (bouton->text().remove(u'&') == libelle)
+                return bouton->click();
+        FAIL() << "no button " << libelle.toStdString();
+    }
+    static void ecrire(const QWidget& dialogue, const char* champ, const QString& texte)
+    {
+        auto* const widget = dialogue.findChild<QLineEdit*>(champ);
+        ASSERT_NE(widget, nullptr) << champ;
+        widget->setText(texte);
+    }
+    static QString lu(const QWidget& dialogue, const char* champ)
+    {
+        const auto* const widget = dialogue.findChild<QLineEdit*>(champ);
+        return widget ? widget->text() : QStringLiteral("?");
+    }
+    static listeObservations& liste(const QWidget& dialogue) { return *dialogue.findChild<listeObservations*>(); }
+    static QString bilan(const QWidget& dialogue) { return dialogue.findChild<QLabel*>("bilan")->text(); }
+
+    /// A task that presses the file dialog's button on that name.
+    static tache repondreFichier(const QString& nom, int filtre = 0)
+    {
+        return [nom, filtre](QWidget& devant) {
+            auto* const dialogue = qobject_cast<QFileDialog*>(&devant);
+            ASSERT_NE(dialogue, nullptr);
+            EXPECT_EQ(dialogue->nameFilters().size(), 4);
+            dialogue->selectNameFilter(dialogue->nameFilters()[filtre]);
+            emit dialogue->filterSelected(dialogue->selectedNameFilter());
+            dialogue->findChild<QLineEdit*>("fileNameEdit")->setText(nom);
+            static_cast<QDialog*>(dialogue)->accept();
+        };
+    }
+    static tache presserDevant(const QString& libelle)
+    {
+        return [libelle](QWidget& devant) { presser(devant, libelle); };
+    }
+
+    std::unique_ptr<VelaApplication> application = VelaApplication::make(VelaApplication::Screen::none);
+    QTemporaryDir dossier;
+
+private:
+    /// One shot a task: a task that opens a dialog runs on while the next ones come.
+    void attendre()
+    {
+        QTimer::singleShot(0, qApp, [this] {
+            QWidget* const devant = QApplication::activeModalWidget();
+            if (!devant)
+                return attendre();
+            const tache suivante = m_taches.front();
+            m_taches.pop_front();
+            if (!m_taches.empty())
+                attendre();
+            suivante(*devant);
+        });
+    }
+
+    std::deque<tache> m_taches;
+};
+
+/// All that a user reads in a dialog, in the order of tabs where there is one.
+QStringList textes(const QWidget& dialogue)
+{
+    QStringList trouves{dialogue.windowTitle()};
+    for (const QWidget* const w : dialogue.findChildren<QWidget*>()) {
+        if (const auto* const bouton = qobject_cast<const QAbstractButton*>(w))
+            trouves << bouton->text();
+        if (const auto* const etiquette = qobject_cast<const QLabel*>(w))
+            trouves << etiquette->text();
+        if (const auto* const groupe = qobject_cast<const QGroupBox*>(w))
+            trouves << groupe->title();
+    }
+    if (const auto* const liste = dialogue.findChild<listeObservations*>())
+        for (int c = 0; c < liste->columnCount(); ++c)
+            trouves << liste->horizontalHeaderItem(c)->text();
+    trouves.removeAll(QString());
+    return trouves;
+}
+
+void contient(const QStringList& presents, const QStringList& attendus)
+{
+    for (const QString& attendu : attendus)
+        EXPECT_TRUE(presents.contains(attendu))
+            << attendu.toStdString() << " among " << presents.join(" | ").toStdString();
+}
+
+const char* const exemple = VELA_SOURCE_DIR "/examples/polygonale-fermee-grades.obs";
+
+} // namespace
+
+TEST_F(DialoguesPolygonales, CaptionsToTheLetter)
+{
+    const QStringList communs{"Station",   "Angle",  "Distance",    "Altitude",   "St Observée", "Ajouter",
+                              "Enlever !", "Angles", "Nivellement", "Calculer !", "Placer !!!",  "Sauvegarder",
+                              "Charger",   "Fermer", "Numéro",      "X",          "Y",           "Z"};
+    contient(textes(corrPolygoDLG()), communs + QStringList{"Correction de polygonale fermée", "Nord"});
+    contient(textes(corrPolygoOuverteDLG()),
+             communs + QStringList{"Correction Polygonale ouverte", "Station de départ", "Station d'arrivée",
+                                   "Gisement", "Cal", "Dernier Angle:"});
+    contient(textes(CParamMisePlaceResultCalcs()),
+             {"Params mise en place", "Code des stations", "Ne pas placer les altitudes",
+              "Dessiner la polygonale originelle", "Dessiner la polygonale compensée"});
+    contient(textes(CCalcGisementDlg(0, {})), {"Calcul de gisement", "Station", "Direction", "Nom", "X", "Y",
+                                               "Prélever du dessin", "Gisement calculé:", "grades"});
+}
+
+TEST_F(DialoguesPolygonales, RowsAreAddedAndTakenAway)
+{
+    corrPolygoDLG dialogue;
+    for (const char* nom : {"S1", "S2", "S3"}) {
+        ecrire(dialogue, "editStation", nom);
+        ecrire(dialogue, "editAngle", "294.8914");
+        ecrire(dialogue, "editDistance", "abc");
+        ecrire(dialogue, "editAltitude", "-.5 m");
+        presser(dialogue, "Ajouter");
+    }
+    const ligneObservation attendue{L"S1", L"294.89140", L"0.00000", L"-0.50000"};
+    ASSERT_EQ(liste(dialogue).lignes().size(), 3u);
+    EXPECT_EQ(liste(dialogue).lignes()[0], attendue);
+    const auto noms = [&] {
+        std::wstring tous;
+        for (const ligneObservation& l : liste(dialogue).lignes())
+            tous += l.station + L" ";
+        return tous;
+    };
+    liste(dialogue).selectRow(1);
+    presser(dialogue, "Enlever !");
+    EXPECT_EQ(noms(), L"S1 S3 ") << "the selected row";
+    presser(dialogue, "Enlever !");
+    EXPECT_EQ(noms(), L"S1 ") << "without selection the last one";
+    presser(dialogue, "Enlever !");
+    presser(dialogue, "Enlever !");
+    EXPECT_EQ(noms(), L"") << "an empty list stays as it is";
+}
+
+TEST_F(DialoguesPolygonales, RowsArePastedFromASpreadsheet)
+{
+    corrPolygoDLG dialogue;
+    dialogue.afficher({{}, 0, 0, {{L"A", L"1", L"2", L"3"}, {L"B", L"4", L"5", L"6"}}});
+    QGuiApplication::clipboard()->setText("Station\tAngle\tDistance\tdZ\nX1\t10,5\t20,25\t0,1\nX2\t11\t21\t\n");
+    liste(dialogue).selectRow(0);
+    liste(dialogue).coller();
+    const auto lignes = liste(dialogue).lignes();
+    ASSERT_EQ(lignes.size(), 4u);
+    EXPECT_EQ(lignes[1], (ligneObservation{L"X1", L"10.5", L"20.25", L"0.1"})) << "after the selected row";
+    EXPECT_EQ(lignes[3].station, L"B");
+    liste(dialogue).selectRow(3);
+    liste(dialogue).copier();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "B\t4\t5\t6\n");
+}
+
+TEST_F(DialoguesPolygonales, ClosedFileGoesThroughTheDialogUnchanged)
+{
+    corrPolygoDLG dialogue;
+    const QString copie = dossier.filePath("Copie.obs");
+    ensuite({presserDevant("Charger"), repondreFichier(exemple), presserDevant("Sauvegarder"), repondreFichier(copie),
+             presserDevant("Fermer")});
+    dialogue.exec();
+    EXPECT_EQ(lu(dialogue, "editNumero"), "A");
+    EXPECT_EQ(lu(dialogue, "editY"), "-1814.522");
+    EXPECT_EQ(lu(dialogue, "editNord"), "174.696");
+    const auto octets = [](const QString& nom) {
+        std::ifstream fichier(nom.toStdString(), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(fichier), {});
+    };
+    EXPECT_EQ(octets(dossier.filePath("copie.obs")), octets(exemple)) << "saved in lower case, byte for byte";
+    EXPECT_FALSE(QFile::exists(copie));
+}
+
+TEST_F(DialoguesPolygonales, SavingAsksBeforeReplacingUnderAnotherName)
+{
+    corrPolygoDLG dialogue;
+    dialogue.afficher({{L"A", 1, 2, 3, 4}, 0, 0, {{L"", L"1", L"2", L"3"}}});
+    ASSERT_TRUE(QFile(dossier.filePath("plan.")).open(QIODevice::WriteOnly));
+    ensuite({presserDevant("Sauvegarder"), repondreFichier(dossier.filePath("PLAN"), 2),
+             [](QWidget& devant) {
+                 EXPECT_TRUE(dynamic_cast<QMessageBox&>(devant).text().contains("existe déjà"));
+                 presser(devant, "Non");
+             },
+             presserDevant("Sauvegarder"), repondreFichier(dossier.filePath("autre"), 3), presserDevant("Fermer")});
+    dialogue.exec();
+    EXPECT_EQ(QFileInfo(dossier.filePath("plan.")).size(), 0);
+    EXPECT_TRUE(QFile::exists(dossier.filePath("autre.txt")));
+    EXPECT_TRUE(bilan(dialogue).startsWith("Ligne 1 : une cellule est vide")) << bilan(dialogue).toStdString();
+}
+
+TEST_F(DialoguesPolygonales, OpenFileGoesThroughTheDialog)
+{
+    corrPolygoOuverteDLG dialogue;
+    ensuite({presserDevant("Charger"), repondreFichier(VELA_SOURCE_DIR "/examples/polygonale-ouverte-degres.obs"),
+             presserDevant("Fermer")});
+    dialogue.exec();
+    EXPECT_EQ(lu(dialogue, "editNumeroDepart"), "5001");
+    EXPECT_EQ(lu(dialogue, "editGisementArrivee"), "360");
+    EXPECT_EQ(lu(dialogue, "editDernierAngle"), "359.619444444");
+    EXPECT_EQ(dialogue.findChild<QComboBox*>("comboAngles")->currentText(), "Degrés");
+    EXPECT_EQ(dialogue.donnees().lignes.size(), 4u);
+    EXPECT_EQ(dialogue.donnees().depart.x, 89562.497);
+}
+
+TEST_F(DialoguesPolygonales, CancelledFileDialogsChangeNothing)
+{
+    corrPolygoDLG dialogue;
+    const donneesPolygonaleFermee avant{{L"A", 1, 2, 3, 4}, 1, 2, {{L"B", L"1", L"2", L"3"}}};
+    dialogue.afficher(avant);
+    const tache annuler = [](QWidget& devant) { static_cast<QDialog&>(devant).reject(); };
+    ensuite({presserDevant("Charger"), annuler, presserDevant("Sauvegarder"), annuler, presserDevant("Fermer")});
+    dialogue.exec();
+    EXPECT_EQ(dialogue.donnees(), avant);
+}
+
+TEST_F(DialoguesPolygonales, TooFewRows)
+{
+    corrPolygoDLG fermee;
+    corrPolygoOuverteDLG ouverte;
+    for (QDialog* const dialogue : {static_cast<QDialog*>(&fermee), static_cast<QDialog*>(&ouverte)}) {
+        ensuite({presserDevant("Placer !!!"), // silent
+                 presserDevant("Calculer !"),
+                 [](QWidget& devant) {
+                     const auto& boite = dynamic_cast<QMessageBox&>(devant);
+                     EXPECT_EQ(boite.text(), "Erreur , données insuffisantes ");
+                     EXPECT_EQ(boite.windowTitle(), "Calculs Topo");
+                     EXPECT_EQ(boite.icon(), QMessageBox::Warning);
+                     presser(devant, "OK");
+                 },
+                 presserDevant("Fermer")});
+        dialogue->exec();
+    }
+}
+
+TEST_F(DialoguesPolygonales, PlacementParameters)
+{
+    struct ligne {
+        const char* code;
+        int attendu;
+    };
+    for (const ligne& l : {ligne{"100", 100}, ligne{"12", 12}, ligne{"0", 100}, ligne{"9999", 9999},
+                           ligne{"10000", 100}, ligne{"-3", 100}, ligne{"abc", 100}, ligne{"1e20", 100}}) {
+        CParamMisePlaceResultCalcs parametres;
+        EXPECT_EQ(lu(parametres, "editCode"), "100");
+        ecrire(parametres, "editCode", l.code);
+        EXPECT_EQ(parametres.placement().code, l.attendu) << l.code;
+    }
+    CParamMisePlaceResultCalcs parametres;
+    EXPECT_FALSE(parametres.placement().altitudes);
+    presser(parametres, "Ne pas placer les altitudes");
+    EXPECT_TRUE(parametres.placement().altitudes);
+    presser(parametres, "Placer les altitudes");
+    EXPECT_FALSE(parametres.placement().altitudes);
+    EXPECT_FALSE(parametres.dessinerOriginelle() || parametres.dessinerCompensee());
+    presser(parametres, "Dessiner la polygonale compensée");
+    EXPECT_TRUE(parametres.dessinerCompensee());
+}
+
+TEST_F(DialoguesPolygonales, BearingCalculatorFillsTheField)
+{
+    corrPolygoOuverteDLG dialogue;
+    dialogue.findChild<QComboBox*>("comboAngles")->setCurrentIndex(1);
+    ecrire(dialogue, "editNumeroArrivee", "C");
+    ecrire(dialogue, "editXArrivee", "300");
+    ecrire(dialogue, "editYArrivee", "400");
+    ensuite({[](QWidget& devant) { devant.findChild<QPushButton*>("boutonCalArrivee")->click(); },
+             [](QWidget& devant) {
+                 EXPECT_EQ(lu(devant, "editNomDirection"), "C") << "preset with the station";
+                 EXPECT_EQ(lu(devant, "editXDirection"), "300");
+                 EXPECT_EQ(devant.findChild<QLabel*>("labelUnite")->text(), "degres");
+                 EXPECT_EQ(lu(devant, "editGisement"), "36.8699");
+                 ecrire(devant, "editYStation", "400"); // due east
+                 EXPECT_EQ(lu(devant, "editGisement"), "90.0000");
+                 presser(devant, "OK");
+             },
+             [](QWidget& devant) { devant.findChild<QPushButton*>("boutonCalDepart")->click(); },
+             presserDevant("Annuler"), presserDevant("Fermer")});
+    dialogue.exec();
+    EXPECT_EQ(lu(dialogue, "editGisementArrivee"), "90");
+    EXPECT_EQ(lu(dialogue, "editGisementDepart"), "0") << "cancelled";
+
+    EXPECT_EQ(CCalcGisementDlg(5, {}).findChild<QLabel*>("labelUnite")->text(), "Grades") << "an unlisted unit";
+}

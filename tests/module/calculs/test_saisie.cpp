@@ -1,0 +1,101 @@
+// What the dialogs lean on: bearings between two points, pasted rows, the summary of a traverse.
+
+#include "calculs/gisement.h"
+#include "calculs/grandeur.h"
+#include "calculs/lignesCollees.h"
+#include "calculs/polygonaleCalculee.h"
+#include "calculs/uniteAngulaire.h"
+#include "reports/htmlDocument.h"
+#include "reports/nombreFixe.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <numbers>
+
+namespace {
+
+TEST(Gisement, Directions)
+{
+    struct ligne {
+        const char* nom;
+        double x, y; // of the direction, from (1000, 2000)
+        int unite;
+        double attendu;
+    };
+    const ligne lignes[] = {
+        {"north", 1000, 2010, uniteGrades, 0},
+        {"east", 1010, 2000, uniteGrades, 100},
+        {"east, degrees", 1010, 2000, uniteDegres, 90},
+        {"east, radians", 1010, 2000, uniteRadians, std::numbers::pi / 2},
+        {"south", 1000, 1990, uniteGrades, 200},
+        {"west", 990, 2000, uniteGrades, 300},
+        {"west, degrees", 990, 2000, uniteDegres, 270},
+        {"north-west", 990, 2010, uniteGrades, 350},
+        {"3-4-5: acos(4/5)", 1003, 2004, uniteDegres, 36.86989764584402},
+        {"the same place", 1000, 2000, uniteGrades, 100},
+        {"an unlisted unit is grades", 990, 2000, 7, 300},
+        {"unknown", inconnu, 2000, uniteGrades, inconnu},
+    };
+    for (const ligne& l : lignes)
+        EXPECT_NEAR(gisement(1000, 2000, l.x, l.y, l.unite), l.attendu, 1e-12) << l.nom;
+    // π/2 less a hair more than π/2 is negative, and a turn more is the turn itself.
+    EXPECT_EQ(nombreFixe(gisement(0, 0, -1e-17, 1, uniteGrades), 4), "0.0000");
+    EXPECT_EQ(nombreFixe(gisement(0, 0, -3e-16, 1, uniteGrades), 4), "400.0000");
+}
+
+TEST(LignesCollees, FromASpreadsheet)
+{
+    struct ligne {
+        const char* nom;
+        const wchar_t* texte;
+        std::vector<ligneObservation> attendues;
+    };
+    const ligne lignes[] = {
+        {"tabs",
+         L"S1\t294.8914\t217.63\t0.5\r\nS2\t378.1\t169.69\t-0.2\r\n",
+         {{L"S1", L"294.8914", L"217.63", L"0.5"}, {L"S2", L"378.1", L"169.69", L"-0.2"}}},
+        {"French numbers", L"S1\t294,8914\t1\u202F217,63\t0,5", {{L"S1", L"294.8914", L"1217.63", L"0.5"}}},
+        {"semicolons", L"S 1 ; 294,8914; 217.63 ;;suite", {{L"S 1", L"294.8914", L"217.63", L"0"}}},
+        {"three columns", L"S1\t100\t10", {{L"S1", L"100", L"10", L"0"}}},
+        {"headings and empty lines go",
+         L"Station\tAngle\tDistance\n\nS1\t100\t10\t1\n\n",
+         {{L"S1", L"100", L"10", L"1"}}},
+        {"nothing to paste", L"bonjour", {}},
+        {"no name", L"\t100\t10\t1", {{L"", L"100", L"10", L"1"}}},
+        {"two commas are no number", L"S1\t1,234,5\t10\t1", {}},
+    };
+    for (const ligne& l : lignes)
+        EXPECT_EQ(lignesCollees(l.texte), l.attendues) << l.nom;
+    const std::vector<ligneObservation> copiees = {{L"S1", L"100.5", L"10", L"1"}, {L"S2", L"1", L"2", L"3"}};
+    EXPECT_EQ(lignesCollees(texteDesLignes(copiees)), copiees);
+}
+
+TEST(PolygonaleCalculee, SummaryAndHeadLines)
+{
+    donneesPolygonaleFermee d;
+    d.depart = {L"A", 0, 0, 0, 0};
+    d.lignes = {{L"B", L"300.01", L"100", L"0.01"},
+                {L"C", L"300", L"50", L"0"},
+                {L"D", L"300", L"100", L"0"},
+                {L"A", L"300", L"50.1", L"0"}};
+    htmlDocument rapport;
+    const polygonaleCalculee p = calculerPolygonale(d, &rapport);
+    EXPECT_EQ(resumePolygonale(p.resultat).substr(0, 41), L"Erreur angulaire : -0.01000 gr ; fermetur");
+    EXPECT_EQ(p.originelle.sommets.size(), 5u);
+    EXPECT_EQ(p.compensee.sommets.size(), 5u);
+    EXPECT_TRUE(p.avertissements.empty());
+    EXPECT_EQ(rapport.text().find("<html>\n<head>\n<meta http-equiv=\"Content-Type\" content=\"text/html; "
+                                  "charset=windows-1252\">\n<title>"),
+              0u);
+    d.lignes[0].distance = L"12,5";
+    EXPECT_EQ(calculerPolygonale(d).avertissements.size(), 1u);
+
+    EXPECT_EQ(texteFermetureRelative(11374.6), L"1/11 375");
+    EXPECT_EQ(texteFermetureRelative(1234567.0), L"1/1 234 567");
+    EXPECT_EQ(texteFermetureRelative(999.0), L"1/999");
+    EXPECT_EQ(texteFermetureRelative(std::numeric_limits<double>::infinity()), L"nulle");
+    EXPECT_EQ(texteFermetureRelative(std::numeric_limits<double>::quiet_NaN()), L"non définie");
+}
+
+} // namespace
