@@ -137,7 +137,7 @@ bool ScriptRunner::skipToInput(const InputRequest& request)
         const QString& next = m_reader.peek();
         if (m_reader.atLineStart() && isCheck(next))
             check(m_reader.takeLine().mid(1), nullptr);
-        else if (command && next.trimmed().isEmpty())
+        else if (command && (next.trimmed().isEmpty() || next.startsWith(u';')))
             m_reader.takeLine(); // between commands Enter would repeat the last one
         else
             return true;

@@ -56,7 +56,7 @@ TEST_F(CommandLineTest, GivesInputsAsTheyAreTyped)
         {"Escape", "ESSAI a\n*Cancel*\n", {"a", "annulé"}},
         {"checks between inputs", "ESSAI a\n? (+ 1 2) = 3\nb\n\n", {"a", "b", ""}},
         {"a lone question mark is an input", "ESSAI ?\n?\n\n", {"?", "?", ""}},
-        {"comments and empty lines between commands", "\n; rien\n\nESSAI\n\n\n\n", {""}},
+        {"comments and empty lines between commands", "\n; rien\n(+ 1 2) ; trois\n\nESSAI\n\n\n\n", {""}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
