@@ -98,6 +98,7 @@ TEST_F(Session, functionsCalledCAreCommands)
 
 TEST_F(Session, typesAtTheCommandLineWhenThereIsOne)
 {
+    LispHooks::instance().command = nullptr;
     EXPECT_EQ(value("(command \"LIGNE\")"), "COMMAND : la ligne de commande n'est pas disponible ici");
     std::wstring typed;
     LispHooks::instance().command = [&typed](const resbuf* inputs) {
