@@ -1,10 +1,10 @@
 #include <cmath>
-#include <numbers>
 
 #include "commands/ArcGeometry.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
+#include "db/entities/PathSegment.h"
 #include "dbents.h"
 
 namespace {
@@ -19,7 +19,7 @@ void draw(const std::optional<PlaneArc>& arc, double elevation)
     if (!arc)
         return say(L"Il n'y a pas d'arc ainsi.");
     addToDrawing(std::make_unique<AcDbArc>(AcGePoint3d(arc->center.x, arc->center.y, elevation), arc->radius,
-                                           arc->start, arc->end));
+                                           inOneTurn(arc->start), inOneTurn(arc->end)));
 }
 
 /// Centre and start are known: the end by a direction, by an angle or by a chord.
@@ -35,7 +35,7 @@ std::optional<PlaneArc> arcAbout(const AcGePoint3d& center, const AcGePoint3d& s
     if (!(spoke.length() > 0.0))
         return std::nullopt;
     if (end.is(L"Angle")) {
-        const double turned = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().from(center).angle().value;
+        const double turned = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value;
         return turned > 0.0 ? PlaneArc{plane(center), spoke.length(), from, from + turned}
                             : PlaneArc{plane(center), spoke.length(), from + turned, from};
     }
@@ -59,13 +59,13 @@ std::optional<PlaneArc> arcBetween(const AcGePoint3d& start, const AcGePoint3d& 
                          .point();
     std::optional<double> bulge;
     if (how.is(L"Angle"))
-        bulge = bulgeByAngle(*Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().angle().value);
+        bulge = bulgeByAngle(*Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value);
     else if (how.is(L"Direction"))
         bulge = bulgeByTangent(from,
                                *Prompt(L"Spécifiez la direction de la tangente au point de départ de l'arc : ")
                                     .required()
                                     .from(start)
-                                    .angle()
+                                    .direction()
                                     .value,
                                to);
     else if (how.is(L"Radius"))

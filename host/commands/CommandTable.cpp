@@ -14,8 +14,7 @@ void cancellable()
 {
     try {
         Handler();
-    } catch (const CommandCancelled&) {
-        say(L"*Annulé*");
+    } catch (const CommandCancelled&) { // told where it was asked
     }
 }
 

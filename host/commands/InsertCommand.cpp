@@ -213,10 +213,11 @@ void commands::insert()
     const AcGePoint3d position = askPoint(L"Spécifiez le point d'insertion : ");
     auto reference = std::make_unique<AcDbBlockReference>(position, block);
     reference->setScaleFactors(askScales());
-    reference->setRotation(Prompt(L"Spécifiez l'angle de rotation <" + angleText(0.0) + L"> : ")
-                               .from(position)
-                               .angle()
-                               .value.value_or(0.0));
+    reference->setRotation(
+        Prompt(L"Spécifiez l'angle de rotation <" + directionText(variable<double>(L"ANGBASE")) + L"> : ")
+            .from(position)
+            .direction()
+            .value.value_or(variable<double>(L"ANGBASE")));
     const auto values = askAttributes(block);
     place(std::move(reference), values);
 }

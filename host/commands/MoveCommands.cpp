@@ -9,7 +9,7 @@ namespace {
 /// The shift that two points, or one of them alone, tell.
 AcGeVector3d askShift(const wchar_t* keywordPrompt)
 {
-    const auto base = Prompt(keywordPrompt).keywords(L"dÉplacement _ Displacement").point();
+    const auto base = Prompt(keywordPrompt).keywords(L"Déplacement _ Displacement").point();
     if (!base.value)
         return askPoint(L"Spécifiez le déplacement : ").asVector();
     const auto second = Prompt(L"Spécifiez le deuxième point ou <utiliser le premier point comme déplacement> : ")
@@ -47,15 +47,15 @@ private:
 void commands::move()
 {
     const auto objects = askEditable();
-    const AcGeVector3d shift = askShift(L"Spécifiez le point de base ou [dÉplacement] <déplacement> : ");
+    const AcGeVector3d shift = askShift(L"Spécifiez le point de base ou [Déplacement] <déplacement> : ");
     transformObjects(objects, AcGeMatrix3d::translation(shift));
 }
 
 void commands::copy()
 {
     CopyRun run(askObjects());
-    const auto base = Prompt(L"Spécifiez le point de base ou [dÉplacement] <déplacement> : ")
-                          .keywords(L"dÉplacement _ Displacement")
+    const auto base = Prompt(L"Spécifiez le point de base ou [Déplacement] <déplacement> : ")
+                          .keywords(L"Déplacement _ Displacement")
                           .point();
     if (!base.value)
         return run.add(askPoint(L"Spécifiez le déplacement : ").asVector());

@@ -18,18 +18,23 @@ std::wstring decimals(double value, int count)
     return acutRToS(shown, 2, count, text.data(), text.size()) == RTNORM ? std::wstring(text.data()) : L"?";
 }
 
+constexpr short kGrads = 2, kRadians = 3;
+
 /// In the unit of the drawing: degrees, grads or radians.
 std::wstring inUnit(double radians)
 {
-    constexpr short grads = 2, plainRadians = 3;
     const short unit = variable<short>(L"AUNITS");
-    const int places = variable<short>(L"AUPREC");
-    if (unit == plainRadians)
-        return decimals(radians, places) + L"r";
-    return decimals(radians / kTurn * (unit == grads ? 400.0 : 360.0), places) + (unit == grads ? L"g" : L"");
+    const wchar_t* const mark = unit == kGrads ? L"g" : unit == kRadians ? L"r" : L"";
+    return decimals(radians / angleUnit(), variable<short>(L"AUPREC")) + mark;
 }
 
 } // namespace
+
+double angleUnit()
+{
+    const short unit = variable<short>(L"AUNITS");
+    return unit == kRadians ? 1.0 : kTurn / (unit == kGrads ? 400.0 : 360.0);
+}
 
 std::wstring lengthText(double length)
 {

@@ -11,6 +11,8 @@ std::wstring lengthText(double length);
 std::wstring directionText(double angle);
 /// An angle between two directions, radians.
 std::wstring angleText(double angle);
+/// The unit that AUNITS tells, in radians.
+double angleUnit();
 /// "X = 1.0000  Y = 2.0000  Z = 0.0000".
 std::wstring pointText(const AcGePoint3d& point);
 /// "3 objets" or "1 objet": a number with its noun, which takes an s.

@@ -152,7 +152,7 @@ Segment arcAbout(PolylineRun& run, const std::optional<double>& turned)
                              .from(run.inSpace())
                              .point();
         if (end.is(L"Angle"))
-            angle = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().angle().value;
+            angle = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value;
         else if (end.is(L"Length"))
             angle = angleOfChord(*Prompt(L"Spécifiez la longueur de la corde : ").required().nonZero().distance().value,
                                  spoke.length());
@@ -168,7 +168,7 @@ Segment arcAbout(PolylineRun& run, const std::optional<double>& turned)
 
 Segment arcByAngle(PolylineRun& run)
 {
-    const double turned = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().angle().value;
+    const double turned = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value;
     const auto end = Prompt(L"Spécifiez l'extrémité de l'arc ou [CEntre] : ")
                          .required()
                          .keywords(L"CEntre _ CEnter")
@@ -184,7 +184,7 @@ Segment arcByDirection(PolylineRun& run)
     const double tangent = *Prompt(L"Spécifiez la direction de la tangente au point de départ de l'arc : ")
                                 .required()
                                 .from(run.inSpace())
-                                .angle()
+                                .direction()
                                 .value;
     const AcGePoint2d end = ask(run, L"Spécifiez l'extrémité de l'arc : ");
     return segmentTo(end, bulgeByTangent(run.last(), tangent, end));

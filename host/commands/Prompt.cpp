@@ -2,6 +2,7 @@
 
 #include "acedads.h"
 #include "acutmem.h"
+#include "commands/NumberTexts.h"
 #include "commands/PointArray.h"
 #include "rx/Console.h"
 
@@ -79,6 +80,23 @@ Reply<double> Prompt::angle()
     prepare();
     const int status = acedGetAngle(addressOf(base), m_prompt.c_str(), &given);
     return replyOf(status, given);
+}
+
+Reply<double> Prompt::direction()
+{
+    const std::optional<PointArray> base = m_base ? std::optional<PointArray>(*m_base) : std::nullopt;
+    double given = 0.0;
+    prepare();
+    const int status = acedGetOrient(addressOf(base), m_prompt.c_str(), &given);
+    return replyOf(status, given);
+}
+
+Reply<double> Prompt::turn()
+{
+    Reply<double> given = real();
+    if (given.value)
+        given.value = *given.value * angleUnit();
+    return given;
 }
 
 Reply<double> Prompt::real()

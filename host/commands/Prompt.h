@@ -44,7 +44,12 @@ public:
     Reply<AcGePoint3d> point();
     Reply<AcGePoint3d> corner();
     Reply<double> distance();
+    /// From ANGBASE, in [0, 2π).
     Reply<double> angle();
+    /// Of the drawing, from the east, whatever ANGBASE.
+    Reply<double> direction();
+    /// An angle turned, with its sign and of any size: typed in the unit of AUNITS.
+    Reply<double> turn();
     Reply<double> real();
     Reply<int> integer();
     /// A keyword; empty for Enter alone.

@@ -115,10 +115,11 @@ void askRotation(TextRun& run)
 {
     const AcGeVector3d between = run.end - run.point;
     run.rotation = run.isBetween() ? std::atan2(between.y, between.x)
-                                   : Prompt(L"Spécifiez l'angle de rotation du texte <" + angleText(0.0) + L"> : ")
+                                   : Prompt(L"Spécifiez l'angle de rotation du texte <" +
+                                            directionText(variable<double>(L"ANGBASE")) + L"> : ")
                                          .from(run.point)
-                                         .angle()
-                                         .value.value_or(0.0);
+                                         .direction()
+                                         .value.value_or(variable<double>(L"ANGBASE"));
 }
 
 /// Stretches a text to the length between its points: by its height and its width alike, or by its width alone.

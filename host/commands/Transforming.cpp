@@ -1,26 +1,61 @@
 #include "commands/Transforming.h"
 
 #include <map>
+#include <set>
 
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
+#include "dbsymtb.h"
 #include "gemat3d.h"
+
+namespace {
+
+using Group = std::vector<AcDbObjectId>;
+
+/// Entities by the block that they stand in.
+std::map<std::int64_t, Group> byBlock(const Group& objects)
+{
+    std::map<std::int64_t, Group> groups;
+    for (const AcDbObjectId id : objects)
+        if (const AcDbObjectPointer<AcDbEntity> entity(id); entity.object())
+            groups[entity->ownerId().asOldId()].push_back(id);
+    return groups;
+}
+
+/// Copies lie on each other as their originals do, in whatever order those were picked.
+AcDbObjectIdArray inDrawingOrder(const Group& group)
+{
+    AcDbObjectIdArray ordered;
+    if (group.size() == 1) {
+        ordered.append(group.front());
+        return ordered;
+    }
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(AcDbObjectPointer<AcDbEntity>(group.front())->ownerId());
+    std::set<std::int64_t> wanted;
+    for (const AcDbObjectId id : group)
+        wanted.insert(id.asOldId());
+    AcDbBlockTableRecordIterator* made = nullptr;
+    if (!block.object() || block->newIterator(made) != Acad::eOk)
+        return ordered;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> each(made);
+    for (; !each->done(); each->step()) {
+        AcDbObjectId id;
+        each->getEntityId(id);
+        if (wanted.contains(id.asOldId()))
+            ordered.append(id);
+    }
+    return ordered;
+}
+
+} // namespace
 
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects)
 {
     AcDbIdMapping mapping;
-    std::map<std::int64_t, std::pair<AcDbObjectId, AcDbObjectIdArray>> byOwner; // all of a block at once
-    for (const AcDbObjectId id : objects) {
-        const AcDbObjectPointer<AcDbEntity> entity(id);
-        if (!entity.object())
-            continue;
-        auto& [owner, ids] = byOwner[entity->ownerId().asOldId()];
-        owner = entity->ownerId();
-        ids.append(id);
-    }
-    for (auto& [key, group] : byOwner)
-        drawing().deepCloneObjects(group.second, group.first, mapping);
+    for (const auto& [key, group] : byBlock(objects))
+        drawing().deepCloneObjects(inDrawingOrder(group), AcDbObjectPointer<AcDbEntity>(group.front())->ownerId(),
+                                   mapping);
     std::vector<AcDbObjectId> copies;
     for (const AcDbObjectId id : objects)
         if (AcDbObjectId copy; mapping.find(id, copy) && !copy.isErased())

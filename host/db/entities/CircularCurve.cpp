@@ -2,6 +2,7 @@
 
 #include "db/entities/ArcExtents.h"
 #include "db/entities/OcsTransform.h"
+#include "db/entities/PathSegment.h"
 #include "db/entities/OnCurve.h"
 #include "dbelipse.h"
 #include "geplane.h"
@@ -17,13 +18,6 @@ namespace {
 
 constexpr double wholeTurn = 6.283185307179586;
 constexpr double angleTolerance = 1e-9;
-
-/// The same direction, in [0, a whole turn).
-double inOneTurn(double angle)
-{
-    const double rest = angle - wholeTurn * std::floor(angle / wholeTurn);
-    return rest < wholeTurn ? rest : 0.0;
-}
 
 } // namespace
 

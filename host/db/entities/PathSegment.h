@@ -4,6 +4,14 @@
 #include <algorithm>
 #include <cmath>
 
+/// The same direction, in [0, a whole turn).
+inline double inOneTurn(double angle)
+{
+    constexpr double wholeTurn = 6.283185307179586;
+    const double rest = angle - wholeTurn * std::floor(angle / wholeTurn);
+    return rest < wholeTurn ? rest : 0.0;
+}
+
 /// One segment of a polyline, in the coordinates of its plane: straight, or a circular arc parallel to the XY plane.
 /// `bulge` is the tangent of a quarter of the angle turned, positive counter-clockwise. The parameter runs from 0 to 1,
 /// evenly along the segment.

@@ -186,7 +186,7 @@ void VertexPath::explode(const AcDbEntity& origin, double thickness, AcDbVoidPtr
             continue;
         }
         const double from = piece.startAngle(), to = from + piece.turn(); // arcs run counter-clockwise
-        add(new AcDbArc(ocsToWorld(piece.center(), m_normal), up, piece.radius(), std::min(from, to),
-                        std::max(from, to)));
+        add(new AcDbArc(ocsToWorld(piece.center(), m_normal), up, piece.radius(), inOneTurn(std::min(from, to)),
+                        inOneTurn(std::max(from, to))));
     }
 }

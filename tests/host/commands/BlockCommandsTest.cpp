@@ -1,0 +1,168 @@
+#include "CommandTest.h"
+#include "platform/CodePage.h"
+
+/// INSERT and EXPLODE, with a block that comes from a file: a circle about its base, and two attributes.
+
+namespace {
+
+const char* const symbolFile = R"(0
+SECTION
+2
+HEADER
+9
+$ACADVER
+1
+AC1015
+9
+$INSBASE
+10
+0.0
+20
+0.0
+30
+0.0
+0
+ENDSEC
+0
+SECTION
+2
+ENTITIES
+0
+CIRCLE
+5
+50
+100
+AcDbEntity
+8
+0
+100
+AcDbCircle
+10
+0.0
+20
+0.0
+30
+0.0
+40
+1.0
+0
+ATTDEF
+5
+51
+100
+AcDbEntity
+8
+0
+100
+AcDbText
+10
+2.0
+20
+0.0
+30
+0.0
+40
+1.0
+1
+P?
+100
+AcDbAttributeDefinition
+3
+Matricule
+2
+MAT
+70
+0
+0
+ATTDEF
+5
+52
+100
+AcDbEntity
+8
+0
+100
+AcDbText
+10
+2.0
+20
+-2.0
+30
+0.0
+40
+1.0
+1
+
+100
+AcDbAttributeDefinition
+3
+
+2
+ALT
+70
+1
+0
+ENDSEC
+0
+EOF
+)";
+
+class BlockCommands : public CommandTest {
+protected:
+    BlockCommands() { write("borne.dxf", symbolFile); }
+    std::wstring path() const { return platform::wideFromUtf8(file("borne").string()); }
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(BlockCommands, insertAFileThenItsBlock)
+{
+    const std::string before = bytes();
+    typed(L"INSERER | " + path() + L" | 10,20 | 2 |  | 90 | 101 | 45.20");
+    EXPECT_EQ(entities(), Texts({"INSERT borne 10,20 e2;2 r90 MAT=101@10,24 ALT=45.20@14,24"}));
+    typed(L"I |  | 0,0 |  |  |  |  | "); // the former block, and what is usual for all else
+    EXPECT_EQ(entities()[1], "INSERT borne 0,0 MAT=P?@2,0 ALT=@2,-2");
+    typed(L"ATTREQ | 0 | I | borne | 5,5 | XYZ | 1 | 2 | 3 | 0 | ATTREQ | 1");
+    EXPECT_EQ(entities()[2], "INSERT borne 5,5 e1;2 MAT=P?@7,5 ALT=@7,1");
+    typed(L"ANNULER | 100");
+    EXPECT_EQ(bytes(), before);
+}
+
+TEST_F(BlockCommands, insertUnderAnotherName)
+{
+    typed(L"I | repere=" + path() + L" | 0,0 |  |  |  |  | ");
+    EXPECT_EQ(entities(), Texts({"INSERT repere 0,0 MAT=P?@2,0 ALT=@2,-2"}));
+}
+
+TEST_F(BlockCommands, whatIsNotThereIsTold)
+{
+    typed(L"I | rien");
+    EXPECT_NE(printed().find(L"Ni bloc ni fichier de ce nom : « rien »."), std::wstring::npos);
+    write("faux.dxf", "ceci n'est pas un dessin");
+    typed(L"I | " + platform::wideFromUtf8(file("faux.dxf").string()));
+    EXPECT_NE(printed().find(L"faux.dxf"), std::wstring::npos);
+    EXPECT_EQ(entities(), Texts());
+    typed(L"I | ? | ");
+    EXPECT_NE(printed().find(L"0 bloc dans le dessin."), std::wstring::npos);
+}
+
+TEST_F(BlockCommands, explodingKeepsTheValues)
+{
+    typed(L"I | " + path() + L" | 10,0 |  |  |  | 101 | 45.20");
+    const std::string before = bytes();
+    typed(L"DECOMPOS | _L | ");
+    EXPECT_EQ(entities(), Texts({"CIRCLE 10,0 r1", "TEXT 101 12,0 h1", "TEXT 45.20 12,-2 h1 invisible"}));
+    typed(L"U");
+    EXPECT_EQ(bytes(), before);
+    typed(L"CO | _L |  | 0,0 | 100,0 | ");
+    EXPECT_EQ(entities()[1], "INSERT borne 110,0 MAT=101@112,0 ALT=45.20@112,-2")
+        << "copies take their attributes along";
+}
+
+TEST_F(BlockCommands, scaledUnevenly)
+{
+    typed(L"I | " + path() + L" | 0,0 | XYZ | 2 | 1 | 1 |  | a | b | X | _L | ");
+    EXPECT_EQ(entities()[0], "ELLIPSE 0,0");
+}
+
+} // namespace
