@@ -42,7 +42,7 @@ const Row rows[] = {
     {"erase all", kTwo, L"E | _ALL | ", {}},
     {"erase in a window", kTwo, L"E | _W | 10,-10 | 30,10 | ", {"LINE 0,0 10,0"}},
     {"erase nothing", kLine, L"E | ", {"LINE 0,0 10,0"}},
-    {"erasing is cancelled", kLine, L"E | _ALL | *", {"LINE 0,0 10,0"}},
+    {"erasing is cancelled", kLine, L"E | _ALL | ESC", {"LINE 0,0 10,0"}},
     {"a locked layer stays", kLocked, L"E | _C | -5,-10 | 30,10 | ", {"CIRCLE 20,0 r5"}, L"verrouillé"},
 
     {"move by two points", kTwo, L"DEPLACER | _ALL |  | 1,1 | 4,5", {"LINE 3,4 13,4", "CIRCLE 23,4 r5"}},

@@ -22,7 +22,7 @@ InputAnswer TypedAnswers::answer(const InputRequest& request)
     if (texts.empty())
         return answer; // Escape
     answer.text = texts.front();
-    answer.kind = answer.text == L"*" ? InputAnswer::Kind::cancel : InputAnswer::Kind::text;
+    answer.kind = answer.text == L"ESC" ? InputAnswer::Kind::cancel : InputAnswer::Kind::text;
     texts.pop_front();
     return answer;
 }

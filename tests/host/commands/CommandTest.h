@@ -11,7 +11,7 @@
 #include "ed/input/EditorInput.h"
 #include "ed/Kernel.h"
 
-/// Answers as a person would type them, in order. "*" is Escape.
+/// Answers as a person would type them, in order. "ESC" is Escape.
 class TypedAnswers : public InputSource {
 public:
     InputAnswer answer(const InputRequest& request) override;

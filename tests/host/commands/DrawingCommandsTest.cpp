@@ -40,9 +40,9 @@ const Row lines[] = {
     {"a segment taken back", L"L | 0,0 | 4,0 | 9,9 | U | 4,3 | ", {"LINE 0,0 4,0", "LINE 4,0 4,3"}},
     {"taken back beyond the first", L"L | 0,0 | 4,0 | U | U | 5,0 | ", {"LINE 0,0 5,0"}, L"déjà annulés"},
     {"closing wants two segments", L"L | 0,0 | 4,0 | C | ", {"LINE 0,0 4,0"}},
-    {"cancelled: what is drawn stays", L"L | 0,0 | 4,0 | 5,5 | *", {"LINE 0,0 4,0", "LINE 4,0 5,5"}},
+    {"cancelled: what is drawn stays", L"L | 0,0 | 4,0 | 5,5 | ESC", {"LINE 0,0 4,0", "LINE 4,0 5,5"}},
     {"goes on from the last point", L"L | 0,0 | 4,0 |  | L |  | 4,4 | ", {"LINE 0,0 4,0", "LINE 4,0 4,4"}},
-    {"cancelled at once", L"L | *", {}},
+    {"cancelled at once", L"L | ESC", {}},
 };
 
 // A quarter turn has the bulge tan(22.5°) = 0.4142, a half turn 1.
