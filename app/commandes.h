@@ -12,3 +12,6 @@ void ajouterCommandeInfo(CLI::App& programme);
 void ajouterCommandeConvertir(CLI::App& programme);
 void ajouterCommandeApercu(CLI::App& programme);
 void ajouterCommandeExecuter(CLI::App& programme);
+
+/// Without a command, the program opens its window, with the drawings it is given.
+void ajouterFenetre(CLI::App& programme);

@@ -41,12 +41,13 @@ int lancerProgramme(int argc, const char* const* argv)
     CLI::App programme("Topographie : polygonales, dessins DXF et tables de points.", "vela");
     parlerFrancais(programme);
     programme.set_version_flag("--version", version, "Affiche la version");
-    programme.require_subcommand(1);
+    programme.require_subcommand(0, 1);
     ajouterCommandePolygonale(programme);
     ajouterCommandeInfo(programme);
     ajouterCommandeConvertir(programme);
     ajouterCommandeApercu(programme);
     ajouterCommandeExecuter(programme);
+    ajouterFenetre(programme);
     try {
         if (const int statut = executer(programme, argc, argv); statut != 0)
             return statut;

@@ -1,6 +1,7 @@
 #include "sessionHote.h"
 
 #include "ap/DocumentList.h"
+#include "commands/CommandTable.h"
 #include "erreurProgramme.h"
 #include "platform/CodePage.h"
 #include "rx/Console.h"
@@ -37,6 +38,7 @@ sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
 {
     Console::instance().setSink([this](const std::wstring& texte) { lignes.ecrire(texte); });
     DocumentList::instance(); // modules ask for the documents from their first message on
+    registerHostCommands(); // before the modules: theirs are found first
     try {
         for (const char* nom : modulesTopo)
             exigerReussite(ModuleTable::instance().load(platform::wideFromUtf8(fichierModule(nom).string())));

@@ -89,6 +89,8 @@ Document& DocumentList::add(std::unique_ptr<Document> added)
     notify([document](AcApDocManagerReactor& reactor) { reactor.documentCreated(document); });
     setActive(document);
     withCurrent(*document, [] { ModuleTable::instance().tellAll(AcRx::kLoadDwgMsg); });
+    if (m_stored)
+        m_stored(*document);
     return *document;
 }
 
@@ -115,8 +117,8 @@ std::optional<std::wstring> DocumentList::saveAs(Document& document, const std::
     const ACHAR* savedAs = nullptr; // a DWG's name stood for the DXF beside it
     const bool told = document.database()->getFilename(savedAs) == Acad::eOk && savedAs;
     document.setFile(fullPath(told ? savedAs : file));
-    if (m_saved)
-        m_saved(document);
+    if (m_stored)
+        m_stored(document);
     return std::nullopt;
 }
 

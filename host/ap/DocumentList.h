@@ -27,8 +27,9 @@ public:
     std::optional<std::wstring> saveAs(Document& document, const std::wstring& path);
     /// The same to its own file; a drawing without one refuses.
     std::optional<std::wstring> save(Document& document);
-    /// Called after each saving that went well. One function; null takes it away.
-    void onSaved(std::function<void(Document&)> saved) { m_saved = std::move(saved); }
+    /// Called whenever a document and its file hold the same: when it was opened or made, and after each saving. One
+    /// function; null takes it away.
+    void onStored(std::function<void(Document&)> stored) { m_stored = std::move(stored); }
     /// Closes without saving. Refused while a command runs in it.
     std::optional<std::wstring> close(Document& document);
     /// Closes all of them, the last opened first, whatever runs: for the end of the program.
@@ -67,6 +68,6 @@ private:
     Document* m_current = nullptr;
     Document* m_active = nullptr;
     std::vector<AcApDocManagerReactor*> m_reactors;
-    std::function<void(Document&)> m_saved;
+    std::function<void(Document&)> m_stored;
     int m_created = 0;
 };

@@ -10,7 +10,7 @@
 namespace {
 
 struct SavedState {
-    std::uint64_t state = 0;
+    std::uint64_t drawing = 0, modules = 0;
     bool never = false;
 };
 
@@ -18,6 +18,11 @@ SavedState& savedStateOf(Document& document)
 {
     static DocumentData<SavedState> states;
     return states.of(document);
+}
+
+std::uint64_t drawingState(Document& document)
+{
+    return document.database()->impl().undo().state();
 }
 
 } // namespace
@@ -28,25 +33,29 @@ DrawingChanges& DrawingChanges::instance()
     return changes;
 }
 
+std::uint64_t DrawingChanges::moduleState(Document& document) const
+{
+    std::uint64_t state = 0;
+    if (m_moduleState)
+        DocumentList::instance().withCurrent(document, [&] { state = m_moduleState(); });
+    return state;
+}
+
 std::uint64_t DrawingChanges::state(Document& document) const
 {
-    const std::uint64_t ofDrawing = document.database()->impl().undo().state();
-    std::uint64_t ofModules = 0;
-    if (m_moduleState)
-        DocumentList::instance().withCurrent(document, [&] { ofModules = m_moduleState(); });
     constexpr std::uint64_t spread = 0x9E3779B97F4A7C15U; // golden ratio: both numbers count
-    return ofDrawing * spread + ofModules;
+    return drawingState(document) * spread + moduleState(document);
 }
 
 bool DrawingChanges::areUnsaved(Document& document) const
 {
     const SavedState& saved = savedStateOf(document);
-    return saved.never || saved.state != state(document);
+    return saved.never || saved.drawing != drawingState(document) || saved.modules != moduleState(document);
 }
 
 void DrawingChanges::setSaved(Document& document)
 {
-    savedStateOf(document) = {state(document), false};
+    savedStateOf(document) = {drawingState(document), moduleState(document), false};
 }
 
 void DrawingChanges::setNeverSaved(Document& document)

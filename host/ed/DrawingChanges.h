@@ -33,5 +33,7 @@ public:
     static std::optional<std::wstring> writeCopy(Document& document, const std::filesystem::path& path);
 
 private:
+    std::uint64_t moduleState(Document& document) const;
+
     ModuleState m_moduleState;
 };

@@ -11,7 +11,7 @@ Kernel::Kernel()
     setUndoMarks(this);
     PendingCommands::install();
     SystemVariables::instance().setDrawingVariables(&m_header);
-    DocumentList::instance().onSaved([](Document& document) { DrawingChanges::instance().setSaved(document); });
+    DocumentList::instance().onStored([](Document& document) { DrawingChanges::instance().setSaved(document); });
     CommandRunner::instance().setOpenObjects([] {
         auto names = ObjectOpening::openNames();
         ObjectOpening::closeAll();
@@ -23,7 +23,7 @@ Kernel::~Kernel()
 {
     SystemVariables::instance().setDrawingVariables(nullptr);
     CommandRunner::instance().setOpenObjects(nullptr);
-    DocumentList::instance().onSaved(nullptr);
+    DocumentList::instance().onStored(nullptr);
     setUndoMarks(nullptr);
 }
 

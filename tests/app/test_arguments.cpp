@@ -37,7 +37,6 @@ TEST_F(arguments, MistakesAreToldInFrench)
         const char* message;
     };
     for (const cas& ligne : {
-             cas{"", "il faut une commande."},
              cas{"polygonale", "il faut une commande."},
              cas{"inconnue", "commande inconnue : inconnue."},
              cas{"polygonale carree a.obs", "commande inconnue : carree."},

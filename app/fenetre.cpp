@@ -1,0 +1,80 @@
+#include "commandes.h"
+#include "erreurProgramme.h"
+#include "sessionHote.h"
+#include "tablesDuProjet.h"
+
+#include "ap/DocumentList.h"
+#include "platform/CodePage.h"
+#include "platform/Paths.h"
+#include "rx/Console.h"
+#include "ui/application/VelaApplication.h"
+#include "ui/window/Autosave.h"
+#include "ui/window/DrawingFiles.h"
+#include "ui/window/DrawingRecovery.h"
+#include "ui/window/MainWindow.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Qt would end the program without a word that a user understands.
+void exigerEcran()
+{
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        throw erreurProgramme("il n'y a pas d'écran ici pour ouvrir une fenêtre ; « vela --aide » dit ce qui se fait "
+                              "sans elle.");
+}
+
+/// What is neither a file nor called like a drawing was meant as a command.
+void refuserCommandesInconnues(const std::vector<std::string>& dessins)
+{
+    for (const std::string& dessin : dessins)
+        if (!fs::path(dessin).has_extension() && !fs::exists(platform::nativePath(platform::wideFromUtf8(dessin))))
+            throw erreurProgramme("commande inconnue : " + dessin + ".\nEssayez « vela --aide ».");
+}
+
+void ouvrirDessins(MainWindow& fenetre, const std::vector<std::string>& dessins)
+{
+    for (const std::string& dessin : dessins)
+        fenetre.files().open(QString::fromStdString(dessin));
+    offerRecovery(fenetre, fenetre.autosave());
+    if (DocumentList::instance().documents().empty())
+        DocumentList::instance().create();
+}
+
+void ouvrirFenetre(const std::vector<std::string>& dessins)
+{
+    refuserCommandesInconnues(dessins);
+    exigerEcran();
+    const auto application = VelaApplication::make(VelaApplication::Screen::user);
+    std::ostringstream debut; // what modules say before there is a window
+    sessionHote session(debut);
+    tablesDuProjet points;
+    MainWindow fenetre(&points);
+    Console::instance().print(platform::wideFromUtf8(debut.str()));
+    fenetre.show();
+    ouvrirDessins(fenetre, dessins);
+    fenetre.work();
+}
+
+} // namespace
+
+void ajouterFenetre(CLI::App& programme)
+{
+    const auto dessins = std::make_shared<std::vector<std::string>>();
+    programme.add_option("DESSIN", *dessins, "Dessins à ouvrir dans la fenêtre, quand aucune commande n'est donnée")
+        ->type_name("");
+    programme.callback([&programme, dessins] {
+        if (programme.get_subcommands().empty())
+            ouvrirFenetre(*dessins);
+    });
+}

@@ -1,0 +1,71 @@
+#include "ui/window/CanvasPicture.h"
+
+#include <cmath>
+#include <QPainter>
+
+void CanvasPicture::render(const CanvasView& view, double ratio)
+{
+    if (isCurrent(view) && m_image.devicePixelRatio() == ratio)
+        return;
+    const QSize pixels = view.size * ratio;
+    const bool fits = m_image.size() == pixels && m_image.devicePixelRatio() == ratio;
+    if (fits && !m_stale && scroll(view))
+        return;
+    if (!fits)
+        m_image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+    m_image.setDevicePixelRatio(ratio);
+    m_view = view;
+    m_stale = false;
+    paint(QRect(QPoint(), view.size));
+}
+
+/// Moves what is there and paints the rest. False when the views are not whole pixels apart, or too far.
+bool CanvasPicture::scroll(const CanvasView& view)
+{
+    const double ratio = m_image.devicePixelRatio();
+    const double across = (m_view.center.x - view.center.x) / view.pixel;
+    const double down = (view.center.y - m_view.center.y) / view.pixel;
+    constexpr double hair = 1e-3;
+    const QPoint by(static_cast<int>(std::lround(across)), static_cast<int>(std::lround(down)));
+    const QRect all(QPoint(), view.size);
+    if (view.pixel != m_view.pixel || ratio != 1.0 || std::abs(across - by.x()) > hair ||
+        std::abs(down - by.y()) > hair || !all.translated(by).intersects(all))
+        return false;
+    QImage moved(m_image.size(), m_image.format());
+    QPainter painter(&moved);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(by, m_image);
+    painter.end();
+    m_image = std::move(moved);
+    m_view = view;
+    for (const QRect& part : QRegion(all).subtracted(all.translated(by)))
+        paint(part);
+    return true;
+}
+
+void CanvasPicture::paint(const QRect& part)
+{
+    QPainter painter(&m_image);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(part, Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setClipRect(part);
+    painter.translate(part.topLeft());
+    CanvasView seen = m_view;
+    seen.size = part.size();
+    seen.center = m_view.toWorld(QPointF(part.x() + part.width() / 2.0, part.y() + part.height() / 2.0));
+    m_paint(painter, seen.sceneView());
+}
+
+void CanvasPicture::draw(QPainter& painter, const CanvasView& view) const
+{
+    if (m_image.isNull())
+        return;
+    if (view == m_view) {
+        painter.drawImage(0, 0, m_image);
+        return;
+    }
+    const AcGePoint2d topLeft = m_view.toWorld(QPointF(0.0, 0.0));
+    const AcGePoint2d bottomRight = m_view.toWorld(QPointF(m_view.size.width(), m_view.size.height()));
+    painter.drawImage(QRectF(view.toCanvas(topLeft), view.toCanvas(bottomRight)), m_image);
+}

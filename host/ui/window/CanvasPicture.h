@@ -1,0 +1,36 @@
+#pragma once
+
+#include <functional>
+#include <QImage>
+#include <QRegion>
+
+#include "ui/window/CanvasView.h"
+
+class QPainter;
+
+/// A picture of what a canvas shows, kept so that a moving cursor costs nothing: when the view moves along, only what
+/// came into sight is painted.
+class CanvasPicture {
+public:
+    /// Paints a view whose middle is at the middle of `view.width` × `view.height` pixels from the painter's origin.
+    using Paint = std::function<void(QPainter& painter, const SceneView& view)>;
+
+    explicit CanvasPicture(Paint paint) : m_paint(std::move(paint)) {}
+
+    /// What it shows is out of date.
+    void forget() { m_stale = true; }
+    bool isCurrent(const CanvasView& view) const { return !m_stale && !m_image.isNull() && view == m_view; }
+    /// Brings it up to date. `ratio`: pixels of the screen for one of the canvas.
+    void render(const CanvasView& view, double ratio);
+    /// Draws what there is, stretched to where it belongs in a view that it was not made for.
+    void draw(QPainter& painter, const CanvasView& view) const;
+
+private:
+    bool scroll(const CanvasView& view);
+    void paint(const QRect& part);
+
+    Paint m_paint;
+    QImage m_image;
+    CanvasView m_view;
+    bool m_stale = true;
+};

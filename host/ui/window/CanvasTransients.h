@@ -1,0 +1,14 @@
+#pragma once
+
+#include "gi/SceneView.h"
+
+class Document;
+class QPainter;
+class Scene;
+struct PaintStyle;
+
+/// Paints what is shown over a drawing without being of it: vectors drawn by commands, transient graphics.
+void paintTransients(QPainter& painter, Document& document, Scene& scene, const SceneView& view,
+                     const PaintStyle& style);
+/// Paints the entity that follows the cursor, if one does.
+void paintDragged(QPainter& painter, Document& document, Scene& scene, const SceneView& view, const PaintStyle& style);

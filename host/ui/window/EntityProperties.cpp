@@ -1,0 +1,190 @@
+#include "ui/window/EntityProperties.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "dbents.h"
+#include "dbmtext.h"
+#include "dbpl.h"
+#include "dbsymtb.h"
+#include "ui/window/ColorDialog.h"
+#include "ui/window/DrawingEdit.h"
+#include "ui/window/PropertyRows.h"
+
+namespace {
+
+struct KindRow {
+    const wchar_t* className;
+    const char* name;
+};
+constexpr std::array kindNames{
+    KindRow{L"AcDbPoint", "Point"},
+    KindRow{L"AcDbLine", "Ligne"},
+    KindRow{L"AcDbCircle", "Cercle"},
+    KindRow{L"AcDbArc", "Arc"},
+    KindRow{L"AcDbEllipse", "Ellipse"},
+    KindRow{L"AcDbPolyline", "Polyligne"},
+    KindRow{L"AcDb2dPolyline", "Polyligne 2D"},
+    KindRow{L"AcDb3dPolyline", "Polyligne 3D"},
+    KindRow{L"AcDbSpline", "Spline"},
+    KindRow{L"AcDbText", "Texte"},
+    KindRow{L"AcDbMText", "Texte multiligne"},
+    KindRow{L"AcDbBlockReference", "Référence de bloc"},
+    KindRow{L"AcDbMInsertBlock", "Réseau de blocs"},
+    KindRow{L"AcDbAttributeDefinition", "Définition d'attribut"},
+    KindRow{L"AcDbFace", "Face 3D"},
+    KindRow{L"AcDbSolid", "Solide"},
+    KindRow{L"AcDbTrace", "Trace"},
+    KindRow{L"AcDbPolygonMesh", "Maillage"},
+    KindRow{L"AcDbPolyFaceMesh", "Maillage à faces"},
+    KindRow{L"AcDbHatch", "Hachures"},
+};
+
+/// What a row says of all entities; nothing when one of them lacks it.
+std::optional<EntityProperty> gathered(const PropertyRow& row, const std::vector<AcDbObjectId>& entities)
+{
+    EntityProperty property{QString::fromUtf8(row.group), QString::fromUtf8(row.name), row.kind};
+    property.readOnly = !row.write;
+    property.set = row.write;
+    bool first = true;
+    for (const AcDbObjectId id : entities) {
+        const AcDbObjectPointer<AcDbEntity> entity(id);
+        if (entity.openStatus() != Acad::eOk)
+            continue;
+        if (!entity->isKindOf(row.owner()))
+            return std::nullopt;
+        const QString value = row.read(*entity.object());
+        property.differs = property.differs || (!first && value != property.value);
+        property.value = value;
+        property.entities.push_back(id);
+        first = false;
+    }
+    return property.entities.empty() ? std::nullopt : std::optional(std::move(property));
+}
+
+Acad::ErrorStatus setAttribute(AcDbEntity& entity, const QString& value)
+{
+    auto& attribute = static_cast<AcDbAttribute&>(entity);
+    const Acad::ErrorStatus status = attribute.setTextString(value.toStdWString().c_str());
+    attribute.adjustAlignment();
+    return status;
+}
+
+void addAttributes(AcDbObjectId id, std::vector<EntityProperty>& properties)
+{
+    const AcDbObjectPointer<AcDbBlockReference> reference(id);
+    if (reference.openStatus() != Acad::eOk)
+        return;
+    const std::unique_ptr<AcDbObjectIterator> at(reference->attributeIterator());
+    for (; !at->done(); at->step()) {
+        const AcDbObjectPointer<AcDbAttribute> attribute(at->objectId());
+        if (attribute.openStatus() != Acad::eOk)
+            continue;
+        EntityProperty property{QStringLiteral("Attributs"), QString::fromWCharArray(attribute->tagConst())};
+        property.value = QString::fromWCharArray(attribute->textStringConst());
+        property.readOnly = attribute->isConstant();
+        property.set = setAttribute;
+        property.entities = {at->objectId()};
+        properties.push_back(std::move(property));
+    }
+}
+
+bool isOnLockedLayer(const AcDbEntity& entity)
+{
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId());
+    return layer.openStatus() == Acad::eOk && layer->isLocked();
+}
+
+QString reasonOf(Acad::ErrorStatus status)
+{
+    switch (status) {
+    case Acad::eInvalidInput:
+        return QStringLiteral("cette valeur n'est pas permise.");
+    case Acad::eKeyNotFound:
+        return QStringLiteral("ce nom n'existe pas dans le dessin.");
+    case Acad::eOnLockedLayer:
+        return QStringLiteral("l'objet est sur un calque verrouillé.");
+    case Acad::eWasOpenForRead:
+    case Acad::eWasOpenForWrite:
+        return QStringLiteral("l'objet est en cours d'utilisation.");
+    default:
+        return QString::fromWCharArray(acadErrorStatusText(status));
+    }
+}
+
+template <class Table>
+QStringList namesIn(AcDbObjectId table)
+{
+    QStringList names;
+    const AcDbObjectPointer<Table> opened(table);
+    AcDbSymbolTableIterator* made = nullptr;
+    if (opened.openStatus() != Acad::eOk || opened->newIterator(made) != Acad::eOk)
+        return names;
+    const std::unique_ptr<AcDbSymbolTableIterator> at(made);
+    for (; !at->done(); at->step()) {
+        AcDbObjectId id;
+        at->getRecordId(id);
+        const AcDbObjectPointer<AcDbSymbolTableRecord> record(id);
+        const ACHAR* name = nullptr;
+        if (record.openStatus() == Acad::eOk && record->getName(name) == Acad::eOk)
+            names.append(QString::fromWCharArray(name));
+    }
+    names.sort(Qt::CaseInsensitive);
+    return names;
+}
+
+} // namespace
+
+QString kindName(const AcDbEntity& entity)
+{
+    const std::wstring className = entity.isA()->name();
+    const auto row = std::ranges::find_if(kindNames, [&](const KindRow& r) { return className == r.className; });
+    if (row != kindNames.end())
+        return QString::fromUtf8(row->name);
+    return className.find(L"Dimension") != std::wstring::npos ? QStringLiteral("Cote")
+                                                              : QString::fromStdWString(className);
+}
+
+std::vector<EntityProperty> propertiesOf(const std::vector<AcDbObjectId>& entities)
+{
+    std::vector<EntityProperty> properties;
+    for (const PropertyRow& row : propertyRows())
+        if (auto property = gathered(row, entities))
+            properties.push_back(std::move(*property));
+    if (entities.size() == 1)
+        addAttributes(entities.front(), properties);
+    return properties;
+}
+
+QString setProperty(Document& document, const EntityProperty& property, const QString& value)
+{
+    const DrawingEdit step(document);
+    QString refused;
+    for (const AcDbObjectId id : property.entities) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        Acad::ErrorStatus status = entity.openStatus();
+        if (status == Acad::eOk)
+            status = isOnLockedLayer(*entity.object()) ? Acad::eOnLockedLayer : property.set(*entity.object(), value);
+        if (status != Acad::eOk)
+            refused = reasonOf(status);
+    }
+    return refused;
+}
+
+QStringList choicesOf(EntityProperty::Kind kind, AcDbDatabase& database)
+{
+    using Kind = EntityProperty::Kind;
+    if (kind == Kind::layer)
+        return namesIn<AcDbLayerTable>(database.layerTableId());
+    if (kind == Kind::linetype)
+        return namesIn<AcDbLinetypeTable>(database.linetypeTableId());
+    QStringList names;
+    if (kind != Kind::color)
+        return names;
+    constexpr int named = 7, byLayer = 256, byBlock = 0;
+    names = {colorName(byLayer), colorName(byBlock)};
+    for (int color = 1; color <= named; ++color)
+        names.append(colorName(color));
+    return names;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <span>
+
+#include "ui/window/EntityProperties.h"
+
+/// One row: a property of a class of entities.
+struct PropertyRow {
+    const char* group;
+    const char* name;
+    EntityProperty::Kind kind;
+    AcRxClass* (*owner)(); ///< the class whose entities have it
+    QString (*read)(const AcDbEntity& entity);
+    Acad::ErrorStatus (*write)(AcDbEntity& entity, const QString& value); ///< null for what can only be read
+};
+
+/// In the order in which they are shown.
+std::span<const PropertyRow> propertyRows();
+
+/// A number as it is shown: six decimals at most.
+QString numberText(double value);
+/// As one types it, with a point or a comma. eInvalidInput, and `value` as it was, when it is none.
+Acad::ErrorStatus readNumber(const QString& text, double& value);
