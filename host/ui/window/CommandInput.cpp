@@ -3,6 +3,8 @@
 #include <QEventLoop>
 #include <utility>
 
+#include "ed/CommandRunner.h"
+
 namespace {
 
 using Kind = InputRequest::Kind;
@@ -32,6 +34,11 @@ InputAnswer bare(InputAnswer::Kind kind)
 
 } // namespace
 
+bool CommandInput::isIdle() const
+{
+    return m_request && m_request->kind == Kind::command && !CommandRunner::instance().isRunning();
+}
+
 bool CommandInput::takesPoint(const InputRequest& request)
 {
     switch (request.kind) {
@@ -58,7 +65,8 @@ InputAnswer CommandInput::answer(const InputRequest& request)
     const InputRequest* const outer = std::exchange(m_request, &request);
     const InputAnswer given = next(request);
     m_request = outer;
-    emit answered();
+    if (outer)
+        emit asked(); // a script stood above; it is the window's turn again
     return given;
 }
 

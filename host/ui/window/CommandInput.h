@@ -24,8 +24,8 @@ public:
 
     /// What is asked now; null while a command is at work.
     const InputRequest* request() const { return m_request; }
-    /// Whether the prompt of commands waits: nothing runs.
-    bool isIdle() const { return m_request && m_request->kind == InputRequest::Kind::command; }
+    /// Whether the prompt of commands waits, and nothing runs.
+    bool isIdle() const;
 
     /// A line, empty for Enter alone. What is typed before it is asked for waits its turn.
     void type(const QString& line);
@@ -48,7 +48,6 @@ public:
 
 signals:
     void asked();
-    void answered();
     void escaped(); ///< cancelled while nothing ran
 
 private:

@@ -24,6 +24,7 @@
 #include "gi/Scene.h"
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
+#include "ui/script/ScriptCommand.h"
 #include "ui/window/Autosave.h"
 #include "ui/window/Canvas.h"
 #include "ui/window/CommandEdit.h"
@@ -90,6 +91,11 @@ MainWindow::MainWindow(PointTables* points) :
 MainWindow::~MainWindow()
 {
     DrawingChanges::instance().setModuleState(nullptr);
+    ScriptRunner::Options scripts;
+    scripts.interactive = true;
+    scripts.commandEnded = [this] { followDrawing(); };
+    scripts.warn = [](const QString& remark) { Console::instance().print(L"\n" + remark.toStdWString()); };
+    m_scripts = std::make_unique<ScriptCommand>(scripts);
     CommandHooks::instance().chooseFile = nullptr;
     CommandHooks::instance().regenerate = nullptr;
     CurrentView::onChange(nullptr);
@@ -193,6 +199,11 @@ void MainWindow::connectParts()
 void MainWindow::followKernel()
 {
     Console::instance().setSink([this](const std::wstring& text) { m_commands->print(QString::fromStdWString(text)); });
+    ScriptRunner::Options scripts;
+    scripts.interactive = true;
+    scripts.commandEnded = [this] { followDrawing(); };
+    scripts.warn = [](const QString& remark) { Console::instance().print(L"\n" + remark.toStdWString()); };
+    m_scripts = std::make_unique<ScriptCommand>(scripts);
     CommandHooks::instance().chooseFile = [this](const CommandHooks::FileQuestion& question) {
         return m_files->choose(question);
     };
@@ -238,6 +249,7 @@ void MainWindow::registerOrders()
     };
     m_orders = {
         {":fermer", whenIdle(forCurrent([this](Document& document) { m_files->close(document); }))},
+        {":script", whenIdle([this] { chooseScript(); })},
         {":quitter", [this] { close(); }},
         {":toutSelectionner", whenIdle([this] { setSelection(true); })},
         {":deselectionner", whenIdle([this] { setSelection(false); })},
@@ -259,6 +271,12 @@ void MainWindow::typeInput(const QString& input)
     else
         m_input.whenIdle([this, lines] { m_input.typeAll(lines); });
     m_commands->edit().setFocus();
+}
+
+void MainWindow::chooseScript()
+{
+    if (const auto path = m_files->choose({L"Exécuter un script", L"", L"scr", false}))
+        m_input.typeAll({QStringLiteral("_SCRIPT"), QString::fromStdWString(*path)});
 }
 
 void MainWindow::setDarkGround(bool dark)

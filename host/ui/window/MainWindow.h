@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <QMainWindow>
 #include <string>
 
@@ -19,6 +20,7 @@ class PointTables;
 class PropertyPanel;
 class QDockWidget;
 class QLabel;
+class ScriptCommand;
 class WindowMenus;
 
 /// The program's window: drawings in tabs, the canvas, the command line, and the panels that follow the drawing.
@@ -56,6 +58,7 @@ private:
     void registerOrders();
     /// Types what a menu says, each input a line; what runs is cancelled unless the command may run meanwhile.
     void typeInput(const QString& input);
+    void chooseScript();
     void setDarkGround(bool dark);
     void toggleSetting(const wchar_t* name, int bit);
     void setSelection(bool all);
@@ -72,6 +75,7 @@ private:
     void showTransientTexts();
 
     CommandInput m_input;
+    std::unique_ptr<ScriptCommand> m_scripts;
     DrawingFiles* m_files;
     Autosave* m_autosave;
     WindowMenus* m_menus;
