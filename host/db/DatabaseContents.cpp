@@ -9,6 +9,8 @@
 AcDbObjectId AcDbDatabaseImpl::joinBlock(AcDbStub* block, std::unique_ptr<AcDbEntity> entity)
 {
     AcDbEntity* made = entity.get();
+    if (!made->m_layer)
+        made->m_layer = m_self.clayer().stub();
     std::vector<std::unique_ptr<AcDbEntity>> pending;
     if (made->m_extras)
         pending = std::move(made->m_extras->pendingSubentities);

@@ -313,6 +313,8 @@ Acad::ErrorStatus AcDbEntity::appendSubentity(AcDbObjectId& id, AcDbEntity* sube
         return Acad::eOk;
     }
     assertWriteEnabled();
+    if (!subentity->m_layer)
+        subentity->m_layer = m_layer;
     id = AcDbDatabaseImpl::of(m_stub).adopt(std::unique_ptr<AcDbObject>(subentity), m_stub);
     extras().addedSubentities.push_back(id.stub());
     AcDbDatabaseImpl::of(m_stub).ensureSequenceEnd(*this);

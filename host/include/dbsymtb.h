@@ -260,7 +260,8 @@ public:
     AcDbBlockTableRecord() = default;
     AcRxObject* clone() const override { return new AcDbBlockTableRecord(*this); }
 
-    /// The entity joins the block, gets an id and stays open for write.
+    /// The entity joins the block, gets an id and stays open for write. Without a layer of its own it takes the
+    /// drawing's current one.
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     /// For the caller to delete.

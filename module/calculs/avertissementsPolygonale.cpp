@@ -120,3 +120,13 @@ std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuver
     return avertissements(resultat, {resultat.arrivee.nom, L"d'arrivée", L"la polygonale doit y finir."},
                           conseilAngulaire(resultat));
 }
+
+std::vector<std::wstring> premieresPhrases(std::vector<std::wstring> phrases, std::size_t nombre)
+{
+    if (phrases.size() <= nombre || nombre == 0)
+        return phrases;
+    const std::size_t tues = phrases.size() - nombre + 1;
+    phrases.resize(nombre - 1);
+    phrases.push_back(L"... et " + std::to_wstring(tues) + L" autres remarques.");
+    return phrases;
+}

@@ -20,3 +20,7 @@ std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObse
 /// where the traverse ends, an angular error near whole or half turns (conseilAngulaire).
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleFermee& resultat);
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuverte& resultat);
+
+/// At most `nombre` of the sentences, the last one telling how many more there are: what is wrong in every row of a
+/// list is understood by then.
+std::vector<std::wstring> premieresPhrases(std::vector<std::wstring> phrases, std::size_t nombre);

@@ -23,6 +23,7 @@ namespace {
 
 constexpr wchar_t titreCalculs[] = L"Calculs Topo";
 constexpr wchar_t filtresPolygonale[] = L"Observations|*.obs|Sans extension|*.|Tous|*.*|Text|*.TXT||";
+constexpr std::size_t remarquesMontrees = 6;
 constexpr std::chrono::milliseconds delaiCroquis{100}; // what is typed fast is drawn once
 
 bool existe(const std::wstring& fichier)
@@ -84,9 +85,9 @@ void dialoguePolygonale::rafraichirCroquis()
 
 void dialoguePolygonale::montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite)
 {
-    std::vector<std::wstring> phrases{resumePolygonale(calculee.resultat)};
-    for (const auto* const liste : {&calculee.avertissements, &suite})
-        phrases.insert(phrases.end(), liste->begin(), liste->end());
+    std::vector<std::wstring> phrases = premieresPhrases(calculee.avertissements, remarquesMontrees);
+    phrases.insert(phrases.begin(), resumePolygonale(calculee.resultat));
+    phrases.insert(phrases.end(), suite.begin(), suite.end());
     m_panneau->montrerBilan(phrases);
 }
 
@@ -100,7 +101,8 @@ void dialoguePolygonale::charger()
         return;
     try {
         if (const auto octets = lireFichier(fichier->c_str()))
-            m_panneau->montrerBilan(avertissementsLecture(*fichier, lire(*octets)));
+            m_panneau->montrerBilan(
+                premieresPhrases(avertissementsLecture(*fichier, lire(*octets)), remarquesMontrees));
     } catch (const std::exception&) {
         afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
     }
@@ -118,7 +120,7 @@ void dialoguePolygonale::sauvegarder()
     if (!remplacementAccepte(*choisi, nom))
         return;
     if (remplacerFichier(nom.c_str(), contenu()))
-        m_panneau->montrerBilan(avertissementsEcriture(m_panneau->lignes()));
+        m_panneau->montrerBilan(premieresPhrases(avertissementsEcriture(m_panneau->lignes()), remarquesMontrees));
     else
         afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
 }
@@ -138,7 +140,7 @@ void dialoguePolygonale::calculer()
     if (!rapport.write())
         suite.push_back(L"Le rapport n'a pas pu être écrit.");
     montrerBilan(p, suite);
-    resultPolygo(rapport.fileName().wstring(), p.avertissements).exec();
+    resultPolygo(rapport.fileName().wstring(), premieresPhrases(p.avertissements, remarquesMontrees)).exec();
 }
 
 /// Too few rows are no reason for a message here.

@@ -5,6 +5,7 @@
 
 #include "acutmem.h"
 #include "dbdict.h"
+#include "dbents.h"
 #include "dbsymtb.h"
 
 /// Objects made by a program: saved, read again, found as they were.
@@ -183,6 +184,26 @@ TEST_F(NewObjectsTest, joinADrawingOfEntitiesAlone)
         EXPECT_EQ(std::ranges::count(tags, entity), 1) << entity;
         EXPECT_LT(entities, std::ranges::find(tags, entity)) << entity;
     }
+}
+
+/// Programs that drew without choosing a layer used to leave entities on one without a name.
+TEST_F(NewObjectsTest, takeTheCurrentLayerWhenTheyHaveNone)
+{
+    AcDbDatabase database;
+    makeAll(database);
+    const AcDbObjectId current = addRecord<AcDbLayerTable, AcDbLayerTableRecord>(database, L"COURANT");
+    const AcDbObjectId other = addRecord<AcDbLayerTable, AcDbLayerTableRecord>(database, L"AUTRE");
+    ASSERT_EQ(database.setClayer(current), Acad::eOk);
+    const AcDbObjectId point = addEntity(database.currentSpaceId(), new AcDbPoint(AcGePoint3d(1, 2, 3)));
+    EXPECT_EQ(AcDbObjectPointer<AcDbPoint>(point)->layerId(), current);
+    auto* line = new AcDb2dPolyline;
+    line->setLayer(other);
+    line->appendVertex(new AcDb2dVertex(AcGePoint3d(1, 1, 0)));
+    addEntity(database.currentSpaceId(), line);
+    const std::vector<std::string> tags = tagsOf(saved(database));
+    EXPECT_EQ(std::ranges::count(tags, "8|"), 0);
+    EXPECT_EQ(std::ranges::count(tags, "8|COURANT"), 2) << "the header names it too";
+    EXPECT_EQ(std::ranges::count(tags, "8|AUTRE"), 3) << "the vertex and the end of the sequence with it";
 }
 
 TEST_F(NewObjectsTest, standInANewDrawing)

@@ -1,5 +1,6 @@
 // What the dialogs lean on: bearings between two points, pasted rows, the summary of a traverse.
 
+#include "calculs/avertissementsPolygonale.h"
 #include "calculs/gisement.h"
 #include "calculs/grandeur.h"
 #include "calculs/lignesCollees.h"
@@ -90,6 +91,9 @@ TEST(PolygonaleCalculee, SummaryAndHeadLines)
               0u);
     d.lignes[0].distance = L"12,5";
     EXPECT_EQ(calculerPolygonale(d).avertissements.size(), 1u);
+    const std::vector<std::wstring> trois{L"a", L"b", L"c"};
+    EXPECT_EQ(premieresPhrases(trois, 3), trois);
+    EXPECT_EQ(premieresPhrases(trois, 2), (std::vector<std::wstring>{L"a", L"... et 2 autres remarques."}));
 
     EXPECT_EQ(texteFermetureRelative(11374.6), L"1/11 375");
     EXPECT_EQ(texteFermetureRelative(1234567.0), L"1/1 234 567");

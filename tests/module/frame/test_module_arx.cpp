@@ -118,10 +118,14 @@ TEST_F(ModuleTest, registersItsCommands)
     }
     EXPECT_EQ(n, std::size(rows));
 
-    for (const Row& r : rows)
-        if (std::wstring(r.name) != L"PTSEN3D")
-            executer(r.name);
-    EXPECT_EQ(imprime, L"") << "what is not there yet prints nothing";
+    for (const Row& r : rows) {
+        if (std::wstring(r.name) == L"PTSEN3D")
+            continue;
+        imprime.clear();
+        executer(r.name);
+        EXPECT_TRUE(imprime.empty() || imprime.find(L"elle demande une session avec fenêtres") != std::wstring::npos)
+            << "without windows a command that opens a dialog says so, what is not there yet prints nothing";
+    }
     EXPECT_TRUE(entites().empty());
 }
 
