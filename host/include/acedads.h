@@ -111,8 +111,8 @@ int acedPutSym(const ACHAR* name, const resbuf* value);
 
 // ---- picking entities
 
-/// One entity and the point at which it was picked. RTERROR also when nothing was there: system variable ERRNO is then
-/// 7; 52 after Enter alone, which gives RTERROR here as well unless acedInitGet allowed keywords: RTKWORD.
+/// One entity and the point at which it was picked. RTERROR when nothing was there: the system variable ERRNO is then
+/// 7; and for Enter alone: 52. An answer of "Dernier" ("_Last") is the entity drawn last.
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
 /// The entity drawn at the place: an attribute, a vertex, an entity within a block. `toWorld` takes its coordinates to
 /// the world's: four rows of three, the last one is the shift. `containers` (may be null) receives the references that
@@ -135,14 +135,14 @@ int acedNEntSelP(const ACHAR* prompt, ads_name entity, ads_point point, int useP
 ///   "W", "C"      window, crossing box: corners `first` and `second`
 ///   "WP", "CP", "F"  polygons, fence: `first` is a resbuf chain of points
 /// and, for what is asked of the user, "_:S" one selection only, "_:E" everything within the pick box, "_:L" leaves
-/// locked layers out, "_:D" duplicates allowed, "_:$" `first` is an array of two texts, prompts of adding and removing;
-/// joined: "_+.:E:S". `filter` keeps those entities that match it: items of group codes, all of which must hold. 0 the
-/// kind, 8 the layer, 2, 6, 7, 62 and any other; texts are wildcard patterns, in any case. 100 a class the entity is
-/// one of. 67 space, 410 layout. 1001 or -3 (with a list of names) extended data of an application. -4 operators:
-/// "<AND" .. "AND>", "<OR" .. "OR>",
-/// "<XOR" .. "XOR>", "<NOT" .. "NOT>" around items; before a number "=", "!=", "<", "<=", ">", ">=", "*", "&" (some
-/// bit),
-/// "&=" (all bits); before a point one for each coordinate, "*,>=,<".
+/// locked layers out, "_:$" `first` is an array of two texts, the prompts of adding and removing; joined: "_+.:E:S".
+/// The youngest entity comes first, save where the user picks. `filter` keeps the entities that match all its items:
+/// 0 the kind, 8 the layer, and any other code; texts are wildcard patterns, in any case. 100 a class the entity is one
+/// of. 67 space, 410 layout. 1001, or -3 and 1001, extended data of an application. -4 operators around items:
+/// "<AND" .. "AND>", "<OR" .. "OR>", "<XOR" .. "XOR>" (two), "<NOT" .. "NOT>" (one); before an item a relation:
+/// "=", "!=", "<", "<=", ">", ">=", "*" (anything), "&" (some bit), "&=" (all bits); before a point one for each
+/// coordinate, as "*,>=,<", the last one for those left out. What an entity leaves out is its default
+/// (62: 256, 6: BYLAYER...).
 /// @return RTNORM; RTCAN; RTERROR when nothing was found or the call or filter is wrong, `set` is then 0;
 ///         RTREJ when there are too many sets; RTKWORD.
 int acedSSGet(const ACHAR* how, const void* first, const void* second, const resbuf* filter, ads_name set);

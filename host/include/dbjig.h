@@ -101,7 +101,7 @@ public:
     DragStatus acquireDist(double& distance);
     DragStatus acquireDist(double& distance, const AcGePoint3d& base);
     DragStatus acquirePoint(AcGePoint3d& point);
-    /// A line is stretched from `base`; "@" is measured from it.
+    /// A line is stretched from `base`.
     DragStatus acquirePoint(AcGePoint3d& point, const AcGePoint3d& base);
 
 private:
