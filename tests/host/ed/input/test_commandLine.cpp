@@ -195,10 +195,10 @@ TEST_F(CommandLineTest, lispCommandsRunEachOther)
     lisp("(defun profonde (n) (if (> n 0) (1+ (profonde (1- n))) 0))");
     EXPECT_EQ(lisp("(command \"DEDANS\")"), "nil");
     EXPECT_EQ(told, L"[5 ]");
-    lisp("(defun c:creuse () (setq r (profonde 2000)) (setq f (vl-catch-all-apply 'infinie '(1))) (princ))");
+    lisp("(defun c:creuse () (setq r (profonde 200)) (setq f (vl-catch-all-apply 'infinie '(1))) (princ))");
     lisp("(defun infinie (n) (infinie (1+ n)) 0)");
     EXPECT_EQ(lisp("(command \"CREUSE\") (list r (vl-catch-all-error-message f))"),
-              "(2000 \"récursivité trop profonde\")")
+              "(200 \"récursivité trop profonde\")")
         << "on its own stack as well";
 }
 
