@@ -1,6 +1,5 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
-#include "commandesFichier.h"
 #include "erreurProgramme.h"
 #include "sessionHote.h"
 #include "ui/application/VelaApplication.h"
@@ -47,7 +46,6 @@ void executer(const choixExecuter& choix)
     ScriptRunner::Options options = optionsScript(choix);
     options.commandEnded = [&] { session.console().terminer(); };
     const ScriptCommand commandeScript(options);
-    const commandesFichier fichiers(session);
     if (choix.dessin.empty())
         session.creer();
     else

@@ -80,6 +80,7 @@ void registerHostCommands()
     CommandStack& stack = CommandStack::instance();
     for (const CommandRow& row : kCommands) {
         acedRegCmds->addCommand(L"VELA_HOTE", row.global, row.local, row.flags, row.handler);
+        stack.addAlias(row.global, row.global); // where no local name is the same word
         std::wistringstream aliases(row.aliases);
         for (std::wstring alias; aliases >> alias;)
             stack.addAlias(alias, row.global);

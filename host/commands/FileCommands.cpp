@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "ap/DocumentList.h"
+#include "commands/CommandFailed.h"
 #include "commands/CommandHooks.h"
 #include "commands/Commands.h"
 #include "commands/FileQuestion.h"
@@ -83,9 +84,8 @@ Document& current()
 void saveTo(const std::wstring& path)
 {
     if (const auto failure = DocumentList::instance().saveAs(current(), path))
-        say(*failure);
-    else
-        say(L"Dessin enregistré : " + std::wstring(current().fileName()));
+        throw CommandFailed(*failure);
+    say(L"Dessin enregistré : " + std::wstring(current().fileName()));
 }
 
 std::wstring openable(const std::wstring& typed)
@@ -102,7 +102,7 @@ void commands::open()
     const std::wstring path = askFile({L"Entrez le nom du dessin à ouvrir", L"", L"dxf;dwg"});
     const auto opened = DocumentList::instance().open(openable(path));
     if (!opened.document)
-        return say(opened.failure);
+        throw CommandFailed(opened.failure);
     say(L"Dessin ouvert : " + std::wstring(opened.document->fileName()));
     tellProblems(*opened.document);
 }
@@ -116,6 +116,8 @@ void commands::saveAs()
 {
     CommandHooks::FileQuestion question{L"Enregistrer le dessin sous", current().fileName(), L"dxf", true};
     const std::wstring path = asDrawing(askFile(question));
+    if (extensionOf(path) == L"dwg")
+        throw CommandFailed(path + L" : les dessins s'enregistrent en DXF, donnez un nom en « .dxf »");
     const bool asked = CommandHooks::instance().chooseFile && variable<short>(L"FILEDIA") != 0;
     const bool itself = platform::equalNoCase(path, current().fileName());
     if (!asked && !itself && isThere(path) && !askYes(L"Le fichier « " + path + L" » existe. Le remplacer ?", false))
@@ -139,5 +141,5 @@ void commands::close()
             return;
     }
     if (const auto failure = DocumentList::instance().close(current()))
-        say(*failure);
+        throw CommandFailed(*failure);
 }

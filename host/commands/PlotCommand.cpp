@@ -1,4 +1,5 @@
 #include "acdocman.h"
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/FileQuestion.h"
@@ -69,12 +70,14 @@ void commands::plot()
 {
     const auto& paint = PlotHook::instance().plot;
     if (!paint)
-        return say(L"Le tracé n'est pas disponible ici.");
+        throw CommandFailed(L"Le tracé n'est pas disponible ici");
     PlotRequest request;
     request.file = askFile({L"Entrez le nom du fichier de tracé (.pdf, .svg ou .png)", L"", L"pdf;svg;png", true});
     request.window = askArea();
     askPaper(request);
     askScale(request);
     const std::wstring failure = paint(drawing(), request);
-    say(failure.empty() ? L"Tracé enregistré : " + request.file : failure);
+    if (!failure.empty())
+        throw CommandFailed(failure);
+    say(L"Tracé enregistré : " + request.file);
 }

@@ -1,5 +1,6 @@
 #include "acdocman.h"
 #include "acutads.h"
+#include "commands/CommandFailed.h"
 #include "commands/CommandHooks.h"
 #include "commands/Commands.h"
 #include "commands/FileQuestion.h"
@@ -77,9 +78,9 @@ void tellAnswer(SystemVariables::Answer answer, const std::wstring& name)
     case SystemVariables::Answer::done:
         return;
     case SystemVariables::Answer::readOnly:
-        return say(name + L" est en lecture seule.");
+        throw CommandFailed(name + L" est en lecture seule");
     default:
-        return say(L"Cette valeur ne convient pas à " + name + L".");
+        throw CommandFailed(L"Cette valeur ne convient pas à " + name);
     }
 }
 
@@ -96,7 +97,7 @@ void loadLisp(const std::wstring& path)
         quoted += c == L'\\' || c == L'"' ? std::wstring(L"\\") + c : std::wstring(1, c);
     const auto answer = LispSession::of(*curDoc()).evaluate(L"(load \"" + quoted + L"\")");
     if (answer.outcome.failed)
-        return say(answer.outcome.failureText());
+        throw CommandFailed(answer.outcome.message);
     say(L"Chargé : " + path);
 }
 
@@ -108,7 +109,7 @@ void commands::script()
     const auto& run = CommandHooks::instance().runScript;
     const std::wstring failure = run ? run(path) : L"Les scripts ne sont pas disponibles ici.";
     if (!failure.empty())
-        say(failure);
+        throw CommandFailed(failure);
 }
 
 void commands::loadApplication()
@@ -117,7 +118,9 @@ void commands::loadApplication()
     if (extensionOf(path) == L"lsp")
         return loadLisp(path);
     const auto failure = ModuleTable::instance().load(path);
-    say(failure ? *failure : L"Chargé : " + path);
+    if (failure)
+        throw CommandFailed(*failure);
+    say(L"Chargé : " + path);
 }
 
 void commands::setVariable()
@@ -132,7 +135,7 @@ void commands::setVariable()
         name += platform::upperCase(c);
     const auto value = SystemVariables::instance().value(name);
     if (!value)
-        return say(L"Variable inconnue : « " + typed + L" ». Entrez MODIFVAR ? pour en avoir la liste.");
+        throw CommandFailed(L"Variable inconnue : « " + typed + L" » ; MODIFVAR ? en donne la liste");
     const AskValue ask{L"Entrez une nouvelle valeur pour " + name + L" <" + std::visit(ValueText(), *value) + L"> : "};
     if (SystemVariables::instance().set(name, *value) == SystemVariables::Answer::readOnly)
         return say(name + L" = " + std::visit(ValueText(), *value) + L" (lecture seule)");

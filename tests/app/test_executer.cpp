@@ -73,7 +73,7 @@ TEST_F(executer, StopsAtTheLineThatFails)
           cas{"text not closed", "(analyse \"a", "guillemet fermant manquant"},
           cas{"more than a call", "(maxnum))", "parenthèse fermante en trop"},
           cas{"a call inside", "(list (car 5))", "argument de type incorrect : listp: 5, dans (CAR 5)"},
-          cas{"a bad number", "(analyse 1.2.3)", "« 1.2.3 »"}, cas{"no file yet", "QSAVE", "n'a pas encore de fichier"},
+          cas{"a bad number", "(analyse 1.2.3)", "« 1.2.3 »"},
           cas{"another format", "SAVEAS plan.dwg", "donnez un nom en « .dxf »"},
           cas{"no file", "OPEN absent.dxf", "absent.dxf : fichier introuvable"}}) {
         SCOPED_TRACE(c.nom);
@@ -84,4 +84,11 @@ TEST_F(executer, StopsAtTheLineThatFails)
         EXPECT_EQ(run.sortie.find("\nT\n"), std::string::npos) << "the next line was run";
     }
     EXPECT_EQ(vela("executer absent.scr").statut, 1);
+    const execution sansNom = script("QSAVE\n");
+    EXPECT_EQ(sansNom.statut, 1);
+    EXPECT_NE(
+        sansNom.erreurs.find("ligne 1 : le script se termine alors qu'une réponse est attendue : « Enregistrer le "
+                             "dessin sous"),
+        std::string::npos)
+        << sansNom.erreurs;
 }

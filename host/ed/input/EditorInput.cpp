@@ -93,17 +93,25 @@ bool EditorInput::carriedOut(const InputRequest& request, InputAnswer& answer)
         request.kind == Kind::command)
         return false;
     switch (answer.text.front()) {
-    case L'\'':
+    case L'\'': {
         if (request.kind == Kind::string)
             return false;
-        CommandRunner::instance().run(answer.text);
+        Source* const source = m_answered;
+        const CommandOutcome outcome = CommandRunner::instance().run(answer.text); // tells what goes wrong
+        if (!outcome.failure.empty() && source)
+            source->m_source.refused(request, outcome.failure);
         Console::instance().print(L"\nReprise de la commande " + CommandRunner::instance().runningNames() + L".");
         return true;
+    }
     case L'(':
     case L'!': {
+        Source* const source = m_answered;
         auto value = lispAnswer(answer.text);
-        if (!value)
-            return true; // told; or nil, which answers nothing
+        if (!value) { // told; or nil
+            m_answered = source;
+            refuse(request, L"L'expression ne donne pas de réponse.");
+            return true;
+        }
         answer = std::move(*value);
         return false;
     }

@@ -2,20 +2,16 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 
-#include "accmd.h"
+#include "commands/CommandHooks.h"
 #include "ed/CommandRunner.h"
-#include "ed/input/EditorInput.h"
 #include "rx/Console.h"
 #include "ui/script/FileDialogAnswer.h"
 #include "ui/script/ScriptError.h"
 
 namespace {
-
-constexpr const wchar_t* group = L"VELA_SCRIPT";
-
-ScriptRunner::Options optionsOfWindow;
 
 void print(const QString& text)
 {
@@ -23,45 +19,47 @@ void print(const QString& text)
 }
 
 /// Runs a script once no command runs: the one that starts it has to end first.
-void runWhenFree(const QString& path)
+void runWhenFree(const ScriptRunner::Options& options, const QString& path)
 {
     if (CommandRunner::instance().isRunning()) {
         using namespace std::chrono_literals;
-        QTimer::singleShot(10ms, qApp, [path] { runWhenFree(path); });
+        QTimer::singleShot(10ms, qApp, [options, path] { runWhenFree(options, path); });
         return;
     }
-    ScriptRunner runner(optionsOfWindow);
+    ScriptRunner runner(options);
     if (const auto failure = runner.run(path))
         print(*failure);
 }
 
-void script()
+/// @return what went wrong at once
+std::wstring start(const ScriptRunner::Options& options, const QString& name)
 {
-    InputRequest request;
-    request.kind = InputRequest::Kind::string;
-    request.prompt = L"Nom du script : ";
-    request.takesBlanks = true;
-    const InputAnswer answer = EditorInput::instance().ask(request);
-    if (answer.kind != InputAnswer::Kind::text || answer.text.empty())
-        return;
-    const QString name = QString::fromStdWString(answer.text);
-    if (ScriptRunner* const running = ScriptRunner::active())
-        return running->include(name); // what it throws is told as the command's failure
+    if (ScriptRunner* const running = ScriptRunner::active()) {
+        try {
+            running->include(name);
+        } catch (const ScriptError& error) {
+            return error.reason().toStdWString();
+        }
+        return {};
+    }
     const QString path = scriptPath(name, QDir::currentPath(), true);
+    if (!QFileInfo(path).isFile())
+        return name.toStdWString() + L" : fichier introuvable";
     QMetaObject::invokeMethod(
-        qApp, [path] { runWhenFree(path); }, Qt::QueuedConnection);
+        qApp, [options, path] { runWhenFree(options, path); }, Qt::QueuedConnection);
+    return {};
 }
 
 } // namespace
 
 ScriptCommand::ScriptCommand(ScriptRunner::Options options)
 {
-    optionsOfWindow = std::move(options);
-    acedRegCmds->addCommand(group, L"SCRIPT", L"SCRIPT", ACRX_CMD_TRANSPARENT | ACRX_CMD_SESSION, script);
+    CommandHooks::instance().runScript = [options = std::move(options)](const std::wstring& path) {
+        return start(options, QString::fromStdWString(path));
+    };
 }
 
 ScriptCommand::~ScriptCommand()
 {
-    acedRegCmds->removeGroup(group);
-    optionsOfWindow = {};
+    CommandHooks::instance().runScript = nullptr;
 }

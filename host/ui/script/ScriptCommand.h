@@ -2,8 +2,8 @@
 
 #include "ui/script/ScriptRunner.h"
 
-/// The command SCRIPT, known for as long as this lives. Within a script it goes on with the lines of another one; at
-/// the command line of a window it runs a script once the command line is free.
+/// For as long as this lives, the command SCRIPT runs scripts. Within a script it goes on with the lines of another
+/// one; at the command line of a window it runs a script once the command line is free.
 class ScriptCommand {
 public:
     /// @param options of the scripts that it starts itself

@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QPointer>
 
+#include "commands/CommandHooks.h"
 #include "db/Opening.h"
 #include "ed/input/CommandLine.h"
 #include "ed/input/EditorInput.h"
@@ -73,8 +74,12 @@ std::optional<QString> ScriptRunner::run(const QString& path)
         return error.reason();
     }
     const EditorInput::Source source(*this);
+    // Commands ask for files at the command line, where lines answer.
+    auto& chooseFile = CommandHooks::instance().chooseFile;
+    const auto dialogs = std::exchange(chooseFile, nullptr);
     while (!m_failure && !m_reader.atEnd())
         runCommand();
+    chooseFile = dialogs;
     return m_failure;
 }
 

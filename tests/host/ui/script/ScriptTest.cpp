@@ -6,6 +6,7 @@
 
 #include "accmd.h"
 #include "ap/DocumentList.h"
+#include "commands/CommandTable.h"
 #include "rx/Console.h"
 
 namespace {
@@ -23,6 +24,7 @@ void callHandler()
 
 ScriptTest::ScriptTest()
 {
+    registerHostCommands();
     DocumentList::instance().create();
     Console::instance().setSink([this](const std::wstring& text) {
         printed += QString::fromStdWString(text).split(u'\n', Qt::SkipEmptyParts);
@@ -36,6 +38,7 @@ ScriptTest::ScriptTest()
 ScriptTest::~ScriptTest()
 {
     acedRegCmds->removeGroup(L"ESSAIS");
+    acedRegCmds->removeGroup(L"VELA_HOTE");
     handlers = {};
     Console::instance().setSink({});
     DocumentList::instance().closeAll();
