@@ -1,9 +1,11 @@
 #include "commands/Prompt.h"
 
+#include "acdocman.h"
 #include "acedads.h"
 #include "acutmem.h"
 #include "commands/NumberTexts.h"
 #include "commands/PointArray.h"
+#include "ed/input/EditorInput.h"
 #include "rx/Console.h"
 
 namespace {
@@ -130,8 +132,23 @@ std::wstring Prompt::keyword()
     return given;
 }
 
+/// With no drawing open, when the interface's functions do not ask.
+std::wstring Prompt::textWithoutDrawing(bool blanks) const
+{
+    InputRequest request;
+    request.kind = InputRequest::Kind::string;
+    request.prompt = m_prompt;
+    request.takesBlanks = blanks;
+    const InputAnswer answer = EditorInput::instance().ask(request);
+    if (answer.kind != InputAnswer::Kind::text)
+        throw CommandCancelled();
+    return answer.text;
+}
+
 std::wstring Prompt::text(bool blanks)
 {
+    if (!curDoc())
+        return textWithoutDrawing(blanks);
     prepare();
     ACHAR* text = nullptr;
     if (acedGetFullString(blanks ? 1 : 0, m_prompt.c_str(), text) != RTNORM)

@@ -64,6 +64,7 @@ private:
         return *this;
     }
     void prepare() const;
+    std::wstring textWithoutDrawing(bool blanks) const;
 
     std::wstring m_prompt;
     const wchar_t* m_keywords = nullptr;

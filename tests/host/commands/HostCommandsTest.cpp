@@ -134,6 +134,8 @@ TEST_F(HostCommands, closingAsksWhenSomethingWouldBeLost)
     typed(L"FERMER | O | " + path("garde"));
     EXPECT_EQ(DocumentList::instance().documents().size(), 0U);
     EXPECT_NE(read("garde.dxf"), "");
+    typed(L"OUVRIR | " + path("garde.dxf"));
+    EXPECT_EQ(entities(), Texts({"POINT 0,0"})) << "opened where nothing was";
 }
 
 TEST_F(HostCommands, aDialogChoosesTheFile)
