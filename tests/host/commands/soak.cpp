@@ -174,6 +174,8 @@ TEST_F(Soak, whatIsTakenBackIsGone)
         if (m_states.size() > 2000)
             m_states.erase(std::next(m_states.begin()), std::next(m_states.begin(), 1000));
     }
+    std::printf("%zu entities, %zu steps to take back, %zu states met\n", entities().size(),
+                drawing().impl().undo().undoable(), m_states.size());
     while (drawing().impl().undo().undo()) {
     }
     EXPECT_EQ(state(), 0U);
