@@ -1,0 +1,158 @@
+#include <algorithm>
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <fstream>
+#include <malloc.h> // malloc_trim
+#include <QImage>
+#include <QPainter>
+
+#include "dbmain.h"
+#include "gi/ObjectSnap.h"
+#include "gi/Picking.h"
+#include "gi/Scene.h"
+#include "mesures/mediane.h"
+#include "mesures/tableauMesures.h"
+#include "platform/CodePage.h"
+#include "ui/application/VelaApplication.h"
+#include "ui/render/ScenePainter.h"
+
+/// What a person waits for when a large drawing is opened and moved about in.
+
+namespace {
+
+constexpr int largeur = 1600, hauteur = 1000; // pixels
+constexpr double imageMobile = 0.1;           // seconds: ten pictures a second still follow the hand
+
+std::size_t memoireOccupee()
+{
+    std::ifstream etat("/proc/self/status");
+    for (std::string mot; etat >> mot;)
+        if (mot == "RssAnon:") {
+            std::size_t kilooctets = 0;
+            etat >> kilooctets;
+            return kilooctets * 1024;
+        }
+    throw std::runtime_error("/proc/self/status: RssAnon is missing");
+}
+
+/// Where most of the drawing is: a stray entity far away would leave everything else in one pixel.
+Box2d coeur(Scene& scene)
+{
+    std::vector<double> x, y;
+    scene.visit(scene.extents(), [&](AcDbObjectId, const Box2d& boite) {
+        x.push_back(boite.center().x);
+        y.push_back(boite.center().y);
+        return true;
+    });
+    std::ranges::sort(x);
+    std::ranges::sort(y);
+    const std::size_t bord = x.size() / 100;
+    return {x[bord], y[bord], x[x.size() - 1 - bord], y[y.size() - 1 - bord]};
+}
+
+class banc {
+public:
+    banc(const std::string& fichier, int passes) : m_passes(passes), m_base(false)
+    {
+        if (m_base.readDwgFile(platform::wideFromUtf8(fichier).c_str()) != Acad::eOk)
+            throw std::runtime_error(platform::utf8FromWide(m_base.lastError()));
+    }
+
+    bool mesurer()
+    {
+        lire();
+        for (const double loupe : {1.0, 4.0, 16.0, 64.0, 256.0})
+            deplacer(loupe);
+        designer();
+        return m_tableau.tenu();
+    }
+
+private:
+    void lire()
+    {
+        malloc_trim(0);
+        const std::size_t avant = memoireOccupee();
+        const double lecture = mediane(
+            1, [] {}, [&] { m_scene = std::make_unique<Scene>(m_base), m_scene->extents(); });
+        m_tableau.duree("scene, first read: objects decoded", lecture, 3.0);
+        m_coeur = coeur(*m_scene);
+        const double premiere = mediane(
+            1, [] {}, [&] { peindre(vue(1.0)); });
+        m_tableau.duree("first picture of the whole", premiere, 0.5);
+        std::printf("memory for both, objects included: %.0f MB\n",
+                    static_cast<double>(memoireOccupee() - avant) / 1e6);
+    }
+
+    SceneView vue(double loupe) const
+    {
+        SceneView vue = SceneView::showing(m_coeur, largeur, hauteur);
+        vue.pixel /= loupe;
+        vue.width /= loupe;
+        vue.height /= loupe;
+        return vue;
+    }
+
+    void peindre(const SceneView& vue)
+    {
+        QPainter peintre(&m_image);
+        PaintStyle style;
+        style.ground = Qt::black;
+        paintScene(peintre, *m_scene, vue, style);
+    }
+
+    /// Each picture a tenth of its width further.
+    void deplacer(double loupe)
+    {
+        SceneView ici = vue(loupe);
+        const double pas = ici.width / 10.0;
+        const double secondes = mediane(
+            m_passes, [&] { ici.center.x += pas; }, [&] { peindre(ici); });
+        char nom[64];
+        std::snprintf(nom, sizeof nom, "pan, 1/%.0f of the width in view", loupe);
+        m_tableau.duree(nom, secondes, imageMobile);
+    }
+
+    void designer()
+    {
+        SceneView ici = vue(64.0);
+        const double rayon = 5.0 * ici.pixel;
+        double decalage = 0.0;
+        const auto avancer = [&] { decalage += 0.37 * rayon; };
+        const auto point = [&] { return AcGePoint2d(ici.center.x + decalage, ici.center.y); };
+        m_tableau.duree("what lies under the cursor",
+                        mediane(m_passes, avancer, [&] { hitsAt(*m_scene, point(), rayon); }), 0.002);
+        constexpr unsigned tous = 1 | 2 | 4 | 8 | 16 | 32 | 64 | 128;
+        m_tableau.duree("object snap, all kinds",
+                        mediane(m_passes, avancer, [&] { snapAt(*m_scene, point(), rayon, tous); }), 0.005);
+        m_tableau.duree("crossing box over a quarter of it all",
+                        mediane(
+                            m_passes, [] {}, [&] { pickBox(*m_scene, vue(2.0).box(), PickExtent::crossing); }),
+                        0.5);
+    }
+
+    int m_passes;
+    AcDbDatabase m_base;
+    std::unique_ptr<Scene> m_scene;
+    Box2d m_coeur;
+    QImage m_image{largeur, hauteur, QImage::Format_RGB32};
+    tableauMesures m_tableau{{1}, "image"};
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App programme("Mesure l'affichage d'un dessin : lecture, première image, déplacements, désignation.");
+    std::string fichier;
+    int passes = 11;
+    programme.add_option("DESSIN", fichier, "Dessin DXF, comme ceux de vela_bench_dessin")->required();
+    programme.add_option("--runs", passes, "Mesures par ligne")->capture_default_str();
+    CLI11_PARSE(programme, argc, argv);
+    try {
+        const auto application = VelaApplication::make(VelaApplication::Screen::none);
+        return banc(fichier, passes).mesurer() ? 0 : 1;
+    } catch (const std::exception& erreur) {
+        std::fprintf(stderr, "vela_bench_image : %s\n", erreur.what());
+        return 2;
+    }
+}
