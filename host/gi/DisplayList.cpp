@@ -90,7 +90,7 @@ const PathArc* Path::arcOf(std::size_t segment) const
 
 std::array<AcGePoint3d, 4> cornersOf(const Label& label)
 {
-    const AcGeVector3d whole = label.along * textWidth(label.text);
+    const AcGeVector3d whole = label.along * label.width;
     return {label.origin, label.origin + whole, label.origin + whole + label.up, label.origin + label.up};
 }
 
@@ -147,6 +147,7 @@ void DisplayList::add(Label label)
 {
     if (label.text.empty() || !isUsable(label.origin) || !isUsable(label.along) || !isUsable(label.up))
         return;
+    label.width = textWidth(label.text);
     for (const AcGePoint3d& corner : cornersOf(label))
         m_parts.back().box.addPoint(corner);
     const std::size_t bytes = label.text.capacity() * sizeof(wchar_t);

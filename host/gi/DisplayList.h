@@ -83,6 +83,7 @@ struct Label {
     std::wstring text;
     AcGePoint3d origin;
     AcGeVector3d along, up;
+    double width = 0.0; ///< told by the list
     AcDbStub* style = nullptr;
     std::int32_t trueColor = -1;
     std::int16_t color = -1; ///< of this run alone; -1: that of its entity

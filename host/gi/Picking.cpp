@@ -5,7 +5,6 @@
 
 #include "gi/GraphicsSink.h"
 #include "gi/PickArea.h"
-#include "gi/TextMetrics.h"
 
 namespace {
 
@@ -16,7 +15,7 @@ using Rings = std::vector<std::vector<AcGePoint3d>>;
 
 Rings frameOf(const TextItem& item)
 {
-    const AcGeVector3d whole = item.along * textWidth(item.text);
+    const AcGeVector3d whole = item.along * item.width;
     return {{item.origin, item.origin + whole, item.origin + whole + item.up, item.origin + item.up}};
 }
 

@@ -233,6 +233,7 @@ void SceneDrawing::show(const Label& label, const Placement& place, const Pen& p
     if (!isFinite(item.origin) || !isFinite(item.along) || !isFinite(item.up))
         return;
     item.text = label.text;
+    item.width = label.width;
     item.font = tables().font(label.style);
     item.underlined = label.underlined;
     item.overlined = label.overlined;

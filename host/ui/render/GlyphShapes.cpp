@@ -1,10 +1,10 @@
 #include "ui/render/GlyphShapes.h"
 
 #include <QFont>
-#include <QRawFont>
 #include <QString>
 #include <QTransform>
 
+#include <cmath>
 #include <cwctype>
 
 #include "gi/TextMetrics.h"
@@ -24,6 +24,12 @@ const QRawFont& rawFont()
         return QRawFont::fromFont(wanted);
     }();
     return font;
+}
+
+bool isBlank(wchar_t character)
+{
+    const auto code = static_cast<std::wint_t>(character);
+    return std::iswspace(code) || std::iswcntrl(code) || character == L'\u00A0';
 }
 
 QPainterPath frame(double width)
@@ -50,17 +56,38 @@ const QPainterPath& GlyphShapes::shape(wchar_t character)
     return found->second;
 }
 
-QPainterPath GlyphShapes::read(wchar_t character) const
+const QRawFont& GlyphShapes::font(double capital)
 {
-    if (std::iswspace(static_cast<std::wint_t>(character)) || std::iswcntrl(static_cast<std::wint_t>(character)) ||
-        character == L'\u00A0')
+    constexpr double steps = 4.0; // of a pixel
+    const int size = std::max(1, static_cast<int>(std::lround(capital * steps)));
+    const auto [found, isNew] = m_fonts.try_emplace(size);
+    if (isNew) {
+        found->second = rawFont();
+        found->second.setPixelSize(size / steps * unitsOfEm / unitsOfCapital);
+    }
+    return found->second;
+}
+
+std::optional<quint32> GlyphShapes::glyph(wchar_t character)
+{
+    const auto [found, isNew] = m_glyphs.try_emplace(character);
+    if (isNew && !isBlank(character)) {
+        const QList<quint32> glyphs = rawFont().glyphIndexesForString(QString::fromWCharArray(&character, 1));
+        if (glyphs.size() == 1 && glyphs.front() != 0)
+            found->second = glyphs.front();
+    }
+    return found->second;
+}
+
+QPainterPath GlyphShapes::read(wchar_t character)
+{
+    if (isBlank(character))
         return {};
-    const QString text = QString::fromWCharArray(&character, 1);
-    const QList<quint32> glyphs = rawFont().glyphIndexesForString(text);
-    if (glyphs.size() != 1 || glyphs.front() == 0)
+    const std::optional<quint32> known = glyph(character);
+    if (!known)
         return frame(characterWidth(character));
     const double scale = unitsOfEm / unitsOfCapital / readSize;
-    QPainterPath shape = QTransform::fromScale(scale, -scale).map(rawFont().pathForGlyph(glyphs.front()));
+    QPainterPath shape = QTransform::fromScale(scale, -scale).map(rawFont().pathForGlyph(*known));
     shape.setFillRule(Qt::WindingFill);
     return shape;
 }

@@ -1,6 +1,8 @@
 #include "ui/render/ScenePainter.h"
 
+#include <QGlyphRun>
 #include <QList>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -13,6 +15,7 @@
 namespace {
 
 constexpr double leastText = 2.5;        // pixels of a capital letter below which a text is a line
+constexpr double mostGlyph = 40.0;       // pixels of a capital that glyphs are kept as pictures for
 constexpr double usualWeight = 25.0;     // hundredths of a millimetre
 constexpr double leastWidth = 1.0;       // pixels of a line with a weight
 constexpr qsizetype mostGathered = 4096; // lines or dots painted at once
@@ -20,6 +23,15 @@ constexpr double underDrop = -0.2, overRise = 1.2, strikeRise = 0.45, lineThickn
 
 /// A text is cut off past so many pixels of a capital: a font as large as that shows nothing but a stroke.
 constexpr double mostText = 20000.0;
+
+void addShapes(QPainterPath& path, std::wstring_view text)
+{
+    double pen = 0.0;
+    for (const wchar_t character : text) {
+        path.addPath(GlyphShapes::instance().shape(character).translated(pen, 0.0));
+        pen += characterWidth(character);
+    }
+}
 
 bool isLight(const QColor& ground)
 {
@@ -38,7 +50,8 @@ public:
         m_centerY(view.center.y),
         m_perUnit(1.0 / view.pixel),
         m_halfWidth(view.width / view.pixel / 2.0),
-        m_halfHeight(view.height / view.pixel / 2.0)
+        m_halfHeight(view.height / view.pixel / 2.0),
+        m_onPixels(painter.paintEngine() && painter.paintEngine()->type() == QPaintEngine::Raster)
     {
         m_painter.save();
     }
@@ -126,7 +139,30 @@ public:
         }
     }
 
-    const QTransform glyphs(const TextItem& item) const
+    /// As pictures of glyphs, where the device is one of pixels and the text small; false when it is not, or when the
+    /// font lacks a character.
+    bool drawGlyphs(std::wstring_view text, const QTransform& place, double tall)
+    {
+        if (!m_onPixels || tall > mostGlyph)
+            return false;
+        QList<quint32> glyphs;
+        QList<QPointF> positions;
+        double pen = 0.0;
+        for (const wchar_t character : text) {
+            const std::optional<quint32> glyph = GlyphShapes::instance().glyph(character);
+            if (glyph) {
+                glyphs.append(*glyph);
+                positions.append(QPointF(pen * tall, 0.0));
+            } else if (!GlyphShapes::instance().shape(character).isEmpty())
+                return false;
+            pen += characterWidth(character);
+        }
+        if (!glyphs.isEmpty())
+            drawRun(glyphs, positions, place, tall);
+        return true;
+    }
+
+    QTransform glyphs(const TextItem& item) const
     {
         const QPointF origin = at(item.origin), along = vector(item.along), up = vector(item.up);
         return QTransform(along.x(), along.y(), up.x(), up.y(), origin.x(), origin.y());
@@ -135,6 +171,25 @@ public:
     double height() const { return 2.0 * m_halfHeight; }
 
 private:
+    /// Upright texts need no transformation: glyphs of a size near theirs do, at places of their own.
+    void drawRun(const QList<quint32>& glyphs, const QList<QPointF>& positions, const QTransform& place, double tall)
+    {
+        QGlyphRun run;
+        run.setRawFont(GlyphShapes::instance().font(tall));
+        run.setGlyphIndexes(glyphs);
+        run.setPositions(positions);
+        m_painter.setPen(m_color);
+        const double slack = tall * 1e-3;
+        const bool upright = std::fabs(place.m12()) < slack && std::fabs(place.m21()) < slack &&
+                             std::fabs(place.m11() - tall) < slack && place.m22() < 0.0;
+        if (upright)
+            return m_painter.drawGlyphRun(QPointF(place.dx(), place.dy()), run);
+        const QTransform before = m_painter.transform();
+        m_painter.setTransform(QTransform::fromScale(1.0 / tall, -1.0 / tall) * place, true);
+        m_painter.drawGlyphRun(QPointF(), run);
+        m_painter.setTransform(before);
+    }
+
     void usePen()
     {
         m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
@@ -144,6 +199,7 @@ private:
     QPainter& m_painter;
     PaintStyle m_style;
     double m_centerX, m_centerY, m_perUnit, m_halfWidth, m_halfHeight;
+    bool m_onPixels;
     Appearance m_look;
     bool m_hasLook = false;
     QColor m_color;
@@ -201,24 +257,22 @@ void ScenePainter::text(const TextItem& item, const Appearance& look)
 {
     m_strokes->take(look);
     const QTransform place = m_strokes->glyphs(item);
-    const double width = textWidth(item.text), tall = std::hypot(place.m21(), place.m22());
-    const QRectF frame = place.mapRect(QRectF(0.0, -0.5, width, 2.0));
+    const double tall = std::hypot(place.m21(), place.m22());
+    const QRectF frame = place.mapRect(QRectF(0.0, -0.5, item.width, 2.0));
     if (!frame.intersects(QRectF(0.0, 0.0, m_strokes->width(), m_strokes->height())))
         return;
     if (tall < leastText || tall > mostText)
-        return m_strokes->line(place.map(QPointF(0.0, 0.5)), place.map(QPointF(width, 0.5)));
+        return m_strokes->line(place.map(QPointF(0.0, 0.5)), place.map(QPointF(item.width, 0.5)));
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
-    double pen = 0.0;
-    for (const wchar_t character : item.text) {
-        path.addPath(GlyphShapes::instance().shape(character).translated(pen, 0.0));
-        pen += characterWidth(character);
-    }
     for (const auto& [shown, rise] : {std::pair(item.underlined, underDrop), std::pair(item.overlined, overRise),
                                       std::pair(item.struck, strikeRise)})
         if (shown)
-            path.addRect(0.0, rise, width, lineThickness);
-    m_strokes->fill(place.map(path));
+            path.addRect(0.0, rise, item.width, lineThickness);
+    if (!m_strokes->drawGlyphs(item.text, place, tall))
+        addShapes(path, item.text);
+    if (!path.isEmpty())
+        m_strokes->fill(place.map(path));
 }
 
 void paintScene(QPainter& painter, Scene& scene, const SceneView& view, const PaintStyle& style)
