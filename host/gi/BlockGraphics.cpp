@@ -36,13 +36,19 @@ AcDbExtents BlockGraphics::boxOf(const DisplayList& list, bool withHidden)
     for (const DisplayPart& part : list.parts()) {
         if (part.isHidden && !withHidden)
             continue;
-        if (!part.box.isEmpty())
-            box.addExt(part.box);
-        for (std::uint32_t i = part.first; list.showsBlocks() && i < part.last; ++i)
-            if (const auto* use = std::get_if<std::unique_ptr<BlockUse>>(&list.primitive(i)))
-                if (const AcDbExtents shown = boxOf(**use); !shown.isEmpty())
-                    box.addExt(shown);
+        if (const AcDbExtents own = boxOf(list, part); !own.isEmpty())
+            box.addExt(own);
     }
+    return box;
+}
+
+AcDbExtents BlockGraphics::boxOf(const DisplayList& list, const DisplayPart& part)
+{
+    AcDbExtents box = part.box;
+    for (std::uint32_t i = part.first; list.showsBlocks() && i < part.last; ++i)
+        if (const auto* use = std::get_if<std::unique_ptr<BlockUse>>(&list.primitive(i)))
+            if (const AcDbExtents shown = boxOf(**use); !shown.isEmpty())
+                box.addExt(shown);
     return box;
 }
 

@@ -20,6 +20,8 @@ public:
 
     /// The box of a list, with the blocks it shows. Hidden attributes count when `withHidden`.
     AcDbExtents boxOf(const DisplayList& list, bool withHidden);
+    /// That of one part of it.
+    AcDbExtents boxOf(const DisplayList& list, const DisplayPart& part);
     /// That of all cells of a reference.
     AcDbExtents boxOf(const BlockUse& use);
 

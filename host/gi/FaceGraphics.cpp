@@ -2,32 +2,33 @@
 
 #include <array>
 
-namespace {
-
-using Corners = std::array<AcGePoint3d, 4>;
-
-void addEdge(const AcGePoint3d& from, const AcGePoint3d& to, DisplayList& list)
-{
-    if (from.x == to.x && from.y == to.y && from.z == to.z)
-        return;
-    Path edge;
-    edge.points = {from, to};
-    list.add(std::move(edge));
-}
-
-} // namespace
-
+/// Visible edges that follow each other are one path.
 void addFace(const AcDbFace& face, DisplayList& list)
 {
-    Corners corners;
-    for (Adesk::UInt16 i = 0; i < 4; ++i)
+    constexpr Adesk::UInt16 count = 4;
+    std::array<AcGePoint3d, count> corners;
+    for (Adesk::UInt16 i = 0; i < count; ++i)
         face.getVertexAt(i, corners[i]);
-    for (Adesk::UInt16 i = 0; i < 4; ++i) {
+    Path path;
+    const auto flush = [&] {
+        list.add(std::move(path));
+        path = Path();
+    };
+    for (Adesk::UInt16 i = 0; i < count; ++i) {
+        const AcGePoint3d &from = corners[i], &to = corners[(i + 1U) % count];
         Adesk::Boolean visible = Adesk::kFalse;
         face.isEdgeVisibleAt(i, visible);
-        if (visible)
-            addEdge(corners[i], corners[(i + 1U) % 4U], list);
+        if (!visible) {
+            flush();
+            continue;
+        }
+        if (from.x == to.x && from.y == to.y && from.z == to.z)
+            continue; // of a triangle, whose last two corners are one
+        if (path.points.empty())
+            path.points.push_back(from);
+        path.points.push_back(to);
     }
+    flush();
 }
 
 /// Its outline runs 0, 1, 3, 2.

@@ -23,7 +23,7 @@ struct TextItem {
     std::wstring_view text; ///< as it shows: control codes are replaced
     AcGePoint3d origin;     ///< left end of the baseline
     AcGeVector3d along, up;
-    double width = 0.0;      ///< of all of it, in heights of a capital letter
+    double width = 0.0;     ///< of all of it, in heights of a capital letter
     std::wstring_view font; ///< font file of its text style
     bool underlined = false, overlined = false, struck = false;
 };

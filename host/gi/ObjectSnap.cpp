@@ -59,6 +59,7 @@ private:
 
     void showSegment(const AcGePoint3d& from, const AcGePoint3d& to, bool isWhole);
     void showArc(const PathArc& arc);
+    AcGePoint3d nearestOf(const PathArc& arc, double about, double step) const;
     void addPiece(const AcGePoint3d& from, const AcGePoint3d& to, const PathArc* arc);
 
     AcGePoint2d m_cursor;
@@ -167,7 +168,7 @@ void SnapSearch::showArc(const PathArc& arc)
         const double share = std::clamp(
             length > 0.0 ? ((m_cursor.x - chords[i].x) * way.x + (m_cursor.y - chords[i].y) * way.y) / length : 0.0,
             0.0, 1.0);
-        const AcGePoint3d nearest = arc.at(step * (static_cast<double>(i) + share));
+        const AcGePoint3d nearest = nearestOf(arc, step * (static_cast<double>(i) + share), step);
         const double distance = away(nearest);
         offer(SnapKind::nearest, nearest, distance, 3);
         offer(SnapKind::center, arc.center, distance, 1);
@@ -186,6 +187,18 @@ void SnapSearch::showArc(const PathArc& arc)
                 offer(SnapKind::perpendicular, foot, std::min(away(foot), m_aperture), 2);
             }
     }
+}
+
+/// Of a stretch of an arc, the point nearest to the cursor: the stretch is cut to a third as often as it takes.
+AcGePoint3d SnapSearch::nearestOf(const PathArc& arc, double about, double step) const
+{
+    double low = std::max(about - step, 0.0), high = std::min(about + step, arc.turn);
+    for (int i = 0; i < 60; ++i) {
+        const double third = (high - low) / 3.0;
+        const bool first = away(arc.at(low + third)) < away(arc.at(high - third));
+        (first ? high : low) = first ? high - third : low + third;
+    }
+    return arc.at((low + high) / 2.0);
 }
 
 void SnapSearch::addPiece(const AcGePoint3d& from, const AcGePoint3d& to, const PathArc* arc)

@@ -130,12 +130,24 @@ void SceneContents::place(Item& item, const DisplayList& list)
 {
     item.showsBlocks = list.showsBlocks();
     item.box = boxIn(m_blocks.boxOf(list, m_attributeMode == 2), Placement());
+    item.core = item.box;
     item.isPoint = false;
+    item.textHeight = 0.0F;
     if (list.parts().empty())
         return;
     const DisplayPart& part = list.parts().front();
     item.look = part.look;
     item.isPoint = part.first < part.last && std::holds_alternative<PointMark>(list.primitive(part.first));
+    if (list.parts().size() == 1)
+        return;
+    const Box2d core = boxIn(m_blocks.boxOf(list, part), Placement());
+    if (core.isEmpty())
+        return; // its texts are all of it
+    item.core = core;
+    for (const DisplayPart& attribute : list.parts())
+        for (std::uint32_t i = attribute.first; i < attribute.last; ++i)
+            if (const auto* label = std::get_if<Label>(&list.primitive(i)))
+                item.textHeight = std::max(item.textHeight, static_cast<float>(label->up.length()));
 }
 
 // ---- what is kept of it

@@ -31,8 +31,8 @@ public:
         ++m_use;
         const auto show = [&](std::uint32_t at) {
             Item& item = m_items[at];
-            if (view.simplified && !item.isPoint && item.box.width() < view.pixel && item.box.height() < view.pixel) {
-                const AcGePoint2d center = item.box.center();
+            if (view.simplified && isSpeck(item, view.pixel)) {
+                const AcGePoint2d center = item.core.center();
                 walk.shrink(item.look, AcGePoint3d(center.x, center.y, 0.0));
             } else
                 walkItem(item, walk);
@@ -58,14 +58,24 @@ public:
 private:
     struct Item {
         AcDbStub* stub = nullptr;
-        Box2d box; ///< empty when nothing shows
+        Box2d box;  ///< empty when nothing shows
+        Box2d core; ///< the same without attributes
         std::unique_ptr<DisplayList> list;
         EntityLook look;
         std::uint32_t used = 0;
+        float textHeight = 0.0F; ///< of the tallest attribute
         bool showsBlocks = false;
         bool isPoint = false; ///< shown by a figure, however small its box
         bool isLoose = false; ///< changed since the index was built
     };
+
+    /// Whether it is a dot at most: of a symbol far away the texts are finer than a line, and left out.
+    static bool isSpeck(const Item& item, double pixel)
+    {
+        return !item.isPoint && item.core.width() < pixel && item.core.height() < pixel &&
+               static_cast<double>(item.textHeight) < pixel &&
+               (item.textHeight > 0.0F || (item.box.width() < pixel && item.box.height() < pixel));
+    }
 
     void readAll();
     void addNewEntities();

@@ -17,6 +17,7 @@ namespace {
 constexpr double leastText = 2.5;        // pixels of a capital letter below which a text is a line
 constexpr double mostGlyph = 40.0;       // pixels of a capital that glyphs are kept as pictures for
 constexpr double usualWeight = 25.0;     // hundredths of a millimetre
+constexpr double shortLine = 4.0;        // pixels below which a line need not be smooth: it is a speck, and drawn fast
 constexpr double leastWidth = 1.0;       // pixels of a line with a weight
 constexpr qsizetype mostGathered = 4096; // lines or dots painted at once
 constexpr double underDrop = -0.2, overRise = 1.2, strikeRise = 0.45, lineThickness = 0.08; // heights of a capital
@@ -91,8 +92,10 @@ public:
 
     void line(const QPointF& from, const QPointF& to)
     {
-        m_lines.append(QLineF(from, to));
-        if (m_lines.size() >= mostGathered)
+        const bool isShort = std::fabs(to.x() - from.x()) < shortLine && std::fabs(to.y() - from.y()) < shortLine;
+        QList<QLineF>& lines = isShort ? m_shortLines : m_lines;
+        lines.append(QLineF(from, to));
+        if (lines.size() >= mostGathered)
             flush();
     }
     void dot(const QPointF& point)
@@ -128,6 +131,12 @@ public:
             usePen();
             m_painter.drawLines(m_lines);
             m_lines.clear();
+        }
+        if (!m_shortLines.isEmpty()) {
+            usePen();
+            m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth && !m_onPixels);
+            m_painter.drawLines(m_shortLines);
+            m_shortLines.clear();
         }
         if (!m_dots.isEmpty()) {
             m_painter.setRenderHint(QPainter::Antialiasing, false);
@@ -204,7 +213,7 @@ private:
     bool m_hasLook = false;
     QColor m_color;
     QPen m_pen;
-    QList<QLineF> m_lines;
+    QList<QLineF> m_lines, m_shortLines;
     QList<QPointF> m_dots;
 };
 

@@ -44,10 +44,10 @@ const Row rows[] = {
      {"line 7: 0,0 5,0 5,5 0,0"}},
     {"3D face: its second edge (bit 2) is invisible",
      "0 3DFACE\n100 AcDbFace\n10 0\n20 0\n11 4\n21 0\n12 4\n22 4\n13 0\n23 4\n70 2\n",
-     {"line 7: 0,0 4,0", "line 7: 4,4 0,4", "line 7: 0,4 0,0"}},
+     {"line 7: 0,0 4,0", "line 7: 4,4 0,4 0,0"}},
     {"triangle: its fourth corner is the third",
      "0 3DFACE\n100 AcDbFace\n10 0\n20 0\n11 4\n21 0\n12 4\n22 4\n13 4\n23 4\n",
-     {"line 7: 0,0 4,0", "line 7: 4,0 4,4", "line 7: 4,4 0,0"}},
+     {"line 7: 0,0 4,0 4,4 0,0"}},
     {"solid: its outline runs 0, 1, 3, 2",
      "0 SOLID\n100 AcDbTrace\n10 0\n20 0\n11 4\n21 0\n12 0\n22 3\n13 4\n23 3\n",
      {"area 7: 0,0 4,0 4,3 0,3"}},
@@ -64,7 +64,7 @@ const Row rows[] = {
      "0 VERTEX\n100 AcDbVertex\n100 AcDbPolygonMeshVertex\n10 0\n20 3\n70 64\n"
      "0 VERTEX\n100 AcDbVertex\n100 AcDbPolygonMeshVertex\n10 4\n20 0\n70 64\n"
      "0 VERTEX\n100 AcDbVertex\n100 AcDbPolygonMeshVertex\n10 4\n20 3\n70 64\n0 SEQEND\n",
-     {"line 7: 0,0 0,3", "line 7: 0,3 4,3", "line 7: 4,3 4,0", "line 7: 4,0 0,0"}},
+     {"line 7: 0,0 0,3 4,3 4,0 0,0"}},
     {"solid hatch with an island",
      "0 HATCH\n100 AcDbHatch\n10 0\n20 0\n30 0\n210 0\n220 0\n230 1\n2 SOLID\n70 1\n71 0\n91 2\n"
      "92 3\n72 0\n73 1\n93 4\n10 0\n20 0\n10 9\n20 0\n10 9\n20 9\n10 0\n20 9\n97 0\n"
