@@ -28,7 +28,7 @@ protected:
 private:
     using Points = std::vector<AcGePoint3d>;
 
-    double deviation() const { return view().pixel / 2.0; }
+    double deviation() const { return view().pixel / 4.0; }
     void stroke(GraphicsSink::Points points, const Pen& pen);
     void strokeDashed(const Path& path, const Placement& place, const Pen& pen);
     void fill(std::vector<Points> rings, const Pen& pen);

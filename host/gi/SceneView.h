@@ -6,7 +6,7 @@
 struct SceneView {
     AcGePoint2d center;
     double width = 1.0, height = 1.0; ///< of the box, in drawing units
-    double pixel = 1.0;               ///< size of a pixel in drawing units: curves deviate by less than half of it
+    double pixel = 1.0;               ///< size of a pixel in drawing units: curves deviate by at most a quarter of it
 
     bool dashes = true;        ///< linetypes are cut into dashes; picking wants whole lines
     bool simplified = true;    ///< what is smaller than a pixel becomes a dot

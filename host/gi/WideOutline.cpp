@@ -22,7 +22,8 @@ std::vector<Rib> ribsOf(const WidePath& wide, std::size_t segment, const Placeme
     std::vector<Rib> ribs;
     const AcGeVector3d normal = wide.normal.isZeroLength() ? AcGeVector3d::kZAxis : wide.normal.normal();
     if (const PathArc* arc = path.arcOf(segment)) {
-        const double radius = std::max(place(arc->toStart).length(), place(arc->across).length());
+        const double widest = 1.0 + std::max(startWidth, endWidth) / 2.0 / arc->toStart.length();
+        const double radius = widest * std::max(place(arc->toStart).length(), place(arc->across).length());
         const int chords = std::max(chordCount(radius, arc->turn, deviation), 2);
         // Outwards lies to the right of an arc that turns counter-clockwise, seen along the normal.
         const double sense = arc->toStart.crossProduct(arc->across).dotProduct(normal) < 0.0 ? 1.0 : -1.0;
