@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Corrects a closed traverse, writes its report, places its stations in a site drawing and saves that drawing.
+# Corrects a closed traverse, writes its report, places its stations in a site drawing, saves and draws that drawing.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
@@ -14,9 +14,11 @@ vela=build/dev/bin/vela
     --enregistrer resultats/chantier-corrige.dxf
 echo
 "$vela" info resultats/chantier-corrige.dxf
+"$vela" apercu resultats/chantier-corrige.dxf -o resultats/chantier-corrige.png --taille 1600x1000 --fond sombre >/dev/null
 cat <<FIN
 
 Les résultats sont dans $PWD/resultats :
   rapport.html          le calcul de la polygonale, à ouvrir dans un navigateur
   chantier-corrige.dxf  le dessin : stations placées, polygonale observée et compensée
+  chantier-corrige.png  l'image de ce dessin
 FIN

@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr double leastText = 2.5;        // pixels of a capital letter below which a text is a line
+constexpr double leastText = 2.5; // pixels of a capital letter below which a text is a line
+constexpr float textLineStrength = 0.45F;
 constexpr double mostGlyph = 40.0;       // pixels of a capital that glyphs are kept as pictures for
 constexpr double usualWeight = 25.0;     // hundredths of a millimetre
 constexpr double shortLine = 4.0;        // pixels below which a line need not be smooth: it is a speck, and drawn fast
@@ -98,6 +99,13 @@ public:
         if (lines.size() >= mostGathered)
             flush();
     }
+    /// In place of a text too small to read: paler, as its letters would be.
+    void textLine(const QPointF& from, const QPointF& to)
+    {
+        m_textLines.append(QLineF(from, to));
+        if (m_textLines.size() >= mostGathered)
+            flush();
+    }
     void dot(const QPointF& point)
     {
         m_dots.append(point);
@@ -137,6 +145,17 @@ public:
             m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth && !m_onPixels);
             m_painter.drawLines(m_shortLines);
             m_shortLines.clear();
+        }
+        if (!m_textLines.isEmpty()) {
+            QPen pen = m_pen;
+            QColor pale = m_color;
+            pale.setAlphaF(textLineStrength);
+            pen.setColor(pale);
+            pen.setStyle(Qt::SolidLine);
+            m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
+            m_painter.setPen(pen);
+            m_painter.drawLines(m_textLines);
+            m_textLines.clear();
         }
         if (!m_dots.isEmpty()) {
             m_painter.setRenderHint(QPainter::Antialiasing, false);
@@ -213,7 +232,7 @@ private:
     bool m_hasLook = false;
     QColor m_color;
     QPen m_pen;
-    QList<QLineF> m_lines, m_shortLines;
+    QList<QLineF> m_lines, m_shortLines, m_textLines;
     QList<QPointF> m_dots;
 };
 
@@ -271,7 +290,7 @@ void ScenePainter::text(const TextItem& item, const Appearance& look)
     if (!frame.intersects(QRectF(0.0, 0.0, m_strokes->width(), m_strokes->height())))
         return;
     if (tall < leastText || tall > mostText)
-        return m_strokes->line(place.map(QPointF(0.0, 0.5)), place.map(QPointF(item.width, 0.5)));
+        return m_strokes->textLine(place.map(QPointF(0.0, 0.5)), place.map(QPointF(item.width, 0.5)));
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
     for (const auto& [shown, rise] : {std::pair(item.underlined, underDrop), std::pair(item.overlined, overRise),
