@@ -147,6 +147,26 @@ TEST_F(DialoguesPolygonales, CaptionsToTheLetter)
                                                "Prélever du dessin", "Gisement calculé:", "grades"});
 }
 
+TEST_F(DialoguesPolygonales, TabOrderFollowsTheFields)
+{
+    const auto ordre = [](const QWidget& dialogue) {
+        QStringList noms;
+        for (const QWidget* w = dialogue.nextInFocusChain(); w != &dialogue; w = w->nextInFocusChain())
+            if (w->focusPolicy() & Qt::TabFocus && !w->objectName().startsWith("qt_"))
+                noms << w->objectName();
+        return noms.join(u' ').toStdString();
+    };
+    const std::string panneau = "editStation editAngle editDistance editAltitude boutonAjouter boutonEnlever liste "
+                                "comboAngles comboNivellement boutonCharger boutonSauvegarder boutonCalculer "
+                                "boutonPlacer boutonFermer";
+    EXPECT_EQ(ordre(corrPolygoDLG()), "editNumero editX editY editZ editNord " + panneau);
+    EXPECT_EQ(ordre(corrPolygoOuverteDLG()),
+              "editNumeroDepart editXDepart editYDepart editZDepart editGisementDepart boutonCalDepart "
+              "editNumeroArrivee editXArrivee editYArrivee editZArrivee editGisementArrivee boutonCalArrivee "
+              "editDernierAngle " +
+                  panneau);
+}
+
 TEST_F(DialoguesPolygonales, RowsAreAddedAndTakenAway)
 {
     corrPolygoDLG dialogue;
