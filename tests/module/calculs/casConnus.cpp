@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 #include <sstream>
 
@@ -61,4 +62,29 @@ void verifier(const casConnu& cas, const grandeurs& calculees)
         for (std::size_t i = 0; i < attendu.valeurs.size(); ++i)
             EXPECT_NEAR(calculee->second[i], attendu.valeurs[i], attendu.tolerance) << "row " << i;
     }
+}
+
+void comparerStations(const cheminement& c, const cheminement& reference,
+                      const std::function<stationCorrigee(stationCorrigee)>& deplacement)
+{
+    ASSERT_EQ(c.stations.size(), reference.stations.size());
+    for (std::size_t k = 0; k < c.stations.size(); ++k) {
+        const stationCorrigee attendue = deplacement(reference.stations[k]);
+        EXPECT_NEAR(c.stations[k].x, attendue.x, 1e-8) << k;
+        EXPECT_NEAR(c.stations[k].y, attendue.y, 1e-8) << k;
+        EXPECT_NEAR(c.stations[k].z, attendue.z, 1e-8) << k;
+    }
+}
+
+void attendreLineaire(const std::function<void(std::size_t cotes)>& calculer)
+{
+    const auto secondes = [&calculer](std::size_t cotes) {
+        const auto debut = std::chrono::steady_clock::now();
+        calculer(cotes);
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - debut).count();
+    };
+    secondes(1000);
+    const double dixMille = secondes(10'000);
+    const double centMille = secondes(100'000);
+    EXPECT_LT(centMille, dixMille * 10 * 5 + 0.5) << dixMille << " s, then " << centMille << " s";
 }

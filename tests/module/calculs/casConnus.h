@@ -2,6 +2,7 @@
 
 #include "calculs/cheminement.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -38,3 +39,11 @@ std::vector<double> colonne(const std::vector<Element>& elements, double Element
 
 /// Expects each known value within its tolerance.
 void verifier(const casConnu& cas, const grandeurs& calculees);
+
+/// Expects the stations of a computation where those of the other one are, once moved.
+void comparerStations(const cheminement& c, const cheminement& reference,
+                      const std::function<stationCorrigee(stationCorrigee)>& deplacement);
+
+/// Expects 100 000 legs with their report to take some ten times what 10 000 take: not a hundred.
+/// @param calculer computes and reports a traverse of that many legs
+void attendreLineaire(const std::function<void(std::size_t cotes)>& calculer);

@@ -44,18 +44,6 @@ const stationPolygonale departA{L"A", 1000.0, 2000.0, 50.0, 50.0};
 const observations triangle = {
     {L"B", 349.98, 100.00, 1.50}, {L"C", 299.99, 100.10, -0.70}, {L"A", 350.06, 141.40, -0.77}};
 
-void comparerStations(const resultatPolygonaleFermee& r, const resultatPolygonaleFermee& reference,
-                      const std::function<stationCorrigee(stationCorrigee)>& transformation)
-{
-    ASSERT_EQ(r.stations.size(), reference.stations.size());
-    for (std::size_t k = 0; k < r.stations.size(); ++k) {
-        const stationCorrigee attendue = transformation(reference.stations[k]);
-        EXPECT_NEAR(r.stations[k].x, attendue.x, 1e-8) << k;
-        EXPECT_NEAR(r.stations[k].y, attendue.y, 1e-8) << k;
-        EXPECT_NEAR(r.stations[k].z, attendue.z, 1e-8) << k;
-    }
-}
-
 TEST(PolygonaleFermee, Invariances)
 {
     const auto reference = compenserPolygonaleFermee(departA, nivellementRacine, uniteGrades, triangle);

@@ -54,18 +54,6 @@ stationCorrigee identite(stationCorrigee s)
     return s;
 }
 
-void comparerStations(const resultatPolygonaleOuverte& r, const resultatPolygonaleOuverte& reference,
-                      const std::function<stationCorrigee(stationCorrigee)>& transformation)
-{
-    ASSERT_EQ(r.stations.size(), reference.stations.size());
-    for (std::size_t k = 0; k < r.stations.size(); ++k) {
-        const stationCorrigee attendue = transformation(reference.stations[k]);
-        EXPECT_NEAR(r.stations[k].x, attendue.x, 1e-8) << k;
-        EXPECT_NEAR(r.stations[k].y, attendue.y, 1e-8) << k;
-        EXPECT_NEAR(r.stations[k].z, attendue.z, 1e-8) << k;
-    }
-}
-
 TEST(PolygonaleOuverte, ClosuresByHand)
 {
     const auto r = compenserPolygonale(exempleAD());
