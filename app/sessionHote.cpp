@@ -4,6 +4,7 @@
 #include "commands/CommandTable.h"
 #include "erreurProgramme.h"
 #include "platform/CodePage.h"
+#include "platform/Paths.h"
 #include "rx/Console.h"
 #include "rx/ModuleTable.h"
 
@@ -26,6 +27,13 @@ fs::path fichierModule(const char* nom)
     return fs::exists(aCote) ? aCote : (dossier / "../lib/vela" / nom).lexically_normal();
 }
 
+/// The module's messages go to a folder that an installation makes on the original platform. Without it they are lost.
+void preparerJournal()
+{
+    std::error_code sansJournal; // the session goes on
+    fs::create_directories(platform::nativePath(L"C:\\QUARVEL4\\SUPPORT"), sansJournal);
+}
+
 void exigerReussite(const std::optional<std::wstring>& refus)
 {
     if (refus)
@@ -37,8 +45,9 @@ void exigerReussite(const std::optional<std::wstring>& refus)
 sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
 {
     Console::instance().setSink([this](const std::wstring& texte) { lignes.ecrire(texte); });
+    preparerJournal();
     DocumentList::instance(); // modules ask for the documents from their first message on
-    registerHostCommands(); // before the modules: theirs are found first
+    registerHostCommands();   // before the modules: theirs are found first
     try {
         for (const char* nom : modulesTopo)
             exigerReussite(ModuleTable::instance().load(platform::wideFromUtf8(fichierModule(nom).string())));

@@ -28,3 +28,10 @@ inline Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id)
     name[1] = 0;
     return Acad::eOk;
 }
+
+/// Changes an entity by a list: its name (-1), then -3 and the extended data to put in place of those of the
+/// applications they name (1001 items). This host changes extended data so; use the classes for what else an entity
+/// holds.
+/// @return RTNORM; RTREJ for a list with other items, or data that the entity refuses; RTERROR when there is no such
+/// entity to change.
+int acdbEntMod(const resbuf* entity);

@@ -41,6 +41,12 @@ bool retaillerSymbole(AcDbBlockReference& reference, double taille)
            reference.setScaleFactors({taille, taille, taille}) == Acad::eOk;
 }
 
+bool changerBlocSymbole(const AcDbObjectId& id, const AcDbObjectId& bloc)
+{
+    const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForWrite);
+    return reference.openStatus() == Acad::eOk && reference->setBlockTableRecord(bloc) == Acad::eOk;
+}
+
 bool conformerSymbole(const AcDbObjectId& id, int code, tableCodification& table)
 {
     const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForWrite);

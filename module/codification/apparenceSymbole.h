@@ -11,6 +11,9 @@ class AcDbBlockReference;
 /// place relative to the size.
 bool retaillerSymbole(AcDbBlockReference& reference, double taille);
 
+/// Gives a symbol another block. @return false when it is no block reference.
+bool changerBlocSymbole(const AcDbObjectId& id, const AcDbObjectId& bloc);
+
 /// Brings a symbol wholly in line with a code: block, size, layers, code text. Missing layers are made.
 /// @return false when it is no block reference, or the code's block cannot be had; it is then as it was.
 bool conformerSymbole(const AcDbObjectId& id, int code, tableCodification& table);

@@ -93,6 +93,21 @@ bool peuImbrique(const std::string& xml)
     return profondeur <= plusProfond;
 }
 
+/// The library writes what looks like a reference to a character as it stands, so that such a text would come back
+/// changed, or break the file: it goes into a section of plain characters.
+TiXmlText texteXml(std::string octets)
+{
+    constexpr const char* reference = "&#x";
+    const auto place = octets.find(reference);
+    const bool finDeSection = octets.find("]]>") != std::string::npos;
+    if (place != std::string::npos && finDeSection)
+        for (auto i = place; i != std::string::npos; i = octets.find(reference, i))
+            octets.insert(i + 1, 1, ' '); // neither way can hold both
+    TiXmlText texte(octets.c_str());
+    texte.SetCDATA(place != std::string::npos && !finDeSection);
+    return texte;
+}
+
 codifPoint codeDe(const TiXmlElement& element)
 {
     codifPoint code;
@@ -116,7 +131,7 @@ std::string xmlDeCodes(std::span<const codifPoint> codes)
         TiXmlElement element(elementCode);
         for (const champXml& champ : champs) {
             TiXmlElement contenant(champ.element);
-            contenant.InsertEndChild(TiXmlText(enUtf8(champ.ecrire(code)).c_str()));
+            contenant.InsertEndChild(texteXml(enUtf8(champ.ecrire(code))));
             element.InsertEndChild(contenant);
         }
         table.InsertEndChild(element);

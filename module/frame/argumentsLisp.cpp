@@ -1,13 +1,14 @@
 #include "frame/argumentsLisp.h"
 
-#include "aced.h"
 #include "calculs/grandeur.h"
+#include "frame/selection.h"
+
+#include "aced.h"
+#include "dbads.h"
 
 #include <array>
 
 const wchar_t* const messageParametres = L"\nparametres incorrects.";
-
-namespace {
 
 bool reelDe(const resbuf& item, double& valeur)
 {
@@ -26,14 +27,12 @@ bool reelDe(const resbuf& item, double& valeur)
     }
 }
 
-} // namespace
-
-argumentsLisp::argumentsLisp() : chaine(acedGetArgs()), suivant(chaine) {}
+argumentsLisp::argumentsLisp() : arguments(acedGetArgs()), suivant(arguments) {}
 
 argumentsLisp::~argumentsLisp()
 {
-    if (chaine)
-        acutRelRb(chaine);
+    if (arguments)
+        acutRelRb(arguments);
 }
 
 bool argumentsLisp::lireTexte(CString& texte)
@@ -52,6 +51,58 @@ bool argumentsLisp::lireEntier(int& entier)
     entier = suivant->restype == RTSHORT ? suivant->resval.rint : suivant->resval.rlong;
     suivant = suivant->rbnext;
     return true;
+}
+
+bool argumentsLisp::lireReel(double& reel)
+{
+    if (!suivant || !reelDe(*suivant, reel))
+        return false;
+    suivant = suivant->rbnext;
+    return true;
+}
+
+bool argumentsLisp::lireLogique(bool& logique)
+{
+    if (!suivant || (suivant->restype != RTT && suivant->restype != RTNIL))
+        return false;
+    logique = suivant->restype == RTT;
+    suivant = suivant->rbnext;
+    return true;
+}
+
+bool argumentsLisp::lireEntite(AcDbObjectId& id)
+{
+    if (!suivant || suivant->restype != RTENAME || acdbGetObjectId(id, suivant->resval.rlname) != Acad::eOk)
+        return false;
+    suivant = suivant->rbnext;
+    return true;
+}
+
+bool argumentsLisp::lireSelection(std::vector<AcDbObjectId>& ids)
+{
+    if (!suivant || suivant->restype != RTPICKS)
+        return false;
+    ids = entitesDe(suivant->resval.rlname);
+    suivant = suivant->rbnext;
+    return true;
+}
+
+bool argumentsLisp::lireListe(const resbuf*& premier, const resbuf*& dernier)
+{
+    if (!suivant || suivant->restype != RTLB)
+        return false;
+    int profondeur = 0;
+    for (const resbuf* item = suivant; item; item = item->rbnext) {
+        if (item->restype == RTLB)
+            ++profondeur;
+        else if (item->restype == RTLE && --profondeur == 0) {
+            premier = suivant;
+            dernier = item;
+            suivant = item->rbnext;
+            return true;
+        }
+    }
+    return false;
 }
 
 bool argumentsLisp::lirePoint(AcGePoint3d& point)

@@ -1,7 +1,9 @@
 #include "frame/commandes.h"
 
 #include "calculs/dialoguesPolygonales.h"
+#include "codification/DlgTableCodification.h"
 #include "frame/ptsEn3d.h"
+#include "points/CformulaireXYZ.h"
 
 #include "accmd.h"
 
@@ -15,8 +17,8 @@ void aVenir() {}
 
 constexpr commande commandes[] = {
     {L"CARROYAGE", ACRX_CMD_USEPICKSET, aVenir},
-    {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, aVenir},
-    {L"COORDSXYZ", ACRX_CMD_MODAL, aVenir},
+    {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, commandeCodification},
+    {L"COORDSXYZ", ACRX_CMD_MODAL, commandeCoordonnees},
     {L"CORRPOLFERMEE", ACRX_CMD_MODAL, corrPolFermee},
     {L"CORRPOLOUVERTE", ACRX_CMD_MODAL, corrPolOuverte},
     {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},

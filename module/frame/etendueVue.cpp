@@ -2,6 +2,11 @@
 
 #include "frame/variablesHote.h"
 
+#include "aced.h"
+#include "dbsymtb.h"
+
+#include <algorithm>
+
 etendueVue etendueDeVue(double xCentre, double yCentre, double taille, double pixelsLargeur, double pixelsHauteur)
 {
     double dx = taille / 2.0;
@@ -22,4 +27,15 @@ bool lireEtendueVue(etendueVue& etendue)
         return false;
     etendue = etendueDeVue(centre.x, centre.y, taille, pixels.x, pixels.y);
     return true;
+}
+
+bool montrerEtendue(const etendueVue& etendue)
+{
+    constexpr double marge = 1.1;
+    constexpr double plusPetite = 10.0; // drawing units: symbols and their texts are legible
+    AcDbViewTableRecord vue;
+    vue.setCenterPoint({(etendue.xMin + etendue.xMax) / 2.0, (etendue.yMin + etendue.yMax) / 2.0});
+    vue.setWidth(marge * std::max(etendue.xMax - etendue.xMin, plusPetite));
+    vue.setHeight(marge * std::max(etendue.yMax - etendue.yMin, plusPetite));
+    return acedSetCurrentView(&vue, nullptr) == Acad::eOk;
 }

@@ -15,3 +15,7 @@ etendueVue etendueDeVue(double xCentre, double yCentre, double taille, double pi
 /// The extent of the host's current view, from VIEWCTR, VIEWSIZE and SCREENSIZE.
 /// @return false, `etendue` untouched, when the host does not tell one of them.
 bool lireEtendueVue(etendueVue& etendue);
+
+/// Shows the rectangle in the host's current view, with a margin; a single place is shown with some ground around it.
+/// @return false when the host has no view to change.
+bool montrerEtendue(const etendueVue& etendue);

@@ -1,8 +1,15 @@
 #include "frame/fonctionsLisp.h"
 
+#include "codification/DlgChoixCode.h"
+#include "codification/lispCodes.h"
+#include "codification/lispSelections.h"
+#include "codification/lispSymboles.h"
 #include "frame/argumentsLisp.h"
 #include "frame/lispPoints.h"
+#include "frame/lispPolylignes.h"
+#include "frame/lispSaisie.h"
 #include "frame/lispTextes.h"
+#include "points/DlgChoixPoint.h"
 
 #include "aced.h"
 #include "afx.h"
@@ -16,19 +23,45 @@ int aVenir()
 }
 
 constexpr fonctionLisp fonctions[] = {
-    {L"calctailleblock", aVenir},  {L"add_pt", lispAddPt},        {L"analyse", lispAnalyse},
-    {L"attrvisibility", aVenir},   {L"c:projpoly", aVenir},       {L"c:vcode", aVenir},
-    {L"ename_pt", aVenir},         {L"getsegtype", aVenir},       {L"k_getpt", aVenir},
-    {L"maxnum", lispMaxnum},       {L"modif-attrib", aVenir},     {L"reg_pts", aVenir},
-    {L"select_all", aVenir},       {L"seloncode", aVenir},        {L"selonnum", aVenir},
-    {L"vldelfile", lispVldelfile}, {L"superpos", aVenir},         {L"sxd", aVenir},
-    {L"wait_user", aVenir},        {L"tpcdaddpt", aVenir},        {L"loadcodept", aVenir},
-    {L"addcodept", aVenir},        {L"resetcodespts", aVenir},    {L"choixpoint", aVenir},
-    {L"chgreppts", aVenir},        {L"updarxttxt", aVenir},       {L"c:decrireblock", aVenir},
-    {L"c:tablegendes", aVenir},    {L"c:gererLeves", aVenir},     {L"C:pointsParDecalage", aVenir},
-    {L"C:ZoomLeve", lispZoomLeve}, {L"selectionnerCode", aVenir}, {L"c:TopJndre", aVenir},
-    {L"VELATEXT", lispVelatext},   {L"c:DISSOCBLOCK", aVenir},    {L"c:IMPLANT2", aVenir},
-    {L"c:VLDEPORTPNTS", aVenir},   {L"c:VLAJUSTERZ", aVenir},     {L"c:AllegerDessin", aVenir},
+    {L"calctailleblock", lispCalctailleblock},
+    {L"add_pt", lispAddPt},
+    {L"analyse", lispAnalyse},
+    {L"attrvisibility", lispAttrvisibility},
+    {L"c:projpoly", aVenir},
+    {L"c:vcode", lispVcode},
+    {L"ename_pt", lispEnamePt},
+    {L"getsegtype", lispGetsegtype},
+    {L"k_getpt", lispKGetpt},
+    {L"maxnum", lispMaxnum},
+    {L"modif-attrib", lispModifAttrib},
+    {L"reg_pts", lispRegPts},
+    {L"select_all", lispSelectAll},
+    {L"seloncode", lispSeloncode},
+    {L"selonnum", lispSelonnum},
+    {L"vldelfile", lispVldelfile},
+    {L"superpos", lispSuperpos},
+    {L"sxd", lispSxd},
+    {L"wait_user", lispWaitUser},
+    {L"tpcdaddpt", lispTpcdaddpt},
+    {L"loadcodept", lispLoadcodept},
+    {L"addcodept", lispAddcodept},
+    {L"resetcodespts", lispResetcodespts},
+    {L"choixpoint", lispChoixpoint},
+    {L"chgreppts", lispChgreppts},
+    {L"updarxttxt", lispUpdarxttxt},
+    {L"c:decrireblock", aVenir},
+    {L"c:tablegendes", aVenir},
+    {L"c:gererLeves", aVenir},
+    {L"C:pointsParDecalage", aVenir},
+    {L"C:ZoomLeve", lispZoomLeve},
+    {L"selectionnerCode", lispSelectionnerCode},
+    {L"c:TopJndre", lispTopJndre},
+    {L"VELATEXT", lispVelatext},
+    {L"c:DISSOCBLOCK", lispDissocblock},
+    {L"c:IMPLANT2", aVenir},
+    {L"c:VLDEPORTPNTS", aVenir},
+    {L"c:VLAJUSTERZ", aVenir},
+    {L"c:AllegerDessin", aVenir},
 };
 
 constexpr int nombreFonctions = static_cast<int>(std::size(fonctions));

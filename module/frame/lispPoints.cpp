@@ -1,19 +1,12 @@
 #include "frame/lispPoints.h"
 
 #include "frame/argumentsLisp.h"
+#include "frame/etendueVue.h"
+#include "frame/listeLisp.h"
+#include "points/etendueDesPoints.h"
 #include "points/projetDansDessin.h"
 
 #include "aced.h"
-
-namespace {
-
-int rendreNil()
-{
-    acedRetNil();
-    return RTNORM;
-}
-
-} // namespace
 
 int lispAddPt()
 {
@@ -44,7 +37,12 @@ int lispMaxnum()
 int lispZoomLeve()
 {
     const listePointsDuDessin* const table = tableCourante();
-    if (table && table->nbPoint() == 0)
+    if (!table)
+        return RTNORM;
+    const auto etendue = etendueDesPoints(*table);
+    if (etendue)
+        montrerEtendue(*etendue);
+    else
         acutPrintf(L"\nPas de points dans cette table");
     return RTNORM;
 }

@@ -8,6 +8,5 @@
 int lispAddPt();
 /// (maxnum): one more than the largest number that begins a point name; 1 for an empty table.
 int lispMaxnum();
-/// (c:ZoomLeve): prints "\nPas de points dans cette table" when the current table is empty. Showing the extent of one
-/// that is not comes with the window: a host without one has no view to change.
+/// (c:ZoomLeve): shows the extent of the current table, or prints "\nPas de points dans cette table".
 int lispZoomLeve();

@@ -1,6 +1,7 @@
 #include "frame/lispTextes.h"
 
 #include "frame/argumentsLisp.h"
+#include "frame/listeLisp.h"
 
 #include "aced.h"
 
@@ -10,16 +11,10 @@ namespace {
 
 int rendreListe(const std::vector<CString>& textes)
 {
-    resbuf* tete = nullptr;
-    resbuf** suite = &tete;
-    for (const CString& texte : textes) {
-        *suite = acutBuildList(RTSTR, texte.GetString(), 0);
-        suite = &(*suite)->rbnext;
-    }
-    acedRetList(tete);
-    if (tete)
-        acutRelRb(tete);
-    return RTNORM;
+    listeLisp liste;
+    for (const CString& texte : textes)
+        liste.ajouter(texte);
+    return liste.rendre();
 }
 
 std::vector<CString> parties(const CString& texte)

@@ -3,8 +3,6 @@
 #include "dbid.h"
 #include "gepnt3d.h"
 
-#include <vector>
-
 /// What a point does with the entity that shows it. The only calls of the point tables to the drawing.
 /// An id that is null, erased or of another drawing is left alone.
 
@@ -13,6 +11,3 @@ void effacerEntite(const AcDbObjectId& id);
 
 /// Where a block reference is inserted. @return false, `position` untouched, when the entity is no block reference.
 bool insertionDuBloc(const AcDbObjectId& id, AcGePoint3d& position);
-
-/// Every block reference of the drawing, all spaces, in the order of a selection of the whole drawing.
-std::vector<AcDbObjectId> blocsDuDessin();

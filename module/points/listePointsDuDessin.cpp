@@ -1,6 +1,7 @@
 #include "points/listePointsDuDessin.h"
 
 #include "frame/dialogueProgression.h"
+#include "frame/selection.h"
 #include "points/entiteDuPoint.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
@@ -89,6 +90,16 @@ void listePointsDuDessin::fusionnerAvec(const listePointsDuDessin& autre)
     const int nombre = autre.nbPoint(); // as it stood, should it be this table
     for (int i = 0; i < nombre; ++i)
         Ajouter(autre.points[i]);
+}
+
+void listePointsDuDessin::remplacerPoint(int i, const pointDuDessin& point)
+{
+    pointDuDessin& ancien = *getData(i);
+    const cleNom ancienne(ancien.getNomPoint(), blancsRecherche);
+    if (noms.chercher(ancienne) == i)
+        noms.retirer(ancienne);
+    ancien = point;
+    noms.poser(cleNom(point.getNomPoint(), blancsRecherche), i);
 }
 
 void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
@@ -258,7 +269,7 @@ void listePointsDuDessin::updateFromDrawing()
     points.RemoveAll();
     reindexer();
     objets.suspecterTout();
-    for (const AcDbObjectId& id : blocsDuDessin()) {
+    for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
         pointDuDessin point;
         if (point.updateFromDrawing(id))
             Ajouter(point);

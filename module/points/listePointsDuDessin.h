@@ -40,6 +40,8 @@ public:
     void CreerPoint(const AcGePoint3d& position, int code, const wchar_t* nom);
     /// Appends every point of the other table, duplicates included.
     void fusionnerAvec(const listePointsDuDessin& autre);
+    /// Puts a point in place of another, whose name no longer finds it.
+    void remplacerPoint(int i, const pointDuDessin& point);
     /// Removes the point found by that name and erases the entity that shows it; a name not found changes nothing.
     /// The last point of the table takes its place, so the order changes. An earlier point of the same name stays, but
     /// is not found any more.

@@ -10,8 +10,9 @@ The comments at the head of a script say what it is given and how it ends:
     ; fichiers : a.obs b.scr     copied beside it
     ; échec : texte              it must fail, with a message that contains the text
 
-A script runs in an empty folder of its own, with settings of its own, and with --strict: a drawing object left open is
-a failure. Prints what the program printed when a script does not end as it should, and exits with status 1.
+A script runs in an empty folder of its own, with settings and a support folder of its own, and with --strict: a
+drawing object left open is a failure. Prints what the program printed when a script does not end as it should, and
+exits with status 1.
 """
 import os
 import re
@@ -53,7 +54,9 @@ def run(program, name, text, folder):
             shutil.copyfile(source_of(file, folder), work / Path(file).name)
         (work / name).write_text(text, encoding="utf-8")
         command = [program, "executer", name, "--strict"] + (["--dessin", Path(drawing).name] if drawing else [])
-        settings = {"VELA_REGISTRY": "registre.ini", "LC_ALL": "C.UTF-8"}
+        (work / "support").mkdir()
+        (work / "support" / "biblio").symlink_to(HERE.parent.parent / "module" / "resources" / "biblio")
+        settings = {"VELA_REGISTRY": "registre.ini", "VELA_SUPPORT": "support", "LC_ALL": "C.UTF-8"}
         environment = {k: v for k, v in os.environ.items() if k != "DISPLAY"} | settings
         try:
             done = subprocess.run(command, cwd=work, env=environment, stdin=subprocess.DEVNULL, capture_output=True,

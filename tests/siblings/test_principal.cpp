@@ -1,6 +1,9 @@
 #include "points/projetDansDessin.h"
 
+#include "supportEssai.h"
+
 #include "ap/DocumentList.h"
+#include "db/DatabaseImpl.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "ed/Kernel.h"
@@ -139,6 +142,41 @@ TEST_F(PrincipalTest, letsPointsFollowTheirSymbols)
         EXPECT_EQ(p.getX(), 10 + i);
         EXPECT_EQ(p.getY(), 20 + i);
         EXPECT_EQ(p.getZ(), 3) << "the altitude is not that of the symbol";
+    }
+}
+
+TEST_F(PrincipalTest, takesPointsBackWithTheirSymbols)
+{
+    Document& document = DocumentList::instance().create();
+    AcDbDatabase& db = *document.database();
+    pointDuDessin p;
+    p.setParams(L"P1", AcGePoint3d(1, 2, 3), 1);
+    p.creer(true);
+    const AcDbObjectId symbole = p.getId();
+    ASSERT_FALSE(symbole.isNull());
+    tablesPoints->currTable()->Ajouter(p);
+    const listePointsDuDessin& table = *tablesPoints->currTable();
+
+    UndoRecorder& histoire = db.impl().undo();
+    histoire.startMark();
+    {
+        const AcDbObjectPointer<AcDbBlockReference> ouvert(symbole, AcDb::kForWrite);
+        ouvert->transformBy(AcGeMatrix3d::translation({10, 20, 5}));
+    }
+    histoire.endMark();
+    const auto place = [&] { return AcDbObjectPointer<AcDbBlockReference>(symbole)->position(); };
+    const struct {
+        const char* name;
+        bool (UndoRecorder::*step)();
+        AcGePoint3d symbol, point;
+    } rows[] = {{"undone", &UndoRecorder::undo, {1, 2, 0}, {1, 2, 3}},
+                {"done again", &UndoRecorder::redo, {11, 22, 5}, {11, 22, 3}}};
+    EXPECT_EQ(table.getData(0)->getX(), 11);
+    for (const auto& r : rows) {
+        SCOPED_TRACE(r.name);
+        ASSERT_TRUE((histoire.*r.step)());
+        EXPECT_EQ(place(), r.symbol);
+        EXPECT_EQ(table.getData(0)->getAs3dPnt(), r.point);
     }
 }
 

@@ -2,6 +2,8 @@
 """Draws the symbol library: one DXF file (R12, so that every CAD reads it) for each symbol, in this folder.
 
     dessiner.py [FOLDER]
+    dessiner.py --planche FILE      one drawing that shows them all, with their names
+    dessiner.py --verifier          exit status 1 when the files of this folder are not those it would write
 
 A symbol is drawn around its insertion point (0, 0), one drawing unit wide, on layer "0" with colour and linetype by
 layer: it takes those of the layer it is inserted on. Attributes are not part of it, the module adds them.
@@ -80,7 +82,7 @@ def foliage():
     tags, ring, bulge = [], 0.34, 0.16
     for i in range(8):
         a = 45 * i
-        tags += arc(ring * math.cos(math.radians(a)), ring * math.sin(math.radians(a)), bulge, a - 113.6, a + 113.6)
+        tags += arc(ring * math.cos(math.radians(a)), ring * math.sin(math.radians(a)), bulge, a - 76.9, a + 76.9)
     return tags
 
 
@@ -129,10 +131,47 @@ def drawing(symbol):
     return "".join(written(c, v) for c, v in header + symbol + [(0, "ENDSEC"), (0, "EOF")])
 
 
+def moved(symbol, x, y):
+    """The symbol around another place."""
+    tags, kind = [], ""
+    for code, value in symbol:
+        kind = value if code == 0 else kind
+        if kind != "POLYLINE" and 10 <= code <= 13:
+            value += x
+        elif kind != "POLYLINE" and 20 <= code <= 23:
+            value += y
+        tags.append((code, value))
+    return tags
+
+
+def text(content, x, y, height):
+    """Centred on x."""
+    return [(0, "TEXT"), (8, "0"), (10, x), (20, y), (30, 0), (40, height), (1, content), (72, 1), (11, x), (21, y),
+            (31, 0)]
+
+
+def sheet(columns=6, width=2.4, height=1.8):
+    tags = []
+    for i, (name, symbol) in enumerate(SYMBOLS.items()):
+        x, y = i % columns * width, -(i // columns) * height
+        tags += moved(symbol, x, y) + text(name, x, y - 0.85, 0.17)
+    return tags
+
+
 def main(arguments):
-    folder = Path(arguments[0]) if arguments else Path(__file__).resolve().parent
-    for name, symbol in SYMBOLS.items():
-        (folder / (name + ".dxf")).write_text(drawing(symbol), encoding="ascii")
+    here = Path(__file__).resolve().parent
+    if arguments[:1] == ["--planche"]:
+        Path(arguments[1]).write_text(drawing(sheet()), encoding="ascii")
+    elif arguments[:1] == ["--verifier"]:
+        drawn = {name + ".dxf": drawing(symbol) for name, symbol in SYMBOLS.items()}
+        there = {path.name: path.read_text(encoding="ascii") for path in here.glob("*.dxf")}
+        for name in sorted(set(drawn) | set(there)):
+            if drawn.get(name) != there.get(name):
+                sys.exit("%s is not what this script draws" % name)
+    else:
+        folder = Path(arguments[0]) if arguments else here
+        for name, symbol in SYMBOLS.items():
+            (folder / (name + ".dxf")).write_text(drawing(symbol), encoding="ascii")
 
 
 if __name__ == "__main__":

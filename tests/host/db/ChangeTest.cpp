@@ -1,6 +1,7 @@
 #include "SmallDrawing.h"
 
 #include "acutmem.h"
+#include "dbads.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
 
@@ -165,6 +166,26 @@ const ChangeRow rows[] = {
     {"extended data of one application of two",
      withData(),
      [](AcDbDatabase& database) { setData(database, 0x80, acutBuildList(1001, L"un", 1070, 4, 0)); },
+     {"-1001|UN", "-1040|1.500", "-1010|1.0", "-1020|2.0", "-1030|3.0", "+1001|un", "+1070|4"}},
+    {"the same by the list of the entity",
+     withData(),
+     [](AcDbDatabase& database) {
+         AcDbObjectId id;
+         ads_name name;
+         ASSERT_EQ(database.getAcDbObjectId(id, false, AcDbHandle(0x80)), Acad::eOk);
+         ASSERT_EQ(acdbGetAdsName(name, id), Acad::eOk);
+         const struct {
+             resbuf* list;
+             int status;
+         } lists[] = {{acutBuildList(8, L"0", 0), RTERROR},
+                      {acutBuildList(-1, name, 8, L"0", 0), RTREJ},
+                      {acutBuildList(-1, name, -3, 8, L"0", 0), RTREJ},
+                      {acutBuildList(-1, name, -3, 1001, L"un", 1070, 4, 0), RTNORM}};
+         for (const auto& [list, status] : lists) {
+             EXPECT_EQ(acdbEntMod(list), status);
+             acutRelRb(list);
+         }
+     },
      {"-1001|UN", "-1040|1.500", "-1010|1.0", "-1020|2.0", "-1030|3.0", "+1001|un", "+1070|4"}},
     {"extended data of one application taken away",
      withData(),

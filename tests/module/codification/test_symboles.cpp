@@ -8,9 +8,11 @@
 
 #include "acutmem.h"
 #include "adscodes.h"
+#include "ap/DocumentList.h"
 #include "dbapserv.h"
 #include "dbents.h"
 #include "dbsymtb.h"
+#include "ed/Kernel.h"
 
 #include <gtest/gtest.h>
 
@@ -71,14 +73,13 @@ class SymbolesTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        acdbHostApplicationServices()->setWorkingDatabase(&db);
         codificationDuModule().initDefauts();
         reglerFacteurSymboles(1.0);
     }
     void TearDown() override
     {
         reglerFacteurSymboles(1.0);
-        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+        DocumentList::instance().closeAll();
     }
 
     static pointDuDessin point(const wchar_t* nom, double x, double y, double z, int code = 1)
@@ -124,7 +125,8 @@ protected:
         return id;
     }
 
-    AcDbDatabase db;
+    Kernel noyau;
+    AcDbDatabase& db = *DocumentList::instance().create().database();
 };
 
 TEST_F(SymbolesTest, drawsAPoint)
@@ -400,6 +402,64 @@ TEST_F(SymbolesTest, givesASymbolAnotherCode)
     code.chemin = L"C:\\absent.dwg";
     EXPECT_FALSE(conformerSymbole(p.getId(), 100, codificationDuModule()));
     EXPECT_FALSE(conformerSymbole({}, 100, codificationDuModule()));
+}
+
+/// A point of every code, through a saved drawing whose symbols are edited.
+TEST_F(SymbolesTest, goesRoundThroughTheDrawing)
+{
+    tableCodification& codes = codificationDuModule();
+    listePointsDuDessin table;
+    for (const auto& e : std::filesystem::directory_iterator(supportEssai::fichier("biblio"))) {
+        if (e.path().extension() != ".dxf")
+            continue;
+        const int numero = codes.plusPetitNumeroLibre();
+        codifPoint& code = codes.getCodif(numero);
+        code.chemin = cheminBiblio((e.path().stem().wstring() + L".dwg").c_str());
+        code.tailleBlock = 0.1 * numero;
+        code.precisionAltitudes = numero % 5;
+        code.layers[calqueBlock].Format(L"Calque \u00e9%d", numero);
+        CString nom;
+        nom.Format(L"\u00c9%d", numero);
+        table.Ajouter(point(nom, 10.0 * numero + 0.123456789, -3.7 * numero, numero % 3 ? numero : 1e38, numero));
+    }
+    const int nombre = table.nbPoint();
+    ASSERT_GE(nombre, 14);
+    table.updateDrawing();
+
+    DocumentList& liste = DocumentList::instance();
+    const std::wstring fichier = supportEssai::fichier("tour.dxf").wstring();
+    ASSERT_FALSE(liste.saveAs(*liste.current(), fichier));
+    liste.closeAll();
+    const DocumentList::Opened ouvert = liste.open(fichier);
+    ASSERT_NE(ouvert.document, nullptr);
+
+    listePointsDuDessin lue;
+    lue.updateFromDrawing();
+    ASSERT_EQ(lue.nbPoint(), nombre);
+    for (int i = 0; i < nombre; ++i) {
+        int place = -1;
+        ASSERT_TRUE(lue.existPoint(CString(table.getData(i)->getNomPoint()), place));
+        EXPECT_TRUE(*lue.getData(place) == *table.getData(i))
+            << "altitudes are whole: every number of decimals keeps them";
+    }
+
+    const AcDbObjectId id = lue.getData(0)->getId();
+    {
+        const referenceLue symbole(id, AcDb::kForWrite);
+        symbole->setPosition({1, 2, 99});
+        pourChaqueAttribut(*symbole.object(), AcDb::kForRead, [](AcDbAttribute& attribut) {
+            for (const auto& [etiquette, texte] :
+                 {std::pair(L"NUMPT", L"EDITE"), {L"CODE", L"9999"}, {L"Z", L"-1.5"}, {L"OBS", L"vu"}})
+                if (memeEtiquette(attribut, etiquette))
+                    changerTexte(attribut, texte);
+        });
+    }
+    lue.updateFromDrawing();
+    int place = -1;
+    ASSERT_TRUE(lue.existPoint(L"edite", place));
+    EXPECT_EQ(lue.getData(place)->getAs3dPnt(), AcGePoint3d(1, 2, -1.5));
+    EXPECT_EQ(lue.getData(place)->getCode(), 9999);
+    EXPECT_EQ(lue.nbPoint(), nombre);
 }
 
 /// The library: every symbol is drawn around its insertion point, one unit wide at most, on the layer it is put on.

@@ -82,6 +82,24 @@ TEST_F(TableCodificationTest, writesItsXml)
     EXPECT_EQ(lus[0].tailleBlock, 0.333333);
 }
 
+TEST_F(TableCodificationTest, keepsAnyLabel)
+{
+    const struct {
+        const wchar_t *ecrit, *lu;
+    } rows[] = {
+        {L"<a> & \"b\" 'c' </libelle>", nullptr},         {L"deux\nlignes\tet  blancs ", nullptr},
+        {L"&#x41; n'est pas A, &#x non plus <", nullptr}, {L"]]> &amp;", nullptr},
+        {L"&#x41; ]]> &#x42;", L"& #x41; ]]> & #x42;"},   {L"\u20ac \U0001F332", nullptr},
+    };
+    for (const auto& r : rows) {
+        std::vector<codifPoint> codes(2), lus;
+        codes[0].libelle = r.ecrit;
+        ASSERT_TRUE(codesDeXml(xmlDeCodes(codes), lus)) << xmlDeCodes(codes);
+        ASSERT_EQ(lus.size(), 2U);
+        EXPECT_TRUE(lus[0].libelle == (r.lu ? r.lu : r.ecrit)) << xmlDeCodes(codes);
+    }
+}
+
 TEST_F(TableCodificationTest, readsOneField)
 {
     struct Row {

@@ -213,7 +213,7 @@ TEST_F(ModuleTest, checksWhatFunctionsAreGiven)
         {"VELATEXT, a number among them", L"VELATEXT", acutBuildList(RTSTR, L"a", RTSHORT, 1, 0), L"nil", refus},
         {"vldelfile, no such file", L"vldelfile", acutBuildList(RTSTR, L"/nulle/part.txt", 0), L"nil", L""},
         {"vldelfile, nothing", L"vldelfile", nullptr, L"nil", refus},
-        {"not there yet: no value", L"calctailleblock", acutBuildList(RTSTR, L"B", 0), L"", L""},
+        {"not there yet: no value", L"c:projpoly", nullptr, L"", L""},
     };
     for (const Row& r : rows) {
         SCOPED_TRACE(r.name);

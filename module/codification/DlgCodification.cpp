@@ -1,0 +1,166 @@
+#include "codification/DlgCodification.h"
+
+#include "calculs/reelDeTexte.h"
+#include "codification/nombresTexte.h"
+#include "codification/regleCode.h"
+#include "frame/dialogueCellules.h"
+#include "frame/dialogueFichier.h"
+#include "frame/dialogueMessage.h"
+#include "ui_DlgCodification.h"
+
+#include <algorithm>
+#include <array>
+#include <QLineEdit>
+#include <QSpinBox>
+
+namespace {
+
+constexpr double plusPetiteTaille = 1e-6;
+constexpr double plusGrandeTaille = 1e6;
+
+/// The fields of a layer slot.
+struct champsCalque {
+    emplacementCalque emplacement;
+    QLineEdit* nom;
+    QSpinBox* couleur;
+};
+
+std::array<champsCalque, nombreCalques> champsCalques(const Ui::DlgCodification& ui)
+{
+    return {{{calqueBlock, ui.editLayerBlock, ui.couleurLayerBlock},
+             {calqueNumero, ui.editLayerNumeros, ui.couleurLayerNumeros},
+             {calqueAltitudes, ui.editLayerAltitudes, ui.couleurLayerAltitudes},
+             {calqueObs, ui.editLayerObs, ui.couleurLayerObs},
+             {calqueCode, ui.editLayerCode, ui.couleurLayerCode}}};
+}
+
+/// A value out of the control's range, which older files may hold, stays until the user changes it.
+void prendre(int& valeur, const QSpinBox& champ)
+{
+    if (champ.value() != std::clamp(valeur, champ.minimum(), champ.maximum()))
+        valeur = champ.value();
+}
+
+} // namespace
+
+DlgCodification::DlgCodification(const codifPoint& leCode, const tableCodification& laTable, mode leMode) :
+    m_ui(std::make_unique<Ui::DlgCodification>()),
+    m_code(leCode),
+    m_table(laTable),
+    m_mode(leMode)
+{
+    m_ui->setupUi(this);
+    afficher();
+    m_ui->editCode->setReadOnly(m_mode == mode::edition);
+    connect(m_ui->editCode, &QLineEdit::editingFinished, this, [this] {
+        if (m_ui->editCode->text().contains(u'?'))
+            validerNumero();
+    });
+    connect(m_ui->boutonChemin, &QPushButton::clicked, this, [this] { choisirBlock(); });
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, &DlgCodification::accept);
+    connect(m_ui->boutonCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+DlgCodification::~DlgCodification() = default;
+
+void DlgCodification::afficher()
+{
+    if (m_mode == mode::edition)
+        m_ui->editCode->setText(QString::number(m_code.code));
+    m_ui->editLibelle->setText(texteQt(m_code.libelle));
+    m_ui->editPrecision->setValue(m_code.precisionAltitudes);
+    m_ui->editTaille->setText(QString::number(m_code.tailleBlock, 'g', 15));
+    for (const champsCalque& champs : champsCalques(*m_ui)) {
+        m_code.calques[champs.emplacement].setNull();
+        champs.nom->setText(texteQt(m_code.layers[champs.emplacement]));
+        champs.couleur->setValue(m_code.couleurs[champs.emplacement]);
+    }
+    m_ui->labelChemin->setText(texteQt(m_code.chemin));
+}
+
+codifPoint DlgCodification::code() const
+{
+    codifPoint code = m_code;
+    if (m_mode == mode::creation)
+        code.code = entierDeTexte(texteHote(m_ui->editCode->text()));
+    code.libelle = texteHote(m_ui->editLibelle->text());
+    prendre(code.precisionAltitudes, *m_ui->editPrecision);
+    code.tailleBlock = reelDeTexte(m_ui->editTaille->text().toStdWString());
+    for (const champsCalque& champs : champsCalques(*m_ui)) {
+        code.layers[champs.emplacement] = texteHote(champs.nom->text());
+        prendre(code.couleurs[champs.emplacement], *champs.couleur);
+    }
+    return code;
+}
+
+void DlgCodification::accept()
+{
+    if (validerNumero() && validerTaille())
+        QDialog::accept();
+}
+
+bool DlgCodification::validerNumero()
+{
+    const avisCode avis = validerCode(texteHote(m_ui->editCode->text()), m_table, m_mode == mode::creation);
+    switch (avis.verdict) {
+    case verdictCode::accepte:
+    case verdictCode::propose:
+        m_ui->editCode->setText(QString::number(avis.code));
+        return true;
+    case verdictCode::aucunLibre:
+        afficherAvertissement(L"erreur", L"Pas de code à attribuer");
+        break;
+    case verdictCode::horsBornes:
+        if (m_mode == mode::edition)
+            return true; // a file may hold such a number: the field cannot be changed, the rest can
+        m_ui->editCode->clear();
+        afficherAvertissement(L"Erreur", L"Code incorrect\nTapez un nombre compris entre 1 et 9999");
+        break;
+    case verdictCode::dejaExistant:
+        afficherAvertissement(L"Erreur",
+                              L"Code déjà existant\nTapez un '?' pour qu'un numéro soit attribué automatiquement");
+        break;
+    }
+    m_ui->editCode->setFocus();
+    return false;
+}
+
+bool DlgCodification::validerTaille()
+{
+    const double taille = reelDeTexte(m_ui->editTaille->text().toStdWString());
+    if (taille >= plusPetiteTaille && taille <= plusGrandeTaille)
+        return true;
+    afficherAvertissement(L"Erreur", L"Entrez un nombre compris entre 1e-006 et 1e+006.");
+    m_ui->editTaille->setFocus();
+    m_ui->editTaille->selectAll();
+    return false;
+}
+
+void DlgCodification::choisirBlock()
+{
+    demandeFichier demande;
+    demande.titre = L"Block du code";
+    demande.filtres = L"Dessins (.dwg, .dxf)|*.dwg; *.dxf||";
+    demande.nom = m_code.chemin.GetString();
+    const auto choisi = demanderFichierALire(demande);
+    if (!choisi)
+        return;
+    CString chemin(choisi->c_str());
+    // A block is named as a ".dwg", whichever of the two the host finds under that name.
+    if (chemin.Right(4).CompareNoCase(L".dxf") == 0)
+        chemin = chemin.Left(chemin.GetLength() - 4) + L".dwg";
+    m_code.chemin = chemin;
+    m_ui->labelChemin->setText(texteQt(m_code.chemin));
+}
+
+int tableCodification::modifierCode(int index)
+{
+    if (index < 0 || index >= nombre())
+        return 0;
+    if (!dialoguesPossibles())
+        return 1;
+    DlgCodification dialogue((*this)[index], *this, DlgCodification::mode::edition);
+    if (dialogue.exec() == QDialog::Accepted)
+        (*this)[index] = dialogue.code();
+    return 1;
+}

@@ -1,0 +1,106 @@
+#include "codification/DlgTableCodification.h"
+
+#include "codification/codificationDuModule.h"
+#include "codification/DlgCodification.h"
+#include "codification/symbolePoint.h"
+#include "frame/dialogueCellules.h"
+#include "frame/dialogueMessage.h"
+#include "ui_DlgTableCodification.h"
+
+#include "acdocman.h"
+
+#include <vector>
+
+namespace {
+
+/// Where the cell of the number keeps the code's place in the table.
+constexpr int roleIndex = Qt::UserRole;
+
+void ecrireLigne(QTableWidget& liste, int ligne, const codifPoint& code, int index)
+{
+    auto* const numero = new celluleNombre(texteCode(code.code));
+    numero->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    numero->setData(roleIndex, index);
+    int colonne = 0;
+    for (QTableWidgetItem* const cellule :
+         {static_cast<QTableWidgetItem*>(numero), static_cast<QTableWidgetItem*>(new celluleTexte(code.libelle)),
+          static_cast<QTableWidgetItem*>(new celluleNombre(texteCode(code.precisionAltitudes))),
+          static_cast<QTableWidgetItem*>(new celluleTexte(code.chemin))})
+        liste.setItem(ligne, colonne++, cellule);
+}
+
+int indexDeLigne(const QTableWidget& liste, int ligne)
+{
+    return liste.item(ligne, 0)->data(roleIndex).toInt();
+}
+
+} // namespace
+
+DlgTableCodification::DlgTableCodification(tableCodification& laTable) :
+    m_ui(std::make_unique<Ui::DlgTableCodification>()),
+    m_table(laTable)
+{
+    m_ui->setupUi(this);
+    preparerListe(*m_ui->liste, {"Code", "Libéllé", "PreciZ", "Chemin"});
+    afficher();
+    m_ui->liste->resizeColumnsToContents();
+    connect(m_ui->liste, &QTableWidget::cellDoubleClicked, this, [this](int ligne) { ouvrir(ligne); });
+    connect(m_ui->boutonNouveau, &QPushButton::clicked, this, [this] { nouveau(); });
+    connect(m_ui->boutonSupprimer, &QPushButton::clicked, this, [this] { supprimer(); });
+    connect(m_ui->boutonFermer, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+DlgTableCodification::~DlgTableCodification() = default;
+
+void DlgTableCodification::afficher()
+{
+    m_ui->liste->setRowCount(m_table.nombre());
+    for (int i = 0; i < m_table.nombre(); ++i)
+        ecrireLigne(*m_ui->liste, i, m_table[i], i);
+    trierDeNouveau(*m_ui->liste);
+}
+
+void DlgTableCodification::ouvrir(int ligne)
+{
+    const int index = indexDeLigne(*m_ui->liste, ligne);
+    m_table.modifierCode(index);
+    ecrireLigne(*m_ui->liste, ligne, m_table[index], index);
+}
+
+void DlgTableCodification::nouveau()
+{
+    DlgCodification dialogue(codifPoint(), m_table, DlgCodification::mode::creation);
+    if (dialogue.exec() != QDialog::Accepted)
+        return;
+    m_table.ajouter(dialogue.code());
+    const int ligne = m_ui->liste->rowCount();
+    m_ui->liste->insertRow(ligne);
+    ecrireLigne(*m_ui->liste, ligne, m_table[ligne], ligne);
+    m_ui->liste->selectRow(ligne);
+}
+
+void DlgTableCodification::supprimer()
+{
+    std::vector<int> numeros;
+    for (const QModelIndex& ligne : m_ui->liste->selectionModel()->selectedRows())
+        numeros.push_back(m_table[indexDeLigne(*m_ui->liste, ligne.row())].code);
+    if (numeros.empty() || !demanderOuiNon(L"Suppression", L"Confirmez la suppression\ndes éléments sélectionnés"))
+        return;
+    for (const int numero : numeros)
+        m_table.supprimer(m_table.indexCode(numero));
+    afficher();
+}
+
+void commandeCodification()
+{
+    if (!dialoguesPossibles())
+        return;
+    AcApDocument* const document = acDocManager->curDocument();
+    if (document)
+        acDocManager->lockDocument(document);
+    tableCodification& table = codificationDuModule();
+    DlgTableCodification(table).exec();
+    table.sauver();
+    if (document)
+        acDocManager->unlockDocument(document);
+}

@@ -1,0 +1,64 @@
+#include "codification/dissocierBloc.h"
+
+#include "codification/attributsBloc.h"
+
+#include "dbsymtb.h"
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr Adesk::UInt16 parBloc = 0; // colour of the reference
+
+using entites = std::vector<std::unique_ptr<AcDbEntity>>;
+
+std::unique_ptr<AcDbText> texteDe(const AcDbAttribute& attribut)
+{
+    auto texte = std::make_unique<AcDbText>(attribut.position(), attribut.textStringConst(), attribut.textStyle(),
+                                            attribut.height(), attribut.rotation());
+    texte->setPropertiesFrom(&attribut);
+    texte->setNormal(attribut.normal());
+    texte->setPosition(attribut.position());
+    texte->setWidthFactor(attribut.widthFactor());
+    texte->setOblique(attribut.oblique());
+    return texte;
+}
+
+/// @return false when the block cannot be taken apart.
+bool parties(const AcDbBlockReference& reference, entites& trouvees)
+{
+    AcDbVoidPtrArray eclatees;
+    if (reference.explode(eclatees) != Acad::eOk)
+        return false;
+    for (void* const partie : eclatees) {
+        trouvees.emplace_back(static_cast<AcDbEntity*>(partie));
+        AcDbEntity& entite = *trouvees.back();
+        if (entite.layerId().isNull() || entite.layerId() == reference.database()->layerZero())
+            entite.setLayer(reference.layerId());
+        if (entite.colorIndex() == parBloc)
+            entite.setColorIndex(reference.colorIndex());
+    }
+    pourChaqueAttribut(reference, AcDb::kForRead, [&](const AcDbAttribute& attribut) {
+        if (!attribut.isInvisible() && *attribut.textStringConst() != L'\0')
+            trouvees.push_back(texteDe(attribut));
+    });
+    return true;
+}
+
+} // namespace
+
+bool dissocierBloc(const AcDbObjectId& id)
+{
+    const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForWrite);
+    entites trouvees;
+    if (reference.openStatus() != Acad::eOk || !parties(*reference.object(), trouvees))
+        return false;
+    const AcDbObjectPointer<AcDbBlockTableRecord> espace(reference->ownerId(), AcDb::kForWrite);
+    if (espace.openStatus() != Acad::eOk)
+        return false;
+    for (std::unique_ptr<AcDbEntity>& entite : trouvees)
+        if (espace->appendAcDbEntity(entite.get()) == Acad::eOk)
+            entite.release()->close();
+    return reference->erase() == Acad::eOk;
+}

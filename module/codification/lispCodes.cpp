@@ -1,0 +1,136 @@
+#include "codification/lispCodes.h"
+
+#include "codification/apparenceSymbole.h"
+#include "codification/codificationDuModule.h"
+#include "frame/argumentsLisp.h"
+#include "frame/blocFichier.h"
+#include "frame/CAcadUndoGroup.h"
+#include "frame/etendueVue.h"
+#include "frame/listeLisp.h"
+#include "points/etendueDesPoints.h"
+#include "points/projetDansDessin.h"
+
+#include "aced.h"
+#include "dbapserv.h"
+
+namespace {
+
+bool codeValable(int code)
+{
+    return code >= 1 && code <= 9999;
+}
+
+/// Optional arguments, one after the other; a missing one is no fault.
+bool lireChamps(argumentsLisp& arguments, codifPoint& codif)
+{
+    if (arguments.fini())
+        return true;
+    if (!arguments.lireTexte(codif.libelle) || arguments.fini())
+        return arguments.fini();
+    if (!arguments.lireTexte(codif.chemin) || arguments.fini())
+        return arguments.fini();
+    if (!arguments.lireReel(codif.tailleBlock) || arguments.fini())
+        return arguments.fini();
+    return arguments.lireEntier(codif.precisionAltitudes) && arguments.fini();
+}
+
+} // namespace
+
+int lispLoadcodept()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    const tableCodification& table = codificationDuModule();
+    listeLisp liste;
+    for (int i = 0; i < table.nombre(); ++i) {
+        liste.ouvrir();
+        liste.ajouter(table[i].code);
+        liste.pointer();
+        liste.ajouter(table[i].libelle);
+        liste.fermer();
+    }
+    return liste.rendre();
+}
+
+int lispAddcodept()
+{
+    argumentsLisp arguments;
+    codifPoint codif;
+    if (!arguments.lireEntier(codif.code))
+        return refuserParametres();
+    codif.libelle.Format(L"Code %d", codif.code);
+    const bool lus = lireChamps(arguments, codif);
+    if (!lus || codif.tailleBlock <= 0.0 || codif.precisionAltitudes < 0 || codif.precisionAltitudes > 8)
+        return refuserParametres();
+    tableCodification& table = codificationDuModule();
+    if (!codeValable(codif.code) || table.indexCode(codif.code) >= 0)
+        return rendreNil();
+    table.ajouter(codif);
+    table.sauver();
+    return acedRetInt(codif.code);
+}
+
+int lispResetcodespts()
+{
+    argumentsLisp arguments;
+    int code = 1;
+    if ((!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini() || !codeValable(code))
+        return refuserParametres();
+    listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return rendreNil();
+    const CAcadUndoGroup groupe;
+    int changes = 0;
+    for (int i = 0; i < table->nbPoint(); ++i) {
+        pointDuDessin& point = *table->getData(i);
+        if (point.getCode() == code)
+            continue;
+        point.setCode(code);
+        conformerSymbole(point.getId(), code, codificationDuModule());
+        ++changes;
+    }
+    return acedRetInt(changes);
+}
+
+int lispChgreppts()
+{
+    argumentsLisp arguments;
+    int code = 0;
+    CString chemin;
+    if (!arguments.lireEntier(code) || !arguments.lireTexte(chemin) || !arguments.fini() || !codeValable(code))
+        return refuserParametres();
+    listePointsDuDessin* const table = tableCourante();
+    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
+    if (!table || !db || chemin.Trim(blancsSaisie).IsEmpty())
+        return rendreNil();
+    const CAcadUndoGroup groupe;
+    const AcDbObjectId bloc = blocDeFichier(*db, chemin);
+    if (bloc.isNull())
+        return rendreNil();
+    codificationDuModule().getCodif(code).chemin = chemin;
+    codificationDuModule().sauver();
+    int changes = 0;
+    const listePointsDuDessin& points = *table;
+    for (int i = 0; i < points.nbPoint(); ++i)
+        if (points.getData(i)->getCode() == code && changerBlocSymbole(points.getData(i)->getId(), bloc))
+            ++changes;
+    return acedRetInt(changes);
+}
+
+int lispVcode()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    const listePointsDuDessin* const table = tableCourante();
+    int code = 0;
+    if (!table || acedGetInt(L"\nCode des points a visualiser:", &code) != RTNORM)
+        return RTNORM;
+    const auto etendue = etendueDesPoints(*table, code);
+    if (!etendue) {
+        acutPrintf(L"\nPas de points de code %d dans cette table", code);
+        return RTNORM;
+    }
+    montrerEtendue(*etendue);
+    acutPrintf(L"\n%d points de code %d", table->nombreAyantCode(code), code);
+    return RTNORM;
+}

@@ -1,0 +1,255 @@
+#include "codification/lispSymboles.h"
+
+#include "codification/apparenceSymbole.h"
+#include "codification/attributsBloc.h"
+#include "codification/codificationDuModule.h"
+#include "codification/dissocierBloc.h"
+#include "frame/argumentsLisp.h"
+#include "frame/CAcadUndoGroup.h"
+#include "frame/listeLisp.h"
+#include "frame/selection.h"
+#include "points/projetDansDessin.h"
+#include "points/superpositions.h"
+
+#include "aced.h"
+#include "dbapserv.h"
+#include "dbsymtb.h"
+
+#include <algorithm>
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+namespace {
+
+std::vector<AcDbObjectId> symbolesDe(const listePointsDuDessin& table)
+{
+    std::vector<AcDbObjectId> ids;
+    for (int i = 0; i < table.nbPoint(); ++i)
+        ids.push_back(table.getData(i)->getId());
+    return ids;
+}
+
+/// Extent of what a block holds, in its own coordinates.
+bool etendueBloc(const AcDbBlockTableRecord& bloc, AcDbExtents& etendue)
+{
+    AcDbBlockTableRecordIterator* entites = nullptr;
+    if (bloc.newIterator(entites) != Acad::eOk)
+        return false;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
+    for (; !it->done(); it->step()) {
+        AcDbObjectId id;
+        it->getEntityId(id);
+        const AcDbObjectPointer<AcDbEntity> entite(id);
+        AcDbExtents sienne;
+        if (entite.openStatus() == Acad::eOk && !AcDbAttributeDefinition::cast(entite.object()) &&
+            entite->getGeomExtents(sienne) == Acad::eOk)
+            etendue.addExt(sienne);
+    }
+    return !etendue.isEmpty();
+}
+
+AcDbObjectId blocNomme(const CString& nom)
+{
+    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
+    AcDbBlockTable* blocs = nullptr;
+    AcDbObjectId id;
+    if (!db || db->getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
+        return id;
+    blocs->getAt(nom, id);
+    blocs->close();
+    return id;
+}
+
+int montrerAttributs(const AcDbObjectId& id, const CString& etiquette, bool visible)
+{
+    const AcDbObjectPointer<AcDbBlockReference> reference(id);
+    int changes = 0;
+    if (reference.openStatus() != Acad::eOk)
+        return changes;
+    pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
+        const bool vise = etiquette == L"*" || memeEtiquette(attribut, etiquette);
+        if (vise && (attribut.isInvisible() != 0) == visible && attribut.upgradeOpen() == Acad::eOk) {
+            attribut.setInvisible(!visible);
+            ++changes;
+        }
+    });
+    return changes;
+}
+
+} // namespace
+
+int lispCalctailleblock()
+{
+    argumentsLisp arguments;
+    CString nom;
+    if (!arguments.lireTexte(nom) || !arguments.fini())
+        return refuserParametres();
+    const AcDbObjectPointer<AcDbBlockTableRecord> bloc(blocNomme(nom));
+    AcDbExtents etendue;
+    if (bloc.openStatus() != Acad::eOk || !etendueBloc(*bloc.object(), etendue))
+        return rendreNil();
+    const AcGeVector3d taille = etendue.maxPoint() - etendue.minPoint();
+    resbuf point{nullptr, RTPOINT, {}};
+    point.resval.rpoint[0] = taille.x;
+    point.resval.rpoint[1] = taille.y;
+    return acedRetVal(&point);
+}
+
+int lispEnamePt()
+{
+    argumentsLisp arguments;
+    CString nom;
+    if (!arguments.lireTexte(nom) || !arguments.fini())
+        return refuserParametres();
+    const listePointsDuDessin* const table = tableCourante();
+    AcDbObjectId id;
+    return table && table->getObjId(nom, id) ? rendreEntite(id) : rendreNil();
+}
+
+int lispTpcdaddpt()
+{
+    argumentsLisp arguments;
+    CString nom, observation;
+    AcGePoint3d position;
+    int code = 1;
+    if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
+        (!arguments.fini() && !arguments.lireEntier(code)) ||
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
+        return refuserParametres();
+    listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return rendreNil();
+    const CAcadUndoGroup groupe;
+    pointDuDessin point;
+    point.setParams(nom, position, code);
+    point.creer(true, observation);
+    table->Ajouter(point);
+    return rendreEntite(point.getId());
+}
+
+int lispAttrvisibility()
+{
+    argumentsLisp arguments;
+    CString etiquette;
+    bool visible = false;
+    std::vector<AcDbObjectId> symboles;
+    if (!arguments.lireTexte(etiquette) || !arguments.lireLogique(visible))
+        return refuserParametres();
+    const bool choisis = arguments.lireSelection(symboles);
+    if (!arguments.fini())
+        return refuserParametres();
+    const listePointsDuDessin* const table = tableCourante();
+    if (!choisis && !table)
+        return rendreNil();
+    const CAcadUndoGroup groupe;
+    int changes = 0;
+    for (const AcDbObjectId& id : choisis ? symboles : symbolesDe(*table))
+        changes += montrerAttributs(id, etiquette, visible);
+    return acedRetInt(changes);
+}
+
+int lispModifAttrib()
+{
+    argumentsLisp arguments;
+    AcDbObjectId id;
+    std::vector<std::pair<CString, CString>> textes;
+    if (!arguments.lireEntite(id))
+        return refuserParametres();
+    for (CString etiquette, texte; arguments.lireTexte(etiquette);) {
+        if (!arguments.lireTexte(texte))
+            return refuserParametres();
+        textes.emplace_back(etiquette, texte);
+    }
+    if (textes.empty() || !arguments.fini())
+        return refuserParametres();
+    const AcDbObjectPointer<AcDbBlockReference> reference(id);
+    if (reference.openStatus() != Acad::eOk)
+        return rendreNil();
+    const CAcadUndoGroup groupe;
+    int ecrits = 0;
+    pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
+        for (const auto& [etiquette, texte] : textes)
+            if (memeEtiquette(attribut, etiquette)) {
+                changerTexte(attribut, texte);
+                ++ecrits;
+                break;
+            }
+    });
+    return acedRetInt(ecrits);
+}
+
+int lispRegPts()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return rendreNil();
+    const CAcadUndoGroup groupe;
+    table->updateDrawing();
+    return acedRetInt(table->nbPoint());
+}
+
+int lispUpdarxttxt()
+{
+    argumentsLisp arguments;
+    double facteur = 0.0;
+    if (!arguments.lireReel(facteur) || !arguments.fini())
+        return refuserParametres();
+    reglerFacteurSymboles(facteur);
+    const listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return rendreNil();
+    const CAcadUndoGroup groupe;
+    int changes = 0;
+    for (int i = 0; i < table->nbPoint(); ++i) {
+        const pointDuDessin& point = *table->getData(i);
+        const AcDbObjectPointer<AcDbBlockReference> symbole(point.getId(), AcDb::kForWrite);
+        const codifPoint& codif = codificationDuModule().getCodif(point.getCode());
+        if (symbole.openStatus() == Acad::eOk && retaillerSymbole(*symbole.object(), tailleSymbole(codif)))
+            ++changes;
+    }
+    return acedRetInt(changes);
+}
+
+int lispSuperpos()
+{
+    argumentsLisp arguments;
+    double distance = 0.001;
+    if ((!arguments.fini() && !arguments.lireReel(distance)) || !arguments.fini() || !(distance > 0.0))
+        return refuserParametres();
+    const listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return rendreNil();
+    const auto groupes = superpositions(*table, distance);
+    listeLisp liste;
+    for (const std::vector<int>& groupe : groupes) {
+        liste.ouvrir();
+        for (const int i : groupe)
+            liste.ajouter(CString(table->getData(i)->getNomPoint()));
+        liste.fermer();
+    }
+    acutPrintf(L"\n%d superposition(s)", static_cast<int>(groupes.size()));
+    return liste.rendre();
+}
+
+int lispDissocblock()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    const CAcadUndoGroup groupe;
+    std::unordered_set<std::int64_t> dissocies;
+    for (const AcDbObjectId& id : demanderSelection(L"\nSelectionnez les elements a dissocier", L"INSERT"))
+        if (dissocierBloc(id))
+            dissocies.insert(id.asOldId());
+    for (int t = 0; tablesPoints && t < tablesPoints->nbTables(); ++t) {
+        listePointsDuDessin& table = *tablesPoints->getTable(t);
+        const listePointsDuDessin& lue = table;
+        for (int i = 0; i < table.nbPoint(); ++i)
+            if (dissocies.contains(lue.getData(i)->getId().asOldId()))
+                table.getData(i)->setId({});
+    }
+    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", static_cast<int>(dissocies.size()));
+    return RTNORM;
+}

@@ -1,0 +1,19 @@
+#include "codification/regleCode.h"
+
+#include "codification/nombresTexte.h"
+#include "codification/tableCodification.h"
+
+avisCode validerCode(const CString& saisie, const tableCodification& table, bool creation)
+{
+    CString texte = saisie;
+    if (texte.Trim(blancsSaisie) == L"?") {
+        const int libre = table.plusPetitNumeroLibre();
+        return {libre == 0 ? verdictCode::aucunLibre : verdictCode::propose, libre};
+    }
+    const int code = entierDeTexte(texte);
+    if (code < 1 || code > 9999)
+        return {verdictCode::horsBornes};
+    if (creation && table.indexCode(code) >= 0)
+        return {verdictCode::dejaExistant};
+    return {verdictCode::accepte, code};
+}

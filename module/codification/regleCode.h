@@ -1,0 +1,22 @@
+#pragma once
+
+#include "afx.h"
+
+class tableCodification;
+
+/// What becomes of the code number that a user types.
+enum class verdictCode {
+    accepte,
+    propose,     ///< "?" asked for a number
+    aucunLibre,  ///< "?" asked for one, and all are taken
+    horsBornes,  ///< not within 1 to 9999; a text that is no number reads as 0
+    dejaExistant ///< a new code bears a number that is taken
+};
+
+struct avisCode {
+    verdictCode verdict;
+    int code = 0; ///< when accepted or proposed
+};
+
+/// @param creation a new code: its number must be free
+avisCode validerCode(const CString& saisie, const tableCodification& table, bool creation);

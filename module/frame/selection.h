@@ -1,0 +1,23 @@
+#pragma once
+
+#include "adsdef.h"
+#include "dbid.h"
+
+#include <span>
+#include <vector>
+
+/// Selection sets of the host.
+
+/// The entities of a set, in its order; those erased meanwhile are left out.
+std::vector<AcDbObjectId> entitesDe(const ads_name jeu);
+
+/// Asks the user to select entities whose kind is `type` ("INSERT", "*" for any), or takes what was selected before the
+/// command. @return what was selected; nothing when the user gave nothing.
+std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_t* type);
+
+/// Every entity of the whole drawing, all spaces, whose kind is `type`, in the order of the host's selection.
+std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type);
+
+/// Gives the entities to AutoLISP as a new set, which is AutoLISP's to release; nil for none. Erased ones are left out.
+/// @return RTNORM.
+int rendreSelection(std::span<const AcDbObjectId> ids);

@@ -1,0 +1,32 @@
+#include "points/etendueDesPoints.h"
+
+#include "points/listePointsDuDessin.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+bool connue(double coordonnee)
+{
+    return std::isfinite(coordonnee) && coordonnee != coordonneeInconnue;
+}
+
+} // namespace
+
+std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, int code)
+{
+    std::optional<etendueVue> etendue;
+    for (int i = 0; i < table.nbPoint(); ++i) {
+        const pointDuDessin& p = *table.getData(i);
+        if ((code != 0 && p.getCode() != code) || !connue(p.getX()) || !connue(p.getY()))
+            continue;
+        if (!etendue)
+            etendue = etendueVue{p.getX(), p.getY(), p.getX(), p.getY()};
+        etendue->xMin = std::min(etendue->xMin, p.getX());
+        etendue->yMin = std::min(etendue->yMin, p.getY());
+        etendue->xMax = std::max(etendue->xMax, p.getX());
+        etendue->yMax = std::max(etendue->yMax, p.getY());
+    }
+    return etendue;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "frame/etendueVue.h"
+
+#include <optional>
+
+class listePointsDuDessin;
+
+/// The rectangle that the points of a table stand in, of one code or (0) of all. Points at an unknown place do not
+/// count; nothing when none is left.
+std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, int code = 0);

@@ -1,0 +1,42 @@
+(defun c13 (c) (cdr (assoc c (entget (entlast))))) ; => C13
+(tpcdaddpt "1" '(0 0 1)) ; >> 
+(tpcdaddpt "3" '(10 0 2)) ; >> 
+(tpcdaddpt "5" '(10 10 3)) ; >> 
+(tpcdaddpt "6" '(0 10)) ; >> 
+(c:topjndre) ; << 1 / 5 / 2
+(c:topjndre) ; >> \nNumero de debut1\nNumero de fin5\nIncrement [1] :2
+(c13 0) ; => "POLYLINE"
+(c:topjndre) ; << 6 / 4 / 
+(c:topjndre) ; >> \nNumero de debut6\nNumero de fin4\nIncrement [1] :\nPoint 4 absent de la table
+(c13 0) ; => "LWPOLYLINE"
+(getsegtype (entlast) 0) ; => ("LIGNE" (0.0 10.0 0.0) (10.0 10.0 0.0))
+(getsegtype (entlast) 1) ; => nil
+(getsegtype (entlast) -1) ; => nil
+(getsegtype (ename_pt "1") 0) ; => nil
+(getsegtype (entlast) "0") ; >> \nparametres incorrects.
+; A half circle from (0 0) to (4 0), counter-clockwise: its bulge is 1; then back clockwise by a quarter.
+(entmake '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 2) (70 . 1) (10 0 0) (42 . 1.0) (10 4 0) (42 . -0.41421356237))) ; >> 
+(getsegtype (entlast) 0) ; => ("ARC" (0.0 0.0 0.0) (4.0 0.0 0.0) (2.0 0.0 0.0) 2.0 1.0)
+(car (getsegtype (entlast) 1)) ; => "ARC"
+(nth 3 (getsegtype (entlast) 1)) ; => (2.0 2.0 0.0)
+(rtos (nth 4 (getsegtype (entlast) 1)) 2 6) ; => "2.828427"
+(c:topjndre) ; << 1 / 2 / 1
+(c:topjndre) ; >> \nNumero de debut1\nNumero de fin2\nIncrement [1] :1\nPoint 2 absent de la table\nIl faut au moins deux points
+(k_getpt "\nCentre : " '(0 0)) ; << @3,4
+(k_getpt "\nCentre : " '(0 0)) ; => (3.0 4.0 0.0)
+(k_getpt "\nCentre : ") ; << 
+(k_getpt "\nCentre : ") ; => nil
+(k_getpt) ; >> \nparametres incorrects.
+(k_getpt "a" "b") ; >> \nparametres incorrects.
+(wait_user 1) ; >> \nparametres incorrects.
+; Taken apart: the lines of the cross, and the two visible texts that are not empty.
+(setq avant (entlast)) ; >> 
+(c:dissocblock) ; << -1,-1 / 1,1 / 
+(c:dissocblock) ; =>
+(ename_pt "1") ; => nil
+(c13 0) ; => "TEXT"
+(c13 1) ; => "1.00"
+(c13 8) ; => "_ Altitudes Points"
+(progn (setq n 0 e avant) (while (setq e (entnext e)) (setq n (1+ n))) n) ; => 4
+(reg_pts) ; => 4
+(type (ename_pt "1")) ; => ENAME

@@ -1,0 +1,139 @@
+// The AutoLISP functions of the module, by programs with the expected end of each line on the line:
+//   expression ; => value as prin1 shows it
+//   expression ; >> what it prints, its prompts and answers included
+//   expression ; << answers to what the next line asks, between slashes; the expression itself is not evaluated
+// The lines of a file are evaluated one after the other in one drawing.
+
+#include "supportEssai.h"
+
+#include "ap/DocumentList.h"
+#include "ed/input/EditorInput.h"
+#include "ed/Kernel.h"
+#include "lisp/drawing/LispSession.h"
+#include "platform/CodePage.h"
+#include "points/projetDansDessin.h"
+#include "rx/Console.h"
+#include "rx/ModuleTable.h"
+
+#include <cstring>
+#include <deque>
+#include <fstream>
+#include <gtest/gtest.h>
+
+using platform::utf8FromWide;
+using platform::wideFromUtf8;
+
+namespace {
+
+struct ligneProgramme {
+    std::string expression, marque, attendu;
+
+    explicit ligneProgramme(const std::string& texte)
+    {
+        for (const char* candidate : {" ; =>", " ; >>", " ; <<"}) {
+            const auto place = texte.rfind(candidate);
+            if (place == std::string::npos)
+                continue;
+            expression = texte.substr(0, place);
+            marque = std::string(candidate).substr(3);
+            attendu = texte.substr(std::min(place + 6, texte.size()));
+        }
+    }
+};
+
+class reponsesPrevues : public InputSource {
+public:
+    void prevoir(const std::string& texte)
+    {
+        reponses.clear();
+        for (std::size_t debut = 0; debut <= texte.size();) {
+            const auto fin = std::min(texte.find('/', debut), texte.size());
+            std::string une = texte.substr(debut, fin - debut);
+            une.erase(0, une.find_first_not_of(' '));
+            une.erase(une.find_last_not_of(' ') + 1);
+            reponses.push_back(une);
+            debut = fin + 1;
+        }
+    }
+    InputAnswer answer(const InputRequest&) override
+    {
+        InputAnswer reponse;
+        if (reponses.empty())
+            return reponse; // a cancel
+        reponse.kind = InputAnswer::Kind::text;
+        reponse.text = wideFromUtf8(reponses.front());
+        reponses.pop_front();
+        return reponse;
+    }
+    void refused(const InputRequest&, const std::wstring& raison) override { ADD_FAILURE() << utf8FromWide(raison); }
+
+    std::deque<std::string> reponses;
+};
+
+std::string sautsMontres(const std::wstring& texte)
+{
+    std::string montre;
+    for (const char c : utf8FromWide(texte))
+        montre += c == '\n' ? std::string("\\n") : std::string(1, c);
+    return montre;
+}
+
+class FonctionsLisp : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override
+    {
+        std::filesystem::remove(supportEssai::fichier("defcodif"));
+        Console::instance().setSink([this](const std::wstring& texte) { imprime += texte; });
+        DocumentList::instance().create();
+        const auto echec = ModuleTable::instance().load(wideFromUtf8(MODULE_ARX));
+        ASSERT_FALSE(echec) << utf8FromWide(*echec);
+        setSrcInfosTopo(nullptr, &projet, 1, 0);
+    }
+    void TearDown() override
+    {
+        setSrcInfosTopo(nullptr, nullptr, 0, 0);
+        DocumentList::instance().closeAll();
+        ModuleTable::instance().unloadAll();
+        Console::instance().setSink(nullptr);
+    }
+
+    void executer(const ligneProgramme& ligne)
+    {
+        if (ligne.marque == "<<")
+            return reponses.prevoir(ligne.attendu);
+        imprime.clear();
+        const auto reponse = LispSession::of(*curDoc()).evaluate(wideFromUtf8(ligne.expression));
+        ASSERT_FALSE(reponse.outcome.failed) << utf8FromWide(reponse.outcome.message);
+        EXPECT_EQ(ligne.marque == "=>" ? utf8FromWide(reponse.text) : sautsMontres(imprime), ligne.attendu);
+    }
+
+    Kernel noyau;
+    projetsTopo projet;
+    std::wstring imprime;
+    reponsesPrevues reponses;
+    EditorInput::Source source{reponses};
+};
+
+TEST_P(FonctionsLisp, giveWhatTheirLinesSay)
+{
+    std::ifstream programme(std::string(VELA_SOURCE_DIR "/tests/module/codification/programmes/") + GetParam());
+    int numero = 0, lignes = 0;
+    for (std::string texte; std::getline(programme, texte);) {
+        ++numero;
+        const ligneProgramme ligne(texte);
+        if (texte.empty() || texte.front() == ';')
+            continue;
+        SCOPED_TRACE(std::string(GetParam()) + ':' + std::to_string(numero) + ": " + texte);
+        ASSERT_FALSE(ligne.marque.empty());
+        executer(ligne);
+        ++lignes;
+    }
+    EXPECT_GT(lignes, 10);
+}
+
+INSTANTIATE_TEST_SUITE_P(Programmes, FonctionsLisp, testing::Values("symboles.lsp", "codes.lsp", "saisie.lsp"),
+                         [](const auto& programme) {
+                             return std::string(programme.param).substr(0, std::strlen(programme.param) - 4);
+                         });
+
+} // namespace
