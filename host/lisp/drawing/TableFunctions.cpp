@@ -6,6 +6,7 @@
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/DrawingWalks.h"
 #include "lisp/drawing/RecordList.h"
+#include "lisp/drawing/RecordMaking.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
 #include "platform/LetterCase.h"
@@ -155,10 +156,17 @@ LispValue dictionaryNext(LispContext& context, LispArguments arguments)
     return id.isNull() ? LispValue() : recordList(context, id);
 }
 
+/// (regapp name): the name, nil when it is registered already.
+LispValue registerName(LispContext&, LispArguments arguments)
+{
+    return registerApplication(text(arguments[0])) ? arguments[0] : LispValue();
+}
+
 constexpr LispBuiltin kRows[] = {
-    {L"DICTNEXT", 1, 2, dictionaryNext},     {L"DICTSEARCH", 2, 3, dictionarySearch},
-    {L"NAMEDOBJDICT", 0, 0, rootDictionary}, {L"TBLNEXT", 1, 2, tableNext},
-    {L"TBLOBJNAME", 2, 2, tableObjectName},  {L"TBLSEARCH", 2, 3, tableSearch},
+    {L"REGAPP", 1, 1, registerName},         {L"DICTNEXT", 1, 2, dictionaryNext},
+    {L"DICTSEARCH", 2, 3, dictionarySearch}, {L"NAMEDOBJDICT", 0, 0, rootDictionary},
+    {L"TBLNEXT", 1, 2, tableNext},           {L"TBLOBJNAME", 2, 2, tableObjectName},
+    {L"TBLSEARCH", 2, 3, tableSearch},
 };
 
 } // namespace

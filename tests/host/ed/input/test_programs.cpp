@@ -57,6 +57,6 @@ TEST_P(AskingPrograms, giveWhatTheirLinesSay)
     EXPECT_GT(checks, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, AskingPrograms, testing::Values("demandes.lsp", "selection.lsp"));
+INSTANTIATE_TEST_SUITE_P(All, AskingPrograms, testing::Values("demandes.lsp", "entites.lsp", "selection.lsp"));
 
 } // namespace
