@@ -3,9 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <malloc.h> // malloc_trim
+#include <stdexcept>
 #include <vector>
 
 #include "acutmem.h"
@@ -13,6 +13,7 @@
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "mesures/memoire.h"
 #include "planchers/planchers.h"
 #include "platform/CodePage.h"
 
@@ -39,19 +40,6 @@ double mediane(int passes, const std::function<void()>& preparer, const std::fun
     }
     std::ranges::sort(secondes);
     return secondes[secondes.size() / 2];
-}
-
-/// Memory of the process that is its own and in use, in bytes: maps of files and reserved pages do not count.
-std::size_t memoireOccupee()
-{
-    std::ifstream etat("/proc/self/status");
-    for (std::string mot; etat >> mot;)
-        if (mot == "RssAnon:") {
-            std::size_t kilooctets = 0;
-            etat >> kilooctets;
-            return kilooctets * 1024;
-        }
-    throw std::runtime_error("/proc/self/status: RssAnon is missing");
 }
 
 class banc {

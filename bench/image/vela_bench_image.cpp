@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <fstream>
 #include <malloc.h> // malloc_trim
 #include <QImage>
 #include <QPainter>
@@ -11,6 +10,7 @@
 #include "gi/Picking.h"
 #include "gi/Scene.h"
 #include "mesures/mediane.h"
+#include "mesures/memoire.h"
 #include "mesures/tableauMesures.h"
 #include "platform/CodePage.h"
 #include "ui/application/VelaApplication.h"
@@ -22,18 +22,6 @@ namespace {
 
 constexpr int largeur = 1600, hauteur = 1000; // pixels
 constexpr double imageMobile = 0.1;           // seconds: ten pictures a second still follow the hand
-
-std::size_t memoireOccupee()
-{
-    std::ifstream etat("/proc/self/status");
-    for (std::string mot; etat >> mot;)
-        if (mot == "RssAnon:") {
-            std::size_t kilooctets = 0;
-            etat >> kilooctets;
-            return kilooctets * 1024;
-        }
-    throw std::runtime_error("/proc/self/status: RssAnon is missing");
-}
 
 /// Where most of the drawing is: a stray entity far away would leave everything else in one pixel.
 Box2d coeur(Scene& scene)

@@ -252,6 +252,18 @@ DxfField integerField(int code, DxfWhen when = DxfWhen::unlessDefault)
             {}};
 }
 
+/// A true colour; where there is none (-1) no tag says so, and one that was there goes.
+template <auto Member>
+DxfField trueColorField()
+{
+    DxfField row = integerField<Member>(420);
+    row.write = [](DxfWriteContext& c, const AcDbObject& o, int code, int) {
+        if (dxf_rows::in<Member>(o) >= 0)
+            c.out.integer(code, dxf_rows::in<Member>(o));
+    };
+    return row;
+}
+
 template <auto Member>
 DxfField textField(int code, DxfWhen when = DxfWhen::unlessDefault)
 {

@@ -10,7 +10,7 @@ const DxfSubclass& DxfFieldsOfEntity::subclass()
          nameField<&AcDbEntity::m_layer, NameKind::layer>(8, DxfWhen::always),
          nameField<&AcDbEntity::m_linetype, NameKind::linetype>(6), integerField<&AcDbEntity::m_color>(62),
          integerField<&AcDbEntity::m_lineWeight>(370), realField<&AcDbEntity::m_linetypeScale>(48),
-         integerField<&AcDbEntity::m_invisible>(60), integerField<&AcDbEntity::m_trueColor>(420)});
+         integerField<&AcDbEntity::m_invisible>(60), trueColorField<&AcDbEntity::m_trueColor>()});
     return entity;
 }
 

@@ -49,7 +49,7 @@ void DxfFieldsOfSymbolTables::add(DxfClasses& classes)
                                    {textField<&AcDbSymbolTableRecord::m_name>(2, DxfWhen::always)});
     static const DxfSubclass layer("AcDbLayerTableRecord",
                                    named({integerField<&AcDbLayerTableRecord::m_color>(62, DxfWhen::always),
-                                          integerField<&AcDbLayerTableRecord::m_trueColor>(420), layerLinetypeRow(),
+                                          trueColorField<&AcDbLayerTableRecord::m_trueColor>(), layerLinetypeRow(),
                                           integerField<&AcDbLayerTableRecord::m_plottable>(290),
                                           integerField<&AcDbLayerTableRecord::m_lineWeight>(370, DxfWhen::always)}));
     static const DxfSubclass style(

@@ -68,14 +68,20 @@ void setData(AcDbDatabase& database, std::uint64_t handle, resbuf* data)
 }
 
 const ChangeRow rows[] = {
-    {"colour of a layer, among tags that are not modelled",
+    {"colour of a layer takes its true colour away, and leaves the comment",
      with(&SmallDrawing::layers, wallLayer),
      [](AcDbDatabase& database) {
          AcCmColor red;
          red.setColorIndex(1);
          Opened<AcDbLayerTableRecord>(database, 0x40, AcDb::kForWrite)->setColor(red);
      },
-     {"-62|3", "+62|1"}},
+     {"-62|3", "+62|1", "-420|255"}},
+    {"colour of an entity takes its true colour away",
+     with(&SmallDrawing::entities,
+          "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n62 1\n420 255\n100 AcDbLine\n10 0\n20 0\n"
+          "11 5\n21 5\n"),
+     [](AcDbDatabase& database) { Opened<AcDbLine>(database, 0x80, AcDb::kForWrite)->setColorIndex(5); },
+     {"-62|1", "-420|255", "+62|5"}},
     {"a field without a tag lands in its subclass",
      with(&SmallDrawing::entities, lineWithData),
      [](AcDbDatabase& database) {

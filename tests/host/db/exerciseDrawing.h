@@ -13,6 +13,9 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "gi/GraphicsSink.h"
+#include "gi/ObjectSnap.h"
+#include "gi/Picking.h"
 
 /// Does to a drawing what programs do: whatever it holds, nothing crashes, hangs or stays open, and what is saved can
 /// be read again.
@@ -57,6 +60,22 @@ inline void lookAt(AcDbObject& object)
     }
 }
 
+/// Draws all of it, picks and snaps somewhere in it.
+inline void lookAt(Scene& scene)
+{
+    struct Nothing : GraphicsSink {
+        void polyline(Points, const Appearance&) override {}
+        void polygon(std::span<const std::vector<AcGePoint3d>>, const Appearance&) override {}
+        void dot(const AcGePoint3d&, const Appearance&) override {}
+        void text(const TextItem&, const Appearance&) override {}
+    } sink;
+    const SceneView view = SceneView::showing(scene.extents(), 400, 300);
+    scene.draw(view, sink);
+    hitsAt(scene, view.center, 5.0 * view.pixel);
+    snapAt(scene, view.center, 5.0 * view.pixel, ~0U);
+    pickBox(scene, view.box(), PickExtent::inside);
+}
+
 /// Changes, erases, brings back and copies some of the objects, then the whole; takes everything back.
 inline void exercise(AcDbDatabase& database)
 {
@@ -64,6 +83,8 @@ inline void exercise(AcDbDatabase& database)
     const std::string before = savedBytes(database);
     impl.undo().setRecording(true);
     impl.undo().startMark();
+    Scene scene(database);
+    lookAt(scene);
     const auto& records = impl.file().records();
     const std::size_t step = records.size() > 1000 ? records.size() / 15 : 1; // each may take all the others along
     for (std::size_t i = 0; i < records.size(); i += step) {
@@ -82,6 +103,7 @@ inline void exercise(AcDbDatabase& database)
         if (AcDbEntity::cast(object) && !database.currentSpaceId().isNull())
             database.deepCloneObjects(ids, database.currentSpaceId(), mapping);
     }
+    lookAt(scene);
     database.updateExt();
     {
         AcDbDatabase other;
@@ -93,6 +115,7 @@ inline void exercise(AcDbDatabase& database)
     const DxfFile again(after, "relu.dxf");
     impl.undo().endMark();
     impl.undo().undo();
+    lookAt(scene);
     // Where handles were made anew, $HANDSEED goes on rising.
     const bool back = !impl.file().problems().empty() || savedBytes(database) == before;
     if (!back || Opening::openCount() != 0)

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <cstddef>
+
+/// Memory of the process that is its own and in use, in bytes: maps of files and reserved pages do not count.
+std::size_t memoireOccupee();
