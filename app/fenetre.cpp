@@ -4,6 +4,7 @@
 #include "tablesDuProjet.h"
 
 #include "ap/DocumentList.h"
+#include "commands/CommandHooks.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
 #include "rx/Console.h"
@@ -51,9 +52,14 @@ void ouvrirDessins(MainWindow& fenetre, const std::vector<std::string>& dessins)
         DocumentList::instance().create();
 }
 
-void ouvrirFenetre(const std::vector<std::string>& dessins)
+struct choixFenetre {
+    std::vector<std::string> dessins;
+    std::string script;
+};
+
+void ouvrirFenetre(const choixFenetre& choix)
 {
-    refuserCommandesInconnues(dessins);
+    refuserCommandesInconnues(choix.dessins);
     exigerEcran();
     const auto application = VelaApplication::make(VelaApplication::Screen::user);
     std::ostringstream debut; // what modules say before there is a window
@@ -62,7 +68,10 @@ void ouvrirFenetre(const std::vector<std::string>& dessins)
     MainWindow fenetre(&points);
     Console::instance().print(platform::wideFromUtf8(debut.str()));
     fenetre.show();
-    ouvrirDessins(fenetre, dessins);
+    ouvrirDessins(fenetre, choix.dessins);
+    if (!choix.script.empty())
+        if (const auto echec = CommandHooks::instance().runScript(platform::wideFromUtf8(choix.script)); !echec.empty())
+            Console::instance().print(L"\n" + echec);
     fenetre.work();
 }
 
@@ -70,11 +79,13 @@ void ouvrirFenetre(const std::vector<std::string>& dessins)
 
 void ajouterFenetre(CLI::App& programme)
 {
-    const auto dessins = std::make_shared<std::vector<std::string>>();
-    programme.add_option("DESSIN", *dessins, "Dessins à ouvrir dans la fenêtre, quand aucune commande n'est donnée")
+    const auto choix = std::make_shared<choixFenetre>();
+    programme
+        .add_option("DESSIN", choix->dessins, "Dessins à ouvrir dans la fenêtre, quand aucune commande n'est donnée")
         ->type_name("");
-    programme.callback([&programme, dessins] {
+    programme.add_option("--script", choix->script, "Script à exécuter d'abord dans la fenêtre")->type_name("S.scr");
+    programme.callback([&programme, choix] {
         if (programme.get_subcommands().empty())
-            ouvrirFenetre(*dessins);
+            ouvrirFenetre(*choix);
     });
 }

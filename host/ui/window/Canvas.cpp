@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTimer>
 
 #include "ap/DocumentData.h"
 #include "ap/DocumentList.h"
@@ -81,6 +81,8 @@ Canvas::Canvas(CommandInput& input, QWidget* parent) :
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::BlankCursor);
     setMinimumSize(200, 150);
+    m_renderTimer.setSingleShot(true);
+    connect(&m_renderTimer, &QTimer::timeout, this, &Canvas::render);
     connect(&m_input, &CommandInput::asked, this, [this] {
         m_boxFrom.reset();
         if (m_cursor)
@@ -138,7 +140,7 @@ CanvasView Canvas::view() const
 void Canvas::setView(const AcGePoint2d& center, double height)
 {
     if (m_document && CurrentView::set(center, height))
-        renderLater();
+        followView();
 }
 
 void Canvas::showExtents()
@@ -172,22 +174,39 @@ void Canvas::refreshAbove()
     renderLater();
 }
 
+/// A picture that takes long waits until the wheel rests: meanwhile the former one shows, stretched.
+void Canvas::followView()
+{
+    constexpr qint64 slow = 60; // milliseconds
+    constexpr int rest = 120;
+    if (m_renderTime > slow && !m_drawing.isNear(view()))
+        m_renderTimer.start(rest);
+    else
+        renderLater();
+    update();
+}
+
 /// Once for all that happens until the event loop comes round.
 void Canvas::renderLater()
 {
+    m_renderTimer.start(0);
     update();
-    if (std::exchange(m_renderWanted, true))
+}
+
+void Canvas::render()
+{
+    if (!m_document || !isVisible())
         return;
-    QTimer::singleShot(0, this, [this] {
-        m_renderWanted = false;
-        if (!m_document || !isVisible())
-            return;
-        m_drawing.render(view(), devicePixelRatioF());
-        m_above.render(view(), devicePixelRatioF());
-        if (m_cursor)
-            findPlace();
-        update();
-    });
+    const bool whole = !m_drawing.isNear(view());
+    QElapsedTimer time;
+    time.start();
+    m_drawing.render(view(), devicePixelRatioF());
+    m_above.render(view(), devicePixelRatioF());
+    if (whole)
+        m_renderTime = time.elapsed();
+    if (m_cursor)
+        findPlace();
+    update();
 }
 
 // ---- painting

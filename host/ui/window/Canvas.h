@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <QTimer>
 #include <QWidget>
 
 #include "gepnt3d.h"
@@ -35,7 +36,7 @@ public:
     /// The drawing changed.
     void refresh();
     /// The document's view changed.
-    void followView() { renderLater(); }
+    void followView();
     /// Selection, transient graphics.
     void refreshAbove();
 
@@ -62,6 +63,7 @@ private:
     void paintMarks(QPainter& painter, const CanvasView& view);
     void paintDragged(QPainter& painter, const CanvasView& view);
     void renderLater();
+    void render();
 
     void follow(const QPointF& cursor);
     void findPlace();
@@ -77,7 +79,8 @@ private:
     Document* m_document = nullptr;
     CanvasPicture m_drawing, m_above;
     bool m_dark = true;
-    bool m_renderWanted = false;
+    QTimer m_renderTimer;
+    qint64 m_renderTime = 0; ///< milliseconds that the last whole picture took
     std::optional<QPointF> m_cursor;
     AcGePoint3d m_place; // of the cursor, snapped
     std::optional<SnapPoint> m_snap;

@@ -9,8 +9,8 @@ void CanvasPicture::render(const CanvasView& view, double ratio)
         return;
     const QSize pixels = view.size * ratio;
     const bool fits = m_image.size() == pixels && m_image.devicePixelRatio() == ratio;
-    if (fits && !m_stale && scroll(view))
-        return;
+    if (const auto by = shift(view); by && fits && !m_stale)
+        return scroll(view, *by);
     if (!fits)
         m_image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
     m_image.setDevicePixelRatio(ratio);
@@ -19,18 +19,25 @@ void CanvasPicture::render(const CanvasView& view, double ratio)
     paint(QRect(QPoint(), view.size));
 }
 
-/// Moves what is there and paints the rest. False when the views are not whole pixels apart, or too far.
-bool CanvasPicture::scroll(const CanvasView& view)
+/// How far what is there is from where it belongs. Nothing when that is not by whole pixels, or so far that nothing of
+/// it stays in sight.
+std::optional<QPoint> CanvasPicture::shift(const CanvasView& view) const
 {
-    const double ratio = m_image.devicePixelRatio();
     const double across = (m_view.center.x - view.center.x) / view.pixel;
     const double down = (view.center.y - m_view.center.y) / view.pixel;
     constexpr double hair = 1e-3;
+    if (m_image.isNull() || view.pixel != m_view.pixel || view.size != m_view.size ||
+        m_image.devicePixelRatio() != 1.0 || std::abs(across) >= view.size.width() ||
+        std::abs(down) >= view.size.height())
+        return std::nullopt;
     const QPoint by(static_cast<int>(std::lround(across)), static_cast<int>(std::lround(down)));
-    const QRect all(QPoint(), view.size);
-    if (view.pixel != m_view.pixel || ratio != 1.0 || std::abs(across - by.x()) > hair ||
-        std::abs(down - by.y()) > hair || !all.translated(by).intersects(all))
-        return false;
+    if (std::abs(across - by.x()) > hair || std::abs(down - by.y()) > hair)
+        return std::nullopt;
+    return by;
+}
+
+void CanvasPicture::scroll(const CanvasView& view, const QPoint& by)
+{
     QImage moved(m_image.size(), m_image.format());
     QPainter painter(&moved);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
@@ -38,9 +45,9 @@ bool CanvasPicture::scroll(const CanvasView& view)
     painter.end();
     m_image = std::move(moved);
     m_view = view;
+    const QRect all(QPoint(), view.size);
     for (const QRect& part : QRegion(all).subtracted(all.translated(by)))
         paint(part);
-    return true;
 }
 
 void CanvasPicture::paint(const QRect& part)

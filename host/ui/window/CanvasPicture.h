@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <QImage>
 #include <QRegion>
 
@@ -20,13 +21,16 @@ public:
     /// What it shows is out of date.
     void forget() { m_stale = true; }
     bool isCurrent(const CanvasView& view) const { return !m_stale && !m_image.isNull() && view == m_view; }
+    /// Whether bringing it up to date only takes painting what came into sight.
+    bool isNear(const CanvasView& view) const { return !m_stale && shift(view).has_value(); }
     /// Brings it up to date. `ratio`: pixels of the screen for one of the canvas.
     void render(const CanvasView& view, double ratio);
     /// Draws what there is, stretched to where it belongs in a view that it was not made for.
     void draw(QPainter& painter, const CanvasView& view) const;
 
 private:
-    bool scroll(const CanvasView& view);
+    std::optional<QPoint> shift(const CanvasView& view) const;
+    void scroll(const CanvasView& view, const QPoint& by);
     void paint(const QRect& part);
 
     Paint m_paint;

@@ -76,6 +76,16 @@ bool CommandEdit::blankSends() const
     return !m_takesBlanks && !typed.startsWith(u'(') && !typed.startsWith(u'"');
 }
 
+/// In an empty line there is nothing to delete, undo or choose: these keys are the window's.
+bool CommandEdit::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride && text().isEmpty()) {
+        event->ignore();
+        return false;
+    }
+    return QLineEdit::event(event);
+}
+
 void CommandEdit::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {

@@ -25,6 +25,7 @@ signals:
     void cancelled();
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     /// Tab would leave the line.

@@ -1,5 +1,6 @@
 #include "ui/window/CommandInput.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <utility>
 
@@ -73,6 +74,7 @@ InputAnswer CommandInput::answer(const InputRequest& request)
 InputAnswer CommandInput::next(const InputRequest& request)
 {
     m_given.clear();
+    m_interrupted = false;
     emit asked();
     for (;;) {
         InputAnswer answer;
@@ -171,6 +173,18 @@ void CommandInput::cancel()
         emit escaped();
     else if (m_request)
         give(bare(InputAnswer::Kind::cancel));
+    else
+        m_interrupted = true;
+}
+
+bool CommandInput::interrupted()
+{
+    constexpr int betweenLooks = 100; // milliseconds
+    if (!m_sinceLook.isValid() || m_sinceLook.hasExpired(betweenLooks)) {
+        QCoreApplication::processEvents();
+        m_sinceLook.start();
+    }
+    return std::exchange(m_interrupted, false);
 }
 
 void CommandInput::whenIdle(std::function<void()> action)

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <QElapsedTimer>
 #include <QObject>
 #include <QStringList>
 #include <vector>
@@ -37,6 +38,9 @@ public:
     /// Escape: whatever was typed ahead is forgotten.
     void cancel();
 
+    /// Whether Escape was pressed since it was asked last, while a command was at work. Lets the window live meanwhile.
+    bool interrupted();
+
     /// Does something when no command runs: at once, or once what runs is cancelled.
     void whenIdle(std::function<void()> action);
     /// Nothing will come any more: what runs is cancelled, and the prompt of commands ends.
@@ -63,4 +67,6 @@ private:
     std::deque<InputAnswer> m_given; // at the prompt that waits
     std::vector<std::function<void()>> m_idleActions;
     bool m_ending = false;
+    bool m_interrupted = false;
+    QElapsedTimer m_sinceLook; ///< for keys, while a command is at work
 };

@@ -7,7 +7,9 @@
 #include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <utility>
 
+#include "ed/input/CommandLine.h"
 #include "ui/window/CommandEdit.h"
 #include "ui/window/CommandInput.h"
 #include "ui/window/PromptText.h"
@@ -53,10 +55,32 @@ CommandPanel::CommandPanel(CommandInput& input, QWidget* parent) : QWidget(paren
     all->addWidget(m_history, 1);
     all->addLayout(line);
 
-    connect(m_edit, &CommandEdit::sent, &m_input, &CommandInput::type);
-    connect(m_edit, &CommandEdit::cancelled, &m_input, &CommandInput::cancel);
+    connect(m_edit, &CommandEdit::sent, this, &CommandPanel::send);
+    connect(m_edit, &CommandEdit::cancelled, this, &CommandPanel::cancel);
     connect(m_prompt, &QLabel::linkActivated, &m_input, &CommandInput::type);
     connect(&m_input, &CommandInput::asked, this, &CommandPanel::showPrompt);
+}
+
+/// An AutoLISP expression may run over several lines: it is sent once its parentheses are closed.
+void CommandPanel::send(const QString& line)
+{
+    if (m_expression.isEmpty() && !line.startsWith(u'('))
+        return m_input.type(line);
+    m_expression += m_expression.isEmpty() ? line : u'\n' + line;
+    if (isOpenExpression(m_expression.toStdWString())) {
+        print(u'\n' + line);
+        m_prompt->setText(QStringLiteral("(... "));
+        return m_edit->setTakesBlanks(true);
+    }
+    m_input.type(std::exchange(m_expression, QString()));
+}
+
+void CommandPanel::cancel()
+{
+    if (std::exchange(m_expression, QString()).isEmpty())
+        m_input.cancel();
+    else if (m_input.request())
+        showPrompt();
 }
 
 void CommandPanel::showPrompt()

@@ -21,6 +21,8 @@ public:
     bool isHistoryHidden() const;
 
 private:
+    void send(const QString& line);
+    void cancel();
     void showPrompt();
     void flush();
 
@@ -28,5 +30,6 @@ private:
     QPlainTextEdit* m_history;
     QLabel* m_prompt;
     CommandEdit* m_edit;
-    QString m_pending; // printed, and not yet in the history
+    QString m_pending;    // printed, and not yet in the history
+    QString m_expression; // lines of an expression whose parentheses are still open
 };

@@ -19,7 +19,7 @@ constexpr std::array<ColumnText, LayerModel::columnCount_> columns{{
     {"Gel", "Gelé : ni montré, ni calculé"},
     {"Verr.", "Verrouillé : montré, mais pas modifiable"},
     {"Coul.", "Couleur"},
-    {"Type de ligne", "Type de ligne"},
+    {"Type", "Type de ligne"},
 }};
 
 } // namespace

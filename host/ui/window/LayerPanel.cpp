@@ -21,13 +21,13 @@ LayerPanel::LayerPanel(QWidget* parent) : QWidget(parent), m_model(new LayerMode
     m_table->verticalHeader()->setDefaultSectionSize(22);
     m_table->horizontalHeader()->setMinimumSectionSize(24);
     for (const auto& [column, width] : {std::pair{LayerModel::current, 24},
-                                        {LayerModel::name, 130},
-                                        {LayerModel::visible, 36},
-                                        {LayerModel::frozen, 36},
-                                        {LayerModel::locked, 40},
-                                        {LayerModel::color, 52}})
+                                        {LayerModel::visible, 34},
+                                        {LayerModel::frozen, 34},
+                                        {LayerModel::locked, 38},
+                                        {LayerModel::color, 48},
+                                        {LayerModel::linetype, 76}})
         m_table->setColumnWidth(column, width);
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSectionResizeMode(LayerModel::name, QHeaderView::Stretch);
 
     auto* const add = new QPushButton(QStringLiteral("Nouveau"));
     add->setObjectName(QStringLiteral("boutonNouveauCalque"));

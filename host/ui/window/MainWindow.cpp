@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDockWidget>
 #include <QLabel>
 #include <QMenu>
@@ -21,7 +22,7 @@
 #include "ed/input/PickFirst.h"
 #include "ed/input/Transients.h"
 #include "ed/SystemVariables.h"
-#include "gi/Scene.h"
+#include "lisp/LispHooks.h"
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
 #include "ui/script/ScriptCommand.h"
@@ -98,6 +99,7 @@ MainWindow::~MainWindow()
     m_scripts = std::make_unique<ScriptCommand>(scripts);
     CommandHooks::instance().chooseFile = nullptr;
     CommandHooks::instance().regenerate = nullptr;
+    LispHooks::instance().interrupted = nullptr;
     CurrentView::onChange(nullptr);
     PickFirst::onChange(nullptr);
     Transients::onChange(nullptr);
@@ -136,6 +138,9 @@ void MainWindow::makePanels(PointTables* points)
     addPanel(*m_layers, "Calques", "panneauCalques", ":panneauCalques");
     addPanel(*m_properties, "Propriétés", "panneauProprietes", ":panneauProprietes");
     addPanel(*m_points, "Tables de points", "panneauPoints", ":panneauPoints");
+    auto* const properties = findChild<QDockWidget*>(QStringLiteral("panneauProprietes"));
+    tabifyDockWidget(properties, findChild<QDockWidget*>(QStringLiteral("panneauPoints")));
+    properties->raise();
 }
 
 void MainWindow::addPanel(QWidget& content, const char* title, const char* name, const std::string& order)
@@ -144,7 +149,7 @@ void MainWindow::addPanel(QWidget& content, const char* title, const char* name,
     panel->setObjectName(QString::fromLatin1(name));
     panel->setWidget(&content);
     addDockWidget(Qt::RightDockWidgetArea, panel);
-    resizeDocks({panel}, {330}, Qt::Horizontal);
+    resizeDocks({panel}, {360}, Qt::Horizontal);
     QAction* const action = m_menus->action(order);
     connect(action, &QAction::triggered, panel, &QDockWidget::setVisible);
     connect(panel, &QDockWidget::visibilityChanged, action,
@@ -208,6 +213,7 @@ void MainWindow::followKernel()
         return m_files->choose(question);
     };
     CommandHooks::instance().regenerate = [this](AcApDocument&) { m_canvas->refresh(); };
+    LispHooks::instance().interrupted = [this] { return m_input.interrupted(); };
     CurrentView::onChange([this](AcApDocument&) { m_canvas->followView(); });
     PickFirst::onChange([this](AcApDocument&) {
         m_canvas->refreshAbove();
@@ -249,7 +255,6 @@ void MainWindow::registerOrders()
     };
     m_orders = {
         {":fermer", whenIdle(forCurrent([this](Document& document) { m_files->close(document); }))},
-        {":script", whenIdle([this] { chooseScript(); })},
         {":quitter", [this] { close(); }},
         {":toutSelectionner", whenIdle([this] { setSelection(true); })},
         {":deselectionner", whenIdle([this] { setSelection(false); })},
@@ -271,12 +276,6 @@ void MainWindow::typeInput(const QString& input)
     else
         m_input.whenIdle([this, lines] { m_input.typeAll(lines); });
     m_commands->edit().setFocus();
-}
-
-void MainWindow::chooseScript()
-{
-    if (const auto path = m_files->choose({L"Exécuter un script", L"", L"scr", false}))
-        m_input.typeAll({QStringLiteral("_SCRIPT"), QString::fromStdWString(*path)});
 }
 
 void MainWindow::setDarkGround(bool dark)
@@ -410,6 +409,14 @@ void MainWindow::closeEvent(QCloseEvent* event)
     savePlaces();
     m_input.end();
     event->accept();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        QCoreApplication::sendEvent(&m_commands->edit(), event);
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::work()

@@ -42,6 +42,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    /// Escape cancels wherever the keyboard is.
+    void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -58,7 +60,6 @@ private:
     void registerOrders();
     /// Types what a menu says, each input a line; what runs is cancelled unless the command may run meanwhile.
     void typeInput(const QString& input);
-    void chooseScript();
     void setDarkGround(bool dark);
     void toggleSetting(const wchar_t* name, int bit);
     void setSelection(bool all);

@@ -16,7 +16,7 @@ constexpr std::array file{
     MenuItem{"Enregistrer &sous...", "_SAVEAS", "Ctrl+Shift+S"},
     separator,
     MenuItem{"&Imprimer dans un fichier...", "_PLOT", "Ctrl+P"},
-    MenuItem{"Exécuter un s&cript...", ":script"},
+    MenuItem{"Exécuter un s&cript...", "_SCRIPT"},
     MenuItem{"Charger une &application...", "_APPLOAD"},
     separator,
     MenuItem{"&Quitter", ":quitter", "Ctrl+Q"},

@@ -90,7 +90,7 @@ PointPanel::PointPanel(PointTables* tables, QWidget* parent) :
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->setDefaultSectionSize(20);
     for (const auto& [column, width] :
-         {std::pair{PointModel::name, 80}, {PointModel::code, 44}, {PointModel::x, 92}, {PointModel::y, 92}})
+         {std::pair{PointModel::name, 70}, {PointModel::code, 44}, {PointModel::x, 82}, {PointModel::y, 82}})
         m_table->setColumnWidth(column, width);
     m_table->horizontalHeader()->setStretchLastSection(true);
 

@@ -119,6 +119,54 @@ TEST_F(CommandLineTest, namesAreCompleted)
     });
 }
 
+TEST_F(CommandLineTest, anExpressionMayRunOverLines)
+{
+    play({
+        type("(setq a (+ 1"),
+        [this] { EXPECT_EQ(prompt(), "(... "); },
+        type("20 300))"),
+        [this] {
+            EXPECT_EQ(prompt(), "Commande : ");
+            EXPECT_NE(history().find("321"), std::string::npos) << history();
+        },
+        type("(setq b"),
+        key(Qt::Key_Escape),
+        [this] { EXPECT_EQ(prompt(), "Commande : ") << "given up"; },
+    });
+}
+
+TEST_F(CommandLineTest, keysOfTheWindowWorkWhileTheLineIsEmpty)
+{
+    addLine(document(), {10, 10, 0}, {20, 10, 0});
+    play({
+        choose(":toutSelectionner"),
+        key(Qt::Key_Delete),
+        [this] {
+            EXPECT_EQ(entities(), "");
+            QTest::keyClick(&edit(), Qt::Key_Z, Qt::ControlModifier);
+        },
+        [this] { EXPECT_EQ(entities(), "AcDbLine"); },
+        [this] {
+            QTest::keyClicks(&edit(), QStringLiteral("abc"));
+            QTest::keyClick(&edit(), Qt::Key_Home);
+            QTest::keyClick(&edit(), Qt::Key_Delete);
+            EXPECT_EQ(edit().text(), QStringLiteral("bc")) << "in a line with text they are the line's";
+            edit().clear();
+        },
+    });
+}
+
+TEST_F(CommandLineTest, endlessExpressionsAreInterrupted)
+{
+    play({
+        [this] {
+            QTimer::singleShot(150, window.get(), [this] { QTest::keyClick(&edit(), Qt::Key_Escape); });
+            type("(while T)")();
+        },
+        [this] { EXPECT_EQ(prompt(), "Commande : "); },
+    });
+}
+
 TEST_F(CommandLineTest, arrowsGoThroughSentLines)
 {
     play({
