@@ -85,8 +85,11 @@ private:
         AcDbStub* twin = reserve(origin);
         if (AcDbStub* oldOwner = m_from.ownerOf(m_from.object(*recordOf(origin))))
             m_handles.emplace(recordOf(oldOwner)->handle, recordOf(owner)->handle);
-        if (m_to.typeName(*recordOf(owner)) == "BLOCK_RECORD")
+        if (m_to.typeName(*recordOf(owner)) == "BLOCK_RECORD") {
             m_to.blocks().append(owner, twin);
+            if (m_from.ownerOf(*recordOf(origin)) != owner)
+                m_moved.push_back({twin, owner});
+        }
         cloneTree();
         return twin;
     }
@@ -155,7 +158,21 @@ private:
         for (; m_filled < m_copies.size(); ++m_filled) // definitions brought along are added meanwhile
             fill(m_copies[m_filled]);
         linkSequences();
+        placeMoved();
         tellAppended();
+    }
+
+    /// Entities tell whether they are part of paper space: copies that left it, or joined it, say so.
+    void placeMoved()
+    {
+        for (const auto& [twin, block] : m_moved) {
+            const bool paper = block == m_to.blocks().paperSpace() && m_to.blocks().of(block).inEntitiesSection;
+            m_to.setPaperSpace(twin, paper);
+            if (!isErased(*recordOf(twin)))
+                for (AcDbStub* subentity : m_to.subentities(m_to.object(*recordOf(twin)), false))
+                    m_to.setPaperSpace(subentity, paper);
+        }
+        m_moved.clear();
     }
 
     void fill(const Copy copy)
@@ -348,6 +365,7 @@ private:
     std::unordered_map<AcDbStub*, AcDbStub*> m_brought;    // definitions, with their copies
     std::unordered_map<AcDbStub*, std::wstring> m_unnamed; // names that unnamed blocks take here
     std::map<std::wstring, int> m_lastNumbers;             // given to unnamed blocks, by what stands before the number
+    std::vector<std::pair<AcDbStub*, AcDbStub*>> m_moved;  // copies in another block than their origin's, with it
     std::vector<Copy> m_sequences;                         // parents whose sub-entities are to be linked
     std::size_t m_expanded = 0;                            // of m_copies, how many had what they own reserved
     std::size_t m_filled = 0;                              // and how many got their tags

@@ -140,7 +140,8 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* fileName)
         m_impl->lastError = std::wstring(fileName) + L" : " + platform::wideFromUtf8(failure.what());
         return Acad::eFileAccessErr;
     }
-    m_impl->fileName = fileName;
+    const bool asNamed = path == platform::nativePath(fileName);
+    m_impl->fileName = asNamed ? fileName : withExtension(fileName, L".dxf");
     return Acad::eOk;
 }
 

@@ -26,6 +26,16 @@ AcDbObjectId AcDbDatabaseImpl::joinBlock(AcDbStub* block, std::unique_ptr<AcDbEn
     return id;
 }
 
+void AcDbDatabaseImpl::setPaperSpace(AcDbStub* stub, bool paper)
+{
+    DxfRecord& record = *recordOf(stub);
+    AcDbEntity* const entity = isErased(record) ? nullptr : AcDbEntity::cast(&object(record));
+    if (!entity || entity->m_paperSpace == paper)
+        return;
+    entity->m_paperSpace = paper;
+    record.flags |= RecordFlags::modified;
+}
+
 void AcDbDatabaseImpl::linkSubentities(AcDbObject& parent, std::vector<AcDbStub*> subentities, AcDbStub* end)
 {
     parent.extras().addedSubentities = std::move(subentities);

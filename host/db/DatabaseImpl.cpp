@@ -10,6 +10,7 @@
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
+#include "platform/CodePage.h"
 
 namespace {
 
@@ -87,7 +88,8 @@ void AcDbDatabaseImpl::load(std::unique_ptr<DxfFile> file)
     adoptStructure();
     makeMissingTables();
     m_rootDictionary = findRootDictionary();
-    m_madeUp = m_newRecords.size();
+    for (std::size_t i = 0; i < m_newRecords.size(); ++i)
+        m_newRecords[i].flags = static_cast<std::uint16_t>(m_newRecords[i].flags | RecordFlags::madeUp);
 }
 
 void AcDbDatabaseImpl::adoptStructure()
@@ -131,6 +133,24 @@ void AcDbDatabaseImpl::makeMissingTables()
         names(NameKind::block).append(stub);
         makeBlockBounds(stub);
     }
+}
+
+AcDbStub* AcDbDatabaseImpl::makeUpLayer(const std::wstring& name)
+{
+    const bool recording = m_undo.isRecording();
+    m_undo.setRecording(false); // no change of the user's
+    auto layer = std::make_unique<AcDbLayerTableRecord>();
+    AcDbLayerTableRecord* made = layer.get();
+    made->m_name = name; // whatever its characters: the file has it
+    made->setLinetypeObjectId(m_self.continuousLinetype());
+    AcDbStub* const stub = adopt(std::move(layer), names(NameKind::layer).table).stub();
+    made->close();
+    m_undo.setRecording(recording);
+    recordOf(stub)->flags = RecordFlags::isNew | RecordFlags::madeUp;
+    names(NameKind::layer).append(stub);
+    addProblem("calque « " + platform::utf8FromWide(name) +
+               " » absent de la table des calques ; il y est ajouté, en couleur 7");
+    return stub;
 }
 
 AcDbStub* AcDbDatabaseImpl::findRootDictionary()
@@ -360,22 +380,28 @@ AcDbObjectIdArray AcDbDatabaseImpl::ownedBy(const AcDbObject& object)
 void AcDbDatabaseImpl::setErased(AcDbObject& object, bool erased)
 {
     std::vector<AcDbObject*> touched;
-    const auto mark = [&](AcDbObject& met) {
+    const auto mark = [&](AcDbObject& met, int marks) {
         DxfRecord& record = *recordOf(met.m_stub);
-        if (isErased(record) == erased)
-            return;
         m_undo.beforeChange(met);
-        const int others = record.flags & ~RecordFlags::erased;
-        record.flags = static_cast<std::uint16_t>(erased ? others | RecordFlags::erased : others);
+        const int others = record.flags & ~(RecordFlags::erased | RecordFlags::withOwner);
+        record.flags = static_cast<std::uint16_t>(others | marks);
         noteEdit(record);
         touched.push_back(&met);
     };
-    mark(object);
+    if (isErased(*recordOf(object.m_stub)) == erased)
+        return;
+    mark(object, erased ? RecordFlags::erased : 0);
     for (std::size_t i = 0; i < touched.size(); ++i) {
         const AcDbObjectIdArray owned = ownedBy(*touched[i]);
-        for (int k = 0; k < owned.length(); ++k)
-            if (holdsObject(*recordOf(owned[k])))
-                mark(this->object(*recordOf(owned[k])));
+        for (int k = 0; k < owned.length(); ++k) {
+            const DxfRecord& record = *recordOf(owned[k]);
+            if (!holdsObject(record) || isErased(record) == erased)
+                continue;
+            if (erased)
+                mark(this->object(*recordOf(owned[k])), RecordFlags::erased | RecordFlags::withOwner);
+            else if ((record.flags & RecordFlags::withOwner) != 0) // what was erased before stays so
+                mark(this->object(*recordOf(owned[k])), 0);
+        }
     }
     for (AcDbObject* met : touched)
         if (met->isKindOf(AcDbSymbolTableRecord::desc()) || (recordOf(met->m_stub)->flags & DxfRecord::spoiled) != 0)

@@ -70,6 +70,8 @@ public:
     std::uint64_t takeHandle();
     /// Above every handle given so far, those aside that U took back: a drawing is then saved as it was before.
     std::uint64_t handleSeed() const;
+    /// Whether it is part of paper space, which its tags tell too.
+    void setPaperSpace(AcDbStub* entity, bool paper);
     /// Gives the object a record, under `owner`. It belongs to the database from now on, open for write.
     AcDbObjectId adopt(std::unique_ptr<AcDbObject> object, AcDbStub* owner);
     /// A record for a copied object, not decoded yet.
@@ -77,8 +79,8 @@ public:
     /// Whether a record holds an object at all (SECTION, ENDTAB and their like do not).
     bool holdsObject(const DxfRecord& record) const;
     const NewRecords& newRecords() const { return m_newRecords; }
-    /// How many of them, the first ones, stand for what the file lacked. They are written with the first change.
-    std::size_t madeUpRecords() const { return m_madeUp; }
+    /// A layer that entities of the file are on and its table lacks. Told as a problem.
+    AcDbStub* makeUpLayer(const std::wstring& name);
 
     // ---- objects
 
@@ -157,7 +159,6 @@ private:
     DxfForm m_noForm;
     NewRecords m_newRecords;
     std::unordered_map<std::uint64_t, AcDbStub*> m_newByHandle;
-    std::size_t m_madeUp = 0;
     std::uint64_t m_nextHandle = 1;
     std::vector<std::uint32_t> m_edits; // positions of records of the file that may differ from their bytes
     mutable std::vector<const DxfClass*> m_classByType;

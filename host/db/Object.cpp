@@ -20,8 +20,8 @@ AcDbObject::AcDbObject() = default;
 // Sub-entities, the extension dictionary and reactors stay the other object's.
 AcDbObject::AcDbObject(const AcDbObject& other) : AcGiDrawable(other)
 {
-    if (other.m_extras && !other.m_extras->xdata.empty())
-        extras().xdata = other.m_extras->xdata;
+    if (auto data = ObjectTags::dataOf(other); !data.empty())
+        extras().xdata = std::move(data);
 }
 
 AcDbObject::~AcDbObject()

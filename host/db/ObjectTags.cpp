@@ -26,6 +26,20 @@ const resbuf* nextApplication(const resbuf* item)
     return item;
 }
 
+/// The data of a chain, an application each.
+std::vector<ApplicationData> byApplication(const resbuf* data)
+{
+    std::vector<ApplicationData> all;
+    for (const resbuf* item = data; item; item = nextApplication(item)) {
+        const resbuf* const end = nextApplication(item);
+        ApplicationData one{foldedName(item->resval.rstring ? item->resval.rstring : L""), nullptr};
+        if (item->rbnext != end) // a lone name takes its data away
+            one.items.reset(copyOfChain(item, end), [](const resbuf* held) { acutRelRb(const_cast<resbuf*>(held)); });
+        all.push_back(std::move(one));
+    }
+    return all;
+}
+
 bool sameApplication(const resbuf& item, const ACHAR* name)
 {
     return item.resval.rstring && foldedName(item.resval.rstring) == foldedName(name);
@@ -82,6 +96,8 @@ std::vector<std::uint64_t> ObjectTags::persistentReactors() const
 std::string_view ObjectTags::xdataBytes() const
 {
     const std::string_view bytes = m_database.bytes(*recordOf(m_object.m_stub));
+    if (!m_database.form().binary && bytes.find("1001") == bytes.npos)
+        return {}; // asked at each copy: most objects have none
     DxfCursor cursor(m_database.form(), bytes);
     DxfTag tag;
     while (cursor.next(tag))
@@ -208,21 +224,27 @@ resbuf* ObjectTags::xData(const AcDbObject& object, const ACHAR* application)
     return chain;
 }
 
+std::vector<ApplicationData> ObjectTags::dataOf(const AcDbObject& object)
+{
+    const AcDbDatabaseImpl* database = object.m_stub ? &AcDbDatabaseImpl::of(object.m_stub) : nullptr;
+    if (!database || ObjectTags(*database, object).xdataBytes().empty())
+        return object.m_extras ? object.m_extras->xdata : std::vector<ApplicationData>();
+    resbuf* const chain = ObjectTags(*database, object).xdataChain(nullptr);
+    std::vector<ApplicationData> all = byApplication(chain);
+    if (chain)
+        acutRelRb(chain);
+    return all;
+}
+
 Acad::ErrorStatus ObjectTags::splitXData(const AcDbObject& object, const resbuf* data,
                                          std::vector<ApplicationData>& changes)
 {
     if (!data || data->restype != applicationCode || !isExtendedData(data))
         return Acad::eInvalidResBuf;
     AcDbDatabaseImpl* database = object.m_stub ? &AcDbDatabaseImpl::of(object.m_stub) : nullptr;
-    for (const resbuf* item = data; item; item = nextApplication(item)) {
+    for (const resbuf* item = data; item; item = nextApplication(item))
         if (!item->resval.rstring || (database && !database->named(NameKind::regApp, item->resval.rstring)))
             return Acad::eRegappIdNotFound;
-        const resbuf* const end = nextApplication(item);
-        ApplicationData change{foldedName(item->resval.rstring), nullptr};
-        if (item->rbnext != end) // a lone name takes its data away
-            change.items.reset(copyOfChain(item, end),
-                               [](const resbuf* held) { acutRelRb(const_cast<resbuf*>(held)); });
-        changes.push_back(std::move(change));
-    }
+    changes = byApplication(data);
     return Acad::eOk;
 }

@@ -31,6 +31,8 @@ public:
 
     /// A new chain of one application's data, or of all when null; null when there is none.
     static resbuf* xData(const AcDbObject& object, const ACHAR* application);
+    /// The extended data of an object, whether set by the program or still bytes of the file: for a copy of it.
+    static std::vector<ApplicationData> dataOf(const AcDbObject& object);
     /// The chain given to setXData, by application. eInvalidResBuf, eRegappIdNotFound.
     static Acad::ErrorStatus splitXData(const AcDbObject& object, const resbuf* data,
                                         std::vector<ApplicationData>& changes);

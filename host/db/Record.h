@@ -14,10 +14,12 @@ class AcDbObject;
 namespace RecordFlags {
 enum : std::uint16_t {
     erased = 16,
-    modified = 32, ///< differs from its bytes
-    isNew = 64,    ///< a NewRecord
-    edited = 128,  ///< listed among the edits of the next save
-    unmade = 256,  ///< U took its making back
+    modified = 32,   ///< differs from its bytes
+    isNew = 64,      ///< a NewRecord
+    edited = 128,    ///< listed among the edits of the next save
+    unmade = 256,    ///< U took its making back
+    withOwner = 512, ///< erased because its owner was, and comes back with it
+    madeUp = 1024,   ///< stands for what the file lacked: written with the first change
 };
 }
 

@@ -70,7 +70,7 @@ bool SavePlan::hasWork() const
         return true;
     const NewRecords& made = m_database.newRecords();
     for (std::size_t i = 0; i < made.size(); ++i) {
-        const bool madeUp = i < m_database.madeUpRecords();
+        const bool madeUp = (made[i].flags & RecordFlags::madeUp) != 0;
         if (madeUp ? (made[i].flags & RecordFlags::modified) != 0 : !isErased(made[i]))
             return true;
     }
@@ -78,6 +78,19 @@ bool SavePlan::hasWork() const
     constexpr int changed = RecordFlags::modified | RecordFlags::erased;
     return std::ranges::any_of(m_database.edits(),
                                [&](std::uint32_t at) { return (records[at].flags & changed) != 0; });
+}
+
+bool SavePlan::changesFile() const
+{
+    const NewRecords& made = m_database.newRecords();
+    for (std::size_t i = 0; i < made.size(); ++i)
+        if (!isErased(made[i]) && (made[i].flags & RecordFlags::madeUp) == 0)
+            return true;
+    return m_database.header().changed() || std::ranges::any_of(m_edits, [this](const Edit& edit) {
+               const std::string_view text = std::string_view(m_text).substr(edit.from, edit.to - edit.from);
+               return edit.place == Place::before ||
+                      text != m_database.bytes(m_database.file().records()[edit.position]);
+           });
 }
 
 std::vector<std::string_view> SavePlan::pieces() const
@@ -293,13 +306,18 @@ void SavePlan::atEndOfSection(const char* name, Write write)
 
 void SavePlan::addToTables()
 {
+    const bool withMadeUp = changesFile();
+    const auto isWritten = [&](const DxfRecord& record) {
+        constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
+        return isNew(record) && !isErased(record) && (withMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
+    };
     for (int i = 0; i < nameKindCount; ++i) {
         const DxfRange* range = m_database.file().table(tableNames[static_cast<std::size_t>(i)]);
         if (!range)
             continue;
         edit(endOf(*range, "ENDTAB"), Place::before, [&] {
             for (AcDbStub* record : m_database.names(static_cast<NameKind>(i)).records())
-                if (isNew(*recordOf(record)) && !isErased(*recordOf(record)))
+                if (isWritten(*recordOf(record)))
                     writeObject(*recordOf(record));
         });
     }

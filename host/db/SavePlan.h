@@ -30,6 +30,8 @@ private:
 
     /// Whether anything was done since the file was read; what was made up for it then does not count.
     bool hasWork() const;
+    /// Whether the edits so far, or what was made, change the file: made-up layers alone do not.
+    bool changesFile() const;
     void editChanged();
     /// Dictionaries that name erased objects, and owners of an erased extension dictionary.
     void editOwnersOfErased();

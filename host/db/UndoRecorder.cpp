@@ -143,7 +143,8 @@ void UndoRecorder::swapSides(Step& step)
         return;
     }
     DxfRecord& record = *recordOf(step.stub);
-    constexpr std::uint16_t swapped = RecordFlags::erased | RecordFlags::modified | RecordFlags::unmade;
+    constexpr std::uint16_t swapped =
+        RecordFlags::erased | RecordFlags::withOwner | RecordFlags::modified | RecordFlags::unmade;
     const std::uint16_t now = record.flags;
     record.flags = static_cast<std::uint16_t>((now & ~swapped) | (step.flags & swapped));
     step.flags = now;

@@ -9,7 +9,10 @@ std::wstring DxfReadContext::text(const DxfTag& tag) const
 
 AcDbStub* DxfReadContext::named(NameKind kind, const DxfTag& tag) const
 {
-    return database.names(kind).findBytes(dxfText(tag));
+    AcDbStub* const found = database.names(kind).findBytes(dxfText(tag));
+    if (found || kind != NameKind::layer || dxfText(tag).empty())
+        return found;
+    return database.makeUpLayer(form.encoding->decode(dxfText(tag)));
 }
 
 bool DxfReadContext::object(const DxfTag& tag, AcDbStub*& stub) const
