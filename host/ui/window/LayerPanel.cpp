@@ -20,12 +20,12 @@ LayerPanel::LayerPanel(QWidget* parent) : QWidget(parent), m_model(new LayerMode
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(22);
     m_table->horizontalHeader()->setMinimumSectionSize(24);
-    for (const auto& [column, width] : {std::pair{LayerModel::current, 24},
-                                        {LayerModel::visible, 34},
-                                        {LayerModel::frozen, 34},
-                                        {LayerModel::locked, 38},
-                                        {LayerModel::color, 48},
-                                        {LayerModel::linetype, 76}})
+    for (const auto& [column, width] : {std::pair{LayerModel::current, 22},
+                                        {LayerModel::visible, 32},
+                                        {LayerModel::frozen, 32},
+                                        {LayerModel::locked, 36},
+                                        {LayerModel::color, 46},
+                                        {LayerModel::linetype, 72}})
         m_table->setColumnWidth(column, width);
     m_table->horizontalHeader()->setSectionResizeMode(LayerModel::name, QHeaderView::Stretch);
 

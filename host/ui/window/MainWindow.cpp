@@ -149,7 +149,7 @@ void MainWindow::addPanel(QWidget& content, const char* title, const char* name,
     panel->setObjectName(QString::fromLatin1(name));
     panel->setWidget(&content);
     addDockWidget(Qt::RightDockWidgetArea, panel);
-    resizeDocks({panel}, {360}, Qt::Horizontal);
+    resizeDocks({panel}, {400}, Qt::Horizontal);
     QAction* const action = m_menus->action(order);
     connect(action, &QAction::triggered, panel, &QDockWidget::setVisible);
     connect(panel, &QDockWidget::visibilityChanged, action,
