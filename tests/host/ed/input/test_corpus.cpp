@@ -1,0 +1,21 @@
+// What the fuzzer starts from, cut at every character: no text may harm the program.
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size);
+
+TEST(TypedCorpus, cutAnywhereDoesNoHarm)
+{
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(VELA_SOURCE_DIR "/tests/host/ed/input/corpus")) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        for (std::size_t size = 0; size <= text.size(); ++size)
+            EXPECT_EQ(LLVMFuzzerTestOneInput(reinterpret_cast<const unsigned char*>(text.data()), size), 0);
+        ++files;
+    }
+    EXPECT_GT(files, 0);
+}
