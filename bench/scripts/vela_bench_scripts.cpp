@@ -18,7 +18,8 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
-/// Scripts of growing length, in a drawing that grows with them: what a line costs must not depend on how many there are.
+/// Scripts of growing length, in a drawing that grows with them: what a line costs must not depend on how many there
+/// are.
 
 namespace {
 
@@ -57,11 +58,12 @@ public:
         m_tableau.croissance("commands that draw a line", [&](int n) {
             return executer(repeter(n, "_LINE %1,0 %1,10\n\n") + QStringLiteral("? entités LINE = %1\n").arg(n));
         });
-        m_tableau.croissance("AutoLISP expressions", [&](int n) { return executer(repeter(n, "(setq a (* %1 2.5))\n")); });
-        m_tableau.croissance("checks of AutoLISP values", [&](int n) { return executer(repeter(n, "? (* %1 2) ≠ 1\n")); });
-        m_tableau.croissance("fields of a dialog", [&](int n) {
-            return executer("BANC\n" + repeter(n, "Champ 17 = %1\n") + "[Fermer]\n");
-        });
+        m_tableau.croissance("AutoLISP expressions",
+                             [&](int n) { return executer(repeter(n, "(setq a (* %1 2.5))\n")); });
+        m_tableau.croissance("checks of AutoLISP values",
+                             [&](int n) { return executer(repeter(n, "? (* %1 2) ≠ 1\n")); });
+        m_tableau.croissance("fields of a dialog",
+                             [&](int n) { return executer("BANC\n" + repeter(n, "Champ 17 = %1\n") + "[Fermer]\n"); });
         return m_tableau.tenu();
     }
 

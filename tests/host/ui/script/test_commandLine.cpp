@@ -1,12 +1,41 @@
 #include "ScriptTest.h"
 
 #include <QDir>
+#include <QEventLoop>
+#include <QTimer>
 
 #include "acdocman.h"
 #include "dbsymtb.h"
+#include "ed/input/CommandLine.h"
 #include "ed/input/EditorInput.h"
 
 namespace {
+
+/// A window: it types what it is given, then waits in an event loop for a person, until it is told that all is done.
+class Window : public InputSource {
+public:
+    explicit Window(QStringList typed) : m_typed(std::move(typed)) {}
+    InputAnswer answer(const InputRequest& request) override
+    {
+        InputAnswer answer;
+        asked << QString::fromStdWString(request.prompt);
+        if (!m_typed.isEmpty()) {
+            answer.kind = InputAnswer::Kind::text;
+            answer.text = m_typed.takeFirst().toStdWString();
+        } else {
+            QEventLoop loop;
+            QTimer::singleShot(100, &loop, &QEventLoop::quit);
+            loop.exec();
+        }
+        return answer;
+    }
+    void refused(const InputRequest&, const std::wstring&) override {}
+
+    QStringList asked;
+
+private:
+    QStringList m_typed;
+};
 
 /// What a command that asks received, one after the other.
 class CommandLineTest : public ScriptTest {
@@ -145,4 +174,49 @@ TEST_F(CommandLineTest, CallsOtherScripts)
     EXPECT_EQ(run("\nSCRIPT faux.scr\n"), "faux.scr, ligne 3 : Commande inconnue : « PAS_CA ».");
     EXPECT_TRUE(run("SCRIPT essai.scr\n").contains("plus de 100 scripts s'appellent l'un l'autre"));
     EXPECT_TRUE(run("SCRIPT absent.scr\n").contains("absent.scr : lecture impossible du fichier"));
+}
+
+TEST_F(CommandLineTest, RunsInAWindowOnceItsCommandLineIsFree)
+{
+    write("levé.scr", "ESSAI a\nb\n\n(setq suite 1)\n");
+    write("faux.scr", "PAS_CA\n");
+    options.interactive = true;
+    const ScriptCommand command(options);
+    Window window({"SCRIPT", "levé.scr"});
+    const EditorInput::Source source(window);
+    while (CommandLine::instance().runNext()) {
+    }
+    EXPECT_EQ(received, (QStringList{"a", "b", ""}));
+    EXPECT_EQ(window.asked.last(), "Commande : ") << "the script left nothing to the person";
+
+    Window other({"SCRIPT", "faux.scr"});
+    const EditorInput::Source above(other);
+    while (CommandLine::instance().runNext()) {
+    }
+    const QStringList told = printed.filter("faux.scr, ligne 1 : Commande inconnue : « PAS_CA ».");
+    EXPECT_EQ(told.size(), 1) << printed.join('|').toStdString();
+
+    // What a script does not answer is for the person.
+    write("moitié.scr", "ESSAI a\n");
+    Window person({"SCRIPT", "moitié.scr"});
+    const EditorInput::Source top(person);
+    received.clear();
+    while (CommandLine::instance().runNext()) {
+    }
+    EXPECT_EQ(received, (QStringList{"a", "annulé"}));
+    EXPECT_TRUE(person.asked.contains("Texte : "));
+}
+
+TEST_F(CommandLineTest, StopsWhereAutoLispGivesNoAnswer)
+{
+    EXPECT_EQ(run("ESSAI a\n(car nil)\nb\n\n"),
+              "essai.scr, ligne 2 : « (car nil) » est refusé (Texte :) : L'expression ne donne pas de réponse.");
+    EXPECT_EQ(received, (QStringList{"a", "annulé"}));
+    define([] {
+        InputRequest request;
+        request.kind = InputRequest::Kind::point;
+        request.prompt = L"Point : ";
+        EditorInput::instance().ask(request);
+    });
+    EXPECT_TRUE(run("ESSAI 'PAS_CA\n0,0").startsWith("essai.scr, ligne 1 : « 'PAS_CA » est refusé (Point :)"));
 }
