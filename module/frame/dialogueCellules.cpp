@@ -36,6 +36,7 @@ void preparerListe(QTableWidget& liste, const QStringList& titres)
     liste.setColumnCount(static_cast<int>(titres.size()));
     liste.setHorizontalHeaderLabels(titres);
     liste.verticalHeader()->hide();
+    liste.verticalHeader()->setDefaultSectionSize(liste.fontMetrics().height() + 6); // lists of points are long
     liste.horizontalHeader()->setStretchLastSection(true);
     QObject::connect(liste.horizontalHeader(), &QHeaderView::sectionClicked, &liste, [&liste] {
         liste.horizontalHeader()->setSortIndicatorShown(true);

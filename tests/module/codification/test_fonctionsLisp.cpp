@@ -15,6 +15,7 @@
 #include "rx/Console.h"
 #include "rx/ModuleTable.h"
 
+#include <algorithm>
 #include <cstring>
 #include <deque>
 #include <fstream>
@@ -78,18 +79,19 @@ std::string sautsMontres(const std::wstring& texte)
     return montre;
 }
 
-class FonctionsLisp : public testing::TestWithParam<const char*> {
-protected:
-    void SetUp() override
+/// The module loaded in a host with one empty drawing and a project.
+class sessionLisp {
+public:
+    sessionLisp()
     {
         std::filesystem::remove(supportEssai::fichier("defcodif"));
         Console::instance().setSink([this](const std::wstring& texte) { imprime += texte; });
         DocumentList::instance().create();
         const auto echec = ModuleTable::instance().load(wideFromUtf8(MODULE_ARX));
-        ASSERT_FALSE(echec) << utf8FromWide(*echec);
+        EXPECT_FALSE(echec);
         setSrcInfosTopo(nullptr, &projet, 1, 0);
     }
-    void TearDown() override
+    ~sessionLisp()
     {
         setSrcInfosTopo(nullptr, nullptr, 0, 0);
         DocumentList::instance().closeAll();
@@ -97,16 +99,25 @@ protected:
         Console::instance().setSink(nullptr);
     }
 
+    sessionLisp(const sessionLisp&) = delete;
+    sessionLisp& operator=(const sessionLisp&) = delete;
+
+    std::string valeur(const std::string& expression)
+    {
+        const auto reponse = LispSession::of(*curDoc()).evaluate(wideFromUtf8(expression));
+        EXPECT_FALSE(reponse.outcome.failed) << utf8FromWide(reponse.outcome.message);
+        return utf8FromWide(reponse.text);
+    }
     void executer(const ligneProgramme& ligne)
     {
         if (ligne.marque == "<<")
             return reponses.prevoir(ligne.attendu);
         imprime.clear();
-        const auto reponse = LispSession::of(*curDoc()).evaluate(wideFromUtf8(ligne.expression));
-        ASSERT_FALSE(reponse.outcome.failed) << utf8FromWide(reponse.outcome.message);
-        EXPECT_EQ(ligne.marque == "=>" ? utf8FromWide(reponse.text) : sautsMontres(imprime), ligne.attendu);
+        const std::string rendue = valeur(ligne.expression);
+        EXPECT_EQ(ligne.marque == "=>" ? rendue : sautsMontres(imprime), ligne.attendu);
     }
 
+private:
     Kernel noyau;
     projetsTopo projet;
     std::wstring imprime;
@@ -114,8 +125,11 @@ protected:
     EditorInput::Source source{reponses};
 };
 
+class FonctionsLisp : public testing::TestWithParam<const char*> {};
+
 TEST_P(FonctionsLisp, giveWhatTheirLinesSay)
 {
+    sessionLisp session;
     std::ifstream programme(std::string(VELA_SOURCE_DIR "/tests/module/codification/programmes/") + GetParam());
     int numero = 0, lignes = 0;
     for (std::string texte; std::getline(programme, texte);) {
@@ -125,10 +139,33 @@ TEST_P(FonctionsLisp, giveWhatTheirLinesSay)
             continue;
         SCOPED_TRACE(std::string(GetParam()) + ':' + std::to_string(numero) + ": " + texte);
         ASSERT_FALSE(ligne.marque.empty());
-        executer(ligne);
+        session.executer(ligne);
         ++lignes;
     }
     EXPECT_GT(lignes, 10);
+}
+
+/// Each example of the manual that tells its value, in the drawing that the manual begins with.
+TEST(FonctionsLispDocumentees, giveWhatTheManualSays)
+{
+    constexpr const char* demandent[] = {"getsegtype", "choixpoint", "selectionnerCode", "k_getpt", "C:\\\\", "..."};
+    std::ifstream manuel(VELA_SOURCE_DIR "/docs/fonctions-lisp.md");
+    int exemples = 0;
+    for (std::string ligne; std::getline(manuel, ligne);) {
+        const auto place = ligne.find("; \u2192 ");
+        const bool autrement = std::any_of(std::begin(demandent), std::end(demandent),
+                                           [&](const char* mot) { return ligne.find(mot) != std::string::npos; });
+        if (!ligne.starts_with("    (") || place == std::string::npos || autrement)
+            continue;
+        SCOPED_TRACE(ligne);
+        sessionLisp session;
+        for (const char* point : {"(tpcdaddpt \"1\" '(100 200 12.5))", "(tpcdaddpt \"2\" '(110 200 13.25) 100)",
+                                  "(tpcdaddpt \"A3\" '(110 210))"})
+            session.valeur(point);
+        EXPECT_EQ(session.valeur(ligne.substr(0, place)), ligne.substr(place + std::strlen("; \u2192 ")));
+        ++exemples;
+    }
+    EXPECT_GE(exemples, 18);
 }
 
 INSTANTIATE_TEST_SUITE_P(Programmes, FonctionsLisp, testing::Values("symboles.lsp", "codes.lsp", "saisie.lsp"),
