@@ -189,11 +189,18 @@ void HeaderVariables::rename(NameKind kind, const std::wstring& former, const st
             setText(variable, code, name);
 }
 
-std::string HeaderVariables::patched(std::uint64_t handleSeed) const
+std::string HeaderVariables::patched(std::uint64_t handleSeed, const AcDbExtents* extents) const
 {
     auto changes = m_changes;
     if (handleSeed > handle("$HANDSEED"))
         DxfTagWriter(m_database.form(), changes["$HANDSEED"] = {}).handle(5, handleSeed);
+    const auto setCorner = [&](const char* name, const AcGePoint3d& corner) {
+        DxfTagWriter(m_database.form(), changes[name] = {}).point(10, corner.x, corner.y, corner.z);
+    };
+    if (extents) {
+        setCorner("$EXTMIN", extents->minPoint());
+        setCorner("$EXTMAX", extents->maxPoint());
+    }
 
     const std::string_view bytes = sectionBytes();
     std::string patched;

@@ -9,6 +9,7 @@
 #include "gepnt3d.h"
 
 class AcDbDatabaseImpl;
+class AcDbExtents;
 
 /// Variables of the drawing's HEADER section, read from its bytes and patched into them on saving.
 class HeaderVariables {
@@ -32,8 +33,9 @@ public:
     void rename(NameKind kind, const std::wstring& former, const std::wstring& name);
 
     bool changed() const { return !m_changes.empty(); }
-    /// The whole HEADER section record with the changes, and $HANDSEED at least `handleSeed` when that is not 0.
-    std::string patched(std::uint64_t handleSeed) const;
+    /// The whole HEADER section record with the changes, $HANDSEED at least `handleSeed` when that is not 0, and
+    /// $EXTMIN and $EXTMAX of `extents` when there are any.
+    std::string patched(std::uint64_t handleSeed, const AcDbExtents* extents) const;
 
     /// The tags after "9 NAME", changed or not; nothing when the variable is missing.
     std::string_view tags(const std::string& name) const;

@@ -8,6 +8,7 @@
 #include "db/fields/DxfFields.h"
 #include "db/fields/DxfObjectWriter.h"
 #include "db/ObjectTags.h"
+#include "db/SavedExtents.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
@@ -389,11 +390,13 @@ void SavePlan::addObjects()
 
 void SavePlan::editHeader()
 {
-    if (!m_usesNewHandles && !m_database.header().changed())
+    const auto extents = changesFile() ? extentsToSave(m_database) : std::nullopt;
+    if (!m_usesNewHandles && !m_database.header().changed() && !extents)
         return;
     const DxfRange* header = m_database.file().section("HEADER");
     if (!header)
         return;
     const std::uint64_t seed = m_usesNewHandles ? m_database.handleSeed() : 0;
-    edit(header->first, Place::instead, [&] { m_text += m_database.header().patched(seed); });
+    edit(header->first, Place::instead,
+         [&] { m_text += m_database.header().patched(seed, extents ? &*extents : nullptr); });
 }

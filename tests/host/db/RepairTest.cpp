@@ -134,6 +134,66 @@ TEST_F(RepairTest, copiesTellTheSpaceThatTheyAreIn)
     EXPECT_EQ(papers(), 3);
 }
 
+TEST_F(RepairTest, extentsGrowWithWhatChanged)
+{
+    struct Row {
+        const char* name;
+        const char* extents; ///< in the header
+        void (*change)(AcDbDatabase&);
+        Changes expected; ///< of the header's tags
+    };
+    const char* const stated = "9 $EXTMIN\n10 0\n20 0\n30 0\n9 $EXTMAX\n10 9\n20 9\n30 0\n";
+    const Row rows[] = {
+        {"within",
+         stated,
+         [](AcDbDatabase& d) {
+             Opened<AcDbPoint>(d, 0x80, AcDb::kForWrite)->setPosition({5, 5, 0});
+         },
+         {}},
+        {"beyond",
+         stated,
+         [](AcDbDatabase& d) {
+             Opened<AcDbPoint>(d, 0x80, AcDb::kForWrite)->setPosition({-5, 12.5, 0});
+         },
+         {"-10|0", "-20|0", "-30|0", "+10|-5.0", "+20|0.0", "+30|0.0", "-10|9", "-20|9", "-30|0", "+10|9.0", "+20|12.5",
+          "+30|0.0"}},
+        {"erased: they stay",
+         stated,
+         [](AcDbDatabase& d) { Opened<AcDbPoint>(d, 0x80, AcDb::kForWrite)->erase(); },
+         {}},
+        {"unchanged", stated, [](AcDbDatabase&) {}, {}},
+        {"looked at for writing",
+         "9 $EXTMIN\n10 8\n20 8\n30 0\n9 $EXTMAX\n10 9\n20 9\n30 0\n",
+         [](AcDbDatabase& d) { Opened<AcDbPoint>(d, 0x80, AcDb::kForWrite)->assertWriteEnabled(); },
+         {}},
+        {"none stated: all count",
+         "9 $EXTMIN\n10 1e20\n20 1e20\n30 1e20\n9 $EXTMAX\n10 -1e20\n20 -1e20\n30 -1e20\n",
+         [](AcDbDatabase& d) {
+             Opened<AcDbPoint>(d, 0x80, AcDb::kForWrite)->setPosition({7, 2, 0});
+         },
+         {"-10|1e20", "-20|1e20", "-30|1e20", "+10|1.0", "+20|2.0", "+30|0.0", "-10|-1e20", "-20|-1e20", "-30|-1e20",
+          "+10|7.0", "+20|2.0", "+30|0.0"}},
+        {"no variables",
+         "",
+         [](AcDbDatabase& d) {
+             Opened<AcDbPoint>(d, 0x80, AcDb::kForWrite)->setPosition({99, 0, 0});
+         },
+         {}},
+    };
+    const auto headerOf = [](const std::string& file) {
+        return file.substr(0, file.find("ENDSEC")) + "ENDSEC\r\n  0\r\nEOF\r\n";
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        SmallDrawing drawing;
+        drawing.header = row.extents;
+        drawing.entities = point("80", "0") + point("81", "0");
+        const auto database = open(drawing);
+        row.change(*database);
+        EXPECT_EQ(changes(headerOf(drawing.text()), headerOf(saved(*database))), row.expected);
+    }
+}
+
 TEST_F(RepairTest, aDrawingFoundAsDxfBearsThatName)
 {
     write("plan.dxf", SmallDrawing().text());
