@@ -68,7 +68,7 @@ void SceneContents::addNewEntities()
 {
     if (!m_block)
         return;
-    const std::vector<AcDbStub*> entities = m_database.impl().blocks().of(m_block).entities;
+    const std::vector<AcDbStub*>& entities = m_database.impl().blocks().of(m_block).entities;
     for (std::size_t i = m_items.size(); i < entities.size(); ++i) {
         Item& item = m_items.emplace_back();
         item.stub = entities[i];

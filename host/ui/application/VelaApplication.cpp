@@ -10,6 +10,7 @@
 
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
+#include "ui/render/DrawingPicture.h"
 
 namespace {
 
@@ -54,6 +55,12 @@ VelaApplication::VelaApplication() : QApplication(argumentCount, programArgument
     auto* const french = new QTranslator(this);
     if (french->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(french);
+    installPlotHook();
+}
+
+VelaApplication::~VelaApplication()
+{
+    removePlotHook();
 }
 
 bool VelaApplication::notify(QObject* receiver, QEvent* event)

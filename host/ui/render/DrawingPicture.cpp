@@ -83,3 +83,8 @@ void installPlotHook()
         return writePlot(database, request).toStdWString();
     };
 }
+
+void removePlotHook()
+{
+    PlotHook::instance().plot = nullptr;
+}

@@ -22,5 +22,6 @@ QString writeOverview(AcDbDatabase& database, const OverviewRequest& request);
 
 /// A plot on paper: the same, with line weights and a scale. A window too large for the paper at its scale is cut.
 QString writePlot(AcDbDatabase& database, const PlotRequest& request);
-/// Makes writePlot known to the kernel's PLOT.
+/// Makes writePlot known to the kernel's PLOT, and forgotten again.
 void installPlotHook();
+void removePlotHook();

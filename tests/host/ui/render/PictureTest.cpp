@@ -161,6 +161,19 @@ TEST(Plots, scaleAndPaper)
     EXPECT_NEAR(top, 50, 4);
 }
 
+TEST(Plots, theKernelsHookPaints)
+{
+    DrawingWithEntities drawing("0 CIRCLE\n100 AcDbCircle\n10 0\n20 0\n40 20\n");
+    const QTemporaryDir folder;
+    PlotRequest request;
+    request.file = folder.filePath("plan.pdf").toStdWString();
+    ASSERT_TRUE(PlotHook::instance().plot);
+    EXPECT_EQ(PlotHook::instance().plot(drawing.database(), request), L"");
+    QFile pdf(folder.filePath("plan.pdf"));
+    ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(pdf.readAll().contains("/MediaBox [0 0 841")); // 297 mm are 841.9 points
+}
+
 TEST(Plots, monochromeAndRefusals)
 {
     DrawingWithEntities drawing("0 LINE\n62 1\n100 AcDbLine\n10 0\n20 0\n11 10\n21 10\n");
