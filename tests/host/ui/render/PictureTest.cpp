@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <QFile>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 
@@ -171,7 +172,10 @@ TEST(Plots, theKernelsHookPaints)
     EXPECT_EQ(PlotHook::instance().plot(drawing.database(), request), L"");
     QFile pdf(folder.filePath("plan.pdf"));
     ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(pdf.readAll().contains("/MediaBox [0 0 841")); // 297 mm are 841.9 points
+    static const QRegularExpression box("/MediaBox \\[0 0 ([0-9.]+) ([0-9.]+)\\]");
+    const QRegularExpressionMatch paper = box.match(QString::fromLatin1(pdf.readAll()));
+    EXPECT_NEAR(paper.captured(1).toDouble(), 297.0 / 25.4 * 72.0, 1.0); // points
+    EXPECT_NEAR(paper.captured(2).toDouble(), 210.0 / 25.4 * 72.0, 1.0);
 }
 
 TEST(Plots, monochromeAndRefusals)
