@@ -97,16 +97,24 @@ std::wstring pointText(const AcGePoint3d& point)
 
 } // namespace
 
-void CommandInputs::add(const resbuf* chain)
+std::vector<InputAnswer> CommandInputs::answersOf(const resbuf* chain)
 {
+    std::vector<InputAnswer> answers;
     while (chain) {
         const resbuf* const behind = afterValue(chain);
         if (chain->restype == RTLB)
-            m_items.push_back(listAnswer(chain->rbnext, behind));
+            answers.push_back(listAnswer(chain->rbnext, behind));
         else if (auto answer = atomAnswer(*chain))
-            m_items.push_back(std::move(*answer));
+            answers.push_back(std::move(*answer));
         chain = behind;
     }
+    return answers;
+}
+
+void CommandInputs::add(const resbuf* chain)
+{
+    for (InputAnswer& answer : answersOf(chain))
+        m_items.push_back(std::move(answer));
 }
 
 std::wstring CommandInputs::takeName()

@@ -10,7 +10,8 @@
 /// the source below: the user.
 class CommandInputs : public InputSource {
 public:
-    /// Adds what a chain holds, lists being points, or an entity with its point.
+    /// What a chain holds, lists being points, or an entity with its point. PAUSE is `ended`.
+    static std::vector<InputAnswer> answersOf(const resbuf* chain);
     void add(const resbuf* chain);
     bool empty() const { return m_items.empty(); }
     /// The name of the next command. Empty when what is next is no text.

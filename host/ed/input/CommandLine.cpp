@@ -74,7 +74,24 @@ CommandOutcome CommandLine::execute(const std::wstring& typed)
         return evaluate(lispExpression(text));
     if (!text.starts_with(L'\'') && CommandRunner::instance().knows(text))
         m_last = text;
-    return run(text);
+    CommandOutcome outcome = run(text);
+    runAhead(outcome);
+    return outcome;
+}
+
+/// What (command ...) gave beyond the end of the command that asked goes on with names of commands.
+void CommandLine::runAhead(CommandOutcome& outcome)
+{
+    while (!CommandRunner::instance().isRunning()) {
+        const auto ahead = EditorInput::instance().takeAhead();
+        if (!ahead)
+            return;
+        if (ahead->kind != InputAnswer::Kind::text || ahead->text.empty())
+            continue;
+        const CommandOutcome next = run(ahead->text);
+        if (outcome.failure.empty())
+            outcome.failure = next.failure;
+    }
 }
 
 CommandOutcome CommandLine::evaluate(const std::wstring& expression)
@@ -87,6 +104,7 @@ CommandOutcome CommandLine::evaluate(const std::wstring& expression)
         return outcome;
     }
     const LispSession::Answer given = LispSession::of(*document).evaluate(expression);
+    runAhead(outcome);
     if (given.outcome.failed)
         outcome.failure = given.outcome.expression.empty()
                               ? given.outcome.message

@@ -29,6 +29,7 @@ public:
 
 private:
     CommandOutcome evaluate(const std::wstring& expression);
+    void runAhead(CommandOutcome& outcome);
 
     std::wstring m_last;
 };

@@ -1,5 +1,7 @@
 #include "ed/input/EditorInput.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "acdocman.h"
@@ -22,6 +24,30 @@ EditorInput::Source::~Source()
 {
     instance().m_top = m_below;
     instance().m_answered = nullptr;
+}
+
+std::optional<InputAnswer> EditorInput::evaluated(const std::wstring& expression)
+{
+    struct Evaluating {
+        int& depth;
+        explicit Evaluating(int& itsDepth) : depth(itsDepth) { ++depth; }
+        ~Evaluating() { --depth; }
+    } const evaluating(m_evaluating);
+    return lispAnswer(expression);
+}
+
+void EditorInput::typeAhead(std::vector<InputAnswer> answers)
+{
+    std::ranges::move(answers, std::back_inserter(m_ahead));
+}
+
+std::optional<InputAnswer> EditorInput::takeAhead()
+{
+    if (m_ahead.empty())
+        return std::nullopt;
+    InputAnswer answer = std::move(m_ahead.front());
+    m_ahead.pop_front();
+    return answer;
 }
 
 InitGet EditorInput::takeInitGet()
@@ -57,6 +83,10 @@ InputAnswer EditorInput::answerOf(const InputRequest& request)
             input.m_asked = before;
         }
     } question(*this, request);
+    if (auto ahead = takeAhead(); ahead && ahead->kind != InputAnswer::Kind::ended) {
+        m_answered = m_top; // told of a refusal
+        return *std::move(ahead);
+    }
     for (Source* source = m_top; source; source = source->m_below) {
         m_top = source; // what it asks for meanwhile is not for those above
         InputAnswer answer = source->m_source.answer(request);
@@ -106,8 +136,10 @@ bool EditorInput::carriedOut(const InputRequest& request, InputAnswer& answer)
     case L'(':
     case L'!': {
         Source* const source = m_answered;
-        auto value = lispAnswer(answer.text);
-        if (!value) { // told; or nil
+        auto value = evaluated(answer.text);
+        if (!m_ahead.empty())
+            return true; // (command ...) has answered
+        if (!value) {    // told; or nil
             m_answered = source;
             refuse(request, L"L'expression ne donne pas de réponse.");
             return true;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <deque>
+
 #include "ed/input/InitGet.h"
 #include "ed/input/InputSource.h"
 
@@ -35,6 +37,14 @@ public:
     /// @return false when it is of no use to ask again: nothing will come.
     bool refuse(const InputRequest& request, const std::wstring& reason);
 
+    /// Whether an AutoLISP expression is being evaluated as the answer to a question: what (command ...) gives in it is
+    /// for the one who asks.
+    bool isEvaluating() const { return m_evaluating > 0; }
+    /// Answers that come before those of the sources, the next questions in turn; `ended` leaves one to the sources.
+    void typeAhead(std::vector<InputAnswer> answers);
+    /// Takes what nobody asked for; nothing when there is none.
+    std::optional<InputAnswer> takeAhead();
+
     /// What is being asked, null when nothing is.
     const InputRequest* asked() const { return m_asked; }
     bool hasSource() const { return m_top != nullptr; }
@@ -65,12 +75,15 @@ public:
 private:
     InputAnswer answerOf(const InputRequest& request);
     void echo(const InputRequest& request, const InputAnswer& answer) const;
+    std::optional<InputAnswer> evaluated(const std::wstring& expression);
     /// Whether the text was an order of its own; a value of AutoLISP becomes the answer.
     bool carriedOut(const InputRequest& request, InputAnswer& answer);
 
     Source* m_top = nullptr;
     Source* m_answered = nullptr; ///< the one that gave the last answer
     const InputRequest* m_asked = nullptr;
+    std::deque<InputAnswer> m_ahead;
+    int m_evaluating = 0;
     InitGet m_initGet;
     std::wstring m_lastKeyword;
 };

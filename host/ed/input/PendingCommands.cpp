@@ -73,6 +73,10 @@ void PendingCommands::install()
 
 std::wstring PendingCommands::give(const resbuf* inputs)
 {
+    if (EditorInput::instance().isEvaluating() && CommandRunner::instance().isRunning()) {
+        EditorInput::instance().typeAhead(inputs ? CommandInputs::answersOf(inputs) : std::vector<InputAnswer>(1));
+        return L"";
+    }
     const bool isWaiting = !m_pending.empty() && !m_pending.back()->fiber.isRunning();
     if (!inputs) {
         if (isWaiting)

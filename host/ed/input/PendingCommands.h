@@ -9,7 +9,8 @@
 #include "ed/input/Fiber.h"
 
 /// Commands that (command ...) began and that wait for more: AutoLISP goes on meanwhile, and its next (command ...)
-/// gives them what they ask for. What is still waiting when the evaluation is over is the user's to finish.
+/// gives them what they ask for. In an expression typed as the answer to a command, (command ...) answers that command.
+/// What is still waiting when the evaluation is over is the user's to finish.
 class PendingCommands {
 public:
     static PendingCommands& instance();

@@ -189,6 +189,27 @@ TEST_F(CommandLineTest, whatStillWaitsIsTheUsersToFinish)
     EXPECT_FALSE(CommandRunner::instance().isRunning());
 }
 
+TEST_F(CommandLineTest, commandInATypedExpressionAnswersTheOneThatAsks)
+{
+    answers.give({L"(foreach x '(1 2) (command (list x 0)))", L"3,0", L"(command '(4 0) PAUSE '(6 0))", L"5,0",
+                  L"(command \"\" \"ESSAI_VOIR\")"});
+    EXPECT_EQ(run(L"ESSAI_TRACE"), "");
+    EXPECT_EQ(told, L"[1 2 3 4 5 6 ](look)") << "what is left goes on with the next command";
+    told.clear();
+    answers.refusals.clear();
+    // As in a script: each line is an evaluation of its own, and the command goes on in the next one.
+    answers.give({L"(command '(7 0))", L"(command \"\")"});
+    EXPECT_EQ(run(L"(command \"ESSAI_TRACE\")"), "");
+    EXPECT_EQ(told, L"[7 ]");
+    EXPECT_TRUE(answers.refusals.empty());
+    EXPECT_TRUE(answers.areUsedUp());
+    EXPECT_EQ(PendingCommands::instance().count(), 0U);
+    told.clear();
+    answers.give({L"(command)"});
+    EXPECT_EQ(run(L"ESSAI_TRACE"), "");
+    EXPECT_EQ(told, L"[]") << "cancelled";
+}
+
 TEST_F(CommandLineTest, lispCommandsRunEachOther)
 {
     lisp("(defun c:dedans () (command \"ESSAI_TRACE\") (command '(5 0)) (command \"\") (princ))");
