@@ -145,7 +145,7 @@ TEST_F(CommandLineTest, keysOfTheWindowWorkWhileTheLineIsEmpty)
             EXPECT_EQ(entities(), "");
             QTest::keyClick(&edit(), Qt::Key_Z, Qt::ControlModifier);
         },
-        [this] { EXPECT_EQ(entities(), "AcDbLine"); },
+        [] { EXPECT_EQ(entities(), "AcDbLine"); },
         [this] {
             QTest::keyClicks(&edit(), QStringLiteral("abc"));
             QTest::keyClick(&edit(), Qt::Key_Home);
