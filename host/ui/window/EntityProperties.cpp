@@ -52,7 +52,7 @@ std::optional<EntityProperty> gathered(const PropertyRow& row, const std::vector
         const AcDbObjectPointer<AcDbEntity> entity(id);
         if (entity.openStatus() != Acad::eOk)
             continue;
-        if (!entity->isKindOf(row.owner()))
+        if (!row.has(*entity.object()))
             return std::nullopt;
         const QString value = row.read(*entity.object());
         property.differs = property.differs || (!first && value != property.value);

@@ -67,9 +67,15 @@ QString symbolName(AcDbObjectId record)
 }
 
 template <class Entity>
-AcRxClass* classOf()
+bool isA(const AcDbEntity& entity)
 {
-    return Entity::desc();
+    return entity.isKindOf(Entity::desc());
+}
+/// What circles and arcs share has no class of its own in the interface.
+template <>
+bool isA<AcDbCircularCurve>(const AcDbEntity& entity)
+{
+    return isA<AcDbCircle>(entity) || isA<AcDbArc>(entity);
 }
 
 // ---- reading and writing through the members of the interface
@@ -249,44 +255,43 @@ Acad::ErrorStatus writeScale(AcDbEntity& entity, const QString& text)
     {GROUP,                                                                                                            \
      NAME " X",                                                                                                        \
      Kind::number,                                                                                                     \
-     classOf<ENTITY>,                                                                                                  \
+     isA<ENTITY>,                                                                                                      \
      readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::x>,                                                                  \
      writeAxis<ENTITY, &ENTITY::GET, &ENTITY::SET, &AcGePoint3d::x>},                                                  \
         {GROUP,                                                                                                        \
          NAME " Y",                                                                                                    \
          Kind::number,                                                                                                 \
-         classOf<ENTITY>,                                                                                              \
+         isA<ENTITY>,                                                                                                  \
          readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::y>,                                                              \
          writeAxis<ENTITY, &ENTITY::GET, &ENTITY::SET, &AcGePoint3d::y>},                                              \
     {                                                                                                                  \
-        GROUP, NAME " Z", Kind::number, classOf<ENTITY>, readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::z>,              \
+        GROUP, NAME " Z", Kind::number, isA<ENTITY>, readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::z>,                  \
             writeAxis<ENTITY, &ENTITY::GET, &ENTITY::SET, &AcGePoint3d::z>                                             \
     }
 #define MOVED_POINT_ROWS(GROUP, NAME, ENTITY, GET)                                                                     \
     {GROUP,                                                                                                            \
      NAME " X",                                                                                                        \
      Kind::number,                                                                                                     \
-     classOf<ENTITY>,                                                                                                  \
+     isA<ENTITY>,                                                                                                      \
      readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::x>,                                                                  \
      moveAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::x>},                                                                 \
         {GROUP,                                                                                                        \
          NAME " Y",                                                                                                    \
          Kind::number,                                                                                                 \
-         classOf<ENTITY>,                                                                                              \
+         isA<ENTITY>,                                                                                                  \
          readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::y>,                                                              \
          moveAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::y>},                                                             \
     {                                                                                                                  \
-        GROUP, NAME " Z", Kind::number, classOf<ENTITY>, readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::z>,              \
+        GROUP, NAME " Z", Kind::number, isA<ENTITY>, readAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::z>,                  \
             moveAxis<ENTITY, &ENTITY::GET, &AcGePoint3d::z>                                                            \
     }
 #define LENGTH_ROW(GROUP, NAME, ENTITY, GET, SET)                                                                      \
     {                                                                                                                  \
-        GROUP, NAME, Kind::number, classOf<ENTITY>, readLength<ENTITY, &ENTITY::GET>,                                  \
-            writeLength<ENTITY, &ENTITY::SET>                                                                          \
+        GROUP, NAME, Kind::number, isA<ENTITY>, readLength<ENTITY, &ENTITY::GET>, writeLength<ENTITY, &ENTITY::SET>    \
     }
 #define ANGLE_ROW(GROUP, NAME, ENTITY, GET, SET)                                                                       \
     {                                                                                                                  \
-        GROUP, NAME, Kind::number, classOf<ENTITY>, readAngle<ENTITY, &ENTITY::GET>, writeAngle<ENTITY, &ENTITY::SET>  \
+        GROUP, NAME, Kind::number, isA<ENTITY>, readAngle<ENTITY, &ENTITY::GET>, writeAngle<ENTITY, &ENTITY::SET>      \
     }
 
 constexpr const char* general = "Général";
@@ -294,12 +299,12 @@ constexpr const char* geometry = "Géométrie";
 constexpr const char* contents = "Contenu";
 
 const PropertyRow rows[] = {
-    {general, "Calque", Kind::layer, classOf<AcDbEntity>, readLayer, writeLayer},
-    {general, "Couleur", Kind::color, classOf<AcDbEntity>, readColor, writeColor},
-    {general, "Type de ligne", Kind::linetype, classOf<AcDbEntity>, readLinetype, writeLinetype},
-    {general, "Échelle du type de ligne", Kind::number, classOf<AcDbEntity>,
+    {general, "Calque", Kind::layer, isA<AcDbEntity>, readLayer, writeLayer},
+    {general, "Couleur", Kind::color, isA<AcDbEntity>, readColor, writeColor},
+    {general, "Type de ligne", Kind::linetype, isA<AcDbEntity>, readLinetype, writeLinetype},
+    {general, "Échelle du type de ligne", Kind::number, isA<AcDbEntity>,
      readLength<AcDbEntity, &AcDbEntity::linetypeScale>, writeLinetypeScale},
-    {general, "Maintien", Kind::text, classOf<AcDbEntity>, readHandle, nullptr},
+    {general, "Maintien", Kind::text, isA<AcDbEntity>, readHandle, nullptr},
 
     POINT_ROWS(geometry, "Position", AcDbPoint, position, setPosition),
     POINT_ROWS(geometry, "Départ", AcDbLine, startPoint, setStartPoint),
@@ -308,32 +313,32 @@ const PropertyRow rows[] = {
     LENGTH_ROW(geometry, "Rayon", AcDbCircularCurve, radius, setRadius),
     ANGLE_ROW(geometry, "Angle de départ", AcDbArc, startAngle, setStartAngle),
     ANGLE_ROW(geometry, "Angle de fin", AcDbArc, endAngle, setEndAngle),
-    {geometry, "Sommets", Kind::text, classOf<AcDbPolyline>, readVertices, nullptr},
-    {geometry, "Fermée", Kind::text, classOf<AcDbPolyline>, readClosed, writeClosed},
+    {geometry, "Sommets", Kind::text, isA<AcDbPolyline>, readVertices, nullptr},
+    {geometry, "Fermée", Kind::text, isA<AcDbPolyline>, readClosed, writeClosed},
     LENGTH_ROW(geometry, "Élévation", AcDbPolyline, elevation, setElevation),
-    {geometry, "Longueur", Kind::number, classOf<AcDbCurve>, readCurveLength, nullptr},
-    {geometry, "Aire", Kind::number, classOf<AcDbCurve>, readArea, nullptr},
+    {geometry, "Longueur", Kind::number, isA<AcDbCurve>, readCurveLength, nullptr},
+    {geometry, "Aire", Kind::number, isA<AcDbCurve>, readArea, nullptr},
 
-    {contents, "Texte", Kind::text, classOf<AcDbText>, readText, writeText},
-    {contents, "Style", Kind::text, classOf<AcDbText>, readTextStyle, nullptr},
+    {contents, "Texte", Kind::text, isA<AcDbText>, readText, writeText},
+    {contents, "Style", Kind::text, isA<AcDbText>, readTextStyle, nullptr},
     LENGTH_ROW(contents, "Hauteur", AcDbText, height, setHeight),
     ANGLE_ROW(geometry, "Rotation", AcDbText, rotation, setRotation),
     LENGTH_ROW(contents, "Facteur de largeur", AcDbText, widthFactor, setWidthFactor),
     MOVED_POINT_ROWS(geometry, "Position", AcDbText, position),
 
-    {contents, "Texte", Kind::text, classOf<AcDbMText>, readContents, writeContents},
+    {contents, "Texte", Kind::text, isA<AcDbMText>, readContents, writeContents},
     LENGTH_ROW(contents, "Hauteur", AcDbMText, textHeight, setTextHeight),
     LENGTH_ROW(contents, "Largeur", AcDbMText, width, setWidth),
     ANGLE_ROW(geometry, "Rotation", AcDbMText, rotation, setRotation),
     POINT_ROWS(geometry, "Position", AcDbMText, location, setLocation),
 
-    {contents, "Bloc", Kind::text, classOf<AcDbBlockReference>, readBlock, nullptr},
+    {contents, "Bloc", Kind::text, isA<AcDbBlockReference>, readBlock, nullptr},
     MOVED_POINT_ROWS(geometry, "Position", AcDbBlockReference, position),
-    {geometry, "Échelle X", Kind::number, classOf<AcDbBlockReference>, readScale<&AcGeScale3d::sx>,
+    {geometry, "Échelle X", Kind::number, isA<AcDbBlockReference>, readScale<&AcGeScale3d::sx>,
      writeScale<&AcGeScale3d::sx>},
-    {geometry, "Échelle Y", Kind::number, classOf<AcDbBlockReference>, readScale<&AcGeScale3d::sy>,
+    {geometry, "Échelle Y", Kind::number, isA<AcDbBlockReference>, readScale<&AcGeScale3d::sy>,
      writeScale<&AcGeScale3d::sy>},
-    {geometry, "Échelle Z", Kind::number, classOf<AcDbBlockReference>, readScale<&AcGeScale3d::sz>,
+    {geometry, "Échelle Z", Kind::number, isA<AcDbBlockReference>, readScale<&AcGeScale3d::sz>,
      writeScale<&AcGeScale3d::sz>},
     ANGLE_ROW(geometry, "Rotation", AcDbBlockReference, rotation, setRotation),
 };

@@ -4,12 +4,12 @@
 
 #include "ui/window/EntityProperties.h"
 
-/// One row: a property of a class of entities.
+/// One row: a property of some kinds of entities. What follows `has` is asked of those that have it only.
 struct PropertyRow {
     const char* group;
     const char* name;
     EntityProperty::Kind kind;
-    AcRxClass* (*owner)(); ///< the class whose entities have it
+    bool (*has)(const AcDbEntity& entity);
     QString (*read)(const AcDbEntity& entity);
     Acad::ErrorStatus (*write)(AcDbEntity& entity, const QString& value); ///< null for what can only be read
 };

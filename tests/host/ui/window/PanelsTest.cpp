@@ -176,6 +176,7 @@ TEST_F(PanelsTest, propertiesOfTheSelectionAreReadAndChanged)
             EXPECT_EQ(valueOf("Couleur"), "DuCalque");
             EXPECT_EQ(valueOf("Longueur"), "5");
             EXPECT_EQ(valueOf("Fin Y"), "4");
+            EXPECT_TRUE(properties().findItems(QStringLiteral("Rayon"), Qt::MatchRecursive).isEmpty());
         },
         change("Fin Y", "-4,5"),
         change("Couleur", "rouge"),
@@ -216,7 +217,11 @@ TEST_F(PanelsTest, propertiesOfTheSelectionAreReadAndChanged)
         },
         [&] { EXPECT_EQ(AcDbObjectPointer<AcDbCircle>(circle)->radius(), 2) << "refused, and said so"; },
         change("Rayon", "3"),
-        [&] { EXPECT_EQ(AcDbObjectPointer<AcDbCircle>(circle)->radius(), 3); },
+        [&] {
+            EXPECT_EQ(AcDbObjectPointer<AcDbCircle>(circle)->radius(), 3);
+            select({circle, add(new AcDbArc({0, 0, 0}, 3, 0, 1))});
+        },
+        [this] { EXPECT_EQ(valueOf("Rayon"), "3") << "circles and arcs share it"; },
     });
 }
 
