@@ -10,8 +10,8 @@ class arguments : public dossierEssai {};
 
 TEST_F(arguments, HelpIsFrench)
 {
-    for (const char* demande : {"--aide", "--help", "-h", "polygonale --aide", "polygonale fermee --aide", "polygonale ouverte --aide",
-                                "info --help", "convertir -h", "executer --aide"}) {
+    for (const char* demande : {"--aide", "--help", "-h", "polygonale --aide", "polygonale fermee --aide",
+                                "polygonale ouverte --aide", "info --help", "convertir -h", "executer --aide"}) {
         SCOPED_TRACE(demande);
         const execution run = vela(demande);
         EXPECT_EQ(run.statut, 0);

@@ -2,8 +2,8 @@
 
 #include "db/entities/ArcExtents.h"
 #include "db/entities/OcsTransform.h"
-#include "db/entities/PathSegment.h"
 #include "db/entities/OnCurve.h"
+#include "db/entities/PathSegment.h"
 #include "dbelipse.h"
 #include "geplane.h"
 
