@@ -2,6 +2,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/BlockExtents.h"
+#include "db/entities/DimensionBlock.h"
 #include "db/entities/EntityText.h"
 #include "db/entities/OcsTransform.h"
 #include "dbents.h"
@@ -55,10 +56,21 @@ Acad::ErrorStatus AcDbDimension::transformBy(const AcGeMatrix3d& matrix)
     const OcsTransform moved(m_normal, matrix);
     if (!moved.isValid())
         return Acad::eInvalidInput;
+    AcGeMatrix3d turned = matrix;
+    turned.setTranslation(AcGeVector3d(0.0, 0.0, 0.0));
+    if (database() && m_block && turned != AcGeMatrix3d::kIdentity) {
+        const AcGeMatrix3d shown = matrix * AcGeMatrix3d::translation(dimBlockPosition().asVector());
+        AcDbStub* const block = blockShownThrough(*database(), m_block, shown);
+        if (!block)
+            return Acad::eInvalidInput;
+        m_block = block;
+        m_insertion = AcGePoint3d::kOrigin; // the new block is in the world's coordinates
+    } else {
+        m_insertion = moved.point(m_insertion);
+    }
     for (AcGePoint3d* point : {&m_definition, &m_point13, &m_point14, &m_point15, &m_point16})
         *point = matrix * *point;
     m_textPosition = moved.point(m_textPosition);
-    m_insertion = moved.point(m_insertion);
     m_angle = moved.angle(m_angle);
     m_normal = moved.normal();
     return Acad::eOk;

@@ -1,4 +1,5 @@
 #include "CommandTest.h"
+#include "db/DatabaseImpl.h"
 #include "platform/CodePage.h"
 
 /// INSERT and EXPLODE, with a block that comes from a file: a circle about its base, and two attributes.
@@ -157,6 +158,41 @@ TEST_F(BlockCommands, explodingKeepsTheValues)
     typed(L"CO | _L |  | 0,0 | 100,0 | ");
     EXPECT_EQ(entities()[1], "INSERT borne 110,0 MAT=101@112,0 ALT=45.20@112,-2")
         << "copies take their attributes along";
+}
+
+/// A dimension as files have it: a block *D1 in world coordinates, here a line from 0,0 to 10,0.
+TEST_F(BlockCommands, dimensionsTurnWithTheirBlock)
+{
+    typed(LR"((progn
+(entmake '((0 . "BLOCK") (2 . "*D1") (70 . 1) (10 0.0 0.0 0.0)))
+(entmake '((0 . "LINE") (8 . "0") (10 0.0 0.0 0.0) (11 10.0 0.0 0.0)))
+(entmake '((0 . "ENDBLK")))
+(entmake '((0 . "DIMENSION") (100 . "AcDbEntity") (8 . "0") (100 . "AcDbDimension") (2 . "*D1") (10 10.0 0.0 0.0)
+(11 5.0 0.0 0.0) (70 . 33) (100 . "AcDbAlignedDimension") (13 0.0 0.0 0.0) (14 10.0 0.0 0.0)))))");
+    ASSERT_EQ(entities(), Texts({"AcDbAlignedDimension 0,0..10,0"}));
+    const std::string before = bytes();
+    struct Row {
+        const wchar_t* typed;
+        const char* box;
+    };
+    const Row rows[] = {
+        {L"ROTATION | _L |  | 0,0 | 90", "0,0..0,10"},
+        {L"DEPLACER | _L |  | 0,0 | 5,5", "5,5..15,5"},
+        {L"DEPLACER | _L |  | 0,0 | 5,5 | RO | _L |  | 5,5 | 90", "5,5..5,15"},
+        {L"ECHELLE | _L |  | 10,0 | 2", "-10,0..10,0"},
+        {L"MIROIR | _L |  | 0,-1 | 5,-1 | O", "0,-2..10,-2"},
+        {L"ROTATION | _L |  | 0,0 | C | 90 | E | 10,0 | ", "0,0..0,10"},
+        {L"RO | _L |  | 0,0 | 90 | X | _L | ", nullptr},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(platform::utf8FromWide(row.typed));
+        typed(row.typed);
+        EXPECT_EQ(entities(),
+                  row.box ? Texts({"AcDbAlignedDimension " + std::string(row.box)}) : Texts({"LINE 0,0 0,10"}));
+        while (bytes() != before && drawing().impl().undo().undoable() > 1)
+            typed(L"U");
+        EXPECT_EQ(bytes(), before);
+    }
 }
 
 TEST_F(BlockCommands, scaledUnevenly)

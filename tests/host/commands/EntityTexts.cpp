@@ -7,6 +7,7 @@
 #include <numbers>
 
 #include "commands/Drawing.h"
+#include "dbdim.h"
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbmtext.h"
@@ -106,5 +107,10 @@ std::string entityText(const AcDbEntity& entity)
         return textText(*text);
     if (const auto* reference = AcDbBlockReference::cast(&entity))
         return referenceText(*reference);
+    if (const auto* dimension = AcDbDimension::cast(&entity)) {
+        AcDbExtents box;
+        dimension->getGeomExtents(box);
+        return utf8(entity.isA()->name()) + " " + point(box.minPoint()) + ".." + point(box.maxPoint());
+    }
     return utf8(entity.isA()->name());
 }
