@@ -45,6 +45,17 @@ protected:
             count += entry.path().extension() == ".dxf" ? 1 : 0;
         return count;
     }
+    /// What the session does that is to be killed; `data` is its folder.
+    void beKilled(const char* data)
+    {
+        setenv("XDG_DATA_HOME", data, 1);
+        window = nullptr;
+        window = std::make_unique<MainWindow>();
+        ASSERT_TRUE(window->files().open(QString::fromUtf8(data) + QStringLiteral("/plan.dxf")));
+        draw();
+        window->autosave().keepAll();
+        std::raise(SIGKILL);
+    }
 };
 
 TEST_F(RecoveryTest, copiesLeaveTheDrawingAloneAndGoWithIt)
@@ -79,22 +90,10 @@ TEST_F(RecoveryTest, copiesLeaveTheDrawingAloneAndGoWithIt)
     EXPECT_TRUE(fs::is_empty(RecoveryFolder::place()));
 }
 
-/// The session that is killed: run by the next test, in a process of its own.
-TEST_F(RecoveryTest, DISABLED_killedSession)
-{
-    const char* const data = std::getenv("VELA_TEST_DATA");
-    ASSERT_NE(data, nullptr);
-    setenv("XDG_DATA_HOME", data, 1);
-    window = nullptr;
-    window = std::make_unique<MainWindow>();
-    ASSERT_TRUE(window->files().open(QString::fromUtf8(data) + QStringLiteral("/plan.dxf")));
-    draw();
-    window->autosave().keepAll();
-    std::raise(SIGKILL);
-}
-
 TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
 {
+    if (const char* const data = std::getenv("VELA_TEST_DATA"))
+        return beKilled(data); // this is the process that the test below has started
     DocumentList& list = DocumentList::instance();
     const fs::path file = folder / "plan.dxf";
     Document& plan = list.create();
@@ -105,8 +104,8 @@ TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
     setenv("VELA_TEST_DATA", folder.c_str(), 1);
     QProcess session;
     session.start(QStringLiteral("/proc/%1/exe").arg(getpid()),
-                  {QStringLiteral("--gtest_also_run_disabled_tests"),
-                   QStringLiteral("--gtest_filter=RecoveryTest.DISABLED_killedSession")});
+                  {QStringLiteral("--gtest_filter=RecoveryTest.whatAKilledSessionKeptIsOffered")});
+    unsetenv("VELA_TEST_DATA");
     ASSERT_TRUE(session.waitForFinished(60'000));
     ASSERT_EQ(session.exitStatus(), QProcess::CrashExit) << session.readAllStandardOutput().toStdString();
     ASSERT_EQ(session.exitCode(), SIGKILL);
