@@ -10,6 +10,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextDocument>
+#include <unistd.h>
 
 #include "acedads.h"
 #include "ap/DocumentList.h"
@@ -38,18 +39,30 @@ private:
 };
 const testing::Environment* const applicationLife = testing::AddGlobalTestEnvironment(new ApplicationLife);
 
+/// The registry of the user is read once: its file is the same for all tests that a process runs, and no other's.
+class RegistryFile {
+public:
+    RegistryFile() : m_file(fs::temp_directory_path() / ("vela-fenetre-registre-" + std::to_string(getpid()) + ".ini"))
+    {
+        setenv("VELA_REGISTRY", m_file.c_str(), 1);
+    }
+    ~RegistryFile() { fs::remove(m_file); }
+    RegistryFile(const RegistryFile&) = delete;
+    RegistryFile& operator=(const RegistryFile&) = delete;
+
+private:
+    fs::path m_file;
+};
+
 } // namespace
 
 WindowTest::WindowTest(PointTables* points)
 {
     const auto* const info = testing::UnitTest::GetInstance()->current_test_info();
-    folder = fs::temp_directory_path() / ("vela-fenetre-" + std::string(info->name()));
+    folder = fs::temp_directory_path() / ("vela-fenetre-" + std::string(info->name()) + "-" + std::to_string(getpid()));
     fs::remove_all(folder);
     fs::create_directories(folder);
-    // The registry of the user is read once: its file is the same for all tests of the program.
-    static const std::string registry = (fs::temp_directory_path() / "vela-fenetre-registre.ini").string();
-    static const int started = (fs::remove(registry), setenv("VELA_REGISTRY", registry.c_str(), 1));
-    EXPECT_EQ(started, 0);
+    static const RegistryFile registry;
     setenv("XDG_DATA_HOME", folder.c_str(), 1);
     kernel = std::make_unique<Kernel>();
     static const bool registered = (registerHostCommands(), true);
