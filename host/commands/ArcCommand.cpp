@@ -27,7 +27,7 @@ std::optional<PlaneArc> arcAbout(const AcGePoint3d& center, const AcGePoint3d& s
 {
     const AcGeVector2d spoke = plane(start) - plane(center);
     const double from = spoke.angle();
-    const auto end = Prompt(L"Spécifiez l'extrémité de l'arc ou [Angle/Longueur de corde] : ")
+    const auto end = Prompt(L"Spécifiez l'extrémité de l'arc ou [Angle/Longueur] : ")
                          .required()
                          .keywords(L"Angle Longueur _ Angle Length")
                          .from(center)

@@ -250,7 +250,7 @@ bool lineStep(PolylineRun& run)
 bool arcStep(PolylineRun& run)
 {
     const auto next = Prompt(L"Spécifiez l'extrémité de l'arc ou "
-                             L"[Angle/CEntre/CLore/DIrection/Demi-larg/LIgne/Rayon/Second pt/annUler/LArgeur] : ")
+                             L"[Angle/CEntre/CLore/DIrection/Demi-larg/LIgne/Rayon/Second/annUler/LArgeur] : ")
                           .from(run.inSpace())
                           .keywords(L"Angle CEntre CLore DIrection Demi-larg LIgne Rayon Second annUler LArgeur _ "
                                     L"Angle CEnter CLose Direction Halfwidth Line Radius Second Undo Width")

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -10,6 +9,7 @@
 #include "ap/DocumentList.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
+#include "ed/input/ViewHistory.h"
 #include "ed/SystemVariables.h"
 #include "gi/Picking.h"
 #include "gi/Scene.h"
@@ -139,8 +139,20 @@ CanvasView Canvas::view() const
 
 void Canvas::setView(const AcGePoint2d& center, double height)
 {
-    if (m_document && CurrentView::set(center, height))
+    if (!m_document)
+        return;
+    keepFormerView();
+    if (CurrentView::set(center, height))
         followView();
+}
+
+/// For ZOOM Previous: once for a turning of the wheel, or a drag.
+void Canvas::keepFormerView()
+{
+    constexpr qint64 pause = 1000; // milliseconds between two gestures
+    if (!m_gesture.isValid() || m_gesture.elapsed() > pause)
+        ViewHistory::of(*m_document).remember();
+    m_gesture.start();
 }
 
 void Canvas::showExtents()
@@ -149,8 +161,10 @@ void Canvas::showExtents()
     if (!shown)
         return;
     const Box2d box = shown->extents();
-    if (!box.isEmpty())
+    if (!box.isEmpty()) {
+        keepFormerView();
         CurrentView::show({box.minX, box.minY}, {box.maxX, box.maxY}, extentsMargin);
+    }
     renderLater();
 }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 
@@ -58,6 +59,7 @@ protected:
 private:
     Scene* scene() const;
     void setView(const AcGePoint2d& center, double height);
+    void keepFormerView();
     void paintDrawing(QPainter& painter, const SceneView& view);
     void paintAbove(QPainter& painter, const SceneView& view);
     void paintMarks(QPainter& painter, const CanvasView& view);
@@ -80,6 +82,7 @@ private:
     CanvasPicture m_drawing, m_above;
     bool m_dark = true;
     QTimer m_renderTimer;
+    QElapsedTimer m_gesture; ///< since the view was last changed by hand
     qint64 m_renderTime = 0; ///< milliseconds that the last whole picture took
     std::optional<QPointF> m_cursor;
     AcGePoint3d m_place; // of the cursor, snapped

@@ -6,6 +6,7 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "ed/CommandRunner.h"
+#include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
 #include "ed/SystemVariables.h"
 #include "ui/window/Canvas.h"
@@ -279,6 +280,30 @@ TEST_F(CommandLineTest, wheelAndMiddleButtonMoveTheView)
             QTest::mouseMove(&canvas(), to);
             QTest::mouseRelease(&canvas(), Qt::MiddleButton, Qt::NoModifier, to);
             EXPECT_LE((pixelOf(50, 50) - to).manhattanLength(), 1);
+        },
+    });
+}
+
+TEST_F(CommandLineTest, zoomPreviousKnowsWhatTheWheelLeft)
+{
+    CurrentView before;
+    play({
+        [this, &before] {
+            show(0, 0, 100, 100);
+            before = CurrentView::get();
+            const QPoint at = pixelOf(70, 30);
+            for (int i = 0; i < 3; ++i) {
+                QWheelEvent turn(at, canvas().mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                                 Qt::NoScrollPhase, false);
+                QApplication::sendEvent(&canvas(), &turn);
+            }
+            EXPECT_LT(CurrentView::get().height, before.height);
+        },
+        type("ZOOM"),
+        type("P"),
+        [&before] {
+            EXPECT_EQ(CurrentView::get().center, before.center);
+            EXPECT_EQ(CurrentView::get().height, before.height) << "a turning of the wheel is one step";
         },
     });
 }
