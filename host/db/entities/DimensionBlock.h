@@ -3,7 +3,7 @@
 #include "gemat3d.h"
 
 class AcDbDatabase;
-class AcDbStub;
+struct AcDbStub;
 
 /// A new unnamed block of the drawing that shows what another one does, through a matrix of block coordinates.
 /// Null when an entity of it cannot go through the matrix: nothing is then made.

@@ -62,6 +62,20 @@ bool matches(std::wstring_view word, std::wstring_view typed)
     return matchesCapitals(word, typed);
 }
 
+/// French letters as they are typed in a hurry.
+std::wstring withoutAccents(std::wstring_view text)
+{
+    constexpr std::wstring_view accented = L"\u00C0\u00C2\u00C7\u00C8\u00C9\u00CA\u00CB\u00CE\u00CF\u00D4\u00D9\u00DB"
+                                           L"\u00E0\u00E2\u00E7\u00E8\u00E9\u00EA\u00EB\u00EE\u00EF\u00F4\u00F9\u00FB";
+    constexpr std::wstring_view plain = L"AACEEEEIIOUUaaceeeeiiouu";
+    static_assert(accented.size() == plain.size());
+    std::wstring letters(text);
+    for (wchar_t& c : letters)
+        if (const std::size_t at = accented.find(c); at != std::wstring_view::npos)
+            c = plain[at];
+    return letters;
+}
+
 } // namespace
 
 std::optional<std::vector<InputKeyword>> keywordsOf(std::wstring_view list)
@@ -87,9 +101,13 @@ const InputKeyword* matchingKeyword(const std::vector<InputKeyword>& keywords, s
     const bool isGlobal = typed.starts_with(L'_');
     if (isGlobal)
         typed.remove_prefix(1);
-    const auto found = std::ranges::find_if(keywords, [&](const InputKeyword& keyword) {
+    auto found = std::ranges::find_if(keywords, [&](const InputKeyword& keyword) {
         return matches(isGlobal ? keyword.global : keyword.local, typed);
     });
+    if (found == keywords.end() && !isGlobal)
+        found = std::ranges::find_if(keywords, [plain = withoutAccents(typed)](const InputKeyword& keyword) {
+            return matches(withoutAccents(keyword.local), plain);
+        });
     return found == keywords.end() ? nullptr : &*found;
 }
 

@@ -14,7 +14,8 @@
 std::optional<std::vector<InputKeyword>> keywordsOf(std::wstring_view list);
 
 /// The keyword that a typed text means: the whole word, or an abbreviation that holds at least its capitals (or what
-/// stands behind the comma), in any case; with "_" in front the common word is meant. The first one that fits wins.
+/// stands behind the comma), in any case; with "_" in front the common word is meant. The first one that fits wins,
+/// those that fit only without their accents after all others.
 const InputKeyword* matchingKeyword(const std::vector<InputKeyword>& keywords, std::wstring_view typed);
 
 /// What is given back for a keyword: its common word, without what stands behind a comma and without a closing "_".
