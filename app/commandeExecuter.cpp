@@ -1,6 +1,7 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
 #include "erreurProgramme.h"
+#include "lisp/LispHooks.h"
 #include "sessionHote.h"
 #include "ui/application/VelaApplication.h"
 #include "ui/script/ScriptCommand.h"
@@ -8,6 +9,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
@@ -19,7 +22,22 @@ struct choixExecuter {
     std::string dessin;
     bool strict = false;
     bool echo = false;
+    int limite = 600; // seconds; the longest honest loop over a large survey takes some
 };
+
+volatile std::sig_atomic_t arretDemande = 0;
+
+/// Nobody is there to press Escape: Ctrl+C stops a loop of AutoLISP, and so does the time it takes.
+void surveillerBoucles(int limite)
+{
+    for (const int signal : {SIGINT, SIGTERM})
+        std::signal(signal, [](int recu) {
+            arretDemande = 1;
+            std::signal(recu, SIG_DFL); // a second one ends the program
+        });
+    LispHooks::instance().interrupted = [] { return arretDemande != 0; };
+    LispHooks::instance().timeLimit = std::chrono::seconds(limite);
+}
 
 /// Dialogs that come back whatever is done to them leave no other way out.
 [[noreturn]] void abandonner(const QString& echec)
@@ -42,6 +60,9 @@ ScriptRunner::Options optionsScript(const choixExecuter& choix)
 void executer(const choixExecuter& choix)
 {
     const auto application = VelaApplication::make(VelaApplication::Screen::none);
+    if (choix.limite <= 0)
+        throw erreurProgramme("--limite : une durée en secondes est attendue, au moins 1.");
+    surveillerBoucles(choix.limite);
     sessionHote session(std::cout);
     ScriptRunner::Options options = optionsScript(choix);
     options.commandEnded = [&] { session.console().terminer(); };
@@ -69,5 +90,7 @@ void ajouterCommandeExecuter(CLI::App& programme)
         ->type_name("D.dxf");
     commande.add_flag("--strict", choix->strict, "Refuse les objets laissés ouverts par une commande");
     commande.add_flag("--echo", choix->echo, "Montre les invites et les réponses du script");
+    commande.add_option("--limite", choix->limite, "Durée la plus longue d'une expression AutoLISP, en secondes (600)")
+        ->type_name("S");
     commande.callback([choix] { executer(*choix); });
 }

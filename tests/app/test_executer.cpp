@@ -59,6 +59,21 @@ TEST_F(executer, SavesAndOpensDrawings)
     EXPECT_TRUE(std::filesystem::exists(chemin("premier.bak")));
 }
 
+TEST_F(executer, EndsLoopsWithAMessage)
+{
+    const execution boucle = script("(setq n 0)(while t (setq n (1+ n)))\n", " --limite 1");
+    EXPECT_EQ(boucle.statut, 1);
+    EXPECT_NE(boucle.erreurs.find(
+                  "essai.scr, ligne 1 : \u00E9valuation interrompue : le temps accord\u00E9 est \u00E9coul\u00E9"),
+              std::string::npos)
+        << boucle.erreurs;
+    const execution recursion = script("(defun f (n) (1+ (f n)))(f 1)\n");
+    EXPECT_EQ(recursion.statut, 1);
+    EXPECT_NE(recursion.erreurs.find("essai.scr, ligne 1 : "), std::string::npos) << recursion.erreurs;
+    EXPECT_EQ(recursion.erreurs.find("parenth\u00E8se"), std::string::npos) << "two expressions on a line";
+    EXPECT_EQ(vela("executer essai.scr --limite 0").statut, 1);
+}
+
 TEST_F(executer, StopsAtTheLineThatFails)
 {
     struct cas {

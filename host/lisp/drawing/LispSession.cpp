@@ -57,6 +57,7 @@ LispSession::LispSession()
     defineBuiltins(m_context);
     defineDrawingBuiltins(m_context);
     LispHooks::instance().findCommand = commandCalled;
+    m_context.setTimeLimit(LispHooks::instance().timeLimit);
 }
 
 LispSession::Answer LispSession::evaluate(std::wstring_view text)

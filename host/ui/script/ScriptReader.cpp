@@ -13,6 +13,8 @@ qsizetype inputEnd(const QString& text)
     qsizetype from = 0;
     if (text.startsWith(u'(') && (from = expressionEnd(text)) < 0)
         return text.size(); // never closed: AutoLISP tells
+    if (from > 0 && from < text.size() && text[from] == u'(')
+        return from; // the next expression follows without a blank
     if (text.startsWith(u'"'))
         from = text.indexOf(u'"', 1) + 1;
     const qsizetype end = text.indexOf(u' ', from);
@@ -68,7 +70,7 @@ QString ScriptReader::takeInput()
     const QString text = takeLine();
     const qsizetype end = inputEnd(text);
     if (end < text.size())
-        putBack(text.mid(end + 1));
+        putBack(text.mid(text[end] == u' ' ? end + 1 : end));
     return text.left(end);
 }
 
