@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# fuzzer.sh SECONDS|NUMBERx [TARGET...]: runs each fuzz target over its corpus for that long, or for that many inputs,
-# always the same ones ("5000x"); stops at the first finding.
+# fuzzer.sh SECONDS|NUMBERx [TARGET...]: runs each fuzz target over its corpus for that long, or for that many inputs
+# from the same seed ("5000x"). Every target has its turn; those that found something are shown and named at the end.
 # Targets are those that vela_fuzz declares; a finding is left in build/asan/trouvailles.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -17,6 +17,7 @@ liste=build/asan/fuzz-targets.txt # lines "target corpus-folder", written when t
 [[ -s $liste ]] || { echo "No fuzz target."; exit 0; }
 
 mkdir -p build/asan/trouvailles
+trouves=()
 while read -r cible corpus; do
     [[ $# -eq 0 || " $* " == *" $cible "* ]] || continue
     cmake --build build/asan --parallel "$(nproc)" --target "$cible" -- --quiet
@@ -24,7 +25,8 @@ while read -r cible corpus; do
     mkdir -p "$acquis"
     echo "$cible: $duree"
     journal="build/asan/$cible.log"
-    "build/asan/bin/$cible" "${limite[@]}" -rss_limit_mb=1500 -timeout=10 -verbosity=0 \
-        -artifact_prefix="build/asan/trouvailles/$cible-" "$acquis" "$corpus" </dev/null >"$journal" 2>&1 ||
-        { tail -n 60 "$journal" >&2; exit 1; }
+    UBSAN_OPTIONS=print_stacktrace=1 "build/asan/bin/$cible" "${limite[@]}" -rss_limit_mb=1500 -timeout=10 \
+        -verbosity=0 -print_funcs=0 -artifact_prefix="build/asan/trouvailles/$cible-" "$acquis" "$corpus" \
+        </dev/null >"$journal" 2>&1 || { trouves+=("$cible"); cut -c1-300 "$journal" | tail -n 60 >&2; }
 done <"$liste"
+[[ ${#trouves[@]} -eq 0 ]] || { echo "Found something: ${trouves[*]}" >&2; exit 1; }

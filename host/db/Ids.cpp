@@ -41,6 +41,12 @@ AcRxClass* AcDbObjectId::objectClass() const
     return record.object ? residentObject(record)->isA() : AcDbDatabaseImpl::of(m_stub).classOf(record).rxClass;
 }
 
+bool isOfClass(AcDbObjectId id, const AcRxClass* rxClass)
+{
+    const AcRxClass* const itsClass = id.objectClass();
+    return itsClass && itsClass->isDerivedFrom(rxClass);
+}
+
 AcDbHandle::AcDbHandle(const ACHAR* hexadecimal)
 {
     std::string digits;

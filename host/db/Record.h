@@ -7,6 +7,7 @@
 
 class AcDbDatabaseImpl;
 class AcDbObject;
+class AcRxClass;
 
 /// An object id points to the record of its object. Records of the file stand in the file's own array; those of new
 /// objects are NewRecords.
@@ -46,6 +47,8 @@ inline AcDbStub* stubOf(const DxfRecord* record)
 {
     return stubOf(const_cast<DxfRecord*>(record));
 }
+/// Known without opening the object; false for an id of no object.
+bool isOfClass(AcDbObjectId id, const AcRxClass* rxClass);
 inline AcDbObject* residentObject(const DxfRecord& record)
 {
     return static_cast<AcDbObject*>(record.object);

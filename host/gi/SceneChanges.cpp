@@ -69,7 +69,7 @@ void SceneChanges::noteEntity(const AcDbEntity& entity)
     AcDbStub* owner = entity.ownerId().stub();
     constexpr int deepest = 4; // a vertex, its polyline, the block; no drawing nests owners further
     for (int i = 0; owner && i < deepest; ++i) {
-        if (AcDbObjectId(owner).objectClass()->isDerivedFrom(AcDbBlockTableRecord::desc())) {
+        if (isOfClass(AcDbObjectId(owner), AcDbBlockTableRecord::desc())) {
             if (entity.isKindOf(AcDbBlockBegin::desc()))
                 blocks.insert(owner);
             else {

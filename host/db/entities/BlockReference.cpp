@@ -52,7 +52,7 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block)
     assertWriteEnabled();
     if (block.isNull())
         return Acad::eNullObjectId;
-    if (!block.objectClass()->isDerivedFrom(AcDbBlockTableRecord::desc()))
+    if (!isOfClass(block, AcDbBlockTableRecord::desc()))
         return Acad::eWrongObjectType;
     m_block = block.stub();
     return Acad::eOk;

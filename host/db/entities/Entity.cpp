@@ -44,7 +44,7 @@ void changeVertices(const AcDbObjectIdArray& ids, const std::vector<AcDbEntity*>
     for (AcDbEntity* vertex : pending)
         if (vertex->isKindOf(AcDbVertex::desc()))
             change(*vertex);
-    if (ids.isEmpty() || !ids.first().objectClass()->isDerivedFrom(AcDbVertex::desc()))
+    if (ids.isEmpty() || !isOfClass(ids.first(), AcDbVertex::desc()))
         return;
     for (const AcDbObjectId& id : ids) {
         AcDbObjectPointer<AcDbVertex> vertex(id, AcDb::kForWrite);

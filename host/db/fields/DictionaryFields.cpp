@@ -66,7 +66,7 @@ void DxfFieldsOfDictionary::add(DxfClasses& classes)
     const auto create = []() -> AcDbObject* { return new AcDbDictionary; };
     classes.add({"DICTIONARY", AcDbDictionary::desc(), create, {&dictionary}});
     // Its default entry stays a tag that is not modelled.
-    classes.add({"ACDBDICTIONARYWDFLT", nullptr, create, {&dictionary}});
+    classes.add({"ACDBDICTIONARYWDFLT", AcDbDictionary::desc(), create, {&dictionary}});
 }
 
 void DxfFieldsOfXrecord::add(DxfClasses& classes)

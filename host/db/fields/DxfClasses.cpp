@@ -35,8 +35,7 @@ void DxfClasses::add(DxfClass dxfClass)
     m_classes.push_back(std::make_unique<DxfClass>(std::move(dxfClass)));
     const DxfClass* added = m_classes.back().get();
     m_byName[added->dxfName].push_back(added);
-    if (added->rxClass)
-        m_byRxClass.emplace(added->rxClass, added);
+    m_byRxClass.emplace(added->rxClass, added); // the first of a class is what its new objects are written as
     m_fresh.emplace(added, added->create());
 }
 

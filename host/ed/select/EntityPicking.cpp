@@ -2,6 +2,7 @@
 
 #include "acdocman.h"
 #include "aced.h"
+#include "db/Record.h"
 #include "dbents.h"
 #include "ed/input/InputTexts.h"
 #include "ed/input/Question.h"
@@ -95,8 +96,7 @@ int askHit(const ACHAR* prompt, std::optional<PickHit>& hit, AcGePoint3d& point)
 /// An attribute stands in the world's coordinates, though a reference owns it.
 bool standsInWorld(AcDbObjectId entity)
 {
-    const AcRxClass* const itsClass = entity.objectClass();
-    return itsClass && itsClass->isDerivedFrom(AcDbAttribute::desc());
+    return isOfClass(entity, AcDbAttribute::desc());
 }
 
 /// What nested picking gives: the innermost entity, and the references around it.

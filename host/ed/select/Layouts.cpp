@@ -25,7 +25,7 @@ AcDbStub* blockOf(AcDbDatabaseImpl& database, AcDbObjectId layout)
         std::uint64_t handle = 0;
         if (tag.code == reference && dxfHandle(tag, handle))
             if (AcDbStub* const named = database.byHandle(handle);
-                named && AcDbObjectId(named).objectClass()->isDerivedFrom(AcDbBlockTableRecord::desc()))
+                named && isOfClass(AcDbObjectId(named), AcDbBlockTableRecord::desc()))
                 block = named;
     }
     return block;

@@ -23,8 +23,7 @@ AcDbObjectId ownerOf(AcDbObjectId id)
 
 bool isEntity(AcDbObjectId id)
 {
-    const AcRxClass* const itsClass = id.objectClass();
-    return itsClass && itsClass->isDerivedFrom(AcDbEntity::desc());
+    return isOfClass(id, AcDbEntity::desc());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "db/Record.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "lisp/drawing/DrawingBuiltins.h"
@@ -90,7 +91,7 @@ LispValue tableList(LispContext& context, AcDbObjectId id)
 {
     if (id.isNull())
         return {};
-    if (id.objectClass()->isDerivedFrom(AcDbBlockTableRecord::desc()))
+    if (isOfClass(id, AcDbBlockTableRecord::desc()))
         return blockList(id);
     std::vector<LispValue> pairs;
     for (const LispValue& pair : lisp_argument::items(recordList(context, id))) {

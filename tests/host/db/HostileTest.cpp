@@ -162,6 +162,17 @@ TEST_F(HostileTest, erasingTakesStrayAttributesNowhere)
     EXPECT_EQ(std::ranges::count(tagsOf(saved(*database)), "0|ATTRIB"), 1);
 }
 
+TEST_F(HostileTest, anEntityOwnedByAnObject)
+{
+    for (const char* type : {"DICTIONARY", "ACDBDICTIONARYWDFLT", "SUNSTUDY"}) {
+        SmallDrawing drawing;
+        drawing.objects = std::string("0 ") + type + "\n5 70\n330 C\n100 AcDbDictionary\n281 1\n";
+        drawing.entities = "0 LINE\n5 80\n330 70\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n";
+        EXPECT_NE(idOf(*open(drawing), 0x70).objectClass(), nullptr) << type << ": known without opening it";
+        exerciseDrawing(drawing.text());
+    }
+}
+
 TEST_F(HostileTest, aReferenceWithoutSequenceEnd)
 {
     SmallDrawing drawing;
