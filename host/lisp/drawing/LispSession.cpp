@@ -1,15 +1,19 @@
 #include "lisp/drawing/LispSession.h"
 
+#include "adscodes.h"
 #include "ap/DocumentData.h"
 #include "lisp/builtins/Builtins.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/LispConversion.h"
+#include "lisp/drawing/ScreenValues.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispPrinter.h"
 #include "lisp/LispCall.h"
 #include "lisp/LispFunctionTable.h"
 #include "lisp/LispHooks.h"
 #include "rx/Console.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -43,6 +47,16 @@ std::function<std::wstring()> commandCalled(const std::wstring& name)
     return [&context, function] {
         return settled([&] { return context.run([&] { return context.apply(function, {}); }); }).failureText();
     };
+}
+
+/// A selection set that a function gives, not one that it was given: it belongs to AutoLISP from now on.
+bool isNewSelection(const resbuf* value, LispArguments arguments)
+{
+    if (!value || value->restype != RTPICKS)
+        return false;
+    return std::none_of(arguments.begin(), arguments.end(), [value](const LispValue& argument) {
+        return argument.name() && argument.name()->words[0] == value->resval.rlname[0];
+    });
 }
 
 } // namespace
@@ -95,5 +109,7 @@ LispValue LispSession::callFunction(LispContext& context, const std::wstring& na
     const LispResult result = callLispFunction(name, chainOf(context, arguments));
     if (!result.failure.empty())
         throw LispError(result.failure);
+    if (isNewSelection(result.value.get(), arguments))
+        return ownedSelection(result.value->resval.rlname);
     return valueOfChain(context, result.value.get());
 }
