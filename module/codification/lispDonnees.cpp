@@ -31,16 +31,16 @@ bool estTexte(int code)
 resbuf* itemSimple(int code, const resbuf& valeur)
 {
     double reel = 0.0;
+    int entier = 0;
     if (estTexte(code))
         return valeur.restype == RTSTR ? acutBuildList(code, valeur.resval.rstring, 0) : nullptr;
-    if (!reelDe(valeur, reel))
-        return nullptr;
-    const bool entier = valeur.restype != RTREAL;
     if (code >= 1040 && code <= 1042)
-        return acutBuildList(code, reel, 0);
+        return reelDe(valeur, reel) ? acutBuildList(code, reel, 0) : nullptr;
+    if (!entierDe(valeur, entier))
+        return nullptr;
     if (code == 1070)
-        return entier && reel >= -32768 && reel <= 32767 ? acutBuildList(code, static_cast<int>(reel), 0) : nullptr;
-    return code == 1071 && entier ? acutBuildList(code, static_cast<long>(reel), 0) : nullptr;
+        return entier >= -32768 && entier <= 32767 ? acutBuildList(code, entier, 0) : nullptr;
+    return code == 1071 ? acutBuildList(code, long{entier}, 0) : nullptr;
 }
 
 bool estPoint(int code)
@@ -79,11 +79,11 @@ bool lireDonnees(const resbuf* premier, const resbuf* dernier, resbuf** suite)
 {
     const resbuf* item = premier->rbnext;
     while (item != dernier) {
-        double code = 0.0;
-        if (item->restype != RTLB || item->rbnext == dernier || !reelDe(*item->rbnext, code))
+        int code = 0;
+        if (item->restype != RTLB || item->rbnext == dernier || !entierDe(*item->rbnext, code))
             return false;
         item = item->rbnext->rbnext;
-        *suite = itemDe(static_cast<int>(code), item, dernier);
+        *suite = itemDe(code, item, dernier);
         if (!*suite || item == dernier || item->restype != RTLE)
             return false;
         suite = &(*suite)->rbnext;

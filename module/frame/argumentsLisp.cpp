@@ -10,21 +10,24 @@
 
 const wchar_t* const messageParametres = L"\nparametres incorrects.";
 
+bool entierDe(const resbuf& item, int& valeur)
+{
+    if (item.restype != RTSHORT && item.restype != RTLONG)
+        return false;
+    valeur = item.restype == RTSHORT ? item.resval.rint : item.resval.rlong;
+    return true;
+}
+
 bool reelDe(const resbuf& item, double& valeur)
 {
-    switch (item.restype) {
-    case RTREAL:
+    int entier = 0;
+    if (item.restype == RTREAL)
         valeur = item.resval.rreal;
-        return true;
-    case RTSHORT:
-        valeur = item.resval.rint;
-        return true;
-    case RTLONG:
-        valeur = item.resval.rlong;
-        return true;
-    default:
+    else if (entierDe(item, entier))
+        valeur = entier;
+    else
         return false;
-    }
+    return true;
 }
 
 argumentsLisp::argumentsLisp() : arguments(acedGetArgs()), suivant(arguments) {}
@@ -46,9 +49,8 @@ bool argumentsLisp::lireTexte(CString& texte)
 
 bool argumentsLisp::lireEntier(int& entier)
 {
-    if (!suivant || (suivant->restype != RTSHORT && suivant->restype != RTLONG))
+    if (!suivant || !entierDe(*suivant, entier))
         return false;
-    entier = suivant->restype == RTSHORT ? suivant->resval.rint : suivant->resval.rlong;
     suivant = suivant->rbnext;
     return true;
 }

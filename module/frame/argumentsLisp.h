@@ -37,6 +37,8 @@ private:
     const resbuf* suivant;
 };
 
+/// A whole number. @return false when the item is something else.
+bool entierDe(const resbuf& item, int& valeur);
 /// A number of any kind. @return false when the item is something else.
 bool reelDe(const resbuf& item, double& valeur);
 
