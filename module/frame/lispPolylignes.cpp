@@ -15,6 +15,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -99,22 +101,44 @@ std::optional<int> demanderIncrement()
     return statut == RTNORM ? std::optional(increment) : std::nullopt;
 }
 
-AcGePoint3dArray pointsNumerotes(const listePointsDuDessin& table, int debut, int fin, int increment)
-{
-    AcGePoint3dArray points;
-    const int pas = fin < debut ? -increment : increment;
-    const int plusGrand = table.getMaxNum(); // beyond, there is nothing to look for
-    debut = std::min(debut, plusGrand);
-    fin = std::min(fin, plusGrand);
-    for (int numero = debut; pas > 0 ? numero <= fin : numero >= fin; numero += pas) {
-        CString nom;
-        nom.Format(L"%d", numero);
-        int position = -1;
-        if (table.existPoint(nom, position))
-            points.append(table.getData(position)->getAs3dPnt());
-        else
-            acutPrintf(L"\nPoint %d absent de la table", numero);
+/// The numbers from `debut` to `fin`, up or down, by `increment`. Point numbers have nine digits: all of it fits.
+struct suiteNumeros {
+    int debut, fin, increment;
+
+    int dernierRang() const { return std::abs(fin - debut) / increment; }
+    int numero(int rang) const { return fin < debut ? debut - rang * increment : debut + rang * increment; }
+    std::optional<int> rangDe(int numero) const
+    {
+        const int ecart = fin < debut ? debut - numero : numero - debut;
+        const bool present = ecart >= 0 && ecart <= std::abs(fin - debut) && ecart % increment == 0;
+        return present ? std::optional(ecart / increment) : std::nullopt;
     }
+};
+
+void signalerAbsents(const suiteNumeros& suite, int premierRang, int dernierRang)
+{
+    if (premierRang == dernierRang)
+        acutPrintf(L"\nPoint %d absent de la table", suite.numero(premierRang));
+    else if (premierRang < dernierRang)
+        acutPrintf(L"\nPoints %d \u00e0 %d absents de la table", suite.numero(premierRang), suite.numero(dernierRang));
+}
+
+/// Sorts the points of the table into the sequence rather than looking for each of its numbers, which may be millions.
+AcGePoint3dArray pointsNumerotes(const listePointsDuDessin& table, const suiteNumeros& suite)
+{
+    std::map<int, int> positions; // by rank; the last point of a number counts, as when a name is looked up
+    for (int i = 0; i < table.nbPoint(); ++i)
+        if (const auto numero = numeroDuNom(CString(table.getData(i)->getNomPoint())))
+            if (const auto rang = suite.rangDe(*numero))
+                positions[*rang] = i;
+    AcGePoint3dArray points;
+    int attendu = 0;
+    for (const auto& [rang, position] : positions) {
+        signalerAbsents(suite, attendu, rang - 1);
+        points.append(table.getData(position)->getAs3dPnt());
+        attendu = rang + 1;
+    }
+    signalerAbsents(suite, attendu, suite.dernierRang());
     return points;
 }
 
@@ -163,7 +187,7 @@ int lispTopJndre()
     const auto increment = fin ? demanderIncrement() : std::nullopt;
     if (!increment)
         return RTNORM;
-    const AcGePoint3dArray points = pointsNumerotes(*table, *debut, *fin, *increment);
+    const AcGePoint3dArray points = pointsNumerotes(*table, {*debut, *fin, *increment});
     if (points.length() < 2) {
         acutPrintf(L"\nIl faut au moins deux points");
         return RTNORM;
