@@ -1,34 +1,19 @@
 #include "codification/apparenceSymbole.h"
 #include "codification/attributsBloc.h"
-#include "codification/codificationDuModule.h"
 #include "codification/miseAJourSymbole.h"
-#include "points/listePointsDuDessin.h"
+#include "frame/espaceObjet.h"
 
-#include "supportEssai.h"
+#include "essaiSymboles.h"
 
-#include "acutmem.h"
 #include "adscodes.h"
-#include "ap/DocumentList.h"
 #include "dbapserv.h"
-#include "dbents.h"
-#include "dbsymtb.h"
-#include "ed/Kernel.h"
 
-#include <gtest/gtest.h>
-
+#include <limits>
+#include <memory>
 #include <sstream>
-#include <string>
 #include <vector>
 
 namespace {
-
-std::string nomCalque(const AcDbEntity& entite)
-{
-    ACHAR* nom = entite.layer();
-    const CStringA texte(nom);
-    acutDelString(nom);
-    return texte.GetString();
-}
 
 /// One line an attribute: tag, text, place, height, layer, colour, visibility.
 std::string attributs(const AcDbBlockReference& reference)
@@ -59,49 +44,8 @@ std::string marque(const AcDbEntity& entite)
     return flux.str();
 }
 
-std::string nomBloc(const AcDbBlockReference& reference)
-{
-    const AcDbObjectPointer<AcDbBlockTableRecord> bloc(reference.blockTableRecord());
-    const ACHAR* nom = nullptr;
-    bloc->getName(nom);
-    return CStringA(nom).GetString();
-}
-
-using referenceLue = AcDbObjectPointer<AcDbBlockReference>;
-
-class SymbolesTest : public testing::Test {
+class DessinSymbolesTest : public SymbolesTest {
 protected:
-    void SetUp() override
-    {
-        codificationDuModule().initDefauts();
-        reglerFacteurSymboles(1.0);
-    }
-    void TearDown() override
-    {
-        reglerFacteurSymboles(1.0);
-        DocumentList::instance().closeAll();
-    }
-
-    static pointDuDessin point(const wchar_t* nom, double x, double y, double z, int code = 1)
-    {
-        pointDuDessin p;
-        p.setParams(nom, AcGePoint3d(x, y, z), code);
-        return p;
-    }
-    /// Any entity, in model space.
-    AcDbObjectId ajouter(AcDbEntity* entite)
-    {
-        AcDbBlockTable* blocs = nullptr;
-        db.getBlockTable(blocs, AcDb::kForRead);
-        AcDbBlockTableRecord* espace = nullptr;
-        blocs->getAt(ACDB_MODEL_SPACE, espace, AcDb::kForWrite);
-        AcDbObjectId id;
-        EXPECT_EQ(espace->appendAcDbEntity(id, entite), Acad::eOk);
-        entite->close();
-        espace->close();
-        blocs->close();
-        return id;
-    }
     /// A reference of an empty block, with attributes that `etiquettes` alternates with their texts.
     AcDbObjectId bloc(const std::vector<const wchar_t*>& etiquettes, const AcGePoint3d& place = {1, 2, 3})
     {
@@ -115,7 +59,7 @@ protected:
             record->close();
         }
         blocs->close();
-        const AcDbObjectId id = ajouter(new AcDbBlockReference(place, definition));
+        const AcDbObjectId id = ajouterEspaceObjet(std::make_unique<AcDbBlockReference>(place, definition));
         const referenceLue reference(id, AcDb::kForWrite);
         for (std::size_t i = 0; i + 1 < etiquettes.size(); i += 2) {
             auto* const attribut = new AcDbAttribute(place, etiquettes[i + 1], etiquettes[i]);
@@ -124,12 +68,9 @@ protected:
         }
         return id;
     }
-
-    Kernel noyau;
-    AcDbDatabase& db = *DocumentList::instance().create().database();
 };
 
-TEST_F(SymbolesTest, drawsAPoint)
+TEST_F(DessinSymbolesTest, drawsAPoint)
 {
     pointDuDessin p = point(L"\t a1\u00e9 ", 100, 200, 12.3456);
     p.creer(true, L" \t sur mur \t");
@@ -151,15 +92,18 @@ TEST_F(SymbolesTest, drawsAPoint)
     EXPECT_EQ(reference->getGeomExtents(boite), Acad::eOk) << "the block holds the library's drawing";
 }
 
-TEST_F(SymbolesTest, scalesWithTheCodeAndTheFactor)
+TEST_F(DessinSymbolesTest, scalesWithTheCodeAndTheFactor)
 {
     codifPoint& code = codificationDuModule().getCodif(5);
-    code.tailleBlock = 2;
     code.precisionAltitudes = 0;
+    constexpr double infinie = std::numeric_limits<double>::infinity();
     const struct {
-        double facteur, s;
-    } rows[] = {{1.0, 2.0}, {-0.5, 1.0}, {1e-7, 2.0}, {1e-6, 2e-6}};
+        double taille, facteur, s;
+    } rows[] = {{2, 1.0, 2.0}, {2, -0.5, 1.0}, {2, 1e-7, 2.0},     {2, 1e-6, 2e-6},
+                {0, 3.0, 3.0}, {-2, 3.0, 3.0}, {infinie, 3.0, 3.0}};
     for (const auto& r : rows) {
+        SCOPED_TRACE(r.taille);
+        code.tailleBlock = r.taille;
         reglerFacteurSymboles(r.facteur);
         pointDuDessin p = point(L"P", 0, 0, 1e38, 5);
         p.creer(true);
@@ -178,7 +122,7 @@ TEST_F(SymbolesTest, scalesWithTheCodeAndTheFactor)
     }
 }
 
-TEST_F(SymbolesTest, writesAnyNumberOfDecimals)
+TEST_F(DessinSymbolesTest, writesAnyNumberOfDecimals)
 {
     codifPoint& code = codificationDuModule().getCodif(5);
     const struct {
@@ -194,7 +138,7 @@ TEST_F(SymbolesTest, writesAnyNumberOfDecimals)
     }
 }
 
-TEST_F(SymbolesTest, addsTheCodeItLacks)
+TEST_F(DessinSymbolesTest, addsTheCodeItLacks)
 {
     pointDuDessin p = point(L"P", 1, 2, 3, 7);
     p.creer(true);
@@ -203,7 +147,7 @@ TEST_F(SymbolesTest, addsTheCodeItLacks)
     EXPECT_TRUE(codificationDuModule().getCodif(7).libelle == L"Code 7");
 }
 
-TEST_F(SymbolesTest, drawsNothingWithoutBlockOrPlace)
+TEST_F(DessinSymbolesTest, drawsNothingWithoutBlockOrPlace)
 {
     codifPoint& code = codificationDuModule().getCodif(5);
     const struct {
@@ -227,7 +171,7 @@ TEST_F(SymbolesTest, drawsNothingWithoutBlockOrPlace)
     }
 }
 
-TEST_F(SymbolesTest, usesABlockThatIsThere)
+TEST_F(DessinSymbolesTest, usesABlockThatIsThere)
 {
     bloc({});
     codifPoint& code = codificationDuModule().getCodif(5);
@@ -237,7 +181,7 @@ TEST_F(SymbolesTest, usesABlockThatIsThere)
     EXPECT_EQ(nomBloc(*referenceLue(p.getId()).object()), "AUTRE");
 }
 
-TEST_F(SymbolesTest, drawsOnLayersThatAreThereUnlessAskedToMakeThem)
+TEST_F(DessinSymbolesTest, drawsOnLayersThatAreThereUnlessAskedToMakeThem)
 {
     pointDuDessin p = point(L"P", 1, 2, 3);
     p.creer(false);
@@ -255,7 +199,7 @@ TEST_F(SymbolesTest, drawsOnLayersThatAreThereUnlessAskedToMakeThem)
     acdbHostApplicationServices()->setWorkingDatabase(&db);
 }
 
-TEST_F(SymbolesTest, bringsTheSymbolInLine)
+TEST_F(DessinSymbolesTest, bringsTheSymbolInLine)
 {
     pointDuDessin p = point(L"P1", 100, 200, 12.3456);
     p.creer(true, L"obs");
@@ -279,7 +223,7 @@ TEST_F(SymbolesTest, bringsTheSymbolInLine)
     EXPECT_EQ(lignes, (std::vector<std::string>{"1", "p2", "", "obs"})) << "the name as it is; code and text stay";
 }
 
-TEST_F(SymbolesTest, drawsAgainWhatIsGone)
+TEST_F(DessinSymbolesTest, drawsAgainWhatIsGone)
 {
     pointDuDessin p = point(L"P1", 1, 2, 3);
     p.updateDrawing();
@@ -299,13 +243,14 @@ TEST_F(SymbolesTest, drawsAgainWhatIsGone)
     EXPECT_EQ(p.getId().database(), &autre);
     acdbHostApplicationServices()->setWorkingDatabase(&db);
 
-    const AcDbObjectId ligne = ajouter(new AcDbLine({0, 0, 0}, {1, 1, 0}));
+    const AcDbObjectId ligne =
+        ajouterEspaceObjet(std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0)));
     p.setId(ligne);
     p.updateDrawing();
     EXPECT_EQ(p.getId(), ligne) << "an entity of another kind stays";
 }
 
-TEST_F(SymbolesTest, readsASymbol)
+TEST_F(DessinSymbolesTest, readsASymbol)
 {
     struct Row {
         const char* name;
@@ -340,7 +285,8 @@ TEST_F(SymbolesTest, readsASymbol)
         EXPECT_EQ(p.getCode(), r.code);
         EXPECT_EQ(p.getZ(), r.z) << "never the elevation";
     }
-    for (const AcDbObjectId id : {AcDbObjectId(), ajouter(new AcDbLine({0, 0, 0}, {1, 1, 0}))}) {
+    for (const AcDbObjectId id :
+         {AcDbObjectId(), ajouterEspaceObjet(std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0)))}) {
         pointDuDessin p = point(L"avant", 6, 7, 8, 9);
         p.setId(id);
         EXPECT_EQ(p.updateFromDrawing(id), 0);
@@ -349,7 +295,7 @@ TEST_F(SymbolesTest, readsASymbol)
     }
 }
 
-TEST_F(SymbolesTest, keepsATableAndTheDrawingInStep)
+TEST_F(DessinSymbolesTest, keepsATableAndTheDrawingInStep)
 {
     listePointsDuDessin table;
     for (int i = 1; i <= 3; ++i) {
@@ -383,7 +329,7 @@ TEST_F(SymbolesTest, keepsATableAndTheDrawingInStep)
     EXPECT_EQ(lue.getData(position)->getZ(), 1e38);
 }
 
-TEST_F(SymbolesTest, givesASymbolAnotherCode)
+TEST_F(DessinSymbolesTest, givesASymbolAnotherCode)
 {
     pointDuDessin p = point(L"P1", 100, 200, 3);
     p.creer(true, L"obs");
@@ -402,102 +348,6 @@ TEST_F(SymbolesTest, givesASymbolAnotherCode)
     code.chemin = L"C:\\absent.dwg";
     EXPECT_FALSE(conformerSymbole(p.getId(), 100, codificationDuModule()));
     EXPECT_FALSE(conformerSymbole({}, 100, codificationDuModule()));
-}
-
-/// A point of every code, through a saved drawing whose symbols are edited.
-TEST_F(SymbolesTest, goesRoundThroughTheDrawing)
-{
-    tableCodification& codes = codificationDuModule();
-    listePointsDuDessin table;
-    for (const auto& e : std::filesystem::directory_iterator(supportEssai::fichier("biblio"))) {
-        if (e.path().extension() != ".dxf")
-            continue;
-        const int numero = codes.plusPetitNumeroLibre();
-        codifPoint& code = codes.getCodif(numero);
-        code.chemin = cheminBiblio((e.path().stem().wstring() + L".dwg").c_str());
-        code.tailleBlock = 0.1 * numero;
-        code.precisionAltitudes = numero % 5;
-        code.layers[calqueBlock].Format(L"Calque \u00e9%d", numero);
-        CString nom;
-        nom.Format(L"\u00c9%d", numero);
-        table.Ajouter(point(nom, 10.0 * numero + 0.123456789, -3.7 * numero, numero % 3 ? numero : 1e38, numero));
-    }
-    const int nombre = table.nbPoint();
-    ASSERT_GE(nombre, 14);
-    table.updateDrawing();
-
-    DocumentList& liste = DocumentList::instance();
-    const std::wstring fichier = supportEssai::fichier("tour.dxf").wstring();
-    ASSERT_FALSE(liste.saveAs(*liste.current(), fichier));
-    liste.closeAll();
-    const DocumentList::Opened ouvert = liste.open(fichier);
-    ASSERT_NE(ouvert.document, nullptr);
-
-    listePointsDuDessin lue;
-    lue.updateFromDrawing();
-    ASSERT_EQ(lue.nbPoint(), nombre);
-    for (int i = 0; i < nombre; ++i) {
-        int place = -1;
-        ASSERT_TRUE(lue.existPoint(CString(table.getData(i)->getNomPoint()), place));
-        EXPECT_TRUE(*lue.getData(place) == *table.getData(i))
-            << "altitudes are whole: every number of decimals keeps them";
-    }
-
-    const AcDbObjectId id = lue.getData(0)->getId();
-    {
-        const referenceLue symbole(id, AcDb::kForWrite);
-        symbole->setPosition({1, 2, 99});
-        pourChaqueAttribut(*symbole.object(), AcDb::kForRead, [](AcDbAttribute& attribut) {
-            for (const auto& [etiquette, texte] :
-                 {std::pair(L"NUMPT", L"EDITE"), {L"CODE", L"9999"}, {L"Z", L"-1.5"}, {L"OBS", L"vu"}})
-                if (memeEtiquette(attribut, etiquette))
-                    changerTexte(attribut, texte);
-        });
-    }
-    lue.updateFromDrawing();
-    int place = -1;
-    ASSERT_TRUE(lue.existPoint(L"edite", place));
-    EXPECT_EQ(lue.getData(place)->getAs3dPnt(), AcGePoint3d(1, 2, -1.5));
-    EXPECT_EQ(lue.getData(place)->getCode(), 9999);
-    EXPECT_EQ(lue.nbPoint(), nombre);
-}
-
-/// The library: every symbol is drawn around its insertion point, one unit wide at most, on the layer it is put on.
-TEST_F(SymbolesTest, hasALibraryOfSymbols)
-{
-    int nombre = 0;
-    for (const auto& e : std::filesystem::directory_iterator(supportEssai::fichier("biblio"))) {
-        if (e.path().extension() != ".dxf")
-            continue;
-        const std::string nom = e.path().stem().string();
-        SCOPED_TRACE(nom);
-        ++nombre;
-        codifPoint& code = codificationDuModule().getCodif(5);
-        code.chemin = cheminBiblio((std::wstring(nom.begin(), nom.end()) + L".dwg").c_str());
-        code.layers[calqueBlock] = L"SYMBOLES";
-        pointDuDessin p = point(L"", 0, 0, 1e38, 5);
-        p.creer(true);
-        const referenceLue reference(p.getId());
-        ASSERT_EQ(reference.openStatus(), Acad::eOk);
-        EXPECT_EQ(nomBloc(*reference.object()), nom);
-        AcDbVoidPtrArray parties;
-        ASSERT_EQ(reference->explode(parties), Acad::eOk);
-        EXPECT_GT(parties.length(), 0);
-        AcDbExtents boite;
-        for (void* partie : parties) {
-            const std::unique_ptr<AcDbEntity> entite(static_cast<AcDbEntity*>(partie));
-            EXPECT_EQ(nomCalque(*entite), "0");
-            EXPECT_EQ(entite->colorIndex(), 256);
-            AcDbExtents sienne;
-            EXPECT_EQ(entite->getGeomExtents(sienne), Acad::eOk);
-            boite.addExt(sienne);
-        }
-        EXPECT_GE(boite.minPoint().x, -0.5001);
-        EXPECT_LE(boite.maxPoint().x, 0.5001);
-        EXPECT_GE(boite.minPoint().y, -0.5001);
-        EXPECT_LE(boite.maxPoint().y, 0.5001);
-    }
-    EXPECT_GE(nombre, 14);
 }
 
 } // namespace
