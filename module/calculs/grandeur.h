@@ -5,6 +5,12 @@
 /// The mark of a coordinate, angle, distance or height that is not known, compared exactly.
 inline constexpr double inconnu = 1e38;
 
+/// Whether a value is known and finite: what a point must have to be drawn.
+inline bool estConnue(double valeur)
+{
+    return std::isfinite(valeur) && valeur != inconnu;
+}
+
 /// A real that may be unknown: any operation that meets the unknown value yields it, where plain arithmetic would
 /// average it away (1e38 shared among four stations is no longer 1e38). Otherwise the operations are those of double.
 class grandeur {

@@ -1,7 +1,7 @@
 #include "codification/DlgChoixCode.h"
 
 #include "codification/codificationDuModule.h"
-#include "codification/symbolePoint.h"
+#include "codification/nombresTexte.h"
 #include "frame/argumentsLisp.h"
 #include "frame/dialogueCellules.h"
 #include "frame/listeLisp.h"
@@ -16,7 +16,7 @@ DlgChoixCode::DlgChoixCode(const tableCodification& table) : m_ui(std::make_uniq
     preparerListe(liste, {"Code", "Libéllé"});
     liste.setRowCount(table.nombre());
     for (int i = 0; i < table.nombre(); ++i) {
-        liste.setItem(i, 0, new celluleNombre(texteCode(table[i].code)));
+        liste.setItem(i, 0, new celluleNombre(texteEntier(table[i].code)));
         liste.setItem(i, 1, new celluleTexte(table[i].libelle));
     }
     choisirDansListe(*this, liste, *m_ui->editChercher, *m_ui->boutonOk);

@@ -51,7 +51,10 @@ DlgCodification::DlgCodification(const codifPoint& leCode, const tableCodificati
 {
     m_ui->setupUi(this);
     afficher();
-    m_ui->editCode->setReadOnly(m_mode == mode::edition);
+    if (m_mode == mode::edition) {
+        m_ui->editCode->setReadOnly(true);
+        m_ui->editLibelle->setFocus();
+    }
     connect(m_ui->editCode, &QLineEdit::editingFinished, this, [this] {
         if (m_ui->editCode->text().contains(u'?'))
             validerNumero();
@@ -71,7 +74,6 @@ void DlgCodification::afficher()
     m_ui->editPrecision->setValue(m_code.precisionAltitudes);
     m_ui->editTaille->setText(QString::number(m_code.tailleBlock, 'g', 15));
     for (const champsCalque& champs : champsCalques(*m_ui)) {
-        m_code.calques[champs.emplacement].setNull();
         champs.nom->setText(texteQt(m_code.layers[champs.emplacement]));
         champs.couleur->setValue(m_code.couleurs[champs.emplacement]);
     }

@@ -2,7 +2,7 @@
 
 #include "codification/codificationDuModule.h"
 #include "codification/DlgCodification.h"
-#include "codification/symbolePoint.h"
+#include "codification/nombresTexte.h"
 #include "frame/dialogueCellules.h"
 #include "frame/dialogueMessage.h"
 #include "ui_DlgTableCodification.h"
@@ -18,13 +18,13 @@ constexpr int roleIndex = Qt::UserRole;
 
 void ecrireLigne(QTableWidget& liste, int ligne, const codifPoint& code, int index)
 {
-    auto* const numero = new celluleNombre(texteCode(code.code));
+    auto* const numero = new celluleNombre(texteEntier(code.code));
     numero->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     numero->setData(roleIndex, index);
     int colonne = 0;
     for (QTableWidgetItem* const cellule :
          {static_cast<QTableWidgetItem*>(numero), static_cast<QTableWidgetItem*>(new celluleTexte(code.libelle)),
-          static_cast<QTableWidgetItem*>(new celluleNombre(texteCode(code.precisionAltitudes))),
+          static_cast<QTableWidgetItem*>(new celluleNombre(texteEntier(code.precisionAltitudes))),
           static_cast<QTableWidgetItem*>(new celluleTexte(code.chemin))})
         liste.setItem(ligne, colonne++, cellule);
 }

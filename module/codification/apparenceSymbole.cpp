@@ -1,8 +1,10 @@
 #include "codification/apparenceSymbole.h"
 
 #include "codification/attributsBloc.h"
+#include "codification/nombresTexte.h"
 #include "points/attribsPoints.h"
 
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -23,9 +25,9 @@ void conformerAttributs(const AcDbBlockReference& reference, const codifPoint& c
     pourChaqueAttribut(reference, AcDb::kForWrite, [&](AcDbAttribute& attribut) {
         for (const auto& [etiquette, calque] : calques)
             if (memeEtiquette(attribut, etiquette))
-                donnerCalque(attribut, codif.calques[calque]);
+                donnerCalque(attribut, codif.idCalques[calque]);
         if (memeEtiquette(attribut, etiquettes.code))
-            attribut.setTextString(texteCode(codif.code));
+            attribut.setTextString(texteEntier(codif.code));
     });
 }
 
@@ -36,7 +38,7 @@ bool retaillerSymbole(AcDbBlockReference& reference, double taille)
     const double actuelle = reference.scaleFactors().sx;
     if (actuelle == taille)
         return true;
-    const AcGeMatrix3d homothetie = AcGeMatrix3d::scaling(taille / actuelle, reference.position());
+    const AcGeMatrix3d homothetie = AcGeMatrix3d::scaling(taille / std::abs(actuelle), reference.position());
     return reference.transformBy(homothetie) == Acad::eOk &&
            reference.setScaleFactors({taille, taille, taille}) == Acad::eOk;
 }
@@ -57,7 +59,7 @@ bool conformerSymbole(const AcDbObjectId& id, int code, tableCodification& table
     const AcDbObjectId bloc = preparerCalques(db, codif, true) ? blocDuCode(db, codif) : AcDbObjectId();
     if (bloc.isNull() || reference->setBlockTableRecord(bloc) != Acad::eOk)
         return false;
-    donnerCalque(*reference.object(), codif.calques[calqueBlock]);
+    donnerCalque(*reference.object(), codif.idCalques[calqueBlock]);
     conformerAttributs(*reference.object(), codif);
     return retaillerSymbole(*reference.object(), tailleSymbole(codif));
 }

@@ -45,9 +45,9 @@ void codifPoint::creerCalques(AcDbLayerTable* table)
         CString nom = layers[e];
         if (nom.Trim(blancsSaisie).IsEmpty())
             nom = layers[e] = L"0";
-        calques[e].setNull();
-        if (cible->getAt(nom, calques[e]) != Acad::eOk)
-            calques[e] = ajouterCalque(*cible, nom, couleurs[e]);
+        idCalques[e].setNull();
+        if (cible->getAt(nom, idCalques[e]) != Acad::eOk)
+            idCalques[e] = ajouterCalque(*cible, nom, couleurs[e]);
     }
     if (ouverte)
         ouverte->close();
@@ -58,7 +58,7 @@ void codifPoint::retrouverCalques(const AcDbLayerTable& table)
     for (std::size_t e = 0; e < nombreCalques; ++e) {
         CString nom = layers[e];
         nom.Trim(blancsSaisie);
-        calques[e].setNull();
-        table.getAt(nom.IsEmpty() ? L"0" : nom.GetString(), calques[e]);
+        idCalques[e].setNull();
+        table.getAt(nom.IsEmpty() ? L"0" : nom.GetString(), idCalques[e]);
     }
 }

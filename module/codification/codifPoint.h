@@ -12,11 +12,11 @@ class AcDbLayerTable;
 enum emplacementCalque { calqueBlock, calqueAltitudes, calqueNumero, calqueObs, calqueCode, nombreCalques };
 
 /// Ids of the layers in one drawing. They belong to it: a copy starts without any, an assignment keeps those it has.
-class idsCalques {
+class calquesResolus {
 public:
-    idsCalques() = default;
-    idsCalques(const idsCalques&) {}
-    idsCalques& operator=(const idsCalques&) { return *this; }
+    calquesResolus() = default;
+    calquesResolus(const calquesResolus&) {}
+    calquesResolus& operator=(const calquesResolus&) { return *this; }
 
     AcDbObjectId& operator[](std::size_t emplacement) { return ids.at(emplacement); }
     const AcDbObjectId& operator[](std::size_t emplacement) const { return ids.at(emplacement); }
@@ -35,7 +35,7 @@ struct codifPoint {
     double tailleBlock = 1.0; ///< scale of the block and height of the texts, in drawing units
     /// Colour indexes (0 to 256) that the layers get when they are made.
     std::array<int, nombreCalques> couleurs{7, 7, 7, 7, 7};
-    idsCalques calques; ///< filled by creerCalques; null until then
+    calquesResolus idCalques; ///< filled by creerCalques; null until then
     std::array<CString, nombreCalques> layers{L"0", L"_ Altitudes Points", L"_ Numero Points", L"_ Obs Points",
                                               L"_ Codes Points"};
     int precisionAltitudes = 2; ///< decimals of the altitude text
@@ -43,11 +43,11 @@ struct codifPoint {
     CString getLayer(int emplacement) const { return layers.at(static_cast<std::size_t>(emplacement)); }
     void setLayer(int emplacement, const wchar_t* nom) { layers.at(static_cast<std::size_t>(emplacement)) = nom; }
 
-    /// Makes sure that the five layers exist, and fills `calques`. A blank name becomes "0"; a layer that exists keeps
-    /// its colour. @param table open for write; null: that of the working drawing is opened and closed. Without one,
-    /// nothing happens.
+    /// Makes sure that the five layers exist, and fills `idCalques`. A blank name becomes "0"; a layer that exists
+    /// keeps its colour. @param table open for write; null: that of the working drawing is opened and closed. Without
+    /// one, nothing happens.
     void creerCalques(AcDbLayerTable* table = nullptr);
-    /// Fills `calques` with those of the five layers that exist, the others null.
+    /// Fills `idCalques` with those of the five layers that exist, the others null.
     void retrouverCalques(const AcDbLayerTable& table);
 
     /// The older text form, 8-bit: a block of lines from "Code {" to "}". Fields that the block does not name stay as

@@ -2,6 +2,7 @@
 
 #include "codification/apparenceSymbole.h"
 #include "codification/codificationDuModule.h"
+#include "codification/regleCode.h"
 #include "frame/argumentsLisp.h"
 #include "frame/blocFichier.h"
 #include "frame/CAcadUndoGroup.h"
@@ -15,23 +16,12 @@
 
 namespace {
 
-bool codeValable(int code)
-{
-    return code >= 1 && code <= 9999;
-}
-
-/// Optional arguments, one after the other; a missing one is no fault.
+/// Arguments of which the last ones may be missing.
 bool lireChamps(argumentsLisp& arguments, codifPoint& codif)
 {
-    if (arguments.fini())
-        return true;
-    if (!arguments.lireTexte(codif.libelle) || arguments.fini())
-        return arguments.fini();
-    if (!arguments.lireTexte(codif.chemin) || arguments.fini())
-        return arguments.fini();
-    if (!arguments.lireReel(codif.tailleBlock) || arguments.fini())
-        return arguments.fini();
-    return arguments.lireEntier(codif.precisionAltitudes) && arguments.fini();
+    (void)(arguments.lireTexte(codif.libelle) && arguments.lireTexte(codif.chemin) &&
+           arguments.lireReel(codif.tailleBlock) && arguments.lireEntier(codif.precisionAltitudes));
+    return arguments.fini(); // else the reading stopped at one of another kind, or at one too many
 }
 
 } // namespace

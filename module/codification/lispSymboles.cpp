@@ -4,6 +4,7 @@
 #include "codification/attributsBloc.h"
 #include "codification/codificationDuModule.h"
 #include "codification/dissocierBloc.h"
+#include "codification/regleCode.h"
 #include "frame/argumentsLisp.h"
 #include "frame/CAcadUndoGroup.h"
 #include "frame/listeLisp.h"
@@ -17,7 +18,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -115,7 +115,7 @@ int lispTpcdaddpt()
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
         (!arguments.fini() && !arguments.lireEntier(code)) ||
-        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini() || !codeValable(code))
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)
@@ -239,17 +239,11 @@ int lispDissocblock()
     if (!argumentsLisp().fini())
         return refuserParametres();
     const CAcadUndoGroup groupe;
-    std::unordered_set<std::int64_t> dissocies;
+    int dissocies = 0;
+    // Points keep the references, which are erased: undo gives them their symbols back.
     for (const AcDbObjectId& id : demanderSelection(L"\nSelectionnez les elements a dissocier", L"INSERT"))
         if (dissocierBloc(id))
-            dissocies.insert(id.asOldId());
-    for (int t = 0; tablesPoints && t < tablesPoints->nbTables(); ++t) {
-        listePointsDuDessin& table = *tablesPoints->getTable(t);
-        const listePointsDuDessin& lue = table;
-        for (int i = 0; i < table.nbPoint(); ++i)
-            if (dissocies.contains(lue.getData(i)->getId().asOldId()))
-                table.getData(i)->setId({});
-    }
-    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", static_cast<int>(dissocies.size()));
+            ++dissocies;
+    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", dissocies);
     return RTNORM;
 }

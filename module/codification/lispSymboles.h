@@ -31,5 +31,5 @@ int lispSxd();
 /// told) to another's, in the plane: a list of groups of names. Prints their number.
 int lispSuperpos();
 /// (c:DISSOCBLOCK): asks "\nSelectionnez les elements a dissocier" and replaces block references by the entities they
-/// show; visible attributes become texts. Points that had them are no longer drawn.
+/// show; visible attributes become texts. Points that had them are no longer drawn, until it is undone.
 int lispDissocblock();

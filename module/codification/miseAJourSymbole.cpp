@@ -24,7 +24,7 @@ void ecrireTextes(const AcDbBlockReference& reference, const donneesSymbole& poi
     const texteEtiquete textes[] = {
         // Intended: the name's tag, where one expects that of the code. The name below wins, so a change of code does
         // not reach the symbol's code text; drawings and programs that read them count on it.
-        {etiquettes.numero, texteCode(point.code)},
+        {etiquettes.numero, texteEntier(point.code)},
         {etiquettes.numero, point.nom},
         {etiquettes.altitude, texteAltitude(point.z, codif)},
     };

@@ -17,3 +17,10 @@ int entierDeTexte(const wchar_t* texte)
         valeur = std::min(valeur * 10 + (*texte - L'0'), limite);
     return static_cast<int>(negatif ? -valeur : std::min(valeur, limite - 1));
 }
+
+CString texteEntier(int entier)
+{
+    CString texte;
+    texte.Format(L"%d", entier);
+    return texte;
+}

@@ -3,6 +3,11 @@
 #include "codification/nombresTexte.h"
 #include "codification/tableCodification.h"
 
+bool codeValable(int code)
+{
+    return code >= 1 && code <= 9999;
+}
+
 avisCode validerCode(const CString& saisie, const tableCodification& table, bool creation)
 {
     CString texte = saisie;
@@ -11,7 +16,7 @@ avisCode validerCode(const CString& saisie, const tableCodification& table, bool
         return {libre == 0 ? verdictCode::aucunLibre : verdictCode::propose, libre};
     }
     const int code = entierDeTexte(texte);
-    if (code < 1 || code > 9999)
+    if (!codeValable(code))
         return {verdictCode::horsBornes};
     if (creation && table.indexCode(code) >= 0)
         return {verdictCode::dejaExistant};

@@ -4,6 +4,9 @@
 
 class tableCodification;
 
+/// Whether a code may be given to a point or to a new code: 1 to 9999.
+bool codeValable(int code);
+
 /// What becomes of the code number that a user types.
 enum class verdictCode {
     accepte,

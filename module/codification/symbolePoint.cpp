@@ -1,6 +1,8 @@
 #include "codification/symbolePoint.h"
 
+#include "calculs/grandeur.h"
 #include "codification/donneesEtendues.h"
+#include "codification/nombresTexte.h"
 #include "frame/blocFichier.h"
 #include "frame/formatNombres.h"
 #include "points/attribsPoints.h"
@@ -21,7 +23,8 @@ void reglerFacteurSymboles(double facteur)
 
 double tailleSymbole(const codifPoint& codif)
 {
-    return facteurSymboles * codif.tailleBlock;
+    const bool dessinable = codif.tailleBlock > 0.0 && std::isfinite(codif.tailleBlock);
+    return facteurSymboles * (dessinable ? codif.tailleBlock : 1.0);
 }
 
 CString texteAltitude(double z, const codifPoint& codif)
@@ -29,13 +32,6 @@ CString texteAltitude(double z, const codifPoint& codif)
     CString texte;
     if (z != 1e38)
         formaterFixe(z, codif.precisionAltitudes, texte);
-    return texte;
-}
-
-CString texteCode(int code)
-{
-    CString texte;
-    texte.Format(L"%d", code);
     return texte;
 }
 
@@ -62,7 +58,7 @@ AcDbObjectId blocDuCode(AcDbDatabase& db, const codifPoint& codif)
 
 bool placeConnue(const donneesSymbole& point)
 {
-    return std::isfinite(point.x) && std::isfinite(point.y) && point.x != 1e38 && point.y != 1e38;
+    return estConnue(point.x) && estConnue(point.y);
 }
 
 namespace {
@@ -105,8 +101,8 @@ void ajouterAttribut(AcDbBlockReference& reference, const attributSymbole& model
     attribut->setInvisible(!modele.visible);
     if (reference.appendAttribute(attribut.get()) != Acad::eOk)
         return;
-    if (!codif.calques[modele.calque].isNull())
-        attribut->setLayer(codif.calques[modele.calque]);
+    if (!codif.idCalques[modele.calque].isNull())
+        attribut->setLayer(codif.idCalques[modele.calque]);
     attribut.release()->close();
 }
 
@@ -115,7 +111,7 @@ void ajouterAttributs(AcDbBlockReference& reference, const donneesSymbole& point
 {
     const attribsPoints& etiquettes = attribsDuModule;
     const attributSymbole attributs[] = {
-        {etiquettes.code, texteCode(point.code), 2.0, calqueCode, false},
+        {etiquettes.code, texteEntier(point.code), 2.0, calqueCode, false},
         {etiquettes.numero, point.nom, 0.5, calqueNumero, true},
         {etiquettes.altitude, altitude, -1.0, calqueAltitudes, true},
         {etiquettes.observation, point.observation, -2.5, calqueObs, true},
@@ -142,8 +138,8 @@ int insererSymbolePoint(const donneesSymbole& point, AcDbDatabase* db, tableCodi
         return 0;
     const double taille = tailleSymbole(codif);
     reference->setScaleFactors({taille, taille, taille});
-    if (!codif.calques[calqueBlock].isNull())
-        reference->setLayer(codif.calques[calqueBlock]);
+    if (!codif.idCalques[calqueBlock].isNull())
+        reference->setLayer(codif.idCalques[calqueBlock]);
     ajouterAttributs(*reference, point, codif, altitudeConnue ? texteAltitude(point.z, codif) : CString());
     marquerSymbole(*reference);
     id = reference->objectId();

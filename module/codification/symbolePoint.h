@@ -26,10 +26,10 @@ extern double facteurSymboles;
 /// Takes the absolute value; one below 1e-6 gives 1.0.
 void reglerFacteurSymboles(double facteur);
 
-/// Scale of the block and height of the texts of a code.
+/// Scale of the block and height of the texts of a code. A size that nothing can be drawn at, which a code file may
+/// hold, counts as 1.
 double tailleSymbole(const codifPoint& codif);
 
-CString texteCode(int code);
 /// Altitude text of a point of that code; empty when the altitude is unknown.
 CString texteAltitude(double z, const codifPoint& codif);
 

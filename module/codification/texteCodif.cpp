@@ -35,13 +35,6 @@ struct ligneTexte {
     CString (*ecrire)(const codifPoint&);
 };
 
-CString texteDe(int entier)
-{
-    CString texte;
-    texte.Format(L"%d", entier);
-    return texte;
-}
-
 template <emplacementCalque E>
 constexpr ligneTexte ligneCalque(const wchar_t* motCle)
 {
@@ -53,13 +46,13 @@ template <emplacementCalque E>
 constexpr ligneTexte ligneCouleur(const wchar_t* motCle)
 {
     return {motCle, [](codifPoint& c, const CString& v) { lireCouleur(c.couleurs[E], v); },
-            [](const codifPoint& c) { return texteDe(c.couleurs[E]); }};
+            [](const codifPoint& c) { return texteEntier(c.couleurs[E]); }};
 }
 
 /// In the order of writing. No keyword begins another: the order does not count for reading.
 const ligneTexte lignes[] = {
     {L"CODE:", [](codifPoint& c, const CString& v) { c.code = std::clamp(entierDeTexte(v), 1, 9999); },
-     [](const codifPoint& c) { return texteDe(c.code); }},
+     [](const codifPoint& c) { return texteEntier(c.code); }},
     {L"LIBELLE:", [](codifPoint& c, const CString& v) { c.libelle = v; },
      [](const codifPoint& c) { return c.libelle; }},
     {L"CHEMIN:", [](codifPoint& c, const CString& v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; }},
@@ -71,7 +64,7 @@ const ligneTexte lignes[] = {
      }},
     {L"PRECISIONALTITUDES:",
      [](codifPoint& c, const CString& v) { c.precisionAltitudes = std::clamp(entierDeTexte(v), 0, 8); },
-     [](const codifPoint& c) { return texteDe(c.precisionAltitudes); }},
+     [](const codifPoint& c) { return texteEntier(c.precisionAltitudes); }},
     ligneCalque<calqueBlock>(L"LAYBLOCK:"),
     ligneCalque<calqueAltitudes>(L"LAYALTITUDES:"),
     ligneCalque<calqueNumero>(L"LAYNUMERO:"),

@@ -12,13 +12,6 @@ constexpr const char* elementRacine = "codifPoints";
 constexpr const char* elementTable = "TBdata";
 constexpr const char* elementCode = "codifPoint";
 
-CString texteDe(int entier)
-{
-    CString texte;
-    texte.Format(L"%d", entier);
-    return texte;
-}
-
 /// One field of a code: its element, and how it is read and written.
 struct champXml {
     const char* element;
@@ -37,13 +30,13 @@ template <emplacementCalque E>
 constexpr champXml champCouleur(const char* element)
 {
     return {element, [](codifPoint& c, const CString& v) { c.couleurs[E] = entierDeTexte(v); },
-            [](const codifPoint& c) { return texteDe(c.couleurs[E]); }};
+            [](const codifPoint& c) { return texteEntier(c.couleurs[E]); }};
 }
 
 /// In the order of writing, which is not that of the record.
 const champXml champs[] = {
     {"code", [](codifPoint& c, const CString& v) { c.code = entierDeTexte(v); },
-     [](const codifPoint& c) { return texteDe(c.code); }},
+     [](const codifPoint& c) { return texteEntier(c.code); }},
     {"libelle", [](codifPoint& c, const CString& v) { c.libelle = v; }, [](const codifPoint& c) { return c.libelle; }},
     {"chemin", [](codifPoint& c, const CString& v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; }},
     {"tailleBlock", [](codifPoint& c, const CString& v) { c.tailleBlock = reelDeTexte(v.GetString()); },
@@ -53,7 +46,7 @@ const champXml champs[] = {
          return texte;
      }},
     {"precisionAltitudes", [](codifPoint& c, const CString& v) { c.precisionAltitudes = entierDeTexte(v); },
-     [](const codifPoint& c) { return texteDe(c.precisionAltitudes); }},
+     [](const codifPoint& c) { return texteEntier(c.precisionAltitudes); }},
     champCalque<calqueBlock>("layerBlock"),
     champCalque<calqueAltitudes>("layerAltitudes"),
     champCalque<calqueNumero>("layerNumero"),

@@ -1,8 +1,10 @@
 #include "points/CformulaireXYZ.h"
 
+#include "calculs/grandeur.h"
 #include "calculs/reelDeTexte.h"
 #include "codification/codificationDuModule.h"
 #include "codification/nombresTexte.h"
+#include "codification/regleCode.h"
 #include "frame/dialogueCellules.h"
 #include "frame/dialogueMessage.h"
 #include "points/editionPoint.h"
@@ -29,7 +31,7 @@ bool dire(const wchar_t* texte, QWidget& champ)
     return false;
 }
 
-/// An empty field is an unknown altitude.
+/// An altitude may be unknown: its field is empty.
 bool lireCoordonnee(QLineEdit& champ, const wchar_t* refus, bool peutManquer, double& valeur)
 {
     const std::wstring texte = champ.text().trimmed().toStdWString();
@@ -39,7 +41,7 @@ bool lireCoordonnee(QLineEdit& champ, const wchar_t* refus, bool peutManquer, do
     }
     bool entierement = false;
     valeur = reelDeTexte(texte, &entierement);
-    return entierement || dire(refus, champ);
+    return (entierement && estConnue(valeur)) || dire(refus, champ);
 }
 
 } // namespace
@@ -149,7 +151,7 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
         !lireCoordonnee(*m_ui->editZ, L"Z n'est pas un nombre", true, z))
         return std::nullopt;
     const int code = entierDeTexte(texteHote(m_ui->comboCode->currentText()));
-    if (code < 1 || code > 9999) {
+    if (!codeValable(code)) {
         dire(L"Code incorrect\nTapez un nombre compris entre 1 et 9999", *m_ui->comboCode);
         return std::nullopt;
     }

@@ -1,25 +1,16 @@
 #include "points/etendueDesPoints.h"
 
+#include "calculs/grandeur.h"
 #include "points/listePointsDuDessin.h"
 
 #include <algorithm>
-#include <cmath>
 
-namespace {
-
-bool connue(double coordonnee)
-{
-    return std::isfinite(coordonnee) && coordonnee != coordonneeInconnue;
-}
-
-} // namespace
-
-std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, int code)
+std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, std::optional<int> code)
 {
     std::optional<etendueVue> etendue;
     for (int i = 0; i < table.nbPoint(); ++i) {
         const pointDuDessin& p = *table.getData(i);
-        if ((code != 0 && p.getCode() != code) || !connue(p.getX()) || !connue(p.getY()))
+        if ((code && p.getCode() != *code) || !estConnue(p.getX()) || !estConnue(p.getY()))
             continue;
         if (!etendue)
             etendue = etendueVue{p.getX(), p.getY(), p.getX(), p.getY()};

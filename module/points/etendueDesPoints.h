@@ -6,6 +6,6 @@
 
 class listePointsDuDessin;
 
-/// The rectangle that the points of a table stand in, of one code or (0) of all. Points at an unknown place do not
+/// The rectangle that the points of a table stand in, of one code or of all. Points at an unknown place do not
 /// count; nothing when none is left.
-std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, int code = 0);
+std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, std::optional<int> code = {});

@@ -1,10 +1,12 @@
 #include "points/superpositions.h"
 
+#include "calculs/grandeur.h"
 #include "points/listePointsDuDessin.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
+#include <set>
+#include <utility>
 
 namespace {
 
@@ -34,15 +36,14 @@ private:
 
 bool place(const pointDuDessin& p)
 {
-    return std::isfinite(p.getX()) && std::isfinite(p.getY()) && p.getX() != coordonneeInconnue &&
-           p.getY() != coordonneeInconnue;
+    return estConnue(p.getX()) && estConnue(p.getY());
 }
 
 } // namespace
 
 std::vector<std::vector<int>> superpositions(const listePointsDuDessin& table, double distance)
 {
-    std::vector<int> parX; // from west to east: only neighbours within the distance are compared
+    std::vector<int> parX; // from west to east
     for (int i = 0; i < table.nbPoint(); ++i)
         if (place(*table.getData(i)))
             parX.push_back(i);
@@ -51,15 +52,17 @@ std::vector<std::vector<int>> superpositions(const listePointsDuDessin& table, d
         return xa != xb ? xa < xb : a < b;
     });
     groupesDisjoints groupes(table.nbPoint());
-    for (std::size_t i = 0; i < parX.size(); ++i) {
-        const pointDuDessin& p = *table.getData(parX[i]);
-        for (std::size_t j = i + 1; j < parX.size(); ++j) {
-            const pointDuDessin& q = *table.getData(parX[j]);
-            if (q.getX() - p.getX() >= distance)
-                break;
-            if (p.distanceTo(q) < distance)
-                groupes.reunir(parX[i], parX[j]);
-        }
+    std::set<std::pair<double, int>> colonne; // Y of the points met, but those too far west of the next one
+    std::size_t ouest = 0;
+    for (const int i : parX) {
+        const pointDuDessin& p = *table.getData(i);
+        for (; p.getX() - table.getData(parX[ouest])->getX() >= distance; ++ouest)
+            colonne.erase({table.getData(parX[ouest])->getY(), parX[ouest]});
+        const double nord = p.getY() + distance;
+        for (auto q = colonne.lower_bound({p.getY() - distance, 0}); q != colonne.end() && q->first <= nord; ++q)
+            if (p.distanceTo(*table.getData(q->second)) < distance)
+                groupes.reunir(i, q->second);
+        colonne.emplace(p.getY(), i);
     }
     std::vector<std::vector<int>> parRacine(static_cast<std::size_t>(table.nbPoint()));
     for (const int i : parX)

@@ -39,15 +39,15 @@ TEST(CodifPoint, neverCarriesItsLayersOver)
     AcDbDatabase db;
     codifPoint code;
     code.libelle = L"A";
-    code.calques[calqueObs] = db.layerZero();
+    code.idCalques[calqueObs] = db.layerZero();
     const codifPoint copie = code;
-    EXPECT_TRUE(copie.calques[calqueObs].isNull());
+    EXPECT_TRUE(copie.idCalques[calqueObs].isNull());
     EXPECT_TRUE(copie.libelle == L"A");
     codifPoint cible;
-    cible.calques[calqueCode] = db.layerZero();
+    cible.idCalques[calqueCode] = db.layerZero();
     cible = code;
-    EXPECT_FALSE(cible.calques[calqueCode].isNull()) << "the target's own stay";
-    EXPECT_TRUE(cible.calques[calqueObs].isNull());
+    EXPECT_FALSE(cible.idCalques[calqueCode].isNull()) << "the target's own stay";
+    EXPECT_TRUE(cible.idCalques[calqueObs].isNull());
     EXPECT_TRUE(cible.libelle == L"A");
 }
 
@@ -177,13 +177,13 @@ TEST(CodifPoint, makesItsLayers)
     premier.creerCalques();
     EXPECT_TRUE(premier.layers[0] == L"0") << "a blank name becomes 0 in the record itself";
     EXPECT_TRUE(premier.layers[1] == L" ALTI. ") << "other names stay as typed";
-    EXPECT_EQ(premier.calques[0], db.layerZero());
-    EXPECT_EQ(calque(premier.calques[0]).couleur, 7) << "a layer that exists keeps its colour";
-    EXPECT_EQ(calque(premier.calques[1]).nom, L"ALTI");
-    EXPECT_EQ(calque(premier.calques[1]).couleur, 4);
-    EXPECT_EQ(calque(premier.calques[2]).couleur, 5);
-    EXPECT_TRUE(premier.calques[3].isNull()) << "no name of a layer";
-    EXPECT_EQ(premier.calques[4], premier.calques[2]) << "letter case does not count";
+    EXPECT_EQ(premier.idCalques[0], db.layerZero());
+    EXPECT_EQ(calque(premier.idCalques[0]).couleur, 7) << "a layer that exists keeps its colour";
+    EXPECT_EQ(calque(premier.idCalques[1]).nom, L"ALTI");
+    EXPECT_EQ(calque(premier.idCalques[1]).couleur, 4);
+    EXPECT_EQ(calque(premier.idCalques[2]).couleur, 5);
+    EXPECT_TRUE(premier.idCalques[3].isNull()) << "no name of a layer";
+    EXPECT_EQ(premier.idCalques[4], premier.idCalques[2]) << "letter case does not count";
 
     codifPoint second;
     second.layers = {L"0", L"alti", L"X", L"Y", L"absent"};
@@ -191,14 +191,14 @@ TEST(CodifPoint, makesItsLayers)
     AcDbLayerTable* calques = nullptr;
     ASSERT_EQ(db.getLayerTable(calques, AcDb::kForRead), Acad::eOk);
     second.retrouverCalques(*calques);
-    EXPECT_EQ(second.calques[1], premier.calques[1]);
-    EXPECT_TRUE(second.calques[2].isNull());
+    EXPECT_EQ(second.idCalques[1], premier.idCalques[1]);
+    EXPECT_TRUE(second.idCalques[2].isNull());
     ASSERT_EQ(calques->upgradeOpen(), Acad::eOk);
     second.creerCalques(calques);
     EXPECT_TRUE(calques->isWriteEnabled()) << "left open as it was";
     calques->close();
-    EXPECT_EQ(calque(second.calques[2]).couleur, 7) << "no colour of a layer";
-    EXPECT_EQ(calque(second.calques[3]).couleur, 7);
+    EXPECT_EQ(calque(second.idCalques[2]).couleur, 7) << "no colour of a layer";
+    EXPECT_EQ(calque(second.idCalques[3]).couleur, 7);
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     second.creerCalques(); // without a drawing: nothing
 }

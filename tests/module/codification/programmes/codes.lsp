@@ -40,9 +40,12 @@
 (c:vcode) ; >> \nCode des points a visualiser:100\n1 points de code 100
 (c:vcode) ; << 5
 (c:vcode) ; >> \nCode des points a visualiser:5\nPas de points de code 5 dans cette table
+(c:vcode) ; << 0
+(c:vcode) ; >> \nCode des points a visualiser:0\nPas de points de code 0 dans cette table
 (getvar "VIEWSIZE") ; => 11.0
 (getvar "VIEWCTR") ; => (1000.0 2000.0 0.0)
 (c:zoomleve) ; >> 
+(c:zoomleve 1) ; >> \nparametres incorrects.
 (getvar "VIEWCTR") ; => (500.5 1000.5 0.0)
 (selectionnerCode 1) ; >> \nparametres incorrects.
 (choixpoint 1) ; >> \nparametres incorrects.

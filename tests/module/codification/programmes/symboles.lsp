@@ -21,6 +21,8 @@
 (tpcdaddpt "x") ; >> \nparametres incorrects.
 (tpcdaddpt "x" '(1 2 3) 1 "o" 2) ; >> \nparametres incorrects.
 (tpcdaddpt "x" '(1 2 3) "1") ; >> \nparametres incorrects.
+(tpcdaddpt "x" '(1 2 3) 10000) ; >> \nparametres incorrects.
+(add_pt "x" '(1 2 3) 0) ; >> \nparametres incorrects.
 
 ; Sizes of blocks: the symbol of a new code is a cross of 0.35 on each side.
 (calctailleblock "VELABLK1") ; => (0.7 0.7)
@@ -31,6 +33,7 @@
 (sslength (select_all)) ; => 3
 (eq (ssname (select_all) 0) (ename_pt "p1")) ; => T
 (select_all 1) ; >> \nparametres incorrects.
+(progn (repeat 500 (setq jeu (select_all))) (sslength jeu)) ; => 3
 (sslength (seloncode 1)) ; => 2
 (seloncode 5) ; => nil
 (seloncode "1") ; >> \nparametres incorrects.
@@ -89,6 +92,8 @@
 (sxd (ename_pt "p1") '((1070 . "a"))) ; >> \nparametres incorrects.
 (sxd (ename_pt "p1") '((1070 . 40000))) ; >> \nparametres incorrects.
 (sxd (ename_pt "p1") '((8 . "0"))) ; >> \nparametres incorrects.
+(sxd (ename_pt "p1") '((1070 . 1.0))) ; >> \nparametres incorrects.
+(sxd (ename_pt "p1") '((1e300 . 1))) ; >> \nparametres incorrects.
 (sxd (ename_pt "p1") '((1010 1.0 2.0))) ; >> \nparametres incorrects.
 (sxd (ename_pt "p1") '(1070 1)) ; >> \nparametres incorrects.
 (sxd "p1" nil) ; >> \nparametres incorrects.
