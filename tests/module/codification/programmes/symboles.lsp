@@ -33,7 +33,7 @@
 (sslength (select_all)) ; => 3
 (eq (ssname (select_all) 0) (ename_pt "p1")) ; => T
 (select_all 1) ; >> \nparametres incorrects.
-(progn (repeat 500 (setq jeu (select_all))) (sslength jeu)) ; => 3
+(progn (repeat 600 (setq jeu (select_all))) (sslength jeu)) ; => 3
 (sslength (seloncode 1)) ; => 2
 (seloncode 5) ; => nil
 (seloncode "1") ; >> \nparametres incorrects.
