@@ -40,7 +40,7 @@ Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
     const auto phrases = avertissementsLecture(platform::wideFromUtf8(demande.observations), bilan);
     if (!bilan.lisible)
         throw erreurProgramme(platform::utf8FromWide(phrases.front()));
-    if (bilan.stations == 0 && !bilan.ignorees.empty())
+    if (bilan.stations == 0 && bilan.ignorees > 0)
         throw erreurProgramme(demande.observations + " : aucune station de départ lisible (nom, X, Y, Z, gisement) : "
                                                      "ce n'est pas un fichier de polygonale, ou ce nom est vide.");
     avertir(suites, phrases);
@@ -73,6 +73,9 @@ void verifierNoms(const demandePolygonale& demande)
         throw erreurProgramme("pour placer les stations, nommez un dessin (--dessin) ou, pour un dessin neuf, le "
                               "fichier à écrire (--enregistrer).");
     exigerExtensionDxf(dessinAEcrire(demande));
+    if (!demande.rapport.empty() && fs::absolute(cheminNatif(demande.rapport)).lexically_normal() ==
+                                        fs::absolute(cheminNatif(dessinAEcrire(demande))).lexically_normal())
+        throw erreurProgramme("le rapport et le dessin ont le même nom, « " + demande.rapport + " ».");
 }
 
 template <class Resultat>

@@ -19,15 +19,8 @@ std::wstring cite(const std::wstring& texte)
 
 void signalerCellule(std::size_t ligne, const wchar_t* colonne, const std::wstring& cellule, phrases& resultat)
 {
-    bool nombre = false;
-    reelDeTexte(cellule, &nombre);
-    if (nombre)
-        return;
-    std::wstring phrase = L"Ligne " + std::to_wstring(ligne) + L" : " + colonne + L" " + cite(cellule) +
-                          L" n'est pas un nombre ; seul ce qui précède la faute est lu, ou 0.";
-    if (cellule.find(L',') != std::wstring::npos)
-        phrase += L" Le séparateur décimal est le point.";
-    resultat.push_back(phrase);
+    if (const std::wstring remarque = remarqueNombre(colonne, cellule); !remarque.empty())
+        resultat.push_back(L"Ligne " + std::to_wstring(ligne) + L" : " + remarque);
 }
 
 void signalerDistances(const cheminement& c, phrases& resultat)

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <system_error>
 
 namespace {
 
@@ -101,46 +100,74 @@ std::wstring motCle(const std::wstring& element)
     return mot;
 }
 
-void lireMotCle(const elementsLigne& e, int& unite, int& nivellement)
+/// What is wrong in every line of a file is understood by then; one of millions of lines must not fill the memory.
+constexpr std::size_t remarquesGardees = 1000;
+
+/// The line being read, and what looks wrong in the file so far.
+struct lecture {
+    elementsLigne e;
+    std::size_t numero = 0;
+    bilanLecture bilan;
+    bool depart = false, arrivee = false, fermeture = false; ///< whether such a line has come
+
+    void remarquer(std::wstring phrase)
+    {
+        if (bilan.remarques.size() < remarquesGardees)
+            bilan.remarques.push_back({numero, std::move(phrase)});
+    }
+
+    /// The number that follows the key at `cle`.
+    double nombre(std::size_t cle)
+    {
+        if (std::wstring remarque = remarqueNombre(e[cle], e[cle + 1]); !remarque.empty())
+            remarquer(std::move(remarque));
+        return reelDeTexte(e[cle + 1]);
+    }
+};
+
+/// The keywords that both kinds of traverse have.
+void lireMotCleCommun(const lecture& l, int& unite, int& nivellement)
 {
-    const std::wstring mot = motCle(e[0]);
+    const std::wstring mot = motCle(l.e[0]);
     if (mot == L"ANGL")
-        unite = uniteAngulaireDe(e[1].front());
+        unite = uniteAngulaireDe(l.e[1].front());
     else if (mot == L"NIVE")
-        nivellement = nivellementDe(e[1].front());
+        nivellement = nivellementDe(l.e[1].front());
+}
+
+void lireMotCle(const lecture& l, donneesPolygonaleFermee& donnees)
+{
+    lireMotCleCommun(l, donnees.unite, donnees.nivellement);
+}
+
+void lireMotCle(lecture& l, donneesPolygonaleOuverte& donnees)
+{
+    lireMotCleCommun(l, donnees.unite, donnees.nivellement);
+    if (motCle(l.e[0]) != L"FERM")
+        return;
+    donnees.fermeture = l.nombre(0);
+    l.fermeture = true;
 }
 
 /// Stores the number of a key X, Y, Z or G; any other key is left alone.
-void lireCoordonnee(wchar_t cle, const std::wstring& valeur, stationPolygonale& station)
+void lireCoordonnee(lecture& l, std::size_t cle, stationPolygonale& station)
 {
-    switch (cle) {
+    switch (majuscule(l.e[cle].front())) {
     case L'X':
-        station.x = reelDeTexte(valeur);
+        station.x = l.nombre(cle);
         break;
     case L'Y':
-        station.y = reelDeTexte(valeur);
+        station.y = l.nombre(cle);
         break;
     case L'Z':
-        station.z = reelDeTexte(valeur);
+        station.z = l.nombre(cle);
         break;
     case L'G':
-        station.gisement = reelDeTexte(valeur);
+        station.gisement = l.nombre(cle);
         break;
     default:
         break;
     }
-}
-
-void lireMotCle(const elementsLigne& e, donneesPolygonaleFermee& donnees)
-{
-    lireMotCle(e, donnees.unite, donnees.nivellement);
-}
-
-void lireMotCle(const elementsLigne& e, donneesPolygonaleOuverte& donnees)
-{
-    lireMotCle(e, donnees.unite, donnees.nivellement);
-    if (motCle(e[0]) == L"FERM")
-        donnees.fermeture = reelDeTexte(e[1]);
 }
 
 /// Of a station line: whether one of its keys begins so.
@@ -153,37 +180,54 @@ bool aCle(const elementsLigne& e, wchar_t cle)
 }
 
 /// A number that the line leaves out keeps what an earlier station line gave.
-void lireStation(const elementsLigne& e, donneesPolygonaleFermee& donnees)
+void lireStation(lecture& l, donneesPolygonaleFermee& donnees)
 {
-    for (std::size_t i = 0; i < e.size(); i += 2) {
-        const wchar_t cle = majuscule(e[i].front());
-        if (cle == L'N')
-            donnees.depart.nom = e[i + 1];
+    for (std::size_t i = 0; i < l.e.size(); i += 2)
+        if (majuscule(l.e[i].front()) == L'N')
+            donnees.depart.nom = l.e[i + 1];
         else
-            lireCoordonnee(cle, e[i + 1], donnees.depart);
-    }
+            lireCoordonnee(l, i, donnees.depart);
+    l.depart = true;
 }
 
 /// A number that the line leaves out becomes 0. A line with neither key is a departure line, one with both an arrival
 /// line.
-void lireStation(const elementsLigne& e, donneesPolygonaleOuverte& donnees)
+void lireStation(lecture& l, donneesPolygonaleOuverte& donnees)
 {
     stationPolygonale lue;
     bool ligneArrivee = false;
-    for (std::size_t i = 0; i < e.size(); i += 2) {
-        const wchar_t cle = majuscule(e[i].front());
+    for (std::size_t i = 0; i < l.e.size(); i += 2) {
+        const wchar_t cle = majuscule(l.e[i].front());
         if (cle == L'D') {
-            donnees.depart.nom = e[i + 1];
+            donnees.depart.nom = l.e[i + 1];
         } else if (cle == L'A') {
-            donnees.arrivee.nom = e[i + 1];
+            donnees.arrivee.nom = l.e[i + 1];
             ligneArrivee = true;
         } else {
-            lireCoordonnee(cle, e[i + 1], lue);
+            lireCoordonnee(l, i, lue);
         }
     }
     stationPolygonale& station = ligneArrivee ? donnees.arrivee : donnees.depart;
     lue.nom = station.nom;
     station = lue;
+    (ligneArrivee ? l.arrivee : l.depart) = true;
+}
+
+void remarquerManques(lecture& l, const donneesPolygonaleFermee&)
+{
+    if (!l.depart)
+        l.remarquer(L"aucune ligne de station : le départ est en 0, 0, de gisement 0.");
+}
+
+void remarquerManques(lecture& l, const donneesPolygonaleOuverte& donnees)
+{
+    if (!l.depart)
+        l.remarquer(L"aucune ligne « Depart » : le départ est en 0, 0, de gisement 0.");
+    if (!l.arrivee)
+        l.remarquer(L"aucune ligne « Arrivee » : l'arrivée est en 0, 0, de gisement 0.");
+    if (!l.fermeture)
+        l.remarquer(L"aucune ligne « Fermeture » : le dernier angle reste " +
+                    depuisAnsi(nombreFixe(donnees.fermeture, 4)) + L".");
 }
 
 void vider(donneesPolygonaleFermee& donnees)
@@ -203,22 +247,20 @@ void vider(donneesPolygonaleOuverte& donnees)
 constexpr std::size_t elementsStation = 10;
 
 template <class Donnees>
-bool lireElements(elementsLigne& e, Donnees& donnees)
+void lireElements(lecture& l, Donnees& donnees)
 {
-    switch (e.size()) {
-    case 0:
-        return true;
-    case 2:
-        lireMotCle(e, donnees);
-        return true;
-    case 4:
-        donnees.lignes.push_back({std::move(e[0]), std::move(e[1]), std::move(e[2]), std::move(e[3])});
-        return true;
-    case elementsStation:
-        lireStation(e, donnees);
-        return true;
-    default:
-        return false;
+    const std::size_t nombre = l.e.size();
+    if (nombre == 2) {
+        lireMotCle(l, donnees);
+    } else if (nombre == 4) {
+        donnees.lignes.push_back({std::move(l.e[0]), std::move(l.e[1]), std::move(l.e[2]), std::move(l.e[3])});
+    } else if (nombre == elementsStation) {
+        l.bilan.stations += aCle(l.e, L'X') && aCle(l.e, L'Y') ? 1 : 0;
+        lireStation(l, donnees);
+    } else if (nombre > 0) {
+        ++l.bilan.ignorees;
+        l.remarquer(L"ligne ignorée, " + std::to_wstring(nombre) +
+                    L" élément(s) au lieu de 2 (mot-clé), 4 (observation) ou 10 (station).");
     }
 }
 
@@ -234,26 +276,32 @@ std::string_view sansFin(std::string_view ligne)
     return ligne;
 }
 
+/// What some editors put before the text of a file in UTF-8.
+constexpr std::string_view marqueUtf8 = "\xEF\xBB\xBF";
+
 template <class Donnees>
 bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
 {
     vider(donnees);
-    bilanLecture bilan;
-    elementsLigne elements;
-    for (std::size_t numero = 1; !contenu.empty(); ++numero) {
+    lecture l;
+    const bool utf8 = contenu.starts_with(marqueUtf8);
+    if (utf8)
+        contenu.remove_prefix(marqueUtf8.size());
+    while (!contenu.empty()) {
+        ++l.numero;
         const std::size_t fin = contenu.find('\n');
         std::string_view ligne = sansFin(contenu.substr(0, fin));
         contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
         do {
-            decouperLigne(depuisAnsi(ligne.substr(0, longueurLigne)), separateursPolygonale, elements);
-            const std::size_t nombre = elements.size();
-            bilan.stations += nombre == elementsStation && aCle(elements, L'X') && aCle(elements, L'Y') ? 1 : 0;
-            if (!lireElements(elements, donnees))
-                bilan.ignorees.push_back({numero, nombre});
-            ligne.remove_prefix(std::min(longueurLigne, ligne.size()));
+            const std::string_view morceau = ligne.substr(0, longueurLigne);
+            decouperLigne(utf8 ? depuisUtf8(morceau) : depuisAnsi(morceau), separateursPolygonale, l.e);
+            lireElements(l, donnees);
+            ligne.remove_prefix(morceau.size());
         } while (!ligne.empty());
     }
-    return bilan;
+    l.numero = 0;
+    remarquerManques(l, donnees);
+    return std::move(l.bilan);
 }
 
 // --- Files ---------------------------------------------------------------------------------------------------------
@@ -268,29 +316,8 @@ bilanLecture chargerFichier(const std::filesystem::path& fichier, Donnees& donne
         contenu.append(bloc.data(), static_cast<std::size_t>(flux.gcount()));
     // A folder opens as a file on some systems; only reading it fails.
     if (!flux.is_open() || flux.bad())
-        return {.lisible = false, .stations = 0, .ignorees = {}};
+        return {.lisible = false, .stations = 0, .ignorees = 0, .remarques = {}};
     return lireContenu(contenu, donnees);
-}
-
-/// Writes a new file beside the old one, then puts it in its place. Where a link leads, the file it names is replaced.
-bool remplacerFichier(const std::filesystem::path& nom, const std::string& octets)
-{
-    std::error_code erreur;
-    const std::filesystem::path fichier = std::filesystem::weakly_canonical(nom, erreur);
-    if (erreur)
-        return false;
-    std::filesystem::path provisoire = fichier;
-    provisoire += ".nouveau";
-    std::ofstream flux(provisoire, std::ios::binary | std::ios::trunc);
-    flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
-    flux.close();
-    if (flux)
-        std::filesystem::rename(provisoire, fichier, erreur);
-    if (flux && !erreur)
-        return true;
-    std::error_code sansSuite;
-    std::filesystem::remove(provisoire, sansSuite);
-    return false;
 }
 
 bool finitPar(std::wstring_view texte, std::wstring_view fin)
@@ -352,26 +379,14 @@ bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPoly
     return chargerFichier(fichier, donnees);
 }
 
-bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleFermee& donnees)
-{
-    return remplacerFichier(fichier, contenuPolygonale(donnees));
-}
-
-bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleOuverte& donnees)
-{
-    return remplacerFichier(fichier, contenuPolygonale(donnees));
-}
-
 std::vector<std::wstring> avertissementsLecture(std::wstring_view fichier, const bilanLecture& bilan)
 {
     const std::wstring nom(fichier);
     if (!bilan.lisible)
         return {nom + L" : lecture impossible du fichier."};
     std::vector<std::wstring> phrases;
-    for (const ligneIgnoree& ligne : bilan.ignorees)
-        phrases.push_back(nom + L", ligne " + std::to_wstring(ligne.numero) + L" : ligne ignorée, " +
-                          std::to_wstring(ligne.elements) +
-                          L" élément(s) au lieu de 2 (mot-clé), 4 (observation) ou 10 (station).");
+    for (const remarqueLecture& r : bilan.remarques)
+        phrases.push_back(nom + (r.numero > 0 ? L", ligne " + std::to_wstring(r.numero) : L"") + L" : " + r.phrase);
     return phrases;
 }
 

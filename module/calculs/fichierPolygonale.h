@@ -9,22 +9,25 @@
 #include <vector>
 
 // Traverse files (".obs"): text in Windows-1252, lines beginning with "*" are comments that explain the syntax.
-// Written with line feeds, read with line feeds or carriage returns and line feeds.
+// Written with line feeds, read with line feeds or carriage returns and line feeds. A file that begins with the UTF-8
+// mark is read as such: editors put it there.
 
-/// A line that is neither a comment, nor a keyword and its value (2 elements), nor a row (4), nor a station line (10).
-struct ligneIgnoree {
-    std::size_t numero;   ///< 1-based
-    std::size_t elements; ///< how many were found
+/// What looks wrong in a file.
+struct remarqueLecture {
+    std::size_t numero;  ///< of the line, 1-based; 0: the file as a whole
+    std::wstring phrase; ///< French
 };
 
-/// What reading a file gave, for those who report it; the dialogs stay silent on all of it.
+/// What reading a file gave, for those who report it.
 struct bilanLecture {
     bool lisible = true;      ///< false: the file could not be read and the data are as before
     std::size_t stations = 0; ///< station lines with X and Y
-    std::vector<ligneIgnoree> ignorees;
+    std::size_t ignorees =
+        0; ///< lines that are neither a comment, a keyword (2 elements), a row (4) nor a station (10)
+    std::vector<remarqueLecture> remarques; ///< those lines, numbers that are none, stations and closing angle missing
 };
 
-/// French sentences for the user: the file that cannot be read, each line left out and why.
+/// French sentences for the user: the file that cannot be read, or its remarks with their lines.
 /// @param fichier its name, as the sentences are to show it
 std::vector<std::wstring> avertissementsLecture(std::wstring_view fichier, const bilanLecture& bilan);
 
@@ -42,11 +45,6 @@ bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleOuverte& 
 /// As lirePolygonale, from a file.
 bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleFermee& donnees);
 bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleOuverte& donnees);
-
-/// Replaces the whole file, or leaves it as it was.
-/// @return false when it could not be written.
-bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleFermee& donnees);
-bool enregistrerPolygonale(const std::filesystem::path& fichier, const donneesPolygonaleOuverte& donnees);
 
 /// French sentences for the rows that a file keeps but cannot give back: an empty cell, or one with a double quote.
 std::vector<std::wstring> avertissementsEcriture(const std::vector<ligneObservation>& lignes);

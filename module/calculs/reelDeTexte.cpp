@@ -63,3 +63,16 @@ double reelDeTexte(std::wstring_view texte, bool* entierement)
     }
     return negatif ? -valeur : valeur;
 }
+
+std::wstring remarqueNombre(std::wstring_view nomme, std::wstring_view texte)
+{
+    bool nombre = false;
+    reelDeTexte(texte, &nombre);
+    if (nombre)
+        return {};
+    std::wstring phrase = std::wstring(nomme) + L" « " + std::wstring(texte) +
+                          L" » n'est pas un nombre ; seul ce qui précède la faute est lu, ou 0.";
+    if (texte.find(L',') != std::wstring_view::npos)
+        phrase += L" Le séparateur décimal est le point.";
+    return phrase;
+}

@@ -64,6 +64,22 @@ std::wstring depuisAnsi(std::string_view octets)
     return texte;
 }
 
+std::wstring depuisUtf8(std::string_view octets)
+{
+    std::wstring texte;
+    texte.reserve(octets.size());
+    for (std::size_t i = 0; i < octets.size();) {
+        const auto premier = static_cast<unsigned char>(octets[i++]);
+        unsigned caractere = premier < 0x80 ? premier : premier & (premier < 0xE0 ? 0x1Fu : 0x0Fu);
+        int attendus = premier < 0xC0 ? 0 : premier < 0xE0 ? 1 : premier < 0xF0 ? 2 : 3;
+        const bool lisible = premier < 0x80 || (premier >= 0xC0 && premier < 0xF0);
+        for (; attendus > 0 && i < octets.size() && (octets[i] & 0xC0) == 0x80; --attendus)
+            caractere = caractere << 6 | (static_cast<unsigned char>(octets[i++]) & 0x3Fu);
+        texte += lisible && attendus == 0 ? static_cast<wchar_t>(caractere) : L'?';
+    }
+    return texte;
+}
+
 std::wstring enMinuscules(std::wstring texte)
 {
     std::transform(texte.begin(), texte.end(), texte.begin(), minuscule);

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-// Narrow texts of files and reports are Windows-1252 on every platform.
+// Narrow texts of files and reports are Windows-1252 on every platform; only a file that says so is in UTF-8.
 
 /// One byte a character; a character outside the code page becomes "?".
 std::string versAnsi(std::wstring_view texte);
@@ -11,6 +11,9 @@ std::string versAnsi(std::wstring_view texte);
 /// Every byte has a character: the five that the code page leaves free stand for the control codes of that number,
 /// so that bytes read and written again stay the same.
 std::wstring depuisAnsi(std::string_view octets);
+
+/// A sequence that is cut short or beyond the 16-bit characters becomes "?".
+std::wstring depuisUtf8(std::string_view octets);
 
 /// Lower case of the letters of the code page, accents included.
 std::wstring enMinuscules(std::wstring texte);

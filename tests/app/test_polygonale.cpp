@@ -191,6 +191,7 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
             "est un fichier de données"},
         cas{"a report where there is no folder", std::string("polygonale fermee ") + fichier + " --rapport rien/r.html",
             "le rapport n'a pas pu être écrit"},
+        cas{"one name for both results", placer + "--enregistrer s.dxf --rapport ./s.dxf", "ont le même nom"},
         cas{"a drawing where there is no folder", placer + "--enregistrer rien/s.dxf", "rien/s.dxf"},
     };
     const std::string donnees = lire(fichier);

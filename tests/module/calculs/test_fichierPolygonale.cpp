@@ -6,7 +6,6 @@
 
 #include <fstream>
 #include <functional>
-#include <iterator>
 
 namespace {
 
@@ -82,13 +81,13 @@ TEST(FichierPolygonale, CellsAreCutAndUnitsNamed)
 TEST(FichierPolygonale, WrittenThenReadIsTheSame)
 {
     donneesPolygonaleFermee f;
-    EXPECT_TRUE(lirePolygonale(contenuPolygonale(fermee), f).ignorees.empty());
+    EXPECT_TRUE(lirePolygonale(contenuPolygonale(fermee), f).remarques.empty());
     donneesPolygonaleFermee attendu = fermee;
     attendu.depart.gisement = 100.12346; // five decimals in the file
     EXPECT_EQ(f, attendu);
 
     donneesPolygonaleOuverte o;
-    EXPECT_TRUE(lirePolygonale(contenuPolygonale(ouverte), o).ignorees.empty());
+    EXPECT_TRUE(lirePolygonale(contenuPolygonale(ouverte), o).remarques.empty());
     donneesPolygonaleOuverte attenduOuverte = ouverte;
     attenduOuverte.fermeture = 400.0; // four decimals in the file
     EXPECT_EQ(o, attenduOuverte);
@@ -166,6 +165,14 @@ TEST(FichierPolygonale, OddLinesOfAClosedFile)
         {"no end of line at the end", "S1 1 2 3", avec([](auto& d) {
              d.lignes = {{L"S1", L"1", L"2", L"3"}};
          })},
+        {"a file in UTF-8 says so by its mark", "\xEF\xBB\xBFNom=Été X=1 Y=2 Z=3 Gis=4\n€ 1 2 3\n", avec([](auto& d) {
+             d.depart = {L"Été", 1, 2, 3, 4};
+             d.lignes = {{L"€", L"1", L"2", L"3"}};
+         })},
+        {"sequences of UTF-8 cut short, loose or beyond", "\xEF\xBB\xBF\xC3 \xA9 \xE2\x82 \xF0\x9F\x98\x80\n",
+         avec([](auto& d) {
+             d.lignes = {{L"?", L"?", L"?", L"?"}};
+         })},
         {"a zero byte ends the line", std::string("S1 1 2 3\0 4 5\nS2 1 2 3\n", 23), avec([](auto& d) {
              d.lignes = {{L"S1", L"1", L"2", L"3"}, {L"S2", L"1", L"2", L"3"}};
          })},
@@ -222,10 +229,53 @@ TEST(FichierPolygonale, CutAnywhereReadsWhatIsThere)
     }
 }
 
+TEST(FichierPolygonale, WhatLooksWrongIsSaidWithItsLine)
+{
+    const std::string depart = "Depart=D X=1 Y=2 Z=3 Gis=4\n", arrivee = "Arrivee=A X=1 Y=2 Z=3 Gis=4\n";
+    const std::wstring pasUnNombre = L" n'est pas un nombre ; seul ce qui précède la faute est lu, ou 0.";
+    const std::wstring point = L" Le séparateur décimal est le point.";
+    struct ligne {
+        const char* nom;
+        std::string contenu;
+        std::vector<std::wstring> attendues;
+    };
+    const ligne lignes[] = {
+        {"all there", depart + arrivee + "Fermeture: 5\n", {}},
+        {"a line of five",
+         depart + arrivee + "Fermeture: 5\n* commentaire\nS1 1 2 3 4\n",
+         {L"a.obs, ligne 5 : ligne ignorée, 5 élément(s) au lieu de 2 (mot-clé), 4 (observation) ou 10 (station)."}},
+        {"decimal commas, which cut a coordinate",
+         "Depart=D X=1020,678 Y=2 Z=3 Gis=4\r\n" + arrivee + "Fermeture: 257,128\n",
+         {L"a.obs, ligne 1 : X « 1020,678 »" + pasUnNombre + point,
+          L"a.obs, ligne 3 : Fermeture « 257,128 »" + pasUnNombre + point}},
+        {"other keys are not numbers", "Depart=D X=1 Y=2 Z=3 W=abc\n" + arrivee + "Fermeture: 5\n", {}},
+        {"a closed traverse",
+         "Nom=D X=1 Y=2 Z=3 Gis=4\n",
+         {L"a.obs : aucune ligne « Arrivee » : l'arrivée est en 0, 0, de gisement 0.",
+          L"a.obs : aucune ligne « Fermeture » : le dernier angle reste 7.0000."}},
+        {"no departure",
+         arrivee + "Fermeture: 5\n",
+         {L"a.obs : aucune ligne « Depart » : le départ est en 0, 0, de gisement 0."}},
+    };
+    for (const ligne& l : lignes) {
+        donneesPolygonaleOuverte d;
+        d.fermeture = 7.0;
+        EXPECT_EQ(avertissementsLecture(L"a.obs", lirePolygonale(l.contenu, d)), l.attendues) << l.nom;
+    }
+    donneesPolygonaleFermee d;
+    EXPECT_EQ(avertissementsLecture(L"a.obs", lirePolygonale("S1 1 2 3\n", d)),
+              std::vector<std::wstring>{L"a.obs : aucune ligne de station : le départ est en 0, 0, de gisement 0."});
+    std::string mots;
+    for (int i = 0; i < 5000; ++i)
+        mots += "a\n";
+    const bilanLecture bilan = lirePolygonale(mots, d);
+    EXPECT_EQ(bilan.ignorees, 5000u);
+    EXPECT_EQ(bilan.remarques.size(), 1000u) << "a file of such lines does not fill the memory";
+}
+
 TEST(FichierPolygonale, Files)
 {
     const auto dossier = std::filesystem::temp_directory_path() / "vela-essai-polygonale";
-    std::filesystem::remove_all(dossier);
     std::filesystem::create_directory(dossier);
 
     donneesPolygonaleFermee d = fermee;
@@ -237,19 +287,10 @@ TEST(FichierPolygonale, Files)
     EXPECT_FALSE(chargerPolygonale(dossier, d).lisible) << "a folder is no file";
     EXPECT_EQ(d, fermee);
 
-    const auto fichier = dossier / "boucle.obs";
-    std::ofstream(fichier) << std::string(100'000, 'x');
-    ASSERT_TRUE(enregistrerPolygonale(fichier, fermee));
-    std::ifstream flux(fichier, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(flux), {}), contenuPolygonale(fermee));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dossier), {}), 1) << "nothing left beside it";
-    EXPECT_FALSE(enregistrerPolygonale(dossier / "absent" / "boucle.obs", fermee));
-
-    std::ofstream(fichier) << "* commentaire\nS1 1 2 3\nS1 1 2 3 4\n";
-    const auto bilan = chargerPolygonale(fichier, d);
-    EXPECT_EQ(avertissementsLecture(L"boucle.obs", bilan),
-              std::vector<std::wstring>{L"boucle.obs, ligne 3 : ligne ignorée, 5 élément(s) au lieu de 2 (mot-clé), "
-                                        L"4 (observation) ou 10 (station)."});
+    std::ofstream(dossier / "boucle.obs", std::ios::binary) << contenuPolygonale(fermee);
+    donneesPolygonaleFermee lue;
+    EXPECT_TRUE(chargerPolygonale(dossier / "boucle.obs", lue).lisible);
+    EXPECT_EQ(contenuPolygonale(lue), contenuPolygonale(fermee));
     std::filesystem::remove_all(dossier);
 }
 

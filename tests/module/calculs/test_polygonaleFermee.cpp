@@ -27,7 +27,7 @@ TEST(PolygonaleFermee, ExamplesGiveTheirKnownResults)
     for (const casConnu& cas : tous) {
         donneesPolygonaleFermee donnees;
         const bilanLecture bilan = chargerPolygonale(cas.fichier, donnees);
-        ASSERT_TRUE(bilan.lisible && bilan.ignorees.empty()) << cas.fichier;
+        ASSERT_TRUE(bilan.lisible && bilan.remarques.empty()) << cas.fichier;
         const resultatPolygonaleFermee r = compenserPolygonale(donnees);
         grandeurs calculees = grandeursCommunes(r);
         calculees["exterieurs-corriges"] = colonne(r.angles, &angleFerme::exterieurCorrige);

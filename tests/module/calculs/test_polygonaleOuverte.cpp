@@ -24,7 +24,7 @@ TEST(PolygonaleOuverte, ExamplesGiveTheirKnownResults)
     for (const casConnu& cas : tous) {
         donneesPolygonaleOuverte donnees;
         const bilanLecture bilan = chargerPolygonale(cas.fichier, donnees);
-        ASSERT_TRUE(bilan.lisible && bilan.ignorees.empty()) << cas.fichier;
+        ASSERT_TRUE(bilan.lisible && bilan.remarques.empty()) << cas.fichier;
         const resultatPolygonaleOuverte r = compenserPolygonale(donnees);
         grandeurs calculees = grandeursCommunes(r);
         calculees["gisements-portes"] = colonne(r.angles, &anglePorte::gisementReduit);
