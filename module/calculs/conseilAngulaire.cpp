@@ -32,10 +32,11 @@ bool ferme(const cheminement& c)
            c.fermeturePlanimetrique < c.longueur * fermetureAdmise;
 }
 
-/// An angle as one would type it: four decimals at most.
+/// An angle as one would type it: a hundredth of a second at least, in radians too.
 std::wstring saisi(double angle)
 {
-    std::string texte = nombreFixe(angle, 4);
+    constexpr int decimales = 8;
+    std::string texte = nombreFixe(angle, decimales);
     texte.erase(texte.find_last_not_of('0') + 1);
     if (texte.ends_with('.'))
         texte.pop_back();
@@ -85,11 +86,19 @@ bool fermeAvec(const resultatPolygonaleFermee& r, const observations& lignes)
     return ferme(compenserPolygonaleFermee(r.depart, nivellementAucun, r.unite, lignes));
 }
 
-/// ", soit 349.98 au lieu de 50.02 à la première ligne"
-std::wstring exemple(const resultatPolygonaleFermee& r, const observations& lignes)
+/// "349.98 au lieu de 50.02 à la première ligne"
+std::wstring premiereLigne(const resultatPolygonaleFermee& r, const observations& lignes)
 {
-    return L", soit " + saisi(lignes.front().angle) + L" au lieu de " + saisi(r.cotes.front().observation.angle) +
+    return saisi(lignes.front().angle) + L" au lieu de " + saisi(r.cotes.front().observation.angle) +
            L" à la première ligne";
+}
+
+/// The same rows with half turns added to the first angle, which turns no leg: it enters only the closure.
+observations fermetureDecalee(const resultatPolygonaleFermee& r, int demiTours)
+{
+    observations lignes = observationsDuCheminement(r);
+    lignes.front().angle += demiTours * tourComplet(r.unite) / 2.0;
+    return lignes;
 }
 
 /// The first row whose angle is a turn or more, or below zero: what to type there; empty when there is none.
@@ -107,19 +116,26 @@ std::wstring angleHorsDuTour(const resultatPolygonaleFermee& r)
 
 // --- Open ----------------------------------------------------------------------------------------------------------
 
+/// How the angles of an open traverse may have been booked.
+enum class anglesNotes { deLArriereVersLAvant, inverses, deviations };
+
 /// A way of booking an open traverse other than ours, and what the computation gives for it.
 struct essaiOuvert {
-    bool anglesInverses;
+    anglesNotes angles;
     bool departInverse;
     double gisementDepart, gisementArrivee; // to type
     resultatPolygonaleOuverte resultat;
 };
 
-essaiOuvert essayer(const resultatPolygonaleOuverte& r, bool anglesInverses, bool departInverse)
+essaiOuvert essayer(const resultatPolygonaleOuverte& r, anglesNotes angles, bool departInverse)
 {
     const double tour = tourComplet(r.unite);
-    const auto angle = [&](double a) { return anglesInverses ? normaliser(tour - a, tour) : a; };
-    essaiOuvert essai{anglesInverses, departInverse, r.depart.gisement, r.arrivee.gisement, {}};
+    const auto angle = [&](double a) {
+        if (angles == anglesNotes::inverses)
+            return normaliser(tour - a, tour);
+        return angles == anglesNotes::deviations ? normaliser(a + tour / 2.0, tour) : a;
+    };
+    essaiOuvert essai{angles, departInverse, r.depart.gisement, r.arrivee.gisement, {}};
     if (departInverse)
         essai.gisementDepart = normaliser(r.depart.gisement + tour / 2.0, tour);
     const observations lignes = anglesChanges(r, angle);
@@ -164,9 +180,13 @@ std::wstring raisonArrivee(int demiTours)
 std::wstring phraseEssai(const resultatPolygonaleOuverte& r, const essaiOuvert& essai, int demiTours)
 {
     std::wstring phrase = demiTours != 0 ? constat(demiTours, r.unite) : L"La polygonale ne se ferme pas : ";
-    if (essai.anglesInverses)
-        phrase += L"les angles semblent mesurés dans l'autre sens, saisissez " + saisi(tourComplet(r.unite)) +
+    const double tour = tourComplet(r.unite);
+    if (essai.angles == anglesNotes::inverses)
+        phrase += L"les angles semblent mesurés dans l'autre sens, saisissez " + saisi(tour) +
                   L" moins chaque angle, le dernier compris ; ";
+    else if (essai.angles == anglesNotes::deviations)
+        phrase += L"les angles saisis semblent être des angles de déviation, ajoutez " + saisi(tour / 2.0) +
+                  L" à chacun, le dernier compris ; ";
     else if (!essai.departInverse)
         phrase += raisonArrivee(demiTours);
     if (essai.departInverse)
@@ -189,17 +209,23 @@ std::wstring conseilAngulaire(const resultatPolygonaleFermee& r)
     const std::wstring debut = constat(demis, r.unite);
     const observations interieurs = anglesChanges(r, [tour](double a) { return tour - a; });
     const observations deviations = anglesChanges(r, [tour](double a) { return normaliser(a + tour / 2.0, tour); });
+    const observations decalees = fermetureDecalee(r, demis);
+    // A loop and its image in a mirror close alike: only the user knows which way it was walked.
     if (fermeAvec(r, interieurs))
         return debut +
-               L"les angles saisis semblent être les angles intérieurs. Il faut les angles extérieurs, boucle "
-               L"parcourue dans le sens des aiguilles d'une montre : saisissez " +
-               saisi(tour) + L" moins chaque angle" + exemple(r, interieurs) +
-               L". Si la boucle a été levée dans l'autre sens, reprenez aussi ses lignes dans l'ordre inverse.";
+               L"les angles saisis semblent être les angles intérieurs. Boucle parcourue dans le sens des aiguilles "
+               L"d'une montre : il faut les angles extérieurs, saisissez " +
+               saisi(tour) + L" moins chaque angle, soit " + premiereLigne(r, interieurs) +
+               L". Boucle parcourue dans l'autre sens : gardez-les et saisissez seulement " +
+               premiereLigne(r, decalees) + L".";
     if (fermeAvec(r, deviations))
         return debut + L"les angles saisis semblent être des angles de déviation ; ajoutez " + saisi(tour / 2.0) +
-               L" à chacun" + exemple(r, deviations) + L".";
+               L" à chacun, soit " + premiereLigne(r, deviations) + L".";
     if (const std::wstring ligne = angleHorsDuTour(r); !ligne.empty())
         return debut + ligne;
+    if (demis % 2 == 0 && fermeAvec(r, decalees))
+        return debut + L"la boucle se croise sans doute ; saisissez " + premiereLigne(r, decalees) +
+               L", dont l'angle ne sert qu'à cette fermeture.";
     if (demis == 4)
         return debut +
                L"les angles saisis semblent être les angles intérieurs, ou la boucle est parcourue dans l'autre "
@@ -214,9 +240,9 @@ std::wstring conseilAngulaire(const resultatPolygonaleOuverte& r)
     if (r.cotes.empty() || ferme(r))
         return {};
     const int demis = demiToursProches(r);
-    for (const bool anglesInverses : {false, true})
+    for (const anglesNotes angles : {anglesNotes::deLArriereVersLAvant, anglesNotes::inverses, anglesNotes::deviations})
         for (const bool departInverse : {false, true}) {
-            const essaiOuvert essai = essayer(r, anglesInverses, departInverse);
+            const essaiOuvert essai = essayer(r, angles, departInverse);
             if (ferme(essai.resultat))
                 return phraseEssai(r, essai, demis);
         }

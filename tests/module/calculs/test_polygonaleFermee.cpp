@@ -64,6 +64,20 @@ TEST(PolygonaleFermee, Invariances)
                          return stationCorrigee{{}, 1000.0 + (s.y - 2000.0), 2000.0 - (s.x - 1000.0), s.z};
                      });
 
+    // The same in a mirror, which is walked the other way round: two turns added to the first angle take the place of
+    // the rule's clockwise loop.
+    stationPolygonale miroir = departA;
+    miroir.gisement = 400.0 - departA.gisement;
+    observations inverses = triangle;
+    for (auto& l : inverses)
+        l.angle = 400.0 - l.angle;
+    inverses[0].angle += 800.0;
+    const auto vue = compenserPolygonaleFermee(miroir, nivellementRacine, uniteGrades, inverses);
+    comparerStations(vue, reference, [](stationCorrigee s) {
+        return stationCorrigee{{}, 1000.0 - (s.x - 1000.0), s.y, s.z};
+    });
+    EXPECT_NEAR(vue.erreurAngulaire, -reference.erreurAngulaire, 1e-9);
+
     const std::pair<int, double> unites[] = {{uniteDegres, 0.9}, {uniteRadians, std::numbers::pi / 200.0}};
     for (const auto& [unite, facteur] : unites) {
         stationPolygonale depart = departA;
@@ -276,9 +290,9 @@ TEST(PolygonaleFermee, Warnings)
          {{L"B", 50.02, 100, 0}, {L"C", 100.01, 100.1, 0}, {L"A", 49.94, 141.4, 0}},
          0,
          L"L'erreur angulaire vaut 2 tours entiers (800 gr) : les angles saisis semblent être les angles intérieurs. "
-         L"Il "
-         L"faut les angles extérieurs, boucle parcourue dans le sens des aiguilles d'une montre : saisissez 400 moins "
-         L"chaque angle, soit 349.98 au lieu de 50.02 à la première ligne."},
+         L"Boucle parcourue dans le sens des aiguilles d'une montre : il faut les angles extérieurs, saisissez 400 "
+         L"moins chaque angle, soit 349.98 au lieu de 50.02 à la première ligne. Boucle parcourue dans l'autre sens : "
+         L"gardez-les et saisissez seulement 850.02 au lieu de 50.02 à la première ligne."},
         {"angles of deflection",
          {{L"B", 149.98, 100, 0}, {L"C", 99.99, 100.1, 0}, {L"A", 150.06, 141.4, 0}},
          0,
@@ -287,6 +301,12 @@ TEST(PolygonaleFermee, Warnings)
          L"ajoutez 200 à chacun, soit 349.98 au lieu de 149.98 à la première ligne."},
         {"an angle one turn too large", avec([](observations& o) { o[0].angle += 400; }), 0,
          L"L'erreur angulaire vaut un tour entier (-400 gr) : à la ligne 1, saisissez 349.98 au lieu de 749.98."},
+        // From A to (100, 100), (100, 0), (0, 100) and back: right, right, left, left.
+        {"a loop that crosses itself",
+         {{L"B", 49.98, 141.42, 0}, {L"C", 350.01, 100, 0}, {L"D", 350, 141.42, 0}, {L"A", 50.01, 100, 0}},
+         0,
+         L"L'erreur angulaire vaut un tour entier (400 gr) : la boucle se croise sans doute ; saisissez 449.98 au lieu "
+         L"de 49.98 à la première ligne, dont l'angle ne sert qu'à cette fermeture."},
         {"a reading on the other face", avec([](observations& o) { o[1].angle -= 200; }), 0,
          L"L'erreur angulaire vaut un demi-tour (200 gr) : un angle est sans doute lu à un demi-tour près"},
         {"a large error, far from a turn", avec([](observations& o) { o[0].angle -= 50; }), 0, L""},

@@ -331,6 +331,14 @@ TEST(PolygonaleOuverte, AdviceOnTurns)
         {"angles measured the other way round", avec(inverser),
          L"La polygonale ne se ferme pas : les angles semblent mesurés dans l'autre sens, saisissez 400 moins chaque "
          L"angle, le dernier compris."},
+        {"angles of deflection", avec([&](auto& d) {
+             for (ligneObservation& l : d.lignes)
+                 l.angle = std::to_wstring(normaliser(std::stod(l.angle) - 200.0, 400.0));
+             d.fermeture -= 200.0;
+         }),
+         L"L'erreur angulaire vaut 2 tours entiers (-800 gr) : les angles saisis semblent être des angles de "
+         L"déviation, "
+         L"ajoutez 200 à chacun, le dernier compris."},
         {"an error that nothing explains", avec([](auto& d) { d.fermeture += 50; }), L""},
         {"a turn, but the coordinates are wrong as well", avec([](auto& d) {
              d.arrivee.gisement = 200;
