@@ -106,8 +106,8 @@ tracePolygonale tracePolygonaleCompensee(const resultatPolygonaleFermee& resulta
 
 void calculPolygonaleFermee(const std::wstring& nom, double x, double y, double z, double gisement, int mode, int unite,
                             const std::vector<observationPolygonale>& observations, std::vector<double>& X,
-                            std::vector<double>& Y, std::vector<double>& Z, htmlDocument* rapport,
-                            const std::function<void(const tracePolygonale&)>& tracer)
+                            std::vector<double>& Y, std::vector<double>& Z, htmlDocument* rapport, bool originelle,
+                            bool compensee, const std::function<void(const tracePolygonale&)>& tracer)
 {
     const resultatPolygonaleFermee resultat =
         compenserPolygonaleFermee({nom, x, y, z, gisement}, mode, unite, observations);
@@ -122,8 +122,8 @@ void calculPolygonaleFermee(const std::wstring& nom, double x, double y, double 
         Z.push_back(d.z);
     if (rapport)
         rapporterPolygonale(resultat, *rapport);
-    if (!tracer)
-        return;
-    tracer(tracePolygonaleOriginelle(resultat));
-    tracer(tracePolygonaleCompensee(resultat));
+    if (originelle)
+        tracer(tracePolygonaleOriginelle(resultat));
+    if (compensee)
+        tracer(tracePolygonaleCompensee(resultat));
 }

@@ -42,8 +42,9 @@ tracePolygonale tracePolygonaleCompensee(const resultatPolygonaleFermee& resulta
 /// The whole computation in one call.
 /// @param X,Y,Z receive n + 1 values; the first n are the stations, the last is the closing sum
 /// @param rapport if given, the report is appended to it
-/// @param tracer if given, receives the polyline as observed, then the corrected one, told apart by their colour
+/// @param originelle,compensee whether `tracer` is to receive the polyline as observed, the corrected one
 void calculPolygonaleFermee(const std::wstring& nom, double x, double y, double z, double gisement, int mode, int unite,
                             const std::vector<observationPolygonale>& observations, std::vector<double>& X,
                             std::vector<double>& Y, std::vector<double>& Z, htmlDocument* rapport,
+                            bool originelle = false, bool compensee = false,
                             const std::function<void(const tracePolygonale&)>& tracer = nullptr);

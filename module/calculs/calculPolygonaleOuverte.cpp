@@ -120,8 +120,8 @@ void calculPolygonaleOuverte(const std::wstring& nomDepart, double xDepart, doub
                              double gisementDepart, const std::wstring& nomArrivee, double xArrivee, double yArrivee,
                              double zArrivee, double gisementArrivee, double dernierAngle, int mode, int unite,
                              const std::vector<observationPolygonale>& observations, std::vector<double>& X,
-                             std::vector<double>& Y, std::vector<double>& Z, htmlDocument* rapport,
-                             const std::function<void(const tracePolygonale&)>& tracer)
+                             std::vector<double>& Y, std::vector<double>& Z, htmlDocument* rapport, bool originelle,
+                             bool compensee, const std::function<void(const tracePolygonale&)>& tracer)
 {
     const resultatPolygonaleOuverte resultat = compenserPolygonaleOuverte(
         {nomDepart, xDepart, yDepart, zDepart, gisementDepart},
@@ -136,8 +136,8 @@ void calculPolygonaleOuverte(const std::wstring& nomDepart, double xDepart, doub
     }
     if (rapport)
         rapporterPolygonale(resultat, *rapport);
-    if (!tracer)
-        return;
-    tracer(tracePolygonaleOriginelle(resultat));
-    tracer(tracePolygonaleCompensee(resultat));
+    if (originelle)
+        tracer(tracePolygonaleOriginelle(resultat));
+    if (compensee)
+        tracer(tracePolygonaleCompensee(resultat));
 }

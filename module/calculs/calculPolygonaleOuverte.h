@@ -54,10 +54,11 @@ tracePolygonale tracePolygonaleCompensee(const resultatPolygonaleOuverte& result
 /// The whole computation in one call.
 /// @param X,Y,Z receive n + 1 values: the departure and the station of each row
 /// @param rapport if given, the report is appended to it
-/// @param tracer if given, receives the polyline as observed, then the corrected one, told apart by their colour
+/// @param originelle,compensee whether `tracer` is to receive the polyline as observed, the corrected one
 void calculPolygonaleOuverte(const std::wstring& nomDepart, double xDepart, double yDepart, double zDepart,
                              double gisementDepart, const std::wstring& nomArrivee, double xArrivee, double yArrivee,
                              double zArrivee, double gisementArrivee, double dernierAngle, int mode, int unite,
                              const std::vector<observationPolygonale>& observations, std::vector<double>& X,
                              std::vector<double>& Y, std::vector<double>& Z, htmlDocument* rapport,
+                             bool originelle = false, bool compensee = false,
                              const std::function<void(const tracePolygonale&)>& tracer = nullptr);

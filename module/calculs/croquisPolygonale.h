@@ -13,7 +13,6 @@ public:
     explicit croquisPolygonale(QWidget* parent = nullptr);
 
     void montrer(tracePolygonale originelle, tracePolygonale compensee);
-    void effacer() { montrer({}, {}); }
 
 protected:
     void paintEvent(QPaintEvent* evenement) override;

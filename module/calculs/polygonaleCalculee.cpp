@@ -53,8 +53,12 @@ std::wstring texteFermetureRelative(double fermetureRelative)
 {
     if (std::isnan(fermetureRelative) || fermetureRelative == inconnu)
         return L"non définie";
-    if (std::isinf(fermetureRelative))
+    // What misses by less is the rounding of the machine: a micron over a thousand kilometres.
+    constexpr double fermetureNulle = 1e12;
+    if (fermetureRelative > fermetureNulle)
         return L"nulle";
+    if (fermetureRelative < 1.0)
+        return L"supérieure à 1";
     const std::string chiffres = nombreFixe(fermetureRelative, 0);
     std::wstring texte(chiffres.begin(), chiffres.end());
     for (std::size_t place = texte.size(); place > 3; place -= 3)

@@ -19,7 +19,8 @@ struct polygonaleCalculee {
 polygonaleCalculee calculerPolygonale(const donneesPolygonaleFermee& donnees, htmlDocument* rapport = nullptr);
 polygonaleCalculee calculerPolygonale(const donneesPolygonaleOuverte& donnees, htmlDocument* rapport = nullptr);
 
-/// "1/11 375", "nulle" for a traverse that closes to the last digit, "non définie".
+/// "1/11 375", "nulle" for a traverse that closes but for rounding, "supérieure à 1" for one that misses by more than
+/// its length, "non définie".
 std::wstring texteFermetureRelative(double fermetureRelative);
 
 /// One line: the angular error, the closures in position and height, the relative closure.

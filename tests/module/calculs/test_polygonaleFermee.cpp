@@ -225,8 +225,8 @@ TEST(PolygonaleFermee, OneCallForTheDialog)
 {
     std::vector<double> x, y, z;
     std::vector<tracePolygonale> traces;
-    calculPolygonaleFermee(L"A", 1000, 2000, 50, 50, nivellementSimple, uniteGrades, triangle, x, y, z, nullptr,
-                           [&traces](const tracePolygonale& t) { traces.push_back(t); });
+    calculPolygonaleFermee(L"A", 1000, 2000, 50, 50, nivellementSimple, uniteGrades, triangle, x, y, z, nullptr, true,
+                           true, [&traces](const tracePolygonale& t) { traces.push_back(t); });
     ASSERT_EQ(x.size(), 4u);
     EXPECT_EQ(y.size(), 4u);
     ASSERT_EQ(z.size(), 4u);

@@ -239,7 +239,7 @@ TEST(PolygonaleOuverte, StationsAndLines)
     std::vector<double> x, y, z;
     std::vector<tracePolygonale> traces;
     calculPolygonaleOuverte(L"A", 1000, 2000, 50, 350, L"D", 1282.84, 1858.58, 50.80, 600, 249.96, nivellementSimple,
-                            uniteGrades, observationsDe(d.lignes), x, y, z, nullptr,
+                            uniteGrades, observationsDe(d.lignes), x, y, z, nullptr, true, true,
                             [&traces](const tracePolygonale& t) { traces.push_back(t); });
     ASSERT_EQ(x.size(), 4u);
     EXPECT_NEAR(x[3], 1282.84, 1e-9);

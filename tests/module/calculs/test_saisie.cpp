@@ -98,6 +98,8 @@ TEST(PolygonaleCalculee, SummaryAndHeadLines)
     EXPECT_EQ(texteFermetureRelative(11374.6), L"1/11 375");
     EXPECT_EQ(texteFermetureRelative(1234567.0), L"1/1 234 567");
     EXPECT_EQ(texteFermetureRelative(999.0), L"1/999");
+    EXPECT_EQ(texteFermetureRelative(0.26), L"supérieure à 1");
+    EXPECT_EQ(texteFermetureRelative(7.9e15), L"nulle") << "40 m that miss by 5e-15";
     EXPECT_EQ(texteFermetureRelative(std::numeric_limits<double>::infinity()), L"nulle");
     EXPECT_EQ(texteFermetureRelative(std::numeric_limits<double>::quiet_NaN()), L"non définie");
 }
