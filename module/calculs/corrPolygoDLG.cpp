@@ -6,7 +6,8 @@
 corrPolygoDLG::corrPolygoDLG() : m_ui(std::make_unique<Ui::corrPolygoDLG>())
 {
     m_ui->setupUi(this);
-    brancher(*m_ui->panneau, {m_ui->editX, m_ui->editY, m_ui->editZ, m_ui->editNord});
+    brancher(*m_ui->panneau,
+             {{m_ui->editX, L"X"}, {m_ui->editY, L"Y"}, {m_ui->editZ, L"Z"}, {m_ui->editNord, L"Nord"}});
     afficher({});
 }
 

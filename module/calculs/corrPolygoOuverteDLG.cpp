@@ -10,7 +10,15 @@ corrPolygoOuverteDLG::corrPolygoOuverteDLG() : m_ui(std::make_unique<Ui::corrPol
     const champsStation d = champsDepart(), a = champsArrivee();
     connect(m_ui->boutonCalDepart, &QPushButton::clicked, this, [this, d] { calculerGisement(d); });
     connect(m_ui->boutonCalArrivee, &QPushButton::clicked, this, [this, a] { calculerGisement(a); });
-    brancher(*m_ui->panneau, {d.x, d.y, d.z, d.gisement, a.x, a.y, a.z, a.gisement, m_ui->editDernierAngle});
+    brancher(*m_ui->panneau, {{d.x, L"X du départ"},
+                              {d.y, L"Y du départ"},
+                              {d.z, L"Z du départ"},
+                              {d.gisement, L"le gisement de départ"},
+                              {a.x, L"X de l'arrivée"},
+                              {a.y, L"Y de l'arrivée"},
+                              {a.z, L"Z de l'arrivée"},
+                              {a.gisement, L"le gisement d'arrivée"},
+                              {m_ui->editDernierAngle, L"le dernier angle"}});
     afficher({});
 }
 

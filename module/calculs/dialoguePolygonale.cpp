@@ -5,6 +5,7 @@
 #include "calculs/panneauPolygonale.h"
 #include "calculs/placerPolygonale.h"
 #include "calculs/reelDeTexte.h"
+#include "calculs/texteAnsi.h"
 #include "codification/fichierEntier.h"
 #include "frame/dialogueFichier.h"
 #include "frame/dialogueMessage.h"
@@ -16,6 +17,8 @@
 
 #include <cmath>
 #include <exception>
+#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QLocale>
 
@@ -31,10 +34,19 @@ bool existe(const std::wstring& fichier)
     return _waccess(fichier.c_str(), 0) == 0;
 }
 
+/// Whether the file dialog has asked about replacing the file that `nom` leads to: it knew it as `choisi`, perhaps in
+/// other letters.
+bool dejaDemande(const std::wstring& choisi, const std::wstring& nom)
+{
+    const QFileInfo connu(QString::fromStdWString(choisi)), ecrit(QString::fromStdWString(nom));
+    return connu.exists() && enMinuscules(choisi) == nom &&
+           (connu.fileName() == ecrit.fileName() || !connu.dir().exists(ecrit.fileName()));
+}
+
 /// The name saved under may be another than the one that the file dialog asked about: in lower case, with an extension.
 bool remplacementAccepte(const std::wstring& choisi, const std::wstring& nom)
 {
-    return nom == choisi || !existe(nom) ||
+    return !existe(nom) || dejaDemande(choisi, nom) ||
            demanderOuiNon(L"Enregistrer sous", L"« " + nom + L" » existe déjà. Le remplacer ?");
 }
 
@@ -59,9 +71,10 @@ dialoguePolygonale::dialoguePolygonale()
     connect(&m_croquis, &QTimer::timeout, this, &dialoguePolygonale::rafraichirCroquis);
 }
 
-void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_list<const QLineEdit*> champs)
+void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_list<champNombre> champs)
 {
     m_panneau = &panneau;
+    m_champs = champs;
     connect(m_panneau, &panneauPolygonale::charger, this, &dialoguePolygonale::charger);
     connect(m_panneau, &panneauPolygonale::sauvegarder, this, &dialoguePolygonale::sauvegarder);
     connect(m_panneau, &panneauPolygonale::calculer, this, &dialoguePolygonale::calculer);
@@ -69,8 +82,8 @@ void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_l
     connect(m_panneau, &panneauPolygonale::fermer, this, &QDialog::accept);
     const auto dessiner = qOverload<>(&QTimer::start);
     connect(m_panneau, &panneauPolygonale::donneesChangees, &m_croquis, dessiner);
-    for (const QLineEdit* const champ : champs)
-        connect(champ, &QLineEdit::textChanged, &m_croquis, dessiner);
+    for (const champNombre& c : m_champs)
+        connect(c.champ, &QLineEdit::textChanged, &m_croquis, dessiner);
 }
 
 bool dialoguePolygonale::donneesSuffisantes() const
@@ -83,9 +96,19 @@ void dialoguePolygonale::rafraichirCroquis()
     m_panneau->dessiner(donneesSuffisantes() ? calculee(nullptr) : polygonaleCalculee{});
 }
 
+/// On the fields, then on the traverse: the first ones.
+std::vector<std::wstring> dialoguePolygonale::remarques(const polygonaleCalculee& calculee) const
+{
+    std::vector<std::wstring> phrases;
+    for (const champNombre& c : m_champs)
+        remarquerChamp(c.nom, *c.champ, phrases);
+    phrases.insert(phrases.end(), calculee.avertissements.begin(), calculee.avertissements.end());
+    return premieresPhrases(std::move(phrases), remarquesMontrees);
+}
+
 void dialoguePolygonale::montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite)
 {
-    std::vector<std::wstring> phrases = premieresPhrases(calculee.avertissements, remarquesMontrees);
+    std::vector<std::wstring> phrases = remarques(calculee);
     phrases.insert(phrases.begin(), resumePolygonale(calculee.resultat));
     phrases.insert(phrases.end(), suite.begin(), suite.end());
     m_panneau->montrerBilan(phrases);
@@ -140,7 +163,7 @@ void dialoguePolygonale::calculer()
     if (!rapport.write())
         suite.push_back(L"Le rapport n'a pas pu être écrit.");
     montrerBilan(p, suite);
-    resultPolygo(rapport.fileName().wstring(), premieresPhrases(p.avertissements, remarquesMontrees)).exec();
+    resultPolygo(rapport.fileName().wstring(), remarques(p)).exec();
 }
 
 /// Too few rows are no reason for a message here.
@@ -173,6 +196,14 @@ void dialoguePolygonale::placer()
 double reelDuChamp(const QLineEdit& champ)
 {
     return reelDeTexte(champ.text().toStdWString());
+}
+
+void remarquerChamp(const wchar_t* nomme, const QLineEdit& champ, std::vector<std::wstring>& remarques)
+{
+    if (champ.text().isEmpty())
+        return;
+    if (std::wstring remarque = remarqueNombre(nomme, champ.text().toStdWString()); !remarque.empty())
+        remarques.push_back(std::move(remarque));
 }
 
 void montrerReel(QLineEdit& champ, double valeur)

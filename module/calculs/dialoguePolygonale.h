@@ -19,8 +19,12 @@ class dialoguePolygonale : public dialogueModule {
 protected:
     dialoguePolygonale();
 
-    /// Called once the widgets are there. @param champs fields that the traverse depends on, beside the panel's
-    void brancher(panneauPolygonale& panneau, std::initializer_list<const QLineEdit*> champs);
+    struct champNombre {
+        const QLineEdit* champ;
+        const wchar_t* nom; ///< as sentences call it: "X", "le dernier angle"
+    };
+    /// Called once the widgets are there. @param champs numbers that the traverse depends on, beside the panel's
+    void brancher(panneauPolygonale& panneau, std::initializer_list<champNombre> champs);
 
     // What is in the widgets, and what is to be there.
     virtual bilanLecture lire(std::string_view contenu) = 0; ///< the bytes of a file
@@ -34,9 +38,11 @@ private:
     void placer();
     void rafraichirCroquis();
     bool donneesSuffisantes() const;
+    std::vector<std::wstring> remarques(const polygonaleCalculee& calculee) const;
     void montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite = {});
 
     panneauPolygonale* m_panneau = nullptr;
+    std::vector<champNombre> m_champs;
     QTimer m_croquis; ///< one drawing for a run of changes
 };
 
@@ -44,5 +50,7 @@ private:
 
 /// What is not a number is 0.
 double reelDuChamp(const QLineEdit& champ);
+/// Adds the sentence on a text that is not wholly a number; an empty field is 0 and no fault. See remarqueNombre.
+void remarquerChamp(const wchar_t* nomme, const QLineEdit& champ, std::vector<std::wstring>& remarques);
 /// The shortest text that reads back as the value.
 void montrerReel(QLineEdit& champ, double valeur);

@@ -1,6 +1,6 @@
 #include "calculs/panneauPolygonale.h"
 
-#include "calculs/reelDeTexte.h"
+#include "calculs/dialoguePolygonale.h"
 #include "reports/nombreFixe.h"
 #include "ui_panneauPolygonale.h"
 
@@ -13,7 +13,7 @@ constexpr int decimalesSaisie = 5;
 
 std::wstring nombreDe(const QLineEdit& champ)
 {
-    const std::string texte = nombreFixe(reelDeTexte(champ.text().toStdWString()), decimalesSaisie);
+    const std::string texte = nombreFixe(reelDuChamp(champ), decimalesSaisie);
     return {texte.begin(), texte.end()};
 }
 
@@ -42,6 +42,11 @@ void panneauPolygonale::ajouter()
 {
     m_ui->liste->ajouter({m_ui->editStation->text().toStdWString(), nombreDe(*m_ui->editAngle),
                           nombreDe(*m_ui->editDistance), nombreDe(*m_ui->editAltitude)});
+    std::vector<std::wstring> remarques;
+    remarquerChamp(L"l'angle", *m_ui->editAngle, remarques);
+    remarquerChamp(L"la distance", *m_ui->editDistance, remarques);
+    remarquerChamp(L"l'altitude", *m_ui->editAltitude, remarques);
+    montrerBilan(remarques);
     // Ready for the next row.
     m_ui->editStation->setFocus();
     m_ui->editStation->selectAll();

@@ -244,6 +244,16 @@ TEST_F(DialoguesPolygonales, SavingAsksBeforeReplacingUnderAnotherName)
     dialogue.exec();
     EXPECT_EQ(QFileInfo(dossier.filePath("plan.")).size(), 0);
     EXPECT_TRUE(QFile::exists(dossier.filePath("autre.txt")));
+    // What the file dialog has asked is not asked again, whatever the letters of the name and of its folders.
+    for (const char* const nom : {"boucle.obs", "Boucle2.obs"}) {
+        ASSERT_TRUE(QDir(dossier.path()).mkpath("Documents"));
+        ASSERT_TRUE(QFile(dossier.filePath(QStringLiteral("Documents/") + nom)).open(QIODevice::WriteOnly));
+        ensuite({presserDevant("Sauvegarder"), repondreFichier(dossier.filePath(QStringLiteral("Documents/") + nom)),
+                 presserDevant("Oui"), presserDevant("Fermer")});
+        dialogue.exec();
+        EXPECT_GT(QFileInfo(dossier.filePath(QStringLiteral("Documents/") + nom)).size(), 0) << nom;
+    }
+    EXPECT_EQ(QDir(dossier.filePath("Documents")).count(), 4u) << "with . and ..";
     EXPECT_TRUE(bilan(dialogue).startsWith("Ligne 1 : une cellule est vide")) << bilan(dialogue).toStdString();
 }
 
