@@ -61,15 +61,20 @@ Box2d Scene::extents(AcDbObjectId entity)
 void Scene::draw(const SceneView& view, GraphicsSink& sink)
 {
     if (view.simplified)
-        m_contents->figureHeight = view.height;
+        m_contents->figureHeight = view.wholeHeight > 0.0 ? view.wholeHeight : view.height;
     SceneDrawing drawing(m_contents->tables(), m_contents->blocks(), view, m_contents->figureHeight, sink);
     m_contents->walk(drawing, view, [&] { return drawing.isStopped(); });
 }
 
-void Scene::draw(AcDbObjectId entity, const SceneView& view, GraphicsSink& sink)
+std::optional<Box2d> Scene::takeDamage()
+{
+    return m_contents->takeDamage();
+}
+
+void Scene::draw(AcDbObjectId entity, const SceneView& view, GraphicsSink& sink, const Placement& moved)
 {
     SceneDrawing drawing(m_contents->tables(), m_contents->blocks(), view, m_contents->figureHeight, sink);
-    if (m_contents->walkEntity(entity, drawing))
+    if (m_contents->walkEntity(entity, drawing, moved))
         return;
     const AcDbObjectPointer<AcDbEntity> other(entity);
     if (other.object())

@@ -2,9 +2,11 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "dbmain.h"
 #include "gi/Box2d.h"
+#include "gi/Placement.h"
 #include "gi/SceneView.h"
 
 class GraphicsSink;
@@ -33,6 +35,8 @@ public:
     std::uint64_t revision() const;
     /// Called at each such change, while it happens: to ask for a repaint later, nothing else.
     void onChange(std::function<void()> changed);
+    /// Where a picture made at the last call is out of date: empty for nowhere, nothing for everywhere.
+    std::optional<Box2d> takeDamage();
 
     /// Of all that shows: layers that are off or frozen are left out. Empty when nothing shows.
     Box2d extents();
@@ -41,8 +45,9 @@ public:
 
     /// In drawing order, what the view holds.
     void draw(const SceneView& view, GraphicsSink& sink);
-    /// One entity of the scene, whatever its order: to show a selection, an attribute's owner, a moving copy.
-    void draw(AcDbObjectId entity, const SceneView& view, GraphicsSink& sink);
+    /// One entity of the scene, whatever its order: to show a selection, an attribute's owner, where it would be
+    /// `moved` to.
+    void draw(AcDbObjectId entity, const SceneView& view, GraphicsSink& sink, const Placement& moved = Placement());
     /// An entity that may be in no drawing, with the layers and linetypes of this one: for jigs. Must be open for read
     /// when it is in a database.
     void draw(const AcDbEntity& entity, const SceneView& view, GraphicsSink& sink);

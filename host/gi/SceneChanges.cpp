@@ -70,12 +70,9 @@ void SceneChanges::noteEntity(const AcDbEntity& entity)
     constexpr int deepest = 4; // a vertex, its polyline, the block; no drawing nests owners further
     for (int i = 0; owner && i < deepest; ++i) {
         if (isOfClass(AcDbObjectId(owner), AcDbBlockTableRecord::desc())) {
-            if (entity.isKindOf(AcDbBlockBegin::desc()))
-                blocks.insert(owner);
-            else {
+            blocks.insert(owner);
+            if (!entity.isKindOf(AcDbBlockBegin::desc()))
                 entities.insert(shown);
-                blocks.insert(owner);
-            }
             return tell();
         }
         shown = owner;

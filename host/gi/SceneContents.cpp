@@ -1,6 +1,7 @@
 #include "gi/SceneContents.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "db/DatabaseImpl.h"
 #include "gi/EntityGraphics.h"
@@ -39,8 +40,11 @@ void SceneContents::update()
         const auto found = m_positions.find(stub);
         if (found == m_positions.end())
             continue;
-        if (!read(m_items[found->second]))
+        Item& item = m_items[found->second];
+        damage(item);
+        if (!read(item))
             busy.insert(stub);
+        damage(item);
         loosen(found->second);
     }
     m_changes.entities = std::move(busy);
@@ -48,9 +52,23 @@ void SceneContents::update()
     m_changes.tables = m_changes.header = false;
 }
 
+void SceneContents::damage(const Item& item)
+{
+    if (m_damage)
+        m_damage->add(item.box);
+}
+
+std::optional<Box2d> SceneContents::takeDamage()
+{
+    update();
+    const std::optional<Box2d> damaged = std::exchange(m_damage, Box2d());
+    return damaged ? std::optional(damaged->grown(figureReach())) : std::nullopt;
+}
+
 void SceneContents::readAll()
 {
     m_isRead = true;
+    m_damage.reset();
     m_attributeMode = m_tables.settings().attributeMode;
     m_changes.entities.clear();
     m_changes.blocks.clear();
@@ -75,6 +93,7 @@ void SceneContents::addNewEntities()
         m_positions.emplace(item.stub, static_cast<std::uint32_t>(i));
         if (!read(item))
             m_changes.entities.insert(item.stub);
+        damage(item);
         if (m_indexed)
             loosen(static_cast<std::uint32_t>(i));
     }
@@ -82,6 +101,7 @@ void SceneContents::addNewEntities()
 
 void SceneContents::rereadTables()
 {
+    m_damage.reset();
     m_tables.forget();
     if (m_tables.settings().attributeMode != m_attributeMode)
         readAll(); // other attributes show: the boxes are others
@@ -92,6 +112,7 @@ void SceneContents::rereadBlocks()
 {
     if (std::ranges::none_of(m_changes.blocks, [&](AcDbStub* block) { return m_blocks.knows(block); }))
         return;
+    m_damage.reset();
     m_blocks.forget();
     for (std::size_t i = 0; i < m_items.size(); ++i) {
         if (!m_items[i].showsBlocks)
@@ -177,21 +198,21 @@ void SceneContents::dropUnused()
     }
 }
 
-void SceneContents::walkItem(Item& item, SceneWalk& walk)
+void SceneContents::walkItem(Item& item, SceneWalk& walk, const Placement& place)
 {
     if (!item.list) {
         bool busy = false;
         std::unique_ptr<DisplayList> list = listOf(item.stub, busy);
         if (busy)
             return;
-        walk.walk(*list);
+        walk.walk(*list, place);
         return keep(item, std::move(list));
     }
     item.used = m_use;
-    walk.walk(*item.list);
+    walk.walk(*item.list, place);
 }
 
-bool SceneContents::walkEntity(AcDbObjectId entity, SceneWalk& walk)
+bool SceneContents::walkEntity(AcDbObjectId entity, SceneWalk& walk, const Placement& place)
 {
     update();
     const auto found = m_positions.find(entity.stub());
@@ -199,7 +220,7 @@ bool SceneContents::walkEntity(AcDbObjectId entity, SceneWalk& walk)
         return false;
     Item& item = m_items[found->second];
     if (!item.box.isEmpty())
-        walkItem(item, walk);
+        walkItem(item, walk, place);
     return true;
 }
 

@@ -22,6 +22,8 @@ public:
 
     /// Takes in what changed.
     void update();
+    /// What that has touched since the last call: empty for nothing, no box for all of it.
+    std::optional<Box2d> takeDamage();
 
     /// Shows what the view holds, in drawing order, until `stopped`.
     template <class Stopped>
@@ -42,7 +44,7 @@ public:
                 show(at);
     }
     /// One entity of the block; false when it is none.
-    bool walkEntity(AcDbObjectId entity, SceneWalk& walk);
+    bool walkEntity(AcDbObjectId entity, SceneWalk& walk, const Placement& place = Placement());
 
     /// Positions of the items whose boxes touch a box, in drawing order.
     const std::vector<std::uint32_t>& touching(const Box2d& box);
@@ -78,6 +80,7 @@ private:
     }
 
     void readAll();
+    void damage(const Item& item);
     void addNewEntities();
     void rereadTables();
     void rereadBlocks();
@@ -87,7 +90,7 @@ private:
     void place(Item& item, const DisplayList& list);
     void keep(Item& item, std::unique_ptr<DisplayList> list);
     void dropUnused();
-    void walkItem(Item& item, SceneWalk& walk);
+    void walkItem(Item& item, SceneWalk& walk, const Placement& place = Placement());
     void loosen(std::uint32_t at);
     void buildIndex();
     double figureReach();
@@ -105,6 +108,7 @@ private:
     SpatialIndex m_index;
     std::vector<std::uint32_t> m_loose;
     Box2d m_whole;
+    std::optional<Box2d> m_damage = Box2d();
     bool m_indexed = false;
     int m_attributeMode = 1;
     std::vector<std::uint32_t> m_found;

@@ -8,6 +8,9 @@ struct SceneView {
     double width = 1.0, height = 1.0; ///< of the box, in drawing units
     double pixel = 1.0;               ///< size of a pixel in drawing units: curves deviate by at most a quarter of it
 
+    /// Of the picture that this view is a strip of: point figures of relative size are reckoned from it. 0: its own.
+    double wholeHeight = 0.0;
+
     bool dashes = true;        ///< linetypes are cut into dashes; picking wants whole lines
     bool simplified = true;    ///< what is smaller than a pixel becomes a dot
     bool solidHatches = false; ///< patterns are drawn as filled areas

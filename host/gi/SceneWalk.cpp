@@ -67,9 +67,9 @@ SceneWalk::SceneWalk(SceneTables& tables, BlockGraphics& blocks, const SceneView
 {
 }
 
-void SceneWalk::walk(const DisplayList& list)
+void SceneWalk::walk(const DisplayList& list, const Placement& place)
 {
-    walkParts(list, Placement(), nullptr);
+    walkParts(list, place, nullptr);
 }
 
 void SceneWalk::shrink(const EntityLook& look, const AcGePoint3d& at)

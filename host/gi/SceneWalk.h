@@ -28,8 +28,7 @@ public:
     SceneWalk(const SceneWalk&) = delete;
     SceneWalk& operator=(const SceneWalk&) = delete;
 
-    /// A list in the coordinates of the world.
-    void walk(const DisplayList& list);
+    void walk(const DisplayList& list, const Placement& place = Placement());
     /// A dot in place of what is too small to see.
     void shrink(const EntityLook& look, const AcGePoint3d& at);
 

@@ -114,7 +114,7 @@ void Canvas::setDocument(Document* document)
     m_above.forget();
     if (document) {
         CurrentView::setScreen(width(), height());
-        scene()->onChange([this] { refresh(); });
+        scene()->onChange([this] { refreshAbove(); });
         if (!std::exchange(shownDocuments().of(*document).before, true))
             showExtents();
     }
@@ -211,9 +211,10 @@ void Canvas::render()
 {
     if (!m_document || !isVisible())
         return;
-    const bool whole = !m_drawing.isNear(view());
     QElapsedTimer time;
     time.start();
+    followChanges();
+    const bool whole = !m_drawing.isNear(view());
     m_drawing.render(view(), devicePixelRatioF());
     m_above.render(view(), devicePixelRatioF());
     if (whole)
@@ -221,6 +222,15 @@ void Canvas::render()
     if (m_cursor)
         findPlace();
     update();
+}
+
+/// An edit is painted where it shows only.
+void Canvas::followChanges()
+{
+    if (const std::optional<Box2d> damaged = scene()->takeDamage())
+        m_drawing.forget(*damaged);
+    else
+        m_drawing.forget();
 }
 
 // ---- painting

@@ -34,7 +34,7 @@ public:
     void showExtents();
     /// By a factor, about a place of the canvas.
     void zoom(double factor, const QPointF& about);
-    /// The drawing changed.
+    /// All of the drawing is to be painted anew.
     void refresh();
     /// The document's view changed.
     void followView();
@@ -58,6 +58,7 @@ protected:
 
 private:
     Scene* scene() const;
+    void followChanges();
     void setView(const AcGePoint2d& center, double height);
     void keepFormerView();
     void paintDrawing(QPainter& painter, const SceneView& view);
