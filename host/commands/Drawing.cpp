@@ -8,6 +8,7 @@
 #include "dbads.h"
 #include "dbapserv.h"
 #include "dbsymtb.h"
+#include "ed/input/PickFirst.h"
 
 AcDbDatabase& drawing()
 {
@@ -84,6 +85,7 @@ std::vector<AcDbObjectId> askObjects()
     std::vector<AcDbObjectId> chosen = status == RTNORM ? set.objects() : std::vector<AcDbObjectId>();
     if (chosen.empty())
         throw CommandCancelled();
+    PickFirst::of(*curDoc()).setBeingMade(chosen); // stays marked until the command ends
     return chosen;
 }
 

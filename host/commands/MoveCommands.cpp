@@ -6,16 +6,31 @@
 
 namespace {
 
-/// The shift that two points, or one of them alone, tell.
-AcGeVector3d askShift(const wchar_t* keywordPrompt)
+/// What two points, or one of them alone, tell.
+struct Shift {
+    AcGeVector3d by;
+    std::optional<AcGePoint3d> base; ///< nothing when there was but one point
+};
+
+Ghost shifting(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base)
 {
-    const auto base = Prompt(keywordPrompt).keywords(L"Déplacement _ Displacement").point();
+    return Ghost(objects, base, [base](const AcGePoint3d& place) { return AcGeMatrix3d::translation(place - base); });
+}
+
+Shift askShift(const std::vector<AcDbObjectId>& objects)
+{
+    const auto base = Prompt(L"Spécifiez le point de base ou [Déplacement] <déplacement> : ")
+                          .keywords(L"Déplacement _ Displacement")
+                          .point();
     if (!base.value)
-        return askPoint(L"Spécifiez le déplacement : ").asVector();
+        return {askPoint(L"Spécifiez le déplacement : ").asVector(), std::nullopt};
+    const Ghost ghost = shifting(objects, *base.value);
     const auto second = Prompt(L"Spécifiez le deuxième point ou <utiliser le premier point comme déplacement> : ")
                             .from(*base.value)
                             .point();
-    return second.value ? *second.value - *base.value : base.value->asVector();
+    if (!second.value)
+        return {base.value->asVector(), std::nullopt};
+    return {*second.value - *base.value, base.value};
 }
 
 /// The copies that COPY makes, one set for each point.
@@ -47,31 +62,23 @@ private:
 void commands::move()
 {
     const auto objects = askEditable();
-    const AcGeVector3d shift = askShift(L"Spécifiez le point de base ou [Déplacement] <déplacement> : ");
-    transformObjects(objects, AcGeMatrix3d::translation(shift));
+    transformObjects(objects, AcGeMatrix3d::translation(askShift(objects).by));
 }
 
 void commands::copy()
 {
-    CopyRun run(askObjects());
-    const auto base = Prompt(L"Spécifiez le point de base ou [Déplacement] <déplacement> : ")
-                          .keywords(L"Déplacement _ Displacement")
-                          .point();
-    if (!base.value)
-        return run.add(askPoint(L"Spécifiez le déplacement : ").asVector());
-    const auto first = Prompt(L"Spécifiez le deuxième point ou <utiliser le premier point comme déplacement> : ")
-                           .from(*base.value)
-                           .point();
-    if (!first.value)
-        return run.add(base.value->asVector());
-    run.add(*first.value - *base.value);
-    for (;;) {
+    const auto originals = askObjects();
+    CopyRun run(originals);
+    const Shift first = askShift(originals);
+    run.add(first.by);
+    while (first.base) {
+        const Ghost ghost = shifting(originals, *first.base);
         const auto next = Prompt(L"Spécifiez le deuxième point ou [Quitter/annUler] <Quitter> : ")
                               .keywords(L"Quitter annUler _ Exit Undo")
-                              .from(*base.value)
+                              .from(*first.base)
                               .point();
         if (next.value)
-            run.add(*next.value - *base.value);
+            run.add(*next.value - *first.base);
         else if (next.is(L"Undo"))
             run.takeBack();
         else

@@ -3,11 +3,12 @@
 #include <map>
 #include <set>
 
+#include "acdocman.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "dbsymtb.h"
-#include "gemat3d.h"
+#include "ed/input/Transients.h"
 
 namespace {
 
@@ -72,4 +73,15 @@ void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix
     if (refused > 0)
         say(countText(refused, L"objet") +
             (refused > 1 ? L" ne peuvent être transformés." : L" ne peut être transformé."));
+}
+
+Ghost::Ghost(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base,
+             std::function<AcGeMatrix3d(const AcGePoint3d& place)> moved)
+{
+    Transients::of(*curDoc()).setGhost(Transients::Ghost{objects, base, std::move(moved)});
+}
+
+Ghost::~Ghost()
+{
+    Transients::of(*curDoc()).setGhost(std::nullopt);
 }

@@ -1,13 +1,23 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "dbmain.h"
-
-class AcGeMatrix3d;
+#include "gemat3d.h"
 
 /// Copies entities, each into the block that it stands in.
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects);
 
 /// Moves entities through a matrix. What cannot go through it, such as a text that would be slanted, stays and is told.
 void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix);
+
+/// While it lives, a window shows objects where the place that is asked for from `base` would take them.
+class Ghost {
+public:
+    Ghost(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base,
+          std::function<AcGeMatrix3d(const AcGePoint3d& place)> moved);
+    ~Ghost();
+    Ghost(const Ghost&) = delete;
+    Ghost& operator=(const Ghost&) = delete;
+};

@@ -7,7 +7,7 @@
 #include "commands/Transforming.h"
 #include "dbents.h"
 #include "dbmtext.h"
-#include "gemat3d.h"
+#include "ed/input/TypedPoint.h"
 
 /// Commands that turn, scale and mirror about a base.
 
@@ -26,9 +26,28 @@ AboutBase askObjectsAndBase()
     return about;
 }
 
+/// Turned until `reference`, an angle from ANGBASE, points at the place.
+Ghost turning(const AboutBase& about, double reference)
+{
+    const double from = reference + AngleUnits::ofDrawing().base;
+    return Ghost(about.objects, about.base, [base = about.base, from](const AcGePoint3d& place) {
+        const double angle = std::atan2(place.y - base.y, place.x - base.x);
+        return AcGeMatrix3d::rotation(angle - from, AcGeVector3d::kZAxis, base);
+    });
+}
+
+/// Scaled until `reference` reaches to the place.
+Ghost scaling(const AboutBase& about, double reference)
+{
+    return Ghost(about.objects, about.base, [base = about.base, reference](const AcGePoint3d& place) {
+        return AcGeMatrix3d::scaling(base.distanceTo(place) / reference, base);
+    });
+}
+
 double askAngle(AboutBase& about)
 {
     for (;;) {
+        const Ghost ghost = turning(about, 0.0);
         const auto given = Prompt(L"Spécifiez l'angle de rotation ou [Copier/Référence] <" + angleText(0.0) + L"> : ")
                                .keywords(L"Copier Référence _ Copy Reference")
                                .from(about.base)
@@ -41,6 +60,7 @@ double askAngle(AboutBase& about)
             return given.value.value_or(0.0);
         const double reference =
             Prompt(L"Spécifiez l'angle de référence <" + angleText(0.0) + L"> : ").angle().value.value_or(0.0);
+        const Ghost turned = turning(about, reference);
         return *Prompt(L"Spécifiez le nouvel angle : ").required().from(about.base).angle().value - reference;
     }
 }
@@ -48,6 +68,7 @@ double askAngle(AboutBase& about)
 double askFactor(AboutBase& about)
 {
     for (;;) {
+        const Ghost ghost = scaling(about, 1.0);
         const auto given = Prompt(L"Spécifiez le facteur d'échelle ou [Copier/Référence] <1> : ")
                                .keywords(L"Copier Référence _ Copy Reference")
                                .positive()
@@ -61,9 +82,28 @@ double askFactor(AboutBase& about)
             return given.value.value_or(1.0);
         const double reference =
             Prompt(L"Spécifiez la longueur de référence <1> : ").positive().distance().value.value_or(1.0);
+        const Ghost scaled = scaling(about, reference);
         return *Prompt(L"Spécifiez la nouvelle longueur : ").required().positive().from(about.base).distance().value /
                reference;
     }
+}
+
+/// Nothing when two points, seen from above, are one.
+std::optional<AcGeMatrix3d> mirrorThrough(const AcGePoint3d& first, const AcGePoint3d& second)
+{
+    const AcGeVector3d across = AcGeVector3d::kZAxis.crossProduct(second - first);
+    if (across.isZeroLength())
+        return std::nullopt;
+    return AcGeMatrix3d::mirroring(AcGePlane(first, across));
+}
+
+/// The second point of the line of symmetry.
+AcGePoint3d askSecond(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& first)
+{
+    const Ghost ghost(objects, first, [first](const AcGePoint3d& place) {
+        return mirrorThrough(first, place).value_or(AcGeMatrix3d::kIdentity);
+    });
+    return askPoint(L"Spécifiez le deuxième point de la ligne de symétrie : ", first);
 }
 
 /// A mirrored text would be read from behind. So it is turned over about its own middle as well, along or across its
@@ -110,17 +150,15 @@ void commands::mirror()
 {
     const auto originals = askEditable();
     const AcGePoint3d first = askPoint(L"Spécifiez le premier point de la ligne de symétrie : ");
-    const AcGePoint3d second = askPoint(L"Spécifiez le deuxième point de la ligne de symétrie : ", first);
-    const AcGeVector3d across = AcGeVector3d::kZAxis.crossProduct(second - first);
-    if (across.isZeroLength())
+    const auto mirror = mirrorThrough(first, askSecond(originals, first));
+    if (!mirror)
         return say(L"Les deux points sont confondus.");
     const bool replaces = askYes(L"Effacer les objets source ?", false);
     const auto objects = replaces ? originals : copyObjects(originals);
-    const AcGeMatrix3d mirror = AcGeMatrix3d::mirroring(AcGePlane(first, across));
     std::size_t refused = 0;
     for (const AcDbObjectId id : objects)
         refused +=
-            change<AcDbEntity>(id, [&](AcDbEntity& entity) { return mirrorObject(entity, mirror); }) != Acad::eOk;
+            change<AcDbEntity>(id, [&](AcDbEntity& entity) { return mirrorObject(entity, *mirror); }) != Acad::eOk;
     if (refused > 0)
         say(countText(refused, L"objet") + L" sans symétrique.");
 }

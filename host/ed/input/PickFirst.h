@@ -7,7 +7,8 @@
 #include "dbid.h"
 
 /// What of a document is selected, for the window to show: between commands, what the user picked to be taken by the
-/// next one; while a command asks for a selection, what is in it so far.
+/// next one; while a command asks for a selection, what is in it so far, and
+/// what the host's own commands then work on.
 class PickFirst {
 public:
     static PickFirst& of(AcApDocument& document);
@@ -20,7 +21,7 @@ public:
 
     /// What is shown as selected: the selection being made, or else objects(), and what acedRedraw highlights.
     std::vector<AcDbObjectId> highlighted() const;
-    /// Of the selection being made; none when it is done.
+    /// Of the selection being made, or that the command under way works on; none once it is done.
     void setBeingMade(std::vector<AcDbObjectId> objects);
     void setHighlighted(AcDbObjectId entity, bool highlighted);
 

@@ -41,9 +41,12 @@ void PickFirstRule::commandEnds(const std::wstring&, Adesk::Int32 flags, std::si
     if (!flagsUnderWay().empty())
         flagsUnderWay().pop_back();
     AcApDocument* const document = curDoc();
-    if (depth > 1 || !document || (flags & (ACRX_CMD_REDRAW | ACRX_CMD_TRANSPARENT)) != 0)
+    if (depth > 1 || !document)
         return;
     PickFirst& selected = PickFirst::of(*document);
+    selected.setBeingMade({});
+    if ((flags & (ACRX_CMD_REDRAW | ACRX_CMD_TRANSPARENT)) != 0)
+        return;
     if ((flags & ACRX_CMD_DEFUN) == 0 || selected.objects() == m_atStart)
         selected.clear();
 }

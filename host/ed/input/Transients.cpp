@@ -112,6 +112,12 @@ void Transients::setDragged(const AcDbEntity* entity)
     changed();
 }
 
+void Transients::setGhost(std::optional<Ghost> ghost)
+{
+    m_ghost = std::move(ghost);
+    changed();
+}
+
 void Transients::setStatusText(std::wstring text)
 {
     m_status = std::move(text);

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "acgitransient.h"
+#include "dbid.h"
+#include "gemat3d.h"
 #include "gepnt3d.h"
 
 class AcApDocument;
@@ -27,11 +30,19 @@ public:
         int subMode;
     };
 
+    /// Entities of the drawing, where the place that is asked for from `base` would take them.
+    struct Ghost {
+        std::vector<AcDbObjectId> entities;
+        AcGePoint3d base;
+        std::function<AcGeMatrix3d(const AcGePoint3d& place)> moved;
+    };
+
     /// In the order of drawing.
     const std::vector<Vector>& vectors() const { return m_vectors; }
     const std::vector<Item>& items() const { return m_items; }
     /// Null when no jig runs. It is not open and in no drawing.
     const AcDbEntity* dragged() const { return m_dragged; }
+    const std::optional<Ghost>& ghost() const { return m_ghost; }
     /// Of acedGrText: the status line, and the coordinates' place; empty for the usual ones.
     const std::wstring& statusText() const { return m_status; }
     const std::wstring& coordinatesText() const { return m_coordinates; }
@@ -48,6 +59,7 @@ public:
     bool remove(AcGiDrawable* drawable);
     bool removeAll(AcGiTransientDrawingMode mode, int subMode);
     void setDragged(const AcDbEntity* entity);
+    void setGhost(std::optional<Ghost> ghost);
     void setStatusText(std::wstring text);
     void setCoordinatesText(std::wstring text);
     /// The drawing is drawn anew: what lasts until then goes.
@@ -60,6 +72,7 @@ private:
     std::vector<Vector> m_vectors;
     std::vector<Item> m_items;
     const AcDbEntity* m_dragged = nullptr;
+    std::optional<Ghost> m_ghost;
     std::wstring m_status, m_coordinates;
     std::uint64_t m_revision = 0;
 };

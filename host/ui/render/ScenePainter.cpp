@@ -83,8 +83,8 @@ public:
                                      : QColor(QRgb(look.rgb));
         const double weight = (look.lineWeight >= 0 ? look.lineWeight : usualWeight) / 100.0;
         m_pen =
-            QPen(m_color,
-                 m_style.pixelsPerMillimetre > 0.0 ? std::max(weight * m_style.pixelsPerMillimetre, leastWidth) : 0.0);
+            QPen(m_color, m_style.pixelsPerMillimetre > 0.0 ? std::max(weight * m_style.pixelsPerMillimetre, leastWidth)
+                                                            : m_style.width);
         m_pen.setCapStyle(Qt::RoundCap);
         m_pen.setJoinStyle(Qt::RoundJoin);
         if (m_style.dashed)

@@ -16,6 +16,7 @@ struct PaintStyle {
     QColor ground = Qt::white;
     std::optional<QColor> only;     ///< everything in this colour: highlights, black prints
     bool dashed = false;            ///< lines are dashed, whatever their linetype: highlights
+    double width = 0.0;             ///< pixels of thin lines; 0 for as thin as can be
     bool smooth = true;             ///< edges are smoothed
     double pixelsPerMillimetre = 0; ///< line weights are drawn so; 0: all lines one pixel thin
 };

@@ -24,6 +24,7 @@ constexpr double zoomStep = 1.25;      // of one notch of the wheel
 constexpr double extentsMargin = 0.04; // of the canvas
 constexpr double snapAperture = 12.0;  // pixels
 constexpr double dragStart = 5.0;      // pixels that tell a drag from a click
+constexpr double highlightWidth = 2.0; // pixels: seen beside the thin lines that it lies on
 constexpr int snapsOff = 16384;        // bit of OSMODE
 
 QColor groundOf(bool dark)
@@ -264,6 +265,7 @@ void Canvas::paintAbove(QPainter& painter, const SceneView& view)
     paintTransients(painter, *m_document, *scene(), view, style);
     style.only = MarkColors::on(m_dark).highlight;
     style.dashed = true;
+    style.width = highlightWidth;
     ScenePainter highlights(painter, view, style);
     for (const AcDbObjectId id : PickFirst::of(*m_document).highlighted())
         scene()->draw(id, view, highlights);
@@ -274,6 +276,9 @@ void Canvas::paintDragged(QPainter& painter, const CanvasView& view)
     PaintStyle style;
     style.ground = groundOf(m_dark);
     ::paintDragged(painter, *m_document, *scene(), view.sceneView(), style);
+    const InputRequest* const request = m_input.request();
+    if (m_cursor && request && request->base)
+        paintGhost(painter, *m_document, *scene(), view.sceneView(), style, {*request->base, m_place});
 }
 
 void Canvas::paintMarks(QPainter& painter, const CanvasView& view)

@@ -2,6 +2,8 @@
 
 #include "gi/SceneView.h"
 
+#include "gepnt3d.h"
+
 class Document;
 class QPainter;
 class Scene;
@@ -12,3 +14,10 @@ void paintTransients(QPainter& painter, Document& document, Scene& scene, const 
                      const PaintStyle& style);
 /// Paints the entity that follows the cursor, if one does.
 void paintDragged(QPainter& painter, Document& document, Scene& scene, const SceneView& view, const PaintStyle& style);
+
+struct Stretch {
+    AcGePoint3d from, to;
+};
+/// Paints the entities that a command would move, where the place at the end of a stretched line would take them.
+void paintGhost(QPainter& painter, Document& document, Scene& scene, const SceneView& view, const PaintStyle& style,
+                const Stretch& stretch);
