@@ -56,7 +56,7 @@ struct InputAnswer {
     std::vector<AcDbObjectId> objects;
     /// Where the cursor was when a text was typed, if there is one: a length typed alone is measured towards it.
     std::optional<AcGePoint3d> cursor;
-    bool removes = false; ///< for Kind::selection, with Shift held: what is picked leaves the selection
+    bool withShift = false; ///< held while picking: for Kind::selection, see PickEffect
 };
 
 /// Where answers come from: a window, the lines of a script, the arguments of (command ...). They stand on each other

@@ -1,5 +1,7 @@
 #include "ed/select/InteractiveSelection.h"
 
+#include <algorithm>
+
 #include "acdocman.h"
 #include "ap/DocumentData.h"
 #include "ed/input/InputTexts.h"
@@ -83,12 +85,12 @@ int InteractiveSelection::ask()
         if (asked != RTNORM)
             return asked == RTNONE ? RTNORM : asked;
         const std::size_t changes = m_changes.size();
-        m_removesThisTime = given.removes;
+        m_picking = given.kind != InputAnswer::Kind::text;
+        m_withShift = given.withShift;
         if (const int status = handle(given); status != RTNORM)
             return status;
         PickFirst::of(*curDoc()).setBeingMade(m_selection.objects());
-        const bool isPointing = given.kind != InputAnswer::Kind::text || m_changes.size() != changes;
-        if (m_call.single && isPointing)
+        if (m_call.single && (m_picking || m_changes.size() != changes))
             return RTNORM;
     }
 }
@@ -195,23 +197,42 @@ int InteractiveSelection::askPolygon(const std::wstring& option)
     return RTNORM;
 }
 
+PickEffect InteractiveSelection::effectOf(const std::vector<AcDbObjectId>& entities) const
+{
+    if (m_removing || !m_picking)
+        return m_removing ? PickEffect::removes : PickEffect::adds;
+    const auto isIn = [this](AcDbObjectId entity) { return m_selection.has(entity); };
+    return pickEffect(m_withShift, std::ranges::all_of(entities, isIn));
+}
+
 void InteractiveSelection::take(const std::vector<AcDbObjectId>& entities)
 {
-    Change change{{}, m_removing || m_removesThisTime};
-    for (const AcDbObjectId entity : entities)
-        if (change.removed ? m_selection.remove(entity) : m_selection.add(entity))
-            change.entities.push_back(entity);
-    const std::size_t known = entities.size() - change.entities.size();
+    const PickEffect effect = effectOf(entities);
+    const bool removes = effect == PickEffect::removes;
+    if (effect == PickEffect::replaces && !entities.empty())
+        change(m_selection.objects(), true);
+    const std::size_t changed = change(entities, removes);
+    const std::size_t known = entities.size() - changed;
     std::wstring told = L"\n" + std::to_wstring(entities.size()) + L" trouvé(s)";
-    if (known > 0 && !change.removed)
+    if (known > 0 && !removes)
         told += L" (" + std::to_wstring(known) + L" en double)";
-    else if (change.removed)
-        told += L", " + std::to_wstring(change.entities.size()) + L" supprimé(s)";
+    else if (removes)
+        told += L", " + std::to_wstring(changed) + L" supprimé(s)";
     if (m_selection.size() != entities.size())
         told += L", total " + std::to_wstring(m_selection.size());
     Console::instance().print(told);
-    if (!change.entities.empty())
+}
+
+std::size_t InteractiveSelection::change(const std::vector<AcDbObjectId>& entities, bool removes)
+{
+    Change change{{}, removes};
+    for (const AcDbObjectId entity : entities)
+        if (removes ? m_selection.remove(entity) : m_selection.add(entity))
+            change.entities.push_back(entity);
+    const std::size_t count = change.entities.size();
+    if (count > 0)
         m_changes.push_back(std::move(change));
+    return count;
 }
 
 void InteractiveSelection::takeBack()

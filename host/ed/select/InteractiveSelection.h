@@ -7,6 +7,7 @@
 #include "dbmain.h"
 #include "ed/input/Question.h"
 #include "ed/select/AreaPicking.h"
+#include "ed/select/PickEffect.h"
 #include "ed/select/SelectionCall.h"
 #include "ed/select/SelectionSets.h"
 
@@ -42,7 +43,10 @@ private:
     int askBox(const std::wstring& option);
     int askOppositeCorner(const AcGePoint3d& corner, std::optional<PickExtent> extent);
     int askPolygon(const std::wstring& option);
+    PickEffect effectOf(const std::vector<AcDbObjectId>& entities) const;
     void take(const std::vector<AcDbObjectId>& entities);
+    /// @return how many of them joined or left
+    std::size_t change(const std::vector<AcDbObjectId>& entities, bool removes);
     void takeBack();
 
     AcDbDatabase& m_database;
@@ -52,8 +56,9 @@ private:
     Question m_question;
     SelectionSet m_selection;
     std::vector<Change> m_changes;
-    bool m_removing = false;        ///< by the option
-    bool m_removesThisTime = false; ///< by the key held
+    bool m_removing = false; ///< by the option
+    bool m_picking = false;  ///< the last answer was picked in the window
+    bool m_withShift = false;
 };
 
 /// The selection made last in the current document: for "Précédent".

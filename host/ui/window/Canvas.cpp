@@ -10,6 +10,8 @@
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
 #include "ed/input/ViewHistory.h"
+#include "ed/select/PickEffect.h"
+#include "ed/select/SelectionSets.h"
 #include "ed/SystemVariables.h"
 #include "gi/Picking.h"
 #include "gi/Scene.h"
@@ -378,15 +380,15 @@ void Canvas::mousePressEvent(QMouseEvent* event)
     }
 }
 
-void Canvas::press(const QPointF& at, bool removes)
+void Canvas::press(const QPointF& at, bool withShift)
 {
     if (!m_document)
         return;
     if (!m_input.isIdle())
-        return m_input.pick(m_place, removes);
+        return m_input.pick(m_place, withShift);
     if (m_boxFrom)
-        return selectBox(at, removes);
-    select(at, removes);
+        return selectBox(at, withShift);
+    select(at, withShift);
 }
 
 void Canvas::mouseMoveEvent(QMouseEvent* event)
@@ -408,12 +410,12 @@ void Canvas::mouseReleaseEvent(QMouseEvent* event)
     const bool dragged = (event->position() - m_pressed).manhattanLength() > dragStart;
     if (event->button() != Qt::LeftButton || !dragged || !m_document)
         return;
-    const bool removes = event->modifiers().testFlag(Qt::ShiftModifier);
+    const bool withShift = event->modifiers().testFlag(Qt::ShiftModifier);
     if (m_input.isIdle() && m_boxFrom)
-        return selectBox(event->position(), removes);
+        return selectBox(event->position(), withShift);
     const InputRequest* const request = m_input.request();
     if (request && request->kind == InputRequest::Kind::corner)
-        m_input.pick(m_place, removes);
+        m_input.pick(m_place, withShift);
 }
 
 void Canvas::mouseDoubleClickEvent(QMouseEvent* event)
@@ -441,37 +443,41 @@ void Canvas::leaveEvent(QEvent*)
 
 // ---- selecting between commands
 
-void Canvas::select(const QPointF& at, bool removes)
+void Canvas::select(const QPointF& at, bool withShift)
 {
     const CanvasView now = view();
     const auto hits = hitsAt(*scene(), now.toWorld(at), pickAperture() * now.pixel);
     if (hits.empty())
         m_boxFrom = now.toWorld(at);
     else
-        choose({hits.front().entity}, removes);
+        choose({hits.front().entity}, withShift);
     update();
 }
 
-void Canvas::selectBox(const QPointF& to, bool removes)
+void Canvas::selectBox(const QPointF& to, bool withShift)
 {
     const AcGePoint2d from = *std::exchange(m_boxFrom, std::nullopt);
     const AcGePoint2d end = view().toWorld(to);
     Box2d box;
     box.add(from.x, from.y);
     box.add(end.x, end.y);
-    choose(pickBox(*scene(), box, end.x < from.x ? PickExtent::crossing : PickExtent::inside), removes);
+    choose(pickBox(*scene(), box, end.x < from.x ? PickExtent::crossing : PickExtent::inside), withShift);
     update();
 }
 
-void Canvas::choose(const std::vector<AcDbObjectId>& found, bool removes)
+void Canvas::choose(const std::vector<AcDbObjectId>& found, bool withShift)
 {
     PickFirst& selection = PickFirst::of(*m_document);
-    std::vector<AcDbObjectId> chosen = selection.objects();
-    if (removes)
-        std::erase_if(chosen, [&found](AcDbObjectId id) { return std::ranges::find(found, id) != found.end(); });
-    else
-        chosen.insert(chosen.end(), found.begin(), found.end());
-    selection.set(chosen);
+    SelectionSet chosen;
+    for (const AcDbObjectId id : selection.objects())
+        chosen.add(id);
+    const PickEffect effect =
+        pickEffect(withShift, std::ranges::all_of(found, [&](AcDbObjectId id) { return chosen.has(id); }));
+    if (effect == PickEffect::replaces)
+        chosen = {};
+    for (const AcDbObjectId id : found)
+        effect == PickEffect::removes ? chosen.remove(id) : chosen.add(id);
+    selection.set(chosen.objects());
 }
 
 void Canvas::endSelecting()

@@ -72,10 +72,10 @@ private:
     void findPlace();
     std::optional<SnapPoint> snap(const AcGePoint3d& at) const;
     AcGePoint3d orthogonal(const AcGePoint3d& at) const;
-    void press(const QPointF& at, bool removes);
-    void select(const QPointF& at, bool removes);
-    void selectBox(const QPointF& to, bool removes);
-    void choose(const std::vector<AcDbObjectId>& found, bool removes);
+    void press(const QPointF& at, bool withShift);
+    void select(const QPointF& at, bool withShift);
+    void selectBox(const QPointF& to, bool withShift);
+    void choose(const std::vector<AcDbObjectId>& found, bool withShift);
     void endSelecting();
 
     CommandInput& m_input;

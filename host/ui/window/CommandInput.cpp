@@ -147,12 +147,12 @@ void CommandInput::typeAll(const QStringList& lines)
         type(line);
 }
 
-void CommandInput::pick(const AcGePoint3d& point, bool removes)
+void CommandInput::pick(const AcGePoint3d& point, bool withShift)
 {
     if (!m_request || !takesPoint(*m_request))
         return;
     InputAnswer answer = placeAnswer(InputAnswer::Kind::point, point);
-    answer.removes = removes;
+    answer.withShift = withShift;
     give(std::move(answer));
 }
 

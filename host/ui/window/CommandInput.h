@@ -33,7 +33,7 @@ public:
     /// The lines of a button or a menu.
     void typeAll(const QStringList& lines);
     /// Both are dropped when nothing is asked that a place answers.
-    void pick(const AcGePoint3d& point, bool removes = false);
+    void pick(const AcGePoint3d& point, bool withShift = false);
     void move(const AcGePoint3d& point);
     /// Escape: whatever was typed ahead is forgotten.
     void cancel();

@@ -7,7 +7,9 @@
 #include "ed/input/EditorInput.h"
 
 /// A source that gives prepared answers and remembers what it was asked. Once they are used up it has ended.
-/// Answers are texts as typed; "<1,2>" is a point picked there, "~1,2" a movement of the cursor, "<Esc>" Escape.
+/// Answers are texts as typed; "<1,2>" is a point picked there, "^1,2" with Shift held, "~1,2" a movement of the
+/// cursor,
+/// "<Esc>" Escape.
 class Answers : public InputSource {
 public:
     Answers() : m_source(*this) {}
@@ -32,9 +34,9 @@ public:
         m_waiting.pop_front();
         if (text == L"<Esc>") {
             answer.kind = InputAnswer::Kind::cancel;
-        } else if (text.starts_with(L'<') || text.starts_with(L'~')) {
-            const bool isPick = text.front() == L'<';
-            answer.kind = isPick ? InputAnswer::Kind::point : InputAnswer::Kind::moved;
+        } else if (text.starts_with(L'<') || text.starts_with(L'~') || text.starts_with(L'^')) {
+            answer.kind = text.front() == L'~' ? InputAnswer::Kind::moved : InputAnswer::Kind::point;
+            answer.withShift = text.front() == L'^';
             std::size_t comma = 0;
             answer.point.x = std::stod(text.substr(1), &comma);
             answer.point.y = std::stod(text.substr(comma + 2));

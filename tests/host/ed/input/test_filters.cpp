@@ -9,6 +9,7 @@
 #include "dbpl.h"
 #include "dbsymtb.h"
 #include "ed/select/SelectionSets.h"
+#include "ed/SystemVariables.h"
 #include "InputTest.h"
 #include "rx/ResbufChain.h"
 
@@ -231,6 +232,7 @@ TEST_F(Filters, asked)
         std::vector<std::wstring> typed;
         const wchar_t* found;
         std::size_t refused = 0;
+        short pickAdd = 2;
     };
     const Row rows[] = {
         {"one by one", nullptr, {L"<5,0>", L"5,50", L""}, L"ab"},
@@ -253,9 +255,15 @@ TEST_F(Filters, asked)
         {"single, an option does not count", L":S", {L"s", L"a", L"<5,0>"}, L"a"},
         {"unlocked only", L"_:L", {L"_c", L"-1,-1", L"5,1", L""}, L"a"},
         {"AutoLISP", nullptr, {L"(entlast)", L""}, L"f"},
+        {"Shift takes out", nullptr, {L"<5,0>", L"<5,50>", L"^5,0>", L""}, L"b"},
+        {"in place of the former", nullptr, {L"d", L"<5,0>", L"<5,50>", L""}, L"b", 0, 0},
+        {"nothing found: as it was", nullptr, {L"<5,0>", L"<5,20>", L"<6,21>", L""}, L"a", 0, 0},
+        {"Shift joins, and leaves", nullptr, {L"<5,0>", L"^5,50>", L"^5,0>", L""}, L"b", 0, 0},
+        {"options join all the same", nullptr, {L"<5,0>", L"d", L""}, L"af", 0, 0},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
+        SystemVariables::instance().set(L"PICKADD", row.pickAdd);
         answers.clear();
         answers.refusals.clear();
         answers.give(row.typed);
@@ -263,6 +271,7 @@ TEST_F(Filters, asked)
         EXPECT_TRUE(answers.areUsedUp());
         EXPECT_EQ(answers.refusals.size(), row.refused);
     }
+    SystemVariables::instance().set(L"PICKADD", short{2});
     const ACHAR* prompts[] = {L"Murs : ", L"Pas ceux-là : "};
     answers.give({L"s", L"a", L"d", L""});
     answers.asked.clear();

@@ -232,6 +232,17 @@ TEST_F(CommandLineTest, clicksSelectBetweenCommands)
         click(17, 60),
         click(5, 5),
         [&] { EXPECT_EQ(selected(), 2U) << "from right to left: what it meets"; },
+        [] { SystemVariables::instance().set(L"PICKADD", short{0}); },
+        click(15, 50),
+        [&] { EXPECT_EQ(selected(), 1U) << "in place of what was selected"; },
+        [&] {
+            QTest::mouseClick(&canvas(), Qt::LeftButton, Qt::ShiftModifier, pixelOf(15, 10));
+            EXPECT_EQ(selected(), 2U) << "Shift adds";
+            QTest::mouseClick(&canvas(), Qt::LeftButton, Qt::ShiftModifier, pixelOf(15, 50));
+            EXPECT_EQ(selected(), 1U) << "and takes out what is in";
+        },
+        [] { SystemVariables::instance().set(L"PICKADD", short{2}); },
+        key(Qt::Key_Escape),
         choose(":deselectionner"),
         choose(":toutSelectionner"),
         [&] { EXPECT_EQ(selected(), 2U); },
