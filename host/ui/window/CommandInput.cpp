@@ -122,8 +122,11 @@ void CommandInput::wait()
     m_loop = outer;
 }
 
+/// What comes after a movement that nobody has heard of yet takes its place: a click would be lost behind it.
 void CommandInput::give(InputAnswer answer)
 {
+    if (!m_given.empty() && m_given.back().kind == InputAnswer::Kind::moved)
+        m_given.pop_back();
     m_given.push_back(std::move(answer));
     if (m_loop)
         m_loop->quit();
@@ -160,10 +163,7 @@ void CommandInput::move(const AcGePoint3d& point)
 {
     if (!m_request || m_request->kind != Kind::drag)
         return;
-    if (!m_given.empty() && m_given.back().kind == InputAnswer::Kind::moved)
-        m_given.back().point = point;
-    else
-        give(placeAnswer(InputAnswer::Kind::moved, point));
+    give(placeAnswer(InputAnswer::Kind::moved, point));
 }
 
 void CommandInput::cancel()
