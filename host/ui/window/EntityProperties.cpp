@@ -177,9 +177,12 @@ QStringList choicesOf(EntityProperty::Kind kind, AcDbDatabase& database)
     using Kind = EntityProperty::Kind;
     if (kind == Kind::layer)
         return namesIn<AcDbLayerTable>(database.layerTableId());
-    if (kind == Kind::linetype)
-        return namesIn<AcDbLinetypeTable>(database.linetypeTableId());
     QStringList names;
+    if (kind == Kind::linetype) {
+        for (const QString& name : namesIn<AcDbLinetypeTable>(database.linetypeTableId()))
+            names.append(linetypeText(name));
+        return names;
+    }
     if (kind != Kind::color)
         return names;
     constexpr int named = 7, byLayer = 256, byBlock = 0;

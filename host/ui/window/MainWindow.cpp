@@ -92,11 +92,6 @@ MainWindow::MainWindow(PointTables* points) :
 MainWindow::~MainWindow()
 {
     DrawingChanges::instance().setModuleState(nullptr);
-    ScriptRunner::Options scripts;
-    scripts.interactive = true;
-    scripts.commandEnded = [this] { followDrawing(); };
-    scripts.warn = [](const QString& remark) { Console::instance().print(L"\n" + remark.toStdWString()); };
-    m_scripts = std::make_unique<ScriptCommand>(scripts);
     CommandHooks::instance().chooseFile = nullptr;
     CommandHooks::instance().regenerate = nullptr;
     LispHooks::instance().interrupted = nullptr;
@@ -413,10 +408,13 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape)
-        QCoreApplication::sendEvent(&m_commands->edit(), event);
-    else
-        QMainWindow::keyPressEvent(event);
+    CommandEdit& edit = m_commands->edit();
+    const bool isText = !event->text().isEmpty() && event->text().at(0).isPrint();
+    if (edit.hasFocus() || (event->key() != Qt::Key_Escape && !isText))
+        return QMainWindow::keyPressEvent(event);
+    if (isText)
+        edit.setFocus();
+    QCoreApplication::sendEvent(&edit, event);
 }
 
 void MainWindow::work()

@@ -42,7 +42,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    /// Escape cancels wherever the keyboard is.
+    /// What no panel takes is typed at the command line; Escape cancels wherever the keyboard is.
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;

@@ -62,6 +62,7 @@ private:
 PropertyPanel::PropertyPanel(QWidget* parent) : QWidget(parent), m_summary(new QLabel), m_tree(new QTreeWidget)
 {
     m_summary->setObjectName(QStringLiteral("resumeSelection"));
+    m_summary->setWordWrap(true); // many kinds must not widen the panel
     m_tree->setObjectName(QStringLiteral("arbreProprietes"));
     m_tree->setColumnCount(2);
     m_tree->setHeaderLabels({QStringLiteral("Propriété"), QStringLiteral("Valeur")});

@@ -142,6 +142,9 @@ Acad::ErrorStatus writeLayer(AcDbEntity& entity, const QString& name)
     return entity.setLayer(name.toStdWString().c_str());
 }
 
+constexpr std::pair<QLatin1String, QLatin1String> linetypesOfOthers[] = {
+    {QLatin1String("ByLayer"), QLatin1String("DuCalque")}, {QLatin1String("ByBlock"), QLatin1String("DuBloc")}};
+
 QString readColor(const AcDbEntity& entity)
 {
     return colorName(entity.colorIndex());
@@ -154,10 +157,14 @@ Acad::ErrorStatus writeColor(AcDbEntity& entity, const QString& name)
 
 QString readLinetype(const AcDbEntity& entity)
 {
-    return taken(entity.linetype());
+    return linetypeText(taken(entity.linetype()));
 }
-Acad::ErrorStatus writeLinetype(AcDbEntity& entity, const QString& name)
+Acad::ErrorStatus writeLinetype(AcDbEntity& entity, const QString& text)
 {
+    QString name = text;
+    for (const auto& [stored, shown] : linetypesOfOthers)
+        if (text.compare(shown, Qt::CaseInsensitive) == 0)
+            name = stored;
     return entity.setLinetype(name.toStdWString().c_str());
 }
 
@@ -349,6 +356,14 @@ const PropertyRow rows[] = {
 #undef ANGLE_ROW
 
 } // namespace
+
+QString linetypeText(const QString& name)
+{
+    for (const auto& [stored, shown] : linetypesOfOthers)
+        if (name.compare(stored, Qt::CaseInsensitive) == 0)
+            return shown;
+    return name;
+}
 
 std::span<const PropertyRow> propertyRows()
 {

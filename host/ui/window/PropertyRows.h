@@ -17,6 +17,8 @@ struct PropertyRow {
 /// In the order in which they are shown.
 std::span<const PropertyRow> propertyRows();
 
+/// The name of a linetype as it is shown: "DuCalque" for that of the layer.
+QString linetypeText(const QString& name);
 /// A number as it is shown: six decimals at most.
 QString numberText(double value);
 /// As one types it, with a point or a comma. eInvalidInput, and `value` as it was, when it is none.

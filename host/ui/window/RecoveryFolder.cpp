@@ -34,6 +34,14 @@ std::unique_ptr<QLockFile> takeLock(const fs::path& folder)
     return lock->tryLock() ? std::move(lock) : nullptr;
 }
 
+/// A lock cannot be let go once its file is gone. What cannot be removed is looked at again at the next start.
+void removeFolder(const fs::path& folder, QLockFile& lock)
+{
+    lock.unlock();
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+}
+
 /// Two sessions may start within one second, and process numbers come again: the first name that is free.
 fs::path makeFolder(const fs::path& place)
 {
@@ -85,9 +93,7 @@ RecoveryFolder::RecoveryFolder(const fs::path& place) : m_folder(makeFolder(plac
 
 RecoveryFolder::~RecoveryFolder()
 {
-    m_lock->unlock();
-    std::error_code ignored; // what stays behind is offered at the next start
-    fs::remove_all(m_folder, ignored);
+    removeFolder(m_folder, *m_lock);
 }
 
 fs::path RecoveryFolder::copyOf(int number) const
@@ -125,7 +131,7 @@ std::vector<LostDrawing> RecoveryFolder::lost(const fs::path& place)
             continue; // of a session that lives
         auto drawings = drawingsIn(folder.path());
         if (drawings.empty())
-            fs::remove_all(folder.path());
+            removeFolder(folder.path(), *lock);
         found.insert(found.end(), std::make_move_iterator(drawings.begin()), std::make_move_iterator(drawings.end()));
     }
     std::ranges::sort(found, {}, [](const LostDrawing& drawing) { return drawing.copy; });

@@ -174,15 +174,18 @@ TEST_F(PanelsTest, propertiesOfTheSelectionAreReadAndChanged)
             EXPECT_EQ(child<QLabel>("resumeSelection").text(), QStringLiteral("Ligne"));
             EXPECT_EQ(valueOf("Calque"), "0");
             EXPECT_EQ(valueOf("Couleur"), "DuCalque");
+            EXPECT_EQ(valueOf("Type de ligne"), "DuCalque");
             EXPECT_EQ(valueOf("Longueur"), "5");
             EXPECT_EQ(valueOf("Fin Y"), "4");
             EXPECT_TRUE(properties().findItems(QStringLiteral("Rayon"), Qt::MatchRecursive).isEmpty());
         },
         change("Fin Y", "-4,5"),
+        change("Type de ligne", "DuBloc"),
         change("Couleur", "rouge"),
         [&] {
             const AcDbObjectPointer<AcDbLine> read(line);
             EXPECT_EQ(read->endPoint(), AcGePoint3d(3, -4.5, 0));
+            EXPECT_EQ(read->linetypeId(), document().database()->byBlockLinetype());
             EXPECT_EQ(read->colorIndex(), 1);
         },
         [] { undo(); },
@@ -222,6 +225,13 @@ TEST_F(PanelsTest, propertiesOfTheSelectionAreReadAndChanged)
             select({circle, add(new AcDbArc({0, 0, 0}, 3, 0, 1))});
         },
         [this] { EXPECT_EQ(valueOf("Rayon"), "3") << "circles and arcs share it"; },
+        [&] {
+            select({line, circle, add(new AcDbPoint({0, 0, 0})), add(new AcDbArc({0, 0, 0}, 4, 0, 1))});
+        },
+        [this] {
+            const auto& summary = child<QLabel>("resumeSelection");
+            EXPECT_LT(summary.minimumSizeHint().width(), 150) << "of many kinds: the panel need not widen";
+        },
     });
 }
 

@@ -148,6 +148,13 @@ TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
     });
 }
 
+/// What Qt complains of.
+QStringList& warnings()
+{
+    static QStringList told;
+    return told;
+}
+
 TEST_F(RecoveryTest, whatIsNotWantedIsRemoved)
 {
     const fs::path place = folder / "vela" / "recuperation";
@@ -157,7 +164,12 @@ TEST_F(RecoveryTest, whatIsNotWantedIsRemoved)
     std::ofstream(dead / "1.json") << R"({"titre": "a.dxf", "fichier": "/a.dxf", "heure": "2026-01-02T03:04:05"})";
     std::ofstream(dead / "2.json") << "{}"; // its copy was never written
     fs::create_directories(place / "vide");
+    warnings().clear();
+    const QtMessageHandler former = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& told) { warnings().append(told); });
     EXPECT_EQ(RecoveryFolder::lost().size(), 1U);
+    qInstallMessageHandler(former);
+    EXPECT_EQ(warnings().join(u'\n').toStdString(), "");
     EXPECT_FALSE(fs::exists(place / "vide"));
     whenDialog([](QDialog& dialog) { press(dialog, "Supprimer les copies"); });
     offerRecovery(*window, window->autosave());
