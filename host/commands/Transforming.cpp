@@ -76,12 +76,13 @@ void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix
 }
 
 Ghost::Ghost(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base,
-             std::function<AcGeMatrix3d(const AcGePoint3d& place)> moved)
+             std::function<AcGeMatrix3d(const AcGePoint3d& place)> moved) :
+    m_transients(Transients::of(*curDoc()))
 {
-    Transients::of(*curDoc()).setGhost(Transients::Ghost{objects, base, std::move(moved)});
+    m_transients.setGhost(Transients::Ghost{objects, base, std::move(moved)});
 }
 
 Ghost::~Ghost()
 {
-    Transients::of(*curDoc()).setGhost(std::nullopt);
+    m_transients.setGhost(std::nullopt);
 }

@@ -6,6 +6,8 @@
 #include "dbmain.h"
 #include "gemat3d.h"
 
+class Transients;
+
 /// Copies entities, each into the block that it stands in.
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects);
 
@@ -20,4 +22,7 @@ public:
     ~Ghost();
     Ghost(const Ghost&) = delete;
     Ghost& operator=(const Ghost&) = delete;
+
+private:
+    Transients& m_transients;
 };

@@ -311,8 +311,7 @@ void MainWindow::showCanvasMenu(const QPoint& at)
 
 void MainWindow::showCoordinates(const AcGePoint3d& point)
 {
-    const Document* const document = DocumentList::instance().current();
-    const auto& told = Transients::of(*const_cast<Document*>(document)).coordinatesText();
+    const auto& told = Transients::of(*DocumentList::instance().current()).coordinatesText();
     const int decimals = settingOf(L"LUPREC");
     const auto number = [decimals](double value) { return QString::number(value, 'f', decimals); };
     m_coordinates->setText(told.empty()
