@@ -69,6 +69,12 @@ listePointsDuDessin::tableau& listePointsDuDessin::getData()
 
 void listePointsDuDessin::Ajouter(const pointDuDessin& point)
 {
+    ajouterTel(point);
+    points[nbPoint() - 1].venuDessine = !point.id.isNull();
+}
+
+void listePointsDuDessin::ajouterTel(const pointDuDessin& point)
+{
     if (blancsEnAttente != blancs::espaces) {
         indexerEnAttente();
         blancsEnAttente = blancs::espaces;
@@ -89,7 +95,7 @@ void listePointsDuDessin::fusionnerAvec(const listePointsDuDessin& autre)
 {
     const int nombre = autre.nbPoint(); // as it stood, should it be this table
     for (int i = 0; i < nombre; ++i)
-        Ajouter(autre.points[i]);
+        ajouterTel(autre.points[i]);
 }
 
 void listePointsDuDessin::remplacerPoint(int i, const pointDuDessin& point)
@@ -98,7 +104,9 @@ void listePointsDuDessin::remplacerPoint(int i, const pointDuDessin& point)
     const cleNom ancienne(ancien.getNomPoint(), blancsRecherche);
     if (noms.chercher(ancienne) == i)
         noms.retirer(ancienne);
+    const bool venuDessine = ancien.venuDessine && ancien.id == point.id;
     ancien = point;
+    ancien.venuDessine = venuDessine;
     noms.poser(cleNom(point.getNomPoint(), blancsRecherche), i);
 }
 
@@ -108,16 +116,73 @@ void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
     if (!existPoint(nom, position))
         return;
     effacerEntite(points[position].getId());
+    retirer(position);
+    if (position != nbPoint())
+        noms.poser(cleNom(points[position].getNomPoint(), blancsReindexation), position);
+    if (const auto cle = cleNom::deTexte(nom, blancsReindexation))
+        noms.retirer(*cle);
+    premierEnAttente = nbPoint();
+}
+
+/// The last point takes its place. Names are the caller's affair.
+void listePointsDuDessin::retirer(int position)
+{
+    const pointDuDessin& point = points[position];
+    if (!point.id.isNull())
+        retires.insert_or_assign(point.id.asOldId(), retrait{position, point});
     const int dernier = nbPoint() - 1;
     if (position != dernier) {
         points[position] = points[dernier];
-        noms.poser(cleNom(points[position].getNomPoint(), blancsReindexation), position);
         objets.suspecter(position);
     }
-    if (const auto cle = cleNom::deTexte(nom, blancsReindexation))
-        noms.retirer(*cle);
     points.RemoveAt(dernier);
-    premierEnAttente = dernier;
+}
+
+/// The way back: who took its place goes to the end again.
+bool listePointsDuDessin::remettre(std::int64_t entite)
+{
+    const auto noeud = retires.extract(entite);
+    if (!noeud)
+        return false;
+    const auto& [position, point] = noeud.mapped();
+    if (position >= nbPoint()) {
+        points.Add(point);
+    } else {
+        points.Add(pointDuDessin(points[position]));
+        points[position] = point;
+        objets.suspecter(position);
+    }
+    reindexer();
+    return true;
+}
+
+void listePointsDuDessin::suivreSymbole(const AcDbObjectId& id, sortSymbole sort)
+{
+    const std::int64_t entite = id.asOldId();
+    const auto partir = [this](int position) {
+        retirer(position);
+        reindexer();
+    };
+    switch (sort) {
+    case sortSymbole::efface: // by itself: the point stays, whatever is done again later
+        remis.erase(entite);
+        break;
+    case sortSymbole::effacementAnnule:
+        if (remettre(entite))
+            remis.insert(entite);
+        break;
+    case sortSymbole::effacementRefait:
+        if (const int i = positionDe(id); i >= 0 && remis.erase(entite) > 0)
+            partir(i);
+        break;
+    case sortSymbole::dessinAnnule:
+        if (const int i = positionDe(id); i >= 0 && points[i].venuDessine)
+            partir(i);
+        break;
+    case sortSymbole::dessinRefait:
+        remettre(entite);
+        break;
+    }
 }
 
 void listePointsDuDessin::delDups()
@@ -246,6 +311,11 @@ int listePointsDuDessin::getBlockPosition(const wchar_t* nom, AcGePoint3d& posit
     return 1;
 }
 
+int listePointsDuDessin::positionDe(const AcDbObjectId& id)
+{
+    return objets.chercher(id, {points.GetData(), static_cast<std::size_t>(points.GetSize())});
+}
+
 /// Apart from its symbol the point stays as it is: no name has to be indexed again.
 void listePointsDuDessin::mettreAJourSymbole(int i)
 {
@@ -269,16 +339,18 @@ void listePointsDuDessin::updateFromDrawing()
     points.RemoveAll();
     reindexer();
     objets.suspecterTout();
+    retires.clear();
+    remis.clear();
     for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
         pointDuDessin point;
         if (point.updateFromDrawing(id))
-            Ajouter(point);
+            ajouterTel(point);
     }
 }
 
 void listePointsDuDessin::notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque)
 {
-    const int i = objets.chercher(id, {points.GetData(), static_cast<std::size_t>(points.GetSize())});
+    const int i = positionDe(id);
     if (i < 0)
         return;
     pointDuDessin& point = points[i];
@@ -308,7 +380,7 @@ int listePointsDuDessin::GetFromXRecord(QuarvelSerializer* s)
         pointDuDessin point;
         if (!point.readFromXRecord(s))
             return 0;
-        Ajouter(point);
+        ajouterTel(point);
     }
     return 1;
 }

@@ -7,7 +7,14 @@
 #include "points/indexObjets.h"
 #include "points/pointDuDessin.h"
 
+#include <cstdint>
+#include <unordered_map>
+#include <unordered_set>
+
 class QuarvelSerializer;
+
+/// What happened to the entity that shows a point: done by the user or by a command, or by the host's undo and redo.
+enum class sortSymbole { efface, effacementAnnule, effacementRefait, dessinAnnule, dessinRefait };
 
 /// One named table of survey points.
 /// Owns its points by value, in table order; positions are 0-based and change when a point is removed.
@@ -78,6 +85,10 @@ public:
     void updateFromDrawing();
     /// Copies coordinates of a moved entity into the first point that it shows. `masque`: 1 X, 2 Y, 4 Z.
     void notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque);
+    /// Undo and redo of the drawing, for the points: one that was added with its entity goes and comes back with it,
+    /// and so does one that was removed with it. A point whose entity is erased by itself stays, and so does one that
+    /// was there before its entity.
+    void suivreSymbole(const AcDbObjectId& id, sortSymbole sort);
 
     /// Table of the stored form: name, number of points, points. Reading appends to the table and indexes the points.
     /// @return 1, or 0 at the first item that fails.
@@ -87,7 +98,16 @@ public:
 private:
     enum class blancs { espaces, espacesEtTabulations };
 
+    struct retrait {
+        int position;
+        pointDuDessin point;
+    };
+
     const pointDuDessin* chercher(const wchar_t* nom) const;
+    int positionDe(const AcDbObjectId& id);
+    void ajouterTel(const pointDuDessin& point);
+    void retirer(int position);
+    bool remettre(std::int64_t entite);
     void mettreAJourSymbole(int i);
     void reindexer();
     void indexerEnAttente() const;
@@ -99,5 +119,7 @@ private:
     mutable int premierEnAttente = 0;         // points from here on are not indexed yet
     blancs blancsEnAttente = blancs::espaces; // what is stripped from their names
     indexObjets objets;
+    std::unordered_map<std::int64_t, retrait> retires; // went with their entity, by its id
+    std::unordered_set<std::int64_t> remis;            // entities whose point came back when its removal was taken back
     CString nomTable;
 };

@@ -85,6 +85,12 @@ void projetsTopo::notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d&
         table->notifyPositionPoint(id, position, masque);
 }
 
+void projetsTopo::suivreSymbole(const AcDbObjectId& id, sortSymbole sort)
+{
+    for (const auto& table : tables)
+        table->suivreSymbole(id, sort);
+}
+
 int projetsTopo::SaveToXRecord(QuarvelSerializer* s) const
 {
     const int ecrit =

@@ -34,8 +34,10 @@ void pointDuDessin::creer(bool creerCalques, const wchar_t* observation)
 
 void pointDuDessin::updateDrawing()
 {
-    if (!actualiserSymbole(id, donneesDe(*this), codificationDuModule().getCodif(code)))
-        creer(true);
+    if (actualiserSymbole(id, donneesDe(*this), codificationDuModule().getCodif(code)))
+        return;
+    creer(true);
+    venuDessine = false; // it was there before this symbol
 }
 
 int pointDuDessin::updateFromDrawing(const AcDbObjectId& symbole)

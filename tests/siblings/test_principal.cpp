@@ -12,8 +12,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -177,6 +180,80 @@ TEST_F(PrincipalTest, takesPointsBackWithTheirSymbols)
         ASSERT_TRUE((histoire.*r.step)());
         EXPECT_EQ(place(), r.symbol);
         EXPECT_EQ(table.getData(0)->getAs3dPnt(), r.point);
+    }
+}
+
+/// What came or went with a symbol comes and goes with it; what was there before, or lost its symbol alone, stays.
+TEST_F(PrincipalTest, takesPointsOutAndInWithTheirSymbols)
+{
+    AcDbDatabase& db = *DocumentList::instance().create().database();
+    listePointsDuDessin& table = *tablesPoints->currTable();
+    UndoRecorder& histoire = db.impl().undo();
+    const auto dessiner = [&](const wchar_t* nom) {
+        pointDuDessin p;
+        p.setParams(nom, AcGePoint3d(1, 2, 3), 1);
+        p.creer(true);
+        table.Ajouter(p);
+    };
+    const auto effacer = [&](const wchar_t* nom) {
+        AcDbObjectId id;
+        ASSERT_TRUE(table.getObjId(nom, id));
+        const AcDbObjectPointer<AcDbEntity> symbole(id, AcDb::kForWrite);
+        ASSERT_EQ(symbole->erase(), Acad::eOk);
+    };
+    using Noms = std::vector<std::string>;
+    const auto noms = [&] {
+        Noms resultat;
+        for (int i = 0; i < table.nbPoint(); ++i) {
+            resultat.emplace_back(std::as_const(table).getData(i)->getNomPoint());
+            int position = -1;
+            EXPECT_TRUE(table.existPoint(CString(resultat.back().c_str()), position));
+            EXPECT_EQ(position, i);
+        }
+        return resultat;
+    };
+    struct Row {
+        const char* name;
+        std::function<void()> change;
+        Noms after;
+    };
+    const Row rows[] = {
+        {"two points drawn", [&] { (dessiner(L"P1"), dessiner(L"P2")); }, {"AVANT", "P1", "P2"}},
+        {"a point that was there before is drawn", [&] { table.updateDrawing(); }, {"AVANT", "P1", "P2"}},
+        {"one removed, the last takes its place", [&] { table.supprimerPoint(L"P1"); }, {"AVANT", "P2"}},
+        {"symbols erased alone", [&] { (effacer(L"AVANT"), effacer(L"P2")); }, {"AVANT", "P2"}},
+    };
+    ajouterPoint(L"AVANT");
+    std::vector<Noms> etats{noms()};
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.name);
+        histoire.startMark();
+        r.change();
+        histoire.endMark();
+        EXPECT_EQ(noms(), r.after);
+        etats.push_back(r.after);
+    }
+    for (const char* const tour : {"first", "second"}) {
+        SCOPED_TRACE(tour);
+        for (std::size_t i = std::size(rows); i-- > 0;) {
+            ASSERT_TRUE(histoire.undo());
+            EXPECT_EQ(noms(), etats[i]) << rows[i].name << ", undone";
+        }
+        for (const Row& r : rows) {
+            ASSERT_TRUE(histoire.redo());
+            EXPECT_EQ(noms(), r.after) << r.name << ", done again";
+        }
+    }
+
+    // A symbol that came back with its point is then erased alone.
+    for (int i = 0; i < 2; ++i)
+        ASSERT_TRUE(histoire.undo());
+    histoire.startMark();
+    effacer(L"P1");
+    histoire.endMark();
+    for (const auto step : {&UndoRecorder::undo, &UndoRecorder::redo}) {
+        ASSERT_TRUE((histoire.*step)());
+        EXPECT_EQ(noms(), (Noms{"AVANT", "P1", "P2"}));
     }
 }
 
