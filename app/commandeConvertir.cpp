@@ -62,7 +62,7 @@ void ajouterCommandeConvertir(CLI::App& programme)
     CLI::App& commande = *programme.add_subcommand("convertir", "Ouvre un dessin et l'enregistre sous un autre nom");
     commande.group(groupeCommandes);
     const auto choix = std::make_shared<choixConvertir>();
-    commande.add_option("A", choix->source, "Dessin à lire")->type_name("")->required();
+    commande.add_option("A", choix->source, "Dessin à lire (DXF ou DWG)")->type_name("")->required();
     commande.add_option("B", choix->cible, "Dessin à écrire, en « .dxf » (l'ancien est gardé en « .bak »)")
         ->type_name("")
         ->required();

@@ -22,7 +22,7 @@ void ajouterCommandeInfo(CLI::App& programme)
     CLI::App& commande = *programme.add_subcommand("info", "Dit ce qu'un dessin contient");
     commande.group(groupeCommandes);
     const auto choix = std::make_shared<choixInfo>();
-    commande.add_option("DESSIN", choix->dessin, "Fichier DXF")->type_name("")->required();
+    commande.add_option("DESSIN", choix->dessin, "Dessin (DXF ou DWG)")->type_name("")->required();
     commande.add_flag("--json", choix->json, "Donne tout en JSON, et rien d'autre");
     commande.callback([choix] {
         sessionHote session(std::cerr);

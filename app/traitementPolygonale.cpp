@@ -32,6 +32,15 @@ void avertir(suitesPolygonale& suites, const std::vector<std::wstring>& phrases)
         suites.avertissements.push_back(platform::utf8FromWide(phrase));
 }
 
+constexpr const char* autreGenre(const donneesPolygonaleFermee&)
+{
+    return "ouverte";
+}
+constexpr const char* autreGenre(const donneesPolygonaleOuverte&)
+{
+    return "fermée";
+}
+
 template <class Donnees>
 Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
 {
@@ -44,6 +53,9 @@ Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
         throw erreurProgramme(demande.observations + " : aucune station de départ lisible (nom, X, Y, Z, gisement) : "
                                                      "ce n'est pas un fichier de polygonale, ou ce nom est vide.");
     avertir(suites, phrases);
+    if (donnees.depart.nom.empty()) // each kind of file has its own word for the departure
+        suites.avertissements.push_back(demande.observations + " : la station de départ n'a pas de nom ; ce fichier " +
+                                        "est-il celui d'une polygonale " + autreGenre(donnees) + " ?");
     if (donnees.lignes.size() < 2)
         throw erreurProgramme(demande.observations + " : données insuffisantes, il faut au moins deux observations.");
     return donnees;

@@ -1,5 +1,6 @@
 #include "frame/lispSaisie.h"
 
+#include "calculs/grandeur.h"
 #include "frame/argumentsLisp.h"
 #include "frame/listeLisp.h"
 
@@ -16,8 +17,7 @@ int lispKGetpt()
     const bool avecDepart = arguments.lirePoint(depart);
     if (!arguments.fini())
         return refuserParametres();
-    constexpr double inconnue = 1e38; // the altitude of a base point given by two coordinates
-    const ads_point base{depart.x, depart.y, depart.z == inconnue ? 0.0 : depart.z};
+    const ads_point base{depart.x, depart.y, depart.z == inconnu ? 0.0 : depart.z};
     ads_point point;
     if (acedGetPoint(avecDepart ? base : nullptr, message, point) != RTNORM)
         return rendreNil();

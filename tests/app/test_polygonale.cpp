@@ -250,6 +250,16 @@ TEST_F(polygonaleOuverte, ReportsAndPlaces)
     EXPECT_EQ(pointsDeLaTableCourante(info), 6);
 }
 
+TEST_F(polygonaleOuverte, WondersAtAFileOfTheOtherKind)
+{
+    copierExemple(fichier);
+    copierExemple("polygonale-ouverte-grades.obs");
+    EXPECT_NE(vela(std::string("polygonale ouverte ") + fichier).erreurs.find("d'une polygonale fermée ?"),
+              std::string::npos);
+    EXPECT_NE(vela("polygonale fermee polygonale-ouverte-grades.obs").erreurs.find("d'une polygonale ouverte ?"),
+              std::string::npos);
+}
+
 TEST_F(polygonaleOuverte, SaysWhatToTypeForATurn)
 {
     copierExemple("polygonale-ouverte-degres.obs");
