@@ -149,9 +149,8 @@ void placer(const demandePolygonale& demande, const std::vector<stationCorrigee>
 
 void choisirCode(const demandePolygonale& demande, suitesPolygonale& suites)
 {
-    const bool valable = demande.code >= 1 && demande.code <= 9999;
-    suites.code = valable ? demande.code : 100;
-    if (!valable)
+    suites.code = codeDesStations(demande.code);
+    if (suites.code != demande.code)
         suites.avertissements.push_back("Le code " + std::to_string(demande.code) +
                                         " n'est pas compris entre 1 et 9999 : le code 100 est pris.");
 }

@@ -116,6 +116,9 @@ struct lecture {
             bilan.remarques.push_back({numero, std::move(phrase)});
     }
 
+    /// A keyword that says nothing to this kind of traverse.
+    void remarquerMotCle() { remarquer(L"mot-clé « " + e[0] + L" » sans effet."); }
+
     /// The number that follows the key at `cle`.
     double nombre(std::size_t cle)
     {
@@ -125,26 +128,41 @@ struct lecture {
     }
 };
 
-/// The keywords that both kinds of traverse have.
-void lireMotCleCommun(const lecture& l, int& unite, int& nivellement)
+/// Remarks that a word does not begin as the one that is taken for it.
+void remarquerMot(lecture& l, const wchar_t* pris)
 {
-    const std::wstring mot = motCle(l.e[0]);
-    if (mot == L"ANGL")
-        unite = uniteAngulaireDe(l.e[1].front());
-    else if (mot == L"NIVE")
-        nivellement = nivellementDe(l.e[1].front());
+    if (majuscule(l.e[1].front()) != majuscule(pris[0]))
+        l.remarquer(l.e[0] + L" « " + l.e[1] + L" » inconnu, « " + pris + L" » est pris.");
 }
 
-void lireMotCle(const lecture& l, donneesPolygonaleFermee& donnees)
+/// The keywords that both kinds of traverse have. @return whether it is one of them
+bool lireMotCleCommun(lecture& l, int& unite, int& nivellement)
 {
-    lireMotCleCommun(l, donnees.unite, donnees.nivellement);
+    const std::wstring mot = motCle(l.e[0]);
+    if (mot == L"ANGL") {
+        unite = uniteAngulaireDe(l.e[1].front());
+        remarquerMot(l, motUniteAngulaire(unite));
+    } else if (mot == L"NIVE") {
+        nivellement = nivellementDe(l.e[1].front());
+        remarquerMot(l, motNivellement(nivellement));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void lireMotCle(lecture& l, donneesPolygonaleFermee& donnees)
+{
+    if (!lireMotCleCommun(l, donnees.unite, donnees.nivellement))
+        l.remarquerMotCle();
 }
 
 void lireMotCle(lecture& l, donneesPolygonaleOuverte& donnees)
 {
-    lireMotCleCommun(l, donnees.unite, donnees.nivellement);
-    if (motCle(l.e[0]) != L"FERM")
+    if (lireMotCleCommun(l, donnees.unite, donnees.nivellement))
         return;
+    if (motCle(l.e[0]) != L"FERM")
+        return l.remarquerMotCle();
     donnees.fermeture = l.nombre(0);
     l.fermeture = true;
 }

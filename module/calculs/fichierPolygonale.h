@@ -22,9 +22,8 @@ struct remarqueLecture {
 struct bilanLecture {
     bool lisible = true;      ///< false: the file could not be read and the data are as before
     std::size_t stations = 0; ///< station lines with X and Y
-    std::size_t ignorees =
-        0; ///< lines that are neither a comment, a keyword (2 elements), a row (4) nor a station (10)
-    std::vector<remarqueLecture> remarques; ///< those lines, numbers that are none, stations and closing angle missing
+    std::size_t ignorees = 0; ///< lines of another count of elements than a keyword's, a row's or a station's
+    std::vector<remarqueLecture> remarques; ///< those lines, numbers and words that are none, what is missing
 };
 
 /// French sentences for the user: the file that cannot be read, or its remarks with their lines.

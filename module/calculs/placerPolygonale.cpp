@@ -21,7 +21,7 @@ pointDuDessin pointDe(const stationCorrigee& station, const placementPolygonale&
 {
     pointDuDessin point;
     point.setParams(station.nom.c_str(), {station.x, station.y, placement.altitudes ? station.z : inconnu},
-                    placement.code < 1 || placement.code > 9999 ? 100 : placement.code);
+                    codeDesStations(placement.code));
     point.creer(true);
     return point;
 }

@@ -7,9 +7,17 @@
 
 // Drawing glue: what a corrected traverse becomes in the drawing.
 
+inline constexpr int codeStationsParDefaut = 100;
+
+/// The code that station points get for one that was asked for: the default one, unless it is within 1 to 9999.
+constexpr int codeDesStations(double demande)
+{
+    return demande >= 1.0 && demande < 10000.0 ? static_cast<int>(demande) : codeStationsParDefaut;
+}
+
 struct placementPolygonale {
-    int code = 100;         ///< of the station points; below 1 or above 9999 it is 100
-    bool altitudes = false; ///< otherwise the altitudes of the points are unknown
+    int code = codeStationsParDefaut; ///< see codeDesStations
+    bool altitudes = false;           ///< otherwise the altitudes of the points are unknown
 };
 
 /// Adds the stations to the current point table, each shown by the symbol of their code, and draws the lines in model
