@@ -5,6 +5,7 @@
 #include "reports/nombreFixe.h"
 
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -152,6 +153,23 @@ essaiOuvert essayer(const resultatPolygonaleOuverte& r, anglesNotes angles, bool
     return essai;
 }
 
+/// The way under which the traverse closes, if one does. Simple ways are tried first, and a later one is preferred only
+/// when it closes far better: short legs may close by chance.
+std::optional<essaiOuvert> essaiQuiFerme(const resultatPolygonaleOuverte& r)
+{
+    constexpr double bienMieux = 0.1;
+    std::optional<essaiOuvert> meilleur;
+    for (const anglesNotes angles : {anglesNotes::deLArriereVersLAvant, anglesNotes::inverses, anglesNotes::deviations})
+        for (const bool departInverse : {false, true}) {
+            essaiOuvert essai = essayer(r, angles, departInverse);
+            const double fermeture = essai.resultat.fermeturePlanimetrique;
+            if (ferme(essai.resultat) &&
+                (!meilleur || fermeture < bienMieux * meilleur->resultat.fermeturePlanimetrique))
+                meilleur = std::move(essai);
+        }
+    return meilleur;
+}
+
 std::wstring auLieuDe(double nouveau, double ancien, const wchar_t* quoi)
 {
     return L"saisissez " + saisi(nouveau) + L" au lieu de " + saisi(ancien) + L" comme gisement " + quoi;
@@ -240,12 +258,8 @@ std::wstring conseilAngulaire(const resultatPolygonaleOuverte& r)
     if (r.cotes.empty() || ferme(r))
         return {};
     const int demis = demiToursProches(r);
-    for (const anglesNotes angles : {anglesNotes::deLArriereVersLAvant, anglesNotes::inverses, anglesNotes::deviations})
-        for (const bool departInverse : {false, true}) {
-            const essaiOuvert essai = essayer(r, angles, departInverse);
-            if (ferme(essai.resultat))
-                return phraseEssai(r, essai, demis);
-        }
+    if (const auto essai = essaiQuiFerme(r))
+        return phraseEssai(r, *essai, demis);
     if (demis == 0)
         return {};
     const double arrivee = r.arrivee.gisement + demis * tourComplet(r.unite) / 2.0;

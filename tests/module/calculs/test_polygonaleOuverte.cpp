@@ -339,6 +339,19 @@ TEST(PolygonaleOuverte, AdviceOnTurns)
          L"L'erreur angulaire vaut 2 tours entiers (-800 gr) : les angles saisis semblent être des angles de "
          L"déviation, "
          L"ajoutez 200 à chacun, le dernier compris."},
+        // Within a twentieth of its length it also closes on the departure bearing the other way.
+        {"angles of deflection along short legs",
+         {{L"A", 1000, 1000, 0, 342.5992},
+          {L"D", 941.607, 1154.478, 0, 304.7075},
+          64.9438,
+          uniteGrades,
+          nivellementAucun,
+          {{L"S0", L"48.3656", L"139.403", L"0"},
+           {L"S1", L"48.1823", L"37.25", L"0"},
+           {L"S2", L"287.4059", L"41.531", L"0"},
+           {L"D", L"313.2159", L"37.937", L"0"}}},
+         L"L'erreur angulaire vaut un demi-tour (-200 gr) : les angles saisis semblent être des angles de déviation, "
+         L"ajoutez 200 à chacun, le dernier compris."},
         {"an error that nothing explains", avec([](auto& d) { d.fermeture += 50; }), L""},
         {"a turn, but the coordinates are wrong as well", avec([](auto& d) {
              d.arrivee.gisement = 200;
