@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/window/PropertyRows.h"
 
@@ -129,8 +130,8 @@ void PointPanel::refresh()
     m_state = state;
     const int current = m_tables ? m_tables->current() : -1;
     QStringList names = m_tables ? m_tables->tables() : QStringList();
-    const int wanted =
-        m_names->count() == names.size() && m_names->currentIndex() >= 0 ? m_names->currentIndex() : current;
+    const bool same = std::exchange(m_tableNames, names) == names && m_names->currentIndex() >= 0;
+    const int wanted = same ? m_names->currentIndex() : current; // another project: its own current table
     for (int i = 0; i < names.size(); ++i)
         if (i == current)
             names[i] += QStringLiteral(" (courante)");

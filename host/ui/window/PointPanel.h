@@ -61,4 +61,5 @@ private:
     QTableView* m_table;
     QLabel* m_count;
     std::optional<std::uint64_t> m_state;
+    QStringList m_tableNames;
 };

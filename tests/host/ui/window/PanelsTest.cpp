@@ -29,7 +29,7 @@ namespace {
 /// Two tables, kept here instead of in a module.
 class TwoTables : public PointTables {
 public:
-    QStringList tables() const override { return {QStringLiteral("LEVE"), QStringLiteral("IMPLANTATION")}; }
+    QStringList tables() const override { return {QStringLiteral("LEVE"), second}; }
     int current() const override { return m_current; }
     void setCurrent(int table) override { m_current = table; }
     int count(int table) const override { return table == 0 ? points : 1; }
@@ -47,6 +47,7 @@ public:
     std::uint64_t state() const override { return static_cast<std::uint64_t>(points * 10 + m_current); }
 
     int points = 2;
+    QString second = QStringLiteral("IMPLANTATION");
 
 private:
     int m_current = 0;
@@ -312,7 +313,13 @@ TEST_F(PanelsTest, pointTablesFollowTheirProvider)
             child<QAbstractButton>("boutonTableCourante").click();
             EXPECT_EQ(twoTables().current(), 1);
             EXPECT_EQ(names.itemText(1), QStringLiteral("IMPLANTATION (courante)"));
+            twoTables().second = QStringLiteral("BORNES");
+            twoTables().points = 4;
+            twoTables().setCurrent(0);
         },
+        type("testligne"),
+        key(Qt::Key_Escape),
+        [&] { EXPECT_EQ(names.currentText(), QStringLiteral("LEVE (courante)")) << "of another drawing"; },
     });
 }
 
