@@ -44,6 +44,14 @@ bool lireCoordonnee(QLineEdit& champ, const wchar_t* refus, bool peutManquer, do
     return (entierement && estConnue(valeur)) || dire(refus, champ);
 }
 
+void signalerSymboleAbsent(const CString& chemin)
+{
+    CString message;
+    message.Format(L"Le point est enregistré, mais son symbole n'a pas pu être dessiné avec le block\n%s",
+                   chemin.GetString());
+    afficherAvertissement(L"Erreur", message.GetString());
+}
+
 } // namespace
 
 CformulaireXYZ::CformulaireXYZ(listePointsDuDessin& laTable, tableCodification& lesCodes) :
@@ -169,7 +177,10 @@ bool CformulaireXYZ::enregistrer()
     if (m_table.existPoint(CString(point->getNomPoint()), homonyme) && homonyme != m_position &&
         !demanderOuiNon(L"Coordonnées XYZ", L"Un autre point porte ce numéro.\nEnregistrer quand même ?"))
         return false;
-    montrer(enregistrerPoint(m_table, m_position, *point));
+    bool dessine = false;
+    montrer(enregistrerPoint(m_table, m_position, *point, dessine));
+    if (!dessine)
+        signalerSymboleAbsent(m_codes.getCodif(point->getCode()).chemin);
     return true;
 }
 

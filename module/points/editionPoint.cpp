@@ -5,20 +5,21 @@
 #include "frame/CAcadUndoGroup.h"
 #include "points/listePointsDuDessin.h"
 
-int enregistrerPoint(listePointsDuDessin& table, int position, const pointDuDessin& point)
+int enregistrerPoint(listePointsDuDessin& table, int position, const pointDuDessin& point, bool& dessine)
 {
     const CAcadUndoGroup groupe;
-    pointDuDessin dessine = point;
+    pointDuDessin nouveau = point;
     const listePointsDuDessin& lue = table;
     const bool codeChange = position >= 0 && lue.getData(position)->getCode() != point.getCode();
-    dessine.setId(position >= 0 ? lue.getData(position)->getId() : AcDbObjectId());
-    dessine.updateDrawing();
+    nouveau.setId(position >= 0 ? lue.getData(position)->getId() : AcDbObjectId());
+    nouveau.updateDrawing();
+    dessine = !nouveau.getId().isNull() && !nouveau.getId().isErased();
     if (codeChange)
-        conformerSymbole(dessine.getId(), dessine.getCode(), codificationDuModule());
+        dessine = conformerSymbole(nouveau.getId(), nouveau.getCode(), codificationDuModule());
     if (position < 0) {
-        table.Ajouter(dessine);
+        table.Ajouter(nouveau);
         return table.nbPoint() - 1;
     }
-    table.remplacerPoint(position, dessine);
+    table.remplacerPoint(position, nouveau);
     return position;
 }

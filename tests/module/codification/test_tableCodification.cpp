@@ -193,10 +193,13 @@ TEST_F(TableCodificationTest, makesTheDefaultsOnAFreshInstallation)
 
 TEST_F(TableCodificationTest, keepsADamagedFileBesideTheNewOne)
 {
+    const fs::path journaux = supportEssai::fichier("lecteurs/c/QUARVEL4/SUPPORT");
+    fs::create_directories(journaux);
     const std::string casse = std::string(unCode).substr(0, 300);
     ecrireDans(defcodif, casse);
     EXPECT_EQ(tableCodification().nombre(), 2);
     EXPECT_EQ(contenuDe(supportEssai::fichier("defcodif.abime")), casse);
+    EXPECT_NE(contenuDe(journaux / "MESSAGES.MSG").find("defcodif.abime]"), std::string::npos);
 
     ecrireDans(defcodif, "autre");
     EXPECT_EQ(tableCodification().nombre(), 2);
