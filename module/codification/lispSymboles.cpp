@@ -4,7 +4,6 @@
 #include "codification/attributsBloc.h"
 #include "codification/codificationDuModule.h"
 #include "codification/dissocierBloc.h"
-#include "codification/regleCode.h"
 #include "frame/argumentsLisp.h"
 #include "frame/CAcadUndoGroup.h"
 #include "frame/listeLisp.h"
@@ -115,7 +114,7 @@ int lispTpcdaddpt()
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
         (!arguments.fini() && !arguments.lireEntier(code)) ||
-        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini() || !codeValable(code))
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)

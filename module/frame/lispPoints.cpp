@@ -1,6 +1,5 @@
 #include "frame/lispPoints.h"
 
-#include "codification/regleCode.h"
 #include "frame/argumentsLisp.h"
 #include "frame/etendueVue.h"
 #include "frame/listeLisp.h"
@@ -16,7 +15,7 @@ int lispAddPt()
     AcGePoint3d position;
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
-        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini() || !codeValable(code))
+        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini())
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)
