@@ -64,13 +64,14 @@ void paintDragged(QPainter& painter, Document& document, Scene& scene, const Sce
 void paintGhost(QPainter& painter, Document& document, Scene& scene, const SceneView& view, const PaintStyle& style,
                 const Stretch& stretch)
 {
-    constexpr std::size_t most = 1000; // at each movement of the cursor
+    constexpr std::size_t most = 1000; // at each movement of the cursor: of more, some here and there
     const auto& ghost = Transients::of(document).ghost();
     if (!ghost || ghost->base != stretch.from)
         return;
     const Placement moved(ghost->moved(stretch.to));
     ScenePainter sink(painter, view, style);
-    for (std::size_t i = 0; i < std::min(most, ghost->entities.size()); ++i)
+    const std::size_t step = 1 + ghost->entities.size() / most;
+    for (std::size_t i = 0; i < ghost->entities.size(); i += step)
         if (!ghost->entities[i].isErased())
             scene.draw(ghost->entities[i], view, sink, moved);
 }

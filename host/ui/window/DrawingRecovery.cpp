@@ -8,6 +8,7 @@
 #include "ui/window/Autosave.h"
 #include "ui/window/DrawingFiles.h"
 #include "ui/window/RecoveryDialog.h"
+#include "ui/window/WindowSettings.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ bool recover(const LostDrawing& drawing)
                  .arg(drawing.title, QString::fromStdWString(opened.failure)));
         return false;
     }
+    windowSettings::forgetRecentFile(QString::fromWCharArray(opened.document->fileName())); // noted while it opened
     opened.document->setUntitled(recoveredTitle(drawing).toStdWString());
     DrawingFiles::propose(*opened.document, drawing.file);
     DrawingChanges::instance().setNeverSaved(*opened.document);

@@ -17,6 +17,7 @@
 #include "ui/window/DrawingRecovery.h"
 #include "ui/window/MainWindow.h"
 #include "ui/window/RecoveryFolder.h"
+#include "ui/window/WindowSettings.h"
 #include "WindowTest.h"
 
 /// Copies of what is not saved, and what is left of a session that was killed.
@@ -134,6 +135,7 @@ TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
     EXPECT_TRUE(DrawingChanges::instance().areUnsaved(document()));
     EXPECT_TRUE(RecoveryFolder::lost().empty());
     EXPECT_EQ(copies(), 1) << "this session keeps it now";
+    EXPECT_TRUE(windowSettings::recentFiles().filter(QStringLiteral("recuperation")).isEmpty());
 
     play({
         [this] {
