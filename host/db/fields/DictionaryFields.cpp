@@ -59,10 +59,10 @@ void DxfFieldsOfDictionary::add(DxfClasses& classes)
         }
         return at == other.m_entries.end();
     };
-    static const DxfSubclass dictionary("AcDbDictionary",
-                                        {integerField<&AcDbDictionary::m_hardOwner>(280),
-                                         integerField<&AcDbDictionary::m_cloning>(281, DxfWhen::always),
-                                         listField({nameCode, softOwnerCode, hardOwnerCode}, read, write, same)});
+    static const DxfSubclass dictionary(
+        "AcDbDictionary", {integerField<&AcDbDictionary::m_hardOwner>(280),
+                           integerField<&AcDbDictionary::m_cloning>(281, DxfWhen::always),
+                           listField({nameCode, softOwnerCode, hardOwnerCode}, read, write, same, nullptr)});
     const auto create = []() -> AcDbObject* { return new AcDbDictionary; };
     classes.add({"DICTIONARY", AcDbDictionary::desc(), create, {&dictionary}});
     // Its default entry stays a tag that is not modelled.

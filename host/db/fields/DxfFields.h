@@ -41,6 +41,7 @@ struct DxfReadContext {
 struct DxfWriteContext {
     DxfTagWriter& out;
     AcDbDatabaseImpl& database;
+    bool complete = false; ///< what has its default value is told too
 
     void name(int code, AcDbStub* record);
     void object(int code, AcDbStub* stub);
@@ -55,6 +56,7 @@ struct DxfField {
     /// Writes one part of a scalar field, or the whole of a list.
     using Write = void (*)(DxfWriteContext&, const AcDbObject&, int code, int part);
     using Same = bool (*)(const AcDbObject&, const AcDbObject&, int part);
+    using Clear = void (*)(AcDbObject&);
 
     std::int16_t code;
     std::uint8_t parts;
@@ -63,6 +65,7 @@ struct DxfField {
     Write write;
     Same same;
     std::vector<std::int16_t> listCodes; ///< empty for a scalar field
+    Clear clear = nullptr;               ///< empties a list, before another is read; null where none may be
 
     bool isList() const { return !listCodes.empty(); }
 };
@@ -333,9 +336,10 @@ DxfField pointField(int code, DxfWhen when = DxfWhen::unlessDefault)
             {}};
 }
 
-/// A repeated group; the three functions are the class's own. `same` compares the whole list.
+/// A repeated group; the functions are the class's own. The first code is one that every list holds; `same` compares
+/// the whole list.
 inline DxfField listField(std::initializer_list<std::int16_t> codes, DxfField::Read read, DxfField::Write write,
-                          DxfField::Same same, DxfWhen when = DxfWhen::unlessDefault)
+                          DxfField::Same same, DxfField::Clear clear, DxfWhen when = DxfWhen::unlessDefault)
 {
-    return {*codes.begin(), 1, when == DxfWhen::always, read, write, same, codes};
+    return {*codes.begin(), 1, when == DxfWhen::always, read, write, same, codes, clear};
 }

@@ -3,6 +3,7 @@
 #include "db/DatabaseImpl.h"
 #include "dbxrecrd.h"
 #include "dxf/DxfCursor.h"
+#include "dxf/R12Subclasses.h"
 
 namespace {
 
@@ -16,6 +17,13 @@ const std::string* replacedData(const AcDbObject& object)
 {
     const auto* record = AcDbXrecord::cast(&object);
     return record ? record->replacedBytes() : nullptr;
+}
+
+/// What programs take for not set while its code is absent: a colour of its own, a thickness, attributes that follow.
+bool isToldByAbsence(int code)
+{
+    constexpr int thickness = 39, attributesFollow = 66, lineWeight = 370;
+    return code == thickness || code == attributesFollow || code == lineWeight || isCommonEntityCode(code);
 }
 
 } // namespace
@@ -48,6 +56,19 @@ void DxfObjectWriter::write(const AcDbObject& object)
         merge(object, dxfClass, bytes);
 }
 
+void DxfObjectWriter::writeComplete(const AcDbEntity& entity)
+{
+    m_context.complete = true;
+    write(entity);
+    m_context.complete = false;
+}
+
+/// Whether a field without a tag gets one.
+bool DxfObjectWriter::isWanted(const DxfField& field, const AcDbObject& object, const AcDbObject& before) const
+{
+    return !sameField(field, object, before) || (m_context.complete && !field.isList() && !isToldByAbsence(field.code));
+}
+
 void DxfObjectWriter::writeRow(const AcDbObject& object, const DxfField& field)
 {
     const int parts = field.isList() ? 1 : field.parts;
@@ -58,7 +79,7 @@ void DxfObjectWriter::writeRow(const AcDbObject& object, const DxfField& field)
 void DxfObjectWriter::writeRows(const AcDbObject& object, const DxfSubclass& subclass, const AcDbObject& fresh)
 {
     for (const DxfField& field : subclass.fields())
-        if (field.always || !sameField(field, object, fresh))
+        if (field.always || isWanted(field, object, fresh))
             writeRow(object, field);
 }
 
@@ -248,7 +269,7 @@ private:
     void repeatedGroup(const DxfTag& tag, const DxfField& row, bool first, unsigned& seen)
     {
         constexpr unsigned changed = 2;
-        if (first && !row.same(object, was, 0)) {
+        if (first && (writer.m_context.complete || !row.same(object, was, 0))) {
             seen |= changed;
             row.write(writer.m_context, object, row.code, 0);
         }
@@ -307,7 +328,7 @@ private:
     void writeMissing(const DxfSubclass& subclass, std::vector<unsigned>& rows)
     {
         for (std::size_t row = 0; row < rows.size(); ++row)
-            if (rows[row] == 0 && !sameField(subclass.fields()[row], object, was)) {
+            if (rows[row] == 0 && writer.isWanted(subclass.fields()[row], object, was)) {
                 rows[row] = 1;
                 writer.writeRow(object, subclass.fields()[row]);
             }
@@ -320,7 +341,7 @@ private:
             const DxfSubclass& subclass = *dxfClass.subclasses[i];
             bool changed = false;
             for (std::size_t row = 0; row < met[i].size(); ++row)
-                changed = changed || (met[i][row] == 0 && !sameField(subclass.fields()[row], object, was));
+                changed = changed || (met[i][row] == 0 && writer.isWanted(subclass.fields()[row], object, was));
             if (entered[i] || !changed || subclass.marker().empty())
                 continue;
             writer.m_out.rawText(100, subclass.marker());

@@ -15,6 +15,8 @@ public:
 
     /// Appends the record of an object that is in the database.
     void write(const AcDbObject& object);
+    /// The same for programs that look a value up by its code: entities tell what has its default value too.
+    void writeComplete(const AcDbEntity& entity);
 
 private:
     struct Merge;
@@ -24,6 +26,7 @@ private:
     void writeRow(const AcDbObject& object, const DxfField& field);
     void writeAround(const ObjectTags& around);
     void writeOwner(const AcDbObject& object);
+    bool isWanted(const DxfField& field, const AcDbObject& object, const AcDbObject& before) const;
 
     AcDbDatabaseImpl& m_database;
     DxfTagWriter m_out;

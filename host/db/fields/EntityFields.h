@@ -53,6 +53,18 @@ struct DxfFieldsOfFaces {
     static void add(DxfClasses& classes);
 };
 
+/// A text style; whoever asks for everything is told the standard one, which texts without a style of their own have.
+template <auto Member>
+DxfField textStyleField()
+{
+    DxfField row = nameField<Member, NameKind::textStyle>(7);
+    row.write = [](DxfWriteContext& context, const AcDbObject& object, int code, int) {
+        const auto& text = static_cast<const dxf_rows::ClassOf<Member>&>(object);
+        context.name(code, context.complete ? text.textStyle().stub() : dxf_rows::in<Member>(object));
+    };
+    return row;
+}
+
 /// Enters an entity class: the common rows come first.
 template <class Entity>
 void addEntityClass(DxfClasses& classes, const char* dxfName, std::vector<const DxfSubclass*> subclasses,

@@ -69,6 +69,7 @@ void DxfFieldsOfHatch::add(DxfClasses& classes)
                                        [](const AcDbObject& a, const AcDbObject& b, int) {
                                            return std::ranges::equal(static_cast<const AcDbHatch&>(a).m_tags,
                                                                      static_cast<const AcDbHatch&>(b).m_tags, sameTag);
-                                       })});
+                                       },
+                                       [](AcDbObject& object) { static_cast<AcDbHatch&>(object).m_tags.clear(); })});
     addEntityClass<AcDbHatch>(classes, "HATCH", {&hatch});
 }

@@ -1,5 +1,8 @@
 #include "db/fields/EntityFields.h"
 
+#include <cmath>
+
+#include "db/entities/OcsTransform.h"
 #include "dbmtext.h"
 #include "dxf/DxfEncoding.h"
 
@@ -33,9 +36,21 @@ void appendChunk(const DxfReadContext& context, const DxfTag& tag, std::wstring&
     context.form.encoding->decode(bytes, contents);
 }
 
-DxfField contentsRow(const DxfField::Read read, const DxfField::Write write, const DxfField::Same same)
+DxfField contentsRow(const DxfField::Read read, const DxfField::Write write, const DxfField::Same same,
+                     const DxfField::Clear clear)
 {
-    return listField({lastChunkCode, chunkCode}, read, write, same, DxfWhen::always);
+    return listField({lastChunkCode, chunkCode}, read, write, same, clear, DxfWhen::always);
+}
+
+/// The cosine of what is taken for the same direction.
+constexpr double sameWay = 1.0 - 1e-12;
+
+/// An angle and a direction say the same: of two that differ the angle counts, which comes last in a record.
+DxfField rotationRow(DxfField row, const DxfField::Read read, const DxfField::Write write)
+{
+    row.read = read;
+    row.write = write;
+    return row;
 }
 
 void writeChunks(DxfTagWriter& out, std::wstring_view contents)
@@ -59,16 +74,34 @@ void DxfFieldsOfMText::add(DxfClasses& classes)
         },
         [](const AcDbObject& a, const AcDbObject& b, int) {
             return static_cast<const AcDbMText&>(a).m_contents == static_cast<const AcDbMText&>(b).m_contents;
+        },
+        [](AcDbObject& object) { static_cast<AcDbMText&>(object).m_contents.clear(); });
+    const DxfField rotation = rotationRow(
+        degreesField<&AcDbMText::m_rotation>(50),
+        [](const DxfReadContext& context, AcDbObject& object, const DxfTag& tag, int) {
+            auto& text = static_cast<AcDbMText&>(object);
+            double degrees = 0.0;
+            if (!dxfReal(context.form, tag, degrees))
+                return false;
+            text.m_rotation = degrees * dxf_rows::radiansPerDegree;
+            const AcGePoint3d ahead(std::cos(text.m_rotation), std::sin(text.m_rotation), 0.0);
+            if (ocsToWorld(ahead, text.m_normal).asVector().dotProduct(text.m_direction) <
+                text.m_direction.length() * sameWay)
+                text.m_direction = AcGeVector3d::kXAxis;
+            return true;
+        },
+        [](DxfWriteContext& context, const AcDbObject& object, int code, int) {
+            const auto& text = static_cast<const AcDbMText&>(object);
+            context.out.real(code, (context.complete ? text.rotation() : text.m_rotation) / dxf_rows::radiansPerDegree);
         });
-    static const DxfSubclass text("AcDbMText",
-                                  {pointField<&AcDbMText::m_location>(10, DxfWhen::always),
-                                   realField<&AcDbMText::m_height>(40, DxfWhen::always),
-                                   realField<&AcDbMText::m_width>(41, DxfWhen::always),
-                                   integerField<&AcDbMText::m_attachment>(71, DxfWhen::always),
-                                   integerField<&AcDbMText::m_flow>(72, DxfWhen::always), contents,
-                                   nameField<&AcDbMText::m_style, NameKind::textStyle>(7),
-                                   pointField<&AcDbMText::m_normal>(210), pointField<&AcDbMText::m_direction>(11),
-                                   realField<&AcDbMText::m_actualWidth>(42), realField<&AcDbMText::m_actualHeight>(43),
-                                   degreesField<&AcDbMText::m_rotation>(50), realField<&AcDbMText::m_lineSpacing>(44)});
+    static const DxfSubclass text(
+        "AcDbMText",
+        {pointField<&AcDbMText::m_location>(10, DxfWhen::always), realField<&AcDbMText::m_height>(40, DxfWhen::always),
+         realField<&AcDbMText::m_width>(41, DxfWhen::always),
+         integerField<&AcDbMText::m_attachment>(71, DxfWhen::always),
+         integerField<&AcDbMText::m_flow>(72, DxfWhen::always), contents, textStyleField<&AcDbMText::m_style>(),
+         pointField<&AcDbMText::m_normal>(210), pointField<&AcDbMText::m_direction>(11),
+         realField<&AcDbMText::m_actualWidth>(42), realField<&AcDbMText::m_actualHeight>(43), rotation,
+         realField<&AcDbMText::m_lineSpacing>(44)});
     addEntityClass<AcDbMText>(classes, "MTEXT", {&text});
 }

@@ -36,15 +36,15 @@ bool readVertexTag(const DxfForm& form, std::vector<AcDbPolylineVertex>& vertice
     }
 }
 
-void writeVertex(DxfTagWriter& out, const AcDbPolylineVertex& vertex)
+void writeVertex(DxfTagWriter& out, const AcDbPolylineVertex& vertex, bool complete)
 {
     out.real(xCode, vertex.point.x);
     out.real(yCode, vertex.point.y);
-    if (vertex.startWidth != 0.0 || vertex.endWidth != 0.0) {
+    if (complete || vertex.startWidth != 0.0 || vertex.endWidth != 0.0) {
         out.real(startWidthCode, vertex.startWidth);
         out.real(endWidthCode, vertex.endWidth);
     }
-    if (vertex.bulge != 0.0)
+    if (complete || vertex.bulge != 0.0)
         out.real(bulgeCode, vertex.bulge);
     if (vertex.identifier != 0)
         out.integer(identifierCode, vertex.identifier);
@@ -81,12 +81,13 @@ void DxfFieldsOfPolylines::add(DxfClasses& classes)
         },
         [](DxfWriteContext& context, const AcDbObject& object, int, int) {
             for (const AcDbPolylineVertex& vertex : static_cast<const AcDbPolyline&>(object).m_vertices)
-                writeVertex(context.out, vertex);
+                writeVertex(context.out, vertex, context.complete);
         },
         [](const AcDbObject& a, const AcDbObject& b, int) {
             return std::ranges::equal(static_cast<const AcDbPolyline&>(a).m_vertices,
                                       static_cast<const AcDbPolyline&>(b).m_vertices, sameVertex);
-        });
+        },
+        [](AcDbObject& object) { static_cast<AcDbPolyline&>(object).m_vertices.clear(); });
     static const DxfSubclass polyline("AcDbPolyline", {count, integerField<&AcDbPolyline::m_flags>(70, DxfWhen::always),
                                                        realField<&AcDbPolyline::m_constantWidth>(43),
                                                        realField<&AcDbPolyline::m_elevation>(38),

@@ -38,7 +38,8 @@ DxfField realsRow(std::int16_t code)
         },
         [](const AcDbObject& a, const AcDbObject& b, int) {
             return dxf_rows::in<Member>(a) == dxf_rows::in<Member>(b);
-        });
+        },
+        [](AcDbObject& object) { dxf_rows::in<Member>(object).clear(); });
 }
 
 template <auto Member>
@@ -63,7 +64,8 @@ DxfField pointsRow(std::int16_t code)
             for (std::size_t i = 0; same && i < first.size(); ++i)
                 same = first[i].x == second[i].x && first[i].y == second[i].y && first[i].z == second[i].z;
             return same;
-        });
+        },
+        [](AcDbObject& object) { dxf_rows::in<Member>(object).clear(); });
 }
 
 } // namespace

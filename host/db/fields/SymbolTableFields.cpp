@@ -123,5 +123,5 @@ DxfField DxfFieldsOfSymbolTables::linetypePatternRow()
             return static_cast<const AcDbLinetypeTableRecord&>(a).m_dashes ==
                    static_cast<const AcDbLinetypeTableRecord&>(b).m_dashes;
         },
-        DxfWhen::always);
+        [](AcDbObject& object) { static_cast<AcDbLinetypeTableRecord&>(object).m_dashes.clear(); }, DxfWhen::always);
 }

@@ -24,7 +24,7 @@ void DxfFieldsOfTexts::add(DxfClasses& classes)
                                      degreesField<&AcDbText::m_rotation>(50),
                                      realField<&AcDbText::m_widthFactor>(41),
                                      degreesField<&AcDbText::m_oblique>(51),
-                                     nameField<&AcDbText::m_style, NameKind::textStyle>(7),
+                                     textStyleField<&AcDbText::m_style>(),
                                      integerField<&AcDbText::m_generation>(71),
                                      integerField<&AcDbText::m_horizontal>(72),
                                      alignmentRow(),

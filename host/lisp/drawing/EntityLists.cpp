@@ -9,6 +9,7 @@
 #include "dxf/R12Subclasses.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/eval/LispArgument.h"
+#include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "rx/ResbufKind.h"
 
@@ -83,57 +84,91 @@ ResbufChain bufferOf(const GroupPair& pair)
     return buffer;
 }
 
-/// What the tables take up: not names, owners, groups and extended data.
+/// What the tables take up: not names, groups and extended data. References (330) that a class holds itself, as a hatch
+/// those of its boundary, stand behind its marker; before it they tell the owner.
 bool isField(int code)
 {
-    return code > 0 && code != 5 && code != 102 && code != 105 && code != 330 && code != 360 && code < 1000;
+    return code > 0 && code != 5 && code != 100 && code != 102 && code != 105 && code != 360 && code < 1000;
 }
 
-/// The first subclass with a row for a code; the entity's own properties are looked for in the first one only.
-std::size_t subclassOf(const DxfClass& dxfClass, int code)
+bool hasRow(const DxfSubclass& subclass, int code)
 {
-    const auto& all = dxfClass.subclasses;
-    for (std::size_t i = isCommonEntityCode(code) ? 0 : 1; i < all.size(); ++i)
-        if (code <= dxfLastCode && all[i]->rowOf(code) >= 0)
-            return i;
-    return 0;
+    return code <= dxfLastCode && subclass.rowOf(code) >= 0;
 }
 
+/// Pairs as the tags of a record. A pair belongs to the subclass whose marker precedes it or, where that has no such
+/// field, as when a colour is appended to a list, to the first that has; an entity's own properties are looked for
+/// everywhere, other fields behind the common ones.
 class ListTags {
 public:
     ListTags(const AcDbDatabaseImpl& database, const DxfClass& dxfClass) :
-        m_class(dxfClass),
-        m_writer(database.form(), m_bytes)
+        m_subclasses(dxfClass.subclasses),
+        m_writer(database.form(), m_bytes),
+        m_pairs(dxfClass.subclasses.size())
     {
     }
 
     const std::string& write(const std::vector<GroupPair>& pairs)
     {
-        const bool marked = std::ranges::any_of(pairs, [](const GroupPair& pair) {
-            return pair.code == 100 && pair.value.isText() && pair.value.text() != L"AcDbEntity";
-        });
-        if (marked)
-            writeIf(pairs, [](int) { return true; });
-        for (std::size_t i = 0; !marked && i < m_class.subclasses.size(); ++i) {
-            m_writer.rawText(100, m_class.subclasses[i]->marker());
-            writeIf(pairs, [&](int code) { return code != 100 && subclassOf(m_class, code) == i; });
+        for (const GroupPair& pair : pairs)
+            sort(pair);
+        for (std::size_t i = 0; i < m_subclasses.size(); ++i) {
+            m_writer.rawText(100, m_subclasses[i]->marker());
+            for (const GroupPair* const pair : m_pairs[i])
+                if (!writeChain(bufferOf(*pair).get(), m_writer))
+                    lisp_argument::refuse(L"valeur d'un groupe:", pair->value);
         }
         return m_bytes;
     }
 
 private:
-    template <class Wanted>
-    void writeIf(const std::vector<GroupPair>& pairs, Wanted wanted)
+    void sort(const GroupPair& pair)
     {
-        for (const GroupPair& pair : pairs)
-            if (isField(pair.code) && wanted(pair.code) && !writeChain(bufferOf(pair).get(), m_writer))
-                lisp_argument::refuse(L"valeur d'un groupe:", pair.value);
+        constexpr int marker = 100;
+        if (pair.code == marker && pair.value.isText())
+            enter(platform::utf8FromWide(pair.value.text()));
+        else if (isField(pair.code))
+            if (const std::size_t place = placeOf(pair.code); place < m_pairs.size())
+                m_pairs[place].push_back(&pair);
     }
 
-    const DxfClass& m_class;
+    /// A marker may stand twice in a class.
+    void enter(const std::string& marker)
+    {
+        for (std::size_t i = m_isInside ? m_at + 1 : 0; i < m_subclasses.size(); ++i)
+            if (m_subclasses[i]->marker() == marker) {
+                m_at = i;
+                m_isInside = true;
+                return;
+            }
+    }
+
+    /// Beyond the subclasses when none has such a field.
+    std::size_t placeOf(int code) const
+    {
+        constexpr int reference = 330;
+        if (m_isInside && hasRow(*m_subclasses[m_at], code))
+            return m_at;
+        std::size_t i = isCommonEntityCode(code) || m_subclasses.size() == 1 ? 0 : 1;
+        while (i < m_subclasses.size() && (code == reference || !hasRow(*m_subclasses[i], code)))
+            ++i;
+        return i;
+    }
+
+    const std::vector<const DxfSubclass*>& m_subclasses;
     std::string m_bytes;
     DxfTagWriter m_writer;
+    std::vector<std::vector<const GroupPair*>> m_pairs; ///< by subclass
+    std::size_t m_at = 0;                               ///< the subclass entered last
+    bool m_isInside = false;
 };
+
+bool names(const DxfField& list, const std::vector<GroupPair>& pairs)
+{
+    return std::ranges::any_of(pairs, [&list](const GroupPair& pair) {
+        return std::ranges::find(list.listCodes, pair.code) != list.listCodes.end() && isField(pair.code);
+    });
+}
 
 } // namespace
 
@@ -142,28 +177,49 @@ std::string tagsOfPairs(const AcDbDatabaseImpl& database, const DxfClass& dxfCla
     return ListTags(database, dxfClass).write(pairs);
 }
 
-ResbufChain extendedDataOf(const std::vector<GroupPair>& pairs)
+bool emptyLists(const DxfClass& dxfClass, const std::vector<GroupPair>& pairs, AcDbObject& object)
 {
-    constexpr int extendedData = -3, applicationCode = 1001;
-    const LispValue* const data = valueUnder(extendedData, pairs);
+    std::vector<DxfField::Clear> named;
+    for (const DxfSubclass* const subclass : dxfClass.subclasses)
+        for (const DxfField& field : subclass->fields()) {
+            if (!field.isList() || !names(field, pairs))
+                continue;
+            if (!field.clear || !valueUnder(field.code, pairs))
+                return false;
+            named.push_back(field.clear);
+        }
+    for (const DxfField::Clear clear : named)
+        clear(object);
+    return true;
+}
+
+ResbufChain chainOfPairs(const std::vector<GroupPair>& pairs)
+{
     ResbufChain chain;
     resbuf* last = nullptr;
-    const auto append = [&](ResbufChain item) {
-        resbuf* const added = item.release();
+    for (const GroupPair& pair : pairs) {
+        resbuf* const added = bufferOf(pair).release();
         if (last)
             last->rbnext = added;
         else
             chain.reset(added);
         last = added;
-    };
-    if (!data)
-        return chain;
-    for (const LispValue& application : lisp_argument::items(*data)) {
-        if (!application.isPair())
-            lisp_argument::refuse(L"consp:", application);
-        append(bufferOf({applicationCode, application.car()}));
-        for (const GroupPair& item : groupPairs(application.cdr()))
-            append(bufferOf(item));
     }
     return chain;
+}
+
+ResbufChain extendedDataOf(const std::vector<GroupPair>& pairs)
+{
+    constexpr int extendedData = -3, applicationCode = 1001;
+    const LispValue* const data = valueUnder(extendedData, pairs);
+    std::vector<GroupPair> all;
+    if (data)
+        for (const LispValue& application : lisp_argument::items(*data)) {
+            if (!application.isPair())
+                lisp_argument::refuse(L"consp:", application);
+            all.push_back({applicationCode, application.car()});
+            for (GroupPair& item : groupPairs(application.cdr()))
+                all.push_back(std::move(item));
+        }
+    return chainOfPairs(all);
 }

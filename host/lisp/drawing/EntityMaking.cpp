@@ -1,13 +1,11 @@
 // entmake and entmod: entities and records of tables from lists of pairs (group code . value), by the tables that read
 // drawing files.
 
-#include <algorithm>
-
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectReader.h"
 #include "dbents.h"
-#include "dbpl.h"
 #include "dbsymtb.h"
+#include "dbxrecrd.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/EntityLists.h"
 #include "lisp/drawing/EntitySequence.h"
@@ -17,7 +15,6 @@
 #include "lisp/eval/LispContext.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
-#include "platform/CodePage.h"
 
 namespace {
 
@@ -42,62 +39,65 @@ LispValue make(LispContext&, LispArguments arguments)
 /// The name of what was made; while its parts are still to come, the list.
 LispValue makeNamed(LispContext&, LispArguments arguments)
 {
-    const EntitySequence::Made result = made(groupPairs(arguments[0]));
+    const std::vector<GroupPair> pairs = groupPairs(arguments[0]);
+    if (isOwnedByDictionary(kindOf(pairs))) {
+        const AcDbObjectId id = madeForDictionary(kindOf(pairs), pairs);
+        return id.isNull() ? LispValue() : objectName(id);
+    }
+    const EntitySequence::Made result = made(pairs);
     if (!result.taken)
         return {};
     return result.id.isNull() ? arguments[0] : objectName(result.id);
 }
 
-/// Fields that are lists of tags, such as the paths of a hatch, would grow instead of changing. Vertices of lightweight
-/// polylines are cleared first.
-void refuseLists(const DxfClass& dxfClass)
+/// A record of a table may get another name, if that is free.
+bool rename(AcDbObject& object, const AcDbObject& named)
 {
-    if (dxfClass.rxClass == AcDbPolyline::desc())
-        return;
-    for (const DxfSubclass* subclass : dxfClass.subclasses)
-        for (const DxfField& field : subclass->fields())
-            if (field.isList())
-                throw LispError(lisp_texts::cannotModify + platform::wideFromUtf8(dxfClass.dxfName));
-}
-
-bool isLayerKnown(const std::vector<GroupPair>& pairs)
-{
-    const LispValue* const layer = valueUnder(8, pairs);
-    return !layer || currentDatabase().impl().named(NameKind::layer, lisp_argument::text(*layer)) != nullptr;
+    auto* const record = AcDbSymbolTableRecord::cast(&object);
+    const ACHAR *before = nullptr, *wanted = nullptr;
+    if (!record || record->getName(before) != Acad::eOk ||
+        static_cast<const AcDbSymbolTableRecord&>(named).getName(wanted) != Acad::eOk)
+        return true;
+    return !*wanted || std::wstring_view(before) == wanted || record->setName(wanted) == Acad::eOk;
 }
 
 /// Values that the list does not name stay as they are.
 LispValue modify(LispContext&, LispArguments arguments)
 {
-    constexpr int vertexCode = 10;
     const std::vector<GroupPair> pairs = groupPairs(arguments[0]);
     const LispValue* const name = valueUnder(-1, pairs);
     const AcDbObjectId id = objectArgument(name ? *name : LispValue());
     const ResbufChain data = extendedDataOf(pairs);
     const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite);
-    if (object.openStatus() != Acad::eOk || !isLayerKnown(pairs))
+    if (object.openStatus() != Acad::eOk)
         return {};
     AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(id.stub());
     const DxfClass& dxfClass = database.classOf(*recordOf(id));
-    refuseLists(dxfClass);
     const std::string tags = tagsOfPairs(database, dxfClass, pairs);
     DxfObjectReader reader(database);
     const std::unique_ptr<AcDbObject> trial(dxfClass.create());
-    if (!reader.read(tags, dxfClass, *trial))
+    if (!areNamesKnown(dxfClass, pairs) || !reader.read(tags, dxfClass, *trial) || !emptyLists(dxfClass, pairs, *trial))
         return {};
-    if (data && object.object()->setXData(data.get()) != Acad::eOk)
+    if (auto* const record = AcDbXrecord::cast(object.object()))
+        return setXrecord(*record, pairs) ? arguments[0] : LispValue();
+    if (!rename(*object.object(), *trial) || (data && object.object()->setXData(data.get()) != Acad::eOk))
         return {};
     object.object()->assertWriteEnabled();
-    if (AcDbPolyline* const polyline = AcDbPolyline::cast(object.object()); polyline && valueUnder(vertexCode, pairs))
-        while (polyline->numVerts() > 0)
-            polyline->removeVertexAt(polyline->numVerts() - 1);
+    emptyLists(dxfClass, pairs, *object.object());
     return reader.read(tags, dxfClass, *object.object()) ? arguments[0] : LispValue();
+}
+
+/// Blocks show what was changed in them at once.
+LispValue update(LispContext&, LispArguments arguments)
+{
+    return objectArgument(arguments[0]).isNull() ? LispValue() : arguments[0];
 }
 
 constexpr LispBuiltin kRows[] = {
     {L"ENTMAKE", 1, 1, make},
     {L"ENTMAKEX", 1, 1, makeNamed},
     {L"ENTMOD", 1, 1, modify},
+    {L"ENTUPD", 1, 1, update},
 };
 
 } // namespace

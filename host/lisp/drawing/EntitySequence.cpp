@@ -9,6 +9,7 @@
 #include "dbentvrt.h"
 #include "dbsymtb.h"
 #include "lisp/drawing/RecordList.h"
+#include "lisp/drawing/RecordMaking.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
@@ -82,17 +83,16 @@ bool areRegistered(AcDbDatabaseImpl& database, const resbuf* data)
     return true;
 }
 
-/// Null when the layer is not known or a value does not fit.
+/// Null when a name is not known or a value does not fit.
 std::unique_ptr<AcDbEntity> entityOf(const DxfClass& dxfClass, const std::vector<GroupPair>& pairs)
 {
     AcDbDatabaseImpl& database = currentDatabase().impl();
-    const LispValue* const layer = valueUnder(8, pairs);
-    if (layer && !database.named(NameKind::layer, lisp_argument::text(*layer)))
+    if (!areNamesKnown(dxfClass, pairs))
         return nullptr;
     std::unique_ptr<AcDbEntity> entity(static_cast<AcDbEntity*>(dxfClass.create()));
     if (!DxfObjectReader(database).read(tagsOfPairs(database, dxfClass, pairs), dxfClass, *entity))
         return nullptr;
-    if (!layer)
+    if (!valueUnder(8, pairs))
         entity->setLayer(currentDatabase().clayer());
     const ResbufChain data = extendedDataOf(pairs);
     if (data && (!areRegistered(database, data.get()) || entity->setXData(data.get()) != Acad::eOk))

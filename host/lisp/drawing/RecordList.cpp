@@ -7,6 +7,9 @@
 #include "db/fields/DxfObjectWriter.h"
 #include "db/ResbufTags.h"
 #include "dbapserv.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "ed/select/Layouts.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
@@ -25,8 +28,36 @@ ResbufChain tagsOf(AcDbObject& object)
 {
     AcDbDatabaseImpl& database = object.database()->impl();
     std::string bytes;
-    DxfObjectWriter(database, bytes).write(object);
+    DxfObjectWriter writer(database, bytes);
+    if (const auto* const entity = AcDbEntity::cast(&object))
+        writer.writeComplete(*entity);
+    else
+        writer.write(object);
     return ResbufChain(chainOfTags(database, bytes));
+}
+
+/// The layout that shows an entity; what lies in a block counts as drawn in model space.
+std::wstring layoutOf(const AcDbObject& entity)
+{
+    AcDbObjectId owner = entity.ownerId();
+    while (isOfClass(owner, AcDbEntity::desc())) // of vertices and attributes
+        owner = AcDbObjectId(AcDbDatabaseImpl::of(owner.stub()).ownerOf(*recordOf(owner)));
+    const std::wstring name = isOfClass(owner, AcDbBlockTableRecord::desc()) ? layoutName(owner) : L"";
+    return name.empty() ? L"Model" : name;
+}
+
+/// Programs look the space and the layout of an entity up behind its first marker.
+void addPlace(const AcDbObject& entity, std::vector<LispValue>& pairs)
+{
+    constexpr std::int32_t marker = 100, paperSpace = 67, layout = 410;
+    const auto coded = [&pairs](std::int32_t code) {
+        return std::ranges::find_if(pairs, [code](const LispValue& pair) { return pair.car().integer() == code; });
+    };
+    if (coded(marker) == pairs.end())
+        return;
+    if (coded(paperSpace) == pairs.end())
+        pairs.insert(coded(marker) + 1, LispValue::pair(LispValue(paperSpace), LispValue(std::int32_t{0})));
+    pairs.insert(coded(paperSpace) + 1, LispValue::pair(LispValue(layout), LispValue(layoutOf(entity))));
 }
 
 LispValue pairOf(LispContext& context, const resbuf& item, bool inPlane, bool rawAngles)
@@ -87,6 +118,8 @@ LispValue recordList(LispContext& context, AcDbObjectId id, const std::vector<st
     const resbuf* item = tags.get();
     for (; item && item->restype < kFirstExtendedData; item = item->rbnext)
         pairs.push_back(pairOf(context, *item, inPlane, rawAngles));
+    if (object->isKindOf(AcDbEntity::desc()))
+        addPlace(*object.object(), pairs);
     if (LispValue data = extendedData(context, item, applications); !data.isNil())
         pairs.push_back(std::move(data));
     return listOf(pairs);

@@ -34,7 +34,6 @@ inline constexpr wchar_t fileClosed[] = L"fichier fermé : ";
 inline constexpr wchar_t noCommandLine[] = L"COMMAND : la ligne de commande n'est pas disponible ici";
 inline constexpr wchar_t variableRefused[] = L"variable système refusée : ";
 inline constexpr wchar_t cannotMake[] = L"ENTMAKE ne crée pas ce type d'objet : ";
-inline constexpr wchar_t cannotModify[] = L"ENTMOD ne modifie pas ce type d'objet : ";
 inline constexpr wchar_t badFilter[] = L"liste de filtre de SSGET incorrecte";
 inline constexpr wchar_t cancelledCommand[] = L"COMMAND-S : la commande n'est pas allée à son terme";
 inline constexpr wchar_t noDrawing[] = L"aucun dessin n'est ouvert";

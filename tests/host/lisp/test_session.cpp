@@ -149,7 +149,9 @@ TEST_F(Session, makesAndChangesEntities)
     EXPECT_EQ(value("(entmod (subst '(40 . 7.0) (assoc 40 l) l)) (cdr (assoc 40 (entget (entlast))))"), "7.0");
     EXPECT_EQ(value("(cdr (assoc 62 (entget (entlast))))"), "5") << "the others stay";
     EXPECT_EQ(value("(entmod (list (assoc -1 l) '(62 . 1))) (cdr (assoc 40 (entget (entlast))))"), "7.0");
-    EXPECT_EQ(value("(entmod (subst '(8 . \"PAS_LA\") (assoc 8 l) l))"), "nil");
+    EXPECT_EQ(value("(entmod (subst '(8 . \"A_FAIRE\") (assoc 8 l) l)) (cdr (assoc 8 (entget (entlast))))"),
+              "\"A_FAIRE\"")
+        << "a layer that is not there is made";
 
     EXPECT_EQ(value("(type (entmakex '((0 . \"ARC\") (10 0 0) (40 . 1.0) (50 . 0.5) (51 . 1.0))))"), "ENAME");
     EXPECT_EQ(value("(setq l (entget (entlast))) (list (assoc 8 l) (assoc 50 l))"), "((8 . \"0\") (50 . 0.5))");
@@ -159,7 +161,7 @@ TEST_F(Session, makesAndChangesEntities)
               "((10 1.0 1.0) (10 2.0 3.0))");
     EXPECT_EQ(value("(equal (setq l (entget (entlast))) (entmod l))"), "T");
     EXPECT_EQ(value("(entmake '((0 . \"TABLE\") (2 . \"A\")))"), "ENTMAKE ne crée pas ce type d'objet : TABLE");
-    EXPECT_EQ(value("(entmake '((0 . \"LINE\") (8 . \"PAS_LA\") (10 0 0) (11 1 1)))"), "nil");
+    EXPECT_EQ(value("(entmake '((0 . \"LINE\") (6 . \"PAS_LA\") (10 0 0) (11 1 1)))"), "nil");
     EXPECT_EQ(value("(entmake '((0 . \"LINE\") (10 . \"a\")))"), "point incorrect : \"a\"");
 }
 
