@@ -3,8 +3,10 @@
 #include <sstream>
 
 #include "commands/Commands.h"
+#include "commands/FileQuestion.h"
 #include "commands/Prompt.h"
 #include "ed/CommandStack.h"
+#include "lisp/LispHooks.h"
 
 namespace {
 
@@ -47,6 +49,7 @@ constexpr CommandRow kCommands[] = {
     {L"SCALE", L"ECHELLE", L"EC", kSelects, cancellable<commands::scale>},
     {L"MIRROR", L"MIROIR", L"MI", kSelects, cancellable<commands::mirror>},
     {L"EXPLODE", L"DECOMPOS", L"X DE", kSelects, cancellable<commands::explode>},
+    {L"CHPROP", L"CHPROP", L"", kSelects, cancellable<commands::changeProperties>},
     {L"LAYER", L"CALQUE", L"CA", kDraws, cancellable<commands::layer>},
     {L"RENAME", L"RENOMMER", L"REN", kDraws, cancellable<commands::rename>},
     {L"COLOR", L"COULEUR", L"COL", kDraws, cancellable<commands::color>},
@@ -73,10 +76,22 @@ constexpr CommandRow kCommands[] = {
     {L"SETVAR", L"MODIFVAR", L"MV", ACRX_CMD_TRANSPARENT, cancellable<commands::setVariable>},
 };
 
+/// AutoLISP asks for files as commands do.
+std::optional<std::wstring> chooseFile(const std::wstring& title, const std::wstring& proposed,
+                                       const std::wstring& extensions, bool toSave)
+{
+    try {
+        return askFile({title, proposed, extensions, toSave});
+    } catch (const CommandCancelled&) {
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 void registerHostCommands()
 {
+    LispHooks::instance().chooseFile = chooseFile;
     CommandStack& stack = CommandStack::instance();
     for (const CommandRow& row : kCommands) {
         acedRegCmds->addCommand(L"VELA_HOTE", row.global, row.local, row.flags, row.handler);

@@ -24,6 +24,7 @@ void explode();
 
 // layers, names, current properties
 void layer();
+void changeProperties();
 void rename();
 void color();
 

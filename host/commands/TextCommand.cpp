@@ -8,6 +8,7 @@
 #include "commands/Variables.h"
 #include "dbents.h"
 #include "dbsymtb.h"
+#include "ed/CommandRunner.h"
 
 namespace {
 
@@ -177,8 +178,9 @@ void commands::text()
     askPlace(run);
     askHeight(run);
     askRotation(run);
+    const bool oneLine = CommandRunner::instance().isCalledByCode(); // programs go on with another command
     for (std::wstring line = Prompt(L"Entrez le texte : ").text(); !line.empty();
-         line = Prompt(L"Entrez le texte : ").text()) {
+         line = oneLine ? L"" : Prompt(L"Entrez le texte : ").text()) {
         write(run, line);
         goDown(run);
     }

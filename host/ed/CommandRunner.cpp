@@ -9,22 +9,8 @@
 #include "rx/ExceptionText.h"
 #include "rx/ResbufPool.h"
 
-namespace {
-
-void print(const std::wstring& message)
-{
-    Console::instance().print(L"\n" + message);
-}
-
-std::wstring upperCase(std::wstring text)
-{
-    for (wchar_t& c : text)
-        c = platform::upperCase(c);
-    return text;
-}
-
 /// A typed name without its prefixes.
-struct TypedName {
+struct CommandRunner::TypedName {
     std::wstring name;
     bool global = false;
     bool stackOnly = false;
@@ -44,6 +30,20 @@ struct TypedName {
     }
 };
 
+namespace {
+
+void print(const std::wstring& message)
+{
+    Console::instance().print(L"\n" + message);
+}
+
+std::wstring upperCase(std::wstring text)
+{
+    for (wchar_t& c : text)
+        c = platform::upperCase(c);
+    return text;
+}
+
 } // namespace
 
 CommandRunner& CommandRunner::instance()
@@ -55,8 +55,8 @@ CommandRunner& CommandRunner::instance()
 std::wstring CommandRunner::runningNames() const
 {
     std::wstring names;
-    for (const std::wstring& name : m_running)
-        names += (names.empty() ? L"" : L"'") + name;
+    for (const Running& running : m_running)
+        names += (names.empty() ? L"" : L"'") + running.name;
     return names;
 }
 
@@ -68,9 +68,18 @@ CommandRunner::Called CommandRunner::calling(const Command& command)
             }};
 }
 
+/// "-NAME" is the form without a dialog of a command that has one; commands here ask at the command line.
 std::optional<CommandRunner::Called> CommandRunner::find(const std::wstring& typedName)
 {
-    const TypedName typed(typedName);
+    TypedName typed(typedName);
+    if (auto called = find(typed); called || !typed.name.starts_with(L'-'))
+        return called;
+    typed.name.erase(0, 1);
+    return find(typed);
+}
+
+std::optional<CommandRunner::Called> CommandRunner::find(const TypedName& typed)
+{
     CommandStack& stack = CommandStack::instance();
     if (const Command* command = stack.lookupCmd(typed.name.c_str(), typed.global, !typed.global))
         return calling(*command);
@@ -115,7 +124,7 @@ CommandOutcome CommandRunner::run(const std::wstring& typedName, CalledBy caller
     } else if (const auto refused = refusal(*called, caller)) {
         outcome.failure = *refused;
     } else {
-        runInside(*called, outcome);
+        runInside(*called, caller, outcome);
         if (caller == CalledBy::user && !isRunning())
             reportLeftOpen(*called, outcome);
     }
@@ -126,9 +135,9 @@ CommandOutcome CommandRunner::run(const std::wstring& typedName, CalledBy caller
     return outcome;
 }
 
-void CommandRunner::runInside(const Called& called, CommandOutcome& outcome)
+void CommandRunner::runInside(const Called& called, CalledBy caller, CommandOutcome& outcome)
 {
-    m_running.push_back(called.name); // before its frame: the group of its changes takes its name
+    m_running.push_back({called.name, caller}); // before its frame: the group of its changes takes its name
     const CommandFrame frame(DocumentList::instance().current(), called.flags, called.name);
     for (CommandWatcher* const watcher : m_watchers)
         watcher->commandStarts(called.name, called.flags, m_running.size());

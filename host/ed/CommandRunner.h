@@ -28,9 +28,10 @@ public:
 /// Runs commands by the names that users type.
 /// "NAME" is a local name, "_NAME" the name common to all languages; "." keeps to the command stack, leaving out a
 /// command that a module, or a user in AutoLISP, defined as the function "C:NAME"; "'" is allowed before a transparent
-/// one. Around a command the current document is locked (not for ACRX_CMD_SESSION) and its changes are one step for U.
-/// An alias of the command stack counts where nothing else has the name.
-/// What a command leaves behind - locks, undo marks, open objects - is put right and told, and what it throws is told.
+/// one, "-" before one that would open a dialog. Around a command the current document is locked (not for
+/// ACRX_CMD_SESSION) and its changes are one step for U. An alias of the command stack counts where nothing else has
+/// the name. What a command leaves behind - locks, undo marks, open objects - is put right and told, and what it throws
+/// is told.
 class CommandRunner {
 public:
     static CommandRunner& instance();
@@ -49,6 +50,8 @@ public:
     /// Whether a name leads to a command, prefixes and all.
     static bool knows(const std::wstring& typedName) { return find(typedName).has_value(); }
     bool isRunning() const { return !m_running.empty(); }
+    /// Whether code called the command that runs now, the innermost one.
+    bool isCalledByCode() const { return isRunning() && m_running.back().caller == CalledBy::code; }
     /// Global names of the commands under way, as CMDNAMES shows them: "LINE'ZOOM".
     std::wstring runningNames() const;
 
@@ -64,15 +67,21 @@ private:
         LoadedModule* module = nullptr;
         std::function<std::wstring()> body; ///< gives what went wrong
     };
+    struct TypedName;
     static std::optional<Called> find(const std::wstring& typedName);
+    static std::optional<Called> find(const TypedName& typed);
     static Called calling(const Command& command);
     static std::optional<Called> findInLisp(const std::wstring& name);
     std::optional<std::wstring> refusal(const Called& called, CalledBy caller) const;
-    void runInside(const Called& called, CommandOutcome& outcome);
+    void runInside(const Called& called, CalledBy caller, CommandOutcome& outcome);
     void reportLeftBehind(const Called& called, const std::wstring& left) const;
     void reportLeftOpen(const Called& called, CommandOutcome& outcome) const;
 
-    std::vector<std::wstring> m_running;
+    struct Running {
+        std::wstring name;
+        CalledBy caller;
+    };
+    std::vector<Running> m_running;
     std::vector<CommandWatcher*> m_watchers;
     OpenObjects m_openObjects;
 };

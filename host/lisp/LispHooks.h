@@ -21,6 +21,14 @@ struct LispHooks {
     std::function<std::size_t()> pendingCommands;
     std::function<void(std::size_t before, bool failed)> settleCommands;
 
+    /// Shows a message until the user has read it. Without it, texts go to the command line.
+    std::function<void(const std::wstring& text)> alert;
+    /// Set by the commands: asks for a file as they do, in a dialog or at the command line. `extensions` stand with
+    /// semicolons between. Nothing when the user gives up.
+    std::function<std::optional<std::wstring>(const std::wstring& title, const std::wstring& proposed,
+                                              const std::wstring& extensions, bool toSave)>
+        chooseFile;
+
     /// Set by the window: whether the user pressed Escape since it was asked last.
     std::function<bool()> interrupted;
 

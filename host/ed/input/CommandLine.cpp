@@ -43,10 +43,6 @@ CommandOutcome run(const std::wstring& name)
     CommandRunner& runner = CommandRunner::instance();
     if (runner.knows(name))
         return runner.run(name);
-    // "-NAME" is the form without a dialog of those that have one.
-    if (const std::size_t dash = name.find(L'-'); dash != std::wstring::npos && dash < 3)
-        if (std::wstring without = name; runner.knows(without.erase(dash, 1)))
-            return runner.run(without);
     if (SystemVariables::instance().value(name) && runner.knows(kSetVariable)) {
         OneText itsName(name);
         const EditorInput::Source source(itsName);

@@ -4,8 +4,8 @@
 
 void defineBuiltins(LispContext& context)
 {
-    for (const auto& rows :
-         {arithmeticBuiltins(), comparisonBuiltins(), listBuiltins(), sortingBuiltins(), functionBuiltins(),
-          symbolBuiltins(), textBuiltins(), numberTextBuiltins(), geometryBuiltins(), outputBuiltins(), fileBuiltins()})
+    for (const auto& rows : {arithmeticBuiltins(), comparisonBuiltins(), listBuiltins(), sortingBuiltins(),
+                             functionBuiltins(), symbolBuiltins(), textBuiltins(), numberTextBuiltins(),
+                             geometryBuiltins(), outputBuiltins(), fileBuiltins(), fileNameBuiltins()})
         context.define(rows);
 }

@@ -129,8 +129,14 @@ LispValue environment(LispContext&, LispArguments arguments)
 }
 
 constexpr LispBuiltin kRows[] = {
-    {L"CLOSE", 1, 1, close}, {L"FINDFILE", 1, 1, findFile},       {L"GETENV", 1, 1, environment}, {L"LOAD", 1, 2, load},
-    {L"OPEN", 2, 3, open},   {L"READ-CHAR", 0, 1, readCharacter}, {L"READ-LINE", 0, 1, readLine},
+    {L"CLOSE", 1, 1, close},
+    {L"FINDFILE", 1, 1, findFile},
+    {L"FINDTRUSTEDFILE", 1, 1, findFile},
+    {L"GETENV", 1, 1, environment},
+    {L"LOAD", 1, 2, load},
+    {L"OPEN", 2, 3, open},
+    {L"READ-CHAR", 0, 1, readCharacter},
+    {L"READ-LINE", 0, 1, readLine},
 };
 
 } // namespace

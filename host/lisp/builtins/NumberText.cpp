@@ -22,17 +22,16 @@ using lisp_argument::text;
 
 constexpr int kMostDecimals = 15;
 
+int systemVariable(const wchar_t* name, int otherwise)
+{
+    resbuf buffer{};
+    return acedGetVar(name, &buffer) == RTNORM && buffer.restype == RTSHORT ? buffer.resval.rint : otherwise;
+}
+
 /// An argument that may be left out: then the system variable counts.
 int unitArgument(LispArguments arguments, std::size_t which, const wchar_t* variable, int least, int most)
 {
-    int value = least;
-    if (arguments.size() > which) {
-        value = integer(arguments[which]);
-    } else {
-        resbuf buffer{};
-        if (acedGetVar(variable, &buffer) == RTNORM && buffer.restype == RTSHORT)
-            value = buffer.resval.rint;
-    }
+    const int value = arguments.size() > which ? integer(arguments[which]) : systemVariable(variable, least);
     if (value < least || value > most)
         throw LispError(lisp_texts::outOfRange);
     return value;
@@ -102,11 +101,29 @@ std::wstring lengthText(double value, int unit, int precision)
     }
 }
 
+/// Without the zeros that DIMZIN leaves out of decimal numbers: 4 before the point, 8 at the end.
+std::wstring withoutZeros(std::wstring text)
+{
+    constexpr int leading = 4, trailing = 8;
+    const int suppressed = systemVariable(L"DIMZIN", 0);
+    if ((suppressed & trailing) != 0 && text.find(L'.') != std::wstring::npos) {
+        text.erase(text.find_last_not_of(L'0') + 1);
+        if (text.back() == L'.')
+            text.pop_back();
+    }
+    const std::size_t first = text.starts_with(L'-') ? 1 : 0;
+    if ((suppressed & leading) != 0 && text.compare(first, 2, L"0.") == 0)
+        text.erase(first, 1);
+    return text;
+}
+
 LispValue lengthToText(LispContext&, LispArguments arguments)
 {
+    constexpr int decimalUnit = 2;
     const double value = number(arguments[0]);
     const int unit = unitArgument(arguments, 1, L"LUNITS", 1, 5);
-    return LispValue(lengthText(value, unit, decimalsArgument(arguments, 2, L"LUPREC")));
+    const std::wstring length = lengthText(value, unit, decimalsArgument(arguments, 2, L"LUPREC"));
+    return LispValue(unit == decimalUnit ? withoutZeros(length) : length);
 }
 
 // ---- angles

@@ -4,8 +4,8 @@
 
 void defineDrawingBuiltins(LispContext& context)
 {
-    for (const auto& rows : {hostBuiltins(), entityBuiltins(), entityMakingBuiltins(), tableBuiltins(), inputBuiltins(),
-                             selectionBuiltins(), screenBuiltins()})
+    for (const auto& rows : {hostBuiltins(), entityBuiltins(), entityMakingBuiltins(), curveBuiltins(), tableBuiltins(),
+                             dictionaryBuiltins(), inputBuiltins(), selectionBuiltins(), screenBuiltins()})
         context.define(rows);
     context.assign(context.symbol(L"PAUSE"), LispValue(L"\\"));
 }

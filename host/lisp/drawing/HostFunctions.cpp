@@ -69,10 +69,44 @@ LispValue commandWithAnswer(LispContext& context, LispArguments arguments)
     return context.truth(true);
 }
 
+LispValue alert(LispContext& context, LispArguments arguments)
+{
+    const std::wstring& text = lisp_argument::text(arguments[0]);
+    if (const auto& show = LispHooks::instance().alert)
+        show(text);
+    else
+        context.host().print(L"\n" + text);
+    return {};
+}
+
+/// (getfiled title proposed extensions flags): flag 1 asks for a file to write, which need not be there.
+LispValue chooseFile(LispContext&, LispArguments arguments)
+{
+    const auto& choose = LispHooks::instance().chooseFile;
+    if (!choose)
+        throw LispError(lisp_texts::noCommandLine);
+    const bool toSave = (lisp_argument::integer(arguments[3]) & 1) != 0;
+    const auto chosen = choose(lisp_argument::text(arguments[0]), lisp_argument::text(arguments[1]),
+                               lisp_argument::text(arguments[2]), toSave);
+    return chosen ? LispValue(*chosen) : LispValue();
+}
+
+/// What has nothing to do here: commands ask without dialogs, and *error* may call any command.
+LispValue nothing(LispContext&, LispArguments)
+{
+    return {};
+}
+
 constexpr LispBuiltin kRows[] = {
+    {L"*POP-ERROR-MODE*", 0, 0, nothing},
+    {L"*PUSH-ERROR-USING-COMMAND*", 0, 0, nothing},
+    {L"*PUSH-ERROR-USING-STACK*", 0, 0, nothing},
+    {L"ALERT", 1, 1, alert},
     {L"COMMAND", 0, LispBuiltin::any, command},
     {L"COMMAND-S", 0, LispBuiltin::any, wholeCommand},
+    {L"GETFILED", 4, 4, chooseFile},
     {L"GETVAR", 1, 1, getVariable},
+    {L"INITDIA", 0, 1, nothing},
     {L"SETVAR", 2, 2, setVariable},
     {L"VL-CMDF", 0, LispBuiltin::any, commandWithAnswer},
 };

@@ -2,7 +2,6 @@
 #include <memory>
 
 #include "db/Record.h"
-#include "dbdict.h"
 #include "dbsymtb.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/DrawingWalks.h"
@@ -25,12 +24,17 @@ constexpr TableName kTables[] = {
     {L"DIMSTYLE", &AcDbDatabase::dimStyleTableId}, {L"LAYER", &AcDbDatabase::layerTableId},
     {L"LTYPE", &AcDbDatabase::linetypeTableId},    {L"STYLE", &AcDbDatabase::textStyleTableId},
 };
+/// Tables of drawings that no command here fills: programs find nothing in them.
+constexpr const wchar_t* kEmptyTables[] = {L"UCS", L"VIEW", L"VPORT"};
 
 AcDbObjectId tableArgument(const LispValue& value)
 {
     for (const TableName& table : kTables)
         if (platform::equalNoCase(table.name, text(value)))
             return (currentDatabase().*table.table)();
+    for (const wchar_t* const name : kEmptyTables)
+        if (platform::equalNoCase(name, text(value)))
+            return {};
     lisp_argument::refuse(L"nom de table:", value);
 }
 
@@ -120,43 +124,6 @@ LispValue tableObjectName(LispContext&, LispArguments arguments)
     return objectName(found(tableArgument(arguments[0]), text(arguments[1])));
 }
 
-// ---- dictionaries
-
-LispValue rootDictionary(LispContext&, LispArguments)
-{
-    return objectName(currentDatabase().namedObjectsDictionaryId());
-}
-
-LispValue dictionarySearch(LispContext& context, LispArguments arguments)
-{
-    AcDbObjectId id;
-    {
-        const AcDbObjectPointer<AcDbDictionary> dictionary(objectArgument(arguments[0]), AcDb::kForRead);
-        if (dictionary.openStatus() != Acad::eOk ||
-            dictionary.object()->getAt(text(arguments[1]).c_str(), id) != Acad::eOk)
-            return {};
-    }
-    return recordList(context, id);
-}
-
-std::vector<AcDbObjectId> entriesOf(AcDbObjectId id)
-{
-    std::vector<AcDbObjectId> ids;
-    const AcDbObjectPointer<AcDbDictionary> dictionary(id, AcDb::kForRead);
-    if (dictionary.openStatus() == Acad::eOk)
-        for (const auto& [name, entry] : dictionary.object()->entriesAsIds())
-            ids.push_back(entry);
-    return ids;
-}
-
-LispValue dictionaryNext(LispContext& context, LispArguments arguments)
-{
-    const AcDbObjectId dictionary = objectArgument(arguments[0]);
-    const AcDbObjectId id = DrawingWalks::ofCurrentDocument().containers.next(
-        dictionary, isArgument(arguments, 1), [dictionary] { return entriesOf(dictionary); });
-    return id.isNull() ? LispValue() : recordList(context, id);
-}
-
 /// (regapp name): the name, nil when it is registered already.
 LispValue registerName(LispContext&, LispArguments arguments)
 {
@@ -164,9 +131,9 @@ LispValue registerName(LispContext&, LispArguments arguments)
 }
 
 constexpr LispBuiltin kRows[] = {
-    {L"REGAPP", 1, 1, registerName},         {L"DICTNEXT", 1, 2, dictionaryNext},
-    {L"DICTSEARCH", 2, 3, dictionarySearch}, {L"NAMEDOBJDICT", 0, 0, rootDictionary},
-    {L"TBLNEXT", 1, 2, tableNext},           {L"TBLOBJNAME", 2, 2, tableObjectName},
+    {L"REGAPP", 1, 1, registerName},
+    {L"TBLNEXT", 1, 2, tableNext},
+    {L"TBLOBJNAME", 2, 2, tableObjectName},
     {L"TBLSEARCH", 2, 3, tableSearch},
 };
 

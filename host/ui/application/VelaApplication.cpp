@@ -6,8 +6,10 @@
 #include <cstdio>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QMessageBox>
 #include <QTranslator>
 
+#include "lisp/LispHooks.h"
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
 #include "ui/render/DrawingPicture.h"
@@ -56,10 +58,14 @@ VelaApplication::VelaApplication() : QApplication(argumentCount, programArgument
     if (french->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(french);
     installPlotHook();
+    LispHooks::instance().alert = [](const std::wstring& text) {
+        QMessageBox::information(activeWindow(), QStringLiteral("Vela"), QString::fromStdWString(text));
+    };
 }
 
 VelaApplication::~VelaApplication()
 {
+    LispHooks::instance().alert = nullptr;
     removePlotHook();
 }
 

@@ -200,6 +200,24 @@ TEST_F(HostCommands, namesAndColours)
     EXPECT_EQ(variableText(L"CECOLOR"), L"BYLAYER");
 }
 
+TEST_F(HostCommands, aTextThatAProgramWritesIsOneLine)
+{
+    typed(L"(progn (command \"_.TEXT\" '(0 0) 2 0 \"a\") (command \"_.-POINT\" '(1 1)))");
+    EXPECT_EQ(entities(), (std::vector<std::string>{"TEXT a 0,0 h2", "POINT 1,1"}));
+}
+
+TEST_F(HostCommands, changesPropertiesOfSeveral)
+{
+    typed(L"CA | N | Bornes |  | L | 0,0 | 10,0 |  | C | 20,0 | 5");
+    const std::string before = bytes();
+    typed(L"CHPROP | _ALL |  | CA | absent | CO | 300 | CA | Bornes | _C | vert | _LT | Continuous | _S | 2.5 | ");
+    EXPECT_TRUE(told(L"« absent » n'est pas dans le dessin."));
+    typed(L"(sslength (ssget \"X\" '((8 . \"Bornes\") (62 . 3) (6 . \"Continuous\") (48 . 2.5))))");
+    EXPECT_EQ(printed(), L"\n2");
+    typed(L"U");
+    EXPECT_EQ(bytes(), before);
+}
+
 // ---- measures
 
 TEST_F(HostCommands, distancesAndPoints)

@@ -99,6 +99,8 @@ TEST_F(Runner, findsCommandsAsTheyAreTyped)
         {L"_ZOOMLEVE", "(1)"},  {L".ZOOMLEVE", "refused"},
         {L"maxnum", "refused"}, {L"C:ZoomLeve", "refused"},
         {L"", "refused"},       {L"_", "refused"},
+        {L"-LIGNE", "L"},       {L"_.-line", "L"},
+        {L"-", "refused"},      {L"--LIGNE", "refused"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(lettersOf(row.typed), row.letters) << testing::PrintToString(row.typed);

@@ -95,6 +95,12 @@
 (inters '(0 0) '(2 2) '(0 2) '(2 0)) ; => (1.0 1.0)
 (inters '(0 0) '(1 1) '(0 4) '(4 0)) ; => nil
 (inters '(0 0) '(1 1) '(0 4) '(4 0) nil) ; => (2.0 2.0)
+; names of files
+(mapcar 'vl-filename-base '("c:\\leve\\plan.v2.dxf" "/tmp/a" "seul.txt" "")) ; => ("plan.v2" "a" "seul" "")
+(mapcar 'vl-filename-directory '("c:\\leve\\plan.dxf" "c:\\plan.dxf" "leve/plan.dxf" "plan.dxf")) ; => ("c:\\leve" "c:\\" "leve" "")
+(mapcar 'vl-filename-extension '("plan.v2.dxf" "c:\\a.b\\plan")) ; => (".dxf" nil)
+(list (vl-file-size "pas-la.txt") (vl-file-delete "pas-la.txt") (vl-file-directory-p ".") (vl-file-rename "pas-la" "ici")) ; => (nil nil T nil)
+(vl-directory-files "pas-la" "*.*" 1) ; => nil
 ; output
 (princ "a\"b") ; >> a"b
 (prin1 "a\"b") ; >> "a\"b"
