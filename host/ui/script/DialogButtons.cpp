@@ -35,8 +35,6 @@ bool bears(const QAbstractButton& button, const QString& caption)
     return captionText(button.text()) == caption || button.objectName() == caption;
 }
 
-} // namespace
-
 QAbstractButton* findButton(const QWidget& dialog, const QString& caption)
 {
     const QString wanted = captionText(caption);
@@ -59,15 +57,22 @@ QAbstractButton* findButton(const QWidget& dialog, const QString& caption)
         QStringLiteral("plusieurs boutons s'appellent « %1 » : %2.").arg(caption, names.join(QStringLiteral(", "))));
 }
 
+} // namespace
+
+QAbstractButton& requireShownButton(const QWidget& dialog, const QString& caption)
+{
+    if (QAbstractButton* const button = findButton(dialog, caption))
+        return *button;
+    throw ScriptError(QStringLiteral("le dialogue « %1 » n'a pas de bouton « %2 ». %3")
+                          .arg(captionText(dialog.windowTitle()), caption, buttonList(dialog)));
+}
+
 QAbstractButton& requireButton(const QWidget& dialog, const QString& caption)
 {
-    QAbstractButton* const button = findButton(dialog, caption);
-    if (!button)
-        throw ScriptError(QStringLiteral("le dialogue « %1 » n'a pas de bouton « %2 ». %3")
-                              .arg(captionText(dialog.windowTitle()), caption, buttonList(dialog)));
-    if (!button->isEnabled())
+    QAbstractButton& button = requireShownButton(dialog, caption);
+    if (!button.isEnabled())
         throw ScriptError(QStringLiteral("le bouton « %1 » est grisé.").arg(caption));
-    return *button;
+    return button;
 }
 
 QString buttonList(const QWidget& dialog)

@@ -208,10 +208,8 @@ std::optional<QString> DialogDriver::valueOf(const QString& subject) const
             return captionText(tabs->tabText(tabs->currentIndex()));
     if (subject.startsWith(u"actif ")) {
         const QString name = subject.mid(6).trimmed();
-        if (name.startsWith(u'[') && name.endsWith(u']')) {
-            const QAbstractButton* const button = findButton(m_dialog, name.mid(1, name.size() - 2));
-            return yesNo(button && button->isEnabled());
-        }
+        if (name.startsWith(u'[') && name.endsWith(u']'))
+            return yesNo(requireShownButton(m_dialog, name.mid(1, name.size() - 2)).isEnabled());
         return yesNo(DialogFields(m_dialog).require(name).isEnabled());
     }
     const DialogFields fields(m_dialog);

@@ -346,5 +346,6 @@ QString listNames(const QWidget& dialog)
     for (const QAbstractItemView* const list : lists)
         names << namesOf(*list, dialog).join(QStringLiteral(" ou "));
     names.removeAll(QString());
+    names.removeDuplicates();
     return QStringLiteral("Ses listes : %1.").arg(names.join(QStringLiteral(", ")));
 }

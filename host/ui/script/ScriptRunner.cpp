@@ -140,7 +140,7 @@ bool ScriptRunner::skipToInput(const InputRequest& request)
     const bool command = request.kind == InputRequest::Kind::command;
     while (!m_reader.atEnd()) {
         const QString& next = m_reader.peek();
-        if (m_reader.atLineStart() && isCheck(next))
+        if (m_reader.atLineStart() && (isCheck(next) || (command && next.startsWith(u'?'))))
             check(m_reader.takeLine().mid(1), nullptr);
         else if (command && (next.trimmed().isEmpty() || next.startsWith(u';')))
             m_reader.takeLine(); // between commands Enter would repeat the last one

@@ -103,6 +103,8 @@ TEST_F(CommandLineTest, StopsAtTheLineThatFails)
         const char* failure;
     };
     constexpr Row rows[] = {
+        {"check without a value", "? entités LINE",
+         "essai.scr, ligne 1 : « ? entités LINE » n'est pas un contrôle : « ? sujet = valeur » est attendu."},
         {"unknown command", "; a\n\nPAS_CA\n(setq suite 1)", "essai.scr, ligne 3 : Commande inconnue : « PAS_CA »."},
         {"AutoLISP", "(car 5)\n(setq suite 1)",
          "essai.scr, ligne 1 : argument de type incorrect : listp: 5, dans (CAR 5)"},

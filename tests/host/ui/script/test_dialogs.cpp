@@ -74,7 +74,7 @@ TEST_F(DialogTest, FillFieldsByTheirLabels)
                   "? Fermeture = 12.5\n"
                   "? onglet = Général\n  onglet: Détail\n? onglet = Détail\n  Repère = borne\n"
                   "? titre = Saisie d'essai\n"
-                  "? actif [Calculer !] = oui\n? actif [Grisé] = non\n? actif [Absent] = non\n? actif Repère = oui\n"
+                  "? actif [Calculer !] = oui\n? actif [Grisé] = non\n? actif Repère = oui\n"
                   "  [Fermer]\n"),
               "");
 }
@@ -121,6 +121,7 @@ TEST_F(DialogTest, SayWhatIsWrong)
         {"QSAVE", {"« QSAVE » ne dit rien au dialogue « Saisie d'essai », qui est ouvert", "Ses boutons : "}},
         {"? Numero = 1", {"« Numero » ne se contrôle pas dans le dialogue « Saisie d'essai »", "Numéro"}},
         {"? actif Numero = oui", {"n'a pas de champ « Numero »"}},
+        {"? actif [Absent] = non", {"n'a pas de bouton « Absent »", "[Grisé]"}},
     };
     for (const Part& row : parts) {
         const QString failure = runIn(row.line);
