@@ -23,6 +23,8 @@ constexpr std::array kRows{
     HeaderRow{L"AUNITS", Kind::integer},    HeaderRow{L"AUPREC", Kind::integer},
     HeaderRow{L"CECOLOR", Kind::color},     HeaderRow{L"CELTYPE", Kind::linetype},
     HeaderRow{L"CELTSCALE", Kind::real},    HeaderRow{L"CLAYER", Kind::layer},
+    HeaderRow{L"DIMSCALE", Kind::real},     HeaderRow{L"DIMTXT", Kind::real},
+    HeaderRow{L"DIMZIN", Kind::integer},    HeaderRow{L"MEASUREMENT", Kind::integer},
     HeaderRow{L"ELEVATION", Kind::real},    HeaderRow{L"EXTMAX", Kind::point},
     HeaderRow{L"EXTMIN", Kind::point},      HeaderRow{L"INSBASE", Kind::point},
     HeaderRow{L"INSUNITS", Kind::integer},  HeaderRow{L"LIMMAX", Kind::planePoint},

@@ -1,12 +1,18 @@
 #include "ed/SystemVariables.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
 #include <limits>
 
 #include "ap/DocumentData.h"
 #include "ap/DocumentList.h"
 #include "ed/CommandRunner.h"
+#include "platform/CodePage.h"
 #include "platform/LetterCase.h"
+#include "platform/Paths.h"
 
 namespace {
 
@@ -55,6 +61,45 @@ VariableValue commandActive(const Document&)
 {
     return asShort(CommandRunner::instance().isRunning());
 }
+VariableValue userName(const Document&)
+{
+    const char* const name = std::getenv("USER");
+    return platform::wideFromUtf8(name ? name : "");
+}
+VariableValue temporaryFolder(const Document&)
+{
+    return platform::windowsPath(std::filesystem::temp_directory_path()) + L"\\";
+}
+
+/// Days of the calendar, and the time of day of the user's clock.
+struct LocalTime {
+    std::tm now{};
+    LocalTime()
+    {
+        const std::time_t clock = std::time(nullptr);
+        localtime_r(&clock, &now);
+    }
+};
+
+/// 20261121.143000: the twenty-first of November, half past two.
+VariableValue calendarDate(const Document&)
+{
+    const std::tm now = LocalTime().now;
+    const int day = (now.tm_year + 1900) * 10000 + (now.tm_mon + 1) * 100 + now.tm_mday;
+    return day + (now.tm_hour * 10000 + now.tm_min * 100 + now.tm_sec) * 1e-6;
+}
+
+/// Days since the beginning of 4713 before Christ, and the part of the day that is over.
+VariableValue julianDate(const Document&)
+{
+    const std::tm now = LocalTime().now;
+    const std::chrono::year_month_day day{std::chrono::year(now.tm_year + 1900),
+                                          std::chrono::month(static_cast<unsigned>(now.tm_mon + 1)),
+                                          std::chrono::day(static_cast<unsigned>(now.tm_mday))};
+    constexpr double ofUnixEpoch = 2440588.0, seconds = 86400.0;
+    const auto days = static_cast<double>(std::chrono::sys_days(day).time_since_epoch().count());
+    return ofUnixEpoch + days + (now.tm_hour * 3600 + now.tm_min * 60 + now.tm_sec) / seconds;
+}
 
 } // namespace
 
@@ -79,11 +124,15 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"ACADVER", session, readOnly, text(L"20.1s (Vela)")},
         {L"ANGBASE", drawing, writable, 0.0},
         {L"ANGDIR", drawing, writable, zero, nullptr, 0, 1},
+        {L"APERTURE", session, writable, short{10}, nullptr, 1, 50},
         {L"AREA", session, readOnly, 0.0},
         {L"ATTDIA", session, writable, zero, nullptr, 0, 1},
         {L"ATTREQ", session, writable, one, nullptr, 0, 1},
         {L"AUNITS", drawing, writable, zero, nullptr, 0, 4},
         {L"AUPREC", drawing, writable, zero, nullptr, 0, 8},
+        {L"AUTOSNAP", session, writable, short{63}, nullptr, 0, 63},
+        {L"BLIPMODE", session, writable, zero, nullptr, 0, 1},
+        {L"CDATE", computed, readOnly, 0.0, calendarDate},
         {L"CECOLOR", drawing, writable, text(L"BYLAYER")},
         {L"CELTSCALE", drawing, writable, 1.0},
         {L"CELTYPE", drawing, writable, text(L"ByLayer")},
@@ -93,8 +142,17 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"CMDDIA", session, writable, one, nullptr, 0, 1},
         {L"CMDECHO", session, writable, one, nullptr, 0, 1},
         {L"CMDNAMES", computed, readOnly, text(L""), commandNames},
+        {L"COORDS", session, writable, one, nullptr, 0, 2},
+        {L"CTAB", session, readOnly, text(L"Model")},
+        {L"CVPORT", session, readOnly, short{2}},
+        {L"DATE", computed, readOnly, 0.0, julianDate},
         {L"DBMOD", drawing, readOnly, zero},
+        {L"DIMSCALE", drawing, writable, 1.0},
+        {L"DIMTXT", drawing, writable, 2.5},
+        {L"DIMZIN", drawing, writable, zero, nullptr, 0, 15},
         {L"DISTANCE", session, readOnly, 0.0},
+        {L"DRAGMODE", session, writable, short{2}, nullptr, 0, 2},
+        {L"DWGCODEPAGE", session, readOnly, text(L"ANSI_1252")},
         {L"DWGNAME", computed, readOnly, text(L""), drawingName},
         {L"DWGPREFIX", computed, readOnly, text(L""), drawingFolder},
         {L"DWGTITLED", computed, readOnly, zero, drawingHasFile},
@@ -104,6 +162,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"EXTMAX", drawing, readOnly, AcGePoint3d(-1e20, -1e20, -1e20)},
         {L"EXTMIN", drawing, readOnly, AcGePoint3d(1e20, 1e20, 1e20)},
         {L"FILEDIA", session, writable, one, nullptr, 0, 1},
+        {L"GRIDMODE", session, writable, zero, nullptr, 0, 0}, // no grid to show
         {L"HIGHLIGHT", session, writable, one, nullptr, 0, 1},
         {L"INSBASE", drawing, writable, AcGePoint3d(0.0, 0.0, 0.0)},
         {L"INSNAME", session, writable, text(L"")},
@@ -112,9 +171,13 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"LIMMAX", drawing, readOnly, AcGePoint2d(420.0, 297.0)},
         {L"LIMMIN", drawing, readOnly, AcGePoint2d(0.0, 0.0)},
         {L"LOCALE", session, readOnly, text(L"FRA")},
+        {L"LOGINNAME", computed, readOnly, text(L""), userName},
         {L"LTSCALE", drawing, writable, 1.0},
         {L"LUNITS", drawing, writable, short{2}, nullptr, 1, 5},
         {L"LUPREC", drawing, writable, short{4}, nullptr, 0, 8},
+        {L"MEASUREMENT", drawing, writable, one, nullptr, 0, 1},
+        {L"MENUECHO", session, writable, zero, nullptr, 0, 15},
+        {L"MODEMACRO", session, writable, text(L"")},
         {L"NOMUTT", session, writable, zero, nullptr, 0, 1},
         {L"OFFSETDIST", session, writable, 1.0},
         {L"ORTHOMODE", drawing, writable, zero, nullptr, 0, 1},
@@ -126,16 +189,29 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"PICKAUTO", session, writable, one, nullptr, 0, 6},
         {L"PICKBOX", session, writable, short{3}, nullptr, 0, 50},
         {L"PICKFIRST", session, writable, one, nullptr, 0, 1},
+        {L"PICKSTYLE", session, writable, one, nullptr, 0, 3},
+        {L"PLINETYPE", session, writable, short{2}, nullptr, 0, 2},
         {L"PRODUCT", session, readOnly, text(L"Vela")},
         {L"REGENMODE", drawing, writable, one, nullptr, 0, 1},
         {L"SAVENAME", computed, readOnly, text(L""), drawingFile},
         {L"SCREENSIZE", document, readOnly, AcGePoint2d(1280.0, 720.0)},
         {L"SDI", session, readOnly, zero},
+        {L"SNAPMODE", session, writable, zero, nullptr, 0, 0}, // no grid to snap to
+        {L"SORTENTS", session, writable, short{127}, nullptr, 0, 127},
+        {L"SYSCODEPAGE", session, readOnly, text(L"ANSI_1252")},
         {L"TDCREATE", drawing, readOnly, 0.0},
         {L"TDUPDATE", drawing, readOnly, 0.0},
+        {L"TEMPPREFIX", computed, readOnly, text(L""), temporaryFolder},
+        {L"TEXTEVAL", session, writable, zero, nullptr, 0, 1},
         {L"TEXTSIZE", drawing, writable, 2.5},
         {L"TEXTSTYLE", drawing, writable, text(L"Standard")},
         {L"TILEMODE", drawing, writable, one, nullptr, 0, 1},
+        {L"UCSFOLLOW", session, writable, zero, nullptr, 0, 1},
+        {L"UCSICON", session, writable, short{3}, nullptr, 0, 3},
+        {L"UCSNAME", session, readOnly, text(L"")},
+        {L"UCSORG", session, readOnly, AcGePoint3d(0.0, 0.0, 0.0)},
+        {L"UCSXDIR", session, readOnly, AcGePoint3d(1.0, 0.0, 0.0)},
+        {L"UCSYDIR", session, readOnly, AcGePoint3d(0.0, 1.0, 0.0)},
         {L"USERI1", drawing, writable, zero},
         {L"USERI2", drawing, writable, zero},
         {L"USERI3", drawing, writable, zero},
@@ -153,7 +229,9 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"USERS5", document, writable, text(L"")},
         // The view of a document: a whole A4 sheet, until a window shows it.
         {L"VIEWCTR", document, readOnly, AcGePoint3d(210.0, 148.5, 0.0)},
+        {L"VIEWDIR", session, readOnly, AcGePoint3d(0.0, 0.0, 1.0)},
         {L"VIEWSIZE", document, readOnly, 297.0},
+        {L"VIEWTWIST", session, readOnly, 0.0},
         {L"WORLDUCS", session, readOnly, one},
     };
     return rows;

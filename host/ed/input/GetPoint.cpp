@@ -1,8 +1,7 @@
 // acedGetPoint and acedGetCorner.
 
 #include "acdocman.h"
-#include "ed/input/InputTexts.h"
-#include "ed/input/Question.h"
+#include "ed/input/PointFilter.h"
 #include "ed/SystemVariables.h"
 #include "rx/Console.h"
 
@@ -16,10 +15,16 @@ int askPoint(InputRequest::Kind kind, const ads_point base, const ACHAR* prompt,
         return RTERROR;
     question.stretchFrom(base);
     AcGePoint3d point;
-    const int status =
-        question.ask([&](const InputAnswer& answer) { return readPoint(question.request, answer, point); });
-    if (status != RTNORM)
-        return status;
+    int filtered = RTNORM;
+    const int status = question.ask([&](const InputAnswer& answer) {
+        const auto filter = answer.kind == InputAnswer::Kind::text ? pointFilter(answer.text) : std::nullopt;
+        if (!filter)
+            return readPoint(question.request, answer, point);
+        filtered = askFiltered(*filter, point);
+        return static_cast<const wchar_t*>(nullptr);
+    });
+    if (status != RTNORM || filtered != RTNORM)
+        return status != RTNORM ? status : filtered;
     setLastPoint(point);
     result[0] = point.x;
     result[1] = point.y;

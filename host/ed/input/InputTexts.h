@@ -3,6 +3,8 @@
 /// What the command line says of answers that do not do, and of what it asks by itself.
 namespace input_texts {
 
+inline constexpr wchar_t filteredFrom[] = L"de : ";
+inline constexpr wchar_t filterNeeds[] = L"(il manque ";
 inline constexpr wchar_t pointWanted[] = L"Point incorrect.";
 inline constexpr wchar_t lengthWanted[] = L"Une distance numérique ou deux points sont attendus.";
 inline constexpr wchar_t angleWanted[] = L"Un angle correct ou un second point est attendu.";

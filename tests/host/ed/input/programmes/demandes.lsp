@@ -70,4 +70,20 @@
 (grread T) ; => (5 (3.0 4.0 0.0))
 ; < é
 (list (grread) (grread)) ; => ((2 233) (2 13))
+;; point filters
+; < .xy | 1,2,3 | 7
+(getpoint) ; => (1.0 2.0 7.0)
+; < .x | 1,2 | 5,6
+(getpoint) ; => (1.0 6.0 0.0)
+; < .YZ | 1,2,3 | abc | 8,9
+(getpoint "Point : ") ; => (8.0 2.0 3.0)
+; < .xy | 1,2 | <Esc>
+(getpoint) ; !> Fonction annulée
+; < .xx | 1,1
+(getpoint) ; => (1.0 1.0 0.0)
 (vl-load-com) ; => nil
+(alert "Fini") ; => nil
+(progn (setvar "DIMZIN" 8) (list (rtos 2.5 2 3) (rtos 3.0 2 2) (rtos 100.0 2 0))) ; => ("2.5" "3" "100")
+(progn (setvar "DIMZIN" 12) (list (rtos 0.5 2 3) (rtos -0.25 2 4) (rtos 0 2 2))) ; => (".5" "-.25" "0")
+(progn (setvar "DIMZIN" 0) (rtos 2.5 2 3)) ; => "2.500"
+(and (< 2460000 (getvar "DATE") 2600000) (< 20230000 (getvar "CDATE") 21000000)) ; => T
