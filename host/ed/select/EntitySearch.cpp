@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "db/DatabaseImpl.h"
+#include "db/Layouts.h"
 #include "dbsymtb.h"
-#include "ed/select/Layouts.h"
 
 std::vector<AcDbObjectId> EntitySearch::inBlock(AcDbObjectId block, Layers layers)
 {

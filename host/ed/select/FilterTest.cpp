@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "db/Layouts.h"
 #include "dxf/DxfValue.h"
-#include "ed/select/Layouts.h"
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "rx/ResbufKind.h"

@@ -5,11 +5,11 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectWriter.h"
+#include "db/Layouts.h"
 #include "db/ResbufTags.h"
 #include "dbapserv.h"
 #include "dbents.h"
 #include "dbsymtb.h"
-#include "ed/select/Layouts.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"

@@ -106,9 +106,10 @@ TEST_F(CommandLineTest, readsCommandsExpressionsAndSymbols)
     EXPECT_EQ(Console::instance().lastLine(), L"3");
     EXPECT_TRUE(run(L"(+ 1 \"a\")").starts_with("argument de type incorrect : numberp: \"a\""));
     EXPECT_EQ(run(L"INCONNUE"), "Commande inconnue : « INCONNUE ».");
+    EXPECT_EQ(CommandLine::instance().lastCommand(), L"_test_name");
     EXPECT_EQ(run(L"-ESSAI_VOIR"), "") << "the form without a dialog is the same here";
     EXPECT_EQ(run(L"_-essai_voir"), "");
-    EXPECT_EQ(CommandLine::instance().lastCommand(), L"_test_name");
+    EXPECT_EQ(CommandLine::instance().lastCommand(), L"_-essai_voir");
 }
 
 TEST_F(CommandLineTest, asksTheSourceOnTop)

@@ -46,7 +46,7 @@
 (progn (entmod (append (entget e) '((62 . 3) (72 . 1)))) (mapcar '(lambda (c) (cdr (assoc c (entget e)))) '(62 72))) ; => (3 1)
 (progn (entmod (subst '(62 . 256) '(62 . 3) (entget e))) (assoc 62 (entget e))) ; => nil
 (eq (entupd e) e) ; => T
-(mapcar '(lambda (c) (cdr (assoc c (entget i)))) '(66 41 42 43 50 70)) ; => (1 1.0 1.0 1.0 0.0 0)
+(mapcar '(lambda (c) (cdr (assoc c (entget i)))) '(66 41 42 43 50 44)) ; => (1 1.0 1.0 1.0 0.0 0.0)
 (cdr (assoc 410 (entget (entnext i)))) ; => "Model"
 (setq p (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 2) (70 . 1) (10 0 0) (42 . 0.5) (10 4 0)))) (mapcar 'cdr (vl-remove-if-not '(lambda (g) (= (car g) 42)) (entget p))) ; => (0.5 0.0)
 (equal (entmod (entget p)) (entget p)) ; => T

@@ -1,10 +1,10 @@
-#include "ed/select/Layouts.h"
+#include "db/Layouts.h"
 
 #include "db/DatabaseImpl.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
+#include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
-#include "ed/select/EntityTags.h"
 #include "platform/LetterCase.h"
 
 namespace {
@@ -17,11 +17,11 @@ bool startsNoCase(std::wstring_view text, std::wstring_view start)
 /// The block that a LAYOUT names: the last 330 of its own part.
 AcDbStub* blockOf(AcDbDatabaseImpl& database, AcDbObjectId layout)
 {
-    EntityTags tags(database);
-    tags.read(*recordOf(layout));
+    DxfCursor cursor(database.form(), database.bytes(*recordOf(layout)));
     constexpr int reference = 330;
     AcDbStub* block = nullptr;
-    for (const DxfTag& tag : tags.tags()) {
+    DxfTag tag;
+    while (cursor.next(tag)) {
         std::uint64_t handle = 0;
         if (tag.code == reference && dxfHandle(tag, handle))
             if (AcDbStub* const named = database.byHandle(handle);
