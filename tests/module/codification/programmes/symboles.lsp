@@ -79,7 +79,7 @@
 (type (tpcdaddpt "12" '(3 3))) ; => ENAME
 (cdr (assoc 41 (entget (ename_pt "12")))) ; => 2.0
 (updarxttxt 1e-7) ; => 7
-(assoc 41 (entget (ename_pt "p1"))) ; => nil
+(assoc 41 (entget (ename_pt "p1"))) ; => (41 . 1.0)
 (updarxttxt "1") ; >> \nparametres incorrects.
 
 ; Extended data.
