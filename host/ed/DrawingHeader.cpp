@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <numbers>
 
 #include "db/DatabaseImpl.h"
+#include "dxf/DxfAngle.h"
 #include "ed/DrawingChanges.h"
 #include "platform/LetterCase.h"
 
@@ -42,7 +42,6 @@ constexpr std::array kRows{
     HeaderRow{L"USERR5", Kind::real},
 };
 
-constexpr double kDegree = std::numbers::pi / 180.0;
 // Group codes of the values.
 constexpr int kLinetypeCode = 6;
 constexpr int kTextStyleCode = 7;
@@ -116,7 +115,7 @@ std::optional<VariableValue> DrawingHeader::value(const AcDbDatabase& database, 
     case Kind::real:
         return header.real(inFile, 0.0);
     case Kind::degrees:
-        return header.real(inFile, 0.0) * kDegree;
+        return dxfRadians(header.real(inFile, 0.0));
     case Kind::point:
         return point;
     case Kind::planePoint:
@@ -147,7 +146,7 @@ bool DrawingHeader::setValue(AcDbDatabase& database, std::wstring_view name, con
         header.setReal(inFile, kRealCode, std::get<double>(value));
         return true;
     case Kind::degrees:
-        header.setReal(inFile, kAngleCode, std::get<double>(value) / kDegree);
+        header.setReal(inFile, kAngleCode, dxfDegrees(std::get<double>(value)));
         return true;
     case Kind::point:
         header.setPoint(inFile, std::get<AcGePoint3d>(value));

@@ -12,6 +12,7 @@
 
 #include "db/fields/NameKind.h"
 #include "dbmain.h"
+#include "dxf/DxfAngle.h"
 #include "dxf/DxfTagWriter.h"
 #include "dxf/DxfValue.h"
 #include "gepnt2d.h"
@@ -186,8 +187,6 @@ inline double& coordinate(AcGePoint2d& p, int part)
     return part == 0 ? p.x : p.y;
 }
 
-constexpr double radiansPerDegree = 0.017453292519943295;
-
 } // namespace dxf_rows
 
 /// A real as it stands.
@@ -217,11 +216,11 @@ DxfField degreesField(int code, DxfWhen when = DxfWhen::unlessDefault)
                 double degrees = 0.0;
                 if (!dxfReal(c.form, t, degrees))
                     return false;
-                dxf_rows::in<Member>(o) = degrees * dxf_rows::radiansPerDegree;
+                dxf_rows::in<Member>(o) = dxfRadians(degrees);
                 return true;
             },
             [](DxfWriteContext& c, const AcDbObject& o, int written, int) {
-                c.out.real(written, dxf_rows::in<Member>(o) / dxf_rows::radiansPerDegree);
+                c.out.real(written, dxfDegrees(dxf_rows::in<Member>(o)));
             },
             dxf_rows::equal<Member>,
             {}};

@@ -83,7 +83,7 @@ void DxfFieldsOfMText::add(DxfClasses& classes)
             double degrees = 0.0;
             if (!dxfReal(context.form, tag, degrees))
                 return false;
-            text.m_rotation = degrees * dxf_rows::radiansPerDegree;
+            text.m_rotation = dxfRadians(degrees);
             const AcGePoint3d ahead(std::cos(text.m_rotation), std::sin(text.m_rotation), 0.0);
             if (ocsToWorld(ahead, text.m_normal).asVector().dotProduct(text.m_direction) <
                 text.m_direction.length() * sameWay)
@@ -92,7 +92,7 @@ void DxfFieldsOfMText::add(DxfClasses& classes)
         },
         [](DxfWriteContext& context, const AcDbObject& object, int code, int) {
             const auto& text = static_cast<const AcDbMText&>(object);
-            context.out.real(code, (context.complete ? text.rotation() : text.m_rotation) / dxf_rows::radiansPerDegree);
+            context.out.real(code, dxfDegrees(context.complete ? text.rotation() : text.m_rotation));
         });
     static const DxfSubclass text(
         "AcDbMText",

@@ -1,11 +1,13 @@
 #include "lisp/drawing/EntityLists.h"
 
 #include <algorithm>
-#include <numbers>
+#include <limits>
 
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfFields.h"
 #include "db/ResbufTags.h"
+#include "dxf/DxfAngle.h"
+#include "dxf/DxfValue.h"
 #include "dxf/R12Subclasses.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/eval/LispArgument.h"
@@ -44,15 +46,30 @@ std::wstring kindOf(const std::vector<GroupPair>& pairs)
 
 namespace {
 
+/// A block of bytes is listed as its hexadecimal digits.
+void setBytes(ads_binary& to, const GroupPair& pair)
+{
+    const std::string digits = platform::utf8FromWide(lisp_argument::text(pair.value));
+    const char* const end = digits.data() + digits.size();
+    constexpr std::size_t most = std::numeric_limits<short>::max();
+    std::string bytes;
+    if (!dxfBytes(DxfForm{}, {pair.code, digits.data(), end, digits.data(), end}, bytes) || bytes.size() > most)
+        lisp_argument::refuse(L"octets:", pair.value);
+    to.clen = static_cast<short>(bytes.size());
+    acutNewBuffer(to.buf, bytes.size());
+    std::ranges::copy(bytes, to.buf);
+}
+
 /// One item of a drawing file. Angles are degrees there.
 ResbufChain bufferOf(const GroupPair& pair)
 {
-    constexpr double degreesPerRadian = 180.0 / std::numbers::pi;
     ResbufChain buffer(acutNewRb(pair.code));
     ads_u_val& to = buffer->resval;
     switch (resbufKind(pair.code)) {
     case ResbufKind::real:
-        to.rreal = number(pair.value) * (pair.code >= 50 && pair.code <= 58 ? degreesPerRadian : 1.0);
+        to.rreal = number(pair.value);
+        if (pair.code >= 50 && pair.code <= 58)
+            to.rreal = dxfDegrees(to.rreal);
         break;
     case ResbufKind::point: {
         const AcGePoint3d point = lisp_argument::point(pair.value);
@@ -77,6 +94,8 @@ ResbufChain bufferOf(const GroupPair& pair)
         acutNewString(lisp_argument::text(pair.value).c_str(), to.rstring);
         break;
     case ResbufKind::bytes:
+        setBytes(to.rbinary, pair);
+        break;
     case ResbufKind::none:
     case ResbufKind::unknown:
         lisp_argument::refuse(L"code de groupe:", LispValue(std::int32_t{pair.code}));

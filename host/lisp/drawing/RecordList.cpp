@@ -1,7 +1,6 @@
 #include "lisp/drawing/RecordList.h"
 
 #include <algorithm>
-#include <numbers>
 
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectWriter.h"
@@ -10,6 +9,7 @@
 #include "dbapserv.h"
 #include "dbents.h"
 #include "dbsymtb.h"
+#include "dxf/DxfAngle.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
@@ -62,10 +62,9 @@ void addPlace(const AcDbObject& entity, std::vector<LispValue>& pairs)
 
 LispValue pairOf(LispContext& context, const resbuf& item, bool inPlane, bool rawAngles)
 {
-    constexpr double radiansPerDegree = std::numbers::pi / 180.0;
     LispValue value = valueOfBuffer(context, item);
     if (item.restype >= 50 && item.restype <= 58 && value.isReal() && !rawAngles)
-        value = LispValue(value.real() * radiansPerDegree);
+        value = LispValue(dxfRadians(value.real()));
     if (item.restype == 10 && inPlane && value.isPair()) {
         const LispValue plane[] = {value.car(), value.cdr().car()};
         value = listOf(plane);

@@ -1,3 +1,4 @@
+#include "dxf/DxfAngle.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfError.h"
@@ -6,6 +7,7 @@
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <numbers>
 #include <optional>
 
 namespace {
@@ -64,6 +66,18 @@ TEST(DxfValueTest, Reals)
     double value = 7.0;
     const double infinite = std::numeric_limits<double>::infinity();
     EXPECT_FALSE(dxfReal(form(true), tagOf(40, {reinterpret_cast<const char*>(&infinite), 8}), value));
+}
+
+/// Users saw 12 come back as 12.000000000000002 from a drawing in which nothing had turned.
+TEST(DxfValueTest, DegreesComeBackAsTheyWereWritten)
+{
+    for (const double degrees :
+         {0.0, 12.0, 30.0, 45.0, 359.9999, 370.0, -0.1, 123.456789012345, 1e-17, 33.333333333333})
+        EXPECT_EQ(dxfDegrees(dxfRadians(degrees)), degrees);
+    for (int tenths = 0; tenths < 3600; ++tenths)
+        EXPECT_EQ(dxfDegrees(dxfRadians(tenths / 10.0)), tenths / 10.0);
+    EXPECT_EQ(dxfDegrees(std::numbers::pi / 6), 30.0);
+    EXPECT_NEAR(dxfRadians(dxfDegrees(0.1234567890123456)), 0.1234567890123456, 2e-17); // all digits where needed
 }
 
 TEST(DxfValueTest, IntegersAndHandles)

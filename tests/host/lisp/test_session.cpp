@@ -160,6 +160,12 @@ TEST_F(Session, makesAndChangesEntities)
                     " (vl-remove-if-not '(lambda (p) (= (car p) 10)) (entget (entlast)))"),
               "((10 1.0 1.0) (10 2.0 3.0))");
     EXPECT_EQ(value("(equal (setq l (entget (entlast))) (entmod l))"), "T");
+    EXPECT_EQ(value("(entmod (append l '((-3 (\"ACAD\" (1004 . \"00fF10\"))))))"
+                    " (assoc -3 (setq l (entget (entlast) '(\"*\"))))"),
+              "(-3 (\"ACAD\" (1004 . \"00FF10\")))");
+    EXPECT_EQ(value("(equal (entmod l) l)"), "T");
+    EXPECT_EQ(value("(entmod (append l '((-3 (\"ACAD\" (1004 . \"0x\"))))))"),
+              "argument de type incorrect : octets: \"0x\"");
     EXPECT_EQ(value("(entmake '((0 . \"TABLE\") (2 . \"A\")))"), "ENTMAKE ne crée pas ce type d'objet : TABLE");
     EXPECT_EQ(value("(entmake '((0 . \"LINE\") (6 . \"PAS_LA\") (10 0 0) (11 1 1)))"), "nil");
     EXPECT_EQ(value("(entmake '((0 . \"LINE\") (10 . \"a\")))"), "point incorrect : \"a\"");
