@@ -1,9 +1,7 @@
 #include <algorithm>
-#include <chrono>
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
-#include <functional>
 #include <malloc.h> // malloc_trim
 #include <stdexcept>
 #include <vector>
@@ -13,6 +11,7 @@
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "mesures/mediane.h"
 #include "mesures/memoire.h"
 #include "planchers/planchers.h"
 #include "platform/CodePage.h"
@@ -20,27 +19,6 @@
 /// The bars of the drawing codec, each against its floor on the same file in the same run.
 
 namespace {
-
-using horloge = std::chrono::steady_clock;
-
-double secondesDepuis(horloge::time_point debut)
-{
-    return std::chrono::duration<double>(horloge::now() - debut).count();
-}
-
-/// Median time of the runs; `preparer` is not counted.
-double mediane(int passes, const std::function<void()>& preparer, const std::function<void()>& travail)
-{
-    std::vector<double> secondes;
-    for (int i = 0; i < passes; ++i) {
-        preparer();
-        const auto debut = horloge::now();
-        travail();
-        secondes.push_back(secondesDepuis(debut));
-    }
-    std::ranges::sort(secondes);
-    return secondes[secondes.size() / 2];
-}
 
 class banc {
 public:

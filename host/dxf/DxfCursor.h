@@ -124,10 +124,12 @@ public:
 private:
     [[gnu::always_inline]] bool nextAscii(DxfTag& tag)
     {
-        const char* codeEnd = nextLineEnd();
-        if (!codeEnd || codeEnd + 1 == m_end)
+        if (m_mask == 0 && !findLineEnds())
             return false;
-        const char* valueEnd = nextLineEnd();
+        const char* codeEnd = takeLineEnd();
+        if (codeEnd + 1 == m_end)
+            return false;
+        const char* valueEnd = m_mask != 0 || findLineEnds() ? takeLineEnd() : nullptr;
         tag.start = m_at;
         tag.code = dxfGroupCode(m_at, codeEnd);
         tag.begin = codeEnd + 1;
@@ -139,30 +141,35 @@ private:
         return true;
     }
 
-    // Line ends are looked for 64 bytes at a time; m_mask holds those not yet given.
-    [[gnu::always_inline]] const char* nextLineEnd()
+    // Line ends are looked for 64 bytes at a time; m_mask holds those not yet taken.
+    [[gnu::always_inline]] bool findLineEnds()
     {
-        while (m_mask == 0) {
-            if (m_block >= m_end)
-                return nullptr;
-            if (m_end - m_block >= 64) {
-                m_base = m_block;
-                m_mask = dxf_detail::bytesEqual(m_base, m_lineEnds);
-                m_block += 64;
-            } else {
-                m_base = m_end - m_begin >= 64 ? m_end - 64 : m_begin;
-                m_mask = lastLineEnds(m_base, m_block, m_end, m_lineEnd);
-                m_block = m_end;
-            }
+        while (m_end - m_block >= 64) {
+            m_base = m_block;
+            m_mask = dxf_detail::bytesEqual(m_base, m_lineEnds);
+            m_block += 64;
+            if (m_mask != 0)
+                return true;
         }
-        const char* at = m_base + std::countr_zero(m_mask);
+        if (m_block >= m_end)
+            return false;
+        m_base = m_end - m_begin >= 64 ? m_end - 64 : m_begin;
+        m_mask = lastLineEnds(m_base, m_block, m_end, m_lineEnd);
+        m_block = m_end;
+        return m_mask != 0;
+    }
+
+    [[gnu::always_inline]] const char* takeLineEnd()
+    {
+        const char* const at = m_base + std::countr_zero(m_mask);
         m_mask &= m_mask - 1;
         return at;
     }
 
     // Line ends in [from, end), counted from base: the last 64 bytes looked at once more, or fewer where there are
     // not 64.
-    static std::uint64_t lastLineEnds(const char* base, const char* from, const char* end, char lineEnd)
+    [[gnu::noinline]] static std::uint64_t lastLineEnds(const char* base, const char* from, const char* end,
+                                                        char lineEnd)
     {
         if (end - base == 64)
             return dxf_detail::bytesEqual(base, _mm_set1_epi8(lineEnd)) & (~std::uint64_t{0} << (from - base));

@@ -2,6 +2,7 @@
 
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfValue.h"
+#include "dxf/LargePages.h"
 
 #include <algorithm>
 #include <limits>
@@ -85,6 +86,7 @@ void DxfIndexer::run()
     auto& records = m_file.m_records;
     records.clear();
     records.reserve(m_file.m_bytes.size() / bytesPerRecord + 16);
+    preferLargePages(records.data(), records.capacity() * sizeof(DxfRecord));
     m_file.m_structure.clear();
     walk();
     if (records.empty() && m_end > m_begin)
@@ -102,9 +104,8 @@ void DxfIndexer::run()
 
 void DxfIndexer::walk()
 {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    const bool marked = m_file.m_bytes.starts_with(byteOrderMark);
-    const std::ptrdiff_t head = m_file.m_form.binary ? dxfBinaryMark.size() : marked ? byteOrderMark.size() : 0;
+    const bool marked = m_file.m_bytes.starts_with(dxfByteOrderMark);
+    const std::ptrdiff_t head = m_file.m_form.binary ? dxfBinaryMark.size() : marked ? dxfByteOrderMark.size() : 0;
     const char* resume = m_begin + head;
     if (head > 0)
         push(m_begin, none);

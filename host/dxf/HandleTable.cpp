@@ -1,5 +1,7 @@
 #include "dxf/HandleTable.h"
 
+#include "dxf/LargePages.h"
+
 #include <algorithm>
 #include <bit>
 #include <random>
@@ -90,6 +92,8 @@ std::uint64_t HandleTable::freeHandle() const
 void HandleTable::rehash(std::size_t slots)
 {
     const std::vector<std::uint32_t> old = std::move(m_slots);
+    m_slots.reserve(slots);
+    preferLargePages(m_slots.data(), slots * sizeof(std::uint32_t));
     m_slots.assign(slots, 0);
     m_count = 0;
     for (const std::uint32_t taken : old) {
