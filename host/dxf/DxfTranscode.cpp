@@ -136,27 +136,41 @@ bool DxfTranscoder::append(std::string_view bytes, std::string& out) const
     return false;
 }
 
+/// The tags in front of the first record, which are comments.
+static std::string_view leadingTags(const DxfFile& file)
+{
+    const DxfRecord& first = file.records().front();
+    std::string_view tags = first.flags & DxfRecord::pseudo ? file.bytes(first) : std::string_view();
+    if (tags.starts_with(dxfBinaryMark))
+        tags.remove_prefix(dxfBinaryMark.size());
+    if (tags.starts_with(dxfByteOrderMark))
+        tags.remove_prefix(dxfByteOrderMark.size());
+    return tags;
+}
+
 std::string transcodeFile(const DxfFile& file, const DxfForm& to)
 {
     std::string out;
     const DxfTranscoder transcoder(file.form(), to);
-    const auto& records = file.records();
-    if (to.binary)
-        out = dxfBinaryMark;
-    for (const DxfRecord& record : records) {
-        std::string_view bytes = file.bytes(record);
-        const bool pseudo = record.flags & DxfRecord::pseudo;
-        if (pseudo && &record != &records.front()) {
-            if (!to.binary)
-                out += bytes; // after EOF anything may stand
-            continue;
-        }
-        if (pseudo && file.form().binary)
-            bytes.remove_prefix(dxfBinaryMark.size());
-        if (pseudo && bytes.starts_with("\xEF\xBB\xBF"))
-            bytes.remove_prefix(3);
-        if (!transcoder.append(bytes, out))
+    const auto append = [&](const DxfRecord& record, std::string_view tags) {
+        if (!transcoder.append(tags, out))
             throw DxfError(file.path(), file.lineOf(record.offset), dxf_texts::tagCut);
+    };
+    const auto& records = file.records();
+    std::size_t first = records.front().flags & DxfRecord::pseudo ? 1 : 0;
+    if (to.binary) {
+        // By a 0 that comes first readers tell how wide group codes are: comments go behind the first record.
+        out = dxfBinaryMark;
+        if (first < records.size())
+            append(records[first], file.bytes(records[first]));
+        ++first;
+    }
+    append(records.front(), leadingTags(file));
+    for (std::size_t i = first; i < records.size(); ++i) {
+        if (!(records[i].flags & DxfRecord::pseudo))
+            append(records[i], file.bytes(records[i]));
+        else if (!to.binary)
+            out += file.bytes(records[i]); // after EOF anything may stand
     }
     return out;
 }

@@ -7,17 +7,32 @@
 
 using namespace dxf_samples;
 
+namespace {
+
+/// The drawing as a binary file has it: readers tell its form by the 0 it opens with, so a comment in front of the
+/// first record goes behind that record.
+std::string commentBehindHeader(std::string_view tags)
+{
+    std::string moved(tags);
+    const std::string comment = moved.substr(0, moved.find('\n') + 1);
+    moved.insert(moved.find("0 ENDSEC"), comment);
+    return moved.substr(comment.size());
+}
+
+} // namespace
+
 TEST(DxfTranscodeTest, AsciiToBinaryAndBack)
 {
+    const std::string expectedTags = commentBehindHeader(r2000);
     const DxfFile text(ascii(r2000), "plan.dxf");
     DxfForm binaryForm = text.form();
     binaryForm.binary = true;
     const std::string made = transcodeFile(text, binaryForm);
-    EXPECT_EQ(made, binary(r2000));
+    EXPECT_EQ(made, binary(expectedTags));
 
     const DxfFile packed(made, "plan.dxf");
     std::string back = transcodeFile(packed, text.form());
-    std::string expected = ascii(r2000);
+    std::string expected = ascii(expectedTags);
     expected.replace(expected.find("1e38"), 4, "1.0E+38"); // the one number written unlike our own way
     EXPECT_EQ(back, expected);
 }
