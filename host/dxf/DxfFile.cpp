@@ -154,6 +154,8 @@ void DxfFile::index()
 {
     if (m_bytes.empty())
         throw DxfError(m_path, 0, dxf_texts::emptyFile);
+    if (m_bytes.starts_with("AC10"))
+        throw DxfError(m_path, 0, dxf_texts::isDwg);
     m_form = DxfForm{};
     m_form.encoding = &DxfEncoding::forCodePage("ANSI_1252");
     m_form.binary = m_bytes.starts_with(dxfBinaryMark);
@@ -251,7 +253,7 @@ void DxfFile::findRanges()
     if (m_sections.empty() && m_problems.empty())
         refuse(0, dxf_texts::noSection);
     if (m_sections.empty())
-        throw DxfError(m_path, m_problems.front().line, m_problems.front().what);
+        throw DxfError(m_path, m_problems.front().line, m_problems.front().what + " ; " + dxf_texts::noSection);
     if (open)
         refuse(m_bytes.size(), dxf_texts::sectionCut(m_sections.back().name));
     if (!ended)

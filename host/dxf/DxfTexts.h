@@ -12,6 +12,7 @@ inline constexpr char accessDenied[] = "accès refusé";
 inline constexpr char notAFile[] = "ce n'est pas un fichier";
 inline constexpr char cannotRead[] = "lecture impossible";
 inline constexpr char emptyFile[] = "fichier vide";
+inline constexpr char isDwg[] = "c'est un dessin DWG : donnez-lui l'extension « .dwg »";
 inline constexpr char noSection[] = "aucune section, ce n'est pas un dessin DXF";
 inline constexpr char tooManyTypes[] = "trop de noms d'objets différents";
 inline constexpr char recordTooLong[] = "enregistrement de plus de 4 Go";
@@ -49,8 +50,15 @@ inline std::string unknownCodePage(std::string_view name)
 
 inline std::string handlesRepaired(std::size_t missing, std::size_t twice)
 {
-    return "identifiants d'objets refaits : " + std::to_string(missing) + " absents ou illisibles, " +
-           std::to_string(twice) + " en double";
+    const std::string unread = missing > 1 ? " absents ou illisibles" : " absent ou illisible";
+    std::string text = missing + twice > 1 ? "identifiants d'objets refaits : " : "identifiant d'objet refait : ";
+    if (missing > 0)
+        text += std::to_string(missing) + unread;
+    if (missing > 0 && twice > 0)
+        text += ", ";
+    if (twice > 0)
+        text += std::to_string(twice) + " en double";
+    return text;
 }
 
 inline std::string atByte(std::uint64_t offset)

@@ -118,6 +118,10 @@ TEST(DxfFileTest, RepairsHandlesAboveTheHighest)
     ASSERT_EQ(file.problems().size(), 1u);
     EXPECT_EQ(file.problems()[0].what, "identifiants d'objets refaits : 3 absents ou illisibles, 1 en double");
     EXPECT_EQ(file.problems()[0].line, 21); // the second A0: its group 0
+
+    const DxfFile one(ascii(withEntities("0 LINE\n5 A0\n0 POINT\n5 A0\n")), "plan.dxf");
+    ASSERT_EQ(one.problems().size(), 1u);
+    EXPECT_EQ(one.problems()[0].what, "identifiant d'objet refait : 1 en double");
 }
 
 TEST(DxfFileTest, TheHighestHandleOfAllLeavesTheLowest)

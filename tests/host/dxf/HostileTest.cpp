@@ -20,7 +20,10 @@ TEST(DxfHostileTest, RefusalsNameFileLineAndReason)
     const std::string whole = ascii(r2000);
     const Row rows[] = {
         {"nothing", "", "plan.dxf : fichier vide"},
-        {"a picture", "\x89PNG\r\n\x1A\nxxxx\n", "plan.dxf, ligne 1 : code de groupe illisible « ?PNG »"},
+        {"a picture", "\x89PNG\r\n\x1A\nxxxx\n",
+         "plan.dxf, ligne 1 : code de groupe illisible « ?PNG » ; aucune section, ce n'est pas un dessin DXF"},
+        {"a DWG under the other name", "AC1032\0\0",
+         "plan.dxf : c'est un dessin DWG : donnez-lui l'extension « .dwg »"},
         {"codes only", "  0\r\nEOF\r\n", "plan.dxf, ligne 1 : aucune section, ce n'est pas un dessin DXF"},
         {"cut inside a section", whole.substr(0, whole.find("AcDbLine") + 10),
          "plan.dxf, ligne 155 : fichier tronqué, la section « ENTITIES » n'est pas terminée"},
