@@ -5,6 +5,7 @@
 #include "gevec3d.h"
 
 class AcGePlane;
+class VertexPath;
 
 /// A curve in space, run through by a parameter from its start to its end.
 ///
@@ -59,4 +60,32 @@ public:
 protected:
     AcDbCurve() = default;
     AcDbCurve(const AcDbCurve&) = default;
+};
+
+/// What curves that run from vertex to vertex share: lightweight, 2D and 3D polylines.
+class AcDbPathCurve : public AcDbCurve {
+public:
+    Acad::ErrorStatus getStartParam(double& param) const override;
+    Acad::ErrorStatus getEndParam(double& param) const override;
+    Acad::ErrorStatus getPointAtParam(double param, AcGePoint3d& point) const override;
+    Acad::ErrorStatus getDistAtParam(double param, double& dist) const override;
+    Acad::ErrorStatus getParamAtDist(double dist, double& param) const override;
+    using AcDbCurve::getFirstDeriv;
+    Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& deriv) const override;
+    Acad::ErrorStatus getParamAtPoint(const AcGePoint3d& point, double& param) const override;
+    Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
+                                        Adesk::Boolean extend = Adesk::kFalse) const override;
+    Acad::ErrorStatus getArea(double& area) const override;
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    /// Into lines and arcs.
+    Acad::ErrorStatus explode(AcDbVoidPtrArray& entities) const override;
+
+protected:
+    AcDbPathCurve() = default;
+    AcDbPathCurve(const AcDbPathCurve&) = default;
+    /// The vertices that the curve runs through; those that only shape a spline are left out.
+    virtual VertexPath path() const = 0;
+
+private:
+    friend class CurvePieces;
 };

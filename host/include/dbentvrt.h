@@ -11,7 +11,6 @@
 /// and stay open for write.
 
 class AcDbObjectIterator;
-class VertexPath;
 
 /// Ends the vertices or attributes of an entity in the drawing file.
 class AcDbSequenceEnd : public AcDbEntity {
@@ -134,8 +133,8 @@ private:
     const Adesk::Int16* cornerAt(Adesk::UInt16 corner) const;
 };
 
-/// What polylines made of vertex entities share as curves.
-class AcDbVertexCurve : public AcDbCurve {
+/// What polylines made of vertex entities share.
+class AcDbVertexCurve : public AcDbPathCurve {
 public:
     Adesk::Boolean isClosed() const override { return (m_flags & 1) != 0; }
     Acad::ErrorStatus makeClosed() { return setFlag(1, true); }
@@ -143,32 +142,15 @@ public:
     /// For the caller to delete.
     AcDbObjectIterator* vertexIterator() const;
 
-    Acad::ErrorStatus getStartParam(double& param) const override;
-    Acad::ErrorStatus getEndParam(double& param) const override;
-    Acad::ErrorStatus getPointAtParam(double param, AcGePoint3d& point) const override;
-    Acad::ErrorStatus getDistAtParam(double param, double& dist) const override;
-    Acad::ErrorStatus getParamAtDist(double dist, double& param) const override;
-    using AcDbCurve::getFirstDeriv;
-    Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& deriv) const override;
-    Acad::ErrorStatus getParamAtPoint(const AcGePoint3d& point, double& param) const override;
-    Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
-                                        Adesk::Boolean extend = Adesk::kFalse) const override;
-    Acad::ErrorStatus getArea(double& area) const override;
-    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
-    Acad::ErrorStatus explode(AcDbVoidPtrArray& entities) const override;
-
 protected:
     AcDbVertexCurve() = default;
     AcDbVertexCurve(const AcDbVertexCurve&) = default;
     Acad::ErrorStatus setFlag(Adesk::Int16 flag, bool on);
-    /// The vertices that the curve runs through; those that only shape a spline are left out.
-    virtual VertexPath path() const = 0;
     Adesk::Int16 m_flags = 0;
     Adesk::Int16 m_type = 0; // 0 simple, 5 quadratic, 6 cubic spline
 
 private:
     friend struct DxfFieldsOfVertices;
-    friend class CurvePieces;
 };
 
 /// Polyline of a plane, its vertices entities of their own.

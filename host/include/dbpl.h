@@ -8,8 +8,6 @@
 #include "gelnsg3d.h"
 #include "gepnt2d.h"
 
-class VertexPath;
-
 /// One vertex of a lightweight polyline, in the polyline's plane, with the segment that leaves it.
 struct AcDbPolylineVertex {
     AcGePoint2d point;
@@ -22,7 +20,7 @@ struct AcDbPolylineVertex {
 /// Lightweight polyline: straight and circular segments in one plane.
 /// Vertices are in the coordinates of that plane (the arbitrary axes of its normal) unless a function gives points of
 /// space. Vertex indices are 0-based; one out of range gives eInvalidIndex.
-class AcDbPolyline : public AcDbCurve {
+class AcDbPolyline : public AcDbPathCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbPolyline);
     enum SegType { kLine, kArc, kCoincident, kPoint, kEmpty };
@@ -70,30 +68,16 @@ public:
     AcGeVector3d normal() const { return m_normal; }
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
 
-    Acad::ErrorStatus getStartParam(double& param) const override;
-    Acad::ErrorStatus getEndParam(double& param) const override;
-    Acad::ErrorStatus getPointAtParam(double param, AcGePoint3d& point) const override;
-    Acad::ErrorStatus getDistAtParam(double param, double& dist) const override;
-    Acad::ErrorStatus getParamAtDist(double dist, double& param) const override;
-    using AcDbCurve::getFirstDeriv;
-    Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& deriv) const override;
-    Acad::ErrorStatus getParamAtPoint(const AcGePoint3d& point, double& param) const override;
-    Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
-                                        Adesk::Boolean extend = Adesk::kFalse) const override;
-    Acad::ErrorStatus getArea(double& area) const override;
     Acad::ErrorStatus reverseCurve() override;
-    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eInvalidInput when an arc segment would not stay circular.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
-    Acad::ErrorStatus explode(AcDbVoidPtrArray& entities) const override;
 
 protected:
     AcDbPolyline(const AcDbPolyline&) = default;
+    VertexPath path() const override;
 
 private:
     friend struct DxfFieldsOfPolylines;
-    friend class CurvePieces;
-    VertexPath path() const;
     void spreadConstantWidth();
 
     std::vector<AcDbPolylineVertex> m_vertices;

@@ -93,15 +93,11 @@ bool CurvePieces::cut(const AcDbCurve& curve)
     curve.getEndParam(to);
     if (const auto* line = AcDbLine::cast(&curve))
         addLine(line->startPoint(), line->endPoint());
-    else if (const auto* polyline = AcDbPolyline::cast(&curve)) {
-        addPath(polyline->path());
-        m_normal = polyline->normal();
-        m_hasPlane = true;
-    } else if (curve.isKindOf(AcDb2dPolyline::desc()) || curve.isKindOf(AcDb3dPolyline::desc())) {
-        const VertexPath path = static_cast<const AcDbVertexCurve&>(curve).path();
+    else if (const auto* polyline = dynamic_cast<const AcDbPathCurve*>(&curve)) {
+        const VertexPath path = polyline->path();
         addPath(path);
         m_normal = path.normal();
-        m_hasPlane = curve.isKindOf(AcDb2dPolyline::desc());
+        m_hasPlane = !curve.isKindOf(AcDb3dPolyline::desc());
     } else if (curve.isKindOf(AcDbCircle::desc()) || curve.isKindOf(AcDbArc::desc())) {
         const auto& round = static_cast<const AcDbCircularCurve&>(curve);
         AcGeVector3d heading;

@@ -1,7 +1,6 @@
 #include "dbpl.h"
 
 #include "db/entities/OcsTransform.h"
-#include "db/entities/OnCurve.h"
 #include "db/entities/VertexPath.h"
 #include "dbents.h"
 
@@ -22,7 +21,7 @@ AcDbPolyline::AcDbPolyline(unsigned int numVerts)
 VertexPath AcDbPolyline::path() const
 {
     assertReadEnabled();
-    return VertexPath(m_vertices, m_elevation, m_normal, (m_flags & closedFlag) != 0);
+    return VertexPath(m_vertices, m_elevation, m_normal, (m_flags & closedFlag) != 0, m_thickness);
 }
 
 // ---- vertices
@@ -283,60 +282,6 @@ Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal)
 
 // ---- as a curve
 
-Acad::ErrorStatus AcDbPolyline::getStartParam(double& param) const
-{
-    param = 0.0;
-    return numVerts() > 0 ? Acad::eOk : Acad::eDegenerateGeometry;
-}
-
-Acad::ErrorStatus AcDbPolyline::getEndParam(double& param) const
-{
-    param = path().endParam();
-    return numVerts() > 0 ? Acad::eOk : Acad::eDegenerateGeometry;
-}
-
-Acad::ErrorStatus AcDbPolyline::getPointAtParam(double param, AcGePoint3d& point) const
-{
-    return path().pointAt(param, point) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbPolyline::getDistAtParam(double param, double& dist) const
-{
-    return path().lengthTo(param, dist) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbPolyline::getParamAtDist(double dist, double& param) const
-{
-    return path().paramAtLength(dist, param) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbPolyline::getFirstDeriv(double param, AcGeVector3d& deriv) const
-{
-    return path().derivativeAt(param, deriv) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbPolyline::getParamAtPoint(const AcGePoint3d& point, double& param) const
-{
-    double nearest = 0.0;
-    AcGePoint3d onCurve;
-    if (!path().nearest(point, nearest, onCurve) || !liesOn(point, onCurve))
-        return Acad::eInvalidInput;
-    param = nearest;
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbPolyline::getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve, Adesk::Boolean) const
-{
-    double param = 0.0;
-    return path().nearest(point, param, onCurve) ? Acad::eOk : Acad::eDegenerateGeometry;
-}
-
-Acad::ErrorStatus AcDbPolyline::getArea(double& area) const
-{
-    area = path().area();
-    return Acad::eOk;
-}
-
 Acad::ErrorStatus AcDbPolyline::reverseCurve()
 {
     assertWriteEnabled();
@@ -353,21 +298,6 @@ Acad::ErrorStatus AcDbPolyline::reverseCurve()
         turned[i].endWidth = segment.startWidth;
     }
     m_vertices.swap(turned);
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const
-{
-    AcDbExtents box;
-    path().addExtents(box);
-    if (box.isEmpty())
-        return Acad::eInvalidExtents;
-    if (m_thickness != 0.0) {
-        const AcDbExtents flat = box;
-        box.addPoint(flat.minPoint() + m_normal * m_thickness);
-        box.addPoint(flat.maxPoint() + m_normal * m_thickness);
-    }
-    extents = box;
     return Acad::eOk;
 }
 
@@ -395,11 +325,5 @@ Acad::ErrorStatus AcDbPolyline::transformBy(const AcGeMatrix3d& matrix)
     }
     m_thickness *= moved.normalScale();
     m_normal = moved.normal();
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbPolyline::explode(AcDbVoidPtrArray& entities) const
-{
-    path().explode(*this, m_thickness, entities);
     return Acad::eOk;
 }

@@ -1,7 +1,6 @@
 #include "dbents.h"
 
 #include "db/entities/OcsTransform.h"
-#include "db/entities/OnCurve.h"
 #include "db/entities/OwnedVertices.h"
 #include "db/entities/VertexPath.h"
 
@@ -26,78 +25,6 @@ Acad::ErrorStatus AcDbVertexCurve::setFlag(Adesk::Int16 flag, bool on)
 {
     assertWriteEnabled();
     m_flags = static_cast<Adesk::Int16>(on ? m_flags | flag : m_flags & ~flag);
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getStartParam(double& param) const
-{
-    param = 0.0;
-    return path().vertexCount() > 0 ? Acad::eOk : Acad::eDegenerateGeometry;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getEndParam(double& param) const
-{
-    const VertexPath whole = path();
-    param = whole.endParam();
-    return whole.vertexCount() > 0 ? Acad::eOk : Acad::eDegenerateGeometry;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getPointAtParam(double param, AcGePoint3d& point) const
-{
-    return path().pointAt(param, point) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getDistAtParam(double param, double& dist) const
-{
-    return path().lengthTo(param, dist) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getParamAtDist(double dist, double& param) const
-{
-    return path().paramAtLength(dist, param) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getFirstDeriv(double param, AcGeVector3d& deriv) const
-{
-    return path().derivativeAt(param, deriv) ? Acad::eOk : Acad::eInvalidInput;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getParamAtPoint(const AcGePoint3d& point, double& param) const
-{
-    double nearest = 0.0;
-    AcGePoint3d onCurve;
-    if (!path().nearest(point, nearest, onCurve) || !liesOn(point, onCurve))
-        return Acad::eInvalidInput;
-    param = nearest;
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
-                                                     Adesk::Boolean) const
-{
-    double param = 0.0;
-    return path().nearest(point, param, onCurve) ? Acad::eOk : Acad::eDegenerateGeometry;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getArea(double& area) const
-{
-    area = path().area();
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::getGeomExtents(AcDbExtents& extents) const
-{
-    AcDbExtents box;
-    path().addExtents(box);
-    if (box.isEmpty())
-        return Acad::eInvalidExtents;
-    extents = box;
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbVertexCurve::explode(AcDbVoidPtrArray& entities) const
-{
-    path().explode(*this, 0.0, entities);
     return Acad::eOk;
 }
 
@@ -202,7 +129,7 @@ VertexPath AcDb2dPolyline::path() const
         }
         return true;
     });
-    return VertexPath(std::move(vertices), m_normal, isClosed() != Adesk::kFalse);
+    return VertexPath(std::move(vertices), m_normal, isClosed() != Adesk::kFalse, m_thickness);
 }
 
 Acad::ErrorStatus AcDb2dPolyline::transformBy(const AcGeMatrix3d& matrix)

@@ -169,11 +169,11 @@ bool VertexPath::liesInOnePlane() const
     return true;
 }
 
-void VertexPath::explode(const AcDbEntity& origin, double thickness, AcDbVoidPtrArray& entities) const
+void VertexPath::explode(const AcDbEntity& origin, AcDbVoidPtrArray& entities) const
 {
     const auto add = [&](auto* entity) {
         entity->setPropertiesFrom(&origin);
-        entity->setThickness(thickness);
+        entity->setThickness(m_thickness);
         entities.append(static_cast<AcDbEntity*>(entity));
     };
     const AcGeVector3d up = isWorldNormal(m_normal) ? AcGeVector3d::kZAxis : m_normal;

@@ -15,16 +15,18 @@ public:
     };
 
     VertexPath(const std::vector<AcDbPolylineVertex>& borrowed, double elevation, const AcGeVector3d& normal,
-               bool closed) :
+               bool closed, double thickness) :
         m_borrowed(&borrowed),
         m_elevation(elevation),
         m_normal(normal),
+        m_thickness(thickness),
         m_closed(closed)
     {
     }
-    VertexPath(std::vector<Vertex> vertices, const AcGeVector3d& normal, bool closed) :
+    VertexPath(std::vector<Vertex> vertices, const AcGeVector3d& normal, bool closed, double thickness = 0.0) :
         m_own(std::move(vertices)),
         m_normal(normal),
+        m_thickness(thickness),
         m_closed(closed)
     {
     }
@@ -34,6 +36,8 @@ public:
     std::size_t segmentCount() const;
     PathSegment segment(std::size_t i) const;
     const AcGeVector3d& normal() const { return m_normal; }
+    /// From the path to the other edge of the strip that a thickness makes of it.
+    AcGeVector3d extrusion() const { return m_normal * m_thickness; }
     bool isClosed() const { return m_closed; }
 
     double endParam() const { return static_cast<double>(segmentCount()); }
@@ -46,10 +50,11 @@ public:
     bool nearest(const AcGePoint3d& point, double& param, AcGePoint3d& onPath) const;
     /// Of a closed outline, or one closed by a straight line; projected on the plane of the normal.
     double area() const;
+    /// Of the path alone, without its extrusion.
     void addExtents(AcDbExtents& extents) const;
     bool liesInOnePlane() const;
     /// Appends a line or an arc for each segment, looking like `origin`; the caller's to delete.
-    void explode(const AcDbEntity& origin, double thickness, AcDbVoidPtrArray& entities) const;
+    void explode(const AcDbEntity& origin, AcDbVoidPtrArray& entities) const;
 
 private:
     bool locate(double param, std::size_t& segment, double& t) const;
@@ -58,5 +63,6 @@ private:
     std::vector<Vertex> m_own;
     double m_elevation = 0.0;
     AcGeVector3d m_normal;
+    double m_thickness;
     bool m_closed;
 };

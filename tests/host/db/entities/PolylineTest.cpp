@@ -165,6 +165,27 @@ TEST(Polyline, explodesIntoPiecesOfTheSameLength)
     expectNear(sum.maxPoint(), whole.maxPoint());
 }
 
+/// A 2D polyline lost its thickness when it was exploded, and its extents did not count it.
+TEST(Polyline, thicknessIsPartOfTheExtentsAndOfThePieces)
+{
+    Square light(10.0);
+    light.setThickness(3.0);
+    AcGePoint3dArray corners;
+    for (const AcGePoint3d& corner : {AcGePoint3d(0, 0, 0), AcGePoint3d(10, 0, 0), AcGePoint3d(10, 10, 0)})
+        corners.append(corner);
+    AcDb2dPolyline heavy(AcDb::k2dSimplePoly, corners);
+    heavy.setThickness(3.0);
+    for (const AcDbCurve* curve : {static_cast<const AcDbCurve*>(&light), static_cast<const AcDbCurve*>(&heavy)}) {
+        expectBox(*curve, {0, 0, 0}, {10, 10, 3});
+        AcDbVoidPtrArray pieces;
+        ASSERT_EQ(curve->explode(pieces), Acad::eOk);
+        for (void* held : pieces) {
+            const std::unique_ptr<AcDbEntity> piece(static_cast<AcDbEntity*>(held));
+            EXPECT_EQ(AcDbLine::cast(piece.get())->thickness(), 3.0);
+        }
+    }
+}
+
 TEST(Polyline, turningKeepsLengthAndMirroringKeepsTheNormal)
 {
     Square polyline(10.0);
