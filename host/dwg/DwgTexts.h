@@ -9,7 +9,6 @@ namespace dwg_texts {
 
 inline constexpr char nodeMissing[] =
     "Node.js est introuvable ; il faut l'installer (paquet « nodejs ») pour ouvrir les dessins DWG";
-inline constexpr char notInstalled[] = "le convertisseur de dessins DWG n'est pas installé";
 inline constexpr char crashed[] = "le convertisseur s'est arrêté brutalement";
 inline constexpr char converted[] =
     "dessin DWG converti en DXF : les réels y ont 16 chiffres, et les références à des objets absents sont ignorées ; "
@@ -17,7 +16,8 @@ inline constexpr char converted[] =
 
 inline std::string notInstalledIn(const std::filesystem::path& folder)
 {
-    return std::string(notInstalled) + " dans « " + folder.string() + " »";
+    return "le convertisseur de dessins DWG n'est pas installé dans « " + folder.string() +
+           " » ; lancez « scripts/installer.sh »";
 }
 
 inline std::string unreadable(const std::string& reason)

@@ -152,7 +152,7 @@ TEST_F(DwgConversionTest, SaysThatItsPackageIsMissing)
         fs::copy_file(DwgConverter::installedFolder() / script, m_folder / script);
     EXPECT_EQ(refusal(settings, m_folder.write("plan.dwg", dwgSample())),
               "plan.dwg : le convertisseur de dessins DWG n'est pas installé dans « " + m_folder.path().string() +
-                  " »");
+                  " » ; lancez « scripts/installer.sh »");
 }
 
 TEST(DwgConverterTest, SaysWhatItLacks)
@@ -166,7 +166,7 @@ TEST(DwgConverterTest, SaysWhatItLacks)
         "plan.dwg : Node.js est introuvable ; il faut l'installer (paquet « nodejs ») pour ouvrir les dessins DWG");
     settings.folder = folder / "ailleurs";
     EXPECT_EQ(refusal(settings, drawing), "plan.dwg : le convertisseur de dessins DWG n'est pas installé dans « " +
-                                              settings.folder.string() + " »");
+                                              settings.folder.string() + " » ; lancez « scripts/installer.sh »");
 }
 
 /// The ways in which a converter can end, played by others in Node's place.
