@@ -188,7 +188,7 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
             std::string whole;
             for (std::string_view piece : plan.pieces())
                 whole += piece;
-            const std::string converted = transcodeFile(DxfFile(std::move(whole), platform::utf8FromWide(name)), as);
+            const std::string converted = transcodeFile(DxfFile(std::move(whole), m_file->path()), as);
             writeAtomically(path, {converted}, true);
         }
     } catch (const fs::filesystem_error& failure) {

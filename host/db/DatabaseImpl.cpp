@@ -9,6 +9,7 @@
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
+#include "dxf/DxfTexts.h"
 #include "platform/CodePage.h"
 
 namespace {
@@ -279,8 +280,8 @@ int AcDbDatabaseImpl::lineOf(const DxfRecord& record)
 void AcDbDatabaseImpl::addProblem(const DxfRecord& record, const std::string& what)
 {
     const int line = lineOf(record);
-    m_problems.push_back((line > 0 ? "ligne " + std::to_string(line) + " : " : std::string()) + typeName(record) +
-                         " : " + what);
+    m_problems.push_back((line > 0 ? "ligne " + std::to_string(line) + " : " : std::string()) +
+                         dxf_texts::shown(typeName(record)) + " : " + what);
 }
 
 void AcDbDatabaseImpl::noteEdit(DxfRecord& record)

@@ -13,7 +13,6 @@ constexpr int mostSpoiled = 1000;               // bad tags; beyond, the file is
 constexpr int tagsToTrust = 8;                  // that make sense one after the other
 constexpr std::ptrdiff_t lookAhead = 64 * 1024; // bytes
 constexpr std::size_t bytesPerRecord = 64;      // a guess on the low side: what is not used costs no memory
-constexpr std::size_t shownLength = 20;         // of a bad line in a message
 
 std::string_view trimmed(std::string_view text)
 {
@@ -22,14 +21,6 @@ std::string_view trimmed(std::string_view text)
         text.remove_prefix(1);
     while (!text.empty() && blank(text.back()))
         text.remove_suffix(1);
-    return text;
-}
-
-std::string shown(std::string_view line)
-{
-    std::string text(trimmed(line).substr(0, shownLength));
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
     return text;
 }
 
@@ -124,7 +115,7 @@ const char* DxfIndexer::walkFrom(const char* from)
             continue;
         if (tag.code == 0) {
             if (!startRecord(tag)) {
-                spoil(tag.start, 0, dxf_texts::badRecordName(shown(dxfText(tag))));
+                spoil(tag.start, 0, dxf_texts::badRecordName(trimmed(dxfText(tag))));
                 return resynchronise(tag);
             }
             if (m_file.m_records.back().type == eof) {
@@ -133,7 +124,7 @@ const char* DxfIndexer::walkFrom(const char* from)
             }
         } else if (tag.code == dxfBadCode) {
             const std::string_view line(tag.start, static_cast<std::size_t>(tag.begin - 1 - tag.start));
-            spoil(tag.start, dxfBadCode, dxf_texts::badGroupCode(shown(line)));
+            spoil(tag.start, dxfBadCode, dxf_texts::badGroupCode(trimmed(line)));
             return resynchronise(tag);
         } else if (m_handleCode != 0 && (tag.code == m_handleCode || tag.code == 100)) {
             readHandle(tag);

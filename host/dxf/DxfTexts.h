@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,29 +24,46 @@ inline constexpr char strayRecords[] = "enregistrements hors de toute section";
 inline constexpr char strayEndsec[] = "« ENDSEC » sans section ouverte";
 inline constexpr char tagCut[] = "donnée illisible ou coupée";
 
+/// The head of a line that could not be read, whatever its encoding.
+inline std::string shown(std::string_view line)
+{
+    constexpr std::size_t length = 40;
+    std::string text(line.substr(0, length));
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+    return text;
+}
+
+/// " « 70000 » (code de groupe 62)"; values of binary files are not shown.
+inline std::string valueUnder(int groupCode, std::string_view value)
+{
+    const std::string quoted = value.empty() ? std::string() : " « " + shown(value) + " »";
+    return quoted + " (code de groupe " + std::to_string(groupCode) + ")";
+}
+
 inline std::string sectionCut(std::string_view name)
 {
-    return "fichier tronqué, la section « " + std::string(name) + " » n'est pas terminée";
+    return "fichier tronqué, la section « " + shown(name) + " » n'est pas terminée";
 }
 
 inline std::string sectionNotClosed(std::string_view name)
 {
-    return "la section « " + std::string(name) + " » n'est pas terminée";
+    return "la section « " + shown(name) + " » n'est pas terminée";
 }
 
 inline std::string badGroupCode(std::string_view line)
 {
-    return "code de groupe illisible « " + std::string(line) + " »";
+    return "code de groupe illisible « " + shown(line) + " »";
 }
 
 inline std::string badRecordName(std::string_view line)
 {
-    return "nom d'objet illisible « " + std::string(line) + " »";
+    return "nom d'objet illisible « " + shown(line) + " »";
 }
 
 inline std::string unknownCodePage(std::string_view name)
 {
-    return "page de codes inconnue « " + std::string(name) + " », Windows-1252 supposée";
+    return "page de codes inconnue « " + shown(name) + " », Windows-1252 supposée";
 }
 
 inline std::string handlesRepaired(std::size_t missing, std::size_t twice)

@@ -148,27 +148,55 @@ static std::string_view leadingTags(const DxfFile& file)
     return tags;
 }
 
+/// How many of a record's bytes are its first two tags: "0 SECTION", "2 HEADER".
+static std::size_t openingTags(const DxfForm& form, std::string_view record)
+{
+    DxfCursor cursor(form, record);
+    DxfTag tag;
+    if (cursor.next(tag))
+        cursor.next(tag);
+    return static_cast<std::size_t>(cursor.position() - record.data());
+}
+
+/// Tells which tag of a record the other form cannot hold.
+[[noreturn]] static void refuse(const DxfFile& file, const DxfTranscoder& transcoder, std::string_view record)
+{
+    DxfCursor cursor(file.form(), record);
+    std::string ignored;
+    const char* at = record.data();
+    std::string what = dxf_texts::tagCut;
+    for (DxfTag tag; cursor.next(tag); at = cursor.position())
+        if (!transcoder.append({tag.start, tag.next}, ignored)) {
+            const std::string_view value = file.form().binary ? std::string_view() : dxfText(tag);
+            what = "valeur" + dxf_texts::valueUnder(tag.code, value) + " impossible à convertir";
+            break;
+        }
+    throw DxfError(file.path(), file.lineOf(static_cast<std::uint64_t>(at - file.bytes().data())), what);
+}
+
 std::string transcodeFile(const DxfFile& file, const DxfForm& to)
 {
     std::string out;
     const DxfTranscoder transcoder(file.form(), to);
-    const auto append = [&](const DxfRecord& record, std::string_view tags) {
+    const auto append = [&](std::string_view tags) {
         if (!transcoder.append(tags, out))
-            throw DxfError(file.path(), file.lineOf(record.offset), dxf_texts::tagCut);
+            refuse(file, transcoder, tags);
     };
     const auto& records = file.records();
-    std::size_t first = records.front().flags & DxfRecord::pseudo ? 1 : 0;
+    const std::size_t first = records.front().flags & DxfRecord::pseudo ? 1 : 0;
+    std::string_view opening = first < records.size() ? file.bytes(records[first]) : std::string_view();
     if (to.binary) {
-        // By a 0 that comes first readers tell how wide group codes are: comments go behind the first record.
+        // By a 0 that comes first readers tell how wide group codes are: comments go behind "0 SECTION, 2 HEADER".
         out = dxfBinaryMark;
-        if (first < records.size())
-            append(records[first], file.bytes(records[first]));
-        ++first;
+        const std::size_t ahead = openingTags(file.form(), opening);
+        append(opening.substr(0, ahead));
+        opening.remove_prefix(ahead);
     }
-    append(records.front(), leadingTags(file));
-    for (std::size_t i = first; i < records.size(); ++i) {
+    append(leadingTags(file));
+    append(opening);
+    for (std::size_t i = first + 1; i < records.size(); ++i) {
         if (!(records[i].flags & DxfRecord::pseudo))
-            append(records[i], file.bytes(records[i]));
+            append(file.bytes(records[i]));
         else if (!to.binary)
             out += file.bytes(records[i]); // after EOF anything may stand
     }

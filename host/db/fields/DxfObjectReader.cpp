@@ -2,6 +2,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfCursor.h"
+#include "dxf/DxfTexts.h"
 
 DxfObjectReader::DxfObjectReader(AcDbDatabaseImpl& database) :
     m_database(database),
@@ -74,10 +75,6 @@ bool DxfObjectReader::read(std::string_view bytes, const DxfClass& dxfClass, AcD
 
 std::string DxfObjectReader::complaint() const
 {
-    constexpr std::size_t mostShown = 40;
-    std::string value(dxfText(m_refused).substr(0, mostShown));
-    if (m_context.form.binary)
-        value.clear();
-    return "valeur illisible" + (value.empty() ? std::string() : " « " + value + " »") + " (code de groupe " +
-           std::to_string(m_refused.code) + ") ; l'objet est conservé tel quel";
+    const std::string_view value = m_context.form.binary ? std::string_view() : dxfText(m_refused);
+    return "valeur illisible" + dxf_texts::valueUnder(m_refused.code, value) + " ; l'objet est conservé tel quel";
 }

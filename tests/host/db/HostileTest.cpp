@@ -39,6 +39,7 @@ TEST_F(HostileTest, aRecordThatCannotBeReadStaysAsItIs)
         {"a coordinate", "10 abc\n20 0\n30 0\n11 1\n21 1\n31 1\n", "abc"},
         {"not a number", "10 nan\n20 0\n30 0\n11 1\n21 1\n31 1\n", "nan"},
         {"infinite", "10 0\n20 -inf\n30 0\n11 1\n21 1\n31 1\n", "-inf"},
+        {"a letter of the file's code page", "10 0\n20 1\xE9\n30 0\n11 1\n21 1\n31 1\n", "1? »"},
         {"too big a number", "10 0\n20 1e999\n30 0\n11 1\n21 1\n31 1\n", "1e999"},
     };
     for (const Row& row : rows) {

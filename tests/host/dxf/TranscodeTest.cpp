@@ -1,4 +1,5 @@
 #include "dxf/DxfEncoding.h"
+#include "dxf/DxfError.h"
 #include "dxf/DxfFile.h"
 #include "dxf/DxfTranscode.h"
 #include "DxfSamples.h"
@@ -10,12 +11,12 @@ using namespace dxf_samples;
 namespace {
 
 /// The drawing as a binary file has it: readers tell its form by the 0 it opens with, so a comment in front of the
-/// first record goes behind that record.
-std::string commentBehindHeader(std::string_view tags)
+/// first record goes into its section.
+std::string commentInHeader(std::string_view tags)
 {
     std::string moved(tags);
     const std::string comment = moved.substr(0, moved.find('\n') + 1);
-    moved.insert(moved.find("0 ENDSEC"), comment);
+    moved.insert(moved.find("9 $ACADVER"), comment);
     return moved.substr(comment.size());
 }
 
@@ -23,7 +24,7 @@ std::string commentBehindHeader(std::string_view tags)
 
 TEST(DxfTranscodeTest, AsciiToBinaryAndBack)
 {
-    const std::string expectedTags = commentBehindHeader(r2000);
+    const std::string expectedTags = commentInHeader(r2000);
     const DxfFile text(ascii(r2000), "plan.dxf");
     DxfForm binaryForm = text.form();
     binaryForm.binary = true;
@@ -74,6 +75,19 @@ TEST(DxfTranscodeTest, HandlesAreMappedByTheirCode)
                     .append("  0\r\nLINE\r\n  5\r\nA\r\n330\r\n1F\r\n  1\r\nA\r\n1005\r\nb\r\n", out));
     EXPECT_EQ(out, "  0\r\nLINE\r\n  5\r\n10A\r\n330\r\n11F\r\n  1\r\nA\r\n1005\r\n10B\r\n");
     EXPECT_EQ(seen, "5 330 1005 ");
+}
+
+TEST(DxfTranscodeTest, ARefusalNamesTheTag)
+{
+    const DxfFile file(ascii(withEntities("0 LINE\n5 A0\n62 70000\n"), "\n"), "plan.dxf");
+    DxfForm to = file.form();
+    to.binary = true;
+    try {
+        transcodeFile(file, to);
+        ADD_FAILURE() << "accepted";
+    } catch (const DxfError& error) {
+        EXPECT_STREQ(error.what(), "plan.dxf, ligne 19 : valeur « 70000 » (code de groupe 62) impossible à convertir");
+    }
 }
 
 TEST(DxfTranscodeTest, WhatTheFormCannotHoldLeavesTheOutputAlone)
