@@ -1,21 +1,23 @@
 #include "dxf/R2000Upgrade.h"
 
 #include "dxf/DxfCursor.h"
+#include "dxf/DxfEncoding.h"
 #include "dxf/DxfIndexer.h"
 #include "dxf/DxfUpgrade.h"
 #include "dxf/DxfValue.h"
+#include "platform/CodePage.h"
+#include "platform/LetterCase.h"
 
 #include <algorithm>
-#include <cctype>
 
-std::string R2000Upgrade::symbolKey(std::string_view name)
+std::string R2000Upgrade::symbolKey(std::string_view name) const
 {
-    std::string key;
-    for (const char c : name)
-        key.push_back(static_cast<char>(std::toupper(static_cast<unsigned char>(c))));
-    if (key == "$MODEL_SPACE" || key == "$PAPER_SPACE")
-        key[0] = '*';
-    return key;
+    std::wstring key = m_old.form().encoding->decode(name);
+    for (wchar_t& c : key)
+        c = platform::upperCase(c);
+    if (key == L"$MODEL_SPACE" || key == L"$PAPER_SPACE")
+        key[0] = L'*';
+    return platform::utf8FromWide(key);
 }
 
 std::string_view R2000Upgrade::blockName(std::string_view key, std::string_view name)

@@ -27,8 +27,9 @@ private:
     static constexpr char paperSpace[] = "*PAPER_SPACE";
     static constexpr int firstExtendedData = 1000;
 
-    /// Symbol names compare without letter case; the two spaces have another first letter in R12.
-    static std::string symbolKey(std::string_view name);
+    /// Symbol names compare without letter case, accents and escapes read; the two spaces have another first letter in
+    /// R12.
+    std::string symbolKey(std::string_view name) const;
     /// How the two spaces are written, and any other block of which `name` is given.
     static std::string_view blockName(std::string_view key, std::string_view name);
 

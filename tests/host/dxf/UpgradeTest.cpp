@@ -164,3 +164,14 @@ TEST(DxfUpgradeTest, SpacesOfR12ByTheirOldNames)
     ASSERT_EQ(blocks.size(), 4u); // paper space was added
     EXPECT_NE(blocks[0].find("2 *MODEL_SPACE\n3 *MODEL_SPACE\n"), std::string::npos) << blocks[0];
 }
+
+/// A drawing came back with two layers of one name.
+TEST(DxfUpgradeTest, LayersAreTheSameWhateverTheirCaseAndAccents)
+{
+    const DxfFile file(
+        ascii("0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n70 1\n0 LAYER\n2 \\U+00C9l\xE9ments\n70 0\n62 1\n6 CONTINUOUS\n"
+              "0 ENDTAB\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n0 POINT\n8 \xC9L\xC9MENTS\n10 0\n20 0\n0 ENDSEC\n0 EOF\n"),
+        "plan.dxf");
+    const DxfRange* layers = file.table("LAYER");
+    EXPECT_EQ(layers->last - layers->first - 1, 2u); // and layer 0
+}

@@ -164,7 +164,7 @@ TEST_F(Session, makesAndChangesEntities)
                     " (assoc -3 (setq l (entget (entlast) '(\"*\"))))"),
               "(-3 (\"ACAD\" (1004 . \"00FF10\")))");
     EXPECT_EQ(value("(equal (entmod l) l)"), "T");
-    EXPECT_EQ(value("(entmod (append l '((-3 (\"ACAD\" (1004 . \"0x\"))))))"),
+    EXPECT_EQ(value("(entmod (append (entget (entlast)) '((-3 (\"ACAD\" (1004 . \"0x\"))))))"),
               "argument de type incorrect : octets: \"0x\"");
     EXPECT_EQ(value("(entmake '((0 . \"TABLE\") (2 . \"A\")))"), "ENTMAKE ne crée pas ce type d'objet : TABLE");
     EXPECT_EQ(value("(entmake '((0 . \"LINE\") (6 . \"PAS_LA\") (10 0 0) (11 1 1)))"), "nil");
