@@ -176,6 +176,6 @@ TEST_F(SaveTest, binaryAndBackKeepsEverything)
         return found;
     };
     std::vector<std::string> expected = tags(before);
-    std::rotate(expected.begin(), expected.begin() + 1, expected.begin() + 3); // the comment in front of the header
+    expected.insert(expected.begin() + 2, "999|Fichier fait \xE0 la main"); // it stood in front of the header
     EXPECT_EQ(tags(read("retour.dxf")), expected);
 }
