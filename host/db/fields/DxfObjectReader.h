@@ -62,11 +62,15 @@ public:
         }
         m_inside = false;
     }
-    /// Whether a tag opens the data below a subclass that has leading rows only; they go on to the end of the object.
+    /// Whether a tag opens the data below a subclass that has leading rows only, or an embedded object; both go on to
+    /// the end of the object.
     /// To be asked once a tag: a row takes one, what stands under its code again is data.
     bool opensData(int code)
     {
+        constexpr int embeddedObject = 101; // in texts and attributes of 2018: its tags are its own
         const DxfSubclass* below = subclass();
+        if (below && code == embeddedObject)
+            return true;
         if (!below || !below->leadingOnly())
             return false;
         const int row = code >= 0 ? below->rowOf(code) : -1;

@@ -167,8 +167,10 @@ struct DxfObjectWriter::Merge {
 private:
     void take(const DxfTag& tag)
     {
-        if (!inData && walk.opensData(tag.code))
+        if (!inData && walk.opensData(tag.code)) {
+            finishPoint();
             beginData();
+        }
         if (inData) {
             if (!dataReplaced)
                 copy(tag);

@@ -129,8 +129,13 @@ public:
 
     const std::string& write(const std::vector<GroupPair>& pairs)
     {
-        for (const GroupPair& pair : pairs)
-            sort(pair);
+        constexpr int embeddedObject = 101;
+        bool embedded = false; // the object inside texts and attributes of 2018 uses their codes for its own
+        for (const GroupPair& pair : pairs) {
+            embedded = embedded || pair.code == embeddedObject;
+            if (!embedded || isCommonEntityCode(pair.code))
+                sort(pair);
+        }
         for (std::size_t i = 0; i < m_subclasses.size(); ++i) {
             m_writer.rawText(100, m_subclasses[i]->marker());
             for (const GroupPair* const pair : m_pairs[i])

@@ -90,6 +90,15 @@ const std::vector<Row>& rows()
              as<AcDbAttribute>(e).setInvisible(Adesk::kTrue);
          },
          "100 AcDbText\n10 5.0\n20 0.0\n30 0.0\n40 1.0\n1 \xC3\xA9\n100 AcDbAttribute\n280 0\n2 NUMPT\n70 1\n280 1\n"},
+        {"attribute with an embedded object, which has codes of its own", "AcDbAttribute",
+         "0 ATTRIB\n100 AcDbText\n10 5.0\n20 0.0\n30 0.0\n40 1.0\n1 ancien\n100 AcDbAttribute\n280 0\n2 NUMPT\n70 "
+         "8\n101 Embedded Object\n70 1\n10 9.0\n20 9.0\n30 9.0\n1 dedans\n",
+         [](AcDbEntity& e) {
+             EXPECT_EQ(as<AcDbAttribute>(e).position().x, 5.0);
+             as<AcDbAttribute>(e).setTextString(L"neuf");
+         },
+         "100 AcDbText\n10 5.0\n20 0.0\n30 0.0\n40 1.0\n1 neuf\n100 AcDbAttribute\n280 0\n2 NUMPT\n70 8\n"
+         "101 Embedded Object\n70 1\n10 9.0\n20 9.0\n30 9.0\n1 dedans\n"},
         {"definition of an attribute", "AcDbAttributeDefinition",
          "0 ATTDEF\n100 AcDbText\n10 5.0\n20 0.0\n30 0.0\n40 1.0\n1 x\n100 AcDbAttributeDefinition\n3 question\n2 "
          "Z\n70 "
