@@ -1,9 +1,9 @@
+#include <iostream>
+
 #include "fichierDessin.h"
 #include "inventaireDessin.h"
 #include "nombres.h"
 #include "tableTexte.h"
-
-#include <iostream>
 
 using cote = tableTexte::cote;
 

@@ -1,13 +1,14 @@
+#include <algorithm>
+#include <iostream>
+
 #include "calculs/nivellement.h"
 #include "calculs/polygonaleCalculee.h"
 #include "calculs/uniteAngulaire.h"
-#include "nombres.h"
 #include "platform/CodePage.h"
+
+#include "nombres.h"
 #include "tableTexte.h"
 #include "traitementPolygonale.h"
-
-#include <algorithm>
-#include <iostream>
 
 using cote = tableTexte::cote;
 using platform::utf8FromWide;

@@ -1,11 +1,11 @@
 #include "aideFrancaise.h"
 
-#include <CLI/CLI.hpp>
-
 #include <array>
 #include <memory>
 #include <string_view>
 #include <vector>
+
+#include <CLI/CLI.hpp>
 
 namespace {
 

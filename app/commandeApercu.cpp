@@ -1,18 +1,19 @@
-#include "aideFrancaise.h"
-#include "commandes.h"
-#include "db/DatabaseImpl.h"
-#include "erreurProgramme.h"
-#include "platform/CodePage.h"
-#include "ui/application/VelaApplication.h"
-#include "ui/render/DrawingPicture.h"
-
-#include <CLI/CLI.hpp>
-
 #include <array>
 #include <charconv>
 #include <iostream>
 #include <memory>
 #include <optional>
+
+#include <CLI/CLI.hpp>
+
+#include "db/DatabaseImpl.h"
+#include "platform/CodePage.h"
+#include "ui/application/VelaApplication.h"
+#include "ui/render/DrawingPicture.h"
+
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "erreurProgramme.h"
 
 namespace {
 

@@ -1,14 +1,15 @@
-#include "aideFrancaise.h"
-#include "commandes.h"
-#include "db/DatabaseImpl.h"
-#include "erreurProgramme.h"
-#include "fichierDessin.h"
-#include "platform/CodePage.h"
+#include <iostream>
+#include <memory>
 
 #include <CLI/CLI.hpp>
 
-#include <iostream>
-#include <memory>
+#include "db/DatabaseImpl.h"
+#include "platform/CodePage.h"
+
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "erreurProgramme.h"
+#include "fichierDessin.h"
 
 namespace {
 

@@ -1,19 +1,20 @@
-#include "aideFrancaise.h"
-#include "commandes.h"
-#include "erreurProgramme.h"
-#include "lisp/LispHooks.h"
-#include "sessionHote.h"
-#include "ui/application/VelaApplication.h"
-#include "ui/script/ScriptCommand.h"
-#include "ui/script/ScriptRunner.h"
-
-#include <CLI/CLI.hpp>
-
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+
+#include <CLI/CLI.hpp>
+
+#include "lisp/LispHooks.h"
+#include "ui/application/VelaApplication.h"
+#include "ui/script/ScriptCommand.h"
+#include "ui/script/ScriptRunner.h"
+
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "erreurProgramme.h"
+#include "sessionHote.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
+#include <iostream>
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
 #include "aideFrancaise.h"
 #include "commandes.h"
 #include "inventaireDessin.h"
 #include "sessionHote.h"
-
-#include <CLI/CLI.hpp>
-
-#include <iostream>
-#include <memory>
 
 namespace {
 

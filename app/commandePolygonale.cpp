@@ -1,10 +1,10 @@
-#include "aideFrancaise.h"
-#include "commandes.h"
-#include "traitementPolygonale.h"
+#include <memory>
 
 #include <CLI/CLI.hpp>
 
-#include <memory>
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "traitementPolygonale.h"
 
 namespace {
 

@@ -1,7 +1,10 @@
-#include "commandes.h"
-#include "erreurProgramme.h"
-#include "sessionHote.h"
-#include "tablesDuProjet.h"
+#include <filesystem>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
 
 #include "ap/DocumentList.h"
 #include "commands/CommandHooks.h"
@@ -14,13 +17,10 @@
 #include "ui/window/DrawingRecovery.h"
 #include "ui/window/MainWindow.h"
 
-#include <CLI/CLI.hpp>
-
-#include <filesystem>
-#include <memory>
-#include <sstream>
-#include <string>
-#include <vector>
+#include "commandes.h"
+#include "erreurProgramme.h"
+#include "sessionHote.h"
+#include "tablesDuProjet.h"
 
 namespace fs = std::filesystem;
 

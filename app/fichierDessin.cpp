@@ -1,9 +1,9 @@
 #include "fichierDessin.h"
 
-#include "erreurProgramme.h"
-
 #include <array>
 #include <filesystem>
+
+#include "erreurProgramme.h"
 
 void exigerExtensionDxf(const std::string& chemin)
 {

@@ -1,15 +1,16 @@
 #include "inventaireDessin.h"
 
+#include <cmath>
+#include <memory>
+
 #include "ap/Document.h"
 #include "db/DatabaseImpl.h"
-#include "dbents.h"
-#include "dbproxy.h"
-#include "dbsymtb.h"
 #include "platform/CodePage.h"
 #include "points/projetDansDessin.h"
 
-#include <cmath>
-#include <memory>
+#include "dbents.h"
+#include "dbproxy.h"
+#include "dbsymtb.h"
 
 using platform::utf8FromWide;
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "dbmain.h"
-
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "dbmain.h"
 
 class Document;
 

@@ -1,9 +1,9 @@
 #include "lignesConsole.h"
 
-#include "platform/CodePage.h"
-
 #include <ostream>
 #include <string_view>
+
+#include "platform/CodePage.h"
 
 void lignesConsole::ecrire(const std::wstring& texte)
 {

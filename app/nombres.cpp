@@ -1,10 +1,10 @@
 #include "nombres.h"
 
-#include "calculs/grandeur.h"
-#include "reports/nombreFixe.h"
-
 #include <cmath>
 #include <iostream>
+
+#include "calculs/grandeur.h"
+#include "reports/nombreFixe.h"
 
 std::string nombreTexte(double valeur, int decimales)
 {

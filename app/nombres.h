@@ -1,7 +1,8 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
+
+#include <nlohmann/json.hpp>
 
 /// As text, with that many decimals: "inconnu" for the unknown value (1e38), "non défini" for one that is not finite.
 std::string nombreTexte(double valeur, int decimales);

@@ -1,14 +1,14 @@
 #include "programme.h"
 
-#include "aideFrancaise.h"
-#include "commandes.h"
-#include "erreurProgramme.h"
-
-#include <CLI/CLI.hpp>
-
 #include <exception>
 #include <iostream>
 #include <string_view>
+
+#include <CLI/CLI.hpp>
+
+#include "aideFrancaise.h"
+#include "commandes.h"
+#include "erreurProgramme.h"
 
 namespace {
 

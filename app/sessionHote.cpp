@@ -1,16 +1,17 @@
 #include "sessionHote.h"
 
+#include <array>
+#include <filesystem>
+#include <optional>
+
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
-#include "erreurProgramme.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
 #include "rx/Console.h"
 #include "rx/ModuleTable.h"
 
-#include <array>
-#include <filesystem>
-#include <optional>
+#include "erreurProgramme.h"
 
 namespace fs = std::filesystem;
 

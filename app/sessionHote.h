@@ -1,9 +1,10 @@
 #pragma once
 
-#include "ed/Kernel.h"
-#include "lignesConsole.h"
-
 #include <string>
+
+#include "ed/Kernel.h"
+
+#include "lignesConsole.h"
 
 class Document;
 

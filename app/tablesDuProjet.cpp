@@ -1,10 +1,10 @@
 #include "tablesDuProjet.h"
 
-#include "platform/CodePage.h"
-#include "points/projetDansDessin.h"
-
 #include <bit>
 #include <string_view>
+
+#include "platform/CodePage.h"
+#include "points/projetDansDessin.h"
 
 namespace {
 

@@ -1,21 +1,22 @@
 #include "traitementPolygonale.h"
 
+#include <filesystem>
+#include <iostream>
+
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/placerPolygonale.h"
 #include "calculs/rapportPolygonale.h"
 #include "calculs/rapportPolygonaleFermee.h"
 #include "calculs/rapportPolygonaleOuverte.h"
-#include "erreurProgramme.h"
-#include "fichierDessin.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
 #include "points/projetDansDessin.h"
 #include "reports/htmlDocument.h"
-#include "sessionHote.h"
 
-#include <filesystem>
-#include <iostream>
+#include "erreurProgramme.h"
+#include "fichierDessin.h"
+#include "sessionHote.h"
 
 namespace fs = std::filesystem;
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "calculs/calculPolygonaleFermee.h"
-#include "calculs/calculPolygonaleOuverte.h"
-
 #include <string>
 #include <vector>
+
+#include "calculs/calculPolygonaleFermee.h"
+#include "calculs/calculPolygonaleOuverte.h"
 
 /// What `vela polygonale` is asked to do. Names of files as typed; an empty one is not asked for.
 struct demandePolygonale {

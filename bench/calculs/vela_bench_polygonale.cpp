@@ -1,3 +1,10 @@
+#include <algorithm>
+#include <charconv>
+#include <map>
+#include <stdexcept>
+
+#include <CLI/CLI.hpp>
+
 #include "calculs/calculPolygonaleFermee.h"
 #include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/fichierPolygonale.h"
@@ -7,12 +14,6 @@
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "reports/htmlDocument.h"
-
-#include <algorithm>
-#include <charconv>
-#include <CLI/CLI.hpp>
-#include <map>
-#include <stdexcept>
 
 /// Closed and open traverses of growing length: what a leg costs must not depend on how many there are.
 

@@ -1,7 +1,13 @@
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
 #include "ap/DocumentList.h"
 #include "codification/codificationDuModule.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "ed/Kernel.h"
 #include "frame/blocFichier.h"
 #include "mesures/mediane.h"
@@ -10,12 +16,8 @@
 #include "points/listePointsDuDessin.h"
 #include "rx/Console.h"
 
-#include <CLI/CLI.hpp>
-#include <cstdlib>
-#include <filesystem>
-#include <memory>
-#include <stdexcept>
-#include <unistd.h>
+#include "dbents.h"
+#include "dbsymtb.h"
 
 /// Symbols of points, beside what the kernel takes for the same references and attributes without a module.
 

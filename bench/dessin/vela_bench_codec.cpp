@@ -1,20 +1,22 @@
 #include <algorithm>
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <filesystem>
-#include <malloc.h> // malloc_trim
 #include <stdexcept>
 #include <vector>
 
-#include "acutmem.h"
+#include <CLI/CLI.hpp>
+#include <malloc.h> // malloc_trim
+
 #include "db/DatabaseImpl.h"
-#include "dbdict.h"
-#include "dbsymtb.h"
-#include "dbxrecrd.h"
 #include "mesures/mediane.h"
 #include "mesures/memoire.h"
 #include "planchers/planchers.h"
 #include "platform/CodePage.h"
+
+#include "acutmem.h"
+#include "dbdict.h"
+#include "dbsymtb.h"
+#include "dbxrecrd.h"
 
 /// The bars of the drawing codec, each against its floor on the same file in the same run.
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "generateurs/SortieDxf.h"
-
 #include <functional>
 #include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "generateurs/SortieDxf.h"
 
 class EcrivainDessin;
 

@@ -1,10 +1,10 @@
 #include "generateurs/boucleStations.h"
 
-#include "generateurs/Alea.h"
-
 #include <cstdio>
 #include <numbers>
 #include <stdexcept>
+
+#include "generateurs/Alea.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "generateurs/dessinChantier.h"
 
-#include "generateurs/Alea.h"
-#include "generateurs/EcrivainDessin.h"
-#include "generateurs/trace.h"
-
 #include <algorithm>
 #include <cstdio>
 #include <numbers>
+
+#include "generateurs/Alea.h"
+#include "generateurs/EcrivainDessin.h"
+#include "generateurs/trace.h"
 
 namespace {
 

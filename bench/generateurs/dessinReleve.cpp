@@ -1,12 +1,12 @@
 #include "generateurs/dessinReleve.h"
 
-#include "generateurs/Alea.h"
-#include "generateurs/EcrivainDessin.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <stdexcept>
+
+#include "generateurs/Alea.h"
+#include "generateurs/EcrivainDessin.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "generateurs/SortieDxf.h"
-
 #include <filesystem>
 #include <string>
+
+#include "generateurs/SortieDxf.h"
 
 /// The survey drawing that opening, decoding and saving are timed on.
 struct choixReleve {

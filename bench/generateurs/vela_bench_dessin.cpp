@@ -1,6 +1,6 @@
-#include "generateurs/dessinReleve.h"
-
 #include <CLI/CLI.hpp>
+
+#include "generateurs/dessinReleve.h"
 
 /// vela_bench_dessin OUT.dxf --points N [--binary] [--version AC1024]
 int main(int argc, char** argv)

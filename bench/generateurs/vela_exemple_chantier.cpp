@@ -1,7 +1,7 @@
-#include "generateurs/dessinChantier.h"
-
 #include <exception>
 #include <iostream>
+
+#include "generateurs/dessinChantier.h"
 
 /// vela_exemple_chantier OUT.dxf
 int main(int argc, char** argv)

@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <CLI/CLI.hpp>
 #include <cstdio>
-#include <malloc.h> // malloc_trim
 #include <QImage>
 #include <QPainter>
 
-#include "dbmain.h"
+#include <CLI/CLI.hpp>
+#include <malloc.h> // malloc_trim
+
 #include "gi/ObjectSnap.h"
 #include "gi/Picking.h"
 #include "gi/Scene.h"
@@ -15,6 +15,8 @@
 #include "platform/CodePage.h"
 #include "ui/application/VelaApplication.h"
 #include "ui/render/ScenePainter.h"
+
+#include "dbmain.h"
 
 /// What a person waits for when a large drawing is opened and moved about in.
 

@@ -1,12 +1,13 @@
+#include <iostream>
+#include <stdexcept>
+
+#include <CLI/CLI.hpp>
+
 #include "lisp/builtins/Builtins.h"
 #include "lisp/eval/LispContext.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "platform/CodePage.h"
-
-#include <CLI/CLI.hpp>
-#include <iostream>
-#include <stdexcept>
 
 /// Loops of the evaluator, 10^4 to 10^6 turns: what a turn costs must not depend on how many there are.
 

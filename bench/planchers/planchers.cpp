@@ -5,9 +5,10 @@
 #include <bit>
 #include <charconv>
 #include <cstdint>
+#include <stdexcept>
+
 #include <emmintrin.h>
 #include <fcntl.h>
-#include <stdexcept>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>

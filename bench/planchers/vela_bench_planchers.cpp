@@ -1,11 +1,12 @@
-#include "planchers/planchers.h"
-
 #include <algorithm>
 #include <chrono>
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <functional>
 #include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "planchers/planchers.h"
 
 namespace {
 

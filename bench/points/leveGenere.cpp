@@ -1,9 +1,9 @@
 #include "points/leveGenere.h"
 
-#include "generateurs/Alea.h"
-
 #include <algorithm>
 #include <cmath>
+
+#include "generateurs/Alea.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "points/pointDuDessin.h"
-
 #include <array>
 #include <string>
 #include <vector>
+
+#include "points/pointDuDessin.h"
 
 /// How the points of a survey lie, which is what removing duplicates may depend on.
 enum class disposition {

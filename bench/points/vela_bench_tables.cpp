@@ -1,6 +1,11 @@
-#include "acutmem.h"
-#include "dbapserv.h"
-#include "dbmain.h"
+#include <algorithm>
+#include <optional>
+#include <stdexcept>
+#include <tuple>
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
 #include "generateurs/dessinReleve.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
@@ -11,12 +16,9 @@
 #include "points/ResbufSerializer.h"
 #include "rx/Console.h"
 
-#include <algorithm>
-#include <CLI/CLI.hpp>
-#include <optional>
-#include <stdexcept>
-#include <tuple>
-#include <unistd.h>
+#include "acutmem.h"
+#include "dbapserv.h"
+#include "dbmain.h"
 
 /// Point tables of growing size, and the project of a drawing of 100 000 points.
 

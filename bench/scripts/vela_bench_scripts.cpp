@@ -1,4 +1,13 @@
-#include "accmd.h"
+#include <QDialog>
+#include <QFile>
+#include <QFormLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <stdexcept>
+
+#include <CLI/CLI.hpp>
+
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
 #include "ed/Kernel.h"
@@ -8,15 +17,7 @@
 #include "ui/application/VelaApplication.h"
 #include "ui/script/ScriptRunner.h"
 
-#include <CLI/CLI.hpp>
-
-#include <QDialog>
-#include <QFile>
-#include <QFormLayout>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <stdexcept>
+#include "accmd.h"
 
 /// Scripts of growing length, in a drawing that grows with them: what a line costs must not depend on how many there
 /// are.

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "dbapserv.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
 #include "rx/ModuleTable.h"
+
+#include "dbapserv.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocManagerReactor, AcRxObject)

@@ -5,6 +5,7 @@
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "db/entities/PathSegment.h"
+
 #include "dbents.h"
 
 namespace {

@@ -1,13 +1,14 @@
 #include <cmath>
 #include <vector>
 
-#include "acedads.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/PointArray.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+
+#include "acedads.h"
 #include "dbads.h"
 #include "dbents.h"
 

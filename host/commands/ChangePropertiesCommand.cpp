@@ -3,6 +3,7 @@
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
+
 #include "dbents.h"
 
 /// Layer, colour and linetype of entities, many at once.

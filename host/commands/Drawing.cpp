@@ -1,14 +1,15 @@
 #include "commands/Drawing.h"
 
+#include "commands/NumberTexts.h"
+#include "commands/Prompt.h"
+#include "ed/input/PickFirst.h"
+
 #include "acdocman.h"
 #include "acedads.h"
 #include "acutmem.h"
-#include "commands/NumberTexts.h"
-#include "commands/Prompt.h"
 #include "dbads.h"
 #include "dbapserv.h"
 #include "dbsymtb.h"
-#include "ed/input/PickFirst.h"
 
 AcDbDatabase& drawing()
 {

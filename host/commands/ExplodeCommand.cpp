@@ -1,8 +1,9 @@
-#include "acarray.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
+
+#include "acarray.h"
 #include "dbents.h"
 
 namespace {

@@ -1,16 +1,17 @@
 #include <filesystem>
 
-#include "acutmem.h"
 #include "ap/DocumentList.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
+
+#include "acutmem.h"
+#include "dbents.h"
+#include "dbsymtb.h"
 
 namespace {
 

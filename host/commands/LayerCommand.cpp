@@ -1,6 +1,5 @@
 #include <sstream>
 
-#include "acutads.h"
 #include "commands/Colors.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
@@ -8,8 +7,10 @@
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
 #include "commands/Variables.h"
-#include "dbsymtb.h"
 #include "platform/LetterCase.h"
+
+#include "acutads.h"
+#include "dbsymtb.h"
 
 /// The layers of the drawing, by their names.
 

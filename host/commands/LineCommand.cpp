@@ -2,6 +2,7 @@
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+
 #include "dbents.h"
 
 namespace {

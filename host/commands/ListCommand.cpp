@@ -1,11 +1,12 @@
 #include <cmath>
 
-#include "acutmem.h"
 #include "commands/Colors.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
+
+#include "acutmem.h"
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbhatch.h"

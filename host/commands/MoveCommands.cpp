@@ -2,6 +2,7 @@
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/Transforming.h"
+
 #include "gemat3d.h"
 
 namespace {

@@ -4,8 +4,9 @@
 #include <cmath>
 #include <numbers>
 
-#include "acutads.h"
 #include "commands/Variables.h"
+
+#include "acutads.h"
 
 namespace {
 

@@ -1,4 +1,3 @@
-#include "acdocman.h"
 #include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
@@ -7,6 +6,8 @@
 #include "commands/Prompt.h"
 #include "ed/input/CurrentView.h"
 #include "ed/PlotHook.h"
+
+#include "acdocman.h"
 
 namespace {
 

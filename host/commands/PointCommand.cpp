@@ -3,6 +3,7 @@
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+
 #include "dbents.h"
 
 void commands::point()

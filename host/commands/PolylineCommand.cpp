@@ -8,6 +8,7 @@
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+
 #include "dbents.h"
 
 namespace {

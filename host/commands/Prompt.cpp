@@ -1,12 +1,13 @@
 #include "commands/Prompt.h"
 
-#include "acdocman.h"
-#include "acedads.h"
-#include "acutmem.h"
 #include "commands/NumberTexts.h"
 #include "commands/PointArray.h"
 #include "ed/input/EditorInput.h"
 #include "rx/Console.h"
+
+#include "acdocman.h"
+#include "acedads.h"
+#include "acutmem.h"
 
 namespace {
 

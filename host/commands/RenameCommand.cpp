@@ -2,6 +2,7 @@
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
+
 #include "dbsymtb.h"
 
 std::vector<AcDbObjectId> recordsOf(AcDbObjectId table)

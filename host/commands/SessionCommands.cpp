@@ -1,5 +1,3 @@
-#include "acdocman.h"
-#include "acutads.h"
 #include "commands/CommandFailed.h"
 #include "commands/CommandHooks.h"
 #include "commands/Commands.h"
@@ -10,6 +8,9 @@
 #include "lisp/drawing/LispSession.h"
 #include "platform/LetterCase.h"
 #include "rx/ModuleTable.h"
+
+#include "acdocman.h"
+#include "acutads.h"
 
 namespace {
 

@@ -6,9 +6,10 @@
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+#include "ed/CommandRunner.h"
+
 #include "dbents.h"
 #include "dbsymtb.h"
-#include "ed/CommandRunner.h"
 
 namespace {
 

@@ -3,12 +3,13 @@
 #include <map>
 #include <set>
 
-#include "acdocman.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
-#include "dbsymtb.h"
 #include "ed/input/Transients.h"
+
+#include "acdocman.h"
+#include "dbsymtb.h"
 
 namespace {
 

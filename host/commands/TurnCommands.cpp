@@ -5,9 +5,10 @@
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Transforming.h"
+#include "ed/input/TypedPoint.h"
+
 #include "dbents.h"
 #include "dbmtext.h"
-#include "ed/input/TypedPoint.h"
 
 /// Commands that turn, scale and mirror about a base.
 

@@ -1,8 +1,6 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "acdocman.h"
-#include "acedads.h"
 #include "commands/CommandHooks.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
@@ -12,6 +10,9 @@
 #include "ed/input/CurrentView.h"
 #include "ed/input/ViewHistory.h"
 #include "gi/Scene.h"
+
+#include "acdocman.h"
+#include "acedads.h"
 
 namespace {
 

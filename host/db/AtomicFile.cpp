@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/uio.h>

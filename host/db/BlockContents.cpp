@@ -1,9 +1,10 @@
 #include "db/BlockContents.h"
 
 #include "db/DatabaseImpl.h"
-#include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
+
+#include "dbsymtb.h"
 
 namespace {
 

@@ -9,11 +9,12 @@
 #include "db/fields/NameReferences.h"
 #include "db/ObjectExtras.h"
 #include "db/Opening.h"
-#include "dbdict.h"
-#include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTranscode.h"
 #include "dxf/DxfValue.h"
+
+#include "dbdict.h"
+#include "dbsymtb.h"
 
 /// Copies of objects, within a drawing or from one to another.
 /// A copy is made of the tags of its origin, so that what no class models is copied too: handles are given anew,

@@ -7,13 +7,14 @@
 #include "db/DatabaseImpl.h"
 #include "db/DefaultDrawing.h"
 #include "db/SavePlan.h"
-#include "dbapserv.h"
-#include "dbdict.h"
-#include "dbsymtb.h"
 #include "dwg/DwgConverter.h"
 #include "dxf/DxfTranscode.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
+
+#include "dbapserv.h"
+#include "dbdict.h"
+#include "dbsymtb.h"
 
 namespace fs = std::filesystem;
 

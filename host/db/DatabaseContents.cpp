@@ -1,5 +1,6 @@
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
+
 #include "dbents.h"
 #include "dbentvrt.h"
 #include "dbsymtb.h"

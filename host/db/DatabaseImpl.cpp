@@ -6,11 +6,12 @@
 #include "db/fields/DxfObjectReader.h"
 #include "db/fields/NameReferences.h"
 #include "db/Opening.h"
-#include "dbdict.h"
-#include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 #include "platform/CodePage.h"
+
+#include "dbdict.h"
+#include "dbsymtb.h"
 
 namespace {
 

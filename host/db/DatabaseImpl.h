@@ -14,9 +14,10 @@
 #include "db/Record.h"
 #include "db/SymbolNames.h"
 #include "db/UndoRecorder.h"
-#include "dbmain.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfFile.h"
+
+#include "dbmain.h"
 
 struct DxfClass;
 

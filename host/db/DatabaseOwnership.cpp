@@ -4,8 +4,9 @@
 #include "db/fields/DxfObjectReader.h"
 #include "db/ObjectExtras.h"
 #include "db/Opening.h"
-#include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
+
+#include "dbsymtb.h"
 
 /// Who owns what in a drawing: the owner of a record, the subentities of an entity, and what erasing one means for the
 /// others.

@@ -1,7 +1,8 @@
 #include <algorithm>
 
-#include "acutmem.h"
 #include "db/DatabaseImpl.h"
+
+#include "acutmem.h"
 #include "dbdict.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbDictionary, AcDbObject, DICTIONARY)

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "db/fields/NameKind.h"
+
 #include "gepnt3d.h"
 
 class AcDbDatabaseImpl;

@@ -5,6 +5,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfFields.h"
+
 #include "dbhandle.h"
 #include "dbid.h"
 

@@ -1,11 +1,12 @@
 #include "db/Layouts.h"
 
 #include "db/DatabaseImpl.h"
-#include "dbdict.h"
-#include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
 #include "platform/LetterCase.h"
+
+#include "dbdict.h"
+#include "dbsymtb.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
 #include <algorithm>
 
-#include "acutmem.h"
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
 #include "db/ObjectTags.h"
 #include "db/Opening.h"
+
+#include "acutmem.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
 

@@ -6,8 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "dbmain.h"
 #include "dxf/DxfForm.h"
+
+#include "dbmain.h"
 
 /// Extended data of one application: a 1001 item and its data, or null when they were taken away. Shared by the copies
 /// kept for undo.

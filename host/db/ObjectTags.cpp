@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
-#include "acutmem.h"
-#include "adscodes.h"
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
 #include "db/ResbufTags.h"
-#include "dbsymtb.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
+
+#include "acutmem.h"
+#include "adscodes.h"
+#include "dbsymtb.h"
 
 namespace {
 

@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "db/ObjectExtras.h"
-#include "dbmain.h"
 #include "dxf/DxfTagWriter.h"
+
+#include "dbmain.h"
 
 class AcDbDatabaseImpl;
 

@@ -2,8 +2,9 @@
 
 #include <string>
 
-#include "dbid.h"
 #include "dxf/DxfRecord.h"
+
+#include "dbid.h"
 
 class AcDbDatabaseImpl;
 class AcDbObject;

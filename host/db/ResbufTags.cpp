@@ -2,11 +2,12 @@
 
 #include <cstring>
 
-#include "acutmem.h"
-#include "adscodes.h"
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
+
+#include "acutmem.h"
+#include "adscodes.h"
 
 namespace {
 

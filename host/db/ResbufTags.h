@@ -2,8 +2,9 @@
 
 #include <string_view>
 
-#include "adsdef.h"
 #include "dxf/DxfTagWriter.h"
+
+#include "adsdef.h"
 
 class AcDbDatabaseImpl;
 

@@ -9,9 +9,10 @@
 #include "db/fields/DxfObjectWriter.h"
 #include "db/ObjectTags.h"
 #include "db/SavedExtents.h"
+#include "dxf/DxfCursor.h"
+
 #include "dbdict.h"
 #include "dbsymtb.h"
-#include "dxf/DxfCursor.h"
 
 namespace {
 

@@ -1,8 +1,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "acutmem.h"
 #include "db/DatabaseImpl.h"
+
+#include "acutmem.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 

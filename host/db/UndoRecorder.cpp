@@ -6,6 +6,7 @@
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
 #include "db/Opening.h"
+
 #include "dbmain.h"
 
 UndoRecorder::~UndoRecorder() = default;

@@ -1,10 +1,11 @@
-#include "acutmem.h"
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectReader.h"
 #include "db/ResbufTags.h"
-#include "dbxrecrd.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
+
+#include "acutmem.h"
+#include "dbxrecrd.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbXrecord, AcDbObject, XRECORD)
 

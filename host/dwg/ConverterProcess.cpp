@@ -2,15 +2,16 @@
 
 #include <array>
 #include <csignal>
-#include <fcntl.h>
 #include <optional>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
-#include <system_error>
 #include <unistd.h>
-#include <utility>
 
 namespace {
 

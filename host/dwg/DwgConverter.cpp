@@ -1,13 +1,13 @@
 #include "dwg/DwgConverter.h"
 
-#include "dwg/ConverterProcess.h"
-#include "dwg/DwgTexts.h"
-#include "platform/TempFiles.h"
-
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <system_error>
+
+#include "dwg/ConverterProcess.h"
+#include "dwg/DwgTexts.h"
+#include "platform/TempFiles.h"
 
 namespace fs = std::filesystem;
 

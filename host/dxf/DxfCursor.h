@@ -1,14 +1,15 @@
 #pragma once
 
-#include "dxf/DxfForm.h"
-#include "dxf/DxfTag.h"
-
 #include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#include <emmintrin.h>
 #include <string_view>
+
+#include <emmintrin.h>
+
+#include "dxf/DxfForm.h"
+#include "dxf/DxfTag.h"
 
 namespace dxf_detail {
 

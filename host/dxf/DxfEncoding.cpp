@@ -4,11 +4,12 @@
 #include <array>
 #include <cctype>
 #include <cerrno>
-#include <iconv.h>
 #include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
+
+#include <iconv.h>
 
 namespace {
 

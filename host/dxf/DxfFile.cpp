@@ -1,5 +1,15 @@
 #include "dxf/DxfFile.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <limits>
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfIndexer.h"
@@ -7,15 +17,6 @@
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfUpgrade.h"
 #include "dxf/DxfValue.h"
-
-#include <algorithm>
-#include <cerrno>
-#include <charconv>
-#include <fcntl.h>
-#include <limits>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "dxf/DxfError.h"
-#include "dxf/DxfForm.h"
-#include "dxf/DxfRecord.h"
-#include "dxf/HandleTable.h"
-
 #include <ctime>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "dxf/DxfError.h"
+#include "dxf/DxfForm.h"
+#include "dxf/DxfRecord.h"
+#include "dxf/HandleTable.h"
 
 /// A run of records: a section from SECTION to ENDSEC, a table from TABLE to ENDTAB, both ends included.
 /// Where the closing record is missing, `last` is the last record before the next section, table or EOF.

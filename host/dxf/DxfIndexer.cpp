@@ -1,11 +1,11 @@
 #include "dxf/DxfIndexer.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfValue.h"
 #include "dxf/LargePages.h"
-
-#include <algorithm>
-#include <limits>
 
 namespace {
 

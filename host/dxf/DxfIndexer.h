@@ -1,11 +1,11 @@
 #pragma once
 
-#include "dxf/DxfCursor.h"
-#include "dxf/DxfFile.h"
-
 #include <array>
 #include <cstdint>
 #include <string_view>
+
+#include "dxf/DxfCursor.h"
+#include "dxf/DxfFile.h"
 
 /// The one pass over the bytes of a file: finds its records, their types and handles, and checks every group code.
 ///

@@ -1,11 +1,11 @@
 #include "dxf/DxfTagWriter.h"
 
-#include "dxf/DxfEncoding.h"
-#include "dxf/DxfError.h"
-
 #include <charconv>
 #include <cmath>
 #include <cstring>
+
+#include "dxf/DxfEncoding.h"
+#include "dxf/DxfError.h"
 
 namespace {
 

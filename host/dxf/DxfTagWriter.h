@@ -1,11 +1,11 @@
 #pragma once
 
-#include "dxf/DxfForm.h"
-#include "dxf/DxfTag.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "dxf/DxfForm.h"
+#include "dxf/DxfTag.h"
 
 /// Appends tags to a string, in the form of a file.
 /// The value given must be of the kind of its group code: in a binary file that kind sets its width.

@@ -1,5 +1,7 @@
 #include "dxf/DxfTranscode.h"
 
+#include <algorithm>
+
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfError.h"
@@ -7,8 +9,6 @@
 #include "dxf/DxfTagWriter.h"
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfValue.h"
-
-#include <algorithm>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "dxf/DxfForm.h"
-
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+
+#include "dxf/DxfForm.h"
 
 class DxfFile;
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "dxf/DxfForm.h"
-#include "dxf/DxfTag.h"
-
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
+
+#include "dxf/DxfForm.h"
+#include "dxf/DxfTag.h"
 
 /// Readers of the value of a tag. Each gives false, and leaves its result as it was, where the value cannot be read.
 /// Blanks around a number and a leading '+' do not count; anything else after it does.

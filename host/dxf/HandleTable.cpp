@@ -1,10 +1,10 @@
 #include "dxf/HandleTable.h"
 
-#include "dxf/LargePages.h"
-
 #include <algorithm>
 #include <bit>
 #include <random>
+
+#include "dxf/LargePages.h"
 
 namespace {
 

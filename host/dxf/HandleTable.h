@@ -1,9 +1,9 @@
 #pragma once
 
-#include "dxf/DxfRecord.h"
-
 #include <cstdint>
 #include <vector>
+
+#include "dxf/DxfRecord.h"
 
 /// Finds records by handle: open addressing over positions in an array of records that it does not own.
 /// The array may grow; handles already inserted must not change (call `clear` and insert anew if they do).

@@ -1,6 +1,7 @@
 #include "dxf/LargePages.h"
 
 #include <cstdint>
+
 #include <sys/mman.h>
 
 void preferLargePages(const void* memory, std::size_t bytes)

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "dxf/DxfTagWriter.h"
-
 #include <cstdint>
 #include <functional>
 #include <set>
@@ -9,6 +7,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "dxf/DxfTagWriter.h"
 
 /// What every R2000 drawing holds and an older one lacks: the root dictionary and what hangs on it, the classes of
 /// these objects, and the entries that no symbol table is without.

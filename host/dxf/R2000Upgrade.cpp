@@ -1,5 +1,7 @@
 #include "dxf/R2000Upgrade.h"
 
+#include <algorithm>
+
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfIndexer.h"
@@ -7,8 +9,6 @@
 #include "dxf/DxfValue.h"
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
-
-#include <algorithm>
 
 std::string R2000Upgrade::symbolKey(std::string_view name) const
 {

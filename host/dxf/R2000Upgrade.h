@@ -1,17 +1,17 @@
 #pragma once
 
-#include "dxf/DxfFile.h"
-#include "dxf/DxfTag.h"
-#include "dxf/DxfTagWriter.h"
-#include "dxf/R12Subclasses.h"
-#include "dxf/R2000Skeleton.h"
-
 #include <cstdint>
 #include <map>
 #include <set>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "dxf/DxfFile.h"
+#include "dxf/DxfTag.h"
+#include "dxf/DxfTagWriter.h"
+#include "dxf/R12Subclasses.h"
+#include "dxf/R2000Skeleton.h"
 
 /// Writes an R2000 text from the records of an older one. Records that have subclass markers (R13, R14) stay as they
 /// are but for a few tags added at their end, before their extended data.

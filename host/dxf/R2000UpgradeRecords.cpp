@@ -1,8 +1,8 @@
+#include <algorithm>
+
 #include "dxf/DxfIndexer.h"
 #include "dxf/DxfValue.h"
 #include "dxf/R2000Upgrade.h"
-
-#include <algorithm>
 
 // Blocks, entities and objects of the upgrade.
 

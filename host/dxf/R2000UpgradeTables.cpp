@@ -1,8 +1,8 @@
+#include <algorithm>
+
 #include "dxf/DxfIndexer.h"
 #include "dxf/DxfValue.h"
 #include "dxf/R2000Upgrade.h"
-
-#include <algorithm>
 
 // The TABLES section of the upgrade: markers and owners for what is there, then what no drawing is without.
 

@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "accmd.h"
 #include "rx/ModuleTable.h"
+
+#include "accmd.h"
 
 /// A registered command, with the module whose code it runs (null for the host's own).
 class Command : public AcEdCommand {

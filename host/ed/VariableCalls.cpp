@@ -1,8 +1,9 @@
 #include <limits>
 
+#include "ed/SystemVariables.h"
+
 #include "acedads.h"
 #include "acutmem.h"
-#include "ed/SystemVariables.h"
 
 namespace {
 

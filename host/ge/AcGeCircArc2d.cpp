@@ -1,7 +1,9 @@
-#include "ge/cross2d.h"
-#include "gecarc2d.h"
 #include <algorithm>
 #include <numbers>
+
+#include "ge/cross2d.h"
+
+#include "gecarc2d.h"
 
 namespace {
 

@@ -1,6 +1,8 @@
-#include "ge/cross2d.h"
-#include "gelent2d.h"
 #include <algorithm>
+
+#include "ge/cross2d.h"
+
+#include "gelent2d.h"
 
 double AcGeLinearEnt2d::paramOf(const AcGePoint2d& p) const
 {

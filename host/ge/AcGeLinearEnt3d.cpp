@@ -1,5 +1,6 @@
-#include "gelent3d.h"
 #include <algorithm>
+
+#include "gelent3d.h"
 
 double AcGeLinearEnt3d::paramOf(const AcGePoint3d& p) const
 {

@@ -1,7 +1,8 @@
+#include <algorithm>
+
 #include "gemat3d.h"
 #include "geplane.h"
 #include "gescl3d.h"
-#include <algorithm>
 
 const AcGeMatrix3d AcGeMatrix3d::kIdentity;
 

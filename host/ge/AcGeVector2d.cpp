@@ -1,7 +1,9 @@
+#include <numbers>
+
 #include "ge/cross2d.h"
+
 #include "gemat2d.h"
 #include "gevec2d.h"
-#include <numbers>
 
 const AcGeVector2d AcGeVector2d::kIdentity(0.0, 0.0);
 const AcGeVector2d AcGeVector2d::kXAxis(1.0, 0.0);

@@ -1,7 +1,8 @@
+#include <numbers>
+
 #include "gemat3d.h"
 #include "geplane.h"
 #include "gevec3d.h"
-#include <numbers>
 
 const AcGeVector3d AcGeVector3d::kIdentity(0.0, 0.0, 0.0);
 const AcGeVector3d AcGeVector3d::kXAxis(1.0, 0.0, 0.0);

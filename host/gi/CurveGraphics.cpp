@@ -1,6 +1,6 @@
-#include "gi/EntityGraphics.h"
-
 #include <algorithm>
+
+#include "gi/EntityGraphics.h"
 
 #include "dbelipse.h"
 #include "dbspline.h"

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "dbents.h"
 #include "gi/DisplayList.h"
+
+#include "dbents.h"
 
 /// Turns entities into primitives. An entity must be open for read, or be in no drawing; what it owns is opened here.
 

@@ -1,6 +1,6 @@
-#include "gi/EntityGraphics.h"
-
 #include <array>
+
+#include "gi/EntityGraphics.h"
 
 /// Visible edges that follow each other are one path.
 void addFace(const AcDbFace& face, DisplayList& list)

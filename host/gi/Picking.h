@@ -3,8 +3,9 @@
 #include <span>
 #include <vector>
 
-#include "gemat3d.h"
 #include "gi/Scene.h"
+
+#include "gemat3d.h"
 
 /// What lies under a point or in an area of a scene, seen from above; coordinates are the world's. Entities on layers
 /// that are off or frozen, and invisible ones, are never found. Topmost first: the entity drawn last leads.

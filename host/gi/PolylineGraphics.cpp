@@ -1,8 +1,7 @@
-#include "gi/EntityGraphics.h"
-
 #include <algorithm>
 
 #include "db/entities/PathSegment.h"
+#include "gi/EntityGraphics.h"
 
 namespace {
 

@@ -4,10 +4,11 @@
 #include <memory>
 #include <optional>
 
-#include "dbmain.h"
 #include "gi/Box2d.h"
 #include "gi/Placement.h"
 #include "gi/SceneView.h"
+
+#include "dbmain.h"
 
 class GraphicsSink;
 class SceneContents;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "db/DatabaseImpl.h"
+
 #include "dbents.h"
 #include "dbsymtb.h"
 

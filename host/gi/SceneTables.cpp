@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "db/DatabaseImpl.h"
+
 #include "dbsymtb.h"
 
 namespace {

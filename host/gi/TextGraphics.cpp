@@ -1,13 +1,13 @@
-#include "gi/EntityGraphics.h"
-
 #include <cmath>
+
+#include "gi/EntityGraphics.h"
+#include "gi/MTextLayout.h"
+#include "gi/ShownText.h"
+#include "gi/TextMetrics.h"
 
 #include "acutmem.h"
 #include "dbmtext.h"
 #include "dbsymtb.h"
-#include "gi/MTextLayout.h"
-#include "gi/ShownText.h"
-#include "gi/TextMetrics.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "adesk.h"
 #include <algorithm>
 #include <type_traits>
 #include <utility>
 #include <vector>
+
+#include "adesk.h"
 
 /// Growable array of values, as the host interface hands them over.
 /// Indices are 0-based ints. Reading or writing outside the array throws std::out_of_range.

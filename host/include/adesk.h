@@ -2,8 +2,9 @@
 
 /// Basic types of the host interface: sized integers, the interface's boolean, its wide character.
 
-#include "AdAChar.h"
 #include <cstdint>
+
+#include "AdAChar.h"
 
 namespace Adesk {
 

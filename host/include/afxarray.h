@@ -1,9 +1,10 @@
 #pragma once
 
-#include "afx.h"
 #include <algorithm>
 #include <utility>
 #include <vector>
+
+#include "afx.h"
 
 /// Growable array. Indices are 0-based; one outside the array raises the invalid-argument exception.
 /// The grow step is the least growth: adding stays amortised constant time however small it is.

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "afx.h"
 #include <cstring>
 #include <memory>
 #include <string_view>
 #include <type_traits>
 #include <vector>
+
+#include "afx.h"
 
 /// The hash of a map key. Specialise it for a key type that is neither a number, a pointer nor text.
 template <class ARG_KEY>

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <cmath>
+
 #include "adesk.h"
 #include "gegbl.h"
-#include <cmath>
 
 class AcGeMatrix3d;
 

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <cmath>
+
 #include "adesk.h"
 #include "gegbl.h"
-#include <cmath>
 
 class AcGeMatrix2d;
 class AcGePoint2d;

@@ -3,9 +3,10 @@
 #include <functional>
 #include <vector>
 
-#include "acedads.h"
 #include "lisp/LispFunctionTable.h"
 #include "rx/ExceptionText.h"
+
+#include "acedads.h"
 
 namespace {
 

@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "acdocman.h"
 #include "rx/ModuleTable.h"
+
+#include "acdocman.h"
 
 /// A function that a module defined.
 struct LispFunction {

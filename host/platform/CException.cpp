@@ -1,5 +1,6 @@
-#include "afxwin.h"
 #include <cwchar>
+
+#include "afxwin.h"
 
 BOOL CException::GetErrorMessage(LPTSTR message, UINT size, UINT* /*helpContext*/) const
 {

@@ -1,9 +1,11 @@
-#include "afx.h"
+#include <algorithm>
+#include <cwchar>
+
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "platform/WideFormat.h"
-#include <algorithm>
-#include <cwchar>
+
+#include "afx.h"
 
 namespace {
 

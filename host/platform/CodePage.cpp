@@ -1,4 +1,5 @@
 #include "platform/CodePage.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>

@@ -1,8 +1,10 @@
-#include "platform/CodePage.h"
-#include "windows.h"
 #include <algorithm>
 #include <cstring>
 #include <cwchar>
+
+#include "platform/CodePage.h"
+
+#include "windows.h"
 
 namespace {
 

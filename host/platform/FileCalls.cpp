@@ -1,15 +1,18 @@
-#include "io.h"
-#include "platform/CodePage.h"
-#include "platform/LastError.h"
-#include "platform/Paths.h"
-#include "platform/TempFiles.h"
-#include "tchar.h"
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <string>
+
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "platform/CodePage.h"
+#include "platform/LastError.h"
+#include "platform/Paths.h"
+#include "platform/TempFiles.h"
+
+#include "io.h"
+#include "tchar.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "windows.h"
 #include <system_error>
+
+#include "windows.h"
 
 namespace platform {
 

@@ -1,6 +1,8 @@
 #include "platform/LetterCase.h"
+
 #include <algorithm>
 #include <cwctype>
+
 #include <locale.h>
 
 namespace platform {

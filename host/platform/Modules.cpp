@@ -1,9 +1,13 @@
 #include "platform/Modules.h"
-#include "platform/LetterCase.h"
-#include "windows.h"
-#include <dlfcn.h>
+
 #include <map>
 #include <string>
+
+#include <dlfcn.h>
+
+#include "platform/LetterCase.h"
+
+#include "windows.h"
 
 namespace platform {
 

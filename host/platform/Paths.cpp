@@ -1,10 +1,13 @@
 #include "platform/Paths.h"
-#include "platform/CodePage.h"
-#include "platform/LetterCase.h"
+
 #include <cstdlib>
+#include <vector>
+
 #include <pwd.h>
 #include <unistd.h>
-#include <vector>
+
+#include "platform/CodePage.h"
+#include "platform/LetterCase.h"
 
 namespace fs = std::filesystem;
 

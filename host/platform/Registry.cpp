@@ -1,13 +1,15 @@
 #include "platform/Registry.h"
-#include "platform/CodePage.h"
-#include "platform/LetterCase.h"
-#include "platform/Paths.h"
+
 #include <algorithm>
 #include <charconv>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
 #include <system_error>
+
+#include "platform/CodePage.h"
+#include "platform/LetterCase.h"
+#include "platform/Paths.h"
 
 namespace platform {
 

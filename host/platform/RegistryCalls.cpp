@@ -1,9 +1,10 @@
-#include "platform/LastError.h"
-#include "platform/Registry.h"
 #include <cstring>
 #include <map>
 #include <memory>
 #include <stdexcept>
+
+#include "platform/LastError.h"
+#include "platform/Registry.h"
 
 /// An open key; `key` is its whole path, the root's name first.
 struct HKEY__ {

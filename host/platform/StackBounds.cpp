@@ -1,8 +1,9 @@
 #include "platform/StackBounds.h"
 
 #include <cstddef>
-#include <pthread.h>
 #include <utility>
+
+#include <pthread.h>
 
 namespace platform {
 

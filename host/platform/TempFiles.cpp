@@ -1,14 +1,17 @@
 #include "platform/TempFiles.h"
-#include "platform/CodePage.h"
+
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <fcntl.h>
 #include <random>
 #include <string>
-#include <sys/stat.h>
 #include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include "platform/CodePage.h"
 
 namespace fs = std::filesystem;
 

@@ -1,13 +1,16 @@
 #include "platform/WideFormat.h"
-#include "platform/CodePage.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cwchar>
-#include <locale.h>
 #include <string_view>
+
+#include <locale.h>
+
+#include "platform/CodePage.h"
 
 namespace platform {
 

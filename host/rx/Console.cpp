@@ -2,8 +2,9 @@
 
 #include <cstdarg>
 
-#include "acutads.h"
 #include "platform/WideFormat.h"
+
+#include "acutads.h"
 
 namespace {
 

@@ -3,9 +3,10 @@
 #include <array>
 #include <exception>
 
+#include "platform/CodePage.h"
+
 #include "afx.h"
 #include "dbmain.h"
-#include "platform/CodePage.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
 #include "rx/ModuleFile.h"
 
-#include <dlfcn.h>
 #include <filesystem>
+
+#include <dlfcn.h>
 #include <link.h>
 
 #include "platform/CodePage.h"

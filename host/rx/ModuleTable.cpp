@@ -1,6 +1,7 @@
 #include "rx/ModuleTable.h"
 
 #include <algorithm>
+
 #include <dlfcn.h>
 
 #include "platform/LetterCase.h"
@@ -8,6 +9,7 @@
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
 #include "rx/ModuleFile.h"
+
 #include "rxregsvc.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxObject)

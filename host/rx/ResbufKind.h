@@ -1,7 +1,8 @@
 #pragma once
 
-#include "adscodes.h"
 #include "dxf/DxfTag.h"
+
+#include "adscodes.h"
 
 /// Which member of the value of a result buffer counts.
 enum class ResbufKind : unsigned char { unknown, none, real, point, int16, int32, int64, text, name, bytes };

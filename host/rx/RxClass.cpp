@@ -1,7 +1,7 @@
+#include "rxclass.h"
+
 #include <map>
 #include <string_view>
-
-#include "rxclass.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 #include "platform/LetterCase.h"
 #include "rx/ModuleTable.h"
+
 #include "rxregsvc.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDictionary, AcRxObject)

@@ -1,8 +1,9 @@
 #include <cwchar>
 #include <memory>
 
-#include "acutmem.h"
 #include "rx/ResbufPool.h"
+
+#include "acutmem.h"
 
 namespace {
 

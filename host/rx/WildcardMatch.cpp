@@ -1,7 +1,8 @@
 #include "rx/WildcardMatch.h"
 
-#include "acutads.h"
 #include "platform/LetterCase.h"
+
+#include "acutads.h"
 
 namespace {
 

@@ -1,17 +1,17 @@
 #include "calculs/CCalcGisementDlg.h"
 
+#include <optional>
+
 #include "calculs/dialoguePolygonale.h"
 #include "calculs/gisement.h"
 #include "calculs/texteAnsi.h"
 #include "calculs/uniteAngulaire.h"
 #include "points/projetDansDessin.h"
 #include "reports/nombreFixe.h"
-#include "ui_CCalcGisementDlg.h"
 
 #include "acedads.h"
 #include "adscodes.h"
-
-#include <optional>
+#include "ui_CCalcGisementDlg.h"
 
 namespace {
 

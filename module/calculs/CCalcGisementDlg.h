@@ -1,9 +1,9 @@
 #pragma once
 
-#include "frame/dialogueModule.h"
-
 #include <memory>
 #include <string>
+
+#include "frame/dialogueModule.h"
 
 namespace Ui {
 class CCalcGisementDlg;

@@ -1,6 +1,7 @@
 #include "calculs/CParamMisePlaceResultCalcs.h"
 
 #include "calculs/reelDeTexte.h"
+
 #include "ui_CParamMisePlaceResultCalcs.h"
 
 CParamMisePlaceResultCalcs::CParamMisePlaceResultCalcs() : m_ui(std::make_unique<Ui::CParamMisePlaceResultCalcs>())

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "calculs/placerPolygonale.h"
 #include "frame/dialogueModule.h"
-
-#include <memory>
 
 namespace Ui {
 class CParamMisePlaceResultCalcs;

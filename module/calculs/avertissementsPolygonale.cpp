@@ -1,12 +1,12 @@
 #include "calculs/avertissementsPolygonale.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "calculs/conseilAngulaire.h"
 #include "calculs/grandeur.h"
 #include "calculs/reelDeTexte.h"
 #include "calculs/texteAnsi.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 

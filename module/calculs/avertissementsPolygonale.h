@@ -1,11 +1,11 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "calculs/calculPolygonaleFermee.h"
 #include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/donneesPolygonale.h"
-
-#include <string>
-#include <vector>
 
 // French sentences that tell the user what looks wrong with a traverse. They stand beside the report, never in it, and
 // stop nothing: the computation makes no guard of its own.

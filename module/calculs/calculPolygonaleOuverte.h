@@ -1,10 +1,10 @@
 #pragma once
 
-#include "calculs/cheminement.h"
-
 #include <functional>
 #include <string>
 #include <vector>
+
+#include "calculs/cheminement.h"
 
 class htmlDocument;
 

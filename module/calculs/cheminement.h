@@ -1,11 +1,11 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
 #include "calculs/tracePolygonale.h"
-
-#include <string>
-#include <vector>
 
 // What closed and open traverses share: legs on corrected bearings, their closure shared by length of leg (compass
 // rule), altitudes. The two differ in how angles are closed and in the end that is known.

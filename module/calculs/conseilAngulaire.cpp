@@ -1,11 +1,11 @@
 #include "calculs/conseilAngulaire.h"
 
+#include <cmath>
+#include <optional>
+
 #include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
 #include "reports/nombreFixe.h"
-
-#include <cmath>
-#include <optional>
 
 namespace {
 

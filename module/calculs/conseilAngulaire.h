@@ -1,9 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include "calculs/calculPolygonaleFermee.h"
 #include "calculs/calculPolygonaleOuverte.h"
-
-#include <string>
 
 // The computations take angles and bearings by one rule and bring no error back into one turn. Observations booked by
 // another rule miss by whole or half turns. Each rule that is in use is tried: the one under which the traverse closes

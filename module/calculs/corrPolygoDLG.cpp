@@ -1,6 +1,7 @@
 #include "calculs/corrPolygoDLG.h"
 
 #include "calculs/dialoguesPolygonales.h"
+
 #include "ui_corrPolygoDLG.h"
 
 corrPolygoDLG::corrPolygoDLG() : m_ui(std::make_unique<Ui::corrPolygoDLG>())

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "calculs/dialoguePolygonale.h"
-
 #include <memory>
+
+#include "calculs/dialoguePolygonale.h"
 
 namespace Ui {
 class corrPolygoDLG;

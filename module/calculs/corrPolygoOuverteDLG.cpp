@@ -2,6 +2,7 @@
 
 #include "calculs/CCalcGisementDlg.h"
 #include "calculs/dialoguesPolygonales.h"
+
 #include "ui_corrPolygoOuverteDLG.h"
 
 corrPolygoOuverteDLG::corrPolygoOuverteDLG() : m_ui(std::make_unique<Ui::corrPolygoOuverteDLG>())

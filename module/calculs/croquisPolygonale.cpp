@@ -1,10 +1,10 @@
 #include "calculs/croquisPolygonale.h"
 
-#include "calculs/grandeur.h"
-
 #include <algorithm>
 #include <cmath>
 #include <QPainter>
+
+#include "calculs/grandeur.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "calculs/tracePolygonale.h"
-
 #include <QWidget>
+
+#include "calculs/tracePolygonale.h"
 
 /// A sketch of a traverse, north up: as observed in red, as corrected in green, the departure as a square. The two
 /// lines fill the widget at one scale; a line with a vertex that has no place is left out.

@@ -1,5 +1,12 @@
 #include "calculs/dialoguePolygonale.h"
 
+#include <cmath>
+#include <exception>
+#include <QDir>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QLocale>
+
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/CParamMisePlaceResultCalcs.h"
 #include "calculs/panneauPolygonale.h"
@@ -14,13 +21,6 @@
 #include "reports/resultPolygo.h"
 
 #include "io.h"
-
-#include <cmath>
-#include <exception>
-#include <QDir>
-#include <QFileInfo>
-#include <QLineEdit>
-#include <QLocale>
 
 namespace {
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "calculs/fichierPolygonale.h"
-#include "calculs/polygonaleCalculee.h"
-#include "frame/dialogueModule.h"
-
 #include <initializer_list>
 #include <QTimer>
 #include <string>
 #include <string_view>
+
+#include "calculs/fichierPolygonale.h"
+#include "calculs/polygonaleCalculee.h"
+#include "frame/dialogueModule.h"
 
 class QLineEdit;
 class panneauPolygonale;

@@ -1,5 +1,8 @@
 #include "calculs/fichierPolygonale.h"
 
+#include <algorithm>
+#include <fstream>
+
 #include "calculs/decouperLigne.h"
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
@@ -7,9 +10,6 @@
 #include "calculs/texteAnsi.h"
 #include "calculs/uniteAngulaire.h"
 #include "reports/nombreFixe.h"
-
-#include <algorithm>
-#include <fstream>
 
 namespace {
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "calculs/donneesPolygonale.h"
-
 #include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "calculs/donneesPolygonale.h"
 
 // Traverse files (".obs"): text in Windows-1252, lines beginning with "*" are comments that explain the syntax.
 // Written with line feeds, read with line feeds or carriage returns and line feeds. A file that begins with the UTF-8

@@ -1,10 +1,10 @@
 #include "calculs/gisement.h"
 
-#include "calculs/grandeur.h"
-#include "calculs/uniteAngulaire.h"
-
 #include <cmath>
 #include <numbers>
+
+#include "calculs/grandeur.h"
+#include "calculs/uniteAngulaire.h"
 
 double gisement(double xStation, double yStation, double xDirection, double yDirection, int unite)
 {

@@ -1,8 +1,8 @@
 #include "calculs/lignesCollees.h"
 
-#include "calculs/reelDeTexte.h"
-
 #include <algorithm>
+
+#include "calculs/reelDeTexte.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "calculs/donneesPolygonale.h"
-
 #include <string_view>
 #include <vector>
+
+#include "calculs/donneesPolygonale.h"
 
 /// Rows of a traverse from the text that a spreadsheet or a list puts on the clipboard: station, angle, distance and,
 /// if there is one, height difference, between tabs or semicolons, one row a line. Columns beyond the fourth do not

@@ -1,13 +1,13 @@
 #include "calculs/listeObservations.h"
 
-#include "calculs/lignesCollees.h"
-
 #include <algorithm>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+
+#include "calculs/lignesCollees.h"
 
 listeObservations::listeObservations(QWidget* parent) : QTableWidget(parent)
 {

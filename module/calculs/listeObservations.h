@@ -1,9 +1,9 @@
 #pragma once
 
-#include "calculs/donneesPolygonale.h"
-
 #include <QTableWidget>
 #include <vector>
+
+#include "calculs/donneesPolygonale.h"
 
 /// The observation list of a traverse dialog: rows of four texts, kept as typed. Cells can be edited in place; rows can
 /// be copied to a spreadsheet and pasted from one (lignesCollees).

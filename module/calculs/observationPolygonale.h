@@ -1,9 +1,9 @@
 #pragma once
 
-#include "calculs/donneesPolygonale.h"
-
 #include <string>
 #include <vector>
+
+#include "calculs/donneesPolygonale.h"
 
 /// Longest station name of an observation; longer ones are cut, in files as in computations.
 inline constexpr std::size_t longueurNomStation = 18;

@@ -1,10 +1,11 @@
 #include "calculs/panneauPolygonale.h"
 
+#include <QStringList>
+
 #include "calculs/dialoguePolygonale.h"
 #include "reports/nombreFixe.h"
-#include "ui_panneauPolygonale.h"
 
-#include <QStringList>
+#include "ui_panneauPolygonale.h"
 
 namespace {
 

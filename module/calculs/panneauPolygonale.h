@@ -1,10 +1,10 @@
 #pragma once
 
-#include "calculs/polygonaleCalculee.h"
-
 #include <memory>
 #include <QWidget>
 #include <vector>
+
+#include "calculs/polygonaleCalculee.h"
 
 namespace Ui {
 class panneauPolygonale;

@@ -1,14 +1,14 @@
 #include "calculs/placerPolygonale.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "calculs/grandeur.h"
 #include "frame/CAcadUndoGroup.h"
 #include "frame/espaceObjet.h"
 #include "points/projetDansDessin.h"
 
 #include "dbpl.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <vector>
+
 #include "calculs/calculPolygonaleFermee.h"
 #include "points/exportation.h"
-
-#include <vector>
 
 // Drawing glue: what a corrected traverse becomes in the drawing.
 

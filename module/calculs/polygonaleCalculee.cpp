@@ -1,5 +1,7 @@
 #include "calculs/polygonaleCalculee.h"
 
+#include <cmath>
+
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/grandeur.h"
 #include "calculs/rapportPolygonale.h"
@@ -7,8 +9,6 @@
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "calculs/uniteAngulaire.h"
 #include "reports/nombreFixe.h"
-
-#include <cmath>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "calculs/cheminement.h"
-#include "calculs/donneesPolygonale.h"
-
 #include <string>
 #include <vector>
+
+#include "calculs/cheminement.h"
+#include "calculs/donneesPolygonale.h"
 
 class htmlDocument;
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "calculs/cheminement.h"
-#include "reports/htmlDocument.h"
-#include "reports/htmlTable.h"
-
 #include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "calculs/cheminement.h"
+#include "reports/htmlDocument.h"
+#include "reports/htmlTable.h"
 
 // What the reports of closed and open traverses share: style classes, attributes of cells, headings.
 

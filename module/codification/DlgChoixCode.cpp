@@ -5,9 +5,9 @@
 #include "frame/argumentsLisp.h"
 #include "frame/dialogueCellules.h"
 #include "frame/listeLisp.h"
-#include "ui_DlgChoixCode.h"
 
 #include "aced.h"
+#include "ui_DlgChoixCode.h"
 
 DlgChoixCode::DlgChoixCode(const tableCodification& table) : m_ui(std::make_unique<Ui::DlgChoixCode>())
 {

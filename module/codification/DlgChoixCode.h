@@ -1,9 +1,9 @@
 #pragma once
 
-#include "frame/dialogueModule.h"
-
 #include <memory>
 #include <optional>
+
+#include "frame/dialogueModule.h"
 
 class tableCodification;
 namespace Ui {

@@ -1,17 +1,18 @@
 #include "codification/DlgCodification.h"
 
+#include <algorithm>
+#include <array>
+#include <QLineEdit>
+#include <QSpinBox>
+
 #include "calculs/reelDeTexte.h"
 #include "codification/nombresTexte.h"
 #include "codification/regleCode.h"
 #include "frame/dialogueCellules.h"
 #include "frame/dialogueFichier.h"
 #include "frame/dialogueMessage.h"
-#include "ui_DlgCodification.h"
 
-#include <algorithm>
-#include <array>
-#include <QLineEdit>
-#include <QSpinBox>
+#include "ui_DlgCodification.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "codification/tableCodification.h"
 #include "frame/dialogueModule.h"
-
-#include <memory>
 
 namespace Ui {
 class DlgCodification;

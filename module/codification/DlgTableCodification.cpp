@@ -1,15 +1,15 @@
 #include "codification/DlgTableCodification.h"
 
+#include <vector>
+
 #include "codification/codificationDuModule.h"
 #include "codification/DlgCodification.h"
 #include "codification/nombresTexte.h"
 #include "frame/dialogueCellules.h"
 #include "frame/dialogueMessage.h"
-#include "ui_DlgTableCodification.h"
 
 #include "acdocman.h"
-
-#include <vector>
+#include "ui_DlgTableCodification.h"
 
 namespace {
 

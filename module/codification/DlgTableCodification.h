@@ -1,8 +1,8 @@
 #pragma once
 
-#include "frame/dialogueModule.h"
-
 #include <memory>
+
+#include "frame/dialogueModule.h"
 
 class tableCodification;
 namespace Ui {

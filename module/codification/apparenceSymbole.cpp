@@ -1,11 +1,11 @@
 #include "codification/apparenceSymbole.h"
 
+#include <cmath>
+#include <utility>
+
 #include "codification/attributsBloc.h"
 #include "codification/nombresTexte.h"
 #include "points/attribsPoints.h"
-
-#include <cmath>
-#include <utility>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include "afx.h"
 #include "dbents.h"
-
-#include <memory>
 
 /// Opens the attributes of a reference one after the other and hands them to `action` (AcDbAttribute&). Those that
 /// cannot be opened are passed over.

@@ -1,9 +1,9 @@
+#include <memory>
+
 #include "codification/codifPoint.h"
 
 #include "dbapserv.h"
 #include "dbsymtb.h"
-
-#include <memory>
 
 /// The layers of a code in a drawing.
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "afx.h"
-#include "dbid.h"
-
 #include <array>
 #include <iosfwd>
+
+#include "afx.h"
+#include "dbid.h"
 
 class AcDbLayerTable;
 

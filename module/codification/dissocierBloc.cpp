@@ -1,11 +1,11 @@
 #include "codification/dissocierBloc.h"
 
+#include <memory>
+#include <vector>
+
 #include "codification/attributsBloc.h"
 
 #include "dbsymtb.h"
-
-#include <memory>
-#include <vector>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "codification/donneesEtendues.h"
 
+#include <memory>
+
 #include "acutmem.h"
 #include "adscodes.h"
 #include "dbsymtb.h"
-
-#include <memory>
 
 bool declarerVelaplus(AcDbDatabase& db)
 {

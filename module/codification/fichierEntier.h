@@ -1,9 +1,9 @@
 #pragma once
 
-#include "afx.h"
-
 #include <optional>
 #include <string>
+
+#include "afx.h"
 
 /// Small files read and replaced whole, by Windows-style path.
 

@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "codification/donneesEtendues.h"
 #include "codification/lispSymboles.h"
 #include "frame/argumentsLisp.h"
@@ -8,8 +10,6 @@
 #include "dbads.h"
 #include "dbapserv.h"
 #include "dbmain.h"
-
-#include <memory>
 
 /// (sxd ...): extended data from a list of AutoLISP.
 

@@ -1,12 +1,12 @@
 #include "codification/lispSelections.h"
 
+#include <vector>
+
 #include "frame/argumentsLisp.h"
 #include "frame/listeLisp.h"
 #include "frame/selection.h"
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
-
-#include <vector>
 
 namespace {
 

@@ -1,5 +1,9 @@
 #include "codification/lispSymboles.h"
 
+#include <algorithm>
+#include <memory>
+#include <vector>
+
 #include "codification/apparenceSymbole.h"
 #include "codification/attributsBloc.h"
 #include "codification/codificationDuModule.h"
@@ -14,10 +18,6 @@
 #include "aced.h"
 #include "dbapserv.h"
 #include "dbsymtb.h"
-
-#include <algorithm>
-#include <memory>
-#include <vector>
 
 namespace {
 

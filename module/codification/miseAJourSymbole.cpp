@@ -1,14 +1,14 @@
 #include "codification/miseAJourSymbole.h"
 
+#include <optional>
+#include <utility>
+
 #include "codification/attributsBloc.h"
 #include "codification/nombresTexte.h"
 #include "frame/lireNombre.h"
 #include "points/attribsPoints.h"
 
 #include "dbapserv.h"
-
-#include <optional>
-#include <utility>
 
 namespace {
 

@@ -1,5 +1,8 @@
 #include "codification/symbolePoint.h"
 
+#include <cmath>
+#include <memory>
+
 #include "calculs/grandeur.h"
 #include "codification/donneesEtendues.h"
 #include "codification/nombresTexte.h"
@@ -9,9 +12,6 @@
 
 #include "dbents.h"
 #include "dbsymtb.h"
-
-#include <cmath>
-#include <memory>
 
 double facteurSymboles = 1.0;
 

@@ -1,5 +1,8 @@
 #include "codification/tableCodification.h"
 
+#include <algorithm>
+#include <exception>
+
 #include "codification/fichierEntier.h"
 #include "codification/xmlCodification.h"
 #include "frame/dossierSupport.h"
@@ -7,9 +10,6 @@
 
 #include "acutads.h"
 #include "dbsymtb.h"
-
-#include <algorithm>
-#include <exception>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "codification/codifPoint.h"
-
 #include <vector>
+
+#include "codification/codifPoint.h"
 
 class AcDbDatabase;
 

@@ -1,13 +1,12 @@
-#include "codification/codifPoint.h"
-
-#include "calculs/reelDeTexte.h"
-#include "codification/nombresTexte.h"
-
 #include <algorithm>
 #include <istream>
 #include <optional>
 #include <ostream>
 #include <string>
+
+#include "calculs/reelDeTexte.h"
+#include "codification/codifPoint.h"
+#include "codification/nombresTexte.h"
 
 /// The text form of one code.
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "afx.h"
-
 #include <string>
+
+#include "afx.h"
 
 /// Texts of XML files.
 

@@ -1,10 +1,10 @@
 #include "codification/xmlCodification.h"
 
+#include <tinyxml.h>
+
 #include "calculs/reelDeTexte.h"
 #include "codification/nombresTexte.h"
 #include "codification/utf8.h"
-
-#include <tinyxml.h>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "codification/codifPoint.h"
-
 #include <span>
 #include <string>
 #include <vector>
+
+#include "codification/codifPoint.h"
 
 /// The XML form of a table of codes: no declaration, root "codifPoints", in it "TBdata", in it a "codifPoint" for each
 /// code, whose fields are elements found by name. Texts are UTF-8.

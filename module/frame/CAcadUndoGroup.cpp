@@ -1,10 +1,10 @@
 #include "frame/CAcadUndoGroup.h"
 
+#include <string>
+
 #include "acdocman.h"
 #include "dbapserv.h"
 #include "oaidl.h"
-
-#include <string>
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "frame/argumentsLisp.h"
 
+#include <array>
+
 #include "calculs/grandeur.h"
 #include "frame/selection.h"
 
 #include "aced.h"
 #include "dbads.h"
-
-#include <array>
 
 const wchar_t* const messageParametres = L"\nparametres incorrects.";
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <vector>
+
 #include "adsdef.h"
 #include "afx.h"
 #include "dbid.h"
 #include "gepnt3d.h"
-
-#include <vector>
 
 /// The arguments of the AutoLISP function being called, read one after the other. A read that finds another kind of
 /// value answers false and stays in front of it.

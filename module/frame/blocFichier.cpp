@@ -1,8 +1,8 @@
 #include "frame/blocFichier.h"
 
-#include "dbsymtb.h"
-
 #include <algorithm>
+
+#include "dbsymtb.h"
 
 namespace {
 

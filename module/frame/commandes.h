@@ -1,8 +1,8 @@
 #pragma once
 
-#include "adesk.h"
-
 #include <span>
+
+#include "adesk.h"
 
 /// One command that the module adds to the host.
 struct commande {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "afx.h"
-
 #include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QString>
 #include <QTableWidget>
+
+#include "afx.h"
 
 /// Texts and cells of the lists in dialogs.
 

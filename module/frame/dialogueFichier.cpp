@@ -1,11 +1,11 @@
 #include "frame/dialogueFichier.h"
 
-#include "frame/dialogueModule.h"
-
 #include <algorithm>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStringList>
+
+#include "frame/dialogueModule.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include "frame/dialogueMessage.h"
 
-#include "frame/dialogueModule.h"
-
-#include "acutads.h"
-
 #include <initializer_list>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+
+#include "frame/dialogueModule.h"
+
+#include "acutads.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "frame/dialogueModule.h"
 
-#include "acutads.h"
-
 #include <QApplication>
+
+#include "acutads.h"
 
 bool dialoguesPossibles()
 {

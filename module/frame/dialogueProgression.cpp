@@ -1,9 +1,9 @@
 #include "frame/dialogueProgression.h"
 
-#include "frame/dialogueModule.h"
-
 #include <QApplication>
 #include <QProgressDialog>
+
+#include "frame/dialogueModule.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
 #include "frame/dossierModule.h"
 
-#include <dlfcn.h>
 #include <filesystem>
+
+#include <dlfcn.h>
 
 std::string dossierModule()
 {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dbid.h"
-
 #include <memory>
+
+#include "dbid.h"
 
 class AcDbEntity;
 

@@ -1,11 +1,11 @@
 #include "frame/etendueVue.h"
 
+#include <algorithm>
+
 #include "frame/variablesHote.h"
 
 #include "aced.h"
 #include "dbsymtb.h"
-
-#include <algorithm>
 
 etendueVue etendueDeVue(double xCentre, double yCentre, double taille, double pixelsLargeur, double pixelsHauteur)
 {

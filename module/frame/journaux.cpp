@@ -1,9 +1,9 @@
 #include "frame/journaux.h"
 
-#include "afx.h"
-
 #include <cstdio>
 #include <memory>
+
+#include "afx.h"
 
 namespace {
 

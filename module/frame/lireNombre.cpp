@@ -1,11 +1,12 @@
 #include "frame/lireNombre.h"
 
-#include "afx.h"
-#include "calculs/reelDeTexte.h"
-
 #include <charconv>
 #include <string>
 #include <string_view>
+
+#include "calculs/reelDeTexte.h"
+
+#include "afx.h"
 
 namespace {
 

@@ -1,5 +1,13 @@
 #include "frame/lispPolylignes.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
 #include "frame/argumentsLisp.h"
 #include "frame/CAcadUndoGroup.h"
 #include "frame/espaceObjet.h"
@@ -12,14 +20,6 @@
 #include "dbents.h"
 #include "dbpl.h"
 #include "gecarc2d.h"
-
-#include <algorithm>
-#include <cmath>
-#include <cstdlib>
-#include <map>
-#include <memory>
-#include <optional>
-#include <vector>
 
 namespace {
 

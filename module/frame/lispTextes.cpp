@@ -1,11 +1,11 @@
 #include "frame/lispTextes.h"
 
+#include <vector>
+
 #include "frame/argumentsLisp.h"
 #include "frame/listeLisp.h"
 
 #include "aced.h"
-
-#include <vector>
 
 namespace {
 

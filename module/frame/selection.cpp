@@ -1,13 +1,13 @@
 #include "frame/selection.h"
 
+#include <array>
+
 #include "frame/listeLisp.h"
 
 #include "aced.h"
 #include "acutmem.h"
 #include "afx.h"
 #include "dbads.h"
-
-#include <array>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "adsdef.h"
-#include "dbid.h"
-
 #include <span>
 #include <vector>
+
+#include "adsdef.h"
+#include "dbid.h"
 
 /// Selection sets of the host.
 

@@ -1,5 +1,8 @@
 #include "points/CformulaireXYZ.h"
 
+#include <algorithm>
+#include <QLocale>
+
 #include "calculs/grandeur.h"
 #include "calculs/reelDeTexte.h"
 #include "codification/codificationDuModule.h"
@@ -9,12 +12,9 @@
 #include "frame/dialogueMessage.h"
 #include "points/editionPoint.h"
 #include "points/projetDansDessin.h"
-#include "ui_CformulaireXYZ.h"
 
 #include "aced.h"
-
-#include <algorithm>
-#include <QLocale>
+#include "ui_CformulaireXYZ.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "frame/dialogueModule.h"
-
 #include <memory>
 #include <optional>
 #include <QStringList>
+
+#include "frame/dialogueModule.h"
 
 class listePointsDuDessin;
 class pointDuDessin;

@@ -5,9 +5,9 @@
 #include "frame/formatNombres.h"
 #include "frame/listeLisp.h"
 #include "points/projetDansDessin.h"
-#include "ui_DlgChoixPoint.h"
 
 #include "aced.h"
+#include "ui_DlgChoixPoint.h"
 
 namespace {
 

@@ -1,12 +1,13 @@
 #include "points/FileSerializer.h"
 
-#include "dbid.h"
-#include "points/texte8bits.h"
-#include "tchar.h"
-
 #include <array>
 #include <bit>
 #include <cstring>
+
+#include "points/texte8bits.h"
+
+#include "dbid.h"
+#include "tchar.h"
 
 static_assert(std::endian::native == std::endian::little, "payloads are written as they stand in memory");
 

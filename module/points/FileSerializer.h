@@ -1,9 +1,9 @@
 #pragma once
 
-#include "points/QuarvelSerializer.h"
-
 #include <cstdio>
 #include <memory>
+
+#include "points/QuarvelSerializer.h"
 
 /// Items in a binary file without header, little-endian. A typed item is a one-byte tag and its payload:
 ///   i  32-bit integer          d  64-bit float          s  16-bit integer

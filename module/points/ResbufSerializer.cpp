@@ -1,10 +1,10 @@
 #include "points/ResbufSerializer.h"
 
-#include "acutads.h"
-#include "dbads.h"
-
 #include <algorithm>
 #include <cstring>
+
+#include "acutads.h"
+#include "dbads.h"
 
 namespace {
 

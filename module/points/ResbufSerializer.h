@@ -1,7 +1,8 @@
 #pragma once
 
-#include "adsdef.h"
 #include "points/QuarvelSerializer.h"
+
+#include "adsdef.h"
 
 /// Items as a chain of result buffers, one group code a kind of item:
 ///   90   32-bit integer, marker; -9999999 for a null reference      330  object reference

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "afx.h"
 #include "points/exportation.h"
+
+#include "afx.h"
 
 /// Tags of the four attributes of a point's symbol.
 struct attribsPoints {

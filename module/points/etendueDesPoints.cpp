@@ -1,9 +1,9 @@
 #include "points/etendueDesPoints.h"
 
+#include <algorithm>
+
 #include "calculs/grandeur.h"
 #include "points/listePointsDuDessin.h"
-
-#include <algorithm>
 
 std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, std::optional<int> code)
 {

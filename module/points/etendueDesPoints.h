@@ -1,8 +1,8 @@
 #pragma once
 
-#include "frame/etendueVue.h"
-
 #include <optional>
+
+#include "frame/etendueVue.h"
 
 class listePointsDuDessin;
 

@@ -1,12 +1,13 @@
 #include "points/indexNoms.h"
 
-#include "points/texte8bits.h"
-#include "windows.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
 #include <cwchar>
+
+#include "points/texte8bits.h"
+
+#include "windows.h"
 
 namespace {
 

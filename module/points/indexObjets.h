@@ -1,12 +1,13 @@
 #pragma once
 
-#include "dbid.h"
-#include "points/pointDuDessin.h"
-
 #include <cstdint>
 #include <span>
 #include <unordered_map>
 #include <vector>
+
+#include "points/pointDuDessin.h"
+
+#include "dbid.h"
 
 /// Finds the first point that a given entity shows, so that moving many symbols does not walk the table for each.
 /// Points are indexed when a look-up needs them, and again when they may have changed: an answer is always checked

@@ -1,17 +1,17 @@
 #include "points/listePointsDuDessin.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+
 #include "frame/dialogueProgression.h"
 #include "frame/selection.h"
 #include "points/entiteDuPoint.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
 #include "points/texte8bits.h"
-
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <string_view>
 
 namespace {
 

@@ -1,15 +1,16 @@
 #pragma once
 
-#include "afx.h"
-#include "afxtempl.h"
+#include <cstdint>
+#include <unordered_map>
+#include <unordered_set>
+
 #include "points/exportation.h"
 #include "points/indexNoms.h"
 #include "points/indexObjets.h"
 #include "points/pointDuDessin.h"
 
-#include <cstdint>
-#include <unordered_map>
-#include <unordered_set>
+#include "afx.h"
+#include "afxtempl.h"
 
 class QuarvelSerializer;
 

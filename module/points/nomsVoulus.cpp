@@ -1,9 +1,9 @@
 #include "points/nomsVoulus.h"
 
+#include <algorithm>
+
 #include "acutads.h"
 #include "adscodes.h"
-
-#include <algorithm>
 
 std::optional<int> numeroDuNom(const CString& nom)
 {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "afx.h"
-
 #include <optional>
 #include <vector>
+
+#include "afx.h"
 
 /// The number that a point name is: digits alone, blanks around them left out.
 std::optional<int> numeroDuNom(const CString& nom);

@@ -1,13 +1,13 @@
 #include "points/pointDuDessin.h"
 
+#include <cmath>
+#include <cstring>
+
 #include "codification/codificationDuModule.h"
 #include "codification/symbolePoint.h"
 #include "points/pointXYZ.h"
 #include "points/QuarvelSerializer.h"
 #include "points/texte8bits.h"
-
-#include <cmath>
-#include <cstring>
 
 namespace {
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "points/exportation.h"
+
 #include "afx.h"
 #include "dbid.h"
 #include "gepnt3d.h"
-#include "points/exportation.h"
 
 class QuarvelSerializer;
 struct pointXYZ;

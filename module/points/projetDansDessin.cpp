@@ -1,5 +1,7 @@
 #include "points/projetDansDessin.h"
 
+#include <memory>
+
 #include "points/ResbufSerializer.h"
 
 #include "acutads.h"
@@ -7,8 +9,6 @@
 #include "dbdict.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
-
-#include <memory>
 
 projetsTopo* tablesPoints = nullptr;
 int sauverInfosTopo = 0;

@@ -1,10 +1,10 @@
 #include "points/projetsTopo.h"
 
+#include <algorithm>
+
 #include "points/QuarvelSerializer.h"
 
 #include "acutads.h"
-
-#include <algorithm>
 
 const wchar_t* const messageErreurEcriture = L"\t*** ERREUR ***";
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "points/exportation.h"
-#include "points/listePointsDuDessin.h"
-
 #include <memory>
 #include <vector>
+
+#include "points/exportation.h"
+#include "points/listePointsDuDessin.h"
 
 class QuarvelSerializer;
 

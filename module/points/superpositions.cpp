@@ -1,12 +1,12 @@
 #include "points/superpositions.h"
 
-#include "calculs/grandeur.h"
-#include "points/listePointsDuDessin.h"
-
 #include <algorithm>
 #include <numeric>
 #include <set>
 #include <utility>
+
+#include "calculs/grandeur.h"
+#include "points/listePointsDuDessin.h"
 
 namespace {
 

@@ -1,7 +1,6 @@
-#include "points/pointDuDessin.h"
-
 #include "codification/codificationDuModule.h"
 #include "codification/miseAJourSymbole.h"
+#include "points/pointDuDessin.h"
 
 #include "dbapserv.h"
 

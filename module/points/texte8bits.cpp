@@ -1,10 +1,10 @@
 #include "points/texte8bits.h"
 
-#include "windows.h"
-
 #include <algorithm>
 #include <cstring>
 #include <cwchar>
+
+#include "windows.h"
 
 char minuscule8(char c)
 {

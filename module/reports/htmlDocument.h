@@ -1,11 +1,11 @@
 #pragma once
 
-#include "reports/htmlColor.h"
-
 #include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "reports/htmlColor.h"
 
 /// Head line that declares the encoding of the reports, for browsers that would guess.
 inline constexpr char htmlHeadWindows1252[] =

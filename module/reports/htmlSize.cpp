@@ -1,10 +1,10 @@
 #include "reports/htmlSize.h"
 
-#include "reports/nombreFixe.h"
-
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+
+#include "reports/nombreFixe.h"
 
 std::string htmlSize::text() const
 {

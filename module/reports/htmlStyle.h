@@ -1,11 +1,11 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "reports/htmlBorderStyle.h"
 #include "reports/htmlColor.h"
 #include "reports/htmlSize.h"
-
-#include <optional>
-#include <string>
 
 /// A set of CSS properties; only those that were given are written, always in the same order.
 /// One object may serve several classes in turn: each keeps what the earlier ones set.

@@ -1,16 +1,16 @@
 #include "reports/resultPolygo.h"
 
-#include "frame/dialogueFichier.h"
-#include "frame/dossierModule.h"
-#include "reports/navigateur/vueWeb.h"
-#include "ui_resultPolygo.h"
-
-#include "windows.h"
-
 #include <QLibrary>
 #include <QStringList>
 #include <QTextBrowser>
 #include <QUrl>
+
+#include "frame/dialogueFichier.h"
+#include "frame/dossierModule.h"
+#include "reports/navigateur/vueWeb.h"
+
+#include "ui_resultPolygo.h"
+#include "windows.h"
 
 namespace {
 

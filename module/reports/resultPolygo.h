@@ -1,9 +1,9 @@
 #pragma once
 
-#include "frame/dialogueModule.h"
-
 #include <string>
 #include <vector>
+
+#include "frame/dialogueModule.h"
 
 namespace Ui {
 class resultPolygo;

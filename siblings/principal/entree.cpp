@@ -1,8 +1,7 @@
-#include "suiviDessins.h"
+#include <memory>
 
 #include "rxregsvc.h"
-
-#include <memory>
+#include "suiviDessins.h"
 
 namespace {
 

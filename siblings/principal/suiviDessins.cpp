@@ -1,7 +1,8 @@
 #include "suiviDessins.h"
 
-#include "dbents.h"
 #include "points/projetDansDessin.h"
+
+#include "dbents.h"
 
 class suiviDessins::dessinSuivi : public AcDbDatabaseReactor {
 public:

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "acdocman.h"
-#include "points/projetsTopo.h"
-
 #include <memory>
 #include <unordered_map>
+
+#include "points/projetsTopo.h"
+
+#include "acdocman.h"
 
 /// Follows the open drawings: makes a project for each, hands over that of the current one, and destroys it with its
 /// drawing.

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+
 #include <sys/wait.h>
 
 namespace fs = std::filesystem;

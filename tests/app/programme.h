@@ -1,10 +1,11 @@
 #pragma once
 
 #include <filesystem>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 /// What a run of the program gave.
 struct execution {

@@ -1,6 +1,6 @@
-#include "programme.h"
-
 #include <array>
+
+#include "programme.h"
 
 namespace {
 

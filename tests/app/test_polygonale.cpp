@@ -1,7 +1,7 @@
-#include "programme.h"
-
 #include <array>
 #include <cmath>
+
+#include "programme.h"
 
 using nlohmann::json;
 

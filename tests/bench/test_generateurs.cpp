@@ -1,16 +1,17 @@
 // The generated inputs are judged by their own rules, without the kernel that is timed on them.
-#include "generateurs/boucleStations.h"
-#include "generateurs/dessinChantier.h"
-#include "generateurs/dessinReleve.h"
-
 #include <charconv>
 #include <cmath>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <map>
 #include <numbers>
 #include <set>
 #include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "generateurs/boucleStations.h"
+#include "generateurs/dessinChantier.h"
+#include "generateurs/dessinReleve.h"
 
 namespace {
 

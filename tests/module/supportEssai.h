@@ -3,9 +3,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <string>
+
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 /// A support folder of the test program's own, with the symbol library: the program looks for it once only, so it is

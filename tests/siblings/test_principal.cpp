@@ -1,22 +1,21 @@
-#include "points/projetDansDessin.h"
-
-#include "supportEssai.h"
-
-#include "ap/DocumentList.h"
-#include "db/DatabaseImpl.h"
-#include "dbents.h"
-#include "dbsymtb.h"
-#include "ed/Kernel.h"
-#include "rx/ModuleTable.h"
-
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <functional>
 #include <string>
-#include <unistd.h>
 #include <utility>
 #include <vector>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "ap/DocumentList.h"
+#include "db/DatabaseImpl.h"
+#include "ed/Kernel.h"
+#include "points/projetDansDessin.h"
+#include "rx/ModuleTable.h"
+
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "supportEssai.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "db/entities/ArcExtents.h"
 
-#include "db/entities/OcsTransform.h"
-
 #include <cmath>
+
+#include "db/entities/OcsTransform.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "dbents.h"
-
 #include "db/entities/EntityText.h"
+
+#include "dbents.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbAttributeDefinition, AcDbText, ATTDEF)
 ACRX_DXF_DEFINE_MEMBERS(AcDbAttribute, AcDbText, ATTRIB)

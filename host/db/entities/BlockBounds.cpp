@@ -1,6 +1,6 @@
-#include "dbents.h"
-
 #include "db/entities/EntityText.h"
+
+#include "dbents.h"
 #include "dbproxy.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbBlockBegin, AcDbEntity, BLOCK)

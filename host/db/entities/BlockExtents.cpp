@@ -1,11 +1,12 @@
 #include "db/entities/BlockExtents.h"
 
-#include "db/DatabaseImpl.h"
-#include "dbents.h"
-
 #include <algorithm>
 #include <cmath>
 #include <memory>
+
+#include "db/DatabaseImpl.h"
+
+#include "dbents.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "dbmain.h"
-#include "gemat3d.h"
-
 #include <unordered_map>
 #include <vector>
+
+#include "dbmain.h"
+#include "gemat3d.h"
 
 class AcDbBlockReference;
 

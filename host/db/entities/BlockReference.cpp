@@ -1,14 +1,14 @@
-#include "dbents.h"
+#include <algorithm>
+#include <cmath>
+#include <memory>
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/BlockExtents.h"
 #include "db/entities/OcsTransform.h"
 #include "db/entities/OwnedVertices.h"
-#include "dbsymtb.h"
 
-#include <algorithm>
-#include <cmath>
-#include <memory>
+#include "dbents.h"
+#include "dbsymtb.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity, INSERT)
 ACRX_DXF_DEFINE_MEMBERS(AcDbMInsertBlock, AcDbBlockReference, INSERT)

@@ -1,15 +1,15 @@
-#include "dbents.h"
+#include <algorithm>
+#include <cmath>
+#include <memory>
 
 #include "db/entities/ArcExtents.h"
 #include "db/entities/OcsTransform.h"
 #include "db/entities/OnCurve.h"
 #include "db/entities/PathSegment.h"
-#include "dbelipse.h"
-#include "geplane.h"
 
-#include <algorithm>
-#include <cmath>
-#include <memory>
+#include "dbelipse.h"
+#include "dbents.h"
+#include "geplane.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbCircle, AcDbCurve, CIRCLE)
 ACRX_DXF_DEFINE_MEMBERS(AcDbArc, AcDbCurve, ARC)

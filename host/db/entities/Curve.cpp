@@ -1,6 +1,6 @@
-#include "dbcurve.h"
-
 #include "db/entities/CurveIntersection.h"
+
+#include "dbcurve.h"
 #include "gemat3d.h"
 #include "geplane.h"
 

@@ -1,11 +1,12 @@
 #include "db/entities/CurveIntersection.h"
 
-#include "db/entities/PieceIntersection.h"
-#include "geplane.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
+
+#include "db/entities/PieceIntersection.h"
+
+#include "geplane.h"
 
 namespace {
 

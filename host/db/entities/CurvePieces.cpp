@@ -1,12 +1,13 @@
 #include "db/entities/CurvePieces.h"
 
+#include <cmath>
+
 #include "db/entities/OcsTransform.h"
 #include "db/entities/VertexPath.h"
+
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbspline.h"
-
-#include <cmath>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <vector>
+
 #include "dbcurve.h"
 #include "gemat3d.h"
 #include "gepnt2d.h"
-
-#include <vector>
 
 /// A straight or circular piece of a curve as seen on a plane, in coordinates of that plane.
 /// Its parameter runs evenly from 0 to 1; one whose end is free goes on beyond it.

@@ -1,13 +1,13 @@
-#include "dbdim.h"
+#include <memory>
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/BlockExtents.h"
 #include "db/entities/DimensionBlock.h"
 #include "db/entities/EntityText.h"
 #include "db/entities/OcsTransform.h"
-#include "dbents.h"
 
-#include <memory>
+#include "dbdim.h"
+#include "dbents.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDimension, AcDbEntity)
 ACRX_DXF_DEFINE_MEMBERS(AcDbAlignedDimension, AcDbDimension, DIMENSION)

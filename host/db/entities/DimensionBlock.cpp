@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "db/DatabaseImpl.h"
+
 #include "dbsymtb.h"
 
 namespace {

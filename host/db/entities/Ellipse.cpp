@@ -1,7 +1,7 @@
-#include "dbelipse.h"
-
 #include "db/entities/OnCurve.h"
 #include "db/entities/SampledCurve.h"
+
+#include "dbelipse.h"
 #include "gemat3d.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbEllipse, AcDbCurve, ELLIPSE)

@@ -1,10 +1,10 @@
-#include "dbmain.h"
-
 #include "db/DatabaseImpl.h"
 #include "db/entities/EntityText.h"
 #include "db/ObjectExtras.h"
+
 #include "dbapserv.h"
 #include "dbents.h"
+#include "dbmain.h"
 #include "gemat3d.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbEntity, AcDbObject)

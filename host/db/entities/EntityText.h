@@ -1,8 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include "acutmem.h"
 #include "adesk.h"
-#include <string>
 
 /// A new text for the caller of the interface, who releases it (acutDelString).
 inline ACHAR* newText(const std::wstring& text)

@@ -1,8 +1,7 @@
-#include "dbmain.h"
-
-#include "gemat3d.h"
-
 #include <algorithm>
+
+#include "dbmain.h"
+#include "gemat3d.h"
 
 namespace {
 constexpr double farthest = 1e20;

@@ -1,6 +1,6 @@
-#include "dbents.h"
-
 #include "db/entities/OcsTransform.h"
+
+#include "dbents.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbFace, AcDbEntity, 3DFACE)
 ACRX_DXF_DEFINE_MEMBERS(AcDbSolid, AcDbEntity, SOLID)

@@ -1,10 +1,10 @@
-#include "dbhatch.h"
+#include <algorithm>
+#include <cmath>
 
 #include "db/entities/HatchEdges.h"
 #include "db/entities/OcsTransform.h"
 
-#include <algorithm>
-#include <cmath>
+#include "dbhatch.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbHatch, AcDbEntity, HATCH)
 

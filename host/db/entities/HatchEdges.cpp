@@ -1,9 +1,9 @@
 #include "db/entities/HatchEdges.h"
 
-#include "dbspline.h"
-
 #include <algorithm>
 #include <cmath>
+
+#include "dbspline.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db/entities/VertexPath.h"
+
 #include "dbhatch.h"
 
 /// The outlines of a hatch as they stand among its groups: runs of groups in which every code has one meaning.

@@ -1,10 +1,10 @@
-#include "dbents.h"
+#include <algorithm>
 
 #include "db/entities/OnCurve.h"
+
+#include "dbents.h"
 #include "gelnsg3d.h"
 #include "geplane.h"
-
-#include <algorithm>
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbLine, AcDbCurve, LINE)
 

@@ -1,14 +1,14 @@
-#include "dbmtext.h"
+#include <algorithm>
+#include <cmath>
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/EntityText.h"
 #include "db/entities/MTextLines.h"
 #include "db/entities/OcsTransform.h"
 #include "db/entities/TextBox.h"
-#include "dbents.h"
 
-#include <algorithm>
-#include <cmath>
+#include "dbents.h"
+#include "dbmtext.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbMText, AcDbEntity, MTEXT)
 

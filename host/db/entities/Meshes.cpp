@@ -1,8 +1,8 @@
-#include "dbents.h"
+#include <cstdlib>
 
 #include "db/entities/OwnedVertices.h"
 
-#include <cstdlib>
+#include "dbents.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbPolygonMesh, AcDbEntity, POLYLINE)
 ACRX_DXF_DEFINE_MEMBERS(AcDbPolyFaceMesh, AcDbEntity, POLYLINE)

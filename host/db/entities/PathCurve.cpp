@@ -1,5 +1,6 @@
 #include "db/entities/OnCurve.h"
 #include "db/entities/VertexPath.h"
+
 #include "dbcurve.h"
 
 Acad::ErrorStatus AcDbPathCurve::getStartParam(double& param) const

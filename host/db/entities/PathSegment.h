@@ -1,8 +1,9 @@
 #pragma once
 
-#include "gepnt3d.h"
 #include <algorithm>
 #include <cmath>
+
+#include "gepnt3d.h"
 
 /// The same direction, in [0, a whole turn).
 inline double inOneTurn(double angle)

@@ -1,11 +1,11 @@
-#include "dbpl.h"
+#include <algorithm>
+#include <cmath>
 
 #include "db/entities/OcsTransform.h"
 #include "db/entities/VertexPath.h"
-#include "dbents.h"
 
-#include <algorithm>
-#include <cmath>
+#include "dbents.h"
+#include "dbpl.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbPolyline, AcDbCurve, LWPOLYLINE)
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "gepnt3d.h"
-
 #include <algorithm>
 #include <cmath>
+
+#include "gepnt3d.h"
 
 /// Lengths and nearest points of curves that have no formula for them.
 namespace sampled_curve {

@@ -1,7 +1,7 @@
-#include "dbspline.h"
-
 #include "db/entities/OnCurve.h"
 #include "db/entities/SampledCurve.h"
+
+#include "dbspline.h"
 #include "gemat3d.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbSpline, AcDbCurve, SPLINE)

@@ -1,12 +1,12 @@
-#include "dbents.h"
+#include <cmath>
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/EntityText.h"
 #include "db/entities/OcsTransform.h"
 #include "db/entities/TextBox.h"
-#include "dbapserv.h"
 
-#include <cmath>
+#include "dbapserv.h"
+#include "dbents.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbText, AcDbEntity, TEXT)
 

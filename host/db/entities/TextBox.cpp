@@ -1,9 +1,9 @@
 #include "db/entities/TextBox.h"
 
-#include "db/entities/OcsTransform.h"
-
 #include <cmath>
 #include <cwctype>
+
+#include "db/entities/OcsTransform.h"
 
 std::size_t shownCharacters(std::wstring_view text)
 {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dbmain.h"
-
 #include <string_view>
+
+#include "dbmain.h"
 
 /// Where a text is reckoned to stand. Fonts are not looked into: a character is as wide as the text is high, times the
 /// width factor.

@@ -1,8 +1,8 @@
-#include "dbents.h"
-
 #include "db/entities/OcsTransform.h"
 #include "db/entities/OwnedVertices.h"
 #include "db/entities/VertexPath.h"
+
+#include "dbents.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDb2dPolyline, AcDbCurve, POLYLINE)
 ACRX_DXF_DEFINE_MEMBERS(AcDb3dPolyline, AcDbCurve, POLYLINE)

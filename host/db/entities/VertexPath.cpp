@@ -2,6 +2,7 @@
 
 #include "db/entities/ArcExtents.h"
 #include "db/entities/OcsTransform.h"
+
 #include "dbents.h"
 
 namespace {

@@ -1,8 +1,10 @@
 #pragma once
 
-#include "db/entities/PathSegment.h"
-#include "dbpl.h"
 #include <vector>
+
+#include "db/entities/PathSegment.h"
+
+#include "dbpl.h"
 
 /// The vertices of a polyline as a curve. Its parameter is that of polylines: i + t on segment i.
 /// Points are in the world; vertices are along the axes of the plane of `normal`.

@@ -1,6 +1,6 @@
-#include "dbents.h"
-
 #include <cstdlib>
+
+#include "dbents.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbSequenceEnd, AcDbEntity, SEQEND)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbVertex, AcDbEntity)

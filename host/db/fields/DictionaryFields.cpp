@@ -1,8 +1,8 @@
 #include "db/fields/TableFields.h"
+#include "dxf/DxfEncoding.h"
 
 #include "dbdict.h"
 #include "dbxrecrd.h"
-#include "dxf/DxfEncoding.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "db/fields/DxfFields.h"
-
 #include "db/fields/EntityFields.h"
 #include "db/fields/TableFields.h"
+
 #include "dbproxy.h"
 
 DxfClasses::DxfClasses()

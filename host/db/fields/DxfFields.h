@@ -11,10 +11,11 @@
 #include <vector>
 
 #include "db/fields/NameKind.h"
-#include "dbmain.h"
 #include "dxf/DxfAngle.h"
 #include "dxf/DxfTagWriter.h"
 #include "dxf/DxfValue.h"
+
+#include "dbmain.h"
 #include "gepnt2d.h"
 #include "gepnt3d.h"
 #include "gevec3d.h"

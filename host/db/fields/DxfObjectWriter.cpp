@@ -1,9 +1,10 @@
 #include "db/fields/DxfObjectWriter.h"
 
 #include "db/DatabaseImpl.h"
-#include "dbxrecrd.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/R12Subclasses.h"
+
+#include "dbxrecrd.h"
 
 namespace {
 

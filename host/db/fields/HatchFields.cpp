@@ -1,7 +1,7 @@
-#include "db/fields/EntityFields.h"
-
 #include <algorithm>
 #include <cmath>
+
+#include "db/fields/EntityFields.h"
 
 #include "dbhatch.h"
 

@@ -1,10 +1,10 @@
-#include "db/fields/EntityFields.h"
-
 #include <cmath>
 
 #include "db/entities/OcsTransform.h"
-#include "dbmtext.h"
+#include "db/fields/EntityFields.h"
 #include "dxf/DxfEncoding.h"
+
+#include "dbmtext.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "db/fields/EntityFields.h"
-
 #include <algorithm>
+
+#include "db/fields/EntityFields.h"
 
 #include "dbpl.h"
 

@@ -2,12 +2,13 @@
 
 #include <cstdarg>
 
-#include "acedCmdNF.h"
 #include "ed/CommandRunner.h"
 #include "ed/input/CommandInputs.h"
 #include "ed/input/EditorInput.h"
 #include "ed/input/PendingCommands.h"
 #include "rx/ResbufKind.h"
+
+#include "acedCmdNF.h"
 
 namespace {
 

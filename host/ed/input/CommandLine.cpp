@@ -1,11 +1,12 @@
 #include "ed/input/CommandLine.h"
 
-#include "acdocman.h"
 #include "ed/input/EditorInput.h"
 #include "ed/input/LispAnswer.h"
 #include "ed/SystemVariables.h"
 #include "lisp/drawing/LispSession.h"
 #include "rx/Console.h"
+
+#include "acdocman.h"
 
 namespace {
 

@@ -2,13 +2,14 @@
 
 #include <cmath>
 
-#include "acdocman.h"
-#include "aced.h"
-#include "dbads.h"
 #include "dxf/DxfValue.h"
 #include "ed/input/Question.h"
 #include "ed/input/SnapWords.h"
 #include "ed/select/EntityTags.h"
+
+#include "acdocman.h"
+#include "aced.h"
+#include "dbads.h"
 #include "gemat3d.h"
 
 namespace {

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ed/SystemVariables.h"
+
 #include "aced.h"
 #include "dbsymtb.h"
-#include "ed/SystemVariables.h"
 
 namespace {
 

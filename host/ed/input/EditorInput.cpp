@@ -4,10 +4,11 @@
 #include <iterator>
 #include <utility>
 
-#include "acdocman.h"
 #include "ed/CommandRunner.h"
 #include "ed/input/LispAnswer.h"
 #include "rx/Console.h"
+
+#include "acdocman.h"
 
 EditorInput& EditorInput::instance()
 {

@@ -2,11 +2,12 @@
 
 #include <cstdint>
 #include <cstring>
-#include <cxxabi.h>
 #include <new>
+#include <utility>
+
+#include <cxxabi.h>
 #include <sys/mman.h>
 #include <ucontext.h>
-#include <utility>
 
 #include "platform/StackBounds.h"
 

@@ -2,12 +2,13 @@
 
 #include <cmath>
 
-#include "acdocman.h"
 #include "ed/input/InputTexts.h"
 #include "ed/input/Question.h"
 #include "ed/input/TypedPoint.h"
 #include "rx/TypedAngle.h"
 #include "rx/TypedNumber.h"
+
+#include "acdocman.h"
 
 namespace {
 

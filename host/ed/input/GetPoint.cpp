@@ -1,9 +1,10 @@
 // acedGetPoint and acedGetCorner.
 
-#include "acdocman.h"
 #include "ed/input/PointFilter.h"
 #include "ed/SystemVariables.h"
 #include "rx/Console.h"
+
+#include "acdocman.h"
 
 namespace {
 

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <limits>
 
-#include "acdocman.h"
-#include "acutmem.h"
 #include "ed/input/InputTexts.h"
 #include "ed/input/Question.h"
 #include "lisp/LispHooks.h"
 #include "rx/Console.h"
 #include "rx/TypedNumber.h"
+
+#include "acdocman.h"
+#include "acutmem.h"
 
 namespace {
 

@@ -3,14 +3,15 @@
 #include <cmath>
 #include <deque>
 
-#include "acdocman.h"
-#include "aced.h"
-#include "dbads.h"
 #include "ed/input/DisplayHook.h"
 #include "ed/input/PickFirst.h"
 #include "ed/input/Question.h"
 #include "ed/input/Transients.h"
 #include "rx/ResbufKind.h"
+
+#include "acdocman.h"
+#include "aced.h"
+#include "dbads.h"
 
 namespace {
 

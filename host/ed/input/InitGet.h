@@ -1,7 +1,8 @@
 #pragma once
 
-#include "adscodes.h"
 #include "ed/input/Keywords.h"
+
+#include "adscodes.h"
 
 /// What acedInitGet says of the next request.
 struct InitGet {

@@ -1,12 +1,8 @@
 // AcEdJig: an entity that follows the cursor.
 
-#include "dbjig.h"
-
 #include <cmath>
 #include <cstdarg>
 
-#include "acdocman.h"
-#include "dbsymtb.h"
 #include "ed/input/InputTexts.h"
 #include "ed/input/Question.h"
 #include "ed/input/Transients.h"
@@ -15,6 +11,10 @@
 #include "platform/WideFormat.h"
 #include "rx/TypedAngle.h"
 #include "rx/TypedNumber.h"
+
+#include "acdocman.h"
+#include "dbjig.h"
+#include "dbsymtb.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcEdJig, AcRxObject)
 

@@ -2,11 +2,12 @@
 
 #include <charconv>
 
-#include "acdocman.h"
 #include "ed/select/SelectionSets.h"
 #include "lisp/drawing/LispSession.h"
 #include "rx/Console.h"
 #include "rx/TypedNumber.h"
+
+#include "acdocman.h"
 
 namespace {
 

@@ -1,8 +1,9 @@
 #include "ed/input/PendingCommands.h"
 
-#include "acdocman.h"
 #include "ed/CommandRunner.h"
 #include "lisp/LispHooks.h"
+
+#include "acdocman.h"
 
 /// One (command ...): a fiber in which commands run, and what they are given.
 class PendingCommands::Pending {

@@ -2,8 +2,9 @@
 
 #include <vector>
 
-#include "dbid.h"
 #include "ed/CommandRunner.h"
+
+#include "dbid.h"
 
 /// What commands do to what was selected before them: one that takes it (ACRX_CMD_USEPICKSET) finds it, as AutoLISP
 /// functions do; for others it is let go. Afterwards it is let go too, unless the command leaves it selected

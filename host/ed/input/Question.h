@@ -2,8 +2,9 @@
 
 #include <functional>
 
-#include "aced.h"
 #include "ed/input/EditorInput.h"
+
+#include "aced.h"
 
 /// One question of the C-style functions: takes what acedInitGet has set, deals with Escape, Enter alone, keywords and
 /// other texts alike for all of them, and asks again what makes no sense.

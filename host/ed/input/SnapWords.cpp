@@ -1,9 +1,10 @@
 #include "ed/input/SnapWords.h"
 
-#include "acdocman.h"
 #include "ed/select/AreaPicking.h"
 #include "gi/ObjectSnap.h"
 #include "platform/LetterCase.h"
+
+#include "acdocman.h"
 
 namespace {
 

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "acdocman.h"
 #include "ap/DocumentData.h"
+
+#include "acdocman.h"
 
 namespace {
 

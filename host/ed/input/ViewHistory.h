@@ -2,8 +2,9 @@
 
 #include <vector>
 
-#include "acdocman.h"
 #include "ed/input/CurrentView.h"
+
+#include "acdocman.h"
 
 /// The views that a document showed before the present one, for ZOOM Previous.
 class ViewHistory {

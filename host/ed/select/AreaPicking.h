@@ -2,8 +2,9 @@
 
 #include <vector>
 
-#include "dbmain.h"
 #include "gi/Picking.h"
+
+#include "dbmain.h"
 
 /// What a user points at, in the space shown: entities the youngest first.
 

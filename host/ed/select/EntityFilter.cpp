@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "adscodes.h"
 #include "ed/select/FilterTest.h"
 #include "platform/LetterCase.h"
+
+#include "adscodes.h"
 
 namespace {
 

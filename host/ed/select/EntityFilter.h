@@ -3,9 +3,10 @@
 #include <memory>
 #include <optional>
 
+#include "ed/select/EntityTags.h"
+
 #include "adsdef.h"
 #include "dbid.h"
-#include "ed/select/EntityTags.h"
 
 /// Which entities a selection set takes: the filter of acedSSGet, ready to be asked of many entities.
 /// See acedSSGet for what its items mean. Where an entity leaves a value out, the value that this means counts (layer

@@ -1,9 +1,6 @@
 // acedEntSel, acedNEntSel and acedNEntSelP.
 
-#include "acdocman.h"
-#include "aced.h"
 #include "db/Record.h"
-#include "dbents.h"
 #include "ed/input/InputTexts.h"
 #include "ed/input/Question.h"
 #include "ed/input/TypedPoint.h"
@@ -11,6 +8,10 @@
 #include "ed/select/EntitySearch.h"
 #include "ed/SystemVariables.h"
 #include "rx/ResbufChain.h"
+
+#include "acdocman.h"
+#include "aced.h"
+#include "dbents.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/Layouts.h"
+
 #include "dbsymtb.h"
 
 std::vector<AcDbObjectId> EntitySearch::inBlock(AcDbObjectId block, Layers layers)

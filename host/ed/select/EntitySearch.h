@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "db/DatabaseImpl.h"
-#include "dbmain.h"
 #include "ed/select/EntityFilter.h"
+
+#include "dbmain.h"
 
 /// Looks through the entities of a drawing: which pass a filter, and what their layers allow. Entities come the
 /// youngest first, as selection sets hold them.

@@ -10,6 +10,7 @@
 #include "platform/LetterCase.h"
 #include "rx/ResbufKind.h"
 #include "rx/WildcardMatch.h"
+
 #include "rxclass.h"
 
 namespace {

@@ -5,9 +5,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "ed/select/EntityFilter.h"
+
 #include "adsdef.h"
 #include "dbid.h"
-#include "ed/select/EntityFilter.h"
 
 /// How a value of an entity is compared with that of the filter.
 enum class FilterRelation { equal, different, less, atMost, greater, atLeast, anything, someBit, allBits };

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
-#include "acdocman.h"
 #include "ap/DocumentData.h"
 #include "ed/input/InputTexts.h"
 #include "ed/input/PickFirst.h"
 #include "ed/input/TypedPoint.h"
 #include "ed/select/EntitySearch.h"
 #include "rx/Console.h"
+
+#include "acdocman.h"
 
 namespace {
 

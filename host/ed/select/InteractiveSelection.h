@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "dbmain.h"
 #include "ed/input/Question.h"
 #include "ed/select/AreaPicking.h"
 #include "ed/select/PickEffect.h"
 #include "ed/select/SelectionCall.h"
 #include "ed/select/SelectionSets.h"
+
+#include "dbmain.h"
 
 /// "Choix des objets" until Enter: points, windows, fences, options, entities; adding and removing.
 class InteractiveSelection {

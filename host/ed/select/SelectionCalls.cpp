@@ -1,8 +1,5 @@
 // acedSSGet and what is done with selection sets.
 
-#include "acdocman.h"
-#include "aced.h"
-#include "dbads.h"
 #include "ed/input/InputTexts.h"
 #include "ed/input/PickFirst.h"
 #include "ed/input/PickFirstRule.h"
@@ -11,6 +8,10 @@
 #include "rx/Console.h"
 #include "rx/ResbufChain.h"
 #include "rx/ResbufKind.h"
+
+#include "acdocman.h"
+#include "aced.h"
+#include "dbads.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
-#include "acutads.h"
 #include "lisp/builtins/Builtins.h"
 #include "lisp/eval/LispArgument.h"
+
+#include "acutads.h"
 
 namespace {
 

@@ -6,13 +6,14 @@
 #include <numbers>
 #include <optional>
 
-#include "acedads.h"
 #include "lisp/builtins/Builtins.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispNumber.h"
 #include "lisp/eval/LispTexts.h"
 #include "rx/TypedAngle.h"
+
+#include "acedads.h"
 
 namespace {
 

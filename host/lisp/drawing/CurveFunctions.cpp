@@ -1,11 +1,12 @@
 // vlax-curve-...: what a curve, given by its entity name, tells of its points, parameters and lengths. nil for a point
 // that is not on it and for a parameter or a length beyond its ends.
 
-#include "dbcurve.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
+
+#include "dbcurve.h"
 
 namespace {
 

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
-#include "acdocman.h"
 #include "ap/DocumentData.h"
 #include "db/DatabaseImpl.h"
-#include "dbents.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
+
+#include "acdocman.h"
+#include "dbents.h"
 
 namespace {
 

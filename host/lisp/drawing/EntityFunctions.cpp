@@ -1,9 +1,10 @@
-#include "dbents.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/DrawingWalks.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
+
+#include "dbents.h"
 
 namespace {
 

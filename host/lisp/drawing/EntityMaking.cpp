@@ -3,9 +3,6 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectReader.h"
-#include "dbents.h"
-#include "dbsymtb.h"
-#include "dbxrecrd.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/EntityLists.h"
 #include "lisp/drawing/EntitySequence.h"
@@ -15,6 +12,10 @@
 #include "lisp/eval/LispContext.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
+
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "dbxrecrd.h"
 
 namespace {
 

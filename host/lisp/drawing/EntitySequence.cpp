@@ -2,18 +2,19 @@
 
 #include <algorithm>
 
-#include "acdocman.h"
 #include "ap/DocumentData.h"
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectReader.h"
-#include "dbentvrt.h"
-#include "dbsymtb.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/drawing/RecordMaking.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
 #include "platform/CodePage.h"
+
+#include "acdocman.h"
+#include "dbentvrt.h"
+#include "dbsymtb.h"
 
 namespace {
 

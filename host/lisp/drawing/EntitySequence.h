@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "dbents.h"
 #include "lisp/drawing/EntityLists.h"
+
+#include "dbents.h"
 
 /// Entities that entmake makes from several lists: POLYLINE with its VERTEX, INSERT with its ATTRIB, up to SEQEND; a
 /// BLOCK with its entities, up to ENDBLK. Nothing is in the drawing before the last list; a list that does not belong

@@ -1,5 +1,3 @@
-#include "acedads.h"
-#include "acedCmdNF.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/eval/LispArgument.h"
@@ -7,6 +5,9 @@
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
 #include "lisp/LispHooks.h"
+
+#include "acedads.h"
+#include "acedCmdNF.h"
 
 namespace {
 

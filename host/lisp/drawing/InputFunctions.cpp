@@ -1,7 +1,5 @@
 // initget and the functions that ask: getpoint, getstring, entsel...
 
-#include "acdocman.h"
-#include "aced.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/drawing/ScreenValues.h"
@@ -10,6 +8,9 @@
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
 #include "rx/ResbufChain.h"
+
+#include "acdocman.h"
+#include "aced.h"
 
 namespace {
 

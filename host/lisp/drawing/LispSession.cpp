@@ -1,6 +1,7 @@
 #include "lisp/drawing/LispSession.h"
 
-#include "adscodes.h"
+#include <algorithm>
+
 #include "ap/DocumentData.h"
 #include "lisp/builtins/Builtins.h"
 #include "lisp/drawing/DrawingBuiltins.h"
@@ -13,7 +14,7 @@
 #include "lisp/LispHooks.h"
 #include "rx/Console.h"
 
-#include <algorithm>
+#include "adscodes.h"
 
 namespace {
 

@@ -3,8 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "acdocman.h"
 #include "lisp/eval/LispContext.h"
+
+#include "acdocman.h"
 
 /// AutoLISP of one document: the language, the functions of the drawing and of the command line, and those that modules
 /// define. Lives as long as the document.

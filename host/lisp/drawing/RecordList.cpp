@@ -6,9 +6,6 @@
 #include "db/fields/DxfObjectWriter.h"
 #include "db/Layouts.h"
 #include "db/ResbufTags.h"
-#include "dbapserv.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "dxf/DxfAngle.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/eval/LispArgument.h"
@@ -18,6 +15,10 @@
 #include "platform/LetterCase.h"
 #include "rx/ResbufKind.h"
 #include "rx/WildcardMatch.h"
+
+#include "dbapserv.h"
+#include "dbents.h"
+#include "dbsymtb.h"
 
 namespace {
 

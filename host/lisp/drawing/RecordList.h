@@ -1,7 +1,8 @@
 #pragma once
 
-#include "dbid.h"
 #include "lisp/eval/LispValue.h"
+
+#include "dbid.h"
 
 class LispContext;
 

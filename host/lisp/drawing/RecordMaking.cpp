@@ -5,11 +5,12 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectReader.h"
-#include "dbdict.h"
-#include "dbsymtb.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/eval/LispArgument.h"
 #include "platform/CodePage.h"
+
+#include "dbdict.h"
+#include "dbsymtb.h"
 
 namespace {
 

@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "lisp/drawing/EntityLists.h"
+
 #include "dbid.h"
 #include "dbxrecrd.h"
-#include "lisp/drawing/EntityLists.h"
 
 /// Whether entmake makes a record of a table of this kind: LAYER, STYLE, LTYPE, APPID, DIMSTYLE.
 bool isTableRecord(const std::wstring& kind);

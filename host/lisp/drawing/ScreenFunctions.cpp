@@ -1,6 +1,5 @@
 // What is shown: grdraw, grtext, redraw..., and coordinates: trans, osnap.
 
-#include "aced.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/drawing/ScreenValues.h"
@@ -8,6 +7,8 @@
 #include "lisp/eval/LispContext.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
+
+#include "aced.h"
 
 LispValue pointValue(const ads_point point)
 {

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "adsdef.h"
 #include "lisp/eval/LispValue.h"
+
+#include "adsdef.h"
 
 /// What the interface's C-style functions give, as values.
 

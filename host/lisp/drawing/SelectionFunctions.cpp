@@ -1,6 +1,5 @@
 // Selection sets: ssget, ssadd, ssname...
 
-#include "aced.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/drawing/ScreenValues.h"
@@ -10,6 +9,8 @@
 #include "lisp/eval/LispTexts.h"
 #include "rx/ResbufChain.h"
 #include "rx/ResbufKind.h"
+
+#include "aced.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
 // acedGetSym and acedPutSym.
 
-#include "acdocman.h"
-#include "aced.h"
 #include "lisp/drawing/LispConversion.h"
 #include "lisp/drawing/LispSession.h"
 #include "lisp/eval/LispError.h"
+
+#include "acdocman.h"
+#include "aced.h"
 
 int acedGetSym(const ACHAR* name, resbuf** value)
 {

@@ -2,7 +2,6 @@
 #include <memory>
 
 #include "db/Record.h"
-#include "dbsymtb.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/DrawingWalks.h"
 #include "lisp/drawing/RecordList.h"
@@ -10,6 +9,8 @@
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
 #include "platform/LetterCase.h"
+
+#include "dbsymtb.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "gepnt3d.h"
 #include "lisp/eval/LispValue.h"
+
+#include "gepnt3d.h"
 
 /// Arguments as what a function expects. All of them throw the LispError "argument de type incorrect" otherwise.
 namespace lisp_argument {

@@ -1,11 +1,12 @@
 #include "lisp/eval/LispPrinter.h"
 
-#include "adscodes.h"
 #include "lisp/eval/LispBuiltin.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispFile.h"
 #include "lisp/eval/LispTexts.h"
 #include "lisp/LispText.h"
+
+#include "adscodes.h"
 
 namespace {
 

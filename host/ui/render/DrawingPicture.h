@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QString>
-
 #include <optional>
+#include <QString>
 
 #include "ed/PlotHook.h"
 #include "gi/Box2d.h"

@@ -1,11 +1,10 @@
 #include "ui/render/GlyphShapes.h"
 
+#include <cmath>
+#include <cwctype>
 #include <QFont>
 #include <QString>
 #include <QTransform>
-
-#include <cmath>
-#include <cwctype>
 
 #include "gi/TextMetrics.h"
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QPainterPath>
-#include <QRawFont>
-
 #include <map>
 #include <optional>
+#include <QPainterPath>
+#include <QRawFont>
 #include <unordered_map>
 
 /// The characters that texts are painted with: their shapes, in heights of a capital letter, y upwards, the beginning

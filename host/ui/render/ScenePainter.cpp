@@ -1,12 +1,11 @@
 #include "ui/render/ScenePainter.h"
 
+#include <cmath>
 #include <QGlyphRun>
 #include <QList>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
-
-#include <cmath>
 
 #include "gi/Scene.h"
 #include "gi/TextMetrics.h"

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QColor>
-
 #include <memory>
 #include <optional>
+#include <QColor>
 
 #include "gi/GraphicsSink.h"
 #include "gi/SceneView.h"

@@ -8,8 +8,6 @@
 
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "lisp/drawing/LispSession.h"
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
@@ -18,6 +16,9 @@
 #include "ui/script/ScriptCheck.h"
 #include "ui/script/ScriptError.h"
 #include "ui/script/ScriptText.h"
+
+#include "dbents.h"
+#include "dbsymtb.h"
 
 namespace {
 

@@ -6,9 +6,10 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "gepnt3d.h"
 #include "gi/ObjectSnap.h"
 #include "ui/window/CanvasPicture.h"
+
+#include "gepnt3d.h"
 
 class AcApDocument;
 class CommandInput;

@@ -3,8 +3,9 @@
 #include <QPointF>
 #include <QSize>
 
-#include "gepnt2d.h"
 #include "gi/SceneView.h"
+
+#include "gepnt2d.h"
 
 /// Which part of the drawing a canvas of so many pixels shows.
 struct CanvasView {

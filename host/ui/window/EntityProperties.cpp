@@ -4,13 +4,14 @@
 #include <array>
 #include <memory>
 
+#include "ui/window/ColorDialog.h"
+#include "ui/window/DrawingEdit.h"
+#include "ui/window/PropertyRows.h"
+
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
-#include "ui/window/ColorDialog.h"
-#include "ui/window/DrawingEdit.h"
-#include "ui/window/PropertyRows.h"
 
 namespace {
 

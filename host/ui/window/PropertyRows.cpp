@@ -3,12 +3,13 @@
 #include <cmath>
 #include <numbers>
 
+#include "ui/window/ColorDialog.h"
+
 #include "acutmem.h"
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
-#include "ui/window/ColorDialog.h"
 
 using Kind = EntityProperty::Kind;
 

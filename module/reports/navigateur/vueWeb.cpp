@@ -6,6 +6,7 @@
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 #include <QWebEngineView>
+
 #include <unistd.h>
 
 namespace {

@@ -1,16 +1,18 @@
-#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "../rx/moduleTalk.h"
 #include "ap/DocumentData.h"
 #include "ap/DocumentList.h"
 #include "ap/UndoMarks.h"
-#include "dbapserv.h"
-#include "FakeDatabase.h"
 #include "platform/CodePage.h"
 #include "rx/ModuleTable.h"
+
+#include "dbapserv.h"
+#include "FakeDatabase.h"
 
 namespace {
 

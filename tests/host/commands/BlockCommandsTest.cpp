@@ -1,6 +1,7 @@
-#include "CommandTest.h"
 #include "db/DatabaseImpl.h"
 #include "platform/CodePage.h"
+
+#include "CommandTest.h"
 
 /// INSERT and EXPLODE, with a block that comes from a file: a circle about its base, and two attributes.
 

@@ -8,10 +8,11 @@
 #include "db/DatabaseImpl.h"
 #include "db/Opening.h"
 #include "db/SavePlan.h"
-#include "dbsymtb.h"
 #include "ed/input/CommandLine.h"
-#include "EntityTexts.h"
 #include "rx/Console.h"
+
+#include "dbsymtb.h"
+#include "EntityTexts.h"
 
 namespace fs = std::filesystem;
 

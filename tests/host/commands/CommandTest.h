@@ -2,14 +2,16 @@
 
 #include <deque>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "ap/DocumentList.h"
-#include "dbmain.h"
 #include "ed/input/EditorInput.h"
 #include "ed/Kernel.h"
+
+#include "dbmain.h"
 
 /// Answers as a person would type them, in order. "ESC" is Escape.
 class TypedAnswers : public InputSource {

@@ -7,11 +7,12 @@
 #include <numbers>
 
 #include "commands/Drawing.h"
+#include "platform/CodePage.h"
+
 #include "dbdim.h"
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbmtext.h"
-#include "platform/CodePage.h"
 
 namespace {
 

@@ -1,13 +1,14 @@
 #include <fstream>
 
-#include "acutmem.h"
 #include "commands/CommandHooks.h"
 #include "commands/Variables.h"
-#include "CommandTest.h"
 #include "ed/CommandStack.h"
 #include "ed/input/CurrentView.h"
 #include "ed/PlotHook.h"
 #include "platform/CodePage.h"
+
+#include "acutmem.h"
+#include "CommandTest.h"
 
 /// Files, history, layers, names, measures, the view, the session.
 

@@ -4,9 +4,10 @@
 #include <map>
 #include <random>
 
-#include "CommandTest.h"
 #include "db/DatabaseImpl.h"
 #include "platform/CodePage.h"
+
+#include "CommandTest.h"
 
 /// Thousands of random commands with U and REDO among them. Whenever the history is back at a state, the drawing is the
 /// one of that state, byte for byte after saving; in the end it is the one that was opened.

@@ -1,9 +1,8 @@
-#include "SmallDrawing.h"
-
 #include "acutmem.h"
 #include "dbads.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
+#include "SmallDrawing.h"
 
 /// One change at a time: only the tags that changed differ in the saved file.
 

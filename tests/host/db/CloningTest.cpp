@@ -1,10 +1,9 @@
-#include "SmallDrawing.h"
-
 #include <algorithm>
 
 #include "acutmem.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
+#include "SmallDrawing.h"
 
 /// Copies within a drawing, and drawings that become blocks of another.
 

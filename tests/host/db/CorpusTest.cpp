@@ -1,9 +1,8 @@
-#include "SmallDrawing.h"
-
 #include <fstream>
 #include <random>
 
 #include "exerciseDrawing.h"
+#include "SmallDrawing.h"
 
 /// The drawings that fuzzing starts from, whole and spoiled.
 

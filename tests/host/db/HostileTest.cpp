@@ -1,5 +1,3 @@
-#include "SmallDrawing.h"
-
 #include <algorithm>
 
 #include "acutmem.h"
@@ -7,6 +5,7 @@
 #include "dbproxy.h"
 #include "dbsymtb.h"
 #include "exerciseDrawing.h"
+#include "SmallDrawing.h"
 
 /// Drawings that are wrong, by accident or on purpose: nothing hangs, nothing is lost, the user is told once.
 

@@ -1,5 +1,3 @@
-#include "SmallDrawing.h"
-
 #include <algorithm>
 #include <set>
 
@@ -7,6 +5,7 @@
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbsymtb.h"
+#include "SmallDrawing.h"
 
 /// Objects made by a program: saved, read again, found as they were.
 

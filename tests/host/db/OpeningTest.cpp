@@ -1,8 +1,7 @@
-#include "SmallDrawing.h"
-
 #include "acutmem.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
+#include "SmallDrawing.h"
 
 /// Who may open what, and who is told of it.
 

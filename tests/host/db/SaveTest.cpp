@@ -1,9 +1,10 @@
-#include "SmallDrawing.h"
-
 #include <csignal>
+
 #include <sys/resource.h>
 
 #include "dxf/DxfTag.h"
+
+#include "SmallDrawing.h"
 
 /// What saving leaves as it was, byte for byte.
 

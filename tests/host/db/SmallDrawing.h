@@ -2,13 +2,15 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "db/DatabaseImpl.h"
 #include "db/Opening.h"
+
 #include "dbents.h"
 #include "dbxrecrd.h"
 

@@ -1,11 +1,10 @@
-#include "SmallDrawing.h"
-
 #include <ctime>
 
 #include "acutmem.h"
 #include "dbdict.h"
 #include "dbproxy.h"
 #include "dbsymtb.h"
+#include "SmallDrawing.h"
 
 /// Names in tables and dictionaries.
 

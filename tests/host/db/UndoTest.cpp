@@ -1,4 +1,5 @@
 #include "db/UndoTrial.h"
+
 #include "dbsymtb.h"
 #include "SmallDrawing.h"
 

@@ -1,12 +1,12 @@
-#include "SmallDrawing.h"
-
 #include <algorithm>
 #include <limits>
 
-#include "acutmem.h"
-#include "dbdict.h"
 #include "dxf/DxfTag.h"
 #include "platform/CodePage.h"
+
+#include "acutmem.h"
+#include "dbdict.h"
+#include "SmallDrawing.h"
 
 /// Data of xrecords, as chains.
 

@@ -5,17 +5,18 @@
 #include <string>
 #include <vector>
 
-#include "acutmem.h"
 #include "db/DatabaseImpl.h"
 #include "db/Opening.h"
 #include "db/SavePlan.h"
+#include "gi/GraphicsSink.h"
+#include "gi/ObjectSnap.h"
+#include "gi/Picking.h"
+
+#include "acutmem.h"
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
-#include "gi/GraphicsSink.h"
-#include "gi/ObjectSnap.h"
-#include "gi/Picking.h"
 
 /// Does to a drawing what programs do: whatever it holds, nothing crashes, hangs or stays open, and what is saved can
 /// be read again.

@@ -1,13 +1,15 @@
-#include "dwg/ConverterProcess.h"
-#include "dwg/DwgConverter.h"
-#include "DwgSample.h"
-#include "platform/TempFiles.h"
-#include "TestFolder.h"
-
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <random>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "dwg/ConverterProcess.h"
+#include "dwg/DwgConverter.h"
+#include "platform/TempFiles.h"
+
+#include "DwgSample.h"
+#include "TestFolder.h"
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "DwgBits.h"
-
 #include <map>
 #include <string>
+
+#include "DwgBits.h"
 
 /// An object of a DWG file of the R2000 version, in the parts that it is written in.
 struct DwgObject {

@@ -1,7 +1,5 @@
 #include "DwgSample.h"
 
-#include "DwgFileWriter.h"
-
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -10,6 +8,8 @@
 #include <tuple>
 #include <utility>
 #include <vector>
+
+#include "DwgFileWriter.h"
 
 namespace {
 

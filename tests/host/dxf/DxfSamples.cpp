@@ -1,12 +1,12 @@
 #include "DxfSamples.h"
 
-#include "dxf/DxfTag.h"
-
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
+
+#include "dxf/DxfTag.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#include "dxf/DxfEncoding.h"
-
 #include <gtest/gtest.h>
+
+#include "dxf/DxfEncoding.h"
 
 namespace {
 

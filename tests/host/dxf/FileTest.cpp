@@ -1,11 +1,13 @@
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfFile.h"
-#include "DxfSamples.h"
 
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
+#include "DxfSamples.h"
 
 using namespace dxf_samples;
 

@@ -1,12 +1,14 @@
-#include "dxf/DxfError.h"
-#include "dxf/DxfFile.h"
-#include "DxfSamples.h"
-#include "exerciseDxf.h"
-
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "dxf/DxfError.h"
+#include "dxf/DxfFile.h"
+
+#include "DxfSamples.h"
+#include "exerciseDxf.h"
 
 using namespace dxf_samples;
 

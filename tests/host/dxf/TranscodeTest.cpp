@@ -1,10 +1,11 @@
+#include <gtest/gtest.h>
+
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfError.h"
 #include "dxf/DxfFile.h"
 #include "dxf/DxfTranscode.h"
-#include "DxfSamples.h"
 
-#include <gtest/gtest.h>
+#include "DxfSamples.h"
 
 using namespace dxf_samples;
 

@@ -1,11 +1,13 @@
+#include <map>
+#include <set>
+
+#include <gtest/gtest.h>
+
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfFile.h"
 #include "dxf/DxfValue.h"
-#include "DxfSamples.h"
 
-#include <gtest/gtest.h>
-#include <map>
-#include <set>
+#include "DxfSamples.h"
 
 using namespace dxf_samples;
 

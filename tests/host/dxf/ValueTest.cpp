@@ -1,14 +1,15 @@
+#include <limits>
+#include <numbers>
+#include <optional>
+
+#include <gtest/gtest.h>
+
 #include "dxf/DxfAngle.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfError.h"
 #include "dxf/DxfTagWriter.h"
 #include "dxf/DxfValue.h"
-
-#include <gtest/gtest.h>
-#include <limits>
-#include <numbers>
-#include <optional>
 
 namespace {
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfFile.h"
 #include "dxf/DxfTranscode.h"
 #include "dxf/DxfValue.h"
-
-#include <string>
-#include <string_view>
 
 /// Opens bytes and reads all there is in every way there is; true if they were accepted, false if refused with
 /// DxfError. Aborts when the records are not the file, or two records share a handle.

@@ -1,7 +1,7 @@
-#include "exerciseDxf.h"
-
 #include <cstddef>
 #include <cstdint>
+
+#include "exerciseDxf.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

@@ -1,15 +1,16 @@
 #include <gtest/gtest.h>
 
-#include "acedads.h"
-#include "acutmem.h"
-#include "afx.h"
 #include "ap/DocumentList.h"
 #include "ap/UndoMarks.h"
 #include "ed/CommandRunner.h"
-#include "FakeDatabase.h"
-#include "moduleActions.h"
 #include "platform/CodePage.h"
 #include "rx/Console.h"
+
+#include "acedads.h"
+#include "acutmem.h"
+#include "afx.h"
+#include "FakeDatabase.h"
+#include "moduleActions.h"
 
 namespace {
 

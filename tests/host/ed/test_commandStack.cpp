@@ -1,10 +1,12 @@
-#include <gtest/gtest.h>
 #include <memory>
+
+#include <gtest/gtest.h>
 
 #include "../rx/moduleTalk.h"
 #include "ed/CommandStack.h"
-#include "moduleActions.h"
 #include "platform/CodePage.h"
+
+#include "moduleActions.h"
 
 std::map<AcRx::AppMsgCode, std::function<void()>> moduleActions;
 

@@ -1,18 +1,20 @@
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <numbers>
 
-#include "acedads.h"
-#include "acutmem.h"
+#include <gtest/gtest.h>
+
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "ed/CommandRunner.h"
 #include "ed/DrawingChanges.h"
 #include "ed/Kernel.h"
 #include "lisp/LispText.h"
 #include "rx/Console.h"
+
+#include "acedads.h"
+#include "acutmem.h"
+#include "dbents.h"
+#include "dbsymtb.h"
 
 namespace {
 

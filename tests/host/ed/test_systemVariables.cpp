@@ -1,12 +1,14 @@
 #include <algorithm>
+
 #include <gtest/gtest.h>
+
+#include "ap/DocumentList.h"
+#include "ed/SystemVariables.h"
+#include "lisp/LispText.h"
 
 #include "acedads.h"
 #include "acutmem.h"
-#include "ap/DocumentList.h"
-#include "ed/SystemVariables.h"
 #include "FakeDatabase.h"
-#include "lisp/LispText.h"
 
 namespace {
 

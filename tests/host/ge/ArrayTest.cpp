@@ -1,7 +1,9 @@
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
 #include "gedblar.h"
 #include "gept3dar.h"
-#include <gtest/gtest.h>
-#include <stdexcept>
 
 namespace {
 

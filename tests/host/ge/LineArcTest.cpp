@@ -1,11 +1,13 @@
+#include <numbers>
+#include <optional>
+
+#include <gtest/gtest.h>
+
 #include "gecarc2d.h"
 #include "geline2d.h"
 #include "geline3d.h"
 #include "gelnsg2d.h"
 #include "gelnsg3d.h"
-#include <gtest/gtest.h>
-#include <numbers>
-#include <optional>
 
 namespace {
 

@@ -1,10 +1,12 @@
+#include <numbers>
+#include <vector>
+
+#include <gtest/gtest.h>
+
 #include "gemat2d.h"
 #include "gemat3d.h"
 #include "geplane.h"
 #include "gescl3d.h"
-#include <gtest/gtest.h>
-#include <numbers>
-#include <vector>
 
 namespace {
 

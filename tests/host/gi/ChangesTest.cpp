@@ -1,6 +1,6 @@
-#include "SceneTest.h"
-
 #include "db/DatabaseImpl.h"
+
+#include "SceneTest.h"
 
 namespace {
 

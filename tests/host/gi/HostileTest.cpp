@@ -1,12 +1,12 @@
-#include "../db/entities/DrawingWithEntities.h"
-#include "SceneTest.h"
+#include <chrono>
+#include <cmath>
 
-#include "dbdim.h"
+#include "../db/entities/DrawingWithEntities.h"
 #include "gi/ObjectSnap.h"
 #include "gi/Picking.h"
 
-#include <chrono>
-#include <cmath>
+#include "dbdim.h"
+#include "SceneTest.h"
 
 /// Drawings that no program would make, and that a picture must survive: finite coordinates, bounded work.
 

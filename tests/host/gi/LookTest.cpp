@@ -1,7 +1,7 @@
-#include "SceneTest.h"
+#include "gi/AciPalette.h"
 
 #include "dbdim.h"
-#include "gi/AciPalette.h"
+#include "SceneTest.h"
 
 namespace {
 

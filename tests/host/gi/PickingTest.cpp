@@ -1,8 +1,8 @@
-#include "SceneTest.h"
-
 #include "gi/Picking.h"
 
 #include <random>
+
+#include "SceneTest.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
-#include "../db/entities/DrawingWithEntities.h"
-#include "SceneTest.h"
-
 #include <cmath>
+
+#include "../db/entities/DrawingWithEntities.h"
+
+#include "SceneTest.h"
 
 namespace {
 

@@ -1,11 +1,13 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <initializer_list>
+
+#include <gtest/gtest.h>
+
+#include "gi/Scene.h"
 
 #include "dbents.h"
 #include "dbsymtb.h"
-#include "gi/Scene.h"
 #include "RecordingSink.h"
 
 using Lines = std::vector<std::string>;

@@ -1,9 +1,9 @@
-#include "SceneTest.h"
+#include <cmath>
 
-#include "dbelipse.h"
 #include "gi/ObjectSnap.h"
 
-#include <cmath>
+#include "dbelipse.h"
+#include "SceneTest.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "../db/entities/DrawingWithEntities.h"
-#include "SceneTest.h"
-
 #include "gi/MTextLayout.h"
 #include "gi/ShownText.h"
 #include "gi/TextMetrics.h"
 #include "platform/CodePage.h"
+
+#include "SceneTest.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "SceneTest.h"
+#include <random>
 
 #include "gi/SpatialIndex.h"
 #include "gi/ViewClip.h"
 
-#include <random>
+#include "SceneTest.h"
 
 TEST(SceneView, showsABoxWhole)
 {

@@ -1,17 +1,19 @@
 #include <functional>
-#include <gtest/gtest.h>
 #include <map>
 #include <stdexcept>
 
+#include <gtest/gtest.h>
+
 #include "../rx/moduleTalk.h"
-#include "acedads.h"
 #include "ap/DocumentList.h"
-#include "FakeDatabase.h"
 #include "lisp/LispCall.h"
 #include "lisp/LispFunctionTable.h"
 #include "lisp/LispText.h"
 #include "platform/CodePage.h"
 #include "rx/ResbufPool.h"
+
+#include "acedads.h"
+#include "FakeDatabase.h"
 
 namespace {
 

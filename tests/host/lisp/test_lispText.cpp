@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "acutmem.h"
 #include "lisp/LispText.h"
 #include "rx/ResbufChain.h"
+
+#include "acutmem.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <fstream>
+
 #include <gtest/gtest.h>
 
 #include "lisp/builtins/Builtins.h"

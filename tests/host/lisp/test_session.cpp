@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "ap/DocumentList.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "ed/CommandRunner.h"
 #include "ed/Kernel.h"
 #include "lisp/drawing/LispSession.h"
@@ -14,6 +12,9 @@
 #include "rx/Console.h"
 #include "rx/ResbufChain.h"
 #include "rx/ResbufPool.h"
+
+#include "dbents.h"
+#include "dbsymtb.h"
 
 using platform::utf8FromWide;
 using platform::wideFromUtf8;

@@ -1,5 +1,6 @@
-#include "afxwin.h"
 #include <gtest/gtest.h>
+
+#include "afxwin.h"
 
 namespace {
 

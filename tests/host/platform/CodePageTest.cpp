@@ -1,7 +1,10 @@
 #include "platform/CodePage.h"
-#include "windows.h"
+
 #include <array>
+
 #include <gtest/gtest.h>
+
+#include "windows.h"
 
 namespace {
 

@@ -1,8 +1,10 @@
-#include "afxwin.h"
 #include <chrono>
-#include <gtest/gtest.h>
 #include <set>
 #include <string>
+
+#include <gtest/gtest.h>
+
+#include "afxwin.h"
 
 namespace {
 

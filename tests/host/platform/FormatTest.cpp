@@ -1,8 +1,10 @@
-#include "afxwin.h"
 #include <clocale>
 #include <cmath>
-#include <gtest/gtest.h>
 #include <limits>
+
+#include <gtest/gtest.h>
+
+#include "afxwin.h"
 
 namespace {
 

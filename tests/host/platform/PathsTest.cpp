@@ -1,11 +1,14 @@
 #include "platform/Paths.h"
-#include "io.h"
+
+#include <sys/stat.h>
+
 #include "platform/CodePage.h"
 #include "platform/TempFiles.h"
+
+#include "io.h"
 #include "tchar.h"
 #include "TemporaryTree.h"
 #include "windows.h"
-#include <sys/stat.h>
 
 namespace {
 

@@ -1,10 +1,13 @@
 #include "platform/Registry.h"
+
+#include <cstring>
+
 #include "platform/CodePage.h"
 #include "platform/Modules.h"
 #include "platform/Paths.h"
+
 #include "TemporaryTree.h"
 #include "windows.h"
-#include <cstring>
 
 namespace {
 

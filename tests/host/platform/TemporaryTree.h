@@ -3,8 +3,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <string>
+
+#include <gtest/gtest.h>
 
 /// Each test gets an empty folder of its own, which the platform takes for the place of the user's settings.
 class TemporaryTree : public testing::Test {

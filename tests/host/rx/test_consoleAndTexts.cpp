@@ -1,9 +1,11 @@
-#include <gtest/gtest.h>
 #include <numbers>
 
-#include "acutads.h"
+#include <gtest/gtest.h>
+
 #include "rx/Console.h"
 #include "rx/WildcardMatch.h"
+
+#include "acutads.h"
 
 namespace {
 

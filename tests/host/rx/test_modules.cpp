@@ -1,14 +1,16 @@
 #include <functional>
-#include <gtest/gtest.h>
 #include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "moduleTalk.h"
+#include <gtest/gtest.h>
+
 #include "platform/CodePage.h"
 #include "rx/Console.h"
 #include "rx/ModuleTable.h"
+
+#include "moduleTalk.h"
 #include "rxregsvc.h"
 #include "windows.h"
 

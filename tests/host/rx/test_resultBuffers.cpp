@@ -1,11 +1,13 @@
 #include <chrono>
 #include <cstring>
+
 #include <gtest/gtest.h>
 
-#include "acutads.h"
 #include "rx/ResbufChain.h"
 #include "rx/ResbufKind.h"
 #include "rx/ResbufPool.h"
+
+#include "acutads.h"
 
 namespace {
 

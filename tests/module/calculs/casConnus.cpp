@@ -1,10 +1,10 @@
 #include "casConnus.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <fstream>
 #include <sstream>
+
+#include <gtest/gtest.h>
 
 std::vector<casConnu> lireCasConnus(const char* nom)
 {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "calculs/cheminement.h"
-
 #include <functional>
 #include <map>
 #include <string>
 #include <vector>
+
+#include "calculs/cheminement.h"
 
 /// A traverse of examples/ whose results are known.
 struct casConnu {

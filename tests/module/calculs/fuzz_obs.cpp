@@ -1,15 +1,15 @@
 // Fuzz target of the traverse files: any bytes can be read as either kind of traverse; what was read can be computed,
 // reported and written; and reading that again gives no row that was not there.
 
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/rapportPolygonaleFermee.h"
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "reports/htmlDocument.h"
-
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
 
 namespace {
 

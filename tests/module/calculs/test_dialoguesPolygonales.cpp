@@ -1,15 +1,5 @@
 // The traverse dialogs and the bearing calculator, off-screen: captions, buttons, messages and silences.
 
-#include "calculs/CCalcGisementDlg.h"
-#include "calculs/corrPolygoDLG.h"
-#include "calculs/corrPolygoOuverteDLG.h"
-#include "calculs/CParamMisePlaceResultCalcs.h"
-#include "calculs/listeObservations.h"
-
-#include "ui/application/VelaApplication.h"
-
-#include <gtest/gtest.h>
-
 #include <deque>
 #include <fstream>
 #include <functional>
@@ -25,6 +15,15 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "calculs/CCalcGisementDlg.h"
+#include "calculs/corrPolygoDLG.h"
+#include "calculs/corrPolygoOuverteDLG.h"
+#include "calculs/CParamMisePlaceResultCalcs.h"
+#include "calculs/listeObservations.h"
+#include "ui/application/VelaApplication.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // Traverse files: the exact bytes, what reading makes of odd lines, names of saved files.
 
-#include "calculs/fichierPolygonale.h"
+#include <fstream>
+#include <functional>
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <functional>
+#include "calculs/fichierPolygonale.h"
 
 namespace {
 

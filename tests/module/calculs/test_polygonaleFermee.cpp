@@ -1,18 +1,19 @@
 // Closed traverses: published cases, invariances, levelling by hand, oddities kept on purpose, what the user is told.
 
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+#include <gtest/gtest.h>
+
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/calculPolygonaleFermee.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
+
 #include "casConnus.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <numbers>
 
 namespace {
 

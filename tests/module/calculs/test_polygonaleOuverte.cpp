@@ -1,19 +1,20 @@
 // Open traverses: published cases, invariances, levelling by hand, rules kept on purpose, what the user is told.
 
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <numbers>
+
+#include <gtest/gtest.h>
+
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/conseilAngulaire.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
+
 #include "casConnus.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <numbers>
 
 namespace {
 

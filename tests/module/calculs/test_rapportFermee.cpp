@@ -1,15 +1,16 @@
 // The report of a closed traverse, byte for byte. Numbers were worked out apart from the program.
 
-#include "calculs/calculPolygonaleFermee.h"
-#include "calculs/rapportPolygonaleFermee.h"
-#include "calculs/uniteAngulaire.h"
-#include "casConnus.h"
-#include "cellulesAttendues.h"
-#include "reports/htmlDocument.h"
+#include <limits>
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include "calculs/calculPolygonaleFermee.h"
+#include "calculs/rapportPolygonaleFermee.h"
+#include "calculs/uniteAngulaire.h"
+#include "reports/htmlDocument.h"
+
+#include "casConnus.h"
+#include "cellulesAttendues.h"
 
 namespace {
 

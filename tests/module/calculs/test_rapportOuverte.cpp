@@ -1,13 +1,14 @@
 // The report of an open traverse, byte for byte. Numbers were worked out apart from the program.
 
+#include <gtest/gtest.h>
+
 #include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "calculs/uniteAngulaire.h"
-#include "casConnus.h"
-#include "cellulesAttendues.h"
 #include "reports/htmlDocument.h"
 
-#include <gtest/gtest.h>
+#include "casConnus.h"
+#include "cellulesAttendues.h"
 
 namespace {
 

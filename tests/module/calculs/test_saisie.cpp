@@ -1,5 +1,10 @@
 // What the dialogs lean on: bearings between two points, pasted rows, the summary of a traverse.
 
+#include <limits>
+#include <numbers>
+
+#include <gtest/gtest.h>
+
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/gisement.h"
 #include "calculs/grandeur.h"
@@ -8,11 +13,6 @@
 #include "calculs/uniteAngulaire.h"
 #include "reports/htmlDocument.h"
 #include "reports/nombreFixe.h"
-
-#include <gtest/gtest.h>
-
-#include <limits>
-#include <numbers>
 
 namespace {
 

@@ -1,13 +1,13 @@
 // Texts to bytes, to numbers and to tokens.
 
-#include "calculs/decouperLigne.h"
-#include "calculs/reelDeTexte.h"
-#include "calculs/texteAnsi.h"
+#include <cmath>
+#include <limits>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
+#include "calculs/decouperLigne.h"
+#include "calculs/reelDeTexte.h"
+#include "calculs/texteAnsi.h"
 
 namespace {
 

@@ -1,20 +1,19 @@
 #pragma once
 
-#include "codification/codificationDuModule.h"
-#include "codification/symbolePoint.h"
-#include "points/listePointsDuDessin.h"
-
-#include "supportEssai.h"
-
-#include "acutmem.h"
-#include "ap/DocumentList.h"
-#include "dbents.h"
-#include "dbsymtb.h"
-#include "ed/Kernel.h"
+#include <string>
 
 #include <gtest/gtest.h>
 
-#include <string>
+#include "ap/DocumentList.h"
+#include "codification/codificationDuModule.h"
+#include "codification/symbolePoint.h"
+#include "ed/Kernel.h"
+#include "points/listePointsDuDessin.h"
+
+#include "acutmem.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+#include "supportEssai.h"
 
 /// What the tests of symbols share: one empty drawing, the default codes, and a look into what was drawn.
 

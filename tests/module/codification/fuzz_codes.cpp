@@ -1,11 +1,11 @@
 // Fuzz target of the code files: any bytes can be read as XML or as text; a table that was read is written, and read
 // again it is the same.
 
-#include "codification/xmlCodification.h"
-
 #include <cstdint>
 #include <cstdlib>
 #include <sstream>
+
+#include "codification/xmlCodification.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* octets, std::size_t taille)
 {

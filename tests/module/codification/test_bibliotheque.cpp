@@ -1,11 +1,11 @@
 // The symbols of the library, and points of as many codes through a drawing.
 
+#include <memory>
+#include <string>
+
 #include "codification/attributsBloc.h"
 
 #include "essaiSymboles.h"
-
-#include <memory>
-#include <string>
 
 namespace {
 

@@ -1,13 +1,12 @@
-#include "codification/codifPoint.h"
-
-#include "supportEssai.h"
-
-#include "dbapserv.h"
-#include "dbsymtb.h"
+#include <sstream>
 
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include "codification/codifPoint.h"
+
+#include "dbapserv.h"
+#include "dbsymtb.h"
+#include "supportEssai.h"
 
 namespace {
 

@@ -1,23 +1,7 @@
 // The dialogs of codes and points, off-screen.
 
-#include "codification/codificationDuModule.h"
-#include "codification/DlgChoixCode.h"
-#include "codification/DlgCodification.h"
-#include "codification/DlgTableCodification.h"
-#include "codification/regleCode.h"
-#include "points/CformulaireXYZ.h"
-#include "points/DlgChoixPoint.h"
-#include "points/listePointsDuDessin.h"
-
-#include "supportEssai.h"
-
-#include "dbapserv.h"
-#include "dbents.h"
-#include "ui/application/VelaApplication.h"
-
 #include <deque>
 #include <functional>
-#include <gtest/gtest.h>
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
@@ -29,6 +13,22 @@
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "codification/codificationDuModule.h"
+#include "codification/DlgChoixCode.h"
+#include "codification/DlgCodification.h"
+#include "codification/DlgTableCodification.h"
+#include "codification/regleCode.h"
+#include "points/CformulaireXYZ.h"
+#include "points/DlgChoixPoint.h"
+#include "points/listePointsDuDessin.h"
+#include "ui/application/VelaApplication.h"
+
+#include "dbapserv.h"
+#include "dbents.h"
+#include "supportEssai.h"
 
 namespace {
 

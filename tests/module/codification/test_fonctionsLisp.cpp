@@ -4,7 +4,12 @@
 //   expression ; << answers to what the next line asks, between slashes; the expression itself is not evaluated
 // The lines of a file are evaluated one after the other in one drawing.
 
-#include "supportEssai.h"
+#include <algorithm>
+#include <cstring>
+#include <deque>
+#include <fstream>
+
+#include <gtest/gtest.h>
 
 #include "ap/DocumentList.h"
 #include "ed/input/EditorInput.h"
@@ -15,11 +20,7 @@
 #include "rx/Console.h"
 #include "rx/ModuleTable.h"
 
-#include <algorithm>
-#include <cstring>
-#include <deque>
-#include <fstream>
-#include <gtest/gtest.h>
+#include "supportEssai.h"
 
 using platform::utf8FromWide;
 using platform::wideFromUtf8;

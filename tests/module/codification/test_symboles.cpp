@@ -1,17 +1,16 @@
+#include <limits>
+#include <memory>
+#include <sstream>
+#include <vector>
+
 #include "codification/apparenceSymbole.h"
 #include "codification/attributsBloc.h"
 #include "codification/miseAJourSymbole.h"
 #include "frame/espaceObjet.h"
 
-#include "essaiSymboles.h"
-
 #include "adscodes.h"
 #include "dbapserv.h"
-
-#include <limits>
-#include <memory>
-#include <sstream>
-#include <vector>
+#include "essaiSymboles.h"
 
 namespace {
 

@@ -1,16 +1,15 @@
-#include "codification/tableCodification.h"
-#include "codification/xmlCodification.h"
-
-#include "supportEssai.h"
-
-#include "dbapserv.h"
-#include "dbsymtb.h"
-#include "rx/Console.h"
+#include <fstream>
+#include <vector>
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <vector>
+#include "codification/tableCodification.h"
+#include "codification/xmlCodification.h"
+#include "rx/Console.h"
+
+#include "dbapserv.h"
+#include "dbsymtb.h"
+#include "supportEssai.h"
 
 namespace fs = std::filesystem;
 

@@ -1,13 +1,3 @@
-#include "frame/dialogueFichier.h"
-#include "frame/dialogueMessage.h"
-#include "frame/dialogueModule.h"
-
-#include "rx/Console.h"
-#include "ui/application/VelaApplication.h"
-#include "ui_DlgEssai.h"
-
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <QAbstractButton>
 #include <QDir>
@@ -17,7 +7,17 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <stdexcept>
+
+#include <gtest/gtest.h>
 #include <unistd.h>
+
+#include "frame/dialogueFichier.h"
+#include "frame/dialogueMessage.h"
+#include "frame/dialogueModule.h"
+#include "rx/Console.h"
+#include "ui/application/VelaApplication.h"
+
+#include "ui_DlgEssai.h"
 
 namespace {
 

@@ -1,27 +1,26 @@
-#include "calculs/placerPolygonale.h"
-#include "points/projetDansDessin.h"
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
 
-#include "supportEssai.h"
+#include <gtest/gtest.h>
 
-#include "aced.h"
 #include "ap/DocumentList.h"
-#include "dbents.h"
-#include "dbpl.h"
-#include "dbsymtb.h"
+#include "calculs/placerPolygonale.h"
 #include "ed/CommandRunner.h"
 #include "ed/Kernel.h"
 #include "lisp/LispCall.h"
 #include "lisp/LispFunctionTable.h"
 #include "lisp/LispText.h"
+#include "points/projetDansDessin.h"
 #include "rx/Console.h"
 #include "rx/ModuleTable.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
+#include "aced.h"
+#include "dbents.h"
+#include "dbpl.h"
+#include "dbsymtb.h"
+#include "supportEssai.h"
 
 namespace {
 

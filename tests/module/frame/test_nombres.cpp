@@ -1,13 +1,13 @@
-#include "frame/etendueVue.h"
-#include "frame/formatNombres.h"
-#include "frame/lireNombre.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
 #include <optional>
 #include <string>
+
+#include <gtest/gtest.h>
+
+#include "frame/etendueVue.h"
+#include "frame/formatNombres.h"
+#include "frame/lireNombre.h"
 
 namespace {
 

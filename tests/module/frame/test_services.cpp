@@ -1,3 +1,14 @@
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "ap/DocumentList.h"
+#include "ap/UndoMarks.h"
 #include "frame/CAcadUndoGroup.h"
 #include "frame/dossierSupport.h"
 #include "frame/etendueVue.h"
@@ -5,18 +16,7 @@
 #include "frame/nomDessin.h"
 #include "frame/variablesHote.h"
 
-#include "ap/DocumentList.h"
-#include "ap/UndoMarks.h"
 #include "dbapserv.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 

@@ -1,14 +1,14 @@
-#include "points/FileSerializer.h"
-
-#include "dbid.h"
-
-#include <gtest/gtest.h>
-
 #include <array>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <string>
+
+#include <gtest/gtest.h>
+
+#include "points/FileSerializer.h"
+
+#include "dbid.h"
 
 using namespace std::string_literals;
 

@@ -1,17 +1,17 @@
-#include "points/ResbufSerializer.h"
-
-#include "acutads.h"
-#include "dbid.h"
-#include "points/projetsTopo.h"
-
-#include <gtest/gtest.h>
-
 #include <array>
 #include <functional>
 #include <numeric>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "points/projetsTopo.h"
+#include "points/ResbufSerializer.h"
+
+#include "acutads.h"
+#include "dbid.h"
 
 namespace {
 

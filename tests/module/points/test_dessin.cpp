@@ -1,7 +1,12 @@
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
 #include "points/listePointsDuDessin.h"
 #include "points/projetDansDessin.h"
-
-#include "supportEssai.h"
+#include "rx/Console.h"
 
 #include "acutads.h"
 #include "dbapserv.h"
@@ -9,13 +14,7 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
-#include "rx/Console.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <string>
-#include <unistd.h>
+#include "supportEssai.h"
 
 namespace {
 

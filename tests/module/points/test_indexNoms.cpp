@@ -1,10 +1,10 @@
-#include "points/indexNoms.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <set>
 #include <string>
+
+#include <gtest/gtest.h>
+
+#include "points/indexNoms.h"
 
 namespace {
 

@@ -1,15 +1,14 @@
-#include "points/listePointsDuDessin.h"
-
-#include "points/pointsDistincts.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <limits>
 #include <random>
 #include <set>
 #include <string>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "points/listePointsDuDessin.h"
+#include "points/pointsDistincts.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "points/numeroteurEntier.h"
+#include <limits>
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include "points/numeroteurEntier.h"
 
 namespace {
 

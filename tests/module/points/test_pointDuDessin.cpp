@@ -1,10 +1,10 @@
-#include "codification/codificationDuModule.h"
-#include "points/pointDuDessin.h"
-#include "points/pointXYZ.h"
+#include <cmath>
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include "codification/codificationDuModule.h"
+#include "points/pointDuDessin.h"
+#include "points/pointXYZ.h"
 
 namespace {
 

@@ -1,16 +1,15 @@
-#include "points/projetsTopo.h"
-
-#include "points/FileSerializer.h"
-
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
-#include <unistd.h>
 #include <vector>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "points/FileSerializer.h"
+#include "points/projetsTopo.h"
 
 namespace {
 

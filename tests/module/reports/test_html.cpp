@@ -1,18 +1,18 @@
 // The bytes of the HTML writer: every expected text is written out by hand.
 
-#include "reports/htmlDocument.h"
-#include "reports/htmlStyle.h"
-#include "reports/htmlTable.h"
-#include "reports/htmlText.h"
-#include "reports/nombreFixe.h"
-
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <fstream>
 #include <functional>
 #include <limits>
 #include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "reports/htmlDocument.h"
+#include "reports/htmlStyle.h"
+#include "reports/htmlTable.h"
+#include "reports/htmlText.h"
+#include "reports/nombreFixe.h"
 
 namespace {
 

@@ -1,14 +1,5 @@
 // Reports in a real browser engine: what a user sees of them, and the dialog around it.
 
-#include "calculs/fichierPolygonale.h"
-#include "calculs/polygonaleCalculee.h"
-#include "reports/htmlDocument.h"
-#include "reports/resultPolygo.h"
-
-#include "ui/application/VelaApplication.h"
-
-#include <gtest/gtest.h>
-
 #include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
@@ -25,6 +16,14 @@
 #include <QWebEnginePage>
 #include <QWebEngineSettings>
 #include <QWebEngineView>
+
+#include <gtest/gtest.h>
+
+#include "calculs/fichierPolygonale.h"
+#include "calculs/polygonaleCalculee.h"
+#include "reports/htmlDocument.h"
+#include "reports/resultPolygo.h"
+#include "ui/application/VelaApplication.h"
 
 namespace {
 

@@ -1,13 +1,12 @@
-#include "Near.h"
+#include <functional>
+#include <memory>
 
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbspline.h"
 #include "gemat3d.h"
 #include "geplane.h"
-
-#include <functional>
-#include <memory>
+#include "Near.h"
 
 namespace {
 

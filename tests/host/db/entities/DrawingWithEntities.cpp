@@ -1,12 +1,12 @@
 #include "DrawingWithEntities.h"
 
+#include <sstream>
+
 #include "db/DatabaseImpl.h"
 #include "db/DefaultDrawing.h"
 #include "db/fields/DxfObjectWriter.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfError.h"
-
-#include <sstream>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dbmain.h"
-
 #include <string>
+
+#include "dbmain.h"
 
 /// A default drawing with more entities in model space, given one tag a line ("10 5.0"), each from its group 0 on.
 /// Handles, owners, the AcDbEntity marker and the layer are added to each record.

@@ -1,5 +1,5 @@
-#include "DrawingWithEntities.h"
-#include "Near.h"
+#include <functional>
+#include <memory>
 
 #include "dbdim.h"
 #include "dbelipse.h"
@@ -8,10 +8,9 @@
 #include "dbmtext.h"
 #include "dbproxy.h"
 #include "dbspline.h"
+#include "DrawingWithEntities.h"
 #include "gemat3d.h"
-
-#include <functional>
-#include <memory>
+#include "Near.h"
 
 namespace {
 

@@ -1,12 +1,11 @@
-#include "Near.h"
+#include <chrono>
+#include <memory>
+#include <vector>
 
 #include "dbelipse.h"
 #include "dbents.h"
 #include "geplane.h"
-
-#include <chrono>
-#include <memory>
-#include <vector>
+#include "Near.h"
 
 namespace {
 

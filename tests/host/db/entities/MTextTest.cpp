@@ -1,10 +1,10 @@
-#include "DrawingWithEntities.h"
-#include "Near.h"
+#include "db/entities/MTextLines.h"
 
 #include "acutmem.h"
-#include "db/entities/MTextLines.h"
 #include "dbmtext.h"
+#include "DrawingWithEntities.h"
 #include "gemat3d.h"
+#include "Near.h"
 
 TEST(MText, visibleLines)
 {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dbmain.h"
-
 #include <gtest/gtest.h>
+
+#include "dbmain.h"
 
 inline constexpr double pi = 3.141592653589793;
 

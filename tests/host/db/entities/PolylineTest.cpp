@@ -1,10 +1,9 @@
-#include "Near.h"
+#include <memory>
 
 #include "dbents.h"
 #include "gemat3d.h"
 #include "geplane.h"
-
-#include <memory>
+#include "Near.h"
 
 namespace {
 

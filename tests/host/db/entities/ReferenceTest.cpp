@@ -1,12 +1,11 @@
-#include "Near.h"
+#include <memory>
 
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "gemat3d.h"
 #include "geplane.h"
-
-#include <memory>
+#include "Near.h"
 
 namespace {
 

@@ -1,11 +1,10 @@
-#include "Near.h"
+#include <memory>
 
 #include "dbelipse.h"
 #include "dbents.h"
 #include "gemat3d.h"
 #include "geplane.h"
-
-#include <memory>
+#include "Near.h"
 
 namespace {
 

@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "Answers.h"
 #include "ap/DocumentList.h"
 #include "ed/Kernel.h"
 #include "rx/ResbufPool.h"
+
+#include "Answers.h"
 
 /// A new drawing and a source of answers; nothing may be left behind.
 class InputTest : public testing::Test {

@@ -6,9 +6,6 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "acutmem.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "ed/input/CommandLine.h"
 #include "ed/input/Keywords.h"
 #include "ed/input/SnapWords.h"
@@ -19,6 +16,10 @@
 #include "rx/ResbufKind.h"
 #include "rx/TypedAngle.h"
 #include "rx/TypedNumber.h"
+
+#include "acutmem.h"
+#include "dbents.h"
+#include "dbsymtb.h"
 
 namespace {
 

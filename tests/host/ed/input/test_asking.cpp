@@ -3,13 +3,14 @@
 #include <cmath>
 #include <functional>
 
+#include "ed/input/CommandLine.h"
+#include "platform/CodePage.h"
+#include "rx/Console.h"
+
 #include "aced.h"
 #include "dbents.h"
 #include "dbsymtb.h"
-#include "ed/input/CommandLine.h"
 #include "InputTest.h"
-#include "platform/CodePage.h"
-#include "rx/Console.h"
 
 using platform::utf8FromWide;
 

@@ -1,17 +1,18 @@
 // What is typed where nothing asks, and commands that code runs.
 
+#include "ed/input/CommandLine.h"
+#include "ed/input/Fiber.h"
+#include "ed/input/PendingCommands.h"
+#include "lisp/drawing/LispSession.h"
+#include "platform/CodePage.h"
+#include "rx/Console.h"
+
 #include "accmd.h"
 #include "aced.h"
 #include "acedCmdNF.h"
 #include "dbents.h"
 #include "dbsymtb.h"
-#include "ed/input/CommandLine.h"
-#include "ed/input/Fiber.h"
-#include "ed/input/PendingCommands.h"
 #include "InputTest.h"
-#include "lisp/drawing/LispSession.h"
-#include "platform/CodePage.h"
-#include "rx/Console.h"
 
 using platform::utf8FromWide;
 

@@ -2,16 +2,17 @@
 
 #include <array>
 
+#include "ed/select/SelectionSets.h"
+#include "ed/SystemVariables.h"
+#include "rx/ResbufChain.h"
+
 #include "aced.h"
 #include "acutmem.h"
 #include "dbads.h"
 #include "dbents.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
-#include "ed/select/SelectionSets.h"
-#include "ed/SystemVariables.h"
 #include "InputTest.h"
-#include "rx/ResbufChain.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
 // A jig: a line whose end follows the cursor, with a keyword that turns it into another question.
 
+#include "ed/input/Transients.h"
+
 #include "aced.h"
 #include "dbents.h"
 #include "dbjig.h"
 #include "dbsymtb.h"
-#include "ed/input/Transients.h"
 #include "InputTest.h"
 
 namespace {

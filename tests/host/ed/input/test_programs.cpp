@@ -6,9 +6,10 @@
 
 #include <fstream>
 
-#include "InputTest.h"
 #include "lisp/drawing/LispSession.h"
 #include "platform/CodePage.h"
+
+#include "InputTest.h"
 
 using platform::utf8FromWide;
 using platform::wideFromUtf8;

@@ -1,7 +1,8 @@
 // Points, numbers and angles as a user types them.
 
-#include <gtest/gtest.h>
 #include <numbers>
+
+#include <gtest/gtest.h>
 
 #include "ed/input/TypedPoint.h"
 #include "rx/TypedAngle.h"

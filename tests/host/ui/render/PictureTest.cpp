@@ -1,19 +1,20 @@
-#include "../../db/entities/DrawingWithEntities.h"
-#include "comparePictures.h"
-#include "everyEntity.h"
-
-#include <gtest/gtest.h>
 #include <QFile>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
 
+#include <gtest/gtest.h>
+
+#include "../../db/entities/DrawingWithEntities.h"
 #include "gi/Scene.h"
 #include "ui/application/VelaApplication.h"
 #include "ui/render/DrawingPicture.h"
 #include "ui/render/PictureFile.h"
 #include "ui/render/ScenePainter.h"
+
+#include "comparePictures.h"
+#include "everyEntity.h"
 
 namespace {
 

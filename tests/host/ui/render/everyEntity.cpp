@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "../../db/entities/DrawingWithEntities.h"
+
 #include "dbents.h"
 #include "dbsymtb.h"
 

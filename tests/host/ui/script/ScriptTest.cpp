@@ -4,10 +4,11 @@
 #include <QDir>
 #include <QFile>
 
-#include "accmd.h"
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
 #include "rx/Console.h"
+
+#include "accmd.h"
 
 namespace {
 

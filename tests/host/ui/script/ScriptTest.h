@@ -1,12 +1,13 @@
 #pragma once
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 #include "ed/Kernel.h"
 #include "ui/application/VelaApplication.h"

@@ -1,13 +1,13 @@
-#include "ScriptTest.h"
-
 #include <QDir>
 #include <QEventLoop>
 #include <QTimer>
 
-#include "acdocman.h"
-#include "dbsymtb.h"
 #include "ed/input/CommandLine.h"
 #include "ed/input/EditorInput.h"
+
+#include "acdocman.h"
+#include "dbsymtb.h"
+#include "ScriptTest.h"
 
 namespace {
 

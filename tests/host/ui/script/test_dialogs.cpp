@@ -4,10 +4,10 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include "rx/Console.h"
+
 #include "SampleDialog.h"
 #include "ScriptTest.h"
-
-#include "rx/Console.h"
 
 namespace {
 

@@ -1,18 +1,20 @@
+#include "ui/window/Canvas.h"
+
 #include <QCoreApplication>
 #include <QPlainTextEdit>
 #include <QTest>
 
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
-#include "dbents.h"
-#include "dbjig.h"
-#include "dbsymtb.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
 #include "ed/input/Transients.h"
 #include "ed/SystemVariables.h"
-#include "ui/window/Canvas.h"
 #include "ui/window/CommandEdit.h"
+
+#include "dbents.h"
+#include "dbjig.h"
+#include "dbsymtb.h"
 #include "WindowTest.h"
 
 /// What the canvas paints: the drawing in parts, what a command works on, what follows the cursor.

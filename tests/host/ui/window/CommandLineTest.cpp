@@ -3,8 +3,6 @@
 
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "ed/CommandRunner.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
@@ -15,6 +13,9 @@
 #include "ui/window/CompletionList.h"
 #include "ui/window/MainWindow.h"
 #include "ui/window/PromptText.h"
+
+#include "dbents.h"
+#include "dbsymtb.h"
 #include "WindowTest.h"
 
 /// The command line and the canvas: what is typed and clicked answers what is asked.

@@ -11,6 +11,7 @@
 #include "ui/window/DrawingFiles.h"
 #include "ui/window/MainWindow.h"
 #include "ui/window/WindowSettings.h"
+
 #include "WindowTest.h"
 
 /// Drawings in tabs, their files, and the questions before they close.

@@ -8,8 +8,6 @@
 
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "ed/DrawingChanges.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
@@ -20,6 +18,9 @@
 #include "ui/window/MainWindow.h"
 #include "ui/window/PointTables.h"
 #include "ui/window/PropertyRows.h"
+
+#include "dbents.h"
+#include "dbsymtb.h"
 #include "WindowTest.h"
 
 /// The panels show the drawing, and what is changed in them changes it, step by step.

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTest>
 #include <QTreeWidget>
+
 #include <unistd.h>
 
 #include "ap/DocumentList.h"
@@ -18,6 +19,7 @@
 #include "ui/window/MainWindow.h"
 #include "ui/window/RecoveryFolder.h"
 #include "ui/window/WindowSettings.h"
+
 #include "WindowTest.h"
 
 /// Copies of what is not saved, and what is left of a session that was killed.

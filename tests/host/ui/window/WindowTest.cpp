@@ -10,19 +10,21 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextDocument>
+
 #include <unistd.h>
 
-#include "acedads.h"
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "ed/CommandStack.h"
 #include "ed/input/CurrentView.h"
 #include "ui/application/VelaApplication.h"
 #include "ui/window/Canvas.h"
 #include "ui/window/CommandEdit.h"
 #include "ui/window/MainWindow.h"
+
+#include "acedads.h"
+#include "dbents.h"
+#include "dbsymtb.h"
 
 namespace fs = std::filesystem;
 

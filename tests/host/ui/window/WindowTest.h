@@ -2,17 +2,19 @@
 
 #include <filesystem>
 #include <functional>
-#include <gtest/gtest.h>
 #include <memory>
 #include <QPoint>
 #include <QTimer>
 #include <string>
 #include <vector>
 
-#include "acdocman.h"
+#include <gtest/gtest.h>
+
 #include "ed/Kernel.h"
-#include "gepnt3d.h"
 #include "ui/window/MainWindow.h"
+
+#include "acdocman.h"
+#include "gepnt3d.h"
 
 class Canvas;
 class CommandEdit;
