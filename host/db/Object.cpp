@@ -124,6 +124,10 @@ bool AcDbObject::isNotifyEnabled() const
 {
     return m_notifying;
 }
+bool AcDbObject::isUndoing() const
+{
+    return m_stub && AcDbDatabaseImpl::of(m_stub).undo().isReplaying();
+}
 
 void AcDbObject::assertReadEnabled() const
 {

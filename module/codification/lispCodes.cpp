@@ -1,5 +1,7 @@
 #include "codification/lispCodes.h"
 
+#include <utility>
+
 #include "codification/apparenceSymbole.h"
 #include "codification/codificationDuModule.h"
 #include "codification/regleCode.h"
@@ -72,10 +74,10 @@ int lispResetcodespts()
     const CAcadUndoGroup groupe;
     int changes = 0;
     for (int i = 0; i < table->nbPoint(); ++i) {
-        pointDuDessin& point = *table->getData(i);
+        const pointDuDessin& point = *std::as_const(*table).getData(i);
         if (point.getCode() == code)
             continue;
-        point.setCode(code);
+        table->changerCode(i, code);
         conformerSymbole(point.getId(), code, codificationDuModule());
         ++changes;
     }

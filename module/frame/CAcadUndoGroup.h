@@ -21,6 +21,10 @@ public:
     CAcadUndoGroup();
     ~CAcadUndoGroup();
 
+    /// A number of the outermost group under way, another for each; 0 when there is none.
+    static int courant() { return profondeur > 0 ? numero : 0; }
+
 private:
     IDispatch* document = nullptr;
+    static int profondeur, numero;
 };

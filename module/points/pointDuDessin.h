@@ -80,13 +80,10 @@ public:
     int readFromXRecord(QuarvelSerializer* s);
 
 private:
-    friend class listePointsDuDessin;
-
     double X = coordonneeInconnue;
     double Y = coordonneeInconnue;
     double Z = coordonneeInconnue;
     int code = 1;
     char nom[tailleNom] = {};
-    bool venuDessine = false; // it entered its table with its symbol, and leaves it when that drawing is taken back
     AcDbObjectId id;
 };

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "points/annulationDuDessin.h"
 #include "points/ResbufSerializer.h"
 
 #include "acutads.h"
@@ -98,11 +99,16 @@ void setSrcInfosTopo(AcDbDatabase* db, projetsTopo* projet, int sauver, int lire
 {
     tablesPoints = projet;
     sauverInfosTopo = sauver;
-    if (!lire || !tablesPoints)
+    AcDbDatabase* const dessin = db ? db : dessinDeTravail();
+    if (!tablesPoints)
         return;
-    ResbufSerializer s(chaineStockee(db ? db : dessinDeTravail()));
-    acutPrintf(L"\nLecture des donn\u00e9es Topo");
-    tablesPoints->GetFromXRecord(&s);
+    if (lire) {
+        ResbufSerializer s(chaineStockee(dessin));
+        acutPrintf(L"\nLecture des donn\u00e9es Topo");
+        tablesPoints->GetFromXRecord(&s);
+    }
+    if (dessin)
+        suivreAnnulation(*dessin, *tablesPoints);
 }
 
 void purgeInfosTopo()
