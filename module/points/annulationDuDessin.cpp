@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "frame/CAcadUndoGroup.h"
+#include "services/CAcadUndoGroup.h"
 #include "points/journalProjet.h"
 
 #include "acdocman.h"

@@ -8,13 +8,11 @@
 #include <string_view>
 #include <utility>
 
-#include "frame/dialogueProgression.h"
-#include "frame/selection.h"
 #include "points/entiteDuPoint.h"
 #include "points/memoireTable.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
-#include "points/texte8bits.h"
+#include "services/texte8bits.h"
 
 namespace {
 
@@ -215,21 +213,20 @@ void listePointsDuDessin::delDups()
     reindexer();
 }
 
-void listePointsDuDessin::renumeroter(bool tout)
+void listePointsDuDessin::nommerSansNom()
 {
-    const int nombre = nbPoint();
-    if (!tout) {
-        indexerEnAttente(); // under the old names
-        int numero = getMaxNum();
-        for (int i = 0; i < nombre; ++i)
-            if (sansBlancs(points[i].getNomPoint(), marquesSansNom).empty())
-                nommer(changer(i), ++numero);
-        return;
-    }
-    for (int i = 0; i < nombre; ++i) {
-        nommer(changer(i), i + 1);
-        mettreAJourSymbole(i);
-    }
+    indexerEnAttente(); // under the old names
+    int numero = getMaxNum();
+    for (int i = 0; i < nbPoint(); ++i)
+        if (sansBlancs(points[i].getNomPoint(), marquesSansNom).empty())
+            nommer(changer(i), ++numero);
+}
+
+void listePointsDuDessin::nommerParPlace()
+{
+    changerTout();
+    for (int i = 0; i < nbPoint(); ++i)
+        nommer(points[i], i + 1);
     reindexer();
 }
 
@@ -321,39 +318,6 @@ int listePointsDuDessin::getBlockPosition(const wchar_t* nom, AcGePoint3d& posit
 int listePointsDuDessin::positionDe(const AcDbObjectId& id)
 {
     return objets.chercher(id, {points.GetData(), static_cast<std::size_t>(points.GetSize())});
-}
-
-/// Apart from its symbol the point stays as it is: no name has to be indexed again.
-void listePointsDuDessin::mettreAJourSymbole(int i)
-{
-    pointDuDessin point = points[i];
-    point.updateDrawing();
-    if (point.getId() == points[i].getId())
-        return;
-    changer(i) = point;
-    objets.suspecter(i);
-}
-
-void listePointsDuDessin::updateDrawing()
-{
-    dialogueProgression avancement(L"Mise \u00e0 jour du dessin", nbPoint() - 1);
-    for (int i = 0; i < nbPoint(); ++i) {
-        mettreAJourSymbole(i);
-        avancement.avancer();
-    }
-}
-
-void listePointsDuDessin::updateFromDrawing()
-{
-    changerTout();
-    points.RemoveAll();
-    reindexer();
-    objets.suspecterTout();
-    for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
-        pointDuDessin point;
-        if (point.updateFromDrawing(id))
-            Ajouter(point);
-    }
 }
 
 void listePointsDuDessin::notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque)

@@ -20,6 +20,7 @@ struct changementTable;
 /// The index finds the point indexed last under a name; names may repeat, and letter case and surrounding spaces do not
 /// count. Some operations leave the index behind the points: they say so.
 /// A position outside the table raises the invalid-argument exception.
+/// What reaches the symbols (renumeroter, updateDrawing, updateFromDrawing) is defined in codification.
 class VELA_EXPORT listePointsDuDessin {
 public:
     using tableau = CArray<pointDuDessin, const pointDuDessin&>;
@@ -103,6 +104,8 @@ private:
     pointDuDessin& changer(int i);
     /// Puts the table into the other state of a change, which then holds this one. Names are indexed anew.
     void echanger(changementTable& autre);
+    void nommerSansNom();
+    void nommerParPlace();
     void mettreAJourSymbole(int i);
     void reindexer();
     void indexerEnAttente() const;

@@ -1,0 +1,48 @@
+#include "points/listePointsDuDessin.h"
+#include "services/dialogueProgression.h"
+#include "services/selection.h"
+
+/// The members of a table that reach the symbols of its points: points are a layer of their own below symbols, and
+/// declare them only.
+
+void listePointsDuDessin::renumeroter(bool tout)
+{
+    if (!tout)
+        return nommerSansNom();
+    nommerParPlace();
+    for (int i = 0; i < nbPoint(); ++i)
+        mettreAJourSymbole(i);
+}
+
+/// Apart from its symbol the point stays as it is: no name has to be indexed again.
+void listePointsDuDessin::mettreAJourSymbole(int i)
+{
+    pointDuDessin point = points[i];
+    point.updateDrawing();
+    if (point.getId() == points[i].getId())
+        return;
+    changer(i) = point;
+    objets.suspecter(i);
+}
+
+void listePointsDuDessin::updateDrawing()
+{
+    dialogueProgression avancement(L"Mise \u00e0 jour du dessin", nbPoint() - 1);
+    for (int i = 0; i < nbPoint(); ++i) {
+        mettreAJourSymbole(i);
+        avancement.avancer();
+    }
+}
+
+void listePointsDuDessin::updateFromDrawing()
+{
+    changerTout();
+    points.RemoveAll();
+    reindexer();
+    objets.suspecterTout();
+    for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
+        pointDuDessin point;
+        if (point.updateFromDrawing(id))
+            Ajouter(point);
+    }
+}
