@@ -3,16 +3,15 @@
 #include <algorithm>
 #include <memory>
 
+#include "rx/SystemRegistry.h"
+
 ACRX_NO_CONS_DEFINE_MEMBERS(AcEditor, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcEditorReactor, AcRxObject)
 
 namespace {
 
-/// There from the start, as the command stack is: modules look for it in their first message.
-const bool registered = [] {
-    acrxSysRegistry()->atPut(ACRX_EDITOR_OBJ, std::make_unique<EditorReactors>().release());
-    return true;
-}();
+const bool registered =
+    registerAtStart(ACRX_EDITOR_OBJ, []() -> AcRxObject* { return std::make_unique<EditorReactors>().release(); });
 
 } // namespace
 
