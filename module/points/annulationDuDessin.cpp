@@ -4,8 +4,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "services/CAcadUndoGroup.h"
 #include "points/journalProjet.h"
+#include "services/CAcadUndoGroup.h"
 
 #include "acdocman.h"
 #include "aced.h"
@@ -162,7 +162,7 @@ int annulationDuDessin::groupe() const
 
 void annulationDuDessin::changer(const AcDbObject& objet)
 {
-    if (!ecriture && !objet.isUndoing() && objet.objectId() != objetNumero)
+    if (!ecriture && !sauvegardeEnCours::active() && !objet.isUndoing() && objet.objectId() != objetNumero)
         journal.dessinChange();
 }
 

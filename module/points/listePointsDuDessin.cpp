@@ -290,6 +290,8 @@ int listePointsDuDessin::getMaxNum() const
 void listePointsDuDessin::decalZ(const double& dz)
 {
     const double decalage = dz; // dz may be an altitude of this table
+    if (!std::isfinite(decalage))
+        return;
     for (int i = 0; i < nbPoint(); ++i)
         if (points[i].altitudeConnue())
             changer(i).setZ(points[i].getZ() + decalage);

@@ -74,7 +74,7 @@ public:
     int nombreAyantCode(int code) const;
     /// The largest whole number that begins a name ("7B" counts 7), 0 when there is none.
     int getMaxNum() const;
-    /// Adds dz to the known altitudes.
+    /// Adds dz to the known altitudes; one that is not finite changes nothing.
     void decalZ(const double& dz);
 
     /// The entity that shows the point called `nom`. @return 1, or 0 when no point has that name.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "points/exportation.h"
 
 #include "afx.h"
@@ -13,7 +15,8 @@ struct pointXYZ;
 constexpr double coordonneeInconnue = 1e38;
 
 /// One survey point: name, position, code of the codification, and the entity that shows it in the drawing.
-/// A plain record, copied by value. X east, Y north, Z up, in drawing units.
+/// A plain record, copied by value. X east, Y north, Z up, in drawing units; a number that is not finite, which no
+/// drawing can hold, counts as unknown.
 /// The name holds at most nine characters of Windows-1252; a longer one is cut without notice.
 class VELA_EXPORT pointDuDessin {
 public:
@@ -35,9 +38,9 @@ public:
     double getX() const { return X; }
     double getY() const { return Y; }
     double getZ() const { return Z; }
-    void setX(double x) { X = x; }
-    void setY(double y) { Y = y; }
-    void setZ(double z) { Z = z; }
+    void setX(double x) { X = coordonnee(x); }
+    void setY(double y) { Y = coordonnee(y); }
+    void setZ(double z) { Z = coordonnee(z); }
     void getXY(double& x, double& y) const;
     /// Sets all three, in spite of its name.
     void setXY(double x, double y, double z);
@@ -82,6 +85,8 @@ public:
     int readFromXRecord(QuarvelSerializer* s);
 
 private:
+    static double coordonnee(double valeur) { return std::isfinite(valeur) ? valeur : coordonneeInconnue; }
+
     double X = coordonneeInconnue;
     double Y = coordonneeInconnue;
     double Z = coordonneeInconnue;
