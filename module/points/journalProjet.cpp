@@ -51,6 +51,7 @@ journalProjet* journalProjet::de(const projetsTopo& projet)
 void journalProjet::noter()
 {
     ecrit = true;
+    limites = CAcadUndoGroup::limites();
     const int courant = dessin.groupe();
     if (ouverte != 0 && courant != 0 && courant == groupe)
         return;

@@ -6,6 +6,7 @@
 
 #include "points/memoireTable.h"
 #include "points/projetsTopo.h"
+#include "services/CAcadUndoGroup.h"
 
 /// The drawing of a project, as its journal sees it.
 class dessinDuJournal {
@@ -39,7 +40,7 @@ public:
     /// The project is about to change.
     void toucher()
     {
-        if (!ecrit)
+        if (!ecrit || limites != CAcadUndoGroup::limites())
             noter();
     }
     /// Points of this table are handed out.
@@ -89,6 +90,7 @@ private:
     int dernier = 0; // number given last
     int ouverte = 0; // number written for the step under way, 0 when none is
     int groupe = 0;  // in which it was written
+    int limites = 0; // of the module's groups, passed when it was written
     bool ecrit = false;
     const memoireTable* confiee = nullptr; // whose points were handed out last
     ordre liste;                           // at the last step
