@@ -8,7 +8,7 @@
 #include "db/fields/DxfObjectWriter.h"
 #include "db/fields/NameReferences.h"
 #include "db/ObjectExtras.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTranscode.h"
 #include "dxf/DxfValue.h"
@@ -248,7 +248,7 @@ private:
         if (!m_to.reactors().empty())
             for (AcDbStub* twin : m_twins)
                 if (!isErased(*recordOf(twin)))
-                    Opening::tellAppended(m_to.object(*recordOf(twin)));
+                    ObjectOpening::tellAppended(m_to.object(*recordOf(twin)));
         m_twins.clear();
     }
 

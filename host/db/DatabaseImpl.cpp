@@ -5,7 +5,7 @@
 #include "db/fields/DxfFields.h"
 #include "db/fields/DxfObjectReader.h"
 #include "db/fields/NameReferences.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 #include "platform/CodePage.h"
@@ -211,9 +211,9 @@ AcDbObjectId AcDbDatabaseImpl::adopt(std::unique_ptr<AcDbObject> object, AcDbStu
     recordOf(stub)->object = made;
     made->m_stub = stub;
     made->m_owner = owner;
-    Opening::joined(*made);
+    ObjectOpening::joined(*made);
     m_undo.created(stub);
-    Opening::tellAppended(*made);
+    ObjectOpening::tellAppended(*made);
     return AcDbObjectId(stub);
 }
 

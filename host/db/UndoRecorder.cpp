@@ -5,7 +5,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 
 #include "dbmain.h"
 
