@@ -1,5 +1,4 @@
 #include <cmath>
-#include <numbers>
 
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
@@ -7,6 +6,7 @@
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
 #include "ed/CommandRunner.h"
+#include "ge/Angles.h"
 
 #include "dbents.h"
 #include "dbsymtb.h"
@@ -162,7 +162,7 @@ void write(const TextRun& run, const std::wstring& line)
 void goDown(TextRun& run)
 {
     constexpr double spacing = 5.0 / 3.0;
-    const double down = run.rotation - std::numbers::pi / 2.0;
+    const double down = run.rotation - quarterTurn;
     const AcGeVector3d step = AcGeVector3d(std::cos(down), std::sin(down), 0.0) * (run.height * spacing);
     run.point += step;
     run.end += step;

@@ -1,8 +1,8 @@
 #include "ui/window/PropertyRows.h"
 
 #include <cmath>
-#include <numbers>
 
+#include "ge/Angles.h"
 #include "ui/window/ColorDialog.h"
 
 #include "acutmem.h"
@@ -38,8 +38,6 @@ Acad::ErrorStatus readNumber(const QString& text, double& value)
 
 namespace {
 
-constexpr double degree = std::numbers::pi / 180.0;
-
 /// Takes over a text that the interface gives away.
 QString taken(ACHAR* text)
 {
@@ -55,7 +53,7 @@ QString length(double value)
 
 QString angle(double radians)
 {
-    return numberText(radians / degree);
+    return numberText(radians / oneDegree);
 }
 
 QString symbolName(AcDbObjectId record)
@@ -104,7 +102,7 @@ Acad::ErrorStatus writeAngle(AcDbEntity& entity, const QString& text)
 {
     double value = 0.0;
     const Acad::ErrorStatus status = readNumber(text, value);
-    return status == Acad::eOk ? (static_cast<Entity&>(entity).*Set)(value * degree) : status;
+    return status == Acad::eOk ? (static_cast<Entity&>(entity).*Set)(value * oneDegree) : status;
 }
 
 template <class Entity, AcGePoint3d (Entity::*Get)() const, double AcGePoint3d::*Axis>
