@@ -275,12 +275,11 @@ private:
             return handle;
         // A definition of the other drawing: the one of the same name here.
         AcDbStub* origin = m_from.byHandle(handle);
-        for (int kind = 0; origin && kind < nameKindCount; ++kind) {
-            const std::wstring name = m_from.recordName(origin);
-            if (!name.empty() && m_from.named(static_cast<NameKind>(kind), name) == origin)
-                if (AcDbStub* record = bring(static_cast<NameKind>(kind), name))
+        const std::wstring name = origin ? m_from.recordName(origin) : L"";
+        for (const NameKind kind : nameKinds)
+            if (!name.empty() && m_from.named(kind, name) == origin)
+                if (AcDbStub* record = bring(kind, name))
                     return recordOf(record)->handle;
-        }
         return 0;
     }
 
