@@ -1,6 +1,5 @@
 #include "ui/script/ScriptText.h"
 
-#include <QStringDecoder>
 #include <QStringList>
 
 #include "ed/input/CommandLine.h"
@@ -32,9 +31,7 @@ bool beginsExpression(const QString& line)
 
 QString scriptText(const QByteArray& content)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(content); // without the mark at its start
-    return utf8.hasError() ? QString::fromStdWString(platform::wideFromAnsi(content.toStdString())) : text;
+    return QString::fromStdWString(platform::wideFromFile(content.toStdString()));
 }
 
 qsizetype expressionEnd(const QString& text)
