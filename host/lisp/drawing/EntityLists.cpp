@@ -38,10 +38,7 @@ const LispValue* valueUnder(int code, const std::vector<GroupPair>& pairs)
 std::wstring kindOf(const std::vector<GroupPair>& pairs)
 {
     const LispValue* const type = valueUnder(0, pairs);
-    std::wstring kind = type ? lisp_argument::text(*type) : L"";
-    for (wchar_t& c : kind)
-        c = platform::upperCase(c);
-    return kind;
+    return type ? platform::upperCase(lisp_argument::text(*type)) : L"";
 }
 
 namespace {
