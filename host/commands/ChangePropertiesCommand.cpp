@@ -1,8 +1,8 @@
-#include "commands/Colors.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
+#include "db/Colors.h"
 
 #include "dbents.h"
 
@@ -34,7 +34,8 @@ Change askLayer()
 
 Change askNewColor()
 {
-    const auto color = askColor(L"Entrez la nouvelle couleur (DuCalque, DuBloc, 1 à 255, ou son nom) : ");
+    const auto color =
+        colorNamed(Prompt(L"Entrez la nouvelle couleur (DuCalque, DuBloc, 1 à 255, ou son nom) : ").text(false));
     if (!color)
         return nullptr;
     return [color](AcDbEntity& entity) { return entity.setColorIndex(*color); };

@@ -1,12 +1,12 @@
 #include <sstream>
 
-#include "commands/Colors.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
 #include "commands/Variables.h"
+#include "db/Colors.h"
 #include "platform/LetterCase.h"
 
 #include "acutads.h"
@@ -200,7 +200,7 @@ void unlock()
 
 void setColor()
 {
-    const auto index = askColor(L"Entrez la couleur (1 à 255, ou son nom) : ");
+    const auto index = colorNamed(Prompt(L"Entrez la couleur (1 à 255, ou son nom) : ").text(false));
     if (!index || *index < 1 || *index > 255)
         return say(L"Une couleur de 1 à 255, ou son nom, est attendue.");
     AcCmColor color;

@@ -2,14 +2,20 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "adesk.h"
 
-/// Colours by index, and the names of the first seven.
+/// Colours by index: 1 to 255, or that of the layer or of the block. What they look like: gi/AciPalette.
 
-/// "1 (rouge)", "DuCalque", "DuBloc", "30".
-std::wstring colorText(Adesk::UInt16 index);
+inline constexpr Adesk::UInt16 colorByBlock = 0, contrastingColor = 7, colorByLayer = 256;
+
+/// "rouge", "DuCalque", "134".
+std::wstring colorName(int index);
+/// As a list shows it: "1 (rouge)", "DuCalque", "134".
+std::wstring colorText(int index);
+/// As a drawing keeps it: "1", "BYLAYER".
+std::wstring storedColor(int index);
+
 /// A number, a name, DuCalque or DuBloc, in French or as common to all languages; nothing for another text.
-std::optional<Adesk::UInt16> colorFrom(const std::wstring& typed);
-/// Nothing when what is typed is no colour.
-std::optional<Adesk::UInt16> askColor(const std::wstring& prompt);
+std::optional<Adesk::UInt16> colorNamed(std::wstring_view typed);

@@ -1,9 +1,9 @@
 #include "ed/DrawingHeader.h"
 
+#include "db/Colors.h"
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfAngle.h"
 #include "ed/DrawingChanges.h"
-#include "platform/LetterCase.h"
 
 namespace {
 
@@ -22,25 +22,6 @@ std::string nameInFile(std::wstring_view name)
     for (const wchar_t c : name) // plain capitals
         text += static_cast<char>(c);
     return text;
-}
-
-constexpr short kByBlock = 0, kByLayer = 256;
-
-std::wstring colorName(std::int64_t index)
-{
-    return index == kByLayer ? L"BYLAYER" : index == kByBlock ? L"BYBLOCK" : std::to_wstring(index);
-}
-
-/// A number from 1 to 255, or where the colour comes from.
-std::optional<short> colorIndex(const std::wstring& name)
-{
-    for (const short special : {kByBlock, kByLayer})
-        if (platform::equalNoCase(name, colorName(special)))
-            return special;
-    if (name.empty() || name.size() > 3 || name.find_first_not_of(L"0123456789") != std::wstring::npos)
-        return std::nullopt;
-    const int index = std::stoi(name);
-    return index >= 1 && index <= 255 ? std::optional(static_cast<short>(index)) : std::nullopt;
 }
 
 /// 1 is the bit of what the database holds.
@@ -122,7 +103,7 @@ std::optional<VariableValue> DrawingHeader::value(const AcDbDatabase& database, 
     if (variable.kept == DrawingValue::degrees)
         return dxfRadians(header.real(name, 0.0));
     if (variable.kept == DrawingValue::color)
-        return colorName(header.integer(name, kByLayer));
+        return storedColor(static_cast<int>(header.integer(name, colorByLayer)));
     return std::visit([&](const auto& type) { return read(header, name, type); }, variable.initial);
 }
 
@@ -145,7 +126,7 @@ bool DrawingHeader::setValue(AcDbDatabase& database, const DrawingVariable& vari
     case DrawingValue::linetype:
         return writeName(impl, name, kLinetypeCode, NameKind::linetype, std::get<std::wstring>(value));
     case DrawingValue::color: {
-        const auto index = colorIndex(std::get<std::wstring>(value));
+        const auto index = colorNamed(std::get<std::wstring>(value));
         if (index)
             header.setInteger(name, kColorCode, *index);
         return index.has_value();

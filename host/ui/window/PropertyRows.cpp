@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "db/Colors.h"
 #include "ge/Angles.h"
-#include "ui/window/ColorDialog.h"
 
 #include "acutmem.h"
 #include "dbents.h"
@@ -146,12 +146,12 @@ constexpr std::pair<QLatin1String, QLatin1String> linetypesOfOthers[] = {
 
 QString readColor(const AcDbEntity& entity)
 {
-    return colorName(entity.colorIndex());
+    return QString::fromStdWString(colorName(entity.colorIndex()));
 }
 Acad::ErrorStatus writeColor(AcDbEntity& entity, const QString& name)
 {
-    const auto color = colorNamed(name);
-    return color ? entity.setColorIndex(static_cast<Adesk::UInt16>(*color)) : Acad::eInvalidInput;
+    const auto color = colorNamed(name.trimmed().toStdWString());
+    return color ? entity.setColorIndex(*color) : Acad::eInvalidInput;
 }
 
 QString readLinetype(const AcDbEntity& entity)
