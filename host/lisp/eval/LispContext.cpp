@@ -55,16 +55,6 @@ LispSymbol& LispContext::symbol(std::wstring_view name)
     return *place;
 }
 
-std::vector<std::wstring> LispContext::functionNames() const
-{
-    std::vector<std::wstring> names;
-    for (const auto& [name, symbol] : m_symbols)
-        if (symbol->value.builtin() || symbol->value.specialForm() || symbol->value.lambda())
-            names.push_back(name);
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
 void LispContext::assign(LispSymbol& symbol, LispValue value)
 {
     if (symbol.isProtected)
