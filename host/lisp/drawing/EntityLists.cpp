@@ -69,6 +69,13 @@ void setItem(resbuf& item, const GroupPair& pair)
         item.resval.rreal = dxfDegrees(item.resval.rreal);
 }
 
+ResbufChain bufferOf(const GroupPair& pair)
+{
+    ResbufBuilder item;
+    setItem(item.add(pair.code), pair);
+    return item.take();
+}
+
 /// What the tables take up: not names, groups and extended data. References (330) that a class holds itself, as a hatch
 /// those of its boundary, stand behind its marker; before it they tell the owner.
 bool isField(int code)
