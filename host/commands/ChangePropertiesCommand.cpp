@@ -1,4 +1,5 @@
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
@@ -20,7 +21,7 @@ std::wstring askRecord(const std::wstring& prompt, AcDbObjectId table)
         return {};
     const AcDbObjectId record = recordNamed(table, typed);
     if (record.isNull())
-        say(L"« " + typed + L" » n'est pas dans le dessin.");
+        say(command_texts::isNotInDrawing(L"", typed));
     return record.isNull() ? std::wstring() : recordName(record);
 }
 

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
@@ -62,7 +63,7 @@ void askStyle(TextRun& run)
     if (name.empty())
         return;
     if (SystemVariables::instance().set(L"TEXTSTYLE", name) != SystemVariables::Answer::done)
-        return say(L"Le style « " + name + L" » n'existe pas.");
+        return say(command_texts::isMissing(L"Le style ", name));
     run.style = drawing().textstyle();
 }
 

@@ -1,9 +1,12 @@
 #include "ui/script/ScriptText.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 #include "ed/input/CommandLine.h"
 #include "platform/CodePage.h"
+#include "ui/script/ScriptError.h"
 
 namespace {
 
@@ -32,6 +35,14 @@ bool beginsExpression(const QString& line)
 QString scriptText(const QByteArray& content)
 {
     return QString::fromStdWString(platform::wideFromFile(content.toStdString()));
+}
+
+QByteArray contentOfFile(const QString& path)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        throw ScriptError(QStringLiteral("%1 : lecture impossible du fichier.").arg(path));
+    return file.readAll();
 }
 
 qsizetype expressionEnd(const QString& text)
