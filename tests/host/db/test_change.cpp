@@ -10,19 +10,13 @@ using ChangeTest = DrawingTest;
 
 namespace {
 
-const std::string wallLayer = "0 LAYER\n5 40\n330 2\n100 AcDbSymbolTableRecord\n100 AcDbLayerTableRecord\n2 Murs\n"
-                              "70 0\n999 avant la couleur\n62 3\n6 Continuous\n420 255\n370 25\n";
-const std::string applications = "0 APPID\n5 60\n330 9\n100 AcDbSymbolTableRecord\n100 AcDbRegAppTableRecord\n2 UN\n"
-                                 "70 0\n0 APPID\n5 61\n330 9\n100 AcDbSymbolTableRecord\n100 AcDbRegAppTableRecord\n"
-                                 "2 DEUX\n70 0\n";
-const std::string line = "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0.10\n20 1E+00\n30 0\n"
-                         "11 5.50\n21 -0\n31 +3\n";
+const std::string wallLayer =
+    recordTags("LAYER", "40", "2 Murs\n70 0\n999 avant la couleur\n62 3\n6 Continuous\n420 255\n370 25\n");
+const std::string applications =
+    recordTags("APPID", "60", "2 UN\n70 0\n") + recordTags("APPID", "61", "2 DEUX\n70 0\n");
+const std::string line = entityTags("LINE", "80", "AcDbLine", "10 0.10\n20 1E+00\n30 0\n11 5.50\n21 -0\n31 +3\n");
 const std::string lineWithData = line + "1001 UN\n1040 1.500\n1010 1.0\n1020 2.0\n1030 3.0\n1001 DEUX\n1000 gard\xE9\n"
                                         "1040 7.250\n";
-const std::string block = "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 BORNE\n";
-const std::string blockContent = "0 BLOCK\n5 71\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 BORNE\n70 0\n10 0\n"
-                                 "20 0\n30 0\n3 BORNE\n1 \n0 ENDBLK\n5 72\n330 70\n100 AcDbEntity\n8 0\n"
-                                 "100 AcDbBlockEnd\n";
 const std::string attribute = "0 ATTRIB\n5 91\n330 90\n100 AcDbEntity\n8 0\n100 AcDbText\n10 1\n20 2\n30 0\n40 2.50\n"
                               "1 S1\n100 AcDbAttribute\n2 NUM\n70 0\n";
 const std::string reference = "0 INSERT\n5 90\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbBlockReference\n66 1\n2 BORNE\n"
@@ -39,8 +33,8 @@ SmallDrawing with(std::string SmallDrawing::*part, const std::string& tags)
 
 SmallDrawing withReference()
 {
-    SmallDrawing drawing = with(&SmallDrawing::blockRecords, block);
-    drawing.blocks = blockContent;
+    SmallDrawing drawing = with(&SmallDrawing::blockRecords, recordTags("BLOCK_RECORD", "70", "2 BORNE\n"));
+    drawing.blocks = blockTags("BORNE", "70", 0x71);
     drawing.entities = reference;
     return drawing;
 }
@@ -65,6 +59,14 @@ void setData(AcDbDatabase& database, std::uint64_t handle, resbuf* data)
     EXPECT_EQ(object->setXData(data), Acad::eOk);
     acutRelRb(data);
 }
+
+/// One change of a small drawing, and the tags that differ after saving.
+struct ChangeRow {
+    const char* name;
+    SmallDrawing drawing;
+    void (*change)(AcDbDatabase&);
+    Changes expected;
+};
 
 const ChangeRow rows[] = {
     {"colour of a layer takes its true colour away, and leaves the comment",

@@ -3,6 +3,7 @@
 #include "acutmem.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
+#include "Drawing.h"
 #include "SmallDrawing.h"
 
 /// Copies within a drawing, and drawings that become blocks of another.
@@ -10,19 +11,6 @@
 using CloningTest = DrawingTest;
 
 namespace {
-
-std::string blockRecord(const char* name, const char* handle, const std::string& more = "")
-{
-    return std::string("0 BLOCK_RECORD\n5 ") + handle + "\n" + more +
-           "330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 " + name + "\n340 0\n";
-}
-
-std::string block(const char* name, const char* owner, const char* begin, const char* end, const std::string& content)
-{
-    return std::string("0 BLOCK\n5 ") + begin + "\n330 " + owner + "\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 " +
-           name + "\n70 0\n10 1.0\n20 0\n30 0\n3 " + name + "\n1 \n" + content + "0 ENDBLK\n5 " + end + "\n330 " +
-           owner + "\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
-}
 
 std::string insert(const char* name, const char* handle, const char* owner, const std::string& head = "",
                    const std::string& tail = "")
@@ -44,25 +32,23 @@ SmallDrawing library()
     SmallDrawing drawing;
     drawing.header = "9 $INSBASE\n10 7.0\n20 8.0\n30 0.0\n";
     drawing.linetypes =
-        "0 LTYPE\n5 17\n330 5\n100 AcDbSymbolTableRecord\n100 AcDbLinetypeTableRecord\n2 Tirets\n70 0\n3 \n"
-        "72 65\n73 2\n40 3.0\n49 2.0\n74 0\n49 -1.0\n74 0\n";
-    drawing.layers = "0 LAYER\n5 40\n330 2\n100 AcDbSymbolTableRecord\n100 AcDbLayerTableRecord\n2 Bornes\n70 0\n62 3\n"
-                     "6 Tirets\n";
-    drawing.styles =
-        "0 STYLE\n5 41\n330 3\n100 AcDbSymbolTableRecord\n100 AcDbTextStyleTableRecord\n2 Gras\n70 0\n40 0.0\n"
-        "41 1.0\n50 0.0\n71 0\n42 2.5\n3 arial.ttf\n4 \n";
-    drawing.applications = "0 APPID\n5 42\n330 9\n100 AcDbSymbolTableRecord\n100 AcDbRegAppTableRecord\n2 VELA\n70 0\n";
-    drawing.blockRecords = blockRecord("BORNE", "70", "102 {ACAD_XDICTIONARY\n360 60\n102 }\n") +
-                           blockRecord("CROIX", "71") + blockRecord("*U1", "72");
+        recordTags("LTYPE", "17", "2 Tirets\n70 0\n3 \n72 65\n73 2\n40 3.0\n49 2.0\n74 0\n49 -1.0\n74 0\n");
+    drawing.layers = recordTags("LAYER", "40", "2 Bornes\n70 0\n62 3\n6 Tirets\n");
+    drawing.styles = recordTags("STYLE", "41", "2 Gras\n70 0\n40 0.0\n41 1.0\n50 0.0\n71 0\n42 2.5\n3 arial.ttf\n4 \n");
+    drawing.applications = recordTags("APPID", "42", "2 VELA\n70 0\n");
+    drawing.blockRecords =
+        recordTags("BLOCK_RECORD", "70", "2 BORNE\n340 0\n", "102 {ACAD_XDICTIONARY\n360 60\n102 }\n") +
+        recordTags("BLOCK_RECORD", "71", "2 CROIX\n340 0\n") + recordTags("BLOCK_RECORD", "72", "2 *U1\n340 0\n");
     drawing.blocks =
-        block("BORNE", "70", "73", "74",
-              insert("CROIX", "E0", "70") + "0 TRUC\n5 75\n330 70\n100 AcDbEntity\n8 Bornes\n100 CTruc\n90 5\n330 70\n"
-                                            "0 ATTDEF\n5 76\n330 70\n100 AcDbEntity\n8 0\n100 AcDbText\n10 0\n20 0\n30 "
-                                            "0\n40 1\n1 ?\n100 AcDbAttributeDefinition\n"
-                                            "3 Num\n2 NUM\n70 0\n") +
-        block("CROIX", "71", "77", "78",
-              "0 POINT\n5 79\n330 71\n100 AcDbEntity\n8 0\n100 AcDbPoint\n10 0\n20 0\n30 0\n") +
-        block("*U1", "72", "7A", "7B", "0 POINT\n5 7C\n330 72\n100 AcDbEntity\n8 0\n100 AcDbPoint\n10 1\n20 0\n30 0\n");
+        blockTags("BORNE", "70", 0x73,
+                  insert("CROIX", "E0", "70") + entityTags("TRUC", "75", "CTruc", "90 5\n330 70\n", "Bornes", "70") +
+                      entityTags("ATTDEF", "76", "AcDbText",
+                                 "10 0\n20 0\n30 0\n40 1\n1 ?\n100 AcDbAttributeDefinition\n"
+                                 "3 Num\n2 NUM\n70 0\n",
+                                 "0", "70"),
+                  "1.0") +
+        blockTags("CROIX", "71", 0x77, entityTags("POINT", "79", "AcDbPoint", "10 0\n20 0\n30 0\n", "0", "71"), "1.0") +
+        blockTags("*U1", "72", 0x7A, entityTags("POINT", "7C", "AcDbPoint", "10 1\n20 0\n30 0\n", "0", "72"), "1.0");
     drawing.entities =
         insert("BORNE", "E1", "1F", "102 {ACAD_XDICTIONARY\n360 62\n102 }\n", "1001 VELA\n1005 E1\n1003 Bornes\n") +
         insert("*U1", "E2", "1F");
@@ -76,21 +62,6 @@ SmallDrawing library()
 std::ptrdiff_t count(const std::string& file, const std::string& tag)
 {
     return std::ranges::count(tagsOf(file), tag);
-}
-
-AcDbObjectIdArray contentOf(AcDbObjectId block)
-{
-    AcDbObjectPointer<AcDbBlockTableRecord> opened(block);
-    AcDbBlockTableRecordIterator* made = nullptr;
-    opened->newIterator(made);
-    const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
-    AcDbObjectIdArray ids;
-    for (; !iterator->done(); iterator->step()) {
-        AcDbObjectId id;
-        iterator->getEntityId(id);
-        ids.append(id);
-    }
-    return ids;
 }
 
 AcDbObjectId blockNamed(AcDbDatabase& database, const wchar_t* name)
@@ -135,7 +106,7 @@ TEST_F(CloningTest, aReferenceWithAllItOwns)
     for (AcDbDatabase* each : {database.get(), open(after, "relu.dxf").release()}) {
         const std::unique_ptr<AcDbDatabase> kept(each == database.get() ? nullptr : each);
         const AcDbObjectId there = idOf(*each, copy.handle());
-        EXPECT_EQ(contentOf(each->currentSpaceId()).length(), 3);
+        EXPECT_EQ(entitiesOf(each->currentSpaceId()).size(), 3U);
         checkExtension(there, L"FICHE");
         AcDbObjectPointer<AcDbBlockReference> opened(there);
         resbuf* data = opened->xData(L"VELA");
@@ -175,10 +146,9 @@ TEST_F(CloningTest, aDrawingBecomesABlock)
     SmallDrawing target;
     target.version = "AC1015";
     target.eol = "\n";
-    target.layers = "0 LAYER\n5 40\n330 2\n100 AcDbSymbolTableRecord\n100 AcDbLayerTableRecord\n2 BORNES\n70 0\n62 1\n"
-                    "6 Continuous\n";
-    target.blockRecords = blockRecord("*U1", "70");
-    target.blocks = block("*U1", "70", "71", "72", "");
+    target.layers = recordTags("LAYER", "40", "2 BORNES\n70 0\n62 1\n6 Continuous\n");
+    target.blockRecords = recordTags("BLOCK_RECORD", "70", "2 *U1\n340 0\n");
+    target.blocks = blockTags("*U1", "70", 0x71, "", "1.0");
     for (const bool binary : {false, true}) {
         SCOPED_TRACE(binary ? "binary" : "ASCII");
         const std::string before = binary ? target.binary() : target.text();
@@ -200,8 +170,8 @@ TEST_F(CloningTest, aDrawingBecomesABlock)
             const AcDbObjectId there = blockNamed(*each, L"biblio");
             AcDbObjectPointer<AcDbBlockTableRecord> opened(there);
             EXPECT_EQ(opened->origin(), AcGePoint3d(7, 8, 0));
-            const AcDbObjectIdArray content = contentOf(there);
-            ASSERT_EQ(content.length(), 2);
+            const std::vector<AcDbObjectId> content = entitiesOf(there);
+            ASSERT_EQ(content.size(), 2U);
             AcDbObjectPointer<AcDbBlockReference> reference(content[0]);
             EXPECT_EQ(reference->blockTableRecord(), blockNamed(*each, L"BORNE"));
             EXPECT_EQ(reference->ownerId(), there);
@@ -212,14 +182,14 @@ TEST_F(CloningTest, aDrawingBecomesABlock)
             EXPECT_FALSE(AcDbObjectId(each->impl().named(NameKind::textStyle, L"Gras")).isNull());
             checkExtension(content[0], L"FICHE");
             checkExtension(blockNamed(*each, L"BORNE"), L"INFO");
-            EXPECT_EQ(contentOf(blockNamed(*each, L"BORNE")).length(), 3);
-            EXPECT_EQ(contentOf(blockNamed(*each, L"CROIX")).length(), 1);
+            EXPECT_EQ(entitiesOf(blockNamed(*each, L"BORNE")).size(), 3U);
+            EXPECT_EQ(entitiesOf(blockNamed(*each, L"CROIX")).size(), 1U);
             AcDbObjectPointer<AcDbBlockTableRecord> borne(blockNamed(*each, L"BORNE"));
             EXPECT_EQ(borne->origin(), AcGePoint3d(1, 0, 0));
             EXPECT_TRUE(borne->hasAttributeDefinitions());
-            EXPECT_EQ(contentOf(blockNamed(*each, L"*U1")).length(), 0) << "the one of this drawing";
+            EXPECT_EQ(entitiesOf(blockNamed(*each, L"*U1")).size(), 0U) << "the one of this drawing";
             AcDbObjectPointer<AcDbBlockReference> unnamed(content[1]);
-            EXPECT_EQ(contentOf(unnamed->blockTableRecord()).length(), 1) << "the one of the other drawing";
+            EXPECT_EQ(entitiesOf(unnamed->blockTableRecord()).size(), 1U) << "the one of the other drawing";
         }
         DxfForm ascii = database->impl().form();
         ascii.binary = false;
@@ -240,7 +210,7 @@ TEST_F(CloningTest, objectsOfAnotherDrawing)
     ids.append(idOf(*source, 0xE1));
     AcDbIdMapping mapping;
     ASSERT_EQ(database->wblockCloneObjects(ids, database->currentSpaceId(), mapping), Acad::eOk);
-    EXPECT_EQ(contentOf(database->currentSpaceId()).length(), 1);
+    EXPECT_EQ(entitiesOf(database->currentSpaceId()).size(), 1U);
     EXPECT_EQ(count(saved(*database), "2|Tirets"), 1) << "the linetype that the layer needs";
     EXPECT_EQ(database->deepCloneObjects(ids, database->currentSpaceId(), mapping), Acad::eWrongDatabase);
     EXPECT_EQ(database->wblockCloneObjects(ids, AcDbObjectId(), mapping), Acad::eWrongDatabase);

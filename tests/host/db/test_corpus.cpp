@@ -1,4 +1,3 @@
-#include <fstream>
 #include <random>
 
 #include "exerciseDrawing.h"
@@ -11,10 +10,8 @@ namespace {
 std::vector<std::pair<std::string, std::string>> corpus()
 {
     std::vector<std::pair<std::string, std::string>> files;
-    for (const auto& entry : std::filesystem::directory_iterator(VELA_SOURCE_DIR "/tests/host/db/corpus")) {
-        std::ifstream in(entry.path(), std::ios::binary);
-        files.emplace_back(entry.path().filename(), std::string(std::istreambuf_iterator<char>(in), {}));
-    }
+    for (const auto& entry : std::filesystem::directory_iterator(VELA_SOURCE_DIR "/tests/host/db/corpus"))
+        files.emplace_back(entry.path().filename(), contents(entry.path()));
     return files;
 }
 

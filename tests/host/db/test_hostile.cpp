@@ -80,7 +80,7 @@ TEST_F(HostileTest, aTableIsOpenedWhateverItsOwnTags)
     for (const char* count : {"70 99999999999", "70 x", "70 -5"}) {
         std::string text = SmallDrawing().text();
         const std::string old = " 70\r\n9\r\n";
-        text.replace(text.find(old), old.size(), asTags(count));
+        text.replace(text.find(old), old.size(), asciiDxf(count));
         const auto database = open(text);
         AcDbLinetypeTable* table = nullptr;
         ASSERT_EQ(database->getSymbolTable(table, AcDb::kForWrite), Acad::eOk) << count;
@@ -109,8 +109,7 @@ TEST_F(HostileTest, circlesAndChainsEnd)
                                                       "{ACAD_REACTORS\n330 80\n102 }\n330 80\n100 AcDbEntity\n8 0\n"
                                                       "100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n31 1\n";
     SmallDrawing& self = add("blocks that show each other");
-    self.blockRecords = "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 A\n"
-                        "0 BLOCK_RECORD\n5 71\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 B\n";
+    self.blockRecords = recordTags("BLOCK_RECORD", "70", "2 A\n") + recordTags("BLOCK_RECORD", "71", "2 B\n");
     const auto showing = [](const char* name, const char* owner, int handle, const char* shown) {
         const std::string head = std::string("\n330 ") + owner + "\n100 AcDbEntity\n8 0\n";
         return "0 BLOCK\n5 " + std::to_string(handle) + head + "100 AcDbBlockBegin\n2 " + name +
@@ -127,7 +126,7 @@ TEST_F(HostileTest, circlesAndChainsEnd)
     deep.rootEntries = "3 FOND\n350 1000\n";
     SmallDrawing& stray = add("attributes without a reference");
     stray.entities =
-        "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n31 1\n"
+        lineTags("80") +
         "0 ATTRIB\n5 81\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbText\n10 0\n20 0\n30 0\n40 1\n1 x\n100 AcDbAttribute\n"
         "2 T\n70 0\n0 SEQEND\n5 82\n330 1F\n100 AcDbEntity\n8 0\n";
     add("absurd counts").entities =
@@ -137,8 +136,7 @@ TEST_F(HostileTest, circlesAndChainsEnd)
         "0 INSERT\n5 83\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbBlockReference\n2 *Model_Space\n10 0\n20 0\n30 0\n70 "
         "32767\n71 32767\n";
     add("the highest handle of all").header = "9 $HANDSEED\n5 FFFFFFFFFFFFFFFF\n";
-    rows.back().drawing.entities =
-        "0 LINE\n5 FFFFFFFFFFFFFFFF\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n31 1\n";
+    rows.back().drawing.entities = lineTags("FFFFFFFFFFFFFFFF");
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         const std::string before = row.drawing.text();
@@ -154,7 +152,7 @@ TEST_F(HostileTest, erasingTakesStrayAttributesNowhere)
 {
     SmallDrawing drawing;
     drawing.entities =
-        "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n31 1\n"
+        lineTags("80") +
         "0 ATTRIB\n5 81\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbText\n10 0\n20 0\n30 0\n40 1\n1 x\n100 AcDbAttribute\n"
         "2 T\n70 0\n";
     const auto database = open(drawing);
@@ -203,8 +201,7 @@ TEST_F(HostileTest, sectionsAndBlocksLeftOpen)
     const std::string point = "0 POINT\n5 81\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbPoint\n10 0\n20 0\n30 0\n";
     SmallDrawing drawing;
     drawing.entities = point;
-    drawing.blockRecords = "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 A\n"
-                           "0 BLOCK_RECORD\n5 71\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 B\n";
+    drawing.blockRecords = recordTags("BLOCK_RECORD", "70", "2 A\n") + recordTags("BLOCK_RECORD", "71", "2 B\n");
     drawing.blocks = "0 BLOCK\n5 72\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 A\n70 0\n10 0\n20 0\n30 0\n3 "
                      "A\n1 \n"; // no ENDBLK
     std::string text = drawing.text();

@@ -4,7 +4,7 @@
 #include "acutmem.h"
 #include "dbdict.h"
 #include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "SmallDrawing.h"
 
 /// Objects made by a program: saved, read again, found as they were.
@@ -32,30 +32,6 @@ protected:
                 {"without model space", headless.text()}};
     }
 };
-
-template <class Table, class Record>
-AcDbObjectId addRecord(AcDbDatabase& database, const wchar_t* name)
-{
-    Table* table = nullptr;
-    EXPECT_EQ(database.getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
-    auto* made = new Record;
-    made->setName(name);
-    AcDbObjectId id;
-    EXPECT_EQ(table->add(id, made), Acad::eOk);
-    table->close();
-    made->close();
-    return id;
-}
-
-AcDbObjectId addEntity(AcDbObjectId block, AcDbEntity* entity)
-{
-    AcDbObjectId id;
-    AcDbObjectPointer<AcDbBlockTableRecord> opened(block, AcDb::kForWrite);
-    EXPECT_EQ(opened.openStatus(), Acad::eOk);
-    EXPECT_EQ(opened->appendAcDbEntity(id, entity), Acad::eOk);
-    entity->close();
-    return id;
-}
 
 /// Every handle of a file stands once, and $HANDSEED above them all.
 void checkHandles(const std::string& bytes)
@@ -173,9 +149,9 @@ TEST_F(NewObjectsTest, areReadAsTheyWereMade)
 /// Its entities used to be written twice: into the block made up for model space, and where they stood.
 TEST_F(NewObjectsTest, joinADrawingOfEntitiesAlone)
 {
-    const auto database = open(asTags("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n"
-                                      "0 LINE\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n"
-                                      "21 1\n31 0\n0 ENDSEC\n0 EOF\n"));
+    const auto database = open(asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n"
+                                        "0 LINE\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n"
+                                        "21 1\n31 0\n0 ENDSEC\n0 EOF\n"));
     addEntity(database->currentSpaceId(), new AcDbPoint(AcGePoint3d(1, 2, 3)));
     const std::vector<std::string> tags = tagsOf(saved(*database));
     const auto entities = std::ranges::find(tags, "2|ENTITIES");

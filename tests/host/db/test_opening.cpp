@@ -10,9 +10,7 @@ namespace {
 SmallDrawing twoLines()
 {
     SmallDrawing drawing;
-    for (const char* handle : {"80", "81"})
-        drawing.entities += std::string("0 LINE\n5 ") + handle +
-                            "\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n31 1\n";
+    drawing.entities = lineTags("80") + lineTags("81");
     return drawing;
 }
 
@@ -36,6 +34,7 @@ protected:
 class Listener : public AcDbDatabaseReactor {
 public:
     std::string told;
+    std::string taken() { return std::exchange(told, {}); }
     AcDbDatabase* leaves = nullptr; // takes `other` away when first told
     AcDbDatabaseReactor* other = nullptr;
     Acad::ErrorStatus forRead = Acad::eOk, forWrite = Acad::eOk;
@@ -79,6 +78,7 @@ private:
 class LineListener : public AcDbObjectReactor {
 public:
     std::string told;
+    std::string taken() { return std::exchange(told, {}); }
     void openedForModify(const AcDbObject*) override { told += 'o'; }
     void modified(const AcDbObject* object) override
     {
@@ -216,26 +216,21 @@ TEST_F(OpeningTest, databaseReactorsInOrder)
     EXPECT_EQ(listener.told, "");
 
     undo.undo();
-    EXPECT_EQ(listener.told, "m1280");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "m1280");
     undo.startMark();
     auto* made = new AcDbLine(AcGePoint3d(3, 0, 0), AcGePoint3d(4, 0, 0));
     Opened<AcDbBlockTableRecord>(*database, 0x1F, AcDb::kForWrite)->appendAcDbEntity(made);
     made->setThickness(1);
     made->close();
     undo.endMark();
-    EXPECT_EQ(listener.told, "+4095") << "a new object is not told of as modified";
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "+4095") << "a new object is not told of as modified";
     undo.undo();
     undo.redo();
-    EXPECT_EQ(listener.told, "u4095 r4095");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "u4095 r4095");
     Opened<AcDbLine>(*database, 0x81, AcDb::kForWrite)->erase();
-    EXPECT_EQ(listener.told, "-129");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "-129");
     database->setClayer(database->layerZero());
-    EXPECT_EQ(listener.told, "hCLAYER ");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "hCLAYER ");
 
     Listener second, third;
     second.leaves = third.leaves = database.get();
@@ -260,21 +255,17 @@ TEST_F(OpeningTest, objectReactorsStayWithTheObjectInUse)
     undo.setRecording(true);
     Opened<AcDbLine>(*database, 0x80)->addReactor(&listener);
     Opened<AcDbLine>(*database, 0x80, AcDb::kForWrite)->setThickness(3);
-    EXPECT_EQ(listener.told, "omc");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "omc");
     undo.undo();
-    EXPECT_EQ(listener.told, "um");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "um");
     undo.redo();
     listener.told.clear();
     undo.startMark();
     Opened<AcDbLine>(*database, 0x80, AcDb::kForWrite)->erase();
     undo.endMark();
-    EXPECT_EQ(listener.told, "-c");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "-c");
     undo.undo();
-    EXPECT_EQ(listener.told, "e");
-    listener.told.clear();
+    EXPECT_EQ(listener.taken(), "e");
     undo.clear();
     EXPECT_EQ(listener.told, "") << "copies kept for undo say nothing";
     {

@@ -2,7 +2,7 @@
 
 #include "acutmem.h"
 #include "dbdict.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "SmallDrawing.h"
 
 /// What users met: layers that tables lack, copies that lost something, names under which a drawing is saved.
@@ -11,10 +11,9 @@ namespace {
 
 using RepairTest = DrawingTest;
 
-std::string point(const char* handle, const char* layer, const char* more = "")
+std::string point(const char* handle, const char* layer)
 {
-    return std::string("0 POINT\n5 ") + handle + "\n330 1F\n100 AcDbEntity\n" + more + "8 " + layer +
-           "\n100 AcDbPoint\n10 1\n20 2\n30 0\n";
+    return entityTags("POINT", handle, "AcDbPoint", "10 1\n20 2\n30 0\n", layer);
 }
 
 TEST_F(RepairTest, aLayerThatTheTableLacksIsMade)
@@ -52,7 +51,7 @@ TEST_F(RepairTest, aLayerThatTheTableLacksIsMade)
 TEST_F(RepairTest, aCopyHasTheExtendedDataOfTheFile)
 {
     SmallDrawing drawing;
-    drawing.applications = "0 APPID\n5 60\n330 9\n100 AcDbSymbolTableRecord\n100 AcDbRegAppTableRecord\n2 UN\n70 0\n";
+    drawing.applications = recordTags("APPID", "60", "2 UN\n70 0\n");
     drawing.entities = point("80", "0") + "1001 UN\n1040 1.5\n1000 texte\n";
     const auto database = open(drawing);
     const std::unique_ptr<AcDbEntity> copy(static_cast<AcDbEntity*>(Opened<AcDbEntity>(*database, 0x80)->clone()));
@@ -62,10 +61,7 @@ TEST_F(RepairTest, aCopyHasTheExtendedDataOfTheFile)
     EXPECT_EQ(data->rbnext->resval.rreal, 1.5);
     acutRelRb(data);
 
-    AcDbObjectId id;
-    auto* added = static_cast<AcDbEntity*>(copy->clone());
-    Opened<AcDbBlockTableRecord>(*database, 0x1F, AcDb::kForWrite)->appendAcDbEntity(id, added);
-    added->close();
+    addEntity(*database, static_cast<AcDbEntity*>(copy->clone()));
     const std::string after = saved(*database);
     EXPECT_EQ(std::ranges::count(tagsOf(after), "1000|texte"), 2);
 }
@@ -82,10 +78,8 @@ const char* const reference =
 TEST_F(RepairTest, whatWasErasedByItselfStaysErased)
 {
     SmallDrawing drawing;
-    drawing.blockRecords =
-        "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 BORNE\n";
-    drawing.blocks = "0 BLOCK\n5 71\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 BORNE\n70 0\n10 0\n20 0\n30 0\n"
-                     "3 BORNE\n1 \n0 ENDBLK\n5 72\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
+    drawing.blockRecords = recordTags("BLOCK_RECORD", "70", "2 BORNE\n");
+    drawing.blocks = blockTags("BORNE", "70", 0x71);
     drawing.entities = reference;
     const auto database = open(drawing);
     const auto isErased = [&](std::uint64_t handle) { return idOf(*database, handle).isErased(); };

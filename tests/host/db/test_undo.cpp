@@ -1,6 +1,6 @@
 #include "db/UndoTrial.h"
 
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "SmallDrawing.h"
 
 /// Sets, bookmarks and states of a drawing's history; what a group holds stands in the tests of changes.
@@ -21,16 +21,13 @@ protected:
     void draw()
     {
         undo().startMark();
-        auto* made = new AcDbPoint(AcGePoint3d(1, 2, 0));
-        Opened<AcDbBlockTableRecord>(*database, 0x1F, AcDb::kForWrite)->appendAcDbEntity(made);
-        made->close();
+        addEntity(*database, new AcDbPoint(AcGePoint3d(1, 2, 0)));
         undo().endMark();
     }
 
     std::unique_ptr<AcDbDatabase> database = [this] {
         SmallDrawing drawing;
-        drawing.entities = "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n"
-                           "31 0\n";
+        drawing.entities = lineTags("80");
         return open(drawing);
     }();
 };

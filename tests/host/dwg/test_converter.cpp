@@ -8,18 +8,12 @@
 #include "dwg/DwgConverter.h"
 #include "platform/TempFiles.h"
 
-#include "DwgSample.h"
-#include "TestFolder.h"
+#include "ConversionTest.h"
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
 namespace {
-
-bool nodeIsMissing()
-{
-    return runProcess({"node", "--version"}, 30s, std::uint64_t{4} << 30).how == ProcessEnd::How::notFound;
-}
 
 std::vector<fs::path> conversionFolders()
 {
@@ -55,16 +49,6 @@ std::string tags(std::initializer_list<const char*> lines)
         text += std::string(line) + "\r\n";
     return text;
 }
-
-class DwgConversionTest : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (nodeIsMissing())
-            GTEST_SKIP() << "Node.js is not installed: no DWG can be converted";
-    }
-    TestFolder m_folder;
-};
 
 } // namespace
 
@@ -159,7 +143,7 @@ TEST_F(DwgConversionTest, SaysThatItsPackageIsMissing)
 
 TEST(DwgConverterTest, SaysWhatItLacks)
 {
-    const TestFolder folder;
+    const ConversionFolder folder;
     const fs::path drawing = folder.write("plan.dwg", dwgSample());
     DwgConverter::Settings settings = installed();
     settings.node = (folder / "node").string();
@@ -174,7 +158,7 @@ TEST(DwgConverterTest, SaysWhatItLacks)
 /// The ways in which a converter can end, played by others in Node's place.
 TEST(DwgConverterTest, TellsHowTheConverterEnded)
 {
-    const TestFolder folder;
+    const ConversionFolder folder;
     const fs::path drawing = folder.write("plan.dwg", dwgSample());
     const std::string crashed = "plan.dwg : dessin DWG illisible : le convertisseur s'est arrêté brutalement";
     struct Row {
@@ -202,7 +186,7 @@ TEST(DwgConverterTest, TellsHowTheConverterEnded)
 
 TEST(DwgConverterTest, ListsWhatWasPassedOver)
 {
-    const TestFolder folder;
+    const ConversionFolder folder;
     DwgConverter::Settings settings = installed();
     settings.node = folder.program("node", "echo 'valeurs hors limites' >&2; printf '0\\nEOF\\n' > \"$4\"");
     const DwgConversion conversion = DwgConverter(settings).convert(folder.write("plan.dwg", dwgSample()));

@@ -8,12 +8,11 @@
 #include "platform/CodePage.h"
 
 #include "acutmem.h"
+#include "ConversionTest.h"
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
-#include "DwgSample.h"
-#include "TestFolder.h"
 
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
@@ -21,13 +20,6 @@ namespace fs = std::filesystem;
 /// DWG drawings opened through the host's interface, saved as DXF, and opened again.
 
 namespace {
-
-std::string contents(const fs::path& file)
-{
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
 
 std::wstring wide(const fs::path& path)
 {
@@ -98,15 +90,7 @@ void expectSample(AcDbDatabase& database)
               L"1 Été 2015; 40 1e+38; 10 4512.5,-7.25,0.125; 70 12; 90 123456");
 }
 
-class DwgOpenTest : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (runProcess({"node", "--version"}, 30s, std::uint64_t{4} << 30).how == ProcessEnd::How::notFound)
-            GTEST_SKIP() << "Node.js is not installed: no DWG can be opened";
-    }
-    TestFolder m_folder;
-};
+using DwgOpenTest = DwgConversionTest;
 
 } // namespace
 

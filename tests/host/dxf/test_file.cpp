@@ -35,13 +35,13 @@ TEST(DxfFileTest, RecordsAreTheFileInEveryForm)
         std::string bytes;
         const char* eol;
     };
-    const Row rows[] = {{"CR LF", ascii(r2000), "\r\n"},
-                        {"LF", ascii(r2000, "\n"), "\n"},
-                        {"CR", ascii(r2000, "\r"), "\r"},
-                        {"byte order mark", "\xEF\xBB\xBF" + ascii(r2000), "\r\n"},
-                        {"bytes after EOF", ascii(r2000) + std::string("\x1A\0rest", 6), "\r\n"},
-                        {"no line end after EOF", ascii(r2000).substr(0, ascii(r2000).size() - 2), "\r\n"},
-                        {"binary", binary(r2000), "\r\n"}};
+    const Row rows[] = {{"CR LF", asciiDxf(r2000), "\r\n"},
+                        {"LF", asciiDxf(r2000, "\n"), "\n"},
+                        {"CR", asciiDxf(r2000, "\r"), "\r"},
+                        {"byte order mark", "\xEF\xBB\xBF" + asciiDxf(r2000), "\r\n"},
+                        {"bytes after EOF", asciiDxf(r2000) + std::string("\x1A\0rest", 6), "\r\n"},
+                        {"no line end after EOF", asciiDxf(r2000).substr(0, asciiDxf(r2000).size() - 2), "\r\n"},
+                        {"binary", binaryDxf(r2000), "\r\n"}};
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         const DxfFile file(row.bytes, "plan.dxf");
@@ -61,7 +61,7 @@ TEST(DxfFileTest, RecordsAreTheFileInEveryForm)
 
 TEST(DxfFileTest, SectionsAndTables)
 {
-    const DxfFile file(ascii(r2000), "plan.dxf");
+    const DxfFile file(asciiDxf(r2000), "plan.dxf");
     const DxfRange* tables = file.section("TABLES");
     ASSERT_TRUE(tables);
     EXPECT_EQ(file.typeName(file.records()[tables->first].type), "SECTION");
@@ -93,7 +93,7 @@ TEST(DxfFileTest, VersionsAndCodePages)
         std::string text(r2000);
         text.replace(text.find("AC1015"), 6, row.version);
         text.replace(text.find("ANSI_1252"), 9, row.page);
-        const DxfFile file(ascii(text), "plan.dxf");
+        const DxfFile file(asciiDxf(text), "plan.dxf");
         EXPECT_EQ(file.form().version, row.expected);
         EXPECT_EQ(file.form().encoding->name(), row.encoding);
     }
@@ -101,10 +101,10 @@ TEST(DxfFileTest, VersionsAndCodePages)
 
 TEST(DxfFileTest, RepairsHandlesAboveTheHighest)
 {
-    const DxfFile file(ascii(withEntities("0 LINE\n5 A0\n100 AcDbEntity\n0 POINT\n5 A0\n330 1\n100 AcDbEntity\n"
-                                          "0 CIRCLE\n330 1\n100 AcDbEntity\n0 ARC\n5 0\n100 AcDbEntity\n"
-                                          "0 TEXT\n5 zz\n100 AcDbEntity\n"),
-                             "\n"),
+    const DxfFile file(asciiDxf(withEntities("0 LINE\n5 A0\n100 AcDbEntity\n0 POINT\n5 A0\n330 1\n100 AcDbEntity\n"
+                                             "0 CIRCLE\n330 1\n100 AcDbEntity\n0 ARC\n5 0\n100 AcDbEntity\n"
+                                             "0 TEXT\n5 zz\n100 AcDbEntity\n"),
+                                "\n"),
                        "plan.dxf");
     const auto* entities = file.section("ENTITIES");
     const DxfRecord* records = file.records().data() + entities->first;
@@ -121,14 +121,14 @@ TEST(DxfFileTest, RepairsHandlesAboveTheHighest)
     EXPECT_EQ(file.problems()[0].what, "identifiants d'objets refaits : 3 absents ou illisibles, 1 en double");
     EXPECT_EQ(file.problems()[0].line, 21); // the second A0: its group 0
 
-    const DxfFile one(ascii(withEntities("0 LINE\n5 A0\n0 POINT\n5 A0\n")), "plan.dxf");
+    const DxfFile one(asciiDxf(withEntities("0 LINE\n5 A0\n0 POINT\n5 A0\n")), "plan.dxf");
     ASSERT_EQ(one.problems().size(), 1u);
     EXPECT_EQ(one.problems()[0].what, "identifiant d'objet refait : 1 en double");
 }
 
 TEST(DxfFileTest, TheHighestHandleOfAllLeavesTheLowest)
 {
-    DxfFile file(ascii(withEntities("0 LINE\n5 FFFFFFFFFFFFFFFF\n0 POINT\n5 1\n0 POINT\n8 0\n0 POINT\n8 0\n")),
+    DxfFile file(asciiDxf(withEntities("0 LINE\n5 FFFFFFFFFFFFFFFF\n0 POINT\n5 1\n0 POINT\n8 0\n0 POINT\n8 0\n")),
                  "plan.dxf");
     const DxfRecord* records = file.records().data() + file.section("ENTITIES")->first;
     EXPECT_EQ(records[3].handle, 2u);
@@ -139,17 +139,17 @@ TEST(DxfFileTest, KnowsWhenTheDiskChanged)
 {
     const std::string path = testing::TempDir() + "dxf_change.dxf";
     const auto write = [&](const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; };
-    write(ascii(r2000));
+    write(asciiDxf(r2000));
     DxfFile file(path);
-    EXPECT_EQ(file.bytes(), ascii(r2000));
+    EXPECT_EQ(file.bytes(), asciiDxf(r2000));
     EXPECT_FALSE(file.changedOnDisk());
     std::filesystem::rename(path, path + ".bak"); // the map stays valid: so does saving over the file
     EXPECT_TRUE(file.changedOnDisk());
-    write(ascii(r2000) + "more");
+    write(asciiDxf(r2000) + "more");
     EXPECT_TRUE(file.changedOnDisk());
     file.acceptDiskState();
     EXPECT_FALSE(file.changedOnDisk());
-    EXPECT_EQ(joined(file), ascii(r2000));
+    EXPECT_EQ(joined(file), asciiDxf(r2000));
     std::filesystem::remove(path);
     std::filesystem::remove(path + ".bak");
 }

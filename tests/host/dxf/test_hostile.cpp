@@ -19,7 +19,7 @@ TEST(DxfHostileTest, RefusalsNameFileLineAndReason)
         std::string bytes;
         const char* message;
     };
-    const std::string whole = ascii(r2000);
+    const std::string whole = asciiDxf(r2000);
     const Row rows[] = {
         {"nothing", "", "plan.dxf : fichier vide"},
         {"a picture", "\x89PNG\r\n\x1A\nxxxx\n",
@@ -29,7 +29,7 @@ TEST(DxfHostileTest, RefusalsNameFileLineAndReason)
         {"codes only", "  0\r\nEOF\r\n", "plan.dxf, ligne 1 : aucune section, ce n'est pas un dessin DXF"},
         {"cut inside a section", whole.substr(0, whole.find("AcDbLine") + 10),
          "plan.dxf, ligne 155 : fichier tronqué, la section « ENTITIES » n'est pas terminée"},
-        {"cut inside the binary form", binary(r2000).substr(0, 300),
+        {"cut inside the binary form", binaryDxf(r2000).substr(0, 300),
          "plan.dxf : fichier tronqué, la section « TABLES » n'est pas terminée (octet 300)"},
     };
     for (const Row& row : rows) {
@@ -62,10 +62,11 @@ TEST(DxfHostileTest, RepairsSpoilOneRecordOnly)
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
-        const std::string before = ascii("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 ENDSEC\n"
-                                         "0 SECTION\n2 ENTITIES\n0 LINE\n",
-                                         "\n");
-        const std::string after = ascii("10 1.5\n20 2.5\n0 POINT\n5 B\n8 0\n10 1.0\n20 1.0\n0 ENDSEC\n0 EOF\n", "\n");
+        const std::string before = asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 ENDSEC\n"
+                                            "0 SECTION\n2 ENTITIES\n0 LINE\n",
+                                            "\n");
+        const std::string after =
+            asciiDxf("10 1.5\n20 2.5\n0 POINT\n5 B\n8 0\n10 1.0\n20 1.0\n0 ENDSEC\n0 EOF\n", "\n");
         DxfFile file(before + row.spoiled + after, "plan.dxf");
         EXPECT_EQ(file.bytes(), before + row.spoiled + after);
         ASSERT_GE(file.problems().size(), 1u);
@@ -85,12 +86,12 @@ TEST(DxfHostileTest, OddEndings)
 {
     std::string text(r2000);
     text.resize(text.find("0 EOF"));
-    const DxfFile without(ascii(text), "plan.dxf");
+    const DxfFile without(asciiDxf(text), "plan.dxf");
     ASSERT_EQ(without.problems().size(), 1u);
     EXPECT_EQ(without.problems()[0].what, "la marque de fin « EOF » manque");
 
-    const DxfFile unclosed(ascii("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 SECTION\n2 ENTITIES\n0 ENDSEC\n0 EOF\n"),
-                           "plan.dxf");
+    const DxfFile unclosed(
+        asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 SECTION\n2 ENTITIES\n0 ENDSEC\n0 EOF\n"), "plan.dxf");
     ASSERT_EQ(unclosed.problems().size(), 1u);
     EXPECT_EQ(unclosed.problems()[0].what, "la section « HEADER » n'est pas terminée");
     EXPECT_EQ(unclosed.problems()[0].line, 9);
@@ -100,7 +101,7 @@ TEST(DxfHostileTest, EveryPrefixIsReadOrRefused)
 {
     for (const std::string_view drawing : {r2000, r12}) {
         for (const std::string& whole :
-             {ascii(drawing), ascii(drawing, "\n"), binary(drawing), binary(drawing, drawing == r12)}) {
+             {asciiDxf(drawing), asciiDxf(drawing, "\n"), binaryDxf(drawing), binaryDxf(drawing, drawing == r12)}) {
             ASSERT_TRUE(exerciseDxf(whole, DxfUpgrade::toR2000));
             for (std::size_t size = 0; size < whole.size(); ++size) {
                 exerciseDxf(std::string_view(whole).substr(0, size), DxfUpgrade::toR2000);
@@ -114,7 +115,7 @@ TEST(DxfHostileTest, EveryLineSpoiled)
 {
     for (const std::string_view drawing : {r2000, r12}) {
         std::vector<std::string> lines;
-        std::istringstream stream(ascii(drawing, "\n"));
+        std::istringstream stream(asciiDxf(drawing, "\n"));
         for (std::string line; std::getline(stream, line);)
             lines.push_back(line + "\n");
         for (std::size_t spoiled = 0; spoiled < lines.size(); ++spoiled) {
@@ -132,24 +133,23 @@ TEST(DxfHostileTest, EveryLineSpoiled)
 TEST(DxfHostileTest, HugeButLinear)
 {
     const std::string megabyte(1 << 20, 'x');
-    EXPECT_TRUE(exerciseDxf(ascii(withEntities("0 TEXT\n5 A\n1 " + megabyte + "\n")), DxfUpgrade::toR2000));
+    EXPECT_TRUE(exerciseDxf(asciiDxf(withEntities("0 TEXT\n5 A\n1 " + megabyte + "\n")), DxfUpgrade::toR2000));
     EXPECT_FALSE(exerciseDxf(megabyte + "\n" + megabyte + "\n", DxfUpgrade::toR2000));
     std::string tiny;
     for (int i = 0; i < 200000; ++i)
         tiny += "0 P\n";
-    EXPECT_TRUE(exerciseDxf(ascii(withEntities(tiny)), DxfUpgrade::toR2000));
+    EXPECT_TRUE(exerciseDxf(asciiDxf(withEntities(tiny)), DxfUpgrade::toR2000));
     std::string bad;
     for (int i = 0; i < 200000; ++i)
         bad += "x\ny\n";
-    EXPECT_FALSE(exerciseDxf(ascii("0 SECTION\n2 ENTITIES\n", "\n") + bad, DxfUpgrade::toR2000));
+    EXPECT_FALSE(exerciseDxf(asciiDxf("0 SECTION\n2 ENTITIES\n", "\n") + bad, DxfUpgrade::toR2000));
 }
 
 TEST(DxfHostileTest, Corpus)
 {
     int files = 0;
     for (const auto& entry : std::filesystem::directory_iterator(VELA_SOURCE_DIR "/tests/host/dxf/corpus")) {
-        std::ifstream stream(entry.path(), std::ios::binary);
-        const std::string bytes(std::istreambuf_iterator<char>(stream), {});
+        const std::string bytes = contents(entry.path());
         exerciseDxf(bytes, DxfUpgrade::none);
         exerciseDxf(bytes, DxfUpgrade::toR2000);
         ++files;

@@ -26,25 +26,25 @@ std::string commentInHeader(std::string_view tags)
 TEST(DxfTranscodeTest, AsciiToBinaryAndBack)
 {
     const std::string expectedTags = commentInHeader(r2000);
-    const DxfFile text(ascii(r2000), "plan.dxf");
+    const DxfFile text(asciiDxf(r2000), "plan.dxf");
     DxfForm binaryForm = text.form();
     binaryForm.binary = true;
     const std::string made = transcodeFile(text, binaryForm);
-    EXPECT_EQ(made, binary(expectedTags));
+    EXPECT_EQ(made, binaryDxf(expectedTags));
 
     const DxfFile packed(made, "plan.dxf");
     std::string back = transcodeFile(packed, text.form());
-    std::string expected = ascii(expectedTags);
+    std::string expected = asciiDxf(expectedTags);
     expected.replace(expected.find("1e38"), 4, "1.0E+38"); // the one number written unlike our own way
     EXPECT_EQ(back, expected);
 }
 
 TEST(DxfTranscodeTest, LineEndsAloneKeepEveryValueAsWritten)
 {
-    const DxfFile file(ascii(r2000), "plan.dxf");
+    const DxfFile file(asciiDxf(r2000), "plan.dxf");
     DxfForm to = file.form();
     to.eol = "\n";
-    EXPECT_EQ(transcodeFile(file, to), ascii(r2000, "\n"));
+    EXPECT_EQ(transcodeFile(file, to), asciiDxf(r2000, "\n"));
 }
 
 TEST(DxfTranscodeTest, Encodings)
@@ -80,7 +80,7 @@ TEST(DxfTranscodeTest, HandlesAreMappedByTheirCode)
 
 TEST(DxfTranscodeTest, ARefusalNamesTheTag)
 {
-    const DxfFile file(ascii(withEntities("0 LINE\n5 A0\n62 70000\n"), "\n"), "plan.dxf");
+    const DxfFile file(asciiDxf(withEntities("0 LINE\n5 A0\n62 70000\n"), "\n"), "plan.dxf");
     DxfForm to = file.form();
     to.binary = true;
     try {

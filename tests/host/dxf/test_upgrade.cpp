@@ -62,7 +62,7 @@ std::string nameAfter(const DxfFile& file, std::uint64_t handle)
 
 TEST(DxfUpgradeTest, EntitiesOfR12InEveryForm)
 {
-    for (const std::string& bytes : {ascii(r12), ascii(r12, "\n"), binary(r12, true), binary(r12)}) {
+    for (const std::string& bytes : {asciiDxf(r12), asciiDxf(r12, "\n"), binaryDxf(r12, true), binaryDxf(r12)}) {
         const DxfFile file(bytes, "plan.dxf");
         EXPECT_EQ(file.versionOnDisk(), 1009);
         EXPECT_EQ(file.form().version, 1015);
@@ -92,7 +92,7 @@ TEST(DxfUpgradeTest, EntitiesOfR12InEveryForm)
 
 TEST(DxfUpgradeTest, SpacesOwnTheirEntities)
 {
-    const DxfFile file(ascii(r12), "plan.dxf");
+    const DxfFile file(asciiDxf(r12), "plan.dxf");
     const DxfRange* entities = file.section("ENTITIES");
     const auto ownerOf = [&](std::uint32_t at) {
         DxfCursor cursor(file.form(), file.bytes(file.records()[at]));
@@ -113,7 +113,7 @@ TEST(DxfUpgradeTest, SpacesOwnTheirEntities)
 
 TEST(DxfUpgradeTest, TablesAreCompleted)
 {
-    const DxfFile file(ascii(r12), "plan.dxf");
+    const DxfFile file(asciiDxf(r12), "plan.dxf");
     std::set<std::string> names;
     for (const DxfRange& table : file.tables())
         names.insert(table.name);
@@ -133,7 +133,7 @@ TEST(DxfUpgradeTest, TablesAreCompleted)
 
 TEST(DxfUpgradeTest, ObjectsHangOnTheRoot)
 {
-    const DxfFile file(ascii(r12), "plan.dxf");
+    const DxfFile file(asciiDxf(r12), "plan.dxf");
     const auto objects = recordsOf(file, "OBJECTS");
     EXPECT_EQ(objects.front(), "0 DICTIONARY\n5 own\n330 0\n100 AcDbDictionary\n281 1\n3 ACAD_GROUP\n350 DICTIONARY\n"
                                "3 ACAD_LAYOUT\n350 DICTIONARY\n3 ACAD_MLINESTYLE\n350 DICTIONARY\n3 ACAD_PLOTSETTINGS\n"
@@ -146,8 +146,8 @@ TEST(DxfUpgradeTest, R14KeepsItsRecords)
 {
     std::string text(r2000);
     text.replace(text.find("AC1015"), 6, "AC1014");
-    const DxfFile now(ascii(r2000), "plan.dxf");
-    const DxfFile old(ascii(text), "plan.dxf");
+    const DxfFile now(asciiDxf(r2000), "plan.dxf");
+    const DxfFile old(asciiDxf(text), "plan.dxf");
     EXPECT_EQ(old.versionOnDisk(), 1014);
     EXPECT_EQ(recordsOf(old, "ENTITIES"), recordsOf(now, "ENTITIES"));
     EXPECT_EQ(old.headerValue("$ACADVER", 1), "AC1015");
@@ -159,8 +159,8 @@ TEST(DxfUpgradeTest, R14KeepsItsRecords)
 TEST(DxfUpgradeTest, SpacesOfR12ByTheirOldNames)
 {
     const DxfFile file(
-        ascii("0 SECTION\n2 BLOCKS\n0 BLOCK\n8 0\n2 $MODEL_SPACE\n3 $MODEL_SPACE\n0 ENDBLK\n8 0\n0 ENDSEC\n"
-              "0 EOF\n"),
+        asciiDxf("0 SECTION\n2 BLOCKS\n0 BLOCK\n8 0\n2 $MODEL_SPACE\n3 $MODEL_SPACE\n0 ENDBLK\n8 0\n0 ENDSEC\n"
+                 "0 EOF\n"),
         "plan.dxf");
     const auto blocks = recordsOf(file, "BLOCKS");
     ASSERT_EQ(blocks.size(), 4u); // paper space was added
@@ -171,8 +171,9 @@ TEST(DxfUpgradeTest, SpacesOfR12ByTheirOldNames)
 TEST(DxfUpgradeTest, LayersAreTheSameWhateverTheirCaseAndAccents)
 {
     const DxfFile file(
-        ascii("0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n70 1\n0 LAYER\n2 \\U+00C9l\xE9ments\n70 0\n62 1\n6 CONTINUOUS\n"
-              "0 ENDTAB\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n0 POINT\n8 \xC9L\xC9MENTS\n10 0\n20 0\n0 ENDSEC\n0 EOF\n"),
+        asciiDxf(
+            "0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n70 1\n0 LAYER\n2 \\U+00C9l\xE9ments\n70 0\n62 1\n6 CONTINUOUS\n"
+            "0 ENDTAB\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n0 POINT\n8 \xC9L\xC9MENTS\n10 0\n20 0\n0 ENDSEC\n0 EOF\n"),
         "plan.dxf");
     const DxfRange* layers = file.table("LAYER");
     EXPECT_EQ(layers->last - layers->first - 1, 2u); // and layer 0

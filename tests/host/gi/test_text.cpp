@@ -1,9 +1,9 @@
-#include "../db/entities/DrawingWithEntities.h"
 #include "gi/MTextLayout.h"
 #include "gi/ShownText.h"
 #include "gi/TextMetrics.h"
 #include "platform/CodePage.h"
 
+#include "DrawingWithEntities.h"
 #include "SceneTest.h"
 
 namespace {

@@ -1,8 +1,7 @@
 #include <memory>
 
 #include "dbelipse.h"
-#include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "gemat3d.h"
 #include "geplane.h"
 #include "Near.h"
@@ -14,20 +13,7 @@ class References : public testing::Test {
 protected:
     AcDbObjectId block(const wchar_t* name, std::initializer_list<AcDbEntity*> entities, AcGePoint3d base = {})
     {
-        AcDbBlockTable* table = nullptr;
-        EXPECT_EQ(m_database.getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
-        auto* record = new AcDbBlockTableRecord;
-        record->setName(name);
-        AcDbObjectId id;
-        EXPECT_EQ(table->add(id, record), Acad::eOk);
-        table->close();
-        for (AcDbEntity* entity : entities) {
-            record->appendAcDbEntity(entity);
-            entity->close();
-        }
-        record->setOrigin(base);
-        record->close();
-        return id;
+        return addBlock(m_database, name, entities, base);
     }
 
     /// A bar from (0,0) to (10,0) and the upper half of a circle about the origin.
@@ -82,14 +68,7 @@ TEST_F(References, nestedOnesAndBlocksWithinThemselves)
     const AcDbObjectId outer = block(L"DEHORS", {nested, new AcDbPoint({-1, 0, 0})});
     AcDbBlockReference reference({1000, 0, 0}, outer);
     expectBox(reference, {999, 0, 0}, {1005, 15, 0});
-    {
-        AcDbBlockTableRecord* record = nullptr;
-        ASSERT_EQ(acdbOpenObject(record, inner, AcDb::kForWrite), Acad::eOk);
-        auto* loop = new AcDbBlockReference({7, 7, 0}, outer);
-        record->appendAcDbEntity(loop);
-        loop->close();
-        record->close();
-    }
+    addEntity(inner, new AcDbBlockReference({7, 7, 0}, outer));
     expectBox(reference, {999, 0, 0}, {1005, 15, 0});
 }
 
@@ -97,22 +76,12 @@ TEST_F(References, blocksThatNestByTheDozenEndSoon)
 {
     AcDbObjectId id = symbol();
     for (int level = 0; level < 12; ++level) { // 12^12 lines in all
-        const std::wstring name = L"NIVEAU" + std::to_wstring(level);
-        std::vector<AcDbEntity*> copies;
-        AcDbBlockTable* table = nullptr;
-        m_database.getSymbolTable(table, AcDb::kForWrite);
-        auto* record = new AcDbBlockTableRecord;
-        record->setName(name.c_str());
-        AcDbObjectId made;
-        table->add(made, record);
-        table->close();
+        const AcDbObjectId made = block((L"NIVEAU" + std::to_wstring(level)).c_str(), {});
         for (int i = 0; i < 12; ++i) {
             auto* copy = new AcDbBlockReference({i * 1.0, 0, 0}, id);
             copy->setRotation(0.1);
-            record->appendAcDbEntity(copy);
-            copy->close();
+            addEntity(made, copy);
         }
-        record->close();
         id = made;
     }
     AcDbExtents box;

@@ -6,15 +6,15 @@
 
 #include <gtest/gtest.h>
 
-#include "../../db/entities/DrawingWithEntities.h"
 #include "gi/Scene.h"
+#include "platform/CodePage.h"
 #include "ui/application/VelaApplication.h"
 #include "ui/render/DrawingPicture.h"
 #include "ui/render/PictureFile.h"
 #include "ui/render/ScenePainter.h"
 
 #include "comparePictures.h"
-#include "everyEntity.h"
+#include "DrawingWithEntities.h"
 
 namespace {
 
@@ -59,24 +59,33 @@ void expectPicture(const QImage& painted, const char* name)
 
 constexpr Box2d sheet{0, 0, 120, 80};
 
+/// The drawing that README.md describes.
+std::unique_ptr<AcDbDatabase> everyEntity(const std::string& name = "entites.dxf")
+{
+    auto drawing = std::make_unique<AcDbDatabase>(false, true);
+    const std::wstring file = platform::wideFromUtf8(VELA_SOURCE_DIR "/tests/host/ui/render/dessins/" + name);
+    EXPECT_EQ(drawing->readDwgFile(file.c_str()), Acad::eOk);
+    return drawing;
+}
+
 } // namespace
 
 TEST(Pictures, eachKindOfEntityOnLightAndDarkGround)
 {
-    const auto drawing = everyEntity(0, 0);
+    const auto drawing = everyEntity();
     PaintStyle style;
-    expectPicture(paint(drawing->database(), sheet, 1200, 800, style), "entites-clair.png");
+    expectPicture(paint(*drawing, sheet, 1200, 800, style), "entites-clair.png");
     style.ground = QColor(33, 40, 48);
-    expectPicture(paint(drawing->database(), sheet, 1200, 800, style), "entites-sombre.png");
+    expectPicture(paint(*drawing, sheet, 1200, 800, style), "entites-sombre.png");
 }
 
 TEST(Pictures, farCoordinatesLookTheSame)
 {
     const double x = 1650000.0, y = 8180000.0;
-    const auto near = everyEntity(0, 0), far = everyEntity(x, y);
+    const auto near = everyEntity(), far = everyEntity("entites-loin.dxf");
     const PaintStyle style;
-    const QImage here = paint(near->database(), sheet, 1200, 800, style);
-    const QImage there = paint(far->database(), {x, y, x + 120, y + 80}, 1200, 800, style);
+    const QImage here = paint(*near, sheet, 1200, 800, style);
+    const QImage there = paint(*far, {x, y, x + 120, y + 80}, 1200, 800, style);
     const PictureDifference difference = comparePictures(here, there);
     EXPECT_LE(difference.mean, 0.001);
     EXPECT_LE(difference.worst, mostInASquare);
@@ -84,9 +93,9 @@ TEST(Pictures, farCoordinatesLookTheSame)
 
 TEST(Pictures, aMissingEntityIsNoticed)
 {
-    const auto drawing = everyEntity(0, 0);
+    const auto drawing = everyEntity();
     const PaintStyle style;
-    const QImage whole = paint(drawing->database(), sheet, 1200, 800, style);
+    const QImage whole = paint(*drawing, sheet, 1200, 800, style);
     for (int y = 200; y < 800; y += 200)
         for (int x = 0; x < 1200; x += 200) {
             QImage without = whole;
@@ -97,19 +106,19 @@ TEST(Pictures, aMissingEntityIsNoticed)
 
 TEST(Pictures, vectorFilesShowWhatPixelsShow)
 {
-    const auto drawing = everyEntity(0, 0);
+    const auto drawing = everyEntity();
     const QTemporaryDir folder;
     OverviewRequest request;
     request.file = folder.filePath("plan.png");
     request.width = 1200;
     request.height = 800;
     request.window = sheet;
-    ASSERT_EQ(writeOverview(drawing->database(), request), QString());
+    ASSERT_EQ(writeOverview(*drawing, request), QString());
     const QImage pixels(request.file);
     ASSERT_EQ(pixels.size(), QSize(1200, 800));
 
     request.file = folder.filePath("plan.svg");
-    ASSERT_EQ(writeOverview(drawing->database(), request), QString());
+    ASSERT_EQ(writeOverview(*drawing, request), QString());
     QSvgRenderer svg(request.file);
     ASSERT_TRUE(svg.isValid());
     QImage drawn(1200, 800, QImage::Format_RGB32);
@@ -120,7 +129,7 @@ TEST(Pictures, vectorFilesShowWhatPixelsShow)
     EXPECT_LE(difference.mean, 0.02); // its lines have a weight
 
     request.file = folder.filePath("plan.pdf");
-    ASSERT_EQ(writeOverview(drawing->database(), request), QString());
+    ASSERT_EQ(writeOverview(*drawing, request), QString());
     QFile pdf(request.file);
     ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
     const QByteArray bytes = pdf.readAll();

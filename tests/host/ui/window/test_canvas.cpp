@@ -1,5 +1,3 @@
-#include "ui/window/Canvas.h"
-
 #include <QCoreApplication>
 #include <QPlainTextEdit>
 #include <QTest>
@@ -10,6 +8,7 @@
 #include "ed/input/PickFirst.h"
 #include "ed/input/Transients.h"
 #include "ed/SystemVariables.h"
+#include "ui/window/Canvas.h"
 #include "ui/window/CommandEdit.h"
 
 #include "dbents.h"
@@ -54,14 +53,6 @@ protected:
                 if (all.pixelColor(at.x() + dx, at.y() + dy) != all.pixelColor(3, 3))
                     return true;
         return false;
-    }
-    static AcDbObjectId add(AcDbEntity* entity)
-    {
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(document().database()->currentSpaceId(), AcDb::kForWrite);
-        AcDbObjectId id;
-        EXPECT_EQ(space->appendAcDbEntity(id, entity), Acad::eOk);
-        entity->close();
-        return id;
     }
     void hover(double x, double y) const { QTest::mouseMove(&canvas(), pixelOf(x, y)); }
 };

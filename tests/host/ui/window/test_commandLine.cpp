@@ -14,8 +14,7 @@
 #include "ui/window/MainWindow.h"
 #include "ui/window/PromptText.h"
 
-#include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "WindowTest.h"
 
 /// The command line and the canvas: what is typed and clicked answers what is asked.
@@ -139,7 +138,7 @@ TEST_F(CommandLineTest, anExpressionMayRunOverLines)
 
 TEST_F(CommandLineTest, keysOfTheWindowWorkWhileTheLineIsEmpty)
 {
-    addLine(document(), {10, 10, 0}, {20, 10, 0});
+    add(new AcDbLine({10, 10, 0}, {20, 10, 0}));
     play({
         choose(":toutSelectionner"),
         key(Qt::Key_Delete),
@@ -213,8 +212,8 @@ TEST_F(CommandLineTest, closingTheWindowCancelsWhatRuns)
 
 TEST_F(CommandLineTest, clicksSelectBetweenCommands)
 {
-    addLine(document(), {10, 10, 0}, {20, 10, 0});
-    addLine(document(), {10, 50, 0}, {20, 50, 0});
+    add(new AcDbLine({10, 10, 0}, {20, 10, 0}));
+    add(new AcDbLine({10, 50, 0}, {20, 50, 0}));
     const auto selected = [] { return PickFirst::of(document()).objects().size(); };
     play({
         click(15, 10),
@@ -252,7 +251,7 @@ TEST_F(CommandLineTest, clicksSelectBetweenCommands)
 
 TEST_F(CommandLineTest, theCursorSnaps)
 {
-    addLine(document(), {10, 10, 3}, {60, 10, 4});
+    add(new AcDbLine({10, 10, 3}, {60, 10, 4}));
     SystemVariables::instance().set(L"OSMODE", short{1}); // ends
     play({
         type("testligne"),
@@ -260,13 +259,7 @@ TEST_F(CommandLineTest, theCursorSnaps)
         type("80,80"),
         key(Qt::Key_Return),
         [] {
-            const AcDbObjectPointer<AcDbBlockTableRecord> space(document().database()->currentSpaceId());
-            AcDbBlockTableRecordIterator* made = nullptr;
-            space->newIterator(made, false);
-            const std::unique_ptr<AcDbBlockTableRecordIterator> last(made);
-            AcDbObjectId id;
-            last->getEntityId(id);
-            const AcDbObjectPointer<AcDbLine> line(id);
+            const AcDbObjectPointer<AcDbLine> line(entitiesOf(document().database()->currentSpaceId()).back());
             ASSERT_EQ(line.openStatus(), Acad::eOk);
             EXPECT_EQ(line->startPoint(), AcGePoint3d(10, 10, 3)) << "the end, with its altitude";
         },

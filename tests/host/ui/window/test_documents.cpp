@@ -33,7 +33,7 @@ protected:
     static void draw()
     {
         const DrawingEdit step(document());
-        addLine(document(), {0, 0, 0}, {1, 1, 0});
+        add(new AcDbLine({0, 0, 0}, {1, 1, 0}));
     }
     /// A drawing on disk, not open.
     QString saved(const char* name)

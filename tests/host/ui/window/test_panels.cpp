@@ -19,8 +19,7 @@
 #include "ui/window/PointTables.h"
 #include "ui/window/PropertyRows.h"
 
-#include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "WindowTest.h"
 
 /// The panels show the drawing, and what is changed in them changes it, step by step.
@@ -88,11 +87,7 @@ protected:
     static AcDbObjectId add(AcDbEntity* entity)
     {
         const DrawingEdit step(document());
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(document().database()->currentSpaceId(), AcDb::kForWrite);
-        AcDbObjectId id;
-        EXPECT_EQ(space->appendAcDbEntity(id, entity), Acad::eOk);
-        entity->close();
-        return id;
+        return ::add(entity);
     }
     static void select(const std::vector<AcDbObjectId>& ids) { PickFirst::of(document()).set(ids); }
 };
@@ -244,22 +239,12 @@ TEST_F(PanelsTest, attributesAreChangedAndLockedLayersAreNot)
         [&] {
             AcDbBlockReference* made = new AcDbBlockReference({5, 5, 0}, document().database()->currentSpaceId());
             const DrawingEdit step(document());
-            {
-                const AcDbObjectPointer<AcDbBlockTable> blocks(document().database()->blockTableId(), AcDb::kForWrite);
-                auto* const block = new AcDbBlockTableRecord;
-                block->setName(L"BORNE");
-                AcDbObjectId id;
-                ASSERT_EQ(blocks->add(id, block), Acad::eOk);
-                block->close();
-                made->setBlockTableRecord(id);
-            }
-            const AcDbObjectPointer<AcDbBlockTableRecord> space(document().database()->currentSpaceId(),
-                                                                AcDb::kForWrite);
-            ASSERT_EQ(space->appendAcDbEntity(reference, made), Acad::eOk);
+            made->setBlockTableRecord(addBlock(*document().database(), L"BORNE", {}));
+            reference = ::add(made);
+            const AcDbObjectPointer<AcDbBlockReference> opened(reference, AcDb::kForWrite);
             auto* const text = new AcDbAttribute({6, 6, 0}, L"12", L"NUM");
-            ASSERT_EQ(made->appendAttribute(attribute, text), Acad::eOk);
+            ASSERT_EQ(opened->appendAttribute(attribute, text), Acad::eOk);
             text->close();
-            made->close();
             select({reference});
         },
         [this] {

@@ -33,12 +33,7 @@ protected:
     static void draw()
     {
         const DrawingEdit step(document());
-        addLine(document(), {0, 0, 0}, {1, 1, 0});
-    }
-    static std::string bytesOf(const fs::path& file)
-    {
-        std::ifstream stream(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
+        add(new AcDbLine({0, 0, 0}, {1, 1, 0}));
     }
     /// Copies of this session.
     static int copies()
@@ -58,7 +53,7 @@ protected:
         draw();
         window->autosave().keepAll();
         fs::remove_all(folder); // this process's own, which nobody else tidies up
-        fs::remove(std::getenv("VELA_REGISTRY"));
+        fs::remove_all(fs::path(std::getenv("VELA_REGISTRY")).parent_path());
         std::raise(SIGKILL);
     }
 };
@@ -69,7 +64,7 @@ TEST_F(RecoveryTest, copiesLeaveTheDrawingAloneAndGoWithIt)
     Document& plan = list.create();
     const fs::path file = folder / "plan.dxf";
     ASSERT_EQ(list.saveAs(plan, file.wstring()), std::nullopt);
-    const std::string before = bytesOf(file);
+    const std::string before = contents(file);
     Autosave& autosave = window->autosave();
 
     autosave.keepAll();
@@ -77,7 +72,7 @@ TEST_F(RecoveryTest, copiesLeaveTheDrawingAloneAndGoWithIt)
     draw();
     autosave.keepAll();
     EXPECT_EQ(copies(), 1);
-    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(contents(file), before);
     EXPECT_STREQ(plan.fileName(), file.wstring().c_str());
     EXPECT_TRUE(DrawingChanges::instance().areUnsaved(plan));
     EXPECT_EQ(plan.database()->impl().undo().undoable(), 1U);
@@ -104,7 +99,7 @@ TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
     Document& plan = list.create();
     ASSERT_EQ(list.saveAs(plan, file.wstring()), std::nullopt);
     list.close(plan);
-    const std::string before = bytesOf(file);
+    const std::string before = contents(file);
 
     setenv("VELA_TEST_DATA", folder.c_str(), 1);
     QProcess session;
@@ -115,7 +110,7 @@ TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
     ASSERT_EQ(session.exitStatus(), QProcess::CrashExit) << session.readAllStandardOutput().toStdString();
     ASSERT_EQ(session.exitCode(), SIGKILL);
 
-    EXPECT_EQ(bytesOf(file), before);
+    EXPECT_EQ(contents(file), before);
     const std::vector<LostDrawing> lost = RecoveryFolder::lost();
     ASSERT_EQ(lost.size(), 1U);
     EXPECT_EQ(lost[0].file.toStdString(), file.string());

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -13,6 +12,8 @@
 
 #include "dbents.h"
 #include "dbxrecrd.h"
+#include "DxfTags.h"
+#include "TestFolder.h"
 
 /// Small drawings written by hand. Tags stand one a line: group code, one blank, value.
 
@@ -37,8 +38,17 @@ struct SmallDrawing {
     std::string binary() const;
 };
 
-/// Tags in the form of an ASCII file.
-std::string asTags(const std::string& lines, const std::string& eol = "\r\n");
+/// The tags of an entity of model space: those that all have, then its own behind the marker of its class.
+std::string entityTags(const std::string& type, const std::string& handle, const std::string& marker,
+                       const std::string& tags, const std::string& layer = "0", const std::string& owner = "1F");
+/// A LINE from (0, 0, 0) to (1, 1, 1).
+std::string lineTags(const std::string& handle, const std::string& owner = "1F");
+/// A record of a symbol table; its own tags begin with its name, "2 ...".
+std::string recordTags(const std::string& type, const std::string& handle, const std::string& tags,
+                       const std::string& head = {});
+/// BLOCK, content and ENDBLK of a block whose record is `owner`; they take the two handles from `handle` on.
+std::string blockTags(const std::string& name, const std::string& owner, int handle, const std::string& content = {},
+                      const std::string& base = "0");
 
 /// The tags of a file as lines "code|value"; texts as their bytes.
 std::vector<std::string> tagsOf(const std::string& file);
@@ -50,7 +60,6 @@ using Changes = std::vector<std::string>;
 /// A folder of its own for each test, whose drawings are closed and closed well.
 class DrawingTest : public testing::Test {
 protected:
-    DrawingTest();
     ~DrawingTest() override;
 
     /// Writes a file and opens it.
@@ -59,10 +68,11 @@ protected:
     /// Saves under another name, and gives what was written.
     std::string saved(AcDbDatabase& database, const char* name = "sortie.dxf");
     std::wstring path(const char* name) const { return (root / name).wstring(); }
-    void write(const char* name, const std::string& bytes) const;
-    std::string read(const char* name) const;
+    void write(const char* name, const std::string& bytes) const { folder.write(name, bytes); }
+    std::string read(const char* name) const { return folder.read(name); }
 
-    std::filesystem::path root;
+    TestFolder folder;
+    const std::filesystem::path& root = folder.path();
 };
 
 AcDbObjectId idOf(AcDbDatabase& database, std::uint64_t handle);
@@ -76,12 +86,4 @@ public:
     {
         EXPECT_EQ(this->openStatus(), Acad::eOk) << std::hex << handle;
     }
-};
-
-/// One change of a small drawing, and the tags that differ after saving.
-struct ChangeRow {
-    const char* name;
-    SmallDrawing drawing;
-    void (*change)(AcDbDatabase&);
-    Changes expected;
 };

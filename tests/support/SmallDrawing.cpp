@@ -1,7 +1,6 @@
 #include "SmallDrawing.h"
 
 #include <algorithm>
-#include <fstream>
 #include <sstream>
 
 #include "dxf/DxfCursor.h"
@@ -17,19 +16,6 @@ std::string table(const char* name, const char* handle, const std::string& recor
            "0 ENDTAB\n";
 }
 
-std::string record(const char* type, const char* handle, const char* owner, const char* marker, const char* tags)
-{
-    return std::string("0 ") + type + "\n5 " + handle + "\n330 " + owner + "\n100 AcDbSymbolTableRecord\n100 " +
-           marker + "\n" + tags;
-}
-
-std::string block(const char* name, const char* begin, const char* end, const char* owner)
-{
-    return std::string("0 BLOCK\n5 ") + begin + "\n330 " + owner + "\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 " +
-           name + "\n70 0\n10 0.0\n20 0.0\n30 0.0\n3 " + name + "\n1 \n0 ENDBLK\n5 " + end + "\n330 " + owner +
-           "\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
-}
-
 std::string section(const char* name, const std::string& content)
 {
     return std::string("0 SECTION\n2 ") + name + "\n" + content + "0 ENDSEC\n";
@@ -37,21 +23,50 @@ std::string section(const char* name, const std::string& content)
 
 } // namespace
 
-std::string asTags(const std::string& lines, const std::string& eol)
+std::string entityTags(const std::string& type, const std::string& handle, const std::string& marker,
+                       const std::string& tags, const std::string& layer, const std::string& owner)
 {
-    std::string text;
-    std::istringstream in(lines);
-    for (std::string line; std::getline(in, line);) {
-        const std::size_t blank = line.find(' ');
-        const std::string code = line.substr(0, blank);
-        text.append(code.size() < 3 ? 3 - code.size() : 0, ' ') += code + eol + line.substr(blank + 1) + eol;
-    }
-    return text;
+    return "0 " + type + "\n5 " + handle + "\n330 " + owner + "\n100 AcDbEntity\n8 " + layer + "\n100 " + marker +
+           "\n" + tags;
+}
+
+std::string lineTags(const std::string& handle, const std::string& owner)
+{
+    return entityTags("LINE", handle, "AcDbLine", "10 0\n20 0\n30 0\n11 1\n21 1\n31 1\n", "0", owner);
+}
+
+std::string recordTags(const std::string& type, const std::string& handle, const std::string& tags,
+                       const std::string& head)
+{
+    struct Kind {
+        const char *type, *table, *marker;
+    };
+    constexpr Kind kinds[] = {{"LTYPE", "5", "AcDbLinetypeTableRecord"},
+                              {"LAYER", "2", "AcDbLayerTableRecord"},
+                              {"STYLE", "3", "AcDbTextStyleTableRecord"},
+                              {"APPID", "9", "AcDbRegAppTableRecord"},
+                              {"BLOCK_RECORD", "1", "AcDbBlockTableRecord"}};
+    const Kind& kind = *std::ranges::find(kinds, type, [](const Kind& each) { return std::string(each.type); });
+    return "0 " + type + "\n5 " + handle + "\n" + head + "330 " + kind.table + "\n100 AcDbSymbolTableRecord\n100 " +
+           kind.marker + "\n" + tags;
+}
+
+std::string blockTags(const std::string& name, const std::string& owner, int handle, const std::string& content,
+                      const std::string& base)
+{
+    const auto hexadecimal = [](int value) {
+        std::ostringstream text;
+        text << std::hex << std::uppercase << value;
+        return text.str();
+    };
+    return entityTags("BLOCK", hexadecimal(handle), "AcDbBlockBegin",
+                      "2 " + name + "\n70 0\n10 " + base + "\n20 0\n30 0\n3 " + name + "\n1 \n", "0", owner) +
+           content + entityTags("ENDBLK", hexadecimal(handle + 1), "AcDbBlockEnd", "", "0", owner);
 }
 
 std::string SmallDrawing::text() const
 {
-    const std::string linetype = "3 \n72 65\n73 0\n40 0.0\n";
+    const std::string linetype = "\n70 0\n3 \n72 65\n73 0\n40 0.0\n";
     std::string all = first;
     all += section("HEADER",
                    "9 $ACADVER\n1 " + version + "\n9 $DWGCODEPAGE\n3 " + codePage + "\n9 $HANDSEED\n5 FFF\n" + header);
@@ -59,31 +74,24 @@ std::string SmallDrawing::text() const
     all += section(
         "TABLES",
         table("LTYPE", "5",
-              record("LTYPE", "14", "5", "AcDbLinetypeTableRecord", ("2 ByBlock\n70 0\n" + linetype).c_str()) +
-                  record("LTYPE", "15", "5", "AcDbLinetypeTableRecord", ("2 ByLayer\n70 0\n" + linetype).c_str()) +
-                  record("LTYPE", "16", "5", "AcDbLinetypeTableRecord", ("2 Continuous\n70 0\n" + linetype).c_str()) +
-                  linetypes) +
-            table("LAYER", "2",
-                  record("LAYER", "10", "2", "AcDbLayerTableRecord", "2 0\n70 0\n62 7\n6 Continuous\n370 -3\n") +
-                      layers) +
+              recordTags("LTYPE", "14", "2 ByBlock" + linetype) + recordTags("LTYPE", "15", "2 ByLayer" + linetype) +
+                  recordTags("LTYPE", "16", "2 Continuous" + linetype) + linetypes) +
+            table("LAYER", "2", recordTags("LAYER", "10", "2 0\n70 0\n62 7\n6 Continuous\n370 -3\n") + layers) +
             table("STYLE", "3",
-                  record("STYLE", "11", "3", "AcDbTextStyleTableRecord",
-                         "2 Standard\n70 0\n40 0.0\n41 1.0\n50 0.0\n71 0\n42 2.5\n3 txt\n4 \n") +
+                  recordTags("STYLE", "11", "2 Standard\n70 0\n40 0.0\n41 1.0\n50 0.0\n71 0\n42 2.5\n3 txt\n4 \n") +
                       styles) +
-            table("APPID", "9", record("APPID", "12", "9", "AcDbRegAppTableRecord", "2 ACAD\n70 0\n") + applications) +
+            table("APPID", "9", recordTags("APPID", "12", "2 ACAD\n70 0\n") + applications) +
             table("DIMSTYLE", "A", "") +
             table("BLOCK_RECORD", "1",
-                  (modelSpace ? record("BLOCK_RECORD", "1F", "1", "AcDbBlockTableRecord", "2 *Model_Space\n340 0\n")
-                              : std::string()) +
-                      record("BLOCK_RECORD", "1B", "1", "AcDbBlockTableRecord", "2 *Paper_Space\n340 0\n") +
-                      blockRecords));
-    all += section("BLOCKS", (modelSpace ? block("*Model_Space", "20", "21", "1F") : std::string()) +
-                                 block("*Paper_Space", "1C", "1D", "1B") + blocks);
+                  (modelSpace ? recordTags("BLOCK_RECORD", "1F", "2 *Model_Space\n340 0\n") : "") +
+                      recordTags("BLOCK_RECORD", "1B", "2 *Paper_Space\n340 0\n") + blockRecords));
+    all += section("BLOCKS", (modelSpace ? blockTags("*Model_Space", "1F", 0x20, "", "0.0") : "") +
+                                 blockTags("*Paper_Space", "1B", 0x1C, "", "0.0") + blocks);
     all += section("ENTITIES", entities);
     all += section("OBJECTS", "0 DICTIONARY\n5 C\n330 0\n100 AcDbDictionary\n281 1\n3 ACAD_GROUP\n350 D\n" +
                                   rootEntries + "0 DICTIONARY\n5 D\n330 C\n100 AcDbDictionary\n281 1\n" + objects);
     all += sections + "0 EOF\n";
-    return asTags(all, eol) + afterEnd;
+    return asciiDxf(all, eol) + afterEnd;
 }
 
 std::string SmallDrawing::binary() const
@@ -139,17 +147,10 @@ Changes changes(const std::string& before, const std::string& after)
     return found;
 }
 
-DrawingTest::DrawingTest()
-{
-    std::string name = (fs::temp_directory_path() / "vela-dessin-XXXXXX").string();
-    root = mkdtemp(name.data());
-}
-
 DrawingTest::~DrawingTest()
 {
     EXPECT_EQ(Opening::openCount(), 0U) << "left open";
     Opening::closeAll();
-    fs::remove_all(root);
 }
 
 std::unique_ptr<AcDbDatabase> DrawingTest::open(const std::string& bytes, const char* name)
@@ -164,17 +165,6 @@ std::string DrawingTest::saved(AcDbDatabase& database, const char* name)
 {
     EXPECT_EQ(database.saveAs(path(name).c_str()), Acad::eOk) << fs::path(database.lastError()).string();
     return read(name);
-}
-
-void DrawingTest::write(const char* name, const std::string& bytes) const
-{
-    std::ofstream(root / name, std::ios::binary) << bytes;
-}
-
-std::string DrawingTest::read(const char* name) const
-{
-    std::ifstream in(root / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 AcDbObjectId idOf(AcDbDatabase& database, std::uint64_t handle)
