@@ -97,11 +97,12 @@ TEST_F(WholeKernel, aCommandIsOneStepWhateverMarksItSets)
 TEST_F(WholeKernel, anObjectLeftOpenIsToldAndClosed)
 {
     const CommandOutcome outcome = run([] {
-        AcDbObject* layer = nullptr;
-        acdbOpenAcDbObject(layer, drawing().layerZero(), AcDb::kForWrite);
+        AcDbObjectPointer<AcDbBlockTableRecord>(drawing().currentSpaceId(), AcDb::kForWrite)
+            ->appendAcDbEntity(new AcDbPoint(AcGePoint3d(1, 0, 0)));
     });
     EXPECT_EQ(outcome.leftOpen.size(), 1U);
     EXPECT_EQ(run([] {}).leftOpen.size(), 0U);
+    EXPECT_EQ(pointCount(), 1U);
 }
 
 TEST_F(WholeKernel, theWorkingDatabaseIsTheCurrentDrawing)
