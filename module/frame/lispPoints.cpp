@@ -1,5 +1,6 @@
 #include "frame/lispPoints.h"
 
+#include "codification/regleCode.h"
 #include "frame/argumentsLisp.h"
 #include "frame/etendueVue.h"
 #include "frame/listeLisp.h"
@@ -15,7 +16,7 @@ int lispAddPt()
     AcGePoint3d position;
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
-        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini())
+        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini() || !codeValable(code))
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)

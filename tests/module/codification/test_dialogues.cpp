@@ -150,7 +150,11 @@ TEST_F(DialoguesCodesTest, makesACode)
         EXPECT_EQ(code.text(), "3");
         taper("editTaille", "0");
         EXPECT_EQ(message("OK"), "Erreur: Entrez un nombre compris entre 1e-006 et 1e+006.");
+        taper("editTaille", "1,5");
+        EXPECT_TRUE(message("OK").starts_with("Erreur: la taille « 1,5 » n'est pas un nombre"));
         taper("editTaille", "0.5");
+        taper("editLayerNumeros", "VRD/EAU");
+        EXPECT_TRUE(message("OK").starts_with("Erreur: Nom de calque impossible : « VRD/EAU »\nUn nom de calque a"));
         taper("editLibelle", "Borne");
         taper("editLayerNumeros", "NUM");
         widget<QSpinBox>("editPrecision").setValue(9);
@@ -201,7 +205,7 @@ TEST_F(DialoguesCodesTest, editsACodeAndKeepsWhatItDoesNotShow)
 TEST_F(DialoguesCodesTest, showsTheTable)
 {
     tableCodification& table = codificationDuModule();
-    table.getCodif(20).libelle = L"arbre";
+    table.getCodif(20).libelle = L"école";
     table.getCodif(3).libelle = L"Borne";
     ensuite([&] {
         auto& liste = widget<QTableWidget>("liste");
@@ -214,7 +218,7 @@ TEST_F(DialoguesCodesTest, showsTheTable)
         const struct {
             int titre, colonne;
             const char* ordre;
-        } tris[] = {{0, 0, "1|3|20|100"}, {0, 0, "100|20|3|1"}, {1, 1, "arbre|Borne|Point topo|Station"}};
+        } tris[] = {{0, 0, "1|3|20|100"}, {0, 0, "100|20|3|1"}, {1, 1, "Borne|école|Point topo|Station"}};
         for (const auto& t : tris) {
             auto* const titre = liste.horizontalHeader();
             const auto sens =
