@@ -13,6 +13,9 @@
 
 namespace {
 
+/// "*." stands for names without an extension, which no pattern of the dialog can say.
+constexpr QLatin1StringView sansExtension("*.");
+
 struct filtre {
     QString nom;
     QStringList modeles; // "*.htm", "*.html"
@@ -39,9 +42,6 @@ QString nomComplet(const filtre& f)
 {
     return QStringLiteral("%1 (%2)").arg(f.nom, f.modeles.join(u' '));
 }
-
-/// "*." stands for names without an extension, which no pattern of the dialog can say.
-constexpr QLatin1StringView sansExtension("*.");
 
 /// Hides the files with an extension while names without one are asked for.
 class vueFichiers : public QSortFilterProxyModel {
