@@ -9,6 +9,7 @@
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 #include "platform/CodePage.h"
+#include "rx/HostSession.h"
 
 #include "dbdict.h"
 #include "dbsymtb.h"
@@ -16,10 +17,13 @@
 namespace {
 
 /// Every open database, the one asked for last first.
+struct OpenDatabases {
+    std::vector<AcDbDatabaseImpl*> databases;
+};
+
 std::vector<AcDbDatabaseImpl*>& openDatabases()
 {
-    static std::vector<AcDbDatabaseImpl*> databases;
-    return databases;
+    return HostSession::part<OpenDatabases>().databases;
 }
 
 } // namespace

@@ -5,16 +5,20 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
+#include "rx/HostSession.h"
 
 namespace {
 
 constexpr Adesk::UInt16 mostReaders = 256;
 
 /// Objects of databases that are open now, in no order.
+struct OpenObjects {
+    std::vector<AcDbObject*> objects;
+};
+
 std::vector<AcDbObject*>& openObjects()
 {
-    static std::vector<AcDbObject*> objects;
-    return objects;
+    return HostSession::part<OpenObjects>().objects;
 }
 
 } // namespace

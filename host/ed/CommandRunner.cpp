@@ -7,6 +7,7 @@
 #include "platform/LetterCase.h"
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
+#include "rx/HostSession.h"
 #include "rx/ResbufPool.h"
 
 /// A typed name without its prefixes.
@@ -48,8 +49,7 @@ std::wstring upperCase(std::wstring text)
 
 CommandRunner& CommandRunner::instance()
 {
-    static CommandRunner runner;
-    return runner;
+    return HostSession::part<CommandRunner>();
 }
 
 std::wstring CommandRunner::runningNames() const

@@ -13,6 +13,7 @@
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "platform/Paths.h"
+#include "rx/HostSession.h"
 
 namespace {
 
@@ -239,8 +240,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
 
 SystemVariables& SystemVariables::instance()
 {
-    static SystemVariables variables;
-    return variables;
+    return HostSession::part<SystemVariables>();
 }
 
 const SystemVariables::Row* SystemVariables::find(const std::wstring& name)

@@ -7,10 +7,10 @@
 
 #include "calculs/conseilAngulaire.h"
 #include "calculs/fermeturePolygonale.h"
-#include "calculs/grandeur.h"
 #include "calculs/phrasesConseil.h"
-#include "calculs/reelDeTexte.h"
-#include "calculs/texteAnsi.h"
+#include "services/grandeur.h"
+#include "services/reelDeTexte.h"
+#include "services/texteAnsi.h"
 
 namespace {
 

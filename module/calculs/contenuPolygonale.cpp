@@ -6,9 +6,9 @@
 #include "calculs/fichierPolygonale.h"
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
-#include "calculs/texteAnsi.h"
 #include "calculs/uniteAngulaire.h"
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
+#include "services/texteAnsi.h"
 
 /// The writing of traverse files, and what they cannot keep.
 

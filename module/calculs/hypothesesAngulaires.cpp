@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "calculs/fermeturePolygonale.h"
-#include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/grandeur.h"
 
 namespace {
 

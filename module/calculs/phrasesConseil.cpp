@@ -6,7 +6,7 @@
 
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/uniteAngulaire.h"
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
 
 int demiToursProches(const cheminement& c)
 {

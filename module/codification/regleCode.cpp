@@ -1,7 +1,7 @@
 #include "codification/regleCode.h"
 
-#include "codification/nombresTexte.h"
 #include "codification/tableCodification.h"
+#include "services/nombresTexte.h"
 
 #include "acutads.h"
 #include "io.h"
@@ -26,11 +26,6 @@ bool estComplet(const CString& chemin)
 
 const wchar_t* const regleNomsCalques =
     L"Un nom de calque a 255 caractères au plus, sans < > / \\ \" : ; ? * | , = ni `.";
-
-bool codeValable(int code)
-{
-    return code >= 1 && code <= 9999;
-}
 
 bool tailleValable(double taille)
 {

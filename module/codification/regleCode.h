@@ -2,15 +2,14 @@
 
 #include <optional>
 
+#include "points/codeValable.h"
+
 #include "afx.h"
 
 struct codifPoint;
 class tableCodification;
 
 // What a code may hold. The dialogs, the AutoLISP functions and the readers of files keep to the same rules.
-
-/// Whether a code may be given to a point or to a new code: 1 to 9999.
-bool codeValable(int code);
 
 /// Whether symbols may have that size: 1e-6 to 1e6.
 bool tailleValable(double taille);

@@ -6,8 +6,8 @@
 #include "codification/regleCode.h"
 #include "codification/tableCodification.h"
 #include "codification/xmlCodification.h"
-#include "frame/dossierSupport.h"
 #include "rx/Console.h"
+#include "services/dossierSupport.h"
 
 #include "dbapserv.h"
 #include "dbsymtb.h"
