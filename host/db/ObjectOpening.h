@@ -8,7 +8,6 @@
 #include "dbmain.h"
 
 /// Opening and closing of objects: the counts, the refusals, and the notifications when a change is closed.
-/// (Named so that its friends in the interface's classes say what they let in.)
 class ObjectOpening {
 public:
     static Acad::ErrorStatus open(AcDbObject& object, AcDb::OpenMode mode);
@@ -45,8 +44,6 @@ private:
     static void enlist(AcDbObject& object);
     static void strike(AcDbObject& object);
 };
-
-using Opening = ObjectOpening;
 
 /// Calls `tell` for each reactor of a list. Reactors may take themselves or others away meanwhile: a copy is walked,
 /// and one that left the list is not told.

@@ -1,4 +1,4 @@
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 
 #include <algorithm>
 #include <vector>
