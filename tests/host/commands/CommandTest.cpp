@@ -6,7 +6,7 @@
 #include "commands/CommandTable.h"
 #include "commands/Variables.h"
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "db/SavePlan.h"
 #include "ed/input/CommandLine.h"
 #include "rx/Console.h"

@@ -146,7 +146,7 @@ TEST_F(HostileTest, circlesAndChainsEnd)
         EXPECT_EQ(saved(*database), before);
         exercise(*database);
         saved(*database);
-        EXPECT_EQ(Opening::openCount(), 0U);
+        EXPECT_EQ(ObjectOpening::openCount(), 0U);
     }
 }
 

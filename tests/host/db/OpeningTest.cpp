@@ -101,8 +101,8 @@ TEST_F(OpeningTest, manyReadersOrOneWriter)
     EXPECT_EQ(first, second);
     EXPECT_EQ(opens(line, AcDb::kForWrite), Acad::eWasOpenForRead);
     EXPECT_EQ(first->upgradeOpen(), Acad::eHadMultipleReaders);
-    EXPECT_EQ(Opening::openCount(), 2U);
-    EXPECT_EQ(Opening::openNames(), std::vector<std::wstring>{L"AcDbLine (80)"});
+    EXPECT_EQ(ObjectOpening::openCount(), 2U);
+    EXPECT_EQ(ObjectOpening::openNames(), std::vector<std::wstring>{L"AcDbLine (80)"});
     EXPECT_THROW(first->assertWriteEnabled(), AcDbOpenError);
     second->close();
     EXPECT_EQ(first->upgradeOpen(), Acad::eOk);
@@ -124,8 +124,8 @@ TEST_F(OpeningTest, manyReadersOrOneWriter)
     for (int i = 0; i < 256; ++i)
         ASSERT_EQ(acdbOpenAcDbObject(first, line, AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(opens(line, AcDb::kForRead), Acad::eAtMaxReaders);
-    Opening::closeAll();
-    EXPECT_EQ(Opening::openCount(), 0U);
+    ObjectOpening::closeAll();
+    EXPECT_EQ(ObjectOpening::openCount(), 0U);
 }
 
 TEST_F(OpeningTest, refusals)
@@ -334,5 +334,5 @@ TEST_F(OpeningTest, aDrawingThatGoesTakesItsOpenObjectsOffTheList)
     AcDbObject* object = nullptr;
     ASSERT_EQ(acdbOpenAcDbObject(object, line, AcDb::kForRead), Acad::eOk);
     database.reset();
-    EXPECT_EQ(Opening::openCount(), 0U);
+    EXPECT_EQ(ObjectOpening::openCount(), 0U);
 }

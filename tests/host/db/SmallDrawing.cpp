@@ -147,8 +147,8 @@ DrawingTest::DrawingTest()
 
 DrawingTest::~DrawingTest()
 {
-    EXPECT_EQ(Opening::openCount(), 0U) << "left open";
-    Opening::closeAll();
+    EXPECT_EQ(ObjectOpening::openCount(), 0U) << "left open";
+    ObjectOpening::closeAll();
     fs::remove_all(root);
 }
 

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 
 #include "dbents.h"
 #include "dbxrecrd.h"

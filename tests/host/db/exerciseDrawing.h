@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "db/SavePlan.h"
 #include "gi/GraphicsSink.h"
 #include "gi/ObjectSnap.h"
@@ -119,7 +119,7 @@ inline void exercise(AcDbDatabase& database)
     lookAt(scene);
     // Where handles were made anew, $HANDSEED goes on rising.
     const bool back = !impl.file().problems().empty() || savedBytes(database) == before;
-    if (!back || Opening::openCount() != 0)
+    if (!back || ObjectOpening::openCount() != 0)
         std::abort();
 }
 
@@ -133,5 +133,5 @@ inline void exerciseDrawing(const std::string& bytes)
     } catch (const DxfError&) {
         // refused with a message: a legitimate end
     }
-    Opening::closeAll();
+    ObjectOpening::closeAll();
 }
