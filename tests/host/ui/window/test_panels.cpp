@@ -332,13 +332,4 @@ TEST(PropertyTexts, numbersAreReadAsTyped)
     EXPECT_EQ(numberText(5.0), QStringLiteral("5"));
 }
 
-TEST(ColorNames, namesAndNumbers)
-{
-    for (const int color : {0, 1, 7, 30, 255, 256})
-        EXPECT_EQ(colorNamed(colorName(color)), color);
-    EXPECT_EQ(colorNamed(QStringLiteral(" ROUGE ")), 1);
-    EXPECT_EQ(colorNamed(QStringLiteral("257")), std::nullopt);
-    EXPECT_EQ(colorNamed(QStringLiteral("grenat")), std::nullopt);
-}
-
 } // namespace
