@@ -25,6 +25,8 @@ using LPCSTR = const char*;
 using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 using LPTSTR = wchar_t*;
+using LPVOID = void*;
+using HANDLE = void*;
 
 #ifndef FALSE
 #define FALSE 0
