@@ -4,9 +4,10 @@
 #include <cmath>
 
 #include "calculs/conseilAngulaire.h"
+#include "services/codages.h"
 #include "services/grandeur.h"
+#include "services/lettres.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 namespace {
 
