@@ -14,17 +14,20 @@
 #include "points/projetDansDessin.h"
 #include "reports/htmlDocument.h"
 #include "reports/resultPolygo.h"
+#include "services/codages.h"
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
+#include "services/lettres.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 #include "io.h"
 
 namespace {
 
 constexpr wchar_t titreCalculs[] = L"Calculs Topo";
+constexpr wchar_t erreurDeCalcul[] = L"Erreur !";
+constexpr wchar_t ouvertureImpossible[] = L"Ouverture impossible du fichier";
 constexpr wchar_t filtresPolygonale[] = L"Observations|*.obs|Sans extension|*.|Tous|*.*|Text|*.TXT||";
 constexpr std::size_t remarquesMontrees = 6;
 constexpr std::chrono::milliseconds delaiCroquis{100}; // what is typed fast is drawn once
@@ -127,7 +130,7 @@ void dialoguePolygonale::charger()
             m_panneau->montrerBilan(
                 premieresPhrases(avertissementsLecture(*fichier, lire(*octets)), remarquesMontrees));
     } catch (const std::exception&) {
-        afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
+        avertirErreur(ouvertureImpossible);
     }
 }
 
@@ -145,7 +148,7 @@ void dialoguePolygonale::sauvegarder()
     if (remplacerFichier(nom.c_str(), contenu()))
         m_panneau->montrerBilan(premieresPhrases(avertissementsEcriture(m_panneau->lignes()), remarquesMontrees));
     else
-        afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
+        avertirErreur(ouvertureImpossible);
 }
 
 void dialoguePolygonale::calculer()
@@ -157,7 +160,7 @@ void dialoguePolygonale::calculer()
     try {
         p = calculee(&rapport);
     } catch (const std::exception&) {
-        return afficherAvertissement(titreCalculs, L"Erreur !");
+        return afficherAvertissement(titreCalculs, erreurDeCalcul);
     }
     std::vector<std::wstring> suite;
     if (!rapport.write())
@@ -189,7 +192,7 @@ void dialoguePolygonale::placer()
         if (placees < static_cast<int>(stations))
             afficherAvertissement(titreCalculs, phrase);
     } catch (const std::exception&) {
-        afficherAvertissement(titreCalculs, L"Erreur !");
+        afficherAvertissement(titreCalculs, erreurDeCalcul);
     }
 }
 

@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr wchar_t nonDefinie[] = L"non définie";
+
 template <class Donnees>
 polygonaleCalculee calculer(const Donnees& donnees, htmlDocument* rapport)
 {
@@ -32,7 +34,7 @@ std::wstring texteNombre(double valeur, int decimales)
     if (valeur == inconnu)
         return L"inconnue";
     if (!std::isfinite(valeur))
-        return L"non définie";
+        return nonDefinie;
     const std::string texte = nombreFixe(valeur, decimales);
     return {texte.begin(), texte.end()};
 }
@@ -52,7 +54,7 @@ polygonaleCalculee calculerPolygonale(const donneesPolygonaleOuverte& donnees, h
 std::wstring texteFermetureRelative(double fermetureRelative)
 {
     if (std::isnan(fermetureRelative) || fermetureRelative == inconnu)
-        return L"non définie";
+        return nonDefinie;
     // What misses by less is the rounding of the machine: a micron over a thousand kilometres.
     constexpr double fermetureNulle = 1e12;
     if (fermetureRelative > fermetureNulle)

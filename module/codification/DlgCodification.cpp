@@ -117,11 +117,10 @@ bool DlgCodification::validerNumero()
         if (m_mode == mode::edition)
             return true; // a file may hold such a number: the field cannot be changed, the rest can
         m_ui->editCode->clear();
-        afficherAvertissement(L"Erreur", L"Code incorrect\nTapez un nombre compris entre 1 et 9999");
+        avertirErreur(messageCodeIncorrect);
         break;
     case verdictCode::dejaExistant:
-        afficherAvertissement(L"Erreur",
-                              L"Code déjà existant\nTapez un '?' pour qu'un numéro soit attribué automatiquement");
+        avertirErreur(L"Code déjà existant\nTapez un '?' pour qu'un numéro soit attribué automatiquement");
         break;
     }
     m_ui->editCode->setFocus();
@@ -133,7 +132,7 @@ bool DlgCodification::validerTaille()
     const double taille = reelDeTexte(m_ui->editTaille->text().toStdWString());
     if (taille >= plusPetiteTaille && taille <= plusGrandeTaille)
         return true;
-    afficherAvertissement(L"Erreur", L"Entrez un nombre compris entre 1e-006 et 1e+006.");
+    avertirErreur(L"Entrez un nombre compris entre 1e-006 et 1e+006.");
     m_ui->editTaille->setFocus();
     m_ui->editTaille->selectAll();
     return false;

@@ -7,6 +7,9 @@ class tableCodification;
 /// Whether a code may be given to a point or to a new code: 1 to 9999.
 bool codeValable(int code);
 
+/// What the user reads of a code that is not.
+inline constexpr const wchar_t* messageCodeIncorrect = L"Code incorrect\nTapez un nombre compris entre 1 et 9999";
+
 /// What becomes of the code number that a user types.
 enum class verdictCode {
     accepte,
