@@ -5,7 +5,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 
 #include "dbmain.h"
 
@@ -180,8 +180,8 @@ void UndoRecorder::swapSides(Group& group, bool undoing)
     else
         for (Step& step : group.steps)
             swapSides(step);
-    for (int kind = 0; kind < nameKindCount; ++kind)
-        m_database.names(static_cast<NameKind>(kind)).forgetIndex();
+    for (const NameKind kind : nameKinds)
+        m_database.names(kind).forgetIndex();
     m_replaying = false;
 }
 

@@ -1,11 +1,12 @@
 // Traverse files: the exact bytes, what reading makes of odd lines, names of saved files.
 
-#include <fstream>
 #include <functional>
 
 #include <gtest/gtest.h>
 
 #include "calculs/fichierPolygonale.h"
+
+#include "TestFolder.h"
 
 namespace {
 
@@ -280,23 +281,20 @@ TEST(FichierPolygonale, WhatLooksWrongIsSaidWithItsLine)
 
 TEST(FichierPolygonale, Files)
 {
-    const auto dossier = std::filesystem::temp_directory_path() / "vela-essai-polygonale";
-    std::filesystem::create_directory(dossier);
-
+    const TestFolder dossier;
     donneesPolygonaleFermee d = fermee;
     const auto absent = chargerPolygonale(dossier / "absent.obs", d);
     EXPECT_FALSE(absent.lisible);
     EXPECT_EQ(d, fermee) << "a missing file changes nothing";
     EXPECT_EQ(avertissementsLecture(L"absent.obs", absent),
               std::vector<std::wstring>{L"absent.obs : lecture impossible du fichier."});
-    EXPECT_FALSE(chargerPolygonale(dossier, d).lisible) << "a folder is no file";
+    EXPECT_FALSE(chargerPolygonale(dossier.path(), d).lisible) << "a folder is no file";
     EXPECT_EQ(d, fermee);
 
-    std::ofstream(dossier / "boucle.obs", std::ios::binary) << contenuPolygonale(fermee);
+    dossier.write("boucle.obs", contenuPolygonale(fermee));
     donneesPolygonaleFermee lue;
     EXPECT_TRUE(chargerPolygonale(dossier / "boucle.obs", lue).lisible);
     EXPECT_EQ(contenuPolygonale(lue), contenuPolygonale(fermee));
-    std::filesystem::remove_all(dossier);
 }
 
 TEST(FichierPolygonale, SavedNames)

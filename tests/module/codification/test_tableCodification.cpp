@@ -184,7 +184,7 @@ TEST_F(TableCodificationTest, makesTheDefaultsOnAFreshInstallation)
     EXPECT_TRUE(codifPoint().libelle == L"Point Topo");
 
     std::vector<codifPoint> ecrits;
-    ASSERT_TRUE(codesDeXml(contenuDe(defcodif), ecrits));
+    ASSERT_TRUE(codesDeXml(contents(defcodif), ecrits));
     ASSERT_EQ(ecrits.size(), 2U);
     EXPECT_EQ(ecrits[1].code, 100);
     EXPECT_TRUE(aCote().empty()) << "nothing was there to keep";
@@ -197,13 +197,13 @@ TEST_F(TableCodificationTest, keepsADamagedFileBesideTheNewOne)
     const std::string casse = std::string(unCode).substr(0, 300);
     ecrireDans(defcodif, casse);
     EXPECT_EQ(tableCodification().nombre(), 2);
-    EXPECT_EQ(contenuDe(supportEssai::fichier("defcodif.abime")), casse);
-    EXPECT_NE(contenuDe(journaux / "MESSAGES.MSG").find("defcodif.abime]"), std::string::npos);
+    EXPECT_EQ(contents(supportEssai::fichier("defcodif.abime")), casse);
+    EXPECT_NE(contents(journaux / "MESSAGES.MSG").find("defcodif.abime]"), std::string::npos);
 
     ecrireDans(defcodif, "autre");
     EXPECT_EQ(tableCodification().nombre(), 2);
     EXPECT_EQ(aCote(), (std::vector<std::string>{".abime", ".abime-2"}));
-    EXPECT_EQ(contenuDe(supportEssai::fichier("defcodif.abime-2")), "autre");
+    EXPECT_EQ(contents(supportEssai::fichier("defcodif.abime-2")), "autre");
     EXPECT_EQ(tableCodification().nombre(), 2);
     EXPECT_EQ(aCote().size(), 2U) << "the new file is sound";
 
@@ -271,10 +271,10 @@ TEST_F(TableCodificationTest, savesWholeFilesOnly)
     table.ajouter(codeDeLExemple());
     EXPECT_EQ(table.sauver(), 1);
     EXPECT_EQ(tableCodification().nombre(), 3);
-    const std::string avant = contenuDe(defcodif);
+    const std::string avant = contents(defcodif);
     const fs::path nullePart = supportEssai::fichier("absent/defcodif");
     EXPECT_EQ(table.sauver(large(nullePart).c_str()), 1) << "always";
-    EXPECT_EQ(contenuDe(defcodif), avant);
+    EXPECT_EQ(contents(defcodif), avant);
     EXPECT_TRUE(aCote().empty()) << "no temporary file is left";
     EXPECT_EQ(table.charger(), 1);
     EXPECT_EQ(table.nombre(), 6) << "loading appends";

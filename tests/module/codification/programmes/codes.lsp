@@ -36,11 +36,11 @@
 
 ; Views: the points of a code, then all. A view too small is widened to ten units, with a margin.
 (tpcdaddpt "far" '(1000 2000 0) 100) ; >> 
-(c:vcode) ; << 100
+; < 100
 (c:vcode) ; >> \nCode des points a visualiser:100\n1 points de code 100
-(c:vcode) ; << 5
+; < 5
 (c:vcode) ; >> \nCode des points a visualiser:5\nPas de points de code 5 dans cette table
-(c:vcode) ; << 0
+; < 0
 (c:vcode) ; >> \nCode des points a visualiser:0\nPas de points de code 0 dans cette table
 (getvar "VIEWSIZE") ; => 11.0
 (getvar "VIEWCTR") ; => (1000.0 2000.0 0.0)
