@@ -160,3 +160,12 @@ bool estUtf8(std::string_view octets)
     depuisUtf8(octets, &entier);
     return entier;
 }
+
+bool sembleUtf8(std::string_view octets)
+{
+    bool entier = true;
+    const std::wstring texte = depuisUtf8(octets, &entier);
+    const auto large = [](wchar_t c) { return c > 0x7F; };
+    const auto tropLarge = [](wchar_t c) { return static_cast<char32_t>(c) >= premierHorsDe16Bits; };
+    return entier && std::ranges::any_of(texte, large) && std::ranges::none_of(texte, tropLarge);
+}

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-// Narrow texts of files, reports and point names are Windows-1252 on every platform; those of XML, and of a file that
-// says so, are UTF-8.
+// Narrow texts of files, reports and point names are Windows-1252 on every platform; those of XML are UTF-8, and files
+// that users bring may be.
 
 /// One byte a character; one outside the code page becomes "?". @param entier if given, receives whether none was
 std::string versAnsi(std::wstring_view texte, bool* entier = nullptr);
@@ -27,3 +27,6 @@ std::wstring depuisUtf8(std::string_view octets, bool* entier = nullptr);
 
 /// Whether the bytes can be UTF-8.
 bool estUtf8(std::string_view octets);
+/// Whether they can, and hold more than ASCII: of 16-bit characters. Texts in Windows-1252 are not made so, but for a
+/// few odd words.
+bool sembleUtf8(std::string_view octets);

@@ -179,6 +179,35 @@ TEST_F(DialoguesPolygonales, SavingAsksBeforeReplacingUnderAnotherName)
     EXPECT_TRUE(bilan(dialogue).startsWith("Ligne 1 : une cellule est vide")) << bilan(dialogue).toStdString();
 }
 
+TEST_F(DialoguesPolygonales, SavesInTheFolderThatWasChosen)
+{
+    corrPolygoDLG dialogue;
+    dialogue.afficher({{L"A", 1, 2, 3, 4}, 0, 0, {{L"B", L"1", L"2", L"3"}}});
+    for (const char* const nom : {"Chantier", "chantier"})
+        ASSERT_TRUE(QDir(dossier.path()).mkpath(nom));
+    ensuite(
+        {presserDevant("Sauvegarder"), repondreFichier(dossier.filePath("Chantier/Boucle")), presserDevant("Fermer")});
+    dialogue.exec();
+    EXPECT_TRUE(QFile::exists(dossier.filePath("Chantier/boucle.obs")));
+    EXPECT_FALSE(QFile::exists(dossier.filePath("chantier/boucle.obs")));
+}
+
+TEST_F(DialoguesPolygonales, AsksBeforePlacingWhatCannotBe)
+{
+    corrPolygoDLG dialogue;
+    dialogue.afficher({{L"A", 0, 0, 0, 0}, 0, 0, {{L"B", L"300", L"100", L"0"}, {L"A", L"300", L"30", L"0"}}});
+    ensuite({presserDevant("Placer !!!"),
+             [](QWidget& devant) {
+                 const QString texte = dynamic_cast<QMessageBox&>(devant).text();
+                 EXPECT_TRUE(
+                     texte.startsWith("La fermeture est hors de toute pratique (erreur angulaire de 200.00000 gr"));
+                 EXPECT_TRUE(texte.endsWith("Placer quand même les stations ?"));
+                 presser(devant, "Non");
+             },
+             presserDevant("Placer !!!"), presserDevant("Oui"), presserDevant("Annuler"), presserDevant("Fermer")});
+    dialogue.exec();
+}
+
 TEST_F(DialoguesPolygonales, CancelledFileDialogsChangeNothing)
 {
     corrPolygoDLG dialogue;
@@ -208,4 +237,14 @@ TEST_F(DialoguesPolygonales, PlacementParameters)
 TEST_F(DialoguesPolygonales, BearingsOfAnUnlistedUnit)
 {
     EXPECT_EQ(CCalcGisementDlg(5, {}).findChild<QLabel*>("labelUnite")->text(), "Grades");
+}
+
+TEST_F(DialoguesPolygonales, BearingCalculatorTellsWhatIsNoNumber)
+{
+    CCalcGisementDlg calcul(0, {});
+    auto& remarques = *calcul.findChild<QLabel*>("remarques");
+    ecrire(calcul, "editXDirection", "100,9");
+    EXPECT_TRUE(remarques.text().startsWith("X de la direction « 100,9 » n'est pas un nombre"));
+    ecrire(calcul, "editXDirection", "300");
+    EXPECT_TRUE(remarques.isHidden());
 }

@@ -85,6 +85,23 @@ TEST_F(DialoguesCodesTest, judgesCodeNumbers)
     EXPECT_EQ(validerCode(L"?", table, true).verdict, verdictCode::aucunLibre);
 }
 
+TEST_F(DialoguesCodesTest, refusesWhatIsNoSizeAndNoLayer)
+{
+    tableCodification& table = codificationDuModule();
+    DlgCodification dialogue(codifPoint(), table, DlgCodification::mode::creation);
+    ensuite([&] {
+        taper("editCode", "3");
+        taper("editTaille", "1,5");
+        EXPECT_TRUE(message("OK").starts_with("Erreur: la taille « 1,5 » n'est pas un nombre"));
+        taper("editTaille", "0.5");
+        taper("editLayerNumeros", "VRD/EAU");
+        EXPECT_TRUE(message("OK").starts_with("Erreur: Nom de calque impossible : « VRD/EAU »\nUn nom de calque a"));
+        taper("editLayerNumeros", "NUM");
+        presser("OK");
+    });
+    EXPECT_EQ(dialogue.exec(), QDialog::Accepted);
+}
+
 TEST_F(DialoguesCodesTest, editsACodeAndKeepsWhatItDoesNotShow)
 {
     tableCodification& table = codificationDuModule();

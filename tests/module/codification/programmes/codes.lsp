@@ -10,6 +10,12 @@
 (addcodept 14 "a" "b" 0) ; >> \nparametres incorrects.
 (addcodept 14 "a" "b" 1 9) ; >> \nparametres incorrects.
 (addcodept 14 "a" "b" 1 2 3) ; >> \nparametres incorrects.
+(addcodept 14 "a" "" 1e-7) ; >> \nparametres incorrects.
+(addcodept 14 "a" "" 1e7) ; >> \nparametres incorrects.
+(addcodept 14 "a" "b") ; => nil
+(addcodept -3) ; => nil
+(add_pt "-" '(0 0) -3) ; >> \nparametres incorrects.
+(tpcdaddpt "-" '(0 0) 10000) ; >> \nparametres incorrects.
 (loadcodept) ; => ((1 . "Point topo") (100 . "Station") (12 . "Code 12") (13 . "Arbre"))
 
 ; A symbol of a block that cannot be had: the point is there all the same.
@@ -22,6 +28,9 @@
 (bloc "2") ; => "velablk1"
 (chgreppts 12 "velablk3") ; => 1
 (bloc "2") ; => "velablk3"
+; A block of this drawing alone is none that codes may name.
+(command "_-BLOCK" "ici" "0,0" (entlast) "") ; => nil
+(chgreppts 12 "ici") ; => nil
 (chgreppts 12 1) ; >> \nparametres incorrects.
 (chgreppts 0 "velablk3") ; >> \nparametres incorrects.
 
