@@ -27,6 +27,9 @@ void reparerCalques(codifPoint& code, const CString& fichier = {});
 /// @return nothing for a relative path that is no block of the library: only this session could find its file.
 std::optional<CString> cheminDeBloc(const CString& saisi);
 
+/// What the user reads of a code that is not.
+inline constexpr const wchar_t* messageCodeIncorrect = L"Code incorrect\nTapez un nombre compris entre 1 et 9999";
+
 /// What becomes of the code number that a user types.
 enum class verdictCode {
     accepte,
