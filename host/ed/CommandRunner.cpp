@@ -39,13 +39,6 @@ void print(const std::wstring& message)
     Console::instance().print(L"\n" + message);
 }
 
-std::wstring upperCase(std::wstring text)
-{
-    for (wchar_t& c : text)
-        c = platform::upperCase(c);
-    return text;
-}
-
 } // namespace
 
 CommandRunner& CommandRunner::instance()
@@ -98,7 +91,7 @@ std::optional<CommandRunner::Called> CommandRunner::findInLisp(const std::wstrin
         return std::nullopt;
     if (const auto& findCommand = LispHooks::instance().findCommand)
         if (auto body = findCommand(name))
-            return Called{upperCase(name), ACRX_CMD_DEFUN, nullptr, std::move(body)};
+            return Called{platform::upperCase(name), ACRX_CMD_DEFUN, nullptr, std::move(body)};
     const LispFunction* function = LispFunctionTable::of(*document).find(L"C:" + name);
     if (!function)
         return std::nullopt;

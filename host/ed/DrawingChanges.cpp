@@ -3,7 +3,7 @@
 #include "ap/DocumentData.h"
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "db/UndoTrial.h"
 #include "rx/HostSession.h"
 #include "rx/ModuleTable.h"

@@ -12,7 +12,7 @@
 #include "points/memoireTable.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
-#include "services/texte8bits.h"
+#include "services/lettres.h"
 
 namespace {
 

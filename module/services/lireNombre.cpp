@@ -5,9 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "services/codages.h"
 #include "services/reelDeTexte.h"
-
-#include "afx.h"
 
 namespace {
 
@@ -104,5 +103,5 @@ int lireNombre(const char* texte, double& valeur)
 
 int lireNombre(const wchar_t* texte, double& valeur)
 {
-    return lireNombre(CStringA(texte).GetString(), valeur);
+    return texte ? lireNombre(versAnsi(texte).c_str(), valeur) : 0;
 }
