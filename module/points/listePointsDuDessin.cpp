@@ -235,8 +235,6 @@ int listePointsDuDessin::existPoint(const wchar_t* nom, int& position) const
     indexerEnAttente();
     const auto cle = cleNom::deTexte(nom, blancsRecherche);
     position = cle ? noms.chercher(*cle) : -1;
-    if (position >= nbPoint())
-        position = -1; // gone from the array that was handed out
     return position >= 0;
 }
 

@@ -13,6 +13,7 @@
 #include "services/argumentsLisp.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/espaceObjet.h"
+#include "services/grandeur.h"
 #include "services/listeLisp.h"
 
 #include "aced.h"

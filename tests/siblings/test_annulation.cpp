@@ -385,9 +385,6 @@ TEST_F(AnnulationTest, bringsTheTablesBackWithTheDrawing)
         recents += "\n" + std::to_string(i) + ", state " + std::to_string(curDoc()->database()->impl().undo().state()) +
                    ": " + a.nom;
         recents.erase(0, recents.size() > 600 ? recents.find('\n', recents.size() - 600) : 0);
-        if (variableEntiere("VELA_TRACE", 0))
-            std::printf("%s\n%s\n", recents.substr(recents.rfind('\n') + 1).c_str(),
-                        contenu(*tablesPoints, true).c_str());
         SCOPED_TRACE("the last steps of seed " + std::to_string(graine) + recents);
         const auto avant = curDoc()->database()->impl().undo().state();
         if (a.sorte == genre::isole || a.sorte == genre::muet) {
