@@ -130,6 +130,9 @@ void journalProjet::poser(etape nouvelle, int numero)
         etapes.pop_back();
     }
     nouvelle.numero = numero;
+    for (const auto& [table, changement] : nouvelle.changements)
+        if (table->memoire->estToutConfie()) // whoever changed the array did not tell the indices
+            table->oublierIndex();
     for (auto& table : sorties)
         if (std::ranges::find(liste, table.get()) != liste.end()) // not one that came and went meanwhile
             nouvelle.gardees.push_back(std::move(table));

@@ -76,8 +76,7 @@ void listePointsDuDessin::Ajouter(const pointDuDessin& point)
 {
     if (memoire)
         memoire->avantDAjouter();
-    if (premierEnAttente > nbPoint())
-        premierEnAttente = nbPoint(); // points were taken out of the array that was handed out
+    oublierNomsPartis();
     if (blancsEnAttente != blancs::espaces) {
         indexerEnAttente();
         blancsEnAttente = blancs::espaces;
@@ -372,9 +371,24 @@ void listePointsDuDessin::reindexer()
     blancsEnAttente = blancs::espacesEtTabulations;
 }
 
+void listePointsDuDessin::oublierIndex()
+{
+    reindexer();
+    objets.suspecterTout();
+}
+
+/// Points were taken out of the array that was handed out: others moved up.
+void listePointsDuDessin::oublierNomsPartis() const
+{
+    if (premierEnAttente <= nbPoint())
+        return;
+    noms.vider();
+    premierEnAttente = 0;
+}
+
 void listePointsDuDessin::indexerEnAttente() const
 {
-    premierEnAttente = std::min(premierEnAttente, nbPoint());
+    oublierNomsPartis();
     if (premierEnAttente == nbPoint())
         return;
     const std::string_view blancsDesNoms = blancsEnAttente == blancs::espaces ? blancsRecherche : blancsReindexation;

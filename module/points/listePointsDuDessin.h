@@ -108,6 +108,8 @@ private:
     void nommerParPlace();
     void mettreAJourSymbole(int i);
     void reindexer();
+    void oublierIndex();
+    void oublierNomsPartis() const;
     void indexerEnAttente() const;
 
     tableau points;

@@ -45,6 +45,7 @@ public:
     bool confieADiffere() const;
     /// Whether points may have changed without a word.
     bool aDesConfies() const { return toutConfie || !confiees.empty(); }
+    bool estToutConfie() const { return toutConfie; }
 
     /// What tells the table from what it was; none when it is the same.
     std::optional<changementTable> changement() const;
