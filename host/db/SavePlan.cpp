@@ -55,6 +55,7 @@ SavePlan::SavePlan(AcDbDatabaseImpl& database) : m_database(database)
     editOwnersOfErased();
     editNamesOfRenamed();
     addToParents();
+    m_writesMadeUp = changesFile();
     addToTables();
     addNewTables();
     addToBlocks();
@@ -306,13 +307,14 @@ void SavePlan::atEndOfSection(const char* name, Write write)
     });
 }
 
+bool SavePlan::isWritten(const DxfRecord& record) const
+{
+    constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
+    return isNew(record) && !isErased(record) && (m_writesMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
+}
+
 void SavePlan::addToTables()
 {
-    const bool withMadeUp = changesFile();
-    const auto isWritten = [&](const DxfRecord& record) {
-        constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
-        return isNew(record) && !isErased(record) && (withMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
-    };
     for (int i = 0; i < nameKindCount; ++i) {
         const DxfRange* range = m_database.file().table(tableNames[static_cast<std::size_t>(i)]);
         if (!range)
@@ -330,11 +332,12 @@ void SavePlan::addNewTables()
     atEndOfSection("TABLES", [&] {
         for (int i = 0; i < nameKindCount; ++i) {
             const SymbolNames& names = m_database.names(static_cast<NameKind>(i));
-            if (!isNew(*recordOf(names.table)) || names.records().empty())
+            const auto isOne = [this](AcDbStub* record) { return isWritten(*recordOf(record)); };
+            if (!isNew(*recordOf(names.table)) || std::ranges::none_of(names.records(), isOne))
                 continue;
             writeObject(*recordOf(names.table));
             for (AcDbStub* record : names.records())
-                if (!isErased(*recordOf(record)))
+                if (isOne(record))
                     writeObject(*recordOf(record));
             DxfTagWriter(m_database.form(), m_text).rawText(0, "ENDTAB");
         }
@@ -364,9 +367,9 @@ void SavePlan::addNewBlocks()
         return;
     atEndOfSection("BLOCKS", [&] {
         for (AcDbStub* block : m_database.blocks().newBlocks()) {
-            if (isErased(*recordOf(block)))
-                continue;
             const BlockContent& content = m_database.blocks().of(block);
+            if (isErased(*recordOf(block)) || !isWritten(*recordOf(content.begin)))
+                continue;
             writeObject(*recordOf(content.begin));
             if (!content.inEntitiesSection)
                 for (AcDbStub* entity : content.entities)
@@ -384,7 +387,7 @@ void SavePlan::addObjects()
         return;
     atEndOfSection("OBJECTS", [&] {
         for (std::size_t i = 0; i < records.size(); ++i)
-            if (!isErased(records[i]) && standsInObjectsSection(m_database, records[i]))
+            if (isWritten(records[i]) && standsInObjectsSection(m_database, records[i]))
                 writeObject(records[i]);
     });
 }

@@ -34,7 +34,7 @@ constexpr std::array kRows{
     HeaderRow{L"PDSIZE", Kind::real},       HeaderRow{L"REGENMODE", Kind::integer},
     HeaderRow{L"TDCREATE", Kind::real},     HeaderRow{L"TDUPDATE", Kind::real},
     HeaderRow{L"TEXTSIZE", Kind::real},     HeaderRow{L"TEXTSTYLE", Kind::textStyle},
-    HeaderRow{L"TILEMODE", Kind::integer},  HeaderRow{L"USERI1", Kind::integer},
+    HeaderRow{L"USERI1", Kind::integer},
     HeaderRow{L"USERI2", Kind::integer},    HeaderRow{L"USERI3", Kind::integer},
     HeaderRow{L"USERI4", Kind::integer},    HeaderRow{L"USERI5", Kind::integer},
     HeaderRow{L"USERR1", Kind::real},       HeaderRow{L"USERR2", Kind::real},
