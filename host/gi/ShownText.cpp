@@ -1,8 +1,7 @@
 #include "gi/ShownText.h"
 
-#include <cwctype>
-
 #include "platform/CodePage.h"
+#include "platform/LetterCase.h"
 
 namespace {
 
@@ -48,7 +47,7 @@ private:
     {
         if (peek(0) != L'%' || peek(1) != L'%')
             return false;
-        const auto code = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(peek(2))));
+        const auto code = platform::lowerCase(peek(2));
         switch (code) {
         case L'd':
             show(L'°');
@@ -96,7 +95,7 @@ private:
 
     bool unicode()
     {
-        if (peek(0) != L'\\' || std::towupper(static_cast<std::wint_t>(peek(1))) != L'U' || peek(2) != L'+')
+        if (peek(0) != L'\\' || platform::upperCase(peek(1)) != L'U' || peek(2) != L'+')
             return false;
         int value = 0;
         for (std::size_t i = 0; i < digitsOfUnicode; ++i) {

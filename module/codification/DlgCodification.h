@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "codification/tableCodification.h"
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 namespace Ui {
 class DlgCodification;
@@ -29,6 +29,7 @@ private:
     /// @return false when the user was told that the number cannot be.
     bool validerNumero();
     bool validerTaille();
+    bool validerCalques();
     void choisirBlock();
 
     std::unique_ptr<Ui::DlgCodification> m_ui;

@@ -8,12 +8,13 @@
 #include "codification/attributsBloc.h"
 #include "codification/codificationDuModule.h"
 #include "codification/dissocierBloc.h"
-#include "frame/argumentsLisp.h"
-#include "frame/CAcadUndoGroup.h"
-#include "frame/listeLisp.h"
-#include "frame/selection.h"
+#include "codification/regleCode.h"
 #include "points/projetDansDessin.h"
 #include "points/superpositions.h"
+#include "services/argumentsLisp.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/listeLisp.h"
+#include "services/selection.h"
 
 #include "aced.h"
 #include "dbapserv.h"
@@ -114,7 +115,7 @@ int lispTpcdaddpt()
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
         (!arguments.fini() && !arguments.lireEntier(code)) ||
-        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini() || !codeValable(code))
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)

@@ -1,9 +1,9 @@
 #include "db/entities/TextBox.h"
 
 #include <cmath>
-#include <cwctype>
 
 #include "db/entities/OcsTransform.h"
+#include "platform/LetterCase.h"
 
 std::size_t shownCharacters(std::wstring_view text)
 {
@@ -13,7 +13,7 @@ std::size_t shownCharacters(std::wstring_view text)
             ++shown;
             continue;
         }
-        const auto code = static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(text[i + 2])));
+        const auto code = platform::lowerCase(text[i + 2]);
         i += 2;
         if (code == L'u' || code == L'o' || code == L'k')
             continue; // underline, overline, strike through

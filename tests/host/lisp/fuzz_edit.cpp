@@ -11,7 +11,7 @@
 
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "db/SavePlan.h"
 #include "ed/Kernel.h"
 #include "gi/GraphicsSink.h"
@@ -153,7 +153,7 @@ void exercise(const fs::path& path, std::mt19937& random)
     expect(!database.impl().file().problems().empty() || savedBytes(database) == before);
     undo.redo();
     look(database);
-    expect(Opening::openCount() == 0);
+    expect(ObjectOpening::openCount() == 0);
     const fs::path saved = path.string() + "-2.dxf";
     const bool written = database.saveAs(saved.wstring().c_str()) == Acad::eOk;
     documents.closeAll();

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QString>
+#include <QTableWidget>
+
+#include "afx.h"
+
+/// Texts and cells of the lists in dialogs.
+
+QString texteQt(const CString& texte);
+CString texteHote(const QString& texte);
+
+/// A cell that sorts by its text as a French dictionary does, letter case aside.
+class celluleTexte : public QTableWidgetItem {
+public:
+    explicit celluleTexte(const CString& texte);
+    bool operator<(const QTableWidgetItem& autre) const override;
+};
+
+/// A cell that sorts by its number, and stands to the right. An empty one comes last.
+class celluleNombre : public QTableWidgetItem {
+public:
+    explicit celluleNombre(const CString& texte);
+    bool operator<(const QTableWidgetItem& autre) const override;
+};
+
+/// Makes a list of whole rows with these titles; a click on a title sorts by it, another one the other way round.
+void preparerListe(QTableWidget& liste, const QStringList& titres);
+/// Sorts again by the title that was clicked last, if any.
+void trierDeNouveau(QTableWidget& liste);
+
+/// The row selected, or -1.
+int ligneChoisie(const QTableWidget& liste);
+/// Makes a dialog that chooses one row: a text typed in `chercher` leaves the rows of which a cell holds it, letter
+/// case aside; OK waits for a row, and a double click on one ends the dialog.
+void choisirDansListe(QDialog& dialogue, QTableWidget& liste, QLineEdit& chercher, QPushButton& ok);

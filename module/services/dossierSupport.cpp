@@ -1,0 +1,163 @@
+#include "services/dossierSupport.h"
+
+#include <algorithm>
+#include <array>
+#include <cwchar>
+#include <optional>
+#include <vector>
+
+#include "io.h"
+#include "shellapi.h"
+#include "shlobj.h"
+
+namespace {
+
+constexpr const wchar_t* cleRegistre = L"Software\\Ostrakon\\Quarvel5";
+constexpr const wchar_t* valeurDossier = L"chemin";
+constexpr int longueurDossier = 2047;
+constexpr std::size_t tailleChemin = 4096;
+
+struct fermetureCle {
+    explicit fermetureCle(HKEY ouverte) : cle(ouverte) {}
+    fermetureCle(const fermetureCle&) = delete;
+    fermetureCle& operator=(const fermetureCle&) = delete;
+    ~fermetureCle() { RegCloseKey(cle); }
+    HKEY cle;
+};
+
+struct valeurBrute {
+    DWORD type = 0;
+    std::vector<BYTE> octets;
+};
+
+std::optional<valeurBrute> lireValeur(HKEY racine, const wchar_t* nom, REGSAM acces)
+{
+    HKEY ouverte = nullptr;
+    if (RegOpenKeyExW(racine, cleRegistre, 0, acces, &ouverte) != ERROR_SUCCESS)
+        return std::nullopt;
+    const fermetureCle garde(ouverte);
+    valeurBrute valeur;
+    DWORD taille = 0;
+    if (RegQueryValueExW(ouverte, nom, nullptr, &valeur.type, nullptr, &taille) != ERROR_SUCCESS)
+        return std::nullopt;
+    valeur.octets.resize(taille);
+    if (RegQueryValueExW(ouverte, nom, nullptr, &valeur.type, valeur.octets.data(), &taille) != ERROR_SUCCESS)
+        return std::nullopt;
+    return valeur;
+}
+
+std::optional<CString> lireTexte(HKEY racine, const wchar_t* nom, REGSAM acces)
+{
+    const auto valeur = lireValeur(racine, nom, acces);
+    if (!valeur || valeur->type != REG_SZ)
+        return std::nullopt;
+    std::vector<wchar_t> texte(valeur->octets.size() / sizeof(wchar_t) + 1, L'\0');
+    std::copy(valeur->octets.begin(), valeur->octets.end(), reinterpret_cast<BYTE*>(texte.data()));
+    return CString(texte.data());
+}
+
+CString dossierDuRegistre()
+{
+    auto dossier = lireTexte(HKEY_CURRENT_USER, valeurDossier, KEY_READ);
+    if (!dossier)
+        dossier = lireTexte(HKEY_LOCAL_MACHINE, valeurDossier, KEY_READ);
+    return dossier.value_or(CString()).Left(longueurDossier);
+}
+
+/// Looked up once, whatever the outcome.
+CString& dossierSupport()
+{
+    static CString dossier = dossierDuRegistre();
+    return dossier;
+}
+
+/// The first of "support", "support-2"... that is free in the module's folder among the user's files; empty when the
+/// platform tells of none.
+CString dossierPersonnelLibre()
+{
+    constexpr int plusGrandNumero = 100;
+    std::array<wchar_t, MAX_PATH> donnees{};
+    if (SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, donnees.data()) !=
+        S_OK)
+        return {};
+    for (int numero = 1; numero <= plusGrandNumero; ++numero) {
+        CString dossier = CString(donnees.data()) + L"\\Quarvel5\\support";
+        if (numero > 1)
+            dossier.AppendFormat(L"-%d", numero);
+        if (_waccess(dossier, 0) != 0)
+            return dossier;
+    }
+    return {};
+}
+
+/// Both names end with a second zero: the call takes lists.
+bool copierDossier(CString de, CString vers)
+{
+    const auto liste = [](const CString& chemin) {
+        std::vector<wchar_t> texte(chemin.GetString(), chemin.GetString() + chemin.GetLength());
+        texte.resize(texte.size() + 2, L'\0');
+        return texte;
+    };
+    const std::vector<wchar_t> source = liste(de), copie = liste(vers);
+    SHFILEOPSTRUCTW operation{};
+    operation.wFunc = FO_COPY;
+    operation.pFrom = source.data();
+    operation.pTo = copie.data();
+    operation.fFlags = FOF_NO_UI;
+    return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+}
+
+void inscrireDossier(const CString& dossier)
+{
+    HKEY ouverte = nullptr;
+    if (RegCreateKeyExW(HKEY_CURRENT_USER, cleRegistre, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
+                        &ouverte, nullptr) != ERROR_SUCCESS)
+        return;
+    const fermetureCle garde(ouverte);
+    RegSetValueExW(ouverte, valeurDossier, 0, REG_SZ, reinterpret_cast<const BYTE*>(dossier.GetString()),
+                   static_cast<DWORD>((static_cast<std::size_t>(dossier.GetLength()) + 1) * sizeof(wchar_t)));
+}
+
+} // namespace
+
+const wchar_t* cheminSupport(const wchar_t* fichier, const wchar_t* sousDossier)
+{
+    static std::array<wchar_t, tailleChemin> tampon;
+    CString chemin = dossierSupport();
+    chemin.TrimRight(L'\\');
+    if (sousDossier && *sousDossier)
+        (chemin += L'\\') += sousDossier;
+    (chemin += L'\\') += fichier;
+    const CString tenu = chemin.Left(static_cast<int>(tailleChemin) - 1);
+    std::wmemcpy(tampon.data(), tenu, static_cast<std::size_t>(tenu.GetLength()) + 1);
+    return tampon.data();
+}
+
+bool copierDossierSupport()
+{
+    CString installe = dossierSupport();
+    const CString copie = dossierPersonnelLibre();
+    if (installe.TrimRight(L'\\').IsEmpty() || copie.IsEmpty() || !copierDossier(installe, copie))
+        return false;
+    dossierSupport() = copie;
+    inscrireDossier(copie);
+    return true;
+}
+
+int lireValeurRegistre(const wchar_t* nom, CString& valeur)
+{
+    const auto lue = lireTexte(HKEY_LOCAL_MACHINE, nom, KEY_ALL_ACCESS);
+    if (!lue)
+        return 0;
+    valeur = *lue;
+    return 1;
+}
+
+int lireValeurRegistre(const wchar_t* nom, DWORD& valeur)
+{
+    const auto lue = lireValeur(HKEY_LOCAL_MACHINE, nom, KEY_ALL_ACCESS);
+    if (!lue || lue->type != REG_DWORD || lue->octets.size() != sizeof valeur)
+        return 0;
+    std::copy(lue->octets.begin(), lue->octets.end(), reinterpret_cast<BYTE*>(&valeur));
+    return 1;
+}
