@@ -51,6 +51,10 @@ public:
     /// Takes the file as it now is on disk for the one opened: call it after saving over it.
     void acceptDiskState();
 
+    /// Whether what is read is a mended copy: of a file that ends within a section, or has an ENDSEC in the midst of
+    /// one.
+    bool wasRepaired() const { return m_repaired; }
+
     std::string_view bytes() const { return m_bytes; }
     std::string_view bytes(const DxfRecord& record) const { return m_bytes.substr(record.offset, record.length); }
     /// The bytes of a record with its repaired handle in them; the same bytes for one that is not flagged so.
@@ -96,6 +100,8 @@ private:
     void index();
     void readHeader();
     void findRanges();
+    bool isEndsecWithin(std::size_t place) const;
+    void repair();
     void findTables(const DxfRange& section);
     void closeSection(std::uint32_t last);
     void enterHandles(bool repair);
@@ -125,7 +131,10 @@ private:
     HandleTable m_handles{m_records};
     std::vector<std::string> m_typeNames;
     std::unordered_map<std::string, std::uint16_t> m_typeIds;
-    std::vector<std::uint32_t> m_structure; // positions of the records that open and close sections and tables
+    std::vector<std::uint32_t> m_structure;     // positions of the records that open and close sections and tables
+    bool m_cut = false;                         // the file ends within a section
+    bool m_repaired = false;                    // the bytes are not those of the disk
+    std::vector<std::uint32_t> m_endsecsWithin; // that close nothing
     std::vector<DxfRange> m_sections;
     std::vector<DxfRange> m_tables;
     std::vector<DxfProblem> m_problems;
