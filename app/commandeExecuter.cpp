@@ -14,6 +14,7 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
 #include "erreurProgramme.h"
+#include "fichierDessin.h"
 #include "lignesConsole.h"
 #include "sessionHote.h"
 
@@ -72,7 +73,7 @@ void executer(const choixExecuter& choix)
     if (choix.dessin.empty())
         session.creer();
     else
-        session.ouvrir(choix.dessin);
+        avertirDesProblemes(*session.ouvrir(choix.dessin).database());
     session.console().terminer();
     const auto echec = ScriptRunner(options).run(QString::fromStdString(choix.script));
     session.console().terminer();

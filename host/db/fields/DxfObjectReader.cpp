@@ -55,6 +55,9 @@ bool DxfSubclassWalk::isCommonHere(int code) const
 /// An entity without any marker, as before R13: its rows are those of its class.
 DxfSubclassWalk::Row DxfSubclassWalk::rowWithoutMarker(int code) const
 {
+    constexpr int handle = 5, owner = 330;
+    if (code == handle || code == owner)
+        return {}; // the object's own, which stand before the first marker where there is one
     const auto& subclasses = m_class->subclasses;
     for (std::size_t i = 1; i < subclasses.size(); ++i)
         if (const int row = subclasses[i]->rowOf(code); row >= 0)

@@ -89,17 +89,15 @@ TEST(Pictures, inkOfTheGroundsColorIsTurned)
         QColor within;       // the area
     };
     const QColor dark(33, 40, 48);
-    const Row rows[] = {{"white on white", "420\n16777215", Qt::white, Qt::black, Qt::white},
-                        {"white of the palette", "62\n255", Qt::white, Qt::black, Qt::white},
-                        {"black on dark", "420\n0", dark, Qt::white, Qt::black},
-                        {"yellow stays", "62\n2", Qt::white, Qt::yellow, Qt::yellow},
-                        {"light grey stays", "62\n9", Qt::white, QColor(0xC0, 0xC0, 0xC0), QColor(0xC0, 0xC0, 0xC0)}};
+    const Row rows[] = {{"white on white", "420 16777215", Qt::white, Qt::black, Qt::white},
+                        {"white of the palette", "62 255", Qt::white, Qt::black, Qt::white},
+                        {"black on dark", "420 0", dark, Qt::white, Qt::black},
+                        {"yellow stays", "62 2", Qt::white, Qt::yellow, Qt::yellow},
+                        {"light grey stays", "62 9", Qt::white, QColor(0xC0, 0xC0, 0xC0), QColor(0xC0, 0xC0, 0xC0)}};
     for (const Row& row : rows) {
-        const std::string common = std::string("\n100\nAcDbEntity\n8\n0\n62\n7\n") + row.color;
-        const DrawingWithEntities drawing(
-            "0\nLINE" + common + "\n100\nAcDbLine\n10\n0\n20\n5\n30\n0\n11\n10\n21\n5\n31\n0\n0\nSOLID" + common +
-            "\n100\nAcDbTrace\n10\n2\n20\n1\n30\n0\n11\n8\n21\n1\n31\n0\n12\n2\n22\n3"
-            "\n32\n0\n13\n8\n23\n3\n33\n0\n");
+        const std::string color = std::string("\n") + row.color;
+        DrawingWithEntities drawing("0 LINE" + color + "\n100 AcDbLine\n10 0\n20 5\n11 10\n21 5\n0 SOLID" + color +
+                                    "\n100 AcDbTrace\n10 2\n20 1\n11 8\n21 1\n12 2\n22 3\n13 8\n23 3\n");
         PaintStyle style;
         style.ground = row.ground;
         style.smooth = false;
