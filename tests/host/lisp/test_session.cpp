@@ -191,6 +191,18 @@ TEST_F(Session, walksThroughEntities)
     EXPECT_EQ(value("(abscisses)"), "(0.0 1.0 2.0 3.0 9.0)");
 }
 
+TEST_F(Session, changesNothingOnALockedLayer)
+{
+    append(new AcDbPoint(AcGePoint3d(1, 0, 0)));
+    EXPECT_NE(value("(setq e (entlast) l (entget e) c (entget (tblobjname \"LAYER\" \"0\")))"
+                    " (entmod (subst '(70 . 4) (assoc 70 c) c))"),
+              "nil");
+    EXPECT_EQ(value("(entmod (subst '(10 5.0 5.0 0.0) (assoc 10 l) l))"), "nil");
+    EXPECT_EQ(value("(entdel e)"), "nil");
+    EXPECT_EQ(value("(assoc 10 (entget e))"), "(10 1.0 0.0 0.0)");
+    EXPECT_NE(value("(entmake '((0 . \"POINT\") (8 . \"0\") (10 2 0 0)))"), "nil");
+}
+
 TEST_F(Session, looksIntoTablesAndDictionaries)
 {
     EXPECT_EQ(value("(setq l (tblsearch \"LAYER\" \"0\")) (list (assoc 0 l) (assoc 2 l) (assoc 5 l))"),
