@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "gi/TextMetrics.h"
+#include "text/TextMetrics.h"
 
 namespace {
 

@@ -9,7 +9,7 @@ import re
 import sys
 from pathlib import Path
 
-KERNEL = ("platform", "ge", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", "lisp", "commands")
+KERNEL = ("platform", "ge", "text", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", "lisp", "commands")
 
 # What a folder may include, first match wins: (folder pattern, file-name pattern, allowed).
 # Allowed names are folders of the tree ("module/points", "host/*" for all below) or one of
@@ -27,6 +27,7 @@ RULES = (
     (r"host/platform", r".*", (OWN, "std", "posix", r"interface(afx.*|ac?desk|AdAChar|adesk|io|oaidl|tchar|windows)")),
     (r"host/ge", r".*", (OWN, "std", r"interface(ge.*|adesk|AdAChar|acarray)")),
     (r"host/(dxf|dwg)", r".*", (OWN, "std", "posix", "host/platform")),
+    (r"host/text", r".*", (OWN, "std", "host/platform")),
     # The upper kernel may use all of the kernel.
     (r"host/(rx|db|gi|ed|ap|lisp|commands)", r".*", (OWN, "std", "posix", INTERFACE) + tuple("host/" + f for f in KERNEL)),
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),
