@@ -6,6 +6,7 @@
 #include "frame/argumentsLisp.h"
 #include "frame/blocFichier.h"
 #include "frame/CAcadUndoGroup.h"
+#include "frame/calqueVerrouille.h"
 #include "frame/etendueVue.h"
 #include "frame/listeLisp.h"
 #include "points/etendueDesPoints.h"
@@ -70,15 +71,20 @@ int lispResetcodespts()
     if (!table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0;
+    int changes = 0, verrouilles = 0;
     for (int i = 0; i < table->nbPoint(); ++i) {
         pointDuDessin& point = *table->getData(i);
         if (point.getCode() == code)
             continue;
+        if (estVerrouille(point.getId())) {
+            ++verrouilles;
+            continue;
+        }
         point.setCode(code);
         conformerSymbole(point.getId(), code, codificationDuModule());
         ++changes;
     }
+    signalerVerrouilles(verrouilles);
     return acedRetInt(changes);
 }
 
@@ -99,11 +105,18 @@ int lispChgreppts()
         return rendreNil();
     codificationDuModule().getCodif(code).chemin = chemin;
     codificationDuModule().sauver();
-    int changes = 0;
+    int changes = 0, verrouilles = 0;
     const listePointsDuDessin& points = *table;
-    for (int i = 0; i < points.nbPoint(); ++i)
-        if (points.getData(i)->getCode() == code && changerBlocSymbole(points.getData(i)->getId(), bloc))
+    for (int i = 0; i < points.nbPoint(); ++i) {
+        const pointDuDessin& point = *points.getData(i);
+        if (point.getCode() != code)
+            continue;
+        if (estVerrouille(point.getId()))
+            ++verrouilles;
+        else if (changerBlocSymbole(point.getId(), bloc))
             ++changes;
+    }
+    signalerVerrouilles(verrouilles);
     return acedRetInt(changes);
 }
 

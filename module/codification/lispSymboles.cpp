@@ -10,6 +10,7 @@
 #include "codification/dissocierBloc.h"
 #include "frame/argumentsLisp.h"
 #include "frame/CAcadUndoGroup.h"
+#include "frame/calqueVerrouille.h"
 #include "frame/listeLisp.h"
 #include "frame/selection.h"
 #include "points/projetDansDessin.h"
@@ -60,20 +61,24 @@ AcDbObjectId blocNomme(const CString& nom)
     return id;
 }
 
-int montrerAttributs(const AcDbObjectId& id, const CString& etiquette, bool visible)
+struct bilan {
+    int changes = 0, verrouilles = 0;
+};
+
+void montrerAttributs(const AcDbObjectId& id, const CString& etiquette, bool visible, bilan& attributs)
 {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
-    int changes = 0;
     if (reference.openStatus() != Acad::eOk)
-        return changes;
+        return;
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
         const bool vise = etiquette == L"*" || memeEtiquette(attribut, etiquette);
-        if (vise && (attribut.isInvisible() != 0) == visible && attribut.upgradeOpen() == Acad::eOk) {
-            attribut.setInvisible(!visible);
-            ++changes;
-        }
+        if (!vise || (attribut.isInvisible() != 0) != visible)
+            return;
+        const Acad::ErrorStatus ouverture = attribut.upgradeOpen();
+        if (ouverture == Acad::eOk && attribut.setInvisible(!visible) == Acad::eOk)
+            ++attributs.changes;
+        attributs.verrouilles += ouverture == Acad::eOnLockedLayer;
     });
-    return changes;
 }
 
 } // namespace
@@ -142,10 +147,11 @@ int lispAttrvisibility()
     if (!choisis && !table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0;
+    bilan attributs;
     for (const AcDbObjectId& id : choisis ? symboles : symbolesDe(*table))
-        changes += montrerAttributs(id, etiquette, visible);
-    return acedRetInt(changes);
+        montrerAttributs(id, etiquette, visible, attributs);
+    signalerVerrouilles(attributs.verrouilles);
+    return acedRetInt(attributs.changes);
 }
 
 int lispModifAttrib()
@@ -166,16 +172,17 @@ int lispModifAttrib()
     if (reference.openStatus() != Acad::eOk)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int ecrits = 0;
+    bilan attributs;
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
         for (const auto& [etiquette, texte] : textes)
             if (memeEtiquette(attribut, etiquette)) {
-                changerTexte(attribut, texte);
-                ++ecrits;
+                const bool verrouille = changerTexte(attribut, texte) == Acad::eOnLockedLayer;
+                ++(verrouille ? attributs.verrouilles : attributs.changes);
                 break;
             }
     });
-    return acedRetInt(ecrits);
+    signalerVerrouilles(attributs.verrouilles);
+    return acedRetInt(attributs.changes);
 }
 
 int lispRegPts()
@@ -187,6 +194,8 @@ int lispRegPts()
         return rendreNil();
     const CAcadUndoGroup groupe;
     table->updateDrawing();
+    const std::vector<AcDbObjectId> symboles = symbolesDe(*table);
+    signalerVerrouilles(static_cast<int>(std::ranges::count_if(symboles, estVerrouille)));
     return acedRetInt(table->nbPoint());
 }
 
@@ -201,15 +210,20 @@ int lispUpdarxttxt()
     if (!table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0;
+    bilan symboles;
     for (int i = 0; i < table->nbPoint(); ++i) {
         const pointDuDessin& point = *table->getData(i);
+        if (estVerrouille(point.getId())) {
+            ++symboles.verrouilles;
+            continue;
+        }
         const AcDbObjectPointer<AcDbBlockReference> symbole(point.getId(), AcDb::kForWrite);
         const codifPoint& codif = codificationDuModule().getCodif(point.getCode());
         if (symbole.openStatus() == Acad::eOk && retaillerSymbole(*symbole.object(), tailleSymbole(codif)))
-            ++changes;
+            ++symboles.changes;
     }
-    return acedRetInt(changes);
+    signalerVerrouilles(symboles.verrouilles);
+    return acedRetInt(symboles.changes);
 }
 
 int lispSuperpos()
@@ -238,11 +252,14 @@ int lispDissocblock()
     if (!argumentsLisp().fini())
         return refuserParametres();
     const CAcadUndoGroup groupe;
-    int dissocies = 0;
+    bilan blocs;
     // Points keep the references, which are erased: undo gives them their symbols back.
     for (const AcDbObjectId& id : demanderSelection(L"\nSelectionnez les elements a dissocier", L"INSERT"))
-        if (dissocierBloc(id))
-            ++dissocies;
-    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", dissocies);
+        if (estVerrouille(id))
+            ++blocs.verrouilles;
+        else if (dissocierBloc(id))
+            ++blocs.changes;
+    signalerVerrouilles(blocs.verrouilles);
+    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", blocs.changes);
     return RTNORM;
 }

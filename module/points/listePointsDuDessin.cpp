@@ -6,6 +6,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "frame/calqueVerrouille.h"
 #include "frame/dialogueProgression.h"
 #include "frame/selection.h"
 #include "points/entiteDuPoint.h"
@@ -115,6 +116,8 @@ void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
     int position = -1;
     if (!existPoint(nom, position))
         return;
+    if (estVerrouille(points[position].getId())) // a symbol without its point would mislead
+        return signalerVerrouilles(1);
     effacerEntite(points[position].getId());
     retirer(position);
     if (position != nbPoint())

@@ -1,5 +1,6 @@
 #include "codification/codificationDuModule.h"
 #include "codification/miseAJourSymbole.h"
+#include "frame/calqueVerrouille.h"
 #include "points/pointDuDessin.h"
 
 #include "dbapserv.h"
@@ -33,6 +34,8 @@ void pointDuDessin::creer(bool creerCalques, const wchar_t* observation)
 
 void pointDuDessin::updateDrawing()
 {
+    if (estVerrouille(id)) // it stays, and a second one on top of it would be worse
+        return;
     if (actualiserSymbole(id, donneesDe(*this), codificationDuModule().getCodif(code)))
         return;
     creer(true);
