@@ -3,8 +3,8 @@
 #include <cmath>
 #include <iostream>
 
-#include "calculs/grandeur.h"
-#include "reports/nombreFixe.h"
+#include "services/grandeur.h"
+#include "services/nombreFixe.h"
 
 std::string nombreTexte(double valeur, int decimales)
 {

@@ -9,12 +9,12 @@
 #include "ap/DocumentList.h"
 #include "codification/codificationDuModule.h"
 #include "ed/Kernel.h"
-#include "frame/blocFichier.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "points/leveGenere.h"
 #include "points/listePointsDuDessin.h"
 #include "rx/Console.h"
+#include "services/blocFichier.h"
 
 #include "dbents.h"
 #include "dbsymtb.h"

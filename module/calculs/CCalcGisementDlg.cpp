@@ -4,10 +4,10 @@
 
 #include "calculs/dialoguePolygonale.h"
 #include "calculs/gisement.h"
-#include "calculs/texteAnsi.h"
 #include "calculs/uniteAngulaire.h"
 #include "points/projetDansDessin.h"
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
+#include "services/texteAnsi.h"
 
 #include "acedads.h"
 #include "adscodes.h"

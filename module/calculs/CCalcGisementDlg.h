@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 namespace Ui {
 class CCalcGisementDlg;

@@ -1,6 +1,6 @@
 #include "calculs/CParamMisePlaceResultCalcs.h"
 
-#include "calculs/reelDeTexte.h"
+#include "services/reelDeTexte.h"
 
 #include "ui_CParamMisePlaceResultCalcs.h"
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "calculs/placerPolygonale.h"
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 namespace Ui {
 class CParamMisePlaceResultCalcs;

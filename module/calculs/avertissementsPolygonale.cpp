@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "calculs/conseilAngulaire.h"
-#include "calculs/grandeur.h"
-#include "calculs/reelDeTexte.h"
-#include "calculs/texteAnsi.h"
+#include "services/grandeur.h"
+#include "services/reelDeTexte.h"
+#include "services/texteAnsi.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "calculs/calculPolygonaleFermee.h"
 
-#include "calculs/grandeur.h"
 #include "calculs/rapportPolygonaleFermee.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/grandeur.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "calculs/calculPolygonaleOuverte.h"
 
-#include "calculs/grandeur.h"
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/grandeur.h"
 
 namespace {
 

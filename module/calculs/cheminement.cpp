@@ -1,7 +1,7 @@
 #include "calculs/cheminement.h"
 
-#include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/grandeur.h"
 
 void ouvrirCheminement(cheminement& c, const stationPolygonale& depart, int mode, int unite,
                        const std::vector<observationPolygonale>& observations)

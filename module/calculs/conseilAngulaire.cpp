@@ -3,9 +3,9 @@
 #include <cmath>
 #include <optional>
 
-#include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
-#include "reports/nombreFixe.h"
+#include "services/grandeur.h"
+#include "services/nombreFixe.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <QPainter>
 
-#include "calculs/grandeur.h"
+#include "services/grandeur.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "calculs/fichierPolygonale.h"
 #include "calculs/polygonaleCalculee.h"
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 class QLineEdit;
 class panneauPolygonale;

@@ -6,10 +6,10 @@
 #include "calculs/decouperLigne.h"
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
-#include "calculs/reelDeTexte.h"
-#include "calculs/texteAnsi.h"
 #include "calculs/uniteAngulaire.h"
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
+#include "services/reelDeTexte.h"
+#include "services/texteAnsi.h"
 
 namespace {
 

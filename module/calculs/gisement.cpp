@@ -3,8 +3,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/grandeur.h"
 
 double gisement(double xStation, double yStation, double xDirection, double yDirection, int unite)
 {

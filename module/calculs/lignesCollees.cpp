@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "calculs/reelDeTexte.h"
+#include "services/reelDeTexte.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "calculs/nivellement.h"
 
-#include "calculs/grandeur.h"
+#include "services/grandeur.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "calculs/observationPolygonale.h"
 
-#include "calculs/reelDeTexte.h"
+#include "services/reelDeTexte.h"
 
 std::vector<observationPolygonale> observationsDe(const std::vector<ligneObservation>& lignes)
 {

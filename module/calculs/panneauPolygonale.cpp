@@ -3,7 +3,7 @@
 #include <QStringList>
 
 #include "calculs/dialoguePolygonale.h"
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
 
 #include "ui_panneauPolygonale.h"
 

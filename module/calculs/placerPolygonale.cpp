@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "calculs/grandeur.h"
-#include "frame/CAcadUndoGroup.h"
-#include "frame/espaceObjet.h"
 #include "points/projetDansDessin.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/espaceObjet.h"
+#include "services/grandeur.h"
 
 #include "dbpl.h"
 

@@ -3,12 +3,12 @@
 #include <cmath>
 
 #include "calculs/avertissementsPolygonale.h"
-#include "calculs/grandeur.h"
 #include "calculs/rapportPolygonale.h"
 #include "calculs/rapportPolygonaleFermee.h"
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "calculs/uniteAngulaire.h"
-#include "reports/nombreFixe.h"
+#include "services/grandeur.h"
+#include "services/nombreFixe.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "calculs/rapportPolygonale.h"
 
 #include "calculs/nivellement.h"
-#include "calculs/texteAnsi.h"
 #include "reports/htmlStyle.h"
 #include "reports/htmlText.h"
+#include "services/texteAnsi.h"
 
 namespace rapportPolygonale {
 

@@ -2,7 +2,7 @@
 
 #include "calculs/calculPolygonaleFermee.h"
 #include "calculs/rapportPolygonale.h"
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
 
 using namespace rapportPolygonale;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "calculs/grandeur.h"
+#include "services/grandeur.h"
 
 /// Index of the angle unit, as the dialogs' list and the files number it. Any other index counts as grades.
 enum uniteAngulaire : int { uniteGrades = 0, uniteDegres = 1, uniteRadians = 2 };

@@ -1,10 +1,10 @@
 #include "codification/DlgChoixCode.h"
 
 #include "codification/codificationDuModule.h"
-#include "codification/nombresTexte.h"
-#include "frame/argumentsLisp.h"
-#include "frame/dialogueCellules.h"
-#include "frame/listeLisp.h"
+#include "services/argumentsLisp.h"
+#include "services/dialogueCellules.h"
+#include "services/listeLisp.h"
+#include "services/nombresTexte.h"
 
 #include "aced.h"
 #include "ui_DlgChoixCode.h"

@@ -3,7 +3,7 @@
 #include <memory>
 #include <optional>
 
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 class tableCodification;
 namespace Ui {

@@ -5,12 +5,12 @@
 #include <QLineEdit>
 #include <QSpinBox>
 
-#include "calculs/reelDeTexte.h"
-#include "codification/nombresTexte.h"
 #include "codification/regleCode.h"
-#include "frame/dialogueCellules.h"
-#include "frame/dialogueFichier.h"
-#include "frame/dialogueMessage.h"
+#include "services/dialogueCellules.h"
+#include "services/dialogueFichier.h"
+#include "services/dialogueMessage.h"
+#include "services/nombresTexte.h"
+#include "services/reelDeTexte.h"
 
 #include "ui_DlgCodification.h"
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "codification/tableCodification.h"
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 namespace Ui {
 class DlgCodification;

@@ -6,9 +6,9 @@
 
 #include "codification/codificationDuModule.h"
 #include "codification/DlgCodification.h"
-#include "codification/nombresTexte.h"
-#include "frame/dialogueCellules.h"
-#include "frame/dialogueMessage.h"
+#include "services/dialogueCellules.h"
+#include "services/dialogueMessage.h"
+#include "services/nombresTexte.h"
 
 #include "acdocman.h"
 #include "ui_DlgTableCodification.h"

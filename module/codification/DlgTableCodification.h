@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 class tableCodification;
 namespace Ui {

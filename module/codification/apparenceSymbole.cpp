@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "codification/attributsBloc.h"
-#include "codification/nombresTexte.h"
 #include "points/attribsPoints.h"
+#include "services/nombresTexte.h"
 
 namespace {
 

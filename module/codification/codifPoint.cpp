@@ -1,6 +1,6 @@
 #include "codification/codifPoint.h"
 
-#include "frame/dossierSupport.h"
+#include "services/dossierSupport.h"
 
 codifPoint::codifPoint() : chemin(cheminBiblio(L"velablk1.dwg")) {}
 

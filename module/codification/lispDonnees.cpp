@@ -2,8 +2,8 @@
 
 #include "codification/donneesEtendues.h"
 #include "codification/lispSymboles.h"
-#include "frame/argumentsLisp.h"
-#include "frame/listeLisp.h"
+#include "services/argumentsLisp.h"
+#include "services/listeLisp.h"
 
 #include "aced.h"
 #include "acutmem.h"

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "codification/attributsBloc.h"
-#include "codification/nombresTexte.h"
-#include "frame/lireNombre.h"
 #include "points/attribsPoints.h"
+#include "services/lireNombre.h"
+#include "services/nombresTexte.h"
 
 #include "dbapserv.h"
 

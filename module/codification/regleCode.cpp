@@ -1,7 +1,7 @@
 #include "codification/regleCode.h"
 
-#include "codification/nombresTexte.h"
 #include "codification/tableCodification.h"
+#include "services/nombresTexte.h"
 
 bool codeValable(int code)
 {

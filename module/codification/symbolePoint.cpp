@@ -3,12 +3,12 @@
 #include <cmath>
 #include <memory>
 
-#include "calculs/grandeur.h"
 #include "codification/donneesEtendues.h"
-#include "codification/nombresTexte.h"
-#include "frame/blocFichier.h"
-#include "frame/formatNombres.h"
 #include "points/attribsPoints.h"
+#include "services/blocFichier.h"
+#include "services/formatNombres.h"
+#include "services/grandeur.h"
+#include "services/nombresTexte.h"
 
 #include "dbents.h"
 #include "dbsymtb.h"

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <exception>
 
-#include "codification/fichierEntier.h"
 #include "codification/xmlCodification.h"
-#include "frame/dossierSupport.h"
-#include "frame/journaux.h"
+#include "services/dossierSupport.h"
+#include "services/fichierEntier.h"
+#include "services/journaux.h"
 
 #include "acutads.h"
 #include "dbsymtb.h"

@@ -4,9 +4,9 @@
 #include <ostream>
 #include <string>
 
-#include "calculs/reelDeTexte.h"
 #include "codification/codifPoint.h"
-#include "codification/nombresTexte.h"
+#include "services/nombresTexte.h"
+#include "services/reelDeTexte.h"
 
 /// The text form of one code.
 

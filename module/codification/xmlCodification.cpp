@@ -2,9 +2,9 @@
 
 #include <tinyxml.h>
 
-#include "calculs/reelDeTexte.h"
-#include "codification/nombresTexte.h"
-#include "codification/utf8.h"
+#include "services/nombresTexte.h"
+#include "services/reelDeTexte.h"
+#include "services/utf8.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "frame/commandes.h"
 
 #include "calculs/dialoguesPolygonales.h"
+#include "codification/CformulaireXYZ.h"
 #include "codification/DlgTableCodification.h"
-#include "frame/ptsEn3d.h"
-#include "points/CformulaireXYZ.h"
+#include "points/ptsEn3d.h"
 
 #include "accmd.h"
 

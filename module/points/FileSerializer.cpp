@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstring>
 
-#include "points/texte8bits.h"
+#include "services/texte8bits.h"
 
 #include "dbid.h"
 #include "tchar.h"

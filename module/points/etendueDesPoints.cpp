@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "calculs/grandeur.h"
 #include "points/listePointsDuDessin.h"
+#include "services/grandeur.h"
 
 std::optional<etendueVue> etendueDesPoints(const listePointsDuDessin& table, std::optional<int> code)
 {

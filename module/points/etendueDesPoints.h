@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "frame/etendueVue.h"
+#include "services/etendueVue.h"
 
 class listePointsDuDessin;
 

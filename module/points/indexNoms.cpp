@@ -5,7 +5,7 @@
 #include <cstring>
 #include <cwchar>
 
-#include "points/texte8bits.h"
+#include "services/texte8bits.h"
 
 #include "windows.h"
 

@@ -6,13 +6,11 @@
 #include <cmath>
 #include <string_view>
 
-#include "frame/calqueVerrouille.h"
-#include "frame/dialogueProgression.h"
-#include "frame/selection.h"
 #include "points/entiteDuPoint.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
-#include "points/texte8bits.h"
+#include "services/calqueVerrouille.h"
+#include "services/texte8bits.h"
 
 namespace {
 
@@ -213,21 +211,19 @@ void listePointsDuDessin::delDups()
     reindexer();
 }
 
-void listePointsDuDessin::renumeroter(bool tout)
+void listePointsDuDessin::nommerSansNom()
 {
-    const int nombre = nbPoint();
-    if (!tout) {
-        indexerEnAttente(); // under the old names
-        int numero = getMaxNum();
-        for (int i = 0; i < nombre; ++i)
-            if (sansBlancs(points[i].getNomPoint(), marquesSansNom).empty())
-                nommer(points[i], ++numero);
-        return;
-    }
-    for (int i = 0; i < nombre; ++i) {
+    indexerEnAttente(); // under the old names
+    int numero = getMaxNum();
+    for (int i = 0; i < nbPoint(); ++i)
+        if (sansBlancs(points[i].getNomPoint(), marquesSansNom).empty())
+            nommer(points[i], ++numero);
+}
+
+void listePointsDuDessin::nommerParPlace()
+{
+    for (int i = 0; i < nbPoint(); ++i)
         nommer(points[i], i + 1);
-        mettreAJourSymbole(i);
-    }
     reindexer();
 }
 
@@ -317,38 +313,6 @@ int listePointsDuDessin::getBlockPosition(const wchar_t* nom, AcGePoint3d& posit
 int listePointsDuDessin::positionDe(const AcDbObjectId& id)
 {
     return objets.chercher(id, {points.GetData(), static_cast<std::size_t>(points.GetSize())});
-}
-
-/// Apart from its symbol the point stays as it is: no name has to be indexed again.
-void listePointsDuDessin::mettreAJourSymbole(int i)
-{
-    const AcDbObjectId avant = points[i].getId();
-    points[i].updateDrawing();
-    if (points[i].getId() != avant)
-        objets.suspecter(i);
-}
-
-void listePointsDuDessin::updateDrawing()
-{
-    dialogueProgression avancement(L"Mise \u00e0 jour du dessin", nbPoint() - 1);
-    for (int i = 0; i < nbPoint(); ++i) {
-        mettreAJourSymbole(i);
-        avancement.avancer();
-    }
-}
-
-void listePointsDuDessin::updateFromDrawing()
-{
-    points.RemoveAll();
-    reindexer();
-    objets.suspecterTout();
-    retires.clear();
-    remis.clear();
-    for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
-        pointDuDessin point;
-        if (point.updateFromDrawing(id))
-            ajouterTel(point);
-    }
 }
 
 void listePointsDuDessin::notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque)

@@ -22,6 +22,7 @@ enum class sortSymbole { efface, effacementAnnule, effacementRefait, dessinAnnul
 /// The index finds the point indexed last under a name; names may repeat, and letter case and surrounding spaces do not
 /// count. Some operations leave the index behind the points: they say so.
 /// A position outside the table raises the invalid-argument exception.
+/// What reaches the symbols (renumeroter, updateDrawing, updateFromDrawing) is defined in codification.
 class VELA_EXPORT listePointsDuDessin {
 public:
     using tableau = CArray<pointDuDessin, const pointDuDessin&>;
@@ -109,6 +110,8 @@ private:
     void ajouterTel(const pointDuDessin& point);
     void retirer(int position);
     bool remettre(std::int64_t entite);
+    void nommerSansNom();
+    void nommerParPlace();
     void mettreAJourSymbole(int i);
     void reindexer();
     void indexerEnAttente() const;

@@ -3,11 +3,9 @@
 #include <cmath>
 #include <cstring>
 
-#include "codification/codificationDuModule.h"
-#include "codification/symbolePoint.h"
 #include "points/pointXYZ.h"
 #include "points/QuarvelSerializer.h"
-#include "points/texte8bits.h"
+#include "services/texte8bits.h"
 
 namespace {
 
@@ -73,11 +71,6 @@ void pointDuDessin::setParams(const wchar_t* leNom, const AcGePoint3d& position,
     setNomPoint(leNom);
     setXY(position.x, position.y, position.z);
     code = leCode;
-}
-
-void pointDuDessin::getZAsString(CString& texte) const
-{
-    texte = altitudeConnue() ? texteAltitude(Z, codificationDuModule().getCodif(code)) : CString();
 }
 
 int pointDuDessin::saveToXRecord(QuarvelSerializer* s) const

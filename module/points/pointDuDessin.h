@@ -59,6 +59,8 @@ public:
     void setNomPoint(const wchar_t* leNom);
     void setParams(const wchar_t* leNom, const AcGePoint3d& position, int leCode);
 
+    // These four are defined in codification, since they need codes and symbols.
+
     /// The altitude with as many decimals as the code of the point asks for; empty when it is unknown. A code that the
     /// codification lacks is added to it.
     void getZAsString(CString& texte) const;

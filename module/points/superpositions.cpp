@@ -5,8 +5,8 @@
 #include <set>
 #include <utility>
 
-#include "calculs/grandeur.h"
 #include "points/listePointsDuDessin.h"
+#include "services/grandeur.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <iterator>
 
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
 
 std::string htmlSize::text() const
 {

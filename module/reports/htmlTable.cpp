@@ -1,6 +1,6 @@
 #include "reports/htmlTable.h"
 
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <QTextBrowser>
 #include <QUrl>
 
-#include "frame/dialogueFichier.h"
-#include "frame/dossierModule.h"
 #include "reports/navigateur/vueWeb.h"
+#include "services/dialogueFichier.h"
+#include "services/dossierModule.h"
 
 #include "ui_resultPolygo.h"
 #include "windows.h"

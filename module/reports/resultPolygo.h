@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/dialogueModule.h"
+#include "services/dialogueModule.h"
 
 namespace Ui {
 class resultPolygo;

@@ -11,13 +11,21 @@ from pathlib import Path
 
 KERNEL = ("platform", "ge", "text", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", "lisp", "commands")
 
+# The folders of the module, lowest first. Each sees those of the rows before its own; those of one row stand beside
+# each other and do not.
+LAYERS = (("services",), ("points",), ("reports",), ("codification",),
+          ("exchange", "calculs", "tools", "implantation"), ("frame",))
+MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
+
 # What a folder may include, first match wins: (folder pattern, file-name pattern, allowed).
 # Allowed names are folders of the tree ("module/points", "host/*" for all below) or one of
 #   std       C++ and C standard headers
 #   posix     everything else that is neither ours, Qt, TinyXML nor a test library
 #   qt, tinyxml
 #   interface(PATTERN)   headers of host/include whose name matches PATTERN
+#   below                the module's folders below this one
 OWN = "own"
+BELOW = "below"
 DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations"
 INTERFACE = "interface(.*)"
 RULES = (
@@ -33,17 +41,14 @@ RULES = (
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),
     # The web engine's library, which asks the system who runs it.
     (r"module/reports", r"vueWeb", (OWN, "std", "posix", "qt")),
-    # Computations and reports: neither the drawing nor windows. The exceptions bear it in their name:
-    # placer* puts results into the drawing, Dlg* and *DLG are dialogs.
-    (r"module/(calculs|reports)", r"placer.*", (OWN, "std", INTERFACE, "module/*")),
-    (r"module/(calculs|reports)", DIALOGS, (OWN, "std", "qt", INTERFACE, "module/*")),
-    (r"module/reports", r".*", (OWN, "std")),
-    (r"module/calculs", r".*", (OWN, "std", "module/reports")),
     # Where the module's own file lies only the system knows.
-    (r"module/frame", r"dossierModule", (OWN, "std", "posix")),
-    # The rest of the module: its own folders and the interface, nothing of the host beside it.
-    (r"module/.*", DIALOGS, (OWN, "std", "qt", "tinyxml", INTERFACE, "module/*")),
-    (r"module/.*", r".*", (OWN, "std", "tinyxml", INTERFACE, "module/*")),
+    (r"module/services", r"dossierModule", (OWN, "std", "posix")),
+    # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.
+    (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
+    # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
+    (r"module/reports", r".*", (OWN, "std", "module/services")),
+    (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
+    (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
     # Siblings: the exported point tables, and the interface.
     (r"siblings/.*", r".*", (OWN, "std", INTERFACE, "module/points")),
     (r"(app|tests|bench)(/.*)?", r".*", ("anything",)),
@@ -92,25 +97,15 @@ def folder_of(root, path):
     return "/".join(parts[:2] if parts[0] in ("host", "module", "siblings") else parts[:1])
 
 
-# Within a folder, files told apart by name stand at different heights: for the search of circles they are nodes of
-# their own. What draws and shows stands above what computes; the doors list what all other folders offer, while the
-# services beside them serve those folders.
-HEIGHTS = (
-    (r"module/(calculs|reports)", r"placer.*|" + DIALOGS, "drawing and dialogs"),
-    (r"module/frame", r"entree|commandes|fonctionsLisp|lisp.*|ptsEn3d|Dlg.*", "doors"),
-    # Symbols stand below the points that have them; functions and dialogs stand above.
-    (r"module/codification", r"lisp.*|commande.*|" + DIALOGS, "functions and dialogs"),
-    (r"module/points", r"exportation|attribsPoints", "exported words"),
-    (r"module/points", DIALOGS, "dialogs"),
-)
-
-
-def node_of(root, path):
-    folder = folder_of(root, path)
-    for pattern, names, height in HEIGHTS:
-        if re.fullmatch(pattern, folder) and re.fullmatch(names, path.stem):
-            return "%s (%s)" % (folder, height)
-    return folder
+def below(folder):
+    """The module's folders below this one."""
+    lower = set()
+    for row in LAYERS:
+        names = {"module/" + name for name in row}
+        if folder in names:
+            return lower
+        lower |= names
+    return set()
 
 
 def rule_for(folder, stem):
@@ -123,6 +118,8 @@ def rule_for(folder, stem):
 def allows(allowed, own, target_folder, target_name):
     for item in allowed:
         if item == "anything" or item == target_folder or (item == OWN and target_folder == own):
+            return True
+        if item == BELOW and target_folder in below(own):
             return True
         if item.endswith("/*") and target_folder.startswith(item[:-1]) and target_folder != "host/include":
             return True
@@ -173,9 +170,8 @@ def faults(root):
                 found.append('%s: %s may not include "%s" of %s' % (where, own, name, target_folder))
             files.setdefault(str(path.relative_to(root)), set()).add(str(target.relative_to(root)))
             # Everyone sees the interface, and the interface only itself: it makes no circle of folders.
-            here, there = node_of(root, path), node_of(root, target)
-            if here != there and "host/include" not in (here, there):
-                folders.setdefault(here, set()).add(there)
+            if own != target_folder and "host/include" not in (own, target_folder):
+                folders.setdefault(own, set()).add(target_folder)
     for graph, what in ((files, "files"), (folders, "folders")):
         ring = circle(graph)
         if ring:

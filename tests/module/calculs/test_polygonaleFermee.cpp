@@ -10,8 +10,8 @@
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/calculPolygonaleFermee.h"
 #include "calculs/fichierPolygonale.h"
-#include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/grandeur.h"
 
 #include "casConnus.h"
 

@@ -11,8 +11,8 @@
 #include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/conseilAngulaire.h"
 #include "calculs/fichierPolygonale.h"
-#include "calculs/grandeur.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/grandeur.h"
 
 #include "casConnus.h"
 

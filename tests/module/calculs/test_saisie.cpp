@@ -7,12 +7,12 @@
 
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/gisement.h"
-#include "calculs/grandeur.h"
 #include "calculs/lignesCollees.h"
 #include "calculs/polygonaleCalculee.h"
 #include "calculs/uniteAngulaire.h"
 #include "reports/htmlDocument.h"
-#include "reports/nombreFixe.h"
+#include "services/grandeur.h"
+#include "services/nombreFixe.h"
 
 namespace {
 

@@ -16,13 +16,13 @@
 
 #include <gtest/gtest.h>
 
+#include "codification/CformulaireXYZ.h"
 #include "codification/codificationDuModule.h"
 #include "codification/DlgChoixCode.h"
+#include "codification/DlgChoixPoint.h"
 #include "codification/DlgCodification.h"
 #include "codification/DlgTableCodification.h"
 #include "codification/regleCode.h"
-#include "points/CformulaireXYZ.h"
-#include "points/DlgChoixPoint.h"
 #include "points/listePointsDuDessin.h"
 #include "ui/application/VelaApplication.h"
 

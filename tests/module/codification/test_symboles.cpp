@@ -6,7 +6,7 @@
 #include "codification/apparenceSymbole.h"
 #include "codification/attributsBloc.h"
 #include "codification/miseAJourSymbole.h"
-#include "frame/espaceObjet.h"
+#include "services/espaceObjet.h"
 
 #include "adscodes.h"
 #include "dbapserv.h"

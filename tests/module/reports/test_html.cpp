@@ -12,7 +12,7 @@
 #include "reports/htmlStyle.h"
 #include "reports/htmlTable.h"
 #include "reports/htmlText.h"
-#include "reports/nombreFixe.h"
+#include "services/nombreFixe.h"
 
 namespace {
 

