@@ -26,9 +26,10 @@ std::wstring withLines(const MTextLayout::Run& run)
 
 void giveColor(AcDbText& line, const MTextLook& look)
 {
+    const auto part = [&](int shift) { return static_cast<Adesk::UInt8>(look.trueColor >> shift & 0xFF); };
     AcCmColor color;
     if (look.trueColor >= 0)
-        color.setRGB(look.trueColor >> 16 & 0xFF, look.trueColor >> 8 & 0xFF, look.trueColor & 0xFF);
+        color.setRGB(part(16), part(8), part(0));
     else if (look.color >= 0)
         color.setColorIndex(static_cast<Adesk::UInt16>(look.color));
     else
