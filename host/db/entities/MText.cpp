@@ -11,8 +11,17 @@
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbMText, AcDbEntity, MTEXT)
 
-namespace {
-constexpr double lineDistance = 5.0 / 3.0; // of baselines, in text heights, at a spacing factor of 1
+MTextLayout layoutOf(const AcDbMText& text)
+{
+    const AcDbObjectPointer<AcDbTextStyleTableRecord> style(text.textStyle());
+    MTextLayout::Request request;
+    request.height = text.textHeight();
+    request.widthFactor = style.object() ? style->xScale() : 1.0;
+    request.oblique = style.object() ? style->obliquingAngle() : 0.0;
+    request.lineWidth = text.width();
+    request.spacingFactor = text.lineSpacingFactor();
+    request.attachment = static_cast<int>(text.attachment());
+    return {text.m_contents, request};
 }
 
 namespace {

@@ -83,10 +83,10 @@ const Row rows[] = {
      L"MI | _L |  | 0,0 | 0,1 | O",
      {"ARC 0,0 r10 90>180"}},
     {"mirrored across nothing", kLine, L"MI | _L |  | 0,0 | 0,0", {"LINE 0,0 10,0"}, L"confondus"},
-    {"mirrored text is upright: its box is 2 wide, from 5 to 7",
+    {"mirrored text is upright: its box is 1.6236 wide, from 5 on",
      L"T | 5,0 | 2 | 0 | x | ",
      L"MI | _L |  | 0,0 | 0,1 | O",
-     {"TEXT x -7,0 h2"}},
+     {"TEXT x -6.6236,0 h2"}},
     {"and upside down it is not either", L"T | 5,0 | 2 | 0 | x | ", L"MI | _L |  | 0,0 | 1,0 | O", {"TEXT x 5,-2 h2"}},
 
     {"explode a polyline",
