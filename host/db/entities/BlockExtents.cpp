@@ -76,10 +76,9 @@ void BlockExtents::addReference(const AcDbBlockReference& reference, Walk& walk)
     if (AcDbStub* const block = reference.blockTableRecord().stub()) {
         // Of rows and columns, those at the corners reach furthest.
         const int lastRow = std::max(reference.m_rows - 1, 0), lastColumn = std::max(reference.m_columns - 1, 0);
-        for (const int row : {0, lastRow})
-            for (const int column : {0, lastColumn})
-                if ((row == 0 || lastRow > 0) && (column == 0 || lastColumn > 0))
-                    walk.uses.push_back({block, walk.matrix * reference.cellTransform(row, column)});
+        for (int row = 0; row <= lastRow; row += std::max(lastRow, 1))
+            for (int column = 0; column <= lastColumn; column += std::max(lastColumn, 1))
+                walk.uses.push_back({block, walk.matrix * reference.cellTransform(row, column)});
     }
     const std::unique_ptr<AcDbObjectIterator> attributes(reference.attributeIterator());
     for (attributes->start(); !attributes->done(); attributes->step()) {

@@ -116,6 +116,19 @@ TEST_F(NestingTest, theInnermostIsWhereItIsShown)
     });
 }
 
+/// Each level is turned by a twelfth and moved by one: the line stands on a small circle, and its box beside it. What
+/// is walked must not multiply from level to level, or boxes of boxes grow past all numbers.
+TEST_F(NestingTest, turnedBlocksHaveTheSmallestBox)
+{
+    const auto database = open(nested(levels, "50 30.0\n"));
+    withSmallStack([&] {
+        const AcDbExtents box = extentsOf(idOf(*database, 0x80));
+        EXPECT_GT(box.minPoint().x, -5.0);
+        EXPECT_LT(box.maxPoint().x, 5.0);
+        EXPECT_LT(box.maxPoint().x - box.minPoint().x, 1.0001);
+    });
+}
+
 TEST_F(NestingTest, explodingGoesAllTheWayWhereShapesBend)
 {
     // The scale factors of each level differ and the next one is turned: no reference keeps its kind.
