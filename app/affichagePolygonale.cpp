@@ -1,11 +1,12 @@
 #include <algorithm>
 #include <iostream>
 
+#include "calculs/fermeturePolygonale.h"
 #include "calculs/nivellement.h"
-#include "calculs/polygonaleCalculee.h"
 #include "calculs/uniteAngulaire.h"
 #include "platform/CodePage.h"
 
+#include "lignesConsole.h"
 #include "nombres.h"
 #include "tableTexte.h"
 #include "traitementPolygonale.h"
@@ -184,7 +185,7 @@ void afficherAvertissements(const std::vector<std::string>& avertissements)
 {
     constexpr std::size_t montres = 20;
     for (std::size_t i = 0; i < std::min(avertissements.size(), montres); ++i)
-        std::cerr << "Attention : " << avertissements[i] << '\n';
+        avertir(avertissements[i]);
     if (avertissements.size() > montres)
         std::cerr << "... et " << avertissements.size() - montres << " autres avertissements (tous dans --json).\n";
 }

@@ -18,6 +18,7 @@ struct traduction {
 };
 
 constexpr std::string_view commandeManquante = "A subcommand is required";
+constexpr std::string_view sansValeur = "l'option %1 ne prend pas de valeur";
 
 constexpr std::array traductions{
     traduction{commandeManquante, "", "", "il faut une commande"},
@@ -30,9 +31,9 @@ constexpr std::array traductions{
     traduction{"Expected exactly 1 arguments to ", ", got ", "", "%1 ne peut être donné qu'une fois"},
     traduction{"", " requires ", "", "l'option %1 ne va pas sans %2"},
     traduction{"", " excludes ", "", "les options %1 et %2 ne vont pas ensemble"},
-    traduction{"", ": too many inputs for a flag", "", "l'option %1 ne prend pas de valeur"},
-    traduction{"", " was given a disallowed flag override", "", "l'option %1 ne prend pas de valeur"},
-    traduction{"", ": Should be true/false or a number", "", "l'option %1 ne prend pas de valeur"},
+    traduction{"", ": too many inputs for a flag", "", sansValeur},
+    traduction{"", " was given a disallowed flag override", "", sansValeur},
+    traduction{"", ": Should be true/false or a number", "", sansValeur},
 };
 
 /// Options under headings, one blank line before each.

@@ -10,6 +10,7 @@
 #include "commandes.h"
 #include "erreurProgramme.h"
 #include "fichierDessin.h"
+#include "lignesConsole.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ DxfForm formeCible(const DxfForm& source, const choixConvertir& choix)
 void afficherBilan(const AcDbDatabaseImpl& dessin, const choixConvertir& choix, const DxfForm& forme)
 {
     for (const std::string& probleme : dessin.problems())
-        std::cerr << "Attention : " << probleme << '\n';
+        avertir(probleme);
     const int ancienne = dessin.file().versionOnDisk();
     if (ancienne != forme.version)
         std::cout << "Dessin " << nomVersion(ancienne) << " mis à niveau : " << nomVersion(forme.version) << ".\n";

@@ -14,6 +14,7 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
 #include "erreurProgramme.h"
+#include "lignesConsole.h"
 #include "sessionHote.h"
 
 namespace {
@@ -53,7 +54,7 @@ ScriptRunner::Options optionsScript(const choixExecuter& choix)
     ScriptRunner::Options options;
     options.strict = choix.strict;
     options.echo = choix.echo;
-    options.warn = [](const QString& remarque) { std::cerr << "Attention : " << remarque.toStdString() << '\n'; };
+    options.warn = [](const QString& remarque) { avertir(remarque.toStdString()); };
     options.giveUp = abandonner;
     return options;
 }

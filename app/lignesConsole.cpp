@@ -1,9 +1,14 @@
 #include "lignesConsole.h"
 
-#include <ostream>
+#include <iostream>
 #include <string_view>
 
 #include "platform/CodePage.h"
+
+void avertir(const std::string& texte)
+{
+    std::cerr << "Attention : " << texte << '\n';
+}
 
 void lignesConsole::ecrire(const std::wstring& texte)
 {

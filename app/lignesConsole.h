@@ -3,6 +3,9 @@
 #include <iosfwd>
 #include <string>
 
+/// Tells on the error output what went less well than it should: "Attention : ...".
+void avertir(const std::string& texte);
+
 /// Shows on a stream what modules and commands print. Their texts begin with a line break where those of a stream end
 /// with one: a break that would only leave an empty line first is dropped.
 class lignesConsole {

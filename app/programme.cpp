@@ -29,7 +29,7 @@ int executer(CLI::App& programme, int argc, const char* const* argv)
     } catch (const CLI::CallForVersion&) {
         std::cout << version << '\n';
     } catch (const CLI::ParseError& erreur) {
-        return refuser(messageFrancais(programme, erreur) + ".\nEssayez « vela --aide ».");
+        return refuser(messageFrancais(programme, erreur) + essayezAide);
     }
     return 0;
 }

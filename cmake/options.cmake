@@ -2,9 +2,11 @@
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    # Relative paths, so that every clone and build folder shares what another has compiled.
+    # Relative paths, so that every clone and build folder shares what another has compiled; the sloppiness is what
+    # precompiled headers ask for.
     set(CMAKE_CXX_COMPILER_LAUNCHER
-        ${CMAKE_COMMAND} -E env CCACHE_NOHASHDIR=1 CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} ${CCACHE})
+        ${CMAKE_COMMAND} -E env CCACHE_NOHASHDIR=1 CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}
+        CCACHE_SLOPPINESS=pch_defines,time_macros ${CCACHE})
 endif()
 
 option(VELA_SANITIZE "AddressSanitizer, UndefinedBehaviorSanitizer and libFuzzer targets (needs clang)" OFF)
@@ -14,6 +16,11 @@ add_library(vela_options INTERFACE)
 target_compile_options(vela_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
     # GCC 12 sees overlapping copies in "text" + std::string at -O3, where there are none (its bug 105651).
     $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
+
+# What precompiled headers were made from is compared by contents: a time would make each of them new to ccache.
+if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+    add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+endif()
 
 # One build serves the sanitized tests and the fuzz targets.
 if(VELA_SANITIZE)

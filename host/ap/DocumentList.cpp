@@ -5,6 +5,7 @@
 
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
+#include "rx/HostSession.h"
 #include "rx/ModuleTable.h"
 
 #include "dbapserv.h"
@@ -43,8 +44,7 @@ AcApDocManager* acDocManagerPtr()
 
 DocumentList& DocumentList::instance()
 {
-    static DocumentList list;
-    return list;
+    return HostSession::part<DocumentList>();
 }
 
 DocumentList::DocumentList()

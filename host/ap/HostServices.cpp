@@ -1,7 +1,8 @@
+#include "rx/HostSession.h"
+
 #include "dbapserv.h"
 
 AcDbHostApplicationServices* acdbHostApplicationServices()
 {
-    static AcDbHostApplicationServices services;
-    return &services;
+    return &HostSession::part<AcDbHostApplicationServices>();
 }

@@ -2,6 +2,7 @@
 
 #include "commands/ArcGeometry.h"
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "db/entities/PathSegment.h"
@@ -18,7 +19,7 @@ AcGePoint2d plane(const AcGePoint3d& point)
 void draw(const std::optional<PlaneArc>& arc, double elevation)
 {
     if (!arc)
-        return say(L"Il n'y a pas d'arc ainsi.");
+        return say(command_texts::noSuchArc);
     addToDrawing(std::make_unique<AcDbArc>(AcGePoint3d(arc->center.x, arc->center.y, elevation), arc->radius,
                                            inOneTurn(arc->start), inOneTurn(arc->end)));
 }
@@ -28,21 +29,17 @@ std::optional<PlaneArc> arcAbout(const AcGePoint3d& center, const AcGePoint3d& s
 {
     const AcGeVector2d spoke = plane(start) - plane(center);
     const double from = spoke.angle();
-    const auto end = Prompt(L"Spécifiez l'extrémité de l'arc ou [Angle/Longueur] : ")
-                         .required()
-                         .keywords(L"Angle Longueur _ Angle Length")
-                         .from(center)
-                         .point();
+    const auto end =
+        Prompt(command_texts::arcEndOrMeasure).required().keywords(command_texts::measureKeywords).from(center).point();
     if (!(spoke.length() > 0.0))
         return std::nullopt;
     if (end.is(L"Angle")) {
-        const double turned = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value;
+        const double turned = *Prompt(command_texts::turnedAngle).required().nonZero().turn().value;
         return turned > 0.0 ? PlaneArc{plane(center), spoke.length(), from, from + turned}
                             : PlaneArc{plane(center), spoke.length(), from + turned, from};
     }
     if (end.is(L"Length")) {
-        const double chord =
-            *Prompt(L"Spécifiez la longueur de la corde : ").required().nonZero().from(start).distance().value;
+        const double chord = *Prompt(command_texts::chordLength).required().nonZero().from(start).distance().value;
         const auto turned = angleOfChord(chord, spoke.length());
         return turned ? std::optional(PlaneArc{plane(center), spoke.length(), from, from + *turned}) : std::nullopt;
     }
@@ -60,18 +57,11 @@ std::optional<PlaneArc> arcBetween(const AcGePoint3d& start, const AcGePoint3d& 
                          .point();
     std::optional<double> bulge;
     if (how.is(L"Angle"))
-        bulge = bulgeByAngle(*Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value);
+        bulge = bulgeByAngle(*Prompt(command_texts::turnedAngle).required().nonZero().turn().value);
     else if (how.is(L"Direction"))
-        bulge = bulgeByTangent(from,
-                               *Prompt(L"Spécifiez la direction de la tangente au point de départ de l'arc : ")
-                                    .required()
-                                    .from(start)
-                                    .direction()
-                                    .value,
-                               to);
+        bulge = bulgeByTangent(from, *Prompt(command_texts::startTangent).required().from(start).direction().value, to);
     else if (how.is(L"Radius"))
-        bulge =
-            bulgeByRadius(from, to, *Prompt(L"Spécifiez le rayon de l'arc : ").required().nonZero().distance().value);
+        bulge = bulgeByRadius(from, to, *Prompt(command_texts::arcRadius).required().nonZero().distance().value);
     else {
         const AcGePoint2d center = plane(*how.value);
         const AcGeVector2d spoke = from - center;
@@ -84,7 +74,7 @@ std::optional<PlaneArc> arcBetween(const AcGePoint3d& start, const AcGePoint3d& 
 
 void fromCenter()
 {
-    const AcGePoint3d center = askPoint(L"Spécifiez le centre de l'arc : ");
+    const AcGePoint3d center = askPoint(command_texts::arcCenter);
     draw(arcAbout(center, askPoint(L"Spécifiez le point de départ de l'arc : ", center)), center.z);
 }
 
@@ -103,9 +93,9 @@ void commands::arc()
                             .from(start)
                             .point();
     if (second.is(L"Center"))
-        return draw(arcAbout(askPoint(L"Spécifiez le centre de l'arc : ", start), start), start.z);
+        return draw(arcAbout(askPoint(command_texts::arcCenter, start), start), start.z);
     if (second.is(L"End"))
-        return draw(arcBetween(start, askPoint(L"Spécifiez l'extrémité de l'arc : ", start)), start.z);
-    const AcGePoint3d end = askPoint(L"Spécifiez l'extrémité de l'arc : ", *second.value);
+        return draw(arcBetween(start, askPoint(command_texts::arcEnd, start)), start.z);
+    const AcGePoint3d end = askPoint(command_texts::arcEnd, *second.value);
     draw(arcThrough(plane(start), plane(*second.value), plane(end)), start.z);
 }

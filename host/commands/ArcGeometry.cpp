@@ -1,17 +1,16 @@
 #include "commands/ArcGeometry.h"
 
 #include <cmath>
-#include <numbers>
+
+#include "ge/Angles.h"
 
 #include "gecarc2d.h"
 
 namespace {
 
-constexpr double kPi = std::numbers::pi;
-
 double signedAngle(double from, double to)
 {
-    return std::remainder(to - from, 2.0 * kPi);
+    return std::remainder(to - from, wholeTurn);
 }
 
 std::optional<double> finiteBulge(double value)
@@ -24,8 +23,8 @@ std::optional<double> finiteBulge(double value)
 
 double turnBetween(double from, double to)
 {
-    const double turned = std::fmod(to - from, 2.0 * kPi);
-    return turned > 0.0 ? turned : turned + 2.0 * kPi;
+    const double turned = std::fmod(to - from, wholeTurn);
+    return turned > 0.0 ? turned : turned + wholeTurn;
 }
 
 std::optional<PlaneArc> arcOfBulge(const AcGePoint2d& from, const AcGePoint2d& to, double bulge)
@@ -77,7 +76,7 @@ std::optional<double> bulgeByRadius(const AcGePoint2d& from, const AcGePoint2d& 
 
 std::optional<double> bulgeByAngle(double turned)
 {
-    if (turned == 0.0 || std::fabs(turned) >= 2.0 * kPi)
+    if (turned == 0.0 || std::fabs(turned) >= wholeTurn)
         return std::nullopt;
     return finiteBulge(std::tan(turned / 4.0));
 }
@@ -88,7 +87,7 @@ std::optional<double> angleOfChord(double chord, double radius)
     if (!(radius > 0.0) || chord == 0.0 || sine > 1.0)
         return std::nullopt;
     const double smaller = 2.0 * std::asin(sine);
-    return chord > 0.0 ? smaller : 2.0 * kPi - smaller;
+    return chord > 0.0 ? smaller : wholeTurn - smaller;
 }
 
 double directionAtEnd(const AcGePoint2d& from, const AcGePoint2d& to, double bulge)

@@ -2,11 +2,13 @@
 #include <vector>
 
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/PointArray.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+#include "ed/input/InputTexts.h"
 
 #include "acedads.h"
 #include "dbads.h"
@@ -46,11 +48,10 @@ std::optional<Measured> askPolygon(const AcGePoint3d& first)
 {
     std::vector<AcGePoint3d> points{first};
     for (;;) {
-        Prompt prompt(points.size() > 1 ? L"Spécifiez le point suivant ou [annUler] : "
-                                        : L"Spécifiez le point suivant : ");
+        Prompt prompt(points.size() > 1 ? command_texts::nextPointOrUndo : input_texts::nextPoint);
         prompt.from(points.back());
         if (points.size() > 1)
-            prompt.keywords(L"annUler _ Undo");
+            prompt.keywords(command_texts::undoKeyword);
         const auto next = prompt.point();
         if (next.is(L"Undo"))
             points.pop_back();

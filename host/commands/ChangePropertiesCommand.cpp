@@ -1,8 +1,9 @@
-#include "commands/Colors.h"
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
+#include "db/Colors.h"
 
 #include "dbents.h"
 
@@ -20,7 +21,7 @@ std::wstring askRecord(const std::wstring& prompt, AcDbObjectId table)
         return {};
     const AcDbObjectId record = recordNamed(table, typed);
     if (record.isNull())
-        say(L"« " + typed + L" » n'est pas dans le dessin.");
+        say(command_texts::isNotInDrawing(L"", typed));
     return record.isNull() ? std::wstring() : recordName(record);
 }
 
@@ -34,7 +35,8 @@ Change askLayer()
 
 Change askNewColor()
 {
-    const auto color = askColor(L"Entrez la nouvelle couleur (DuCalque, DuBloc, 1 à 255, ou son nom) : ");
+    const auto color =
+        colorNamed(Prompt(L"Entrez la nouvelle couleur (DuCalque, DuBloc, 1 à 255, ou son nom) : ").text(false));
     if (!color)
         return nullptr;
     return [color](AcDbEntity& entity) { return entity.setColorIndex(*color); };

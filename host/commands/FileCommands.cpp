@@ -13,11 +13,11 @@
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "platform/Paths.h"
+#include "rx/HostSession.h"
 
 CommandHooks& CommandHooks::instance()
 {
-    static CommandHooks hooks;
-    return hooks;
+    return HostSession::part<CommandHooks>();
 }
 
 namespace {

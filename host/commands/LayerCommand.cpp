@@ -1,12 +1,13 @@
 #include <sstream>
 
-#include "commands/Colors.h"
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
 #include "commands/Variables.h"
+#include "db/Colors.h"
 #include "platform/LetterCase.h"
 
 #include "acutads.h"
@@ -41,7 +42,7 @@ AcDbObjectId makeLayer(const std::wstring& name)
     if (record->setName(name.c_str()) == Acad::eOk && layers->add(id, record.get()) == Acad::eOk)
         record.release()->close();
     else
-        say(L"Le nom de calque « " + name + L" » n'est pas permis.");
+        say(command_texts::isNotAllowed(L"Le nom de calque ", name));
     layers->close();
     return id;
 }
@@ -114,7 +115,7 @@ void makeCurrent(const std::wstring& name, bool mayMake)
     if (id.isNull() && mayMake)
         id = makeLayer(name);
     else if (id.isNull())
-        say(L"Le calque « " + name + L" » n'existe pas.");
+        say(command_texts::isMissing(L"Le calque ", name));
     if (id.isNull())
         return;
     const bool frozen = [&] {
@@ -146,7 +147,7 @@ void makeNew()
         if (layerNamed(name).isNull())
             makeLayer(name);
         else
-            say(L"Le calque « " + name + L" » existe déjà.");
+            say(command_texts::isThere(L"Le calque ", name));
 }
 
 void turnOn()
@@ -200,7 +201,7 @@ void unlock()
 
 void setColor()
 {
-    const auto index = askColor(L"Entrez la couleur (1 à 255, ou son nom) : ");
+    const auto index = colorNamed(Prompt(L"Entrez la couleur (1 à 255, ou son nom) : ").text(false));
     if (!index || *index < 1 || *index > 255)
         return say(L"Une couleur de 1 à 255, ou son nom, est attendue.");
     AcCmColor color;
@@ -219,7 +220,7 @@ void setLinetype()
     const std::wstring name = typed.empty() ? L"Continuous" : typed;
     const AcDbObjectId linetype = recordNamed(drawing().linetypeTableId(), name);
     if (linetype.isNull())
-        return say(L"Le type de ligne « " + name + L" » n'est pas dans le dessin.");
+        return say(command_texts::isNotInDrawing(L"Le type de ligne ", name));
     changeLayers(L"Entrez les noms des calques du type de ligne « " + recordName(linetype) + L" »", true,
                  [linetype](Layer& layer) {
                      layer.setLinetypeObjectId(linetype);

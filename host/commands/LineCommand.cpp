@@ -1,13 +1,14 @@
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+#include "ed/input/InputTexts.h"
 
 #include "dbents.h"
 
 namespace {
 
-constexpr const wchar_t* kNext = L"Spécifiez le point suivant ou [annUler] : ";
 constexpr const wchar_t* kNextOrClose = L"Spécifiez le point suivant ou [Clore/annUler] : ";
 
 /// The lines of one command, each an entity of its own.
@@ -23,7 +24,7 @@ public:
     void takeBack()
     {
         if (m_lines.empty())
-            return say(L"Tous les segments sont déjà annulés.");
+            return say(command_texts::nothingToUndo);
         eraseObject(m_lines.back());
         m_lines.pop_back();
         m_points.pop_back();
@@ -41,11 +42,11 @@ private:
 
 void commands::line()
 {
-    const auto start = Prompt(L"Spécifiez le premier point : ").point();
+    const auto start = Prompt(input_texts::firstPoint).point();
     LineRun run(start.value.value_or(variable<AcGePoint3d>(L"LASTPOINT"))); // Enter goes on from the last point
     for (;;) {
-        Prompt prompt(run.canClose() ? kNextOrClose : kNext);
-        prompt.from(run.last()).keywords(run.canClose() ? L"Clore annUler _ Close Undo" : L"annUler _ Undo");
+        Prompt prompt(run.canClose() ? kNextOrClose : command_texts::nextPointOrUndo);
+        prompt.from(run.last()).keywords(run.canClose() ? L"Clore annUler _ Close Undo" : command_texts::undoKeyword);
         const auto next = prompt.point();
         if (next.is(L"Undo")) {
             run.takeBack();

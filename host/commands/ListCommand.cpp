@@ -1,10 +1,12 @@
 #include <cmath>
 
-#include "commands/Colors.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
+#include "db/Colors.h"
+#include "db/entities/KindNames.h"
+#include "platform/LetterCase.h"
 
 #include "acutmem.h"
 #include "dbelipse.h"
@@ -130,7 +132,6 @@ void tellReference(const AcDbBlockReference& reference)
 /// The most special kinds first.
 struct Kind {
     AcRxClass* (*desc)();
-    const wchar_t* name;
     void (*tell)(const AcDbEntity&);
 };
 
@@ -143,20 +144,16 @@ void telling(const AcDbEntity& entity)
 void nothingMore(const AcDbEntity&) {}
 
 const Kind kKinds[] = {
-    {AcDbPoint::desc, L"POINT", telling<AcDbPoint, tellPoint>},
-    {AcDbLine::desc, L"LIGNE", telling<AcDbLine, tellLine>},
-    {AcDbCircle::desc, L"CERCLE", telling<AcDbCircle, tellCircle>},
-    {AcDbArc::desc, L"ARC", telling<AcDbArc, tellArc>},
-    {AcDbPolyline::desc, L"POLYLIGNE", telling<AcDbPolyline, tellPolyline>},
-    {AcDb2dPolyline::desc, L"POLYLIGNE 2D", telling<AcDbCurve, tellCurve>},
-    {AcDb3dPolyline::desc, L"POLYLIGNE 3D", telling<AcDbCurve, tellCurve>},
-    {AcDbEllipse::desc, L"ELLIPSE", telling<AcDbCurve, tellCurve>},
-    {AcDbSpline::desc, L"SPLINE", telling<AcDbCurve, tellCurve>},
-    {AcDbText::desc, L"TEXTE", telling<AcDbText, tellText>},
-    {AcDbMText::desc, L"TEXTMULT", telling<AcDbMText, tellMText>},
-    {AcDbBlockReference::desc, L"RÉFÉRENCE DE BLOC", telling<AcDbBlockReference, tellReference>},
-    {AcDbHatch::desc, L"HACHURES", nothingMore},
-    {AcDbEntity::desc, nullptr, nothingMore},
+    {AcDbPoint::desc, telling<AcDbPoint, tellPoint>},
+    {AcDbLine::desc, telling<AcDbLine, tellLine>},
+    {AcDbCircle::desc, telling<AcDbCircle, tellCircle>},
+    {AcDbArc::desc, telling<AcDbArc, tellArc>},
+    {AcDbPolyline::desc, telling<AcDbPolyline, tellPolyline>},
+    {AcDbCurve::desc, telling<AcDbCurve, tellCurve>},
+    {AcDbText::desc, telling<AcDbText, tellText>},
+    {AcDbMText::desc, telling<AcDbMText, tellMText>},
+    {AcDbBlockReference::desc, telling<AcDbBlockReference, tellReference>},
+    {AcDbEntity::desc, nothingMore},
 };
 
 std::wstring handleText(const AcDbObject& object)
@@ -168,11 +165,11 @@ std::wstring handleText(const AcDbObject& object)
     return text;
 }
 
-void tellCommon(const AcDbEntity& entity, const wchar_t* kind)
+void tellCommon(const AcDbEntity& entity)
 {
-    const std::wstring name = kind ? kind : entity.isA()->name();
-    say(L"  " + name + L"  Calque : « " + recordName(entity.layerId()) + L" »  Maintien = " + handleText(entity));
-    if (entity.colorIndex() != 256)
+    say(L"  " + platform::upperCase(kindName(entity)) + L"  Calque : « " + recordName(entity.layerId()) +
+        L" »  Maintien = " + handleText(entity));
+    if (entity.colorIndex() != colorByLayer)
         field(L"couleur", colorText(entity.colorIndex()));
     if (entity.linetypeId() != entity.database()->byLayerLinetype())
         field(L"type de ligne", recordName(entity.linetypeId()));
@@ -188,7 +185,7 @@ void commands::list()
             continue;
         for (const Kind& kind : kKinds)
             if (entity->isKindOf(kind.desc())) {
-                tellCommon(*entity.object(), kind.name);
+                tellCommon(*entity.object());
                 kind.tell(*entity.object());
                 break;
             }

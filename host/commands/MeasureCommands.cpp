@@ -1,14 +1,16 @@
 #include <cmath>
 
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+#include "ed/input/InputTexts.h"
 
 void commands::distance()
 {
-    const AcGePoint3d from = askPoint(L"Spécifiez le premier point : ");
-    const AcGePoint3d to = askPoint(L"Spécifiez le deuxième point : ", from);
+    const AcGePoint3d from = askPoint(input_texts::firstPoint);
+    const AcGePoint3d to = askPoint(input_texts::secondPoint, from);
     const AcGeVector3d between = to - from;
     const double plane = std::hypot(between.x, between.y);
     say(L"Distance = " + lengthText(between.length()) + L",  Angle dans le plan XY = " +
@@ -21,7 +23,7 @@ void commands::distance()
 
 void commands::identify()
 {
-    const AcGePoint3d point = askPoint(L"Spécifiez un point : ");
+    const AcGePoint3d point = askPoint(command_texts::anyPoint);
     say(pointText(point));
     ::setVariable(L"LASTPOINT", point);
 }

@@ -2,15 +2,13 @@
 
 #include <array>
 #include <cmath>
-#include <numbers>
 
 #include "commands/Variables.h"
+#include "ge/Angles.h"
 
 #include "acutads.h"
 
 namespace {
-
-constexpr double kTurn = 2.0 * std::numbers::pi;
 
 std::wstring decimals(double value, int count)
 {
@@ -34,7 +32,7 @@ std::wstring inUnit(double radians)
 double angleUnit()
 {
     const short unit = variable<short>(L"AUNITS");
-    return unit == kRadians ? 1.0 : kTurn / (unit == kGrads ? 400.0 : 360.0);
+    return unit == kRadians ? 1.0 : wholeTurn / (unit == kGrads ? 400.0 : 360.0);
 }
 
 std::wstring lengthText(double length)
@@ -46,8 +44,8 @@ std::wstring directionText(double angle)
 {
     const bool clockwise = variable<short>(L"ANGDIR") != 0;
     const double counted = angle - variable<double>(L"ANGBASE");
-    const double turned = std::fmod(clockwise ? -counted : counted, kTurn);
-    return inUnit(turned < 0.0 ? turned + kTurn : turned);
+    const double turned = std::fmod(clockwise ? -counted : counted, wholeTurn);
+    return inUnit(turned < 0.0 ? turned + wholeTurn : turned);
 }
 
 std::wstring angleText(double angle)

@@ -5,6 +5,7 @@
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "ed/input/CurrentView.h"
+#include "ed/input/InputTexts.h"
 #include "ed/PlotHook.h"
 
 #include "acdocman.h"
@@ -36,7 +37,7 @@ std::optional<Box2d> askArea()
     }
     const AcGePoint3d corner = askPoint(L"Spécifiez le premier coin de la fenêtre : ");
     box.add(corner);
-    box.add(*Prompt(L"Spécifiez le coin opposé : ").required().from(corner).corner().value);
+    box.add(*Prompt(input_texts::oppositeCorner).required().from(corner).corner().value);
     return box;
 }
 

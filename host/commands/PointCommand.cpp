@@ -1,4 +1,5 @@
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
@@ -10,5 +11,5 @@ void commands::point()
 {
     say(L"Modes de point courants : PDMODE=" + std::to_wstring(variable<short>(L"PDMODE")) + L"  PDSIZE=" +
         lengthText(variable<double>(L"PDSIZE")));
-    addToDrawing(std::make_unique<AcDbPoint>(askPoint(L"Spécifiez un point : ")));
+    addToDrawing(std::make_unique<AcDbPoint>(askPoint(command_texts::anyPoint)));
 }

@@ -4,6 +4,7 @@
 
 #include "commands/ArcGeometry.h"
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
@@ -12,8 +13,6 @@
 #include "dbents.h"
 
 namespace {
-
-constexpr const wchar_t* kRefused = L"Il n'y a pas d'arc ainsi.";
 
 /// A polyline while it is drawn. The entity stands in the drawing from its first segment on, so that what is there when
 /// the user cancels stays.
@@ -58,7 +57,7 @@ public:
     void takeBack()
     {
         if (segments() == 0)
-            return say(L"Tous les segments sont déjà annulés.");
+            return say(command_texts::nothingToUndo);
         m_vertices.pop_back();
         m_vertices.back().bulge = 0.0;
         draw();
@@ -143,20 +142,20 @@ Segment segmentTo(const AcGePoint2d& end, const std::optional<double>& bulge)
 /// About a centre, counter-clockwise from the last point, up to the direction of a point, by an angle, or by a chord.
 Segment arcAbout(PolylineRun& run, const std::optional<double>& turned)
 {
-    const AcGePoint2d center = ask(run, L"Spécifiez le centre de l'arc : ");
+    const AcGePoint2d center = ask(run, command_texts::arcCenter);
     const AcGeVector2d spoke = run.last() - center;
     std::optional<double> angle = turned;
     if (!angle) {
-        const auto end = Prompt(L"Spécifiez l'extrémité de l'arc ou [Angle/Longueur] : ")
+        const auto end = Prompt(command_texts::arcEndOrMeasure)
                              .required()
-                             .keywords(L"Angle Longueur _ Angle Length")
+                             .keywords(command_texts::measureKeywords)
                              .from(run.inSpace())
                              .point();
         if (end.is(L"Angle"))
-            angle = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value;
+            angle = *Prompt(command_texts::turnedAngle).required().nonZero().turn().value;
         else if (end.is(L"Length"))
-            angle = angleOfChord(*Prompt(L"Spécifiez la longueur de la corde : ").required().nonZero().distance().value,
-                                 spoke.length());
+            angle =
+                angleOfChord(*Prompt(command_texts::chordLength).required().nonZero().distance().value, spoke.length());
         else
             angle = turnBetween(spoke.angle(), (planePoint(*end.value) - center).angle());
     }
@@ -169,7 +168,7 @@ Segment arcAbout(PolylineRun& run, const std::optional<double>& turned)
 
 Segment arcByAngle(PolylineRun& run)
 {
-    const double turned = *Prompt(L"Spécifiez l'angle décrit : ").required().nonZero().turn().value;
+    const double turned = *Prompt(command_texts::turnedAngle).required().nonZero().turn().value;
     const auto end = Prompt(L"Spécifiez l'extrémité de l'arc ou [CEntre] : ")
                          .required()
                          .keywords(L"CEntre _ CEnter")
@@ -182,26 +181,22 @@ Segment arcByAngle(PolylineRun& run)
 
 Segment arcByDirection(PolylineRun& run)
 {
-    const double tangent = *Prompt(L"Spécifiez la direction de la tangente au point de départ de l'arc : ")
-                                .required()
-                                .from(run.inSpace())
-                                .direction()
-                                .value;
-    const AcGePoint2d end = ask(run, L"Spécifiez l'extrémité de l'arc : ");
+    const double tangent = *Prompt(command_texts::startTangent).required().from(run.inSpace()).direction().value;
+    const AcGePoint2d end = ask(run, command_texts::arcEnd);
     return segmentTo(end, bulgeByTangent(run.last(), tangent, end));
 }
 
 Segment arcByRadius(PolylineRun& run)
 {
-    const double radius = *Prompt(L"Spécifiez le rayon de l'arc : ").required().nonZero().distance().value;
-    const AcGePoint2d end = ask(run, L"Spécifiez l'extrémité de l'arc : ");
+    const double radius = *Prompt(command_texts::arcRadius).required().nonZero().distance().value;
+    const AcGePoint2d end = ask(run, command_texts::arcEnd);
     return segmentTo(end, bulgeByRadius(run.last(), end, radius));
 }
 
 Segment arcBySecond(PolylineRun& run)
 {
     const AcGePoint2d second = ask(run, L"Spécifiez le deuxième point de l'arc : ");
-    const AcGePoint2d end = ask(run, L"Spécifiez l'extrémité de l'arc : ");
+    const AcGePoint2d end = ask(run, command_texts::arcEnd);
     return segmentTo(end, bulgeThrough(run.last(), second, end));
 }
 
@@ -217,7 +212,7 @@ void drawArc(PolylineRun& run, const Segment& segment)
     if (segment)
         run.to(segment->first, segment->second);
     else
-        say(kRefused);
+        say(command_texts::noSuchArc);
 }
 
 // ---- one step; false at the end
@@ -276,7 +271,7 @@ bool arcStep(PolylineRun& run)
             run.close(*bulge);
             return false;
         }
-        say(kRefused);
+        say(command_texts::noSuchArc);
     } else {
         askWidth(run, next.is(L"Halfwidth"));
     }

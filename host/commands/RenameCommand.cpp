@@ -1,4 +1,5 @@
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/Prompt.h"
 #include "commands/SymbolRecords.h"
@@ -43,16 +44,16 @@ bool isFixed(const std::wstring& name)
 void renameRecord(AcDbObjectId record, const std::wstring& former)
 {
     if (record.isNull())
-        return say(L"« " + former + L" » n'existe pas.");
+        return say(command_texts::isMissing(L"", former));
     if (isFixed(recordName(record)))
         return say(L"« " + recordName(record) + L" » ne peut être renommé.");
     const std::wstring name = Prompt(L"Entrez le nouveau nom : ").text();
     const Acad::ErrorStatus es = change<AcDbSymbolTableRecord>(
         record, [&](AcDbSymbolTableRecord& opened) { return opened.setName(name.c_str()); });
     if (es == Acad::eDuplicateRecordName)
-        say(L"« " + name + L" » existe déjà.");
+        say(command_texts::isThere(L"", name));
     else if (es != Acad::eOk)
-        say(L"Le nom « " + name + L" » n'est pas permis.");
+        say(command_texts::isNotAllowed(L"Le nom ", name));
 }
 
 void commands::rename()

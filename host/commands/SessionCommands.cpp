@@ -131,9 +131,7 @@ void commands::setVariable()
         return;
     if (typed == L"?")
         return listVariables();
-    std::wstring name;
-    for (const wchar_t c : typed)
-        name += platform::upperCase(c);
+    const std::wstring name = platform::upperCase(typed);
     const auto value = SystemVariables::instance().value(name);
     if (!value)
         throw CommandFailed(L"Variable inconnue : « " + typed + L" » ; MODIFVAR ? en donne la liste");

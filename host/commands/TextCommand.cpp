@@ -1,12 +1,13 @@
 #include <cmath>
-#include <numbers>
 
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
 #include "ed/CommandRunner.h"
+#include "ge/Angles.h"
 
 #include "dbents.h"
 #include "dbsymtb.h"
@@ -62,7 +63,7 @@ void askStyle(TextRun& run)
     if (name.empty())
         return;
     if (SystemVariables::instance().set(L"TEXTSTYLE", name) != SystemVariables::Answer::done)
-        return say(L"Le style « " + name + L" » n'existe pas.");
+        return say(command_texts::isMissing(L"Le style ", name));
     run.style = drawing().textstyle();
 }
 
@@ -162,7 +163,7 @@ void write(const TextRun& run, const std::wstring& line)
 void goDown(TextRun& run)
 {
     constexpr double spacing = 5.0 / 3.0;
-    const double down = run.rotation - std::numbers::pi / 2.0;
+    const double down = run.rotation - quarterTurn;
     const AcGeVector3d step = AcGeVector3d(std::cos(down), std::sin(down), 0.0) * (run.height * spacing);
     run.point += step;
     run.end += step;

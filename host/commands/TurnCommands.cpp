@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
@@ -50,7 +51,7 @@ double askAngle(AboutBase& about)
     for (;;) {
         const Ghost ghost = turning(about, 0.0);
         const auto given = Prompt(L"Spécifiez l'angle de rotation ou [Copier/Référence] <" + angleText(0.0) + L"> : ")
-                               .keywords(L"Copier Référence _ Copy Reference")
+                               .keywords(command_texts::copyOrReference)
                                .from(about.base)
                                .angle();
         if (given.is(L"Copy")) {
@@ -71,7 +72,7 @@ double askFactor(AboutBase& about)
     for (;;) {
         const Ghost ghost = scaling(about, 1.0);
         const auto given = Prompt(L"Spécifiez le facteur d'échelle ou [Copier/Référence] <1> : ")
-                               .keywords(L"Copier Référence _ Copy Reference")
+                               .keywords(command_texts::copyOrReference)
                                .positive()
                                .from(about.base)
                                .distance();

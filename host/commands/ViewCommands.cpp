@@ -3,11 +3,13 @@
 
 #include "commands/CommandHooks.h"
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
 #include "ed/input/CurrentView.h"
+#include "ed/input/InputTexts.h"
 #include "ed/input/ViewHistory.h"
 #include "gi/Scene.h"
 
@@ -49,7 +51,7 @@ Box2d boxOf(const AcGePoint3d& a, const AcGePoint3d& b)
 
 void showWindow(const AcGePoint3d& corner)
 {
-    const auto opposite = Prompt(L"Spécifiez le coin opposé : ").required().from(corner).corner();
+    const auto opposite = Prompt(input_texts::oppositeCorner).required().from(corner).corner();
     const Box2d box = boxOf(corner, *opposite.value);
     if (box.width() == 0.0 && box.height() == 0.0)
         return say(L"La fenêtre est vide.");
@@ -100,7 +102,7 @@ bool showScaled(const std::wstring& text)
 void askScale()
 {
     while (!showScaled(Prompt(L"Entrez un facteur d'échelle (nX) : ").text(false)))
-        say(L"Un nombre positif est attendu, suivi de X pour compter depuis la vue présente.");
+        say(command_texts::zoomFactorWanted);
 }
 
 void showAbout()
@@ -117,7 +119,7 @@ void showAbout()
         wchar_t* end = nullptr;
         const double factor = std::wcstod(given.keyword.c_str(), &end);
         if (!(factor > 0.0) || (*end != L'x' && *end != L'X'))
-            return say(L"Un nombre positif est attendu, suivi de X pour compter depuis la vue présente.");
+            return say(command_texts::zoomFactorWanted);
         height = now.height / factor;
     }
     show({center.x, center.y}, height);
@@ -133,7 +135,7 @@ using ZoomOption = void (*)();
 constexpr std::pair<const wchar_t*, ZoomOption> kOptions[] = {
     {L"All", showAll},         {L"Center", showAbout},
     {L"Extents", showExtents}, {L"Previous", showFormer},
-    {L"Scale", askScale},      {L"Window", [] { showWindow(askPoint(L"Spécifiez le premier coin : ")); }},
+    {L"Scale", askScale},      {L"Window", [] { showWindow(askPoint(input_texts::firstCorner)); }},
     {L"Object", showObjects},
 };
 
@@ -153,13 +155,13 @@ void commands::zoom()
         if (given.is(word))
             return option();
     if (!given.keyword.empty() && !showScaled(given.keyword))
-        say(L"Un nombre positif est attendu, suivi de X pour compter depuis la vue présente.");
+        say(command_texts::zoomFactorWanted);
 }
 
 void commands::pan()
 {
     const AcGePoint3d base = askPoint(L"Spécifiez le point de base ou le déplacement : ");
-    const auto second = Prompt(L"Spécifiez le deuxième point : ").from(base).point();
+    const auto second = Prompt(input_texts::secondPoint).from(base).point();
     const AcGeVector3d shift = second.value ? *second.value - base : base.asVector();
     const CurrentView now = CurrentView::get();
     show({now.center.x - shift.x, now.center.y - shift.y}, now.height);

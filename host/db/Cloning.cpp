@@ -9,7 +9,7 @@
 #include "db/fields/DxfObjectWriter.h"
 #include "db/fields/NameReferences.h"
 #include "db/ObjectExtras.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTranscode.h"
 #include "dxf/DxfValue.h"
@@ -262,7 +262,7 @@ private:
         if (!m_to.reactors().empty())
             for (AcDbStub* twin : m_twins)
                 if (!isErased(*recordOf(twin)))
-                    Opening::tellAppended(m_to.object(*recordOf(twin)));
+                    ObjectOpening::tellAppended(m_to.object(*recordOf(twin)));
         m_twins.clear();
     }
 
@@ -289,12 +289,11 @@ private:
             return handle;
         // A definition of the other drawing: the one of the same name here.
         AcDbStub* origin = m_from.byHandle(handle);
-        for (int kind = 0; origin && kind < nameKindCount; ++kind) {
-            const std::wstring name = m_from.recordName(origin);
-            if (!name.empty() && m_from.named(static_cast<NameKind>(kind), name) == origin)
-                if (AcDbStub* record = bring(static_cast<NameKind>(kind), name))
+        const std::wstring name = origin ? m_from.recordName(origin) : L"";
+        for (const NameKind kind : nameKinds)
+            if (!name.empty() && m_from.named(kind, name) == origin)
+                if (AcDbStub* record = bring(kind, name))
                     return recordOf(record)->handle;
-        }
         return 0;
     }
 

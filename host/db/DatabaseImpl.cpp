@@ -5,10 +5,11 @@
 #include "db/fields/DxfFields.h"
 #include "db/fields/DxfObjectReader.h"
 #include "db/fields/NameReferences.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 #include "platform/CodePage.h"
+#include "rx/HostSession.h"
 
 #include "dbdict.h"
 #include "dbsymtb.h"
@@ -16,18 +17,21 @@
 namespace {
 
 /// Every open database, the one asked for last first.
+struct OpenDatabases {
+    std::vector<AcDbDatabaseImpl*> databases;
+};
+
 std::vector<AcDbDatabaseImpl*>& openDatabases()
 {
-    static std::vector<AcDbDatabaseImpl*> databases;
-    return databases;
+    return HostSession::part<OpenDatabases>().databases;
 }
 
 } // namespace
 
 AcDbDatabaseImpl::AcDbDatabaseImpl(AcDbDatabase& self) : m_self(self), m_blocks(*this), m_header(*this), m_undo(*this)
 {
-    for (int kind = 0; kind < nameKindCount; ++kind)
-        m_names.emplace_back(*this, static_cast<NameKind>(kind));
+    for (const NameKind kind : nameKinds)
+        m_names.emplace_back(*this, kind);
     m_noForm.encoding = &DxfEncoding::utf8();
     openDatabases().push_back(this);
 }
@@ -90,10 +94,8 @@ void AcDbDatabaseImpl::load(std::unique_ptr<DxfFile> file)
 
 void AcDbDatabaseImpl::adoptStructure()
 {
-    static constexpr std::pair<const char*, NameKind> tables[] = {
-        {"BLOCK_RECORD", NameKind::block}, {"LAYER", NameKind::layer},  {"STYLE", NameKind::textStyle},
-        {"LTYPE", NameKind::linetype},     {"APPID", NameKind::regApp}, {"DIMSTYLE", NameKind::dimStyle}};
-    for (const auto& [name, kind] : tables) {
+    for (const NameKind kind : nameKinds) {
+        const char* const name = tableName(kind);
         const DxfRange* range = m_file->table(name);
         if (!range)
             continue;
@@ -211,9 +213,9 @@ AcDbObjectId AcDbDatabaseImpl::adopt(std::unique_ptr<AcDbObject> object, AcDbStu
     recordOf(stub)->object = made;
     made->m_stub = stub;
     made->m_owner = owner;
-    Opening::joined(*made);
+    ObjectOpening::joined(*made);
     m_undo.created(stub);
-    Opening::tellAppended(*made);
+    ObjectOpening::tellAppended(*made);
     return AcDbObjectId(stub);
 }
 

@@ -3,7 +3,7 @@
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectReader.h"
 #include "db/ObjectExtras.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "dxf/DxfCursor.h"
 
 #include "dbsymtb.h"
@@ -123,7 +123,7 @@ void AcDbDatabaseImpl::setErased(AcDbObject& object, bool erased)
             for (SymbolNames& table : m_names)
                 table.forgetIndex();
     for (auto met = touched.rbegin(); met != touched.rend(); ++met)
-        Opening::tellErased(**met, erased);
+        ObjectOpening::tellErased(**met, erased);
 }
 
 bool AcDbDatabaseImpl::isIndispensable(const AcDbObject& object)

@@ -5,7 +5,7 @@
 #include <tuple>
 
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTagWriter.h"
 #include "dxf/DxfValue.h"

@@ -2,8 +2,8 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
+#include "db/ObjectOpening.h"
 #include "db/ObjectTags.h"
-#include "db/Opening.h"
 
 #include "acutmem.h"
 #include "dbdict.h"

@@ -35,7 +35,8 @@ std::vector<ApplicationData> byApplication(const resbuf* data)
         const resbuf* const end = nextApplication(item);
         ApplicationData one{foldedName(item->resval.rstring ? item->resval.rstring : L""), nullptr};
         if (item->rbnext != end) // a lone name takes its data away
-            one.items.reset(copyOfChain(item, end), [](const resbuf* held) { acutRelRb(const_cast<resbuf*>(held)); });
+            one.items.reset(copiedChain(item, end).release(),
+                            [](const resbuf* held) { acutRelRb(const_cast<resbuf*>(held)); });
         all.push_back(std::move(one));
     }
     return all;
@@ -210,20 +211,14 @@ void ObjectTags::writeXData(DxfTagWriter& out) const
 
 resbuf* ObjectTags::xdataChain(const ACHAR* wanted) const
 {
-    resbuf* chain = nullptr;
-    resbuf** end = &chain;
-    const auto append = [&end](resbuf* items) {
-        *end = items;
-        while (*end)
-            end = &(*end)->rbnext;
-    };
+    ResbufBuilder chain;
     static const std::vector<ApplicationData> none;
     const auto& changes = xdataChanged() ? m_object.m_extras->xdata : none;
     std::vector<bool> taken(changes.size());
     const auto appendOnce = [&](std::size_t change) {
         const resbuf* items = changes[change].items.get();
         if (!taken[change] && items && (!wanted || sameApplication(*items, wanted)))
-            append(copyOfChain(items));
+            chain.append(copiedChain(items));
         taken[change] = true;
     };
     for (const auto& [run, change] : xdataRuns()) {
@@ -231,32 +226,25 @@ resbuf* ObjectTags::xdataChain(const ACHAR* wanted) const
             appendOnce(static_cast<std::size_t>(change));
             continue;
         }
-        resbuf* items = chainOfTags(m_database, run);
-        if (items && wanted && !sameApplication(*items, wanted))
-            acutRelRb(items);
-        else
-            append(items);
+        ResbufChain items = chainOfTags(m_database, run);
+        if (items && (!wanted || sameApplication(*items, wanted)))
+            chain.append(std::move(items));
     }
     for (std::size_t change = 0; change < changes.size(); ++change)
         appendOnce(change);
-    return chain;
+    return chain.take().release();
 }
 
 resbuf* ObjectTags::xData(const AcDbObject& object, const ACHAR* application)
 {
     if (object.m_stub)
         return ObjectTags(AcDbDatabaseImpl::of(object.m_stub), object).xdataChain(application);
-    resbuf* chain = nullptr; // in no database: only what the program set
-    resbuf** end = &chain;
+    ResbufBuilder chain; // in no database: only what the program set
     if (object.m_extras)
-        for (const ApplicationData& data : object.m_extras->xdata) {
-            if (!data.items || (application && !sameApplication(*data.items, application)))
-                continue;
-            *end = copyOfChain(data.items.get());
-            while (*end)
-                end = &(*end)->rbnext;
-        }
-    return chain;
+        for (const ApplicationData& data : object.m_extras->xdata)
+            if (data.items && (!application || sameApplication(*data.items, application)))
+                chain.append(copiedChain(data.items.get()));
+    return chain.take().release();
 }
 
 std::vector<ApplicationData> ObjectTags::dataOf(const AcDbObject& object)

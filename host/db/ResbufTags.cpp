@@ -1,10 +1,9 @@
 #include "db/ResbufTags.h"
 
-#include <cstring>
-
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
+#include "rx/ResbufValue.h"
 
 #include "acutmem.h"
 #include "adscodes.h"
@@ -13,47 +12,19 @@ namespace {
 
 constexpr int commentCode = 999;
 
-/// Group codes whose reals come in threes: x under the code, y under code + 10, z under code + 20.
-bool opensPoint(int code)
-{
-    return (code >= 10 && code <= 18) || code == 110 || code == 111 || code == 112 || code == 210 ||
-           (code >= 1010 && code <= 1013);
-}
-bool isReference(int code)
-{
-    return (code >= 330 && code <= 369) || (code >= 390 && code <= 399) || code == 480 || code == 481;
-}
-
-/// Appends items at the end of a chain.
-class ChainBuilder {
-public:
-    resbuf& add(int code)
-    {
-        resbuf* item = acutNewRb(code);
-        *m_end = item;
-        m_end = &item->rbnext;
-        return *item;
-    }
-    resbuf* chain() const { return m_head; }
-
-private:
-    resbuf* m_head = nullptr;
-    resbuf** m_end = &m_head;
-};
-
 /// Makes the items of a run of tags.
 class TagsToChain {
 public:
     explicit TagsToChain(const AcDbDatabaseImpl& database) : m_database(database), m_form(database.form()) {}
 
-    resbuf* convert(std::string_view bytes)
+    ResbufChain convert(std::string_view bytes)
     {
         DxfCursor cursor(m_form, bytes);
         DxfTag tag;
         while (cursor.next(tag))
             if (!continuesPoint(tag))
                 take(tag);
-        return m_chain.chain();
+        return m_chain.take();
     }
 
 private:
@@ -102,7 +73,7 @@ private:
         if (!dxfReal(m_form, tag, value))
             return;
         resbuf& item = m_chain.add(tag.code);
-        if (!opensPoint(tag.code)) {
+        if (resbufKind(tag.code) != ResbufKind::point) {
             item.resval.rreal = value;
             return;
         }
@@ -134,7 +105,7 @@ private:
     void takeHandle(const DxfTag& tag)
     {
         std::uint64_t handle = 0;
-        if (!isReference(tag.code)) {
+        if (!(resbufKind(tag.code) == ResbufKind::name)) {
             takeText(tag);
         } else if (dxfHandle(tag, handle)) {
             resbuf& item = m_chain.add(tag.code);
@@ -164,7 +135,7 @@ private:
 
     const AcDbDatabaseImpl& m_database;
     const DxfForm& m_form;
-    ChainBuilder m_chain;
+    ResbufBuilder m_chain;
     resbuf* m_point = nullptr;
     int m_pointCode = 0;
     int m_nextPart = 0;
@@ -172,50 +143,56 @@ private:
     std::wstring m_text;
 };
 
+/// Writes what a buffer holds under a group code. False for what no file holds.
+struct ItemWriter {
+    DxfTagWriter& out;
+    int code;
+
+    bool operator()(double value) const
+    {
+        out.real(code, value);
+        return true;
+    }
+    bool operator()(std::int64_t value) const
+    {
+        out.integer(code, value);
+        return true;
+    }
+    bool operator()(std::wstring_view value) const
+    {
+        out.text(code, value);
+        return true;
+    }
+    bool operator()(std::span<const ads_real> point) const
+    {
+        out.point(code, point[0], point[1], point[2]);
+        return true;
+    }
+    bool operator()(ResbufName name) const
+    {
+        AcDbObjectId id;
+        out.handle(code, id.setFromOldId(name.words[0]).handle());
+        return true;
+    }
+    bool operator()(const ads_binary& block) const
+    {
+        if (block.clen < 0)
+            return false;
+        out.bytes(code, {block.buf, static_cast<std::size_t>(block.clen)});
+        return true;
+    }
+    bool operator()(std::monostate) const { return false; }
+};
+
 bool writeItem(const resbuf& item, DxfTagWriter& out)
 {
     const int code = item.restype;
-    if (code < 0 || code > dxfLastCode || code == 0)
-        return false;
-    switch (dxfKind(code)) {
-    case DxfKind::real:
-        if (opensPoint(code))
-            out.point(code, item.resval.rpoint[0], item.resval.rpoint[1], item.resval.rpoint[2]);
-        else
-            out.real(code, item.resval.rreal);
-        return true;
-    case DxfKind::int64:
-        out.integer(code, item.resval.mnInt64);
-        return true;
-    case DxfKind::int32:
-        out.integer(code, item.resval.rlong);
-        return true;
-    case DxfKind::int16:
-    case DxfKind::boolean:
-        out.integer(code, item.resval.rint);
-        return true;
-    case DxfKind::bytes:
-        if (item.resval.rbinary.clen < 0)
-            return false;
-        out.bytes(code, {item.resval.rbinary.buf, static_cast<std::size_t>(item.resval.rbinary.clen)});
-        return true;
-    case DxfKind::handle:
-        if (isReference(code)) {
-            AcDbObjectId id;
-            out.handle(code, id.setFromOldId(item.resval.rlname[0]).handle());
-            return true;
-        }
-        [[fallthrough]];
-    case DxfKind::text:
-        out.text(code, item.resval.rstring ? item.resval.rstring : L"");
-        return true;
-    }
-    return false;
+    return code > 0 && code <= dxfLastCode && visitValue(item, ItemWriter{out, code});
 }
 
 } // namespace
 
-resbuf* chainOfTags(const AcDbDatabaseImpl& database, std::string_view bytes)
+ResbufChain chainOfTags(const AcDbDatabaseImpl& database, std::string_view bytes)
 {
     return TagsToChain(database).convert(bytes);
 }
@@ -230,34 +207,6 @@ bool writeChain(const resbuf* chain, DxfTagWriter& out)
         return false;
     }
     return true;
-}
-
-resbuf* copyOfItem(const resbuf& item)
-{
-    resbuf* copy = acutNewRb(item.restype);
-    copy->resval = item.resval;
-    const DxfKind kind = dxfKind(item.restype);
-    if (kind == DxfKind::text || (kind == DxfKind::handle && !isReference(item.restype))) {
-        copy->resval.rstring = nullptr;
-        acutNewString(item.resval.rstring ? item.resval.rstring : L"", copy->resval.rstring);
-    } else if (kind == DxfKind::bytes) {
-        const auto size = static_cast<std::size_t>(item.resval.rbinary.clen);
-        acutNewBuffer(copy->resval.rbinary.buf, size);
-        if (size > 0)
-            std::memcpy(copy->resval.rbinary.buf, item.resval.rbinary.buf, size);
-    }
-    return copy;
-}
-
-resbuf* copyOfChain(const resbuf* chain, const resbuf* last)
-{
-    resbuf* head = nullptr;
-    resbuf** end = &head;
-    for (; chain != last; chain = chain->rbnext) {
-        *end = copyOfItem(*chain);
-        end = &(*end)->rbnext;
-    }
-    return head;
 }
 
 namespace {

@@ -3,8 +3,7 @@
 #include <string_view>
 
 #include "dxf/DxfTagWriter.h"
-
-#include "adsdef.h"
+#include "rx/ResbufChain.h"
 
 class AcDbDatabaseImpl;
 
@@ -12,14 +11,10 @@ class AcDbDatabaseImpl;
 /// file and an entity name in a buffer (null where it leads nowhere).
 
 /// A new chain of the tags in `bytes`; null for none. A tag that cannot be read is left out.
-resbuf* chainOfTags(const AcDbDatabaseImpl& database, std::string_view bytes);
+ResbufChain chainOfTags(const AcDbDatabaseImpl& database, std::string_view bytes);
 
 /// Writes the items of a chain; false at the first whose type is no group code, or whose value cannot be written.
 bool writeChain(const resbuf* chain, DxfTagWriter& out);
-
-/// A copy of one item, or of a whole chain, with its texts and blocks.
-resbuf* copyOfItem(const resbuf& item);
-resbuf* copyOfChain(const resbuf* chain, const resbuf* end = nullptr);
 
 /// Whether a chain holds nothing but items of extended data, each of which a drawing can hold.
 bool isExtendedData(const resbuf* chain);

@@ -33,15 +33,13 @@ bool namesErased(const AcDbDatabaseImpl& database, const DxfRecord& dictionary)
 }
 
 constexpr std::array<const char*, 6> sectionOrder = {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
-constexpr std::array<const char*, nameKindCount> tableNames = {"BLOCK_RECORD", "LAYER", "STYLE",
-                                                               "LTYPE",        "APPID", "DIMSTYLE"};
 
 /// Whether a new record is written in the OBJECTS section: not an entity, a table or a record of one.
 bool standsInObjectsSection(const AcDbDatabaseImpl& database, const DxfRecord& record)
 {
     const DxfClass& dxfClass = database.classOf(record);
     const std::string_view name = dxfClass.dxfName;
-    return !dxfClass.isEntity && name != "TABLE" && std::ranges::find(tableNames, name) == tableNames.end();
+    return !dxfClass.isEntity && name != "TABLE" && !tableNamed(name);
 }
 
 } // namespace
@@ -313,12 +311,12 @@ void SavePlan::addToTables()
         constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
         return isNew(record) && !isErased(record) && (withMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
     };
-    for (int i = 0; i < nameKindCount; ++i) {
-        const DxfRange* range = m_database.file().table(tableNames[static_cast<std::size_t>(i)]);
+    for (const NameKind kind : nameKinds) {
+        const DxfRange* range = m_database.file().table(tableName(kind));
         if (!range)
             continue;
         edit(endOf(*range, "ENDTAB"), Place::before, [&] {
-            for (AcDbStub* record : m_database.names(static_cast<NameKind>(i)).records())
+            for (AcDbStub* record : m_database.names(kind).records())
                 if (isWritten(*recordOf(record)))
                     writeObject(*recordOf(record));
         });
@@ -328,8 +326,8 @@ void SavePlan::addToTables()
 void SavePlan::addNewTables()
 {
     atEndOfSection("TABLES", [&] {
-        for (int i = 0; i < nameKindCount; ++i) {
-            const SymbolNames& names = m_database.names(static_cast<NameKind>(i));
+        for (const NameKind kind : nameKinds) {
+            const SymbolNames& names = m_database.names(kind);
             if (!isNew(*recordOf(names.table)) || names.records().empty())
                 continue;
             writeObject(*recordOf(names.table));

@@ -5,9 +5,11 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/ObjectExtras.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 
 #include "dbmain.h"
+
+UndoRecorder::UndoRecorder(AcDbDatabaseImpl& database) : m_database(database) {}
 
 UndoRecorder::~UndoRecorder() = default;
 
@@ -180,8 +182,8 @@ void UndoRecorder::swapSides(Group& group, bool undoing)
     else
         for (Step& step : group.steps)
             swapSides(step);
-    for (int kind = 0; kind < nameKindCount; ++kind)
-        m_database.names(static_cast<NameKind>(kind)).forgetIndex();
+    for (const NameKind kind : nameKinds)
+        m_database.names(kind).forgetIndex();
     m_replaying = false;
 }
 

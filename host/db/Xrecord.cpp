@@ -56,8 +56,8 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase*) const
     if (!chain)
         return Acad::eInvalidInput;
     assertReadEnabled();
-    *chain = objectId().isNull() ? copyOfChain(m_chain.get())
-                                 : chainOfTags(AcDbDatabaseImpl::of(objectId().stub()), dataBytes());
+    *chain = objectId().isNull() ? copiedChain(m_chain.get()).release()
+                                 : chainOfTags(AcDbDatabaseImpl::of(objectId().stub()), dataBytes()).release();
     return Acad::eOk;
 }
 
@@ -66,7 +66,7 @@ Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase*
     if (objectId().isNull()) {
         if (!isXrecordData(&chain))
             return Acad::eInvalidResBuf;
-        m_chain.reset(copyOfChain(&chain), [](const resbuf* held) { acutRelRb(const_cast<resbuf*>(held)); });
+        m_chain.reset(copiedChain(&chain).release(), [](const resbuf* held) { acutRelRb(const_cast<resbuf*>(held)); });
         return Acad::eOk;
     }
     if (!isWriteEnabled())

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cerrno>
+#include <charconv>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -11,9 +11,10 @@
 
 #include <iconv.h>
 
-namespace {
+#include "platform/CodePage.h"
+#include "platform/LetterCase.h"
 
-constexpr std::uint32_t rawByte = 0xDC00; // + the byte that stands for no character
+namespace {
 
 bool isHighSurrogate(std::uint32_t c)
 {
@@ -35,13 +36,13 @@ bool isPlain(unsigned char c)
     return c < 0x80 && c != '\\' && c != '^';
 }
 
-std::string upperCase(std::string_view text)
+/// As the tables below have it: capitals without blanks.
+std::string pageName(std::string_view text)
 {
     std::string upper;
-    for (const char c : text) {
+    for (const char c : text)
         if (c != ' ')
-            upper.push_back(static_cast<char>(std::toupper(static_cast<unsigned char>(c))));
-    }
+            upper.push_back(static_cast<char>(platform::upperCase(static_cast<wchar_t>(c))));
     return upper;
 }
 
@@ -56,7 +57,7 @@ std::optional<std::string> iconvName(std::string_view name)
     static constexpr int pages[] = {437,  720,  737,  775,  850,  852,  855,  857,  858,  860, 861,
                                     862,  863,  864,  865,  866,  869,  874,  932,  936,  949, 950,
                                     1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 1361};
-    const std::string upper = upperCase(name);
+    const std::string upper = pageName(name);
     if (const auto found = special.find(upper); found != special.end())
         return found->second;
     const auto digits = std::find_if(upper.begin(), upper.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -76,13 +77,8 @@ std::optional<std::uint32_t> fourDigits(const char* p, const char* end)
     if (end - p < 4)
         return std::nullopt;
     std::uint32_t value = 0;
-    for (const char* const stop = p + 4; p < stop; ++p) {
-        const int c = std::tolower(byteAt(p));
-        if (!std::isxdigit(c))
-            return std::nullopt;
-        value = value << 4 | static_cast<std::uint32_t>(c <= '9' ? c - '0' : c - 'a' + 10);
-    }
-    return value;
+    const auto [stop, error] = std::from_chars(p, p + 4, value, 16);
+    return error == std::errc() && stop == p + 4 ? std::optional(value) : std::nullopt;
 }
 
 /// Undoes "\U+XXXX" or a pair of them at p. @return after it, or p if there is none to undo.
@@ -124,41 +120,6 @@ const char* unescapeMultibyte(const char* p, const char* end, std::wstring& out)
         return p;
     out += read;
     return p + 8;
-}
-
-/// Reads one character of UTF-8 at p, a byte above 0x7F. @return after it, or p if the bytes there are none.
-const char* decodeUtf8(const char* p, const char* end, std::wstring& out)
-{
-    const unsigned char lead = byteAt(p);
-    const int more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    if (lead < 0xC2 || lead > 0xF4 || end - p <= more)
-        return p;
-    std::uint32_t c = lead & (0x3Fu >> more);
-    for (int i = 1; i <= more; ++i) {
-        if ((byteAt(p + i) & 0xC0) != 0x80)
-            return p;
-        c = c << 6 | (byteAt(p + i) & 0x3Fu);
-    }
-    constexpr std::uint32_t least[] = {0, 0x80, 0x800, 0x10000};
-    if (c < least[more] || c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF))
-        return p;
-    out.push_back(static_cast<wchar_t>(c));
-    return p + more + 1;
-}
-
-void encodeUtf8(std::uint32_t c, std::string& out)
-{
-    if (c < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | c >> 6));
-    } else if (c < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | c >> 12));
-        out.push_back(static_cast<char>(0x80 | (c >> 6 & 0x3F)));
-    } else {
-        out.push_back(static_cast<char>(0xF0 | c >> 18));
-        out.push_back(static_cast<char>(0x80 | (c >> 12 & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (c >> 6 & 0x3F)));
-    }
-    out.push_back(static_cast<char>(0x80 | (c & 0x3F)));
 }
 
 void putUnicodeEscape(std::uint32_t unit, std::string& out)
@@ -312,7 +273,7 @@ void DxfEncoding::decode(std::string_view bytes, std::wstring& out) const
         }
         if (p == before) {
             const unsigned char c = byteAt(p++);
-            out.push_back(static_cast<wchar_t>(c < 0x80 ? c : rawByte + c));
+            out.push_back(c < 0x80 ? static_cast<wchar_t>(c) : platform::strayByte + c);
         }
     }
 }
@@ -320,8 +281,13 @@ void DxfEncoding::decode(std::string_view bytes, std::wstring& out) const
 // @return after the character at p, or p if the bytes there are none.
 const char* DxfEncoding::decodeCharacter(const char* p, const char* end, std::wstring& out) const
 {
-    if (m_utf8)
-        return decodeUtf8(p, end, out);
+    if (m_utf8) {
+        const platform::Utf8Character first =
+            platform::firstOfUtf8(std::string_view(p, static_cast<std::size_t>(end - p)));
+        if (first.length > 0)
+            out.push_back(first.character);
+        return p + first.length;
+    }
     const std::size_t lead = byteAt(p) - 0x80u;
     if (lead >= m_single.size())
         return p;
@@ -355,8 +321,8 @@ void DxfEncoding::encode(std::wstring_view text, std::string& out) const
             out += "^ ";
         } else if (c < 0x80) {
             out.push_back(static_cast<char>(c));
-        } else if (c >= rawByte + 0x80 && c <= rawByte + 0xFF) {
-            out.push_back(static_cast<char>(c - rawByte));
+        } else if (platform::isStrayByte(wide)) {
+            out.push_back(static_cast<char>(wide - platform::strayByte));
         } else if (!encodeCharacter(wide, out)) {
             escapeUnicode(c, out);
         }
@@ -369,7 +335,7 @@ bool DxfEncoding::encodeCharacter(wchar_t wide, std::string& out) const
     if (m_utf8) {
         if (c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF))
             return false;
-        encodeUtf8(c, out);
+        platform::appendUtf8(out, c);
         return true;
     }
     const auto found = std::lower_bound(m_bytes.begin(), m_bytes.end(), wide,

@@ -25,7 +25,6 @@ public:
 
     /// Name known to iconv: "CP1252", "UTF-8".
     const std::string& name() const { return m_name; }
-    bool isUtf8() const { return m_utf8; }
 
     std::wstring decode(std::string_view bytes) const;
     /// The same, appended to `out`.

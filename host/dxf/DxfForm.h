@@ -8,9 +8,6 @@ class DxfEncoding;
 /// What a binary file opens with.
 inline constexpr std::string_view dxfBinaryMark{"AutoCAD Binary DXF\r\n\x1A\0", 22};
 
-/// What a UTF-8 file may open with.
-inline constexpr std::string_view dxfByteOrderMark = "\xEF\xBB\xBF";
-
 /// How a file writes its tags.
 struct DxfForm {
     bool binary = false;

@@ -6,6 +6,7 @@
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfValue.h"
 #include "dxf/LargePages.h"
+#include "platform/CodePage.h"
 
 namespace {
 
@@ -95,8 +96,10 @@ void DxfIndexer::run()
 
 void DxfIndexer::walk()
 {
-    const bool marked = m_file.m_bytes.starts_with(dxfByteOrderMark);
-    const std::ptrdiff_t head = m_file.m_form.binary ? dxfBinaryMark.size() : marked ? dxfByteOrderMark.size() : 0;
+    const bool marked = m_file.m_bytes.starts_with(platform::byteOrderMark);
+    const std::ptrdiff_t head = m_file.m_form.binary ? dxfBinaryMark.size()
+                                : marked             ? platform::byteOrderMark.size()
+                                                     : 0;
     const char* resume = m_begin + head;
     if (head > 0)
         push(m_begin, none);

@@ -38,7 +38,6 @@ public:
 private:
     char* putCode(char* at, int code) const;
     char* putEol(char* at) const;
-    char* putAscii(char* at, int code, const char* digits, const char* digitsEnd) const;
     void integerBinary(int code, std::int64_t value);
 
     const DxfForm& m_form;

@@ -9,6 +9,7 @@
 #include "dxf/DxfTagWriter.h"
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfValue.h"
+#include "platform/CodePage.h"
 
 namespace {
 
@@ -143,8 +144,8 @@ static std::string_view leadingTags(const DxfFile& file)
     std::string_view tags = first.flags & DxfRecord::pseudo ? file.bytes(first) : std::string_view();
     if (tags.starts_with(dxfBinaryMark))
         tags.remove_prefix(dxfBinaryMark.size());
-    if (tags.starts_with(dxfByteOrderMark))
-        tags.remove_prefix(dxfByteOrderMark.size());
+    if (tags.starts_with(platform::byteOrderMark))
+        tags.remove_prefix(platform::byteOrderMark.size());
     return tags;
 }
 

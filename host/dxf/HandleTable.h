@@ -25,8 +25,6 @@ public:
     bool insert(std::uint32_t position);
 
     std::size_t size() const { return m_count; }
-    /// The highest handle ever inserted, 0 for none.
-    std::uint64_t highest() const { return m_highest; }
     /// A handle above the highest one (the lowest free one where there is nothing above).
     std::uint64_t freeHandle() const;
 
@@ -37,7 +35,7 @@ private:
     const std::vector<DxfRecord>& m_records;
     std::vector<std::uint32_t> m_slots; // position + 1; 0 is free; a power of two of them, at most half taken
     std::size_t m_count = 0;
-    std::uint64_t m_highest = 0;
+    std::uint64_t m_highest = 0; // ever inserted, 0 for none
     mutable std::uint64_t m_lowestFree = 1; // none below it is free; looked at only once the highest one is taken
     std::uint64_t m_seed;
 };

@@ -12,9 +12,7 @@
 
 std::string R2000Upgrade::symbolKey(std::string_view name) const
 {
-    std::wstring key = m_old.form().encoding->decode(name);
-    for (wchar_t& c : key)
-        c = platform::upperCase(c);
+    std::wstring key = platform::upperCase(m_old.form().encoding->decode(name));
     if (key == L"$MODEL_SPACE" || key == L"$PAPER_SPACE")
         key[0] = L'*';
     return platform::utf8FromWide(key);

@@ -7,6 +7,7 @@
 #include "platform/LetterCase.h"
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
+#include "rx/HostSession.h"
 #include "rx/ResbufPool.h"
 
 /// A typed name without its prefixes.
@@ -37,19 +38,11 @@ void print(const std::wstring& message)
     Console::instance().print(L"\n" + message);
 }
 
-std::wstring upperCase(std::wstring text)
-{
-    for (wchar_t& c : text)
-        c = platform::upperCase(c);
-    return text;
-}
-
 } // namespace
 
 CommandRunner& CommandRunner::instance()
 {
-    static CommandRunner runner;
-    return runner;
+    return HostSession::part<CommandRunner>();
 }
 
 std::wstring CommandRunner::runningNames() const
@@ -97,7 +90,7 @@ std::optional<CommandRunner::Called> CommandRunner::findInLisp(const std::wstrin
         return std::nullopt;
     if (const auto& findCommand = LispHooks::instance().findCommand)
         if (auto body = findCommand(name))
-            return Called{upperCase(name), ACRX_CMD_DEFUN, nullptr, std::move(body)};
+            return Called{platform::upperCase(name), ACRX_CMD_DEFUN, nullptr, std::move(body)};
     const LispFunction* function = LispFunctionTable::of(*document).find(L"C:" + name);
     if (!function)
         return std::nullopt;

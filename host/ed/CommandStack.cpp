@@ -4,6 +4,7 @@
 #include <set>
 
 #include "platform/LetterCase.h"
+#include "rx/SystemRegistry.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcEdCommand, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcEdCommandStack, AcRxObject)
@@ -14,11 +15,8 @@ namespace {
 
 constexpr const ACHAR* kRegistryKey = L"ACAD_REGISTERED_COMMANDS";
 
-/// There from the start: the first module looks for it in its first message.
-const bool registered = [] {
-    acrxSysRegistry()->atPut(kRegistryKey, std::make_unique<CommandStack>().release());
-    return true;
-}();
+const bool registered =
+    registerAtStart(kRegistryKey, []() -> AcRxObject* { return std::make_unique<CommandStack>().release(); });
 
 bool isEmpty(const ACHAR* text)
 {

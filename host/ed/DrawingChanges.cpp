@@ -3,8 +3,9 @@
 #include "ap/DocumentData.h"
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "db/UndoTrial.h"
+#include "rx/HostSession.h"
 #include "rx/ModuleTable.h"
 
 namespace {
@@ -29,8 +30,7 @@ std::uint64_t drawingState(Document& document)
 
 DrawingChanges& DrawingChanges::instance()
 {
-    static DrawingChanges changes;
-    return changes;
+    return HostSession::part<DrawingChanges>();
 }
 
 std::uint64_t DrawingChanges::moduleState(Document& document) const

@@ -1,46 +1,11 @@
 #include "ed/DrawingHeader.h"
 
-#include <algorithm>
-#include <array>
-
+#include "db/Colors.h"
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfAngle.h"
 #include "ed/DrawingChanges.h"
-#include "platform/LetterCase.h"
 
 namespace {
-
-enum class Kind { integer, real, degrees, point, planePoint, layer, textStyle, linetype, color };
-
-/// In the file the name stands after a dollar sign.
-struct HeaderRow {
-    std::wstring_view name;
-    Kind kind;
-};
-
-constexpr std::array kRows{
-    HeaderRow{L"ANGBASE", Kind::degrees},   HeaderRow{L"ANGDIR", Kind::integer},
-    HeaderRow{L"AUNITS", Kind::integer},    HeaderRow{L"AUPREC", Kind::integer},
-    HeaderRow{L"CECOLOR", Kind::color},     HeaderRow{L"CELTYPE", Kind::linetype},
-    HeaderRow{L"CELTSCALE", Kind::real},    HeaderRow{L"CLAYER", Kind::layer},
-    HeaderRow{L"DIMSCALE", Kind::real},     HeaderRow{L"DIMTXT", Kind::real},
-    HeaderRow{L"DIMZIN", Kind::integer},    HeaderRow{L"MEASUREMENT", Kind::integer},
-    HeaderRow{L"ELEVATION", Kind::real},    HeaderRow{L"EXTMAX", Kind::point},
-    HeaderRow{L"EXTMIN", Kind::point},      HeaderRow{L"INSBASE", Kind::point},
-    HeaderRow{L"INSUNITS", Kind::integer},  HeaderRow{L"LIMMAX", Kind::planePoint},
-    HeaderRow{L"LIMMIN", Kind::planePoint}, HeaderRow{L"LTSCALE", Kind::real},
-    HeaderRow{L"LUNITS", Kind::integer},    HeaderRow{L"LUPREC", Kind::integer},
-    HeaderRow{L"ORTHOMODE", Kind::integer}, HeaderRow{L"PDMODE", Kind::integer},
-    HeaderRow{L"PDSIZE", Kind::real},       HeaderRow{L"REGENMODE", Kind::integer},
-    HeaderRow{L"TDCREATE", Kind::real},     HeaderRow{L"TDUPDATE", Kind::real},
-    HeaderRow{L"TEXTSIZE", Kind::real},     HeaderRow{L"TEXTSTYLE", Kind::textStyle},
-    HeaderRow{L"TILEMODE", Kind::integer},  HeaderRow{L"USERI1", Kind::integer},
-    HeaderRow{L"USERI2", Kind::integer},    HeaderRow{L"USERI3", Kind::integer},
-    HeaderRow{L"USERI4", Kind::integer},    HeaderRow{L"USERI5", Kind::integer},
-    HeaderRow{L"USERR1", Kind::real},       HeaderRow{L"USERR2", Kind::real},
-    HeaderRow{L"USERR3", Kind::real},       HeaderRow{L"USERR4", Kind::real},
-    HeaderRow{L"USERR5", Kind::real},
-};
 
 // Group codes of the values.
 constexpr int kLinetypeCode = 6;
@@ -50,44 +15,13 @@ constexpr int kAngleCode = 50;
 constexpr int kColorCode = 62;
 constexpr int kIntegerCode = 70;
 
-const HeaderRow* find(std::wstring_view name)
-{
-    const auto row = std::find_if(kRows.begin(), kRows.end(), [name](const HeaderRow& r) { return r.name == name; });
-    return row == kRows.end() ? nullptr : &*row;
-}
-
+/// In the file the name stands after a dollar sign.
 std::string nameInFile(std::wstring_view name)
 {
     std::string text = "$";
     for (const wchar_t c : name) // plain capitals
         text += static_cast<char>(c);
     return text;
-}
-
-constexpr short kByBlock = 0, kByLayer = 256;
-
-std::wstring colorName(std::int64_t index)
-{
-    return index == kByLayer ? L"BYLAYER" : index == kByBlock ? L"BYBLOCK" : std::to_wstring(index);
-}
-
-/// A number from 1 to 255, or where the colour comes from.
-std::optional<short> colorIndex(const std::wstring& name)
-{
-    for (const short special : {kByBlock, kByLayer})
-        if (platform::equalNoCase(name, colorName(special)))
-            return special;
-    if (name.empty() || name.size() > 3 || name.find_first_not_of(L"0123456789") != std::wstring::npos)
-        return std::nullopt;
-    const int index = std::stoi(name);
-    return index >= 1 && index <= 255 ? std::optional(static_cast<short>(index)) : std::nullopt;
-}
-
-/// The name of a symbol as the drawing spells it; empty when it is not there.
-std::wstring spelled(AcDbDatabaseImpl& database, NameKind kind, const std::wstring& name)
-{
-    AcDbStub* symbol = database.named(kind, name);
-    return symbol ? database.recordName(symbol) : L"";
 }
 
 /// 1 is the bit of what the database holds.
@@ -97,83 +31,108 @@ short isUnsaved(const AcDbDatabase& database)
     return document && DrawingChanges::instance().areUnsaved(static_cast<Document&>(*document)) ? 1 : 0;
 }
 
-} // namespace
+// Values that stand in the file as they are, by their type.
 
-std::optional<VariableValue> DrawingHeader::value(const AcDbDatabase& database, std::wstring_view name)
+VariableValue read(const HeaderVariables& header, const std::string& name, short)
 {
-    if (name == L"DBMOD")
-        return isUnsaved(database);
-    const HeaderRow* row = find(name);
-    HeaderVariables& header = database.impl().header();
-    const std::string inFile = nameInFile(name);
-    if (!row || !header.has(inFile))
-        return std::nullopt;
-    const AcGePoint3d point = header.point(inFile, AcGePoint3d());
-    switch (row->kind) {
-    case Kind::integer:
-        return static_cast<short>(header.integer(inFile, 0));
-    case Kind::real:
-        return header.real(inFile, 0.0);
-    case Kind::degrees:
-        return dxfRadians(header.real(inFile, 0.0));
-    case Kind::point:
-        return point;
-    case Kind::planePoint:
-        return AcGePoint2d(point.x, point.y);
-    case Kind::layer:
-    case Kind::textStyle:
-    case Kind::linetype:
-        return header.text(inFile);
-    case Kind::color:
-        return colorName(header.integer(inFile, kByLayer));
-    }
-    return std::nullopt;
+    return static_cast<short>(header.integer(name, 0));
+}
+VariableValue read(const HeaderVariables& header, const std::string& name, double)
+{
+    return header.real(name, 0.0);
+}
+VariableValue read(const HeaderVariables& header, const std::string& name, const std::wstring&)
+{
+    return header.text(name);
+}
+VariableValue read(const HeaderVariables& header, const std::string& name, const AcGePoint3d&)
+{
+    return header.point(name, AcGePoint3d());
+}
+VariableValue read(const HeaderVariables& header, const std::string& name, const AcGePoint2d&)
+{
+    const AcGePoint3d point = header.point(name, AcGePoint3d());
+    return AcGePoint2d(point.x, point.y);
 }
 
-bool DrawingHeader::setValue(AcDbDatabase& database, std::wstring_view name, const VariableValue& value)
+bool write(HeaderVariables& header, const std::string& name, short value)
 {
-    const HeaderRow* row = find(name);
-    if (!row)
-        return false;
+    header.setInteger(name, kIntegerCode, value);
+    return true;
+}
+bool write(HeaderVariables& header, const std::string& name, double value)
+{
+    header.setReal(name, kRealCode, value);
+    return true;
+}
+bool write(HeaderVariables& header, const std::string& name, const AcGePoint3d& value)
+{
+    header.setPoint(name, value);
+    return true;
+}
+// Limits are read only, and no text stands as it is.
+bool write(HeaderVariables&, const std::string&, const AcGePoint2d&)
+{
+    return false;
+}
+bool write(HeaderVariables&, const std::string&, const std::wstring&)
+{
+    return false;
+}
+
+/// Writes the name of a record as the drawing spells it. False when there is none.
+bool writeName(AcDbDatabaseImpl& database, const std::string& variable, int code, NameKind kind,
+               const std::wstring& name)
+{
+    AcDbStub* const symbol = database.named(kind, name);
+    if (symbol)
+        database.header().setText(variable, code, database.recordName(symbol));
+    return symbol;
+}
+
+} // namespace
+
+std::optional<VariableValue> DrawingHeader::value(const AcDbDatabase& database, const DrawingVariable& variable)
+{
+    if (variable.kept == DrawingValue::unsavedChanges)
+        return isUnsaved(database);
+    const HeaderVariables& header = database.impl().header();
+    const std::string name = nameInFile(variable.name);
+    if (!header.has(name))
+        return std::nullopt;
+    if (variable.kept == DrawingValue::degrees)
+        return dxfRadians(header.real(name, 0.0));
+    if (variable.kept == DrawingValue::color)
+        return storedColor(static_cast<int>(header.integer(name, colorByLayer)));
+    return std::visit([&](const auto& type) { return read(header, name, type); }, variable.initial);
+}
+
+bool DrawingHeader::setValue(AcDbDatabase& database, const DrawingVariable& variable, const VariableValue& value)
+{
     AcDbDatabaseImpl& impl = database.impl();
     HeaderVariables& header = impl.header();
-    const std::string inFile = nameInFile(name);
-    switch (row->kind) {
-    case Kind::integer:
-        header.setInteger(inFile, kIntegerCode, std::get<short>(value));
+    const std::string name = nameInFile(variable.name);
+    switch (variable.kept) {
+    case DrawingValue::plain:
+        return std::visit([&](const auto& plain) { return write(header, name, plain); }, value);
+    case DrawingValue::degrees:
+        header.setReal(name, kAngleCode, dxfDegrees(std::get<double>(value)));
         return true;
-    case Kind::real:
-        header.setReal(inFile, kRealCode, std::get<double>(value));
-        return true;
-    case Kind::degrees:
-        header.setReal(inFile, kAngleCode, dxfDegrees(std::get<double>(value)));
-        return true;
-    case Kind::point:
-        header.setPoint(inFile, std::get<AcGePoint3d>(value));
-        return true;
-    case Kind::planePoint:
-        return false; // read only
-    case Kind::layer:
+    case DrawingValue::layer:
         return database.setClayer(AcDbObjectId(impl.named(NameKind::layer, std::get<std::wstring>(value)))) ==
                Acad::eOk;
-    case Kind::color: {
-        const auto index = colorIndex(std::get<std::wstring>(value));
+    case DrawingValue::textStyle:
+        return writeName(impl, name, kTextStyleCode, NameKind::textStyle, std::get<std::wstring>(value));
+    case DrawingValue::linetype:
+        return writeName(impl, name, kLinetypeCode, NameKind::linetype, std::get<std::wstring>(value));
+    case DrawingValue::color: {
+        const auto index = colorNamed(std::get<std::wstring>(value));
         if (index)
-            header.setInteger(inFile, kColorCode, *index);
+            header.setInteger(name, kColorCode, *index);
         return index.has_value();
     }
-    case Kind::linetype: {
-        const std::wstring linetype = spelled(impl, NameKind::linetype, std::get<std::wstring>(value));
-        if (!linetype.empty())
-            header.setText(inFile, kLinetypeCode, linetype);
-        return !linetype.empty();
-    }
-    case Kind::textStyle: {
-        const std::wstring style = spelled(impl, NameKind::textStyle, std::get<std::wstring>(value));
-        if (!style.empty())
-            header.setText(inFile, kTextStyleCode, style);
-        return !style.empty();
-    }
+    case DrawingValue::unsavedChanges:
+        break;
     }
     return false;
 }

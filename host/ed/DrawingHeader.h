@@ -5,7 +5,7 @@
 /// The system variables that stand in the HEADER section of a drawing's file.
 class DrawingHeader : public DrawingVariables {
 public:
-    std::optional<VariableValue> value(const AcDbDatabase& database, std::wstring_view name) override;
+    std::optional<VariableValue> value(const AcDbDatabase& database, const DrawingVariable& variable) override;
     /// A layer or text style must be there, and is written as the drawing spells it.
-    bool setValue(AcDbDatabase& database, std::wstring_view name, const VariableValue& value) override;
+    bool setValue(AcDbDatabase& database, const DrawingVariable& variable, const VariableValue& value) override;
 };

@@ -1,7 +1,7 @@
 #include "ed/Kernel.h"
 
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "ed/CommandRunner.h"
 #include "ed/DrawingChanges.h"
 #include "ed/input/PendingCommands.h"

@@ -1,7 +1,8 @@
 #include "ed/PlotHook.h"
 
+#include "rx/HostSession.h"
+
 PlotHook& PlotHook::instance()
 {
-    static PlotHook hook;
-    return hook;
+    return HostSession::part<PlotHook>();
 }

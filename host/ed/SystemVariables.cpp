@@ -13,11 +13,18 @@
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "platform/Paths.h"
+#include "rx/HostSession.h"
 
 namespace {
 
-enum class Scope { session, document, drawing, computed };
+enum class Place { session, document, drawing, computed };
 enum class Access { readOnly, writable };
+
+/// Where a variable is kept.
+struct Scope {
+    Place place;
+    DrawingValue kept = DrawingValue::plain; ///< of those of a drawing
+};
 
 DocumentData<std::map<std::wstring_view, VariableValue>>& ofDocuments()
 {
@@ -116,13 +123,20 @@ struct SystemVariables::Row {
 
 const std::vector<SystemVariables::Row>& SystemVariables::table()
 {
-    using enum Scope;
     using enum Access;
+    constexpr Scope session{Place::session}, document{Place::document}, computed{Place::computed},
+        drawing{Place::drawing};
+    constexpr Scope degreesOfDrawing{Place::drawing, DrawingValue::degrees};
+    constexpr Scope layerOfDrawing{Place::drawing, DrawingValue::layer};
+    constexpr Scope textStyleOfDrawing{Place::drawing, DrawingValue::textStyle};
+    constexpr Scope linetypeOfDrawing{Place::drawing, DrawingValue::linetype};
+    constexpr Scope colorOfDrawing{Place::drawing, DrawingValue::color};
+    constexpr Scope changesOfDrawing{Place::drawing, DrawingValue::unsavedChanges};
     constexpr short zero = 0, one = 1;
     // In alphabetical order. The initial values are those of a new metric drawing.
     static const std::vector<Row> rows = {
         {L"ACADVER", session, readOnly, text(L"20.1s (Vela)")},
-        {L"ANGBASE", drawing, writable, 0.0},
+        {L"ANGBASE", degreesOfDrawing, writable, 0.0},
         {L"ANGDIR", drawing, writable, zero, nullptr, 0, 1},
         {L"APERTURE", session, writable, short{10}, nullptr, 1, 50},
         {L"AREA", session, readOnly, 0.0},
@@ -133,11 +147,11 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"AUTOSNAP", session, writable, short{63}, nullptr, 0, 63},
         {L"BLIPMODE", session, writable, zero, nullptr, 0, 1},
         {L"CDATE", computed, readOnly, 0.0, calendarDate},
-        {L"CECOLOR", drawing, writable, text(L"BYLAYER")},
+        {L"CECOLOR", colorOfDrawing, writable, text(L"BYLAYER")},
         {L"CELTSCALE", drawing, writable, 1.0},
-        {L"CELTYPE", drawing, writable, text(L"ByLayer")},
+        {L"CELTYPE", linetypeOfDrawing, writable, text(L"ByLayer")},
         {L"CIRCLERAD", session, writable, 0.0},
-        {L"CLAYER", drawing, writable, text(L"0")},
+        {L"CLAYER", layerOfDrawing, writable, text(L"0")},
         {L"CMDACTIVE", computed, readOnly, zero, commandActive},
         {L"CMDDIA", session, writable, one, nullptr, 0, 1},
         {L"CMDECHO", session, writable, one, nullptr, 0, 1},
@@ -146,7 +160,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"CTAB", session, readOnly, text(L"Model")},
         {L"CVPORT", session, readOnly, short{2}},
         {L"DATE", computed, readOnly, 0.0, julianDate},
-        {L"DBMOD", drawing, readOnly, zero},
+        {L"DBMOD", changesOfDrawing, readOnly, zero},
         {L"DIMSCALE", drawing, writable, 1.0},
         {L"DIMTXT", drawing, writable, 2.5},
         {L"DIMZIN", drawing, writable, zero, nullptr, 0, 15},
@@ -204,7 +218,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"TEMPPREFIX", computed, readOnly, text(L""), temporaryFolder},
         {L"TEXTEVAL", session, writable, zero, nullptr, 0, 1},
         {L"TEXTSIZE", drawing, writable, 2.5},
-        {L"TEXTSTYLE", drawing, writable, text(L"Standard")},
+        {L"TEXTSTYLE", textStyleOfDrawing, writable, text(L"Standard")},
         {L"TILEMODE", drawing, writable, one, nullptr, 0, 1},
         {L"UCSFOLLOW", session, writable, zero, nullptr, 0, 1},
         {L"UCSICON", session, writable, short{3}, nullptr, 0, 3},
@@ -239,8 +253,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
 
 SystemVariables& SystemVariables::instance()
 {
-    static SystemVariables variables;
-    return variables;
+    return HostSession::part<SystemVariables>();
 }
 
 const SystemVariables::Row* SystemVariables::find(const std::wstring& name)
@@ -272,18 +285,18 @@ std::optional<VariableValue> SystemVariables::value(const Row& row) const
         const auto found = values.find(row.name);
         return found == values.end() ? row.initial : found->second;
     };
-    if (row.scope == Scope::session)
+    if (row.scope.place == Place::session)
         return stored(m_session);
     Document* current = DocumentList::instance().current();
     if (!current)
         return std::nullopt;
-    if (row.scope == Scope::document)
+    if (row.scope.place == Place::document)
         return stored(ofDocuments().of(*current));
-    if (row.scope == Scope::computed)
+    if (row.scope.place == Place::computed)
         return row.compute(*current);
     if (!m_drawing)
         return std::nullopt;
-    return m_drawing->value(*current->database(), row.name).value_or(row.initial);
+    return m_drawing->value(*current->database(), {row.name, row.scope.kept, row.initial}).value_or(row.initial);
 }
 
 // ---- changing
@@ -321,7 +334,7 @@ SystemVariables::Answer SystemVariables::assign(const std::wstring& name, const 
     const Row* row = find(name);
     if (!row)
         return Answer::unknown;
-    if (row->scope == Scope::computed)
+    if (row->scope.place == Place::computed)
         return Answer::readOnly;
     const auto stored = converted(value, row->initial);
     if (!stored)
@@ -334,17 +347,18 @@ SystemVariables::Answer SystemVariables::assign(const std::wstring& name, const 
 
 SystemVariables::Answer SystemVariables::store(const Row& row, const VariableValue& value)
 {
-    if (row.scope == Scope::session) {
+    if (row.scope.place == Place::session) {
         m_session[row.name] = value;
         return Answer::done;
     }
     Document* current = DocumentList::instance().current();
     if (!current)
         return Answer::refused;
-    if (row.scope == Scope::document) {
+    if (row.scope.place == Place::document) {
         ofDocuments().of(*current)[row.name] = value;
         return Answer::done;
     }
-    const bool taken = m_drawing && m_drawing->setValue(*current->database(), row.name, value);
+    const DrawingVariable variable{row.name, row.scope.kept, row.initial};
+    const bool taken = m_drawing && m_drawing->setValue(*current->database(), variable, value);
     return taken ? Answer::done : Answer::refused;
 }

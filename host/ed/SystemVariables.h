@@ -13,14 +13,25 @@
 /// A value of a system variable: RTSHORT, RTREAL, RTSTR, RTPOINT, RT3DPOINT.
 using VariableValue = std::variant<short, double, std::wstring, AcGePoint2d, AcGePoint3d>;
 
+/// How a drawing keeps a variable: the value as it stands; an angle, in degrees; the name of a record that must be
+/// there; a colour by its number. Its unsaved changes no file keeps.
+enum class DrawingValue : unsigned char { plain, degrees, layer, textStyle, linetype, color, unsavedChanges };
+
+/// A variable that a drawing keeps; `initial` is its value in a new one, and tells its type.
+struct DrawingVariable {
+    std::wstring_view name;
+    DrawingValue kept;
+    const VariableValue& initial;
+};
+
 /// Variables that a drawing keeps in its file. The database implements it.
 class DrawingVariables {
 public:
     virtual ~DrawingVariables() = default;
     /// Nothing when the drawing has no such variable: then it has the value it would have in a new one.
-    virtual std::optional<VariableValue> value(const AcDbDatabase& database, std::wstring_view name) = 0;
+    virtual std::optional<VariableValue> value(const AcDbDatabase& database, const DrawingVariable& variable) = 0;
     /// False when the value is refused, such as a layer that is not there.
-    virtual bool setValue(AcDbDatabase& database, std::wstring_view name, const VariableValue& value) = 0;
+    virtual bool setValue(AcDbDatabase& database, const DrawingVariable& variable, const VariableValue& value) = 0;
 };
 
 /// The system variables. Some belong to the session, some to a document (its view), some are kept in the drawing

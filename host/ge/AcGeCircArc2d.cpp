@@ -1,19 +1,17 @@
 #include <algorithm>
-#include <numbers>
 
+#include "ge/Angles.h"
 #include "ge/cross2d.h"
 
 #include "gecarc2d.h"
 
 namespace {
 
-constexpr double turn = 2.0 * std::numbers::pi;
-
 /// The angle raised or lowered by whole turns into [low, low + 2π).
 double raisedFrom(double angle, double low)
 {
-    const double raised = angle - turn * std::floor((angle - low) / turn);
-    return raised < low + turn ? raised : low; // a hair below `low` rounds to a whole turn above
+    const double raised = angle - wholeTurn * std::floor((angle - low) / wholeTurn);
+    return raised < low + wholeTurn ? raised : low; // a hair below `low` rounds to a whole turn above
 }
 
 /// Tangent of a quarter of the angle that the arc from `start` through `through` to `end` turns; 0 on one line.
@@ -23,7 +21,7 @@ double bulgeThrough(const AcGePoint2d& start, const AcGePoint2d& through, const 
     const AcGeVector2d a = start - through;
     const AcGeVector2d b = end - through;
     const double inscribed = a.angleTo(b);
-    const double bulge = std::tan((std::numbers::pi - inscribed) / 2.0);
+    const double bulge = std::tan((halfTurn - inscribed) / 2.0);
     const double side = crossOf(a, b);
     if (std::fabs(side) <= AcGeContext::gTol.equalVector() * a.length() * b.length())
         return 0.0;
@@ -46,7 +44,7 @@ AcGeCircArc2d::AcGeCircArc2d(const AcGePoint2d& center, double radius, double st
     if (!(m_endAngle > m_startAngle)) {
         m_endAngle = raisedFrom(m_endAngle, m_startAngle);
         if (m_endAngle == m_startAngle)
-            m_endAngle += turn;
+            m_endAngle += wholeTurn;
     }
 }
 
@@ -93,7 +91,7 @@ double AcGeCircArc2d::paramOf(const AcGePoint2d& p) const
     const double angle = angleOf(p);
     if (angle <= m_endAngle)
         return angle;
-    return angle - m_endAngle < m_startAngle + turn - angle ? m_endAngle : m_startAngle;
+    return angle - m_endAngle < m_startAngle + wholeTurn - angle ? m_endAngle : m_startAngle;
 }
 
 Adesk::Boolean AcGeCircArc2d::intersectWith(const AcGeLinearEnt2d& line, int& count, AcGePoint2d& p1, AcGePoint2d& p2,
@@ -115,7 +113,7 @@ Adesk::Boolean AcGeCircArc2d::intersectWith(const AcGeLinearEnt2d& line, int& co
     const auto take = [&](double distance) {
         const AcGePoint2d p = line.pointOnLine() + direction * distance;
         const double angle = angleOf(p);
-        const double beyond = std::min(angle - m_endAngle, m_startAngle + turn - angle) * m_radius;
+        const double beyond = std::min(angle - m_endAngle, m_startAngle + wholeTurn - angle) * m_radius;
         if (line.isOn(distance / axis.length(), tol) && beyond <= tol.equalPoint())
             (count++ == 0 ? p1 : p2) = p;
     };

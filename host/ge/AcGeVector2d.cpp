@@ -1,5 +1,4 @@
-#include <numbers>
-
+#include "ge/Angles.h"
 #include "ge/cross2d.h"
 
 #include "gemat2d.h"
@@ -16,11 +15,7 @@ AcGePoint2d AcGeVector2d::asPoint() const
 
 double AcGeVector2d::angle() const
 {
-    const double a = std::atan2(y, x);
-    if (a >= 0.0)
-        return a;
-    const double raised = a + 2.0 * std::numbers::pi;
-    return raised < 2.0 * std::numbers::pi ? raised : 0.0; // a hair below the X axis rounds to a whole turn
+    return inOneTurn(std::atan2(y, x));
 }
 
 double AcGeVector2d::angleTo(const AcGeVector2d& v) const

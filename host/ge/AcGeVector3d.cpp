@@ -1,4 +1,4 @@
-#include <numbers>
+#include "ge/Angles.h"
 
 #include "gemat3d.h"
 #include "geplane.h"
@@ -42,7 +42,7 @@ double AcGeVector3d::angleTo(const AcGeVector3d& v, const AcGeVector3d& referenc
 {
     const double unsignedAngle = angleTo(v);
     const bool clockwise = crossProduct(v).dotProduct(reference) < 0.0;
-    return clockwise && unsignedAngle > 0.0 ? 2.0 * std::numbers::pi - unsignedAngle : unsignedAngle;
+    return clockwise && unsignedAngle > 0.0 ? wholeTurn - unsignedAngle : unsignedAngle;
 }
 
 AcGeVector3d AcGeVector3d::normal(const AcGeTol& tol) const

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "ge/Angles.h"
 #include "gi/EntityGraphics.h"
 
 #include "dbelipse.h"
@@ -7,7 +8,6 @@
 
 namespace {
 
-constexpr double wholeTurn = 6.283185307179586;
 constexpr int chordsOfSpan = 16; // of a spline, at first
 constexpr int mostHalvings = 6;
 constexpr std::size_t mostChords = 20000;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ge/Angles.h"
 #include "text/TextMetrics.h"
 
 namespace {
@@ -33,7 +34,6 @@ bool isUsable(const Path& path)
 /// Of an arc, the points where it is furthest along each axis: a sine wave has its extremes a half turn apart.
 void addArc(AcDbExtents& box, const PathArc& arc)
 {
-    constexpr double halfTurn = 3.141592653589793;
     for (unsigned int axis = 0; axis < 3; ++axis) {
         const double extreme = std::atan2(arc.across[axis], arc.toStart[axis]);
         for (double t = extreme - halfTurn; t < arc.turn; t += halfTurn)

@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "db/entities/PieceIntersection.h"
+#include "ge/Angles.h"
 #include "gi/PathFlattening.h"
 #include "gi/SceneContents.h"
 #include "gi/ViewClip.h"
 
 namespace {
 
-constexpr double wholeTurn = 6.283185307179586;
 constexpr std::size_t mostPieces = 400; // near the cursor, tried for intersections
 constexpr std::size_t mostCandidates = 20000;
 

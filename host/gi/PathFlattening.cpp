@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "ge/Angles.h"
+
 namespace {
 
-constexpr double wholeTurn = 6.283185307179586;
 constexpr int leastOfTurn = 8, mostOfTurn = 20000; // chords of a whole turn
 
 bool allFinite(const std::vector<AcGePoint3d>& points)

@@ -5,13 +5,17 @@
 #include "gi/EntityGraphics.h"
 #include "gi/SceneContents.h"
 #include "gi/SceneDrawing.h"
+#include "rx/HostSession.h"
 
 namespace {
 
+struct Scenes {
+    std::map<AcDbDatabase*, std::unique_ptr<Scene>> all;
+};
+
 std::map<AcDbDatabase*, std::unique_ptr<Scene>>& scenes()
 {
-    static std::map<AcDbDatabase*, std::unique_ptr<Scene>> all;
-    return all;
+    return HostSession::part<Scenes>().all;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "gi/SceneDrawing.h"
 
+#include "ge/Angles.h"
 #include "gi/DashCutter.h"
 #include "gi/PathFlattening.h"
 #include "gi/PatternLines.h"
@@ -211,7 +212,6 @@ void SceneDrawing::show(const PointMark& mark, const Placement& place, const Pen
     else if (figure != nothing)
         m_sink.dot(at, pen.look);
     if ((settings.pointMode & circled) != 0) {
-        constexpr double wholeTurn = 6.283185307179586;
         Path circle;
         circle.points = {corner(half, 0.0), corner(half, 0.0)};
         circle.arcs = {{0, at, corner(half, 0.0) - at, corner(0.0, half) - at, wholeTurn}};

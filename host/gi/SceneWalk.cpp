@@ -1,5 +1,6 @@
 #include "gi/SceneWalk.h"
 
+#include "db/Colors.h"
 #include "gi/AciPalette.h"
 
 namespace {
@@ -7,12 +8,10 @@ namespace {
 constexpr std::size_t deepest = 100; // blocks within blocks; more would be no drawing, and much of the stack
 constexpr long mostWithinBlocks = 4000000;
 constexpr double mostCells = 250000; // of rows and columns, in one view
-constexpr int byBlock = 0, byLayer = 256, contrasting = 7;
-constexpr int weightByLayer = -1, weightByBlock = -2;
 
 void setColor(Appearance& look, int index, std::int32_t trueColor)
 {
-    look.contrasting = trueColor < 0 && index == contrasting;
+    look.contrasting = trueColor < 0 && index == contrastingColor;
     look.rgb = trueColor >= 0 ? static_cast<std::uint32_t>(trueColor) & 0xFFFFFF : aciColor(index);
 }
 
@@ -82,7 +81,7 @@ void SceneWalk::shrink(const EntityLook& look, const AcGePoint3d& at)
 Appearance SceneWalk::lookOf(const Label& label, const Pen& pen) const
 {
     Appearance look = pen.look;
-    if (label.trueColor >= 0 || (label.color > byBlock && label.color < byLayer))
+    if (label.trueColor >= 0 || (label.color > colorByBlock && label.color < colorByLayer))
         setColor(look, label.color, label.trueColor);
     return look;
 }
@@ -96,17 +95,17 @@ SceneWalk::Resolved SceneWalk::resolve(const EntityLook& look, const Reference* 
     Resolved resolved{layer, {}, layer->frozen, !layer->frozen && !layer->off};
     Pen& pen = resolved.pen;
 
-    if (look.color == byBlock && look.trueColor < 0 && within)
+    if (look.color == colorByBlock && look.trueColor < 0 && within)
         pen.look = within->pen.look;
-    else if (look.color == byLayer && look.trueColor < 0)
+    else if (look.color == colorByLayer && look.trueColor < 0)
         setColor(pen.look, layer->color, layer->trueColor);
     else
-        setColor(pen.look, look.color == byBlock ? contrasting : look.color, look.trueColor);
+        setColor(pen.look, look.color == colorByBlock ? contrastingColor : look.color, look.trueColor);
 
-    pen.look.lineWeight = look.lineWeight == weightByLayer   ? layer->lineWeight
-                          : look.lineWeight != weightByBlock ? look.lineWeight
-                          : within                           ? within->pen.look.lineWeight
-                                                             : -3;
+    pen.look.lineWeight = look.lineWeight == AcDb::kLnWtByLayer   ? layer->lineWeight
+                          : look.lineWeight != AcDb::kLnWtByBlock ? look.lineWeight
+                          : within                                ? within->pen.look.lineWeight
+                                                                  : -3;
     pen.dashes = m_tables.isByLayer(look.linetype)             ? m_tables.linetype(layer->linetype)
                  : m_tables.isByBlock(look.linetype) && within ? within->pen.dashes
                                                                : m_tables.linetype(look.linetype);

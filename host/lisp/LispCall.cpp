@@ -5,6 +5,7 @@
 
 #include "lisp/LispFunctionTable.h"
 #include "rx/ExceptionText.h"
+#include "rx/HostSession.h"
 
 #include "acedads.h"
 
@@ -17,10 +18,13 @@ struct Call {
     ResbufChain value{acutNewRb(RTNIL)};
 };
 
+struct Calls {
+    std::vector<Call> underWay;
+};
+
 std::vector<Call>& calls()
 {
-    static std::vector<Call> underWay;
-    return underWay;
+    return HostSession::part<Calls>().underWay;
 }
 
 int giveValue(ResbufChain value)

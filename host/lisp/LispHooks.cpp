@@ -1,7 +1,8 @@
 #include "lisp/LispHooks.h"
 
+#include "rx/HostSession.h"
+
 LispHooks& LispHooks::instance()
 {
-    static LispHooks hooks;
-    return hooks;
+    return HostSession::part<LispHooks>();
 }

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "rx/ResbufKind.h"
+#include "rx/ResbufValue.h"
 
 std::wstring lispRealText(double value)
 {
@@ -53,39 +53,27 @@ std::wstring lispNameText(int type, std::int64_t name)
 
 namespace {
 
-std::wstring pointText(const resbuf& item)
-{
-    std::wstring text = L"(" + lispRealText(item.resval.rpoint[0]) + L" " + lispRealText(item.resval.rpoint[1]);
-    if (item.restype != RTPOINT)
-        text += L" " + lispRealText(item.resval.rpoint[2]);
-    return text + L")";
-}
+/// The text of a buffer of that type.
+struct AtomText {
+    int type;
 
-std::wstring atomText(const resbuf& item)
-{
-    switch (resbufKind(item.restype)) {
-    case ResbufKind::real:
-        return lispRealText(item.resval.rreal);
-    case ResbufKind::point:
-        return pointText(item);
-    case ResbufKind::int16:
-        return std::to_wstring(item.resval.rint);
-    case ResbufKind::int32:
-        return std::to_wstring(item.resval.rlong);
-    case ResbufKind::int64:
-        return std::to_wstring(item.resval.mnInt64);
-    case ResbufKind::text:
-        return lispQuotedText(item.resval.rstring ? item.resval.rstring : L"");
-    case ResbufKind::name:
-        return lispNameText(item.restype, item.resval.rlname[0]);
-    case ResbufKind::bytes:
-        return L"<" + std::to_wstring(item.resval.rbinary.clen) + L" octets>";
-    case ResbufKind::none:
-    case ResbufKind::unknown:
-        break;
+    std::wstring operator()(double value) const { return lispRealText(value); }
+    std::wstring operator()(std::int64_t value) const { return std::to_wstring(value); }
+    std::wstring operator()(std::wstring_view value) const { return lispQuotedText(value); }
+    std::wstring operator()(ResbufName name) const { return lispNameText(type, name.words[0]); }
+    std::wstring operator()(const ads_binary& block) const { return L"<" + std::to_wstring(block.clen) + L" octets>"; }
+    std::wstring operator()(std::span<const ads_real> point) const
+    {
+        std::wstring text = L"(" + lispRealText(point[0]);
+        for (const ads_real coordinate : point.subspan(1))
+            text += L" " + lispRealText(coordinate);
+        return text + L")";
     }
-    return item.restype == RTT ? L"T" : item.restype == RTNIL ? L"nil" : item.restype == RTDOTE ? L"." : L"";
-}
+    std::wstring operator()(std::monostate) const
+    {
+        return type == RTT ? L"T" : type == RTNIL ? L"nil" : type == RTDOTE ? L"." : L"";
+    }
+};
 
 } // namespace
 
@@ -107,7 +95,7 @@ std::wstring lispText(const resbuf* values)
             text += L')';
             --depth;
         } else {
-            text += atomText(*values);
+            text += visitValue(*values, AtomText{values->restype});
         }
     }
     return text.append(static_cast<std::size_t>(depth), L')'); // lists that were left open

@@ -208,21 +208,13 @@ CString& CString::TrimRight(const wchar_t* set)
 
 CString& CString::MakeUpper()
 {
-    for (wchar_t& c : m_text)
-        c = platform::upperCase(c);
+    m_text = platform::upperCase(m_text);
     return *this;
 }
 
 CString& CString::MakeLower()
 {
-    for (wchar_t& c : m_text)
-        c = platform::lowerCase(c);
-    return *this;
-}
-
-CString& CString::MakeReverse()
-{
-    std::reverse(m_text.begin(), m_text.end());
+    m_text = platform::lowerCase(m_text);
     return *this;
 }
 

@@ -14,16 +14,12 @@ constexpr std::array<wchar_t, 32> windows1252 = {0x20AC, 0x0081, 0x201A, 0x0192,
                                                  0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-constexpr wchar_t strayByte = 0xDC00; // plus the byte: a code that no valid text holds
+} // namespace
 
-struct Sequence {
-    wchar_t character;
-    std::size_t length; // in bytes; 0 when the bytes are not UTF-8
-};
-
-/// The UTF-8 sequence at the start of `text`, which is not empty.
-Sequence firstSequence(std::string_view text)
+Utf8Character firstOfUtf8(std::string_view text)
 {
+    if (text.empty())
+        return {};
     const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
     const std::uint8_t lead = byte(0);
     if (lead < 0x80)
@@ -33,17 +29,17 @@ Sequence firstSequence(std::string_view text)
                                : lead >= 0xC2                ? 2
                                                              : 0;
     if (length == 0 || lead > 0xF4 || text.size() < length)
-        return {0, 0};
+        return {};
     std::uint32_t code = lead & (0x7FU >> length);
     for (std::size_t i = 1; i < length; ++i) {
         if ((byte(i) & 0xC0U) != 0x80)
-            return {0, 0};
+            return {};
         code = code << 6U | (byte(i) & 0x3FU);
     }
     constexpr std::array<std::uint32_t, 5> least = {0, 0, 0x80, 0x800, 0x10000};
     const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
     if (code < least[length] || code > 0x10FFFF || surrogate)
-        return {0, 0};
+        return {};
     return {static_cast<wchar_t>(code), length};
 }
 
@@ -65,8 +61,6 @@ void appendUtf8(std::string& out, std::uint32_t code)
     }
     add(0x80U | (code & 0x3FU));
 }
-
-} // namespace
 
 wchar_t wideFromAnsi(char c)
 {
@@ -111,7 +105,7 @@ std::wstring wideFromUtf8(std::string_view text)
     std::wstring result;
     result.reserve(text.size());
     while (!text.empty()) {
-        const Sequence next = firstSequence(text);
+        const Utf8Character next = firstOfUtf8(text);
         result += next.length > 0 ? next.character : strayByte + static_cast<std::uint8_t>(text[0]);
         text.remove_prefix(std::max<std::size_t>(next.length, 1));
     }
@@ -124,12 +118,19 @@ std::string utf8FromWide(std::wstring_view text)
     result.reserve(text.size());
     for (const wchar_t c : text) {
         const auto code = static_cast<std::uint32_t>(c);
-        if (code >= strayByte + 0x80U && code <= strayByte + 0xFFU)
+        if (isStrayByte(c))
             result += static_cast<char>(code - strayByte);
         else
             appendUtf8(result, code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF) ? 0xFFFDU : code);
     }
     return result;
+}
+
+std::wstring wideFromFile(std::string_view content)
+{
+    const bool marked = content.starts_with(byteOrderMark);
+    const std::wstring wide = wideFromUtf8(marked ? content.substr(byteOrderMark.size()) : content);
+    return std::any_of(wide.begin(), wide.end(), isStrayByte) ? wideFromAnsi(content) : wide;
 }
 
 } // namespace platform

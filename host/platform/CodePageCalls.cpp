@@ -16,12 +16,6 @@ int failed(LSTATUS error)
     return 0;
 }
 
-/// Bytes that are no UTF-8 are carried as lone surrogates, which no whole text has.
-bool isSurrogate(wchar_t c)
-{
-    return c >= 0xD800 && c <= 0xDFFF;
-}
-
 /// Hands the converted text over as both calls do: its length alone when there is no room asked for.
 template <class Character>
 int delivered(const std::basic_string<Character>& text, Character* target, int room)
@@ -67,7 +61,7 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR source, int sourceLen
         return delivered(platform::wideFromAnsi(text), target, targetSize);
     if (codePage == CP_UTF8) {
         const std::wstring wide = platform::wideFromUtf8(text);
-        if ((flags & MB_ERR_INVALID_CHARS) != 0 && std::any_of(wide.begin(), wide.end(), isSurrogate))
+        if ((flags & MB_ERR_INVALID_CHARS) != 0 && std::any_of(wide.begin(), wide.end(), platform::isStrayByte))
             return failed(ERROR_NO_UNICODE_TRANSLATION);
         return delivered(wide, target, targetSize);
     }

@@ -39,6 +39,13 @@ std::wstring lowerCase(std::wstring_view text)
     return result;
 }
 
+std::wstring upperCase(std::wstring_view text)
+{
+    std::wstring result(text);
+    std::transform(result.begin(), result.end(), result.begin(), [](wchar_t c) { return upperCase(c); });
+    return result;
+}
+
 int compareNoCase(std::wstring_view a, std::wstring_view b)
 {
     const std::size_t common = std::min(a.size(), b.size());

@@ -10,6 +10,7 @@ namespace platform {
 wchar_t lowerCase(wchar_t c);
 wchar_t upperCase(wchar_t c);
 std::wstring lowerCase(std::wstring_view text);
+std::wstring upperCase(std::wstring_view text);
 
 /// Negative, zero or positive, comparing lower-case characters by code.
 int compareNoCase(std::wstring_view a, std::wstring_view b);

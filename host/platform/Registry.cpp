@@ -74,7 +74,7 @@ Registry::Registry(std::filesystem::path file) : m_file(std::move(file)), m_sect
 
 void Registry::read(std::string_view text)
 {
-    if (text.substr(0, 3) == "\xEF\xBB\xBF") // editors of other platforms begin UTF-8 files so
+    if (text.starts_with(byteOrderMark)) // editors of other platforms begin UTF-8 files so
         text.remove_prefix(3);
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = text.substr(0, text.find('\n'));

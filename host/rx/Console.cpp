@@ -3,6 +3,7 @@
 #include <cstdarg>
 
 #include "platform/WideFormat.h"
+#include "rx/HostSession.h"
 
 #include "acutads.h"
 
@@ -17,8 +18,7 @@ bool isBlank(const std::wstring& line)
 
 Console& Console::instance()
 {
-    static Console console;
-    return console;
+    return HostSession::part<Console>();
 }
 
 void Console::print(const std::wstring& text)

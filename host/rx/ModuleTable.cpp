@@ -8,6 +8,7 @@
 #include "platform/Modules.h"
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
+#include "rx/HostSession.h"
 #include "rx/ModuleFile.h"
 
 #include "rxregsvc.h"
@@ -35,8 +36,10 @@ std::wstring notUnloaded(const std::wstring& fileName, const std::wstring& reaso
 
 ModuleTable& ModuleTable::instance()
 {
-    static ModuleTable& table = *static_cast<ModuleTable*>(acrxDynamicLinker);
-    return table;
+    struct Place {
+        ModuleTable& table = *static_cast<ModuleTable*>(acrxDynamicLinker);
+    };
+    return HostSession::part<Place>().table;
 }
 
 // ---- loading and unloading

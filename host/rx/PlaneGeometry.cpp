@@ -1,15 +1,12 @@
 #include <cmath>
-#include <numbers>
+
+#include "ge/Angles.h"
 
 #include "acutads.h"
 
 ads_real acutAngle(const ads_point from, const ads_point to)
 {
-    const double angle = std::atan2(to[1] - from[1], to[0] - from[0]);
-    if (angle >= 0.0)
-        return angle;
-    const double turned = angle + 2.0 * std::numbers::pi;
-    return turned < 2.0 * std::numbers::pi ? turned : 0.0; // a hair below the axis rounds to the full turn
+    return inOneTurn(std::atan2(to[1] - from[1], to[0] - from[0]));
 }
 
 ads_real acutDistance(const ads_point from, const ads_point to)

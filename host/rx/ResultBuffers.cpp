@@ -23,22 +23,6 @@ ads_binary copyOf(const ads_binary& block)
     return copy;
 }
 
-/// Builds a chain at its end.
-class Appender {
-public:
-    resbuf& add(int type)
-    {
-        resbuf* item = acutNewRb(type);
-        (m_last ? m_last->rbnext : m_head) = item;
-        return *(m_last = item);
-    }
-    ResbufChain take() { return ResbufChain(m_head); }
-
-private:
-    resbuf* m_head = nullptr;
-    resbuf* m_last = nullptr;
-};
-
 void takeArgument(resbuf& item, ResbufKind kind, std::va_list& arguments)
 {
     switch (kind) {
@@ -102,21 +86,58 @@ int acutRelRb(resbuf* chain)
 
 resbuf* acutBuildList(int type, ...)
 {
-    Appender chain;
-    bool known = true;
     std::va_list arguments;
     va_start(arguments, type);
+    ResbufChain built = builtChain(type, arguments);
+    va_end(arguments);
+    return built.release();
+}
+
+ResbufChain builtChain(int type, std::va_list& arguments)
+{
+    ResbufBuilder chain;
     for (; type != 0 && type != RTNONE; type = va_arg(arguments, int)) {
         const int stored = type == RTDXF0 ? 0 : type;
         const ResbufKind kind = resbufKind(stored);
-        known = kind != ResbufKind::unknown;
-        if (!known)
-            break;
+        if (kind == ResbufKind::unknown)
+            return nullptr;
         takeArgument(chain.add(stored), kind, arguments);
     }
-    va_end(arguments);
-    ResbufChain built = chain.take();
-    return known ? built.release() : nullptr;
+    return chain.take();
+}
+
+resbuf& ResbufBuilder::add(int type)
+{
+    append(ResbufChain(acutNewRb(type)));
+    return *m_last;
+}
+
+void ResbufBuilder::addText(int type, const ACHAR* text)
+{
+    acutNewString(textOrEmpty(text), add(type).resval.rstring);
+}
+
+void ResbufBuilder::addName(int type, const ads_name name)
+{
+    std::copy_n(name, 2, add(type).resval.rlname);
+}
+
+void ResbufBuilder::append(ResbufChain chain)
+{
+    resbuf* const first = chain.release();
+    if (!first)
+        return;
+    if (m_last)
+        m_last->rbnext = first;
+    else
+        m_head.reset(first);
+    m_last = lastOf(first);
+}
+
+ResbufChain ResbufBuilder::take()
+{
+    m_last = nullptr;
+    return std::move(m_head);
 }
 
 resbuf* lastOf(resbuf* chain)
@@ -142,7 +163,7 @@ const resbuf* afterValue(const resbuf* value)
 
 ResbufChain copiedChain(const resbuf* first, const resbuf* end)
 {
-    Appender chain;
+    ResbufBuilder chain;
     for (; first && first != end; first = first->rbnext) {
         resbuf& copy = chain.add(first->restype);
         const ResbufKind kind = resbufKind(first->restype);

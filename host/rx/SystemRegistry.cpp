@@ -1,4 +1,10 @@
+#include "rx/SystemRegistry.h"
+
+#include <utility>
+#include <vector>
+
 #include "platform/LetterCase.h"
+#include "rx/HostSession.h"
 #include "rx/ModuleTable.h"
 
 #include "rxregsvc.h"
@@ -12,7 +18,24 @@ std::wstring keyOf(const ACHAR* name)
     return platform::lowerCase(name ? name : L"");
 }
 
+struct Registry {
+    AcRxDictionary entries;
+    bool isFilled = false;
+};
+
+std::vector<std::pair<const ACHAR*, AcRxObject* (*)()>>& firstEntries()
+{
+    static std::vector<std::pair<const ACHAR*, AcRxObject* (*)()>> entries;
+    return entries;
+}
+
 } // namespace
+
+bool registerAtStart(const ACHAR* key, AcRxObject* (*make)())
+{
+    firstEntries().emplace_back(key, make);
+    return true;
+}
 
 AcRxObject* AcRxDictionary::at(const ACHAR* key) const
 {
@@ -40,11 +63,11 @@ AcRxObject* AcRxDictionary::remove(const ACHAR* key)
 
 AcRxDictionary* acrxSysRegistry()
 {
-    static AcRxDictionary registry;
-    static const bool linked = [] {
-        registry.atPut(ACRX_DYNAMIC_LINKER, std::make_unique<ModuleTable>().release());
-        return true;
-    }();
-    static_cast<void>(linked);
-    return &registry;
+    Registry& registry = HostSession::part<Registry>();
+    if (!std::exchange(registry.isFilled, true)) {
+        registry.entries.atPut(ACRX_DYNAMIC_LINKER, std::make_unique<ModuleTable>().release());
+        for (const auto& [key, make] : firstEntries())
+            registry.entries.atPut(key, make());
+    }
+    return &registry.entries;
 }

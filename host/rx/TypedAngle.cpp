@@ -1,14 +1,12 @@
 #include "rx/TypedAngle.h"
 
 #include <cmath>
-#include <numbers>
 
+#include "ge/Angles.h"
 #include "rx/TypedNumber.h"
 
 namespace {
 
-constexpr double kDegree = std::numbers::pi / 180.0;
-constexpr double kGrad = std::numbers::pi / 200.0;
 enum Unit { degrees, degreesMinutesSeconds, grads, radians, surveyor };
 
 /// Takes an unsigned number from the front of a text.
@@ -57,16 +55,15 @@ std::optional<double> degreesOf(std::wstring_view text)
 /// North or south, an angle, east or west; or one of the four alone.
 std::optional<double> bearingOf(std::wstring_view text)
 {
-    constexpr double right = std::numbers::pi / 2.0;
     constexpr std::wstring_view west = L"WwOo";
     if (text.size() == 1) {
         if (take(text, L"Nn"))
-            return right;
+            return quarterTurn;
         if (take(text, L"Ss"))
-            return 3.0 * right;
+            return 3.0 * quarterTurn;
         if (take(text, L"Ee"))
             return 0.0;
-        return take(text, west) ? std::optional(2.0 * right) : std::nullopt;
+        return take(text, west) ? std::optional(halfTurn) : std::nullopt;
     }
     const bool isNorth = take(text, L"Nn");
     if ((!isNorth && !take(text, L"Ss")) || text.empty())
@@ -77,8 +74,8 @@ std::optional<double> bearingOf(std::wstring_view text)
     const auto turned = degreesOf(text.substr(0, text.size() - 1));
     if (!turned || *turned < 0.0 || *turned > 90.0)
         return std::nullopt;
-    const double fromNorth = isWest ? *turned * kDegree : -*turned * kDegree;
-    return isNorth ? right + fromNorth : 3.0 * right - fromNorth;
+    const double fromNorth = isWest ? *turned * oneDegree : -*turned * oneDegree;
+    return isNorth ? quarterTurn + fromNorth : 3.0 * quarterTurn - fromNorth;
 }
 
 } // namespace
@@ -96,21 +93,13 @@ std::optional<double> typedAngle(std::wstring_view text, int unit)
     }
     if (unit == grads || unit == radians) {
         if (const auto value = typedNumber(text))
-            return *value * (unit == grads ? kGrad : 1.0);
+            return *value * (unit == grads ? oneGrad : 1.0);
         unit = degrees; // one with marks of degrees
         if (text.find_first_of(L"dD°") == std::wstring_view::npos)
             return std::nullopt;
     }
     if (const auto value = typedNumber(text))
-        return *value * kDegree;
+        return *value * oneDegree;
     const auto value = degreesOf(text);
-    return value ? std::optional(*value * kDegree) : std::nullopt;
-}
-
-double withinTurn(double angle)
-{
-    constexpr double turn = 2.0 * std::numbers::pi;
-    const double rest = std::fmod(angle, turn);
-    const double positive = rest < 0.0 ? rest + turn : rest;
-    return positive < turn ? positive : 0.0; // a hair below zero rounds to a whole turn
+    return value ? std::optional(*value * oneDegree) : std::nullopt;
 }

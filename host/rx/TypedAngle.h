@@ -8,6 +8,3 @@
 /// seconds, 2 grads, 3 radians, 4 surveyor's units. Marks: 45d30'15.5" or 45°30', 50g, 0.785r. Bearings N45d30'E, S10W
 /// and N, S, E, W (or O, as in French) are angles from the east, in every unit.
 std::optional<double> typedAngle(std::wstring_view text, int unit);
-
-/// The angle within one turn: [0, 2π).
-double withinTurn(double angle);

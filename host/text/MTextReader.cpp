@@ -4,6 +4,7 @@
 #include <cwchar>
 #include <optional>
 
+#include "ge/Angles.h"
 #include "text/ShownText.h"
 
 namespace {
@@ -11,7 +12,6 @@ namespace {
 using Kind = MTextPiece::Kind;
 using Side = MTextPiece::Side;
 
-constexpr double radian = 0.017453292519943295;
 constexpr double mostHeight = 1e9; // of what a code asks for, in heights of the text
 constexpr std::wstring_view stackSigns = L"/^#";
 
@@ -131,7 +131,7 @@ private:
             look.widthFactor = scaled(argument(), look.widthFactor).value_or(look.widthFactor);
             return;
         case L'Q':
-            look.oblique = std::clamp(std::wcstod(argument().c_str(), nullptr), -85.0, 85.0) * radian;
+            look.oblique = std::clamp(std::wcstod(argument().c_str(), nullptr), -85.0, 85.0) * oneDegree;
             return;
         case L'p':
             return paragraph(argument());

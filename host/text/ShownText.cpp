@@ -1,8 +1,7 @@
 #include "text/ShownText.h"
 
-#include <cwctype>
-
 #include "platform/CodePage.h"
+#include "platform/LetterCase.h"
 #include "text/TextMetrics.h"
 
 namespace {
@@ -24,11 +23,6 @@ wchar_t at(std::wstring_view text, std::size_t position)
     return position < text.size() ? text[position] : L'\0';
 }
 
-wchar_t lowered(wchar_t c)
-{
-    return static_cast<wchar_t>(std::towlower(static_cast<std::wint_t>(c)));
-}
-
 /// %%nnn; numbers are those of the code page of drawings.
 std::optional<CodedCharacter> numbered(std::wstring_view text)
 {
@@ -43,7 +37,7 @@ std::optional<CodedCharacter> numbered(std::wstring_view text)
 
 std::optional<CodedCharacter> unicode(std::wstring_view text)
 {
-    if (lowered(at(text, 1)) != L'u' || at(text, 2) != L'+')
+    if (platform::lowerCase(at(text, 1)) != L'u' || at(text, 2) != L'+')
         return std::nullopt;
     int value = 0;
     for (std::size_t i = 0; i < digitsOfUnicode; ++i) {
@@ -83,7 +77,7 @@ private:
     {
         if (!m_text.starts_with(L"%%"))
             return false;
-        const wchar_t code = lowered(at(m_text, 2));
+        const wchar_t code = platform::lowerCase(at(m_text, 2));
         if (code != L'u' && code != L'o' && code != L'k')
             return false;
         ShownRun next = m_runs.back();
@@ -107,7 +101,7 @@ std::optional<CodedCharacter> codedCharacter(std::wstring_view text)
         return unicode(text);
     if (!text.starts_with(L"%%"))
         return std::nullopt;
-    switch (lowered(at(text, 2))) {
+    switch (platform::lowerCase(at(text, 2))) {
     case L'd':
         return CodedCharacter{L'°', 3};
     case L'p':

@@ -7,97 +7,21 @@
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/codages.h"
+#include "services/lettres.h"
 #include "services/nombreFixe.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 namespace {
-
-// --- Writing -------------------------------------------------------------------------------------------------------
-
-constexpr wchar_t commentaireAngles[] = L"* Unités angulaires\n"
-                                        L"* Syntaxe: \n"
-                                        L"* Angles : <unité de mesure des angles>\n"
-                                        // The missing word ("peut") and the next misspelling are intended: files
-                                        // already on disk carry them, and users compare files.
-                                        L"* Avec <unité de mesure des angles> qui être :\n"
-                                        L"* Grades Degres ou Radians\n";
-
-constexpr wchar_t commentaireNivellement[] =
-    L"* Mode de calcul du nivellement\n"
-    L"* Syntaxe: \n"
-    L"* Nivellement: <Mode de nivellement>\n"
-    L"* Avec <Mode de nivellement> qui peut être\n"
-    L"* \taucun\tPour aucune compensation sur les alitutudes\n"
-    L"* \tsimple\tPour une compensation simple\n"
-    L"* \tdistance\tPour une compensation proportionnelle aux distances entre stations\n"
-    L"* \tracine\tPour une compensation proportionnelle aux racines des distances\n";
-
-constexpr wchar_t enTeteDonnees[] = L"* Données de la polygonale\n"
-                                    L"* Nom Station\t\tAngle\t\tDistance\t\tDz\n";
-
-constexpr std::size_t longueurCellule = 510;
-
-/// The formatted lines begin with line feeds of their own, which show as empty lines.
-class redacteur {
-public:
-    void texte(std::wstring_view t) { m_octets += versAnsi(t); }
-
-    void station(std::wstring_view cle, const stationPolygonale& s)
-    {
-        texte(L"\n");
-        texte(cle);
-        texte(L"=\"" + s.nom + L"\" X= ");
-        m_octets += nombreFixe(s.x, 5) + " Y= " + nombreFixe(s.y, 5) + " Z= " + nombreFixe(s.z, 5) +
-                    " Gis= " + nombreFixe(s.gisement, 5) + "\n";
-    }
-
-    void fermeture(double angle) { m_octets += "\nFermeture: " + nombreFixe(angle, 4) + "\n"; }
-
-    void angles(int unite)
-    {
-        texte(commentaireAngles);
-        texte(std::wstring(L"\n\nAngles: ") + motUniteAngulaire(unite) + L"\n");
-    }
-
-    void nivellement(int mode)
-    {
-        texte(commentaireNivellement);
-        texte(std::wstring(L"\n\nNivellement: ") + motNivellement(mode) + L"\n");
-    }
-
-    void lignes(const std::vector<ligneObservation>& observations)
-    {
-        for (const ligneObservation& l : observations) {
-            texte(L"\n\"" + l.station.substr(0, longueurNomStation) + L"\"\t");
-            texte(L"\t\t" + l.angle.substr(0, longueurCellule));
-            texte(L"\t" + l.distance.substr(0, longueurCellule));
-            texte(L"\t\t" + l.altitude.substr(0, longueurCellule) + L"\n");
-        }
-    }
-
-    std::string octets() && { return std::move(m_octets); }
-
-private:
-    std::string m_octets;
-};
 
 // --- Reading -------------------------------------------------------------------------------------------------------
 
 using elementsLigne = std::vector<std::wstring>;
 
-wchar_t majuscule(wchar_t c)
-{
-    return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
-}
-
-/// The first four letters, in upper case.
+/// The first four letters, in lower case.
 std::wstring motCle(const std::wstring& element)
 {
-    std::wstring mot = element.substr(0, 4);
-    for (wchar_t& c : mot)
-        c = majuscule(c);
-    return mot;
+    return enMinuscules(element.substr(0, 4));
 }
 
 /// What is wrong in every line of a file is understood by then; one of millions of lines must not fill the memory.
@@ -131,7 +55,7 @@ struct lecture {
 /// Remarks that a word does not begin as the one that is taken for it.
 void remarquerMot(lecture& l, const wchar_t* pris)
 {
-    if (majuscule(l.e[1].front()) != majuscule(pris[0]))
+    if (minuscule(l.e[1].front()) != minuscule(pris[0]))
         l.remarquer(l.e[0] + L" « " + l.e[1] + L" » inconnu, « " + pris + L" » est pris.");
 }
 
@@ -139,10 +63,10 @@ void remarquerMot(lecture& l, const wchar_t* pris)
 bool lireMotCleCommun(lecture& l, int& unite, int& nivellement)
 {
     const std::wstring mot = motCle(l.e[0]);
-    if (mot == L"ANGL") {
+    if (mot == L"angl") {
         unite = uniteAngulaireDe(l.e[1].front());
         remarquerMot(l, motUniteAngulaire(unite));
-    } else if (mot == L"NIVE") {
+    } else if (mot == L"nive") {
         nivellement = nivellementDe(l.e[1].front());
         remarquerMot(l, motNivellement(nivellement));
     } else {
@@ -161,7 +85,7 @@ void lireMotCle(lecture& l, donneesPolygonaleOuverte& donnees)
 {
     if (lireMotCleCommun(l, donnees.unite, donnees.nivellement))
         return;
-    if (motCle(l.e[0]) != L"FERM")
+    if (motCle(l.e[0]) != L"ferm")
         return l.remarquerMotCle();
     donnees.fermeture = l.nombre(0);
     l.fermeture = true;
@@ -170,17 +94,17 @@ void lireMotCle(lecture& l, donneesPolygonaleOuverte& donnees)
 /// Stores the number of a key X, Y, Z or G; any other key is left alone.
 void lireCoordonnee(lecture& l, std::size_t cle, stationPolygonale& station)
 {
-    switch (majuscule(l.e[cle].front())) {
-    case L'X':
+    switch (minuscule(l.e[cle].front())) {
+    case L'x':
         station.x = l.nombre(cle);
         break;
-    case L'Y':
+    case L'y':
         station.y = l.nombre(cle);
         break;
-    case L'Z':
+    case L'z':
         station.z = l.nombre(cle);
         break;
-    case L'G':
+    case L'g':
         station.gisement = l.nombre(cle);
         break;
     default:
@@ -192,7 +116,7 @@ void lireCoordonnee(lecture& l, std::size_t cle, stationPolygonale& station)
 bool aCle(const elementsLigne& e, wchar_t cle)
 {
     for (std::size_t i = 0; i < e.size(); i += 2)
-        if (majuscule(e[i].front()) == cle)
+        if (minuscule(e[i].front()) == cle)
             return true;
     return false;
 }
@@ -201,7 +125,7 @@ bool aCle(const elementsLigne& e, wchar_t cle)
 void lireStation(lecture& l, donneesPolygonaleFermee& donnees)
 {
     for (std::size_t i = 0; i < l.e.size(); i += 2)
-        if (majuscule(l.e[i].front()) == L'N')
+        if (minuscule(l.e[i].front()) == L'n')
             donnees.depart.nom = l.e[i + 1];
         else
             lireCoordonnee(l, i, donnees.depart);
@@ -215,10 +139,10 @@ void lireStation(lecture& l, donneesPolygonaleOuverte& donnees)
     stationPolygonale lue;
     bool ligneArrivee = false;
     for (std::size_t i = 0; i < l.e.size(); i += 2) {
-        const wchar_t cle = majuscule(l.e[i].front());
-        if (cle == L'D') {
+        const wchar_t cle = minuscule(l.e[i].front());
+        if (cle == L'd') {
             donnees.depart.nom = l.e[i + 1];
-        } else if (cle == L'A') {
+        } else if (cle == L'a') {
             donnees.arrivee.nom = l.e[i + 1];
             ligneArrivee = true;
         } else {
@@ -231,16 +155,26 @@ void lireStation(lecture& l, donneesPolygonaleOuverte& donnees)
     (ligneArrivee ? l.arrivee : l.depart) = true;
 }
 
-void remarquerManques(lecture& l, const donneesPolygonaleFermee&)
+/// Each kind of file has its own word for the departure.
+void remarquerAutreGenre(lecture& l, const stationPolygonale& depart, const wchar_t* autreGenre)
+{
+    if (l.depart && depart.nom.empty())
+        l.remarquer(L"la station de départ n'a pas de nom ; ce fichier est-il celui d'une polygonale " +
+                    std::wstring(autreGenre) + L" ?");
+}
+
+void remarquerManques(lecture& l, const donneesPolygonaleFermee& donnees)
 {
     if (!l.depart)
         l.remarquer(L"aucune ligne de station : le départ est en 0, 0, de gisement 0.");
+    remarquerAutreGenre(l, donnees.depart, L"ouverte");
 }
 
 void remarquerManques(lecture& l, const donneesPolygonaleOuverte& donnees)
 {
     if (!l.depart)
         l.remarquer(L"aucune ligne « Depart » : le départ est en 0, 0, de gisement 0.");
+    remarquerAutreGenre(l, donnees.depart, L"fermée");
     if (!l.arrivee)
         l.remarquer(L"aucune ligne « Arrivee » : l'arrivée est en 0, 0, de gisement 0.");
     if (!l.fermeture)
@@ -273,7 +207,7 @@ void lireElements(lecture& l, Donnees& donnees)
     } else if (nombre == 4) {
         donnees.lignes.push_back({std::move(l.e[0]), std::move(l.e[1]), std::move(l.e[2]), std::move(l.e[3])});
     } else if (nombre == elementsStation) {
-        l.bilan.stations += aCle(l.e, L'X') && aCle(l.e, L'Y') ? 1 : 0;
+        l.bilan.stations += aCle(l.e, L'x') && aCle(l.e, L'y') ? 1 : 0;
         lireStation(l, donnees);
     } else if (nombre > 0) {
         ++l.bilan.ignorees;
@@ -297,14 +231,24 @@ std::string_view sansFin(std::string_view ligne)
 /// What some editors put before the text of a file in UTF-8.
 constexpr std::string_view marqueUtf8 = "\xEF\xBB\xBF";
 
+/// Characters beyond 16 bits, which not every platform holds, are none.
+std::wstring depuisUtf8Court(std::string_view octets)
+{
+    std::wstring texte = depuisUtf8(octets);
+    std::ranges::replace_if(
+        texte, [](wchar_t c) { return c > 0xFFFF; }, L'?');
+    return texte;
+}
+
 template <class Donnees>
 bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
 {
     vider(donnees);
     lecture l;
-    const bool utf8 = contenu.starts_with(marqueUtf8);
-    if (utf8)
+    const bool marque = contenu.starts_with(marqueUtf8);
+    if (marque)
         contenu.remove_prefix(marqueUtf8.size());
+    const bool utf8 = marque || sembleUtf8(contenu);
     while (!contenu.empty()) {
         ++l.numero;
         const std::size_t fin = contenu.find('\n');
@@ -312,7 +256,7 @@ bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
         contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
         do {
             const std::string_view morceau = ligne.substr(0, longueurLigne);
-            decouperLigne(utf8 ? depuisUtf8(morceau) : depuisAnsi(morceau), separateursPolygonale, l.e);
+            decouperLigne(utf8 ? depuisUtf8Court(morceau) : depuisAnsi(morceau), separateursPolygonale, l.e);
             lireElements(l, donnees);
             ligne.remove_prefix(morceau.size());
         } while (!ligne.empty());
@@ -345,38 +289,6 @@ bool finitPar(std::wstring_view texte, std::wstring_view fin)
 
 } // namespace
 
-std::string contenuPolygonale(const donneesPolygonaleFermee& donnees)
-{
-    redacteur r;
-    r.texte(L"* Fichier de données pour calcul de polygonale Fermée\n\n");
-    r.texte(L"* Station de depart\n");
-    r.station(L"Nom", donnees.depart);
-    r.angles(donnees.unite);
-    r.nivellement(donnees.nivellement);
-    r.texte(enTeteDonnees);
-    r.lignes(donnees.lignes);
-    return std::move(r).octets();
-}
-
-std::string contenuPolygonale(const donneesPolygonaleOuverte& donnees)
-{
-    redacteur r;
-    r.texte(L"* Fichier de données pour calcul de polygonale Ouverte\n");
-    r.texte(L"* Station de depart\n");
-    r.station(L"Depart", donnees.depart);
-    r.station(L"Arrivee", donnees.arrivee);
-    r.fermeture(donnees.fermeture);
-    r.angles(donnees.unite);
-    r.nivellement(donnees.nivellement);
-    r.texte(std::wstring(L"\n") + enTeteDonnees);
-    // The levelling section and the heading stand twice, intended: files already on disk have both.
-    r.texte(L"\n");
-    r.nivellement(donnees.nivellement);
-    r.texte(std::wstring(L"\n") + enTeteDonnees);
-    r.lignes(donnees.lignes);
-    return std::move(r).octets();
-}
-
 bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleFermee& donnees)
 {
     return lireContenu(contenu, donnees);
@@ -408,29 +320,11 @@ std::vector<std::wstring> avertissementsLecture(std::wstring_view fichier, const
     return phrases;
 }
 
-std::vector<std::wstring> avertissementsEcriture(const std::vector<ligneObservation>& lignes)
+std::wstring nomComplet(std::wstring_view choisi, int filtre)
 {
-    // Of the cells only the name stands between quotes: separators in the others cut them in pieces.
-    const auto nomPerdu = [](const std::wstring& nom) { return nom.empty() || nom.find(L'"') != std::wstring::npos; };
-    const auto cellulePerdue = [](const std::wstring& cellule) {
-        return cellule.empty() || cellule.find_first_of(separateursPolygonale) != std::wstring::npos;
-    };
-    std::vector<std::wstring> phrases;
-    for (std::size_t i = 0; i < lignes.size(); ++i) {
-        const ligneObservation& l = lignes[i];
-        if (nomPerdu(l.station) || cellulePerdue(l.angle) || cellulePerdue(l.distance) || cellulePerdue(l.altitude))
-            phrases.push_back(
-                L"Ligne " + std::to_wstring(i + 1) +
-                L" : une cellule est vide ou contient un séparateur ; la ligne ne pourra pas être relue.");
-    }
-    return phrases;
-}
-
-std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
-{
-    std::wstring nom = enMinuscules(std::wstring(choisi));
+    std::wstring nom(choisi);
     const auto completer = [&nom](std::wstring_view extension) {
-        if (!finitPar(nom, extension))
+        if (!finitPar(enMinuscules(nom), extension))
             nom += extension;
     };
     if (filtre == filtreObservations)
@@ -442,4 +336,11 @@ std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
     if (nom.find(L'.') == std::wstring::npos)
         nom += L".obs";
     return nom;
+}
+
+std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
+{
+    const std::wstring nom = nomComplet(choisi, filtre);
+    const std::size_t fichier = nom.find_last_of(L"/\\") + 1; // 0 without a folder
+    return nom.substr(0, fichier) + enMinuscules(nom.substr(fichier));
 }

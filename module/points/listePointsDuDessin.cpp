@@ -10,7 +10,7 @@
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
 #include "services/calqueVerrouille.h"
-#include "services/texte8bits.h"
+#include "services/lettres.h"
 
 namespace {
 

@@ -6,6 +6,7 @@ from pathlib import Path
 
 import include_guard
 import symbol_guard
+import unused_names
 
 SOUND = {
     "host/include/dbents.h": '#include "gepnt3d.h"\n',
@@ -147,6 +148,61 @@ class SymbolGuard(unittest.TestCase):
         for symbol, allowed in SYMBOLS:
             with self.subTest(symbol):
                 self.assertEqual(symbol_guard.foreign_symbols([symbol], names), [] if allowed else [symbol])
+
+
+# A header, what uses it, and the names nothing uses.
+DECLARED = """
+    #pragma once
+    namespace vela {
+    enum class Side { left, right = 2 };   // right: of nobody
+    struct Point { double x = 0.0; int rank; };
+    using Name = int;
+    template <class T> T doubled(T value) { return halved(value) * 4; }
+    inline constexpr double turn = 6.28;
+    extern "C" int entry(int code);
+    class Reader : public Base {
+    public:
+        explicit Reader(int from);
+        ~Reader() override;
+        bool read(const Point& point, int most = turn) const;
+        void event(int code) override;
+        bool isOpen() const { return m_open; }
+    private:
+        bool m_open = false;
+        int m_count{0};
+    };
+    }
+"""
+DEFINED = """
+    bool Reader::read(const Point& point, int most) const { return m_open && point.x > most; }
+    Reader::Reader(int from) : m_count(from) {}
+"""
+# what users say, what is left
+USERS = (
+    ("nobody", "", {"left", "right", "rank", "Name", "doubled", "Reader", "read", "isOpen"}),
+    ("everyone", "Name n(Reader& r, Point p) { p.rank = doubled(2); return r.isOpen() && r.read(p) && Side::left != right; }",
+     set()),
+    ("comments and texts do not count", '// Side::left\nauto x = "right rank"; Name doubled2(Reader&);',
+     {"left", "right", "rank", "doubled", "read", "isOpen"}),
+    ("a definition does not count", "bool Reader::isOpen() const { return left; }\nName rank2(Reader);",
+     {"right", "rank", "doubled", "read", "isOpen"}),
+    ("a parameter's name does not count", "Name f(Reader r, int rank, bool isOpen = false);",
+     {"left", "right", "rank", "doubled", "read", "isOpen"}),
+)
+
+
+class UnusedNames(unittest.TestCase):
+    def test_names(self):
+        for name, user, left in USERS:
+            with self.subTest(name), tempfile.TemporaryDirectory() as root:
+                for path, text in (("host/db/a.h", DECLARED), ("host/db/a.cpp", '#include "a.h"\n' + DEFINED),
+                                   ("host/ed/b.cpp", user), ("module/x.h", "int other();")):
+                    file = Path(root, path)
+                    file.parent.mkdir(parents=True, exist_ok=True)
+                    file.write_text(text)
+                found = unused_names.unused(root, lambda file: unused_names.is_of_house(file, ("host",)))
+                self.assertEqual({one.name for one in found}, left)
+                self.assertEqual([str(file) for file in unused_names.headers_alone(root, ("module",))], ["module/x.h"])
 
 
 if __name__ == "__main__":

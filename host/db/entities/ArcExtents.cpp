@@ -3,16 +3,15 @@
 #include <cmath>
 
 #include "db/entities/OcsTransform.h"
+#include "ge/Angles.h"
 
 namespace {
-
-constexpr double halfTurn = 3.141592653589793;
 
 /// Whether the arc passes a direction from its centre.
 bool passes(const PlaneArc& arc, double angle)
 {
     double along = arc.turn > 0.0 ? angle - arc.startAngle : arc.startAngle - angle;
-    along -= 2.0 * halfTurn * std::floor(along / (2.0 * halfTurn));
+    along -= wholeTurn * std::floor(along / wholeTurn);
     return along <= std::fabs(arc.turn);
 }
 

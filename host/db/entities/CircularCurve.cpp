@@ -6,6 +6,7 @@
 #include "db/entities/OcsTransform.h"
 #include "db/entities/OnCurve.h"
 #include "db/entities/PathSegment.h"
+#include "ge/Angles.h"
 
 #include "dbelipse.h"
 #include "dbents.h"
@@ -16,7 +17,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbArc, AcDbCurve, ARC)
 
 namespace {
 
-constexpr double wholeTurn = 6.283185307179586;
 constexpr double angleTolerance = 1e-9;
 
 } // namespace

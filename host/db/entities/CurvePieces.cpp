@@ -4,6 +4,7 @@
 
 #include "db/entities/OcsTransform.h"
 #include "db/entities/VertexPath.h"
+#include "ge/Angles.h"
 
 #include "dbelipse.h"
 #include "dbents.h"
@@ -11,7 +12,6 @@
 
 namespace {
 
-constexpr double wholeTurn = 6.283185307179586;
 constexpr double parallelTolerance = 1e-9;
 constexpr int chordsOfTurn = 720;
 constexpr int chordsOfSpan = 16;

@@ -1,5 +1,6 @@
 #include "db/entities/OnCurve.h"
 #include "db/entities/SampledCurve.h"
+#include "ge/Angles.h"
 
 #include "dbelipse.h"
 #include "gemat3d.h"
@@ -8,7 +9,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbEllipse, AcDbCurve, ELLIPSE)
 
 namespace {
 
-constexpr double wholeTurn = 6.283185307179586;
 constexpr double tolerance = 1e-9;
 constexpr int panels = 64;
 

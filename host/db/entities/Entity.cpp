@@ -1,3 +1,4 @@
+#include "db/Colors.h"
 #include "db/DatabaseImpl.h"
 #include "db/entities/EntityText.h"
 #include "db/ObjectExtras.h"
@@ -11,8 +12,6 @@
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbEntity, AcDbObject)
 
 namespace {
-
-constexpr Adesk::UInt16 colorByLayer = 256;
 
 /// The database that names are looked up in: the entity's own, else the program's working one.
 AcDbDatabase* databaseOf(const AcDbEntity& entity)

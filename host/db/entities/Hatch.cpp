@@ -3,6 +3,7 @@
 
 #include "db/entities/HatchEdges.h"
 #include "db/entities/OcsTransform.h"
+#include "ge/Angles.h"
 
 #include "dbhatch.h"
 
@@ -11,7 +12,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbHatch, AcDbEntity, HATCH)
 namespace {
 
 using Tags = std::vector<AcDbHatchTag>;
-constexpr double degree = 0.017453292519943295;
 
 /// Position of the first group with a code, from `at` on; the number of groups when there is none.
 std::size_t find(const Tags& tags, int code, std::size_t at = 0)
@@ -51,12 +51,12 @@ void moveEdge(Tags& tags, const HatchEdge& edge, const OcsTransform& moved)
         else if (tag.code == 42 && edge.kind == HatchEdgeKind::polyline && moved.mirrors())
             tag.number = -tag.number;
         else if ((tag.code == 50 || tag.code == 51) && isArc) {
-            const double old = (clockwise ? -tag.number : tag.number) * degree;
+            const double old = (clockwise ? -tag.number : tag.number) * oneDegree;
             double& angle = angles[tag.code - 50];
             angle = moved.angle(old) * (becomesClockwise ? -1.0 : 1.0);
             if (tag.code == 51 && angle <= angles[0])
-                angle += 360.0 * degree;
-            tag.number = angle / degree;
+                angle += 360.0 * oneDegree;
+            tag.number = angle / oneDegree;
         } else if (tag.code == 73 && moved.mirrors() && (isArc || edge.kind == HatchEdgeKind::ellipse))
             tag.number = becomesClockwise ? 0.0 : 1.0;
     }
@@ -75,7 +75,7 @@ void movePattern(Tags& tags, std::size_t first, const OcsTransform& moved)
             break;
         case 52:
         case 53:
-            tag.number = moved.angle(tag.number * degree) / degree;
+            tag.number = moved.angle(tag.number * oneDegree) / oneDegree;
             break;
         case 41:
         case 49:
@@ -127,7 +127,7 @@ double AcDbHatch::patternScale() const
 }
 double AcDbHatch::patternAngle() const
 {
-    return hatchNumber(m_tags, find(m_tags, 75), m_tags.size(), 52, 0.0) * degree;
+    return hatchNumber(m_tags, find(m_tags, 75), m_tags.size(), 52, 0.0) * oneDegree;
 }
 double AcDbHatch::elevation() const
 {
@@ -182,7 +182,7 @@ Acad::ErrorStatus AcDbHatch::getPatternDefinitionAt(int index, double& angle, do
     for (; index > 0; --index)
         at = find(m_tags, 53, at + 1);
     const std::size_t end = std::min(find(m_tags, 53, at + 1), find(m_tags, 98, at));
-    angle = m_tags[at].number * degree;
+    angle = m_tags[at].number * oneDegree;
     baseX = hatchNumber(m_tags, at, end, 43);
     baseY = hatchNumber(m_tags, at, end, 44);
     offsetX = hatchNumber(m_tags, at, end, 45);

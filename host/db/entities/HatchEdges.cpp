@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ge/Angles.h"
+
 #include "dbspline.h"
 
 namespace {
@@ -10,8 +12,6 @@ namespace {
 using Tags = std::vector<AcDbHatchTag>;
 using Vertices = std::vector<VertexPath::Vertex>;
 
-constexpr double degree = 0.017453292519943295;
-constexpr double wholeTurn = 6.283185307179586;
 constexpr Adesk::Int32 polylineType = 2;
 constexpr int chordsOfTurn = 72;
 constexpr int chordsOfSpan = 8;
@@ -35,8 +35,8 @@ Vertices points(const Tags& tags, const HatchEdge& edge, int xCode)
 void sweep(const Tags& tags, const HatchEdge& edge, double& from, double& turn)
 {
     const bool clockwise = hatchNumber(tags, edge.first, edge.last, 73, 1.0) == 0.0;
-    const double start = hatchNumber(tags, edge.first, edge.last, 50) * degree;
-    const double end = hatchNumber(tags, edge.first, edge.last, 51, 360.0) * degree;
+    const double start = hatchNumber(tags, edge.first, edge.last, 50) * oneDegree;
+    const double end = hatchNumber(tags, edge.first, edge.last, 51, 360.0) * oneDegree;
     double turned = end - start;
     turned -= wholeTurn * std::floor(turned / wholeTurn);
     if (turned < 1e-9)

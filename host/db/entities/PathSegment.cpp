@@ -49,7 +49,6 @@ double PathSegment::nearest(const AcGePoint3d& point) const
         const double squared = c.lengthSqrd();
         return squared > 0.0 ? std::clamp((point - start).dotProduct(c) / squared, 0.0, 1.0) : 0.0;
     }
-    constexpr double wholeTurn = 6.283185307179586;
     const AcGePoint3d middle = center();
     const double sense = bulge > 0.0 ? 1.0 : -1.0;
     const double turned = std::fabs(turn());
@@ -90,5 +89,5 @@ double PathSegment::radius() const
 double PathSegment::startAngle() const
 {
     // The centre lies a quarter turn to the left of the way a counter-clockwise arc starts.
-    return heading(0.0) + (bulge > 0.0 ? -1.0 : 1.0) * 1.5707963267948966;
+    return heading(0.0) + (bulge > 0.0 ? -1.0 : 1.0) * quarterTurn;
 }

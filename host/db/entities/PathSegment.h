@@ -3,15 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "gepnt3d.h"
+#include "ge/Angles.h"
 
-/// The same direction, in [0, a whole turn).
-inline double inOneTurn(double angle)
-{
-    constexpr double wholeTurn = 6.283185307179586;
-    const double rest = angle - wholeTurn * std::floor(angle / wholeTurn);
-    return rest < wholeTurn ? rest : 0.0;
-}
+#include "gepnt3d.h"
 
 /// One segment of a polyline, in the coordinates of its plane: straight, or a circular arc parallel to the XY plane.
 /// `bulge` is the tangent of a quarter of the angle turned, positive counter-clockwise. The parameter runs from 0 to 1,
@@ -44,13 +38,12 @@ struct PathSegment {
     template <class Take>
     void forExtremes(const Take& take) const
     {
-        constexpr double quarter = 1.5707963267948966;
         const double turned = turn();
         if (turned == 0.0)
             return;
         const double from = heading(0.0), to = from + turned;
-        for (double k = std::ceil(std::min(from, to) / quarter); k * quarter <= std::max(from, to); k += 1.0)
-            take((k * quarter - from) / turned);
+        for (double k = std::ceil(std::min(from, to) / quarterTurn); k * quarterTurn <= std::max(from, to); k += 1.0)
+            take((k * quarterTurn - from) / turned);
     }
 
 private:

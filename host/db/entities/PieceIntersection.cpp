@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ge/Angles.h"
+
 namespace {
 
-constexpr double wholeTurn = 6.283185307179586;
 constexpr double parallelTolerance = 1e-12;
 
 double cross(const AcGeVector2d& a, const AcGeVector2d& b)

@@ -2,6 +2,7 @@
 #include "db/entities/EntityText.h"
 #include "db/entities/OcsTransform.h"
 #include "db/entities/TextBox.h"
+#include "ge/Angles.h"
 #include "text/ShownText.h"
 
 #include "dbapserv.h"
@@ -204,11 +205,10 @@ Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const
 Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& matrix)
 {
     assertWriteEnabled();
-    constexpr double quarter = 1.5707963267948966;
     const OcsTransform moved(m_normal, matrix);
     if (!moved.isValid() || !moved.keepsRightAngle(m_rotation))
         return Acad::eInvalidInput;
-    const double along = moved.scaleAlong(m_rotation), up = moved.scaleAlong(m_rotation + quarter);
+    const double along = moved.scaleAlong(m_rotation), up = moved.scaleAlong(m_rotation + quarterTurn);
     m_position = moved.point(m_position);
     m_alignment = isDefaultAlignment() ? m_alignment : moved.point(m_alignment);
     m_height *= up;

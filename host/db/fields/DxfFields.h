@@ -299,22 +299,6 @@ DxfField nameField(int code, DxfWhen when = DxfWhen::unlessDefault)
             {}};
 }
 
-/// Another object, by handle in the file, by stub in memory. A handle that leads nowhere reads as null.
-template <auto Member>
-DxfField objectField(int code, DxfWhen when = DxfWhen::unlessDefault)
-{
-    return {
-        static_cast<std::int16_t>(code),
-        1,
-        when == DxfWhen::always,
-        [](const DxfReadContext& c, AcDbObject& o, const DxfTag& t, int) {
-            return c.object(t, dxf_rows::in<Member>(o));
-        },
-        [](DxfWriteContext& c, const AcDbObject& o, int written, int) { c.object(written, dxf_rows::in<Member>(o)); },
-        dxf_rows::equal<Member>,
-        {}};
-}
-
 /// A point or vector: AcGePoint3d, AcGeVector3d (three tags) or AcGePoint2d (two).
 template <auto Member>
 DxfField pointField(int code, DxfWhen when = DxfWhen::unlessDefault)

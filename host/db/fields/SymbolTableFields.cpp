@@ -6,14 +6,14 @@ namespace {
 
 /// The name that the TABLE record of a class bears; nothing else tells the tables apart.
 template <class Table>
-DxfField tableNameRow(const wchar_t* name)
+DxfField tableNameRow(NameKind kind)
 {
-    static const wchar_t* const theName = name;
+    static const char* const name = tableName(kind);
     return {2,
             1,
             true,
             [](const DxfReadContext&, AcDbObject&, const DxfTag&, int) { return true; },
-            [](DxfWriteContext& context, const AcDbObject&, int code, int) { context.out.text(code, theName); },
+            [](DxfWriteContext& context, const AcDbObject&, int code, int) { context.out.rawText(code, name); },
             [](const AcDbObject&, const AcDbObject&, int) { return true; },
             {}};
 }
@@ -23,23 +23,19 @@ DxfField tableNameRow(const wchar_t* name)
 void DxfFieldsOfSymbolTables::add(DxfClasses& classes)
 {
     static const DxfSubclass table("AcDbSymbolTable", {integerField<&AcDbSymbolTable::m_count>(70, DxfWhen::always)});
-    static const DxfSubclass record("AcDbSymbolTableRecord", {});
-    static const DxfSubclass blockName("", {tableNameRow<AcDbBlockTable>(L"BLOCK_RECORD")});
-    static const DxfSubclass layerName("", {tableNameRow<AcDbLayerTable>(L"LAYER")});
-    static const DxfSubclass styleName("", {tableNameRow<AcDbTextStyleTable>(L"STYLE")});
-    static const DxfSubclass linetypeName("", {tableNameRow<AcDbLinetypeTable>(L"LTYPE")});
-    static const DxfSubclass applicationName("", {tableNameRow<AcDbRegAppTable>(L"APPID")});
-    static const DxfSubclass dimStyleName("", {tableNameRow<AcDbDimStyleTable>(L"DIMSTYLE")});
-    const auto addTable = [&]<class Table>(const Table*, const DxfSubclass& name, const char* distinctive) {
-        classes.add({"TABLE", Table::desc(), []() -> AcDbObject* { return new Table; }, {&name, &table}, distinctive});
+    const auto addTable = [&]<class Table>(const Table*, NameKind kind) {
+        static const DxfSubclass name("", {tableNameRow<Table>(kind)});
+        classes.add(
+            {"TABLE", Table::desc(), []() -> AcDbObject* { return new Table; }, {&name, &table}, tableName(kind)});
     };
-    addTable(static_cast<AcDbBlockTable*>(nullptr), blockName, "BLOCK_RECORD");
-    addTable(static_cast<AcDbLayerTable*>(nullptr), layerName, "LAYER");
-    addTable(static_cast<AcDbTextStyleTable*>(nullptr), styleName, "STYLE");
-    addTable(static_cast<AcDbLinetypeTable*>(nullptr), linetypeName, "LTYPE");
-    addTable(static_cast<AcDbRegAppTable*>(nullptr), applicationName, "APPID");
-    addTable(static_cast<AcDbDimStyleTable*>(nullptr), dimStyleName, "DIMSTYLE");
+    addTable(static_cast<AcDbBlockTable*>(nullptr), NameKind::block);
+    addTable(static_cast<AcDbLayerTable*>(nullptr), NameKind::layer);
+    addTable(static_cast<AcDbTextStyleTable*>(nullptr), NameKind::textStyle);
+    addTable(static_cast<AcDbLinetypeTable*>(nullptr), NameKind::linetype);
+    addTable(static_cast<AcDbRegAppTable*>(nullptr), NameKind::regApp);
+    addTable(static_cast<AcDbDimStyleTable*>(nullptr), NameKind::dimStyle);
 
+    static const DxfSubclass record("AcDbSymbolTableRecord", {});
     const auto named = [](std::vector<DxfField> fields) {
         fields.insert(fields.begin(), {textField<&AcDbSymbolTableRecord::m_name>(2, DxfWhen::always),
                                        integerField<&AcDbSymbolTableRecord::m_flags>(70, DxfWhen::always)});
@@ -66,15 +62,15 @@ void DxfFieldsOfSymbolTables::add(DxfClasses& classes)
         named({textField<&AcDbLinetypeTableRecord::m_comments>(3, DxfWhen::always), linetypePatternRow()}));
     static const DxfSubclass application("AcDbRegAppTableRecord", named({}));
     static const DxfSubclass dimStyle("AcDbDimStyleTableRecord", named({}));
-    const auto addRecord = [&]<class Record>(const Record*, const char* name, const DxfSubclass& own) {
-        classes.add({name, Record::desc(), []() -> AcDbObject* { return new Record; }, {&record, &own}});
+    const auto addRecord = [&]<class Record>(const Record*, NameKind kind, const DxfSubclass& own) {
+        classes.add({tableName(kind), Record::desc(), []() -> AcDbObject* { return new Record; }, {&record, &own}});
     };
-    addRecord(static_cast<AcDbBlockTableRecord*>(nullptr), "BLOCK_RECORD", block);
-    addRecord(static_cast<AcDbLayerTableRecord*>(nullptr), "LAYER", layer);
-    addRecord(static_cast<AcDbTextStyleTableRecord*>(nullptr), "STYLE", style);
-    addRecord(static_cast<AcDbLinetypeTableRecord*>(nullptr), "LTYPE", linetype);
-    addRecord(static_cast<AcDbRegAppTableRecord*>(nullptr), "APPID", application);
-    addRecord(static_cast<AcDbDimStyleTableRecord*>(nullptr), "DIMSTYLE", dimStyle);
+    addRecord(static_cast<AcDbBlockTableRecord*>(nullptr), NameKind::block, block);
+    addRecord(static_cast<AcDbLayerTableRecord*>(nullptr), NameKind::layer, layer);
+    addRecord(static_cast<AcDbTextStyleTableRecord*>(nullptr), NameKind::textStyle, style);
+    addRecord(static_cast<AcDbLinetypeTableRecord*>(nullptr), NameKind::linetype, linetype);
+    addRecord(static_cast<AcDbRegAppTableRecord*>(nullptr), NameKind::regApp, application);
+    addRecord(static_cast<AcDbDimStyleTableRecord*>(nullptr), NameKind::dimStyle, dimStyle);
 }
 
 /// A layer without a linetype of its own has the continuous one; its tag is always written.

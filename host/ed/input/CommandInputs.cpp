@@ -2,7 +2,7 @@
 
 #include "ed/select/SelectionSets.h"
 #include "ed/SystemVariables.h"
-#include "rx/ResbufKind.h"
+#include "rx/ResbufValue.h"
 #include "rx/TypedNumber.h"
 
 namespace {
@@ -38,30 +38,29 @@ InputAnswer objectsAnswer(const resbuf& item)
     return answer;
 }
 
-/// nil is Escape, as (command nil) is; what is no value is nothing.
-std::optional<InputAnswer> atomAnswer(const resbuf& item)
-{
-    const ads_u_val& value = item.resval;
-    if (item.restype == RTENAME || item.restype == RTPICKS)
-        return objectsAnswer(item);
-    switch (resbufKind(item.restype)) {
-    case ResbufKind::text:
-        return textAnswer(value.rstring ? value.rstring : L"");
-    case ResbufKind::int16:
-        return textAnswer(std::to_wstring(value.rint));
-    case ResbufKind::int32:
-        return textAnswer(std::to_wstring(value.rlong));
-    case ResbufKind::int64:
-        return textAnswer(std::to_wstring(value.mnInt64));
-    case ResbufKind::real:
+/// What a buffer of that type answers. nil is Escape, as (command nil) is; what is no value is nothing.
+struct AtomAnswer {
+    const resbuf& item;
+
+    using Answer = std::optional<InputAnswer>;
+    Answer operator()(std::wstring_view text) const { return textAnswer(std::wstring(text)); }
+    Answer operator()(std::int64_t value) const { return textAnswer(std::to_wstring(value)); }
+    Answer operator()(double value) const
+    {
         // An angle is radians from the east; typed it would be in the drawing's units.
-        return textAnswer(fullNumberText(value.rreal) + (item.restype == RTREAL ? L"" : L"r"));
-    case ResbufKind::point:
-        return pointAnswer(value.rpoint[0], value.rpoint[1], item.restype == RTPOINT ? 0.0 : value.rpoint[2]);
-    default:
-        return item.restype == RTNIL ? std::optional(InputAnswer{}) : std::nullopt;
+        return textAnswer(fullNumberText(value) + (item.restype == RTREAL ? L"" : L"r"));
     }
-}
+    Answer operator()(std::span<const ads_real> point) const
+    {
+        return pointAnswer(point[0], point[1], point.size() > 2 ? point[2] : 0.0);
+    }
+    Answer operator()(ResbufName) const
+    {
+        return item.restype == RTENAME || item.restype == RTPICKS ? Answer(objectsAnswer(item)) : std::nullopt;
+    }
+    Answer operator()(const ads_binary&) const { return std::nullopt; }
+    Answer operator()(std::monostate) const { return item.restype == RTNIL ? Answer(InputAnswer{}) : std::nullopt; }
+};
 
 /// A list of two or three numbers is a point; one of an entity and a point, a pick.
 InputAnswer listAnswer(const resbuf* first, const resbuf* end)
@@ -104,7 +103,7 @@ std::vector<InputAnswer> CommandInputs::answersOf(const resbuf* chain)
         const resbuf* const behind = afterValue(chain);
         if (chain->restype == RTLB)
             answers.push_back(listAnswer(chain->rbnext, behind));
-        else if (auto answer = atomAnswer(*chain))
+        else if (auto answer = visitValue(*chain, AtomAnswer{*chain}))
             answers.push_back(std::move(*answer));
         chain = behind;
     }

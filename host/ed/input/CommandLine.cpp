@@ -5,6 +5,7 @@
 #include "ed/SystemVariables.h"
 #include "lisp/drawing/LispSession.h"
 #include "rx/Console.h"
+#include "rx/HostSession.h"
 
 #include "acdocman.h"
 
@@ -56,8 +57,7 @@ CommandOutcome run(const std::wstring& name)
 
 CommandLine& CommandLine::instance()
 {
-    static CommandLine line;
-    return line;
+    return HostSession::part<CommandLine>();
 }
 
 CommandOutcome CommandLine::execute(const std::wstring& typed)

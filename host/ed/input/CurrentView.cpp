@@ -4,16 +4,20 @@
 #include <cmath>
 
 #include "ed/SystemVariables.h"
+#include "rx/HostSession.h"
 
 #include "aced.h"
 #include "dbsymtb.h"
 
 namespace {
 
+struct Listener {
+    std::function<void(AcApDocument&)> changed;
+};
+
 std::function<void(AcApDocument&)>& listener()
 {
-    static std::function<void(AcApDocument&)> changed;
-    return changed;
+    return HostSession::part<Listener>().changed;
 }
 
 template <class T>

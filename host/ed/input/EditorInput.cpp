@@ -7,13 +7,13 @@
 #include "ed/CommandRunner.h"
 #include "ed/input/LispAnswer.h"
 #include "rx/Console.h"
+#include "rx/HostSession.h"
 
 #include "acdocman.h"
 
 EditorInput& EditorInput::instance()
 {
-    static EditorInput input;
-    return input;
+    return HostSession::part<EditorInput>();
 }
 
 EditorInput::Source::Source(InputSource& source) : m_source(source), m_below(instance().m_top)

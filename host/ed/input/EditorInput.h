@@ -47,7 +47,6 @@ public:
 
     /// What is being asked, null when nothing is.
     const InputRequest* asked() const { return m_asked; }
-    bool hasSource() const { return m_top != nullptr; }
 
     /// What acedInitGet set for the next request.
     void setInitGet(InitGet init) { m_initGet = std::move(init); }

@@ -5,6 +5,7 @@
 #include "ed/input/InputTexts.h"
 #include "ed/input/Question.h"
 #include "ed/input/TypedPoint.h"
+#include "ge/Angles.h"
 #include "rx/TypedAngle.h"
 #include "rx/TypedNumber.h"
 
@@ -25,11 +26,11 @@ double distanceInPlane(const AcGePoint3d& from, const AcGePoint3d& to)
 }
 double angleFromEast(const AcGePoint3d& from, const AcGePoint3d& to)
 {
-    return withinTurn(std::atan2(to.y - from.y, to.x - from.x));
+    return inOneTurn(std::atan2(to.y - from.y, to.x - from.x));
 }
 double angleFromBase(const AcGePoint3d& from, const AcGePoint3d& to)
 {
-    return withinTurn(angleFromEast(from, to) - AngleUnits::ofDrawing().base);
+    return inOneTurn(angleFromEast(from, to) - AngleUnits::ofDrawing().base);
 }
 
 /// Asks for a value that is typed, or told by one point with the base or by two.

@@ -7,6 +7,7 @@
 #include "ed/input/PickFirst.h"
 #include "ed/input/Question.h"
 #include "ed/input/Transients.h"
+#include "rx/HostSession.h"
 #include "rx/ResbufKind.h"
 
 #include "acdocman.h"
@@ -28,10 +29,13 @@ AcGePoint3d multiplied(const ads_point point, ads_matrix matrix)
 }
 
 /// Keys of a typed text that wait to be read one by one.
+struct TypedKeys {
+    std::deque<short> keys;
+};
+
 std::deque<short>& waitingKeys()
 {
-    static std::deque<short> keys;
-    return keys;
+    return HostSession::part<TypedKeys>().keys;
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "ed/input/Transients.h"
 #include "ed/input/TypedPoint.h"
 #include "ed/SystemVariables.h"
+#include "ge/Angles.h"
 #include "platform/WideFormat.h"
 #include "rx/TypedAngle.h"
 #include "rx/TypedNumber.h"
@@ -59,7 +60,7 @@ double lengthBetween(const AcGePoint3d& from, const AcGePoint3d& to)
 }
 double angleBetween(const AcGePoint3d& from, const AcGePoint3d& to)
 {
-    return withinTurn(std::atan2(to.y - from.y, to.x - from.x));
+    return inOneTurn(std::atan2(to.y - from.y, to.x - from.x));
 }
 
 /// The dragged entity is shown as long as this lives.

@@ -2,6 +2,7 @@
 
 #include "ed/CommandRunner.h"
 #include "lisp/LispHooks.h"
+#include "rx/HostSession.h"
 
 #include "acdocman.h"
 
@@ -60,8 +61,7 @@ private:
 
 PendingCommands& PendingCommands::instance()
 {
-    static PendingCommands commands;
-    return commands;
+    return HostSession::part<PendingCommands>();
 }
 
 void PendingCommands::install()

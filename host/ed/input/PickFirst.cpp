@@ -4,13 +4,17 @@
 #include <unordered_set>
 
 #include "ap/DocumentData.h"
+#include "rx/HostSession.h"
 
 namespace {
 
+struct Listener {
+    std::function<void(AcApDocument&)> changed;
+};
+
 std::function<void(AcApDocument&)>& listener()
 {
-    static std::function<void(AcApDocument&)> changed;
-    return changed;
+    return HostSession::part<Listener>().changed;
 }
 
 std::vector<AcDbObjectId> withoutErased(const std::vector<AcDbObjectId>& objects)

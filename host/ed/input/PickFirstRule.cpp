@@ -2,14 +2,18 @@
 
 #include "ed/input/PickFirst.h"
 #include "ed/SystemVariables.h"
+#include "rx/HostSession.h"
 
 namespace {
 
 /// Of the commands under way.
+struct CommandsUnderWay {
+    std::vector<Adesk::Int32> flags;
+};
+
 std::vector<Adesk::Int32>& flagsUnderWay()
 {
-    static std::vector<Adesk::Int32> flags;
-    return flags;
+    return HostSession::part<CommandsUnderWay>().flags;
 }
 
 } // namespace

@@ -7,9 +7,11 @@
 
 /// Object snaps named in words: "_end", "MIL", "_cen,_mid".
 
+/// The bit of OSMODE that switches all snaps off, the chosen ones kept.
+constexpr int kNoSnap = 16384;
+
 /// Sum of OSMODE bits; 0 when a word is not known. "_non" gives kNoSnap.
 int snapModesOf(std::wstring_view words);
-constexpr int kNoSnap = 16384;
 
 /// Whether such words are understood: where a point is asked for.
 bool takesSnapWords(const InputRequest& request);

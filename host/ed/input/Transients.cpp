@@ -3,15 +3,19 @@
 #include <algorithm>
 
 #include "ap/DocumentData.h"
+#include "rx/HostSession.h"
 
 #include "acdocman.h"
 
 namespace {
 
+struct Listener {
+    std::function<void(AcApDocument&)> changed;
+};
+
 std::function<void(AcApDocument&)>& listener()
 {
-    static std::function<void(AcApDocument&)> changed;
-    return changed;
+    return HostSession::part<Listener>().changed;
 }
 
 class TransientManager : public AcGiTransientManager {
@@ -43,8 +47,7 @@ public:
 
 AcGiTransientManager* acgiGetTransientManager()
 {
-    static TransientManager manager;
-    return &manager;
+    return &HostSession::part<TransientManager>();
 }
 
 Transients& Transients::of(AcApDocument& document)

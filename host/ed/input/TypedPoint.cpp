@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ed/SystemVariables.h"
+#include "ge/Angles.h"
 #include "rx/TypedAngle.h"
 #include "rx/TypedNumber.h"
 
@@ -98,13 +99,13 @@ AngleUnits AngleUnits::ofDrawing()
 std::optional<double> AngleUnits::fromBase(std::wstring_view text) const
 {
     const auto typed = typedAngle(text, unit);
-    return typed ? std::optional(withinTurn(clockwise ? -*typed : *typed)) : std::nullopt;
+    return typed ? std::optional(inOneTurn(clockwise ? -*typed : *typed)) : std::nullopt;
 }
 
 std::optional<double> AngleUnits::fromEast(std::wstring_view text) const
 {
     const auto turned = fromBase(text);
-    return turned ? std::optional(withinTurn(*turned + base)) : std::nullopt;
+    return turned ? std::optional(inOneTurn(*turned + base)) : std::nullopt;
 }
 
 PointFrame PointFrame::ofDrawing()

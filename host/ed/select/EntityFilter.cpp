@@ -134,11 +134,6 @@ std::optional<EntityFilter> EntityFilter::of(const resbuf* chain)
     return filter;
 }
 
-bool EntityFilter::takesAll() const
-{
-    return m_root->inside.empty();
-}
-
 bool EntityFilter::needsTags() const
 {
     return m_root->needsTags();

@@ -21,7 +21,6 @@ public:
     EntityFilter& operator=(EntityFilter&&) noexcept;
     ~EntityFilter();
 
-    bool takesAll() const;
     /// Whether its tags need be read: false when its kind, and its class alone are asked for.
     bool needsTags() const;
     /// `tags` are those of the entity when needsTags.

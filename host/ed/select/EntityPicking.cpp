@@ -110,17 +110,13 @@ struct Nested {
         entity(hit.path.empty() ? hit.entity : hit.path.front()),
         toWorld(standsInWorld(entity) ? AcGeMatrix3d::kIdentity : hit.toWorld)
     {
-        resbuf* last = nullptr;
+        ResbufBuilder chain;
         for (std::size_t i = 1; i < hit.path.size() && !standsInWorld(entity); ++i) {
             ads_name name;
             give(hit.path[i], name);
-            resbuf* const item = acutBuildList(RTENAME, name, 0);
-            if (last)
-                last->rbnext = item;
-            else
-                containers.reset(item);
-            last = item;
+            chain.addName(RTENAME, name);
         }
+        containers = chain.take();
     }
 };
 

@@ -8,7 +8,7 @@
 #include "dxf/DxfValue.h"
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
-#include "rx/ResbufKind.h"
+#include "rx/ResbufValue.h"
 #include "rx/WildcardMatch.h"
 
 #include "rxclass.h"
@@ -65,46 +65,46 @@ std::optional<FilterRelation> relationOf(std::wstring_view text)
 
 // ---- reading
 
+struct EntityFilter::Test::Reading {
+    Test& test;
+
+    bool operator()(std::wstring_view text) const
+    {
+        test.m_kind = test.m_code == 0              ? Kind::type
+                      : test.m_code == 100          ? Kind::subclass
+                      : test.m_code == 410          ? Kind::layout
+                      : test.m_code == kApplication ? Kind::application
+                                                    : Kind::text;
+        test.m_pattern = platform::lowerCase(text);
+        return true;
+    }
+    bool operator()(double number) const
+    {
+        test.m_kind = Kind::number;
+        test.m_number = number;
+        return true;
+    }
+    bool operator()(std::int64_t number) const { return (*this)(static_cast<double>(number)); }
+    bool operator()(std::span<const ads_real> point) const
+    {
+        test.m_kind = Kind::point;
+        std::ranges::copy(point, test.m_point.begin());
+        return true;
+    }
+    bool operator()(ResbufName name) const
+    {
+        test.m_kind = Kind::object;
+        test.m_object.setFromOldId(name.words[0]);
+        return true;
+    }
+    bool operator()(const ads_binary&) const { return false; }
+    bool operator()(std::monostate) const { return false; }
+};
+
 bool EntityFilter::Test::read(const resbuf& item, std::wstring_view relations)
 {
     m_code = item.restype;
-    switch (resbufKind(item.restype)) {
-    case ResbufKind::text:
-        m_kind = m_code == 0              ? Kind::type
-                 : m_code == 100          ? Kind::subclass
-                 : m_code == 410          ? Kind::layout
-                 : m_code == kApplication ? Kind::application
-                                          : Kind::text;
-        m_pattern = platform::lowerCase(item.resval.rstring ? item.resval.rstring : L"");
-        break;
-    case ResbufKind::real:
-        m_kind = Kind::number;
-        m_number = item.resval.rreal;
-        break;
-    case ResbufKind::int16:
-        m_kind = Kind::number;
-        m_number = item.resval.rint;
-        break;
-    case ResbufKind::int32:
-        m_kind = Kind::number;
-        m_number = item.resval.rlong;
-        break;
-    case ResbufKind::int64:
-        m_kind = Kind::number;
-        m_number = static_cast<double>(item.resval.mnInt64);
-        break;
-    case ResbufKind::point:
-        m_kind = Kind::point;
-        std::copy_n(item.resval.rpoint, 3, m_point.begin());
-        break;
-    case ResbufKind::name:
-        m_kind = Kind::object;
-        m_object.setFromOldId(item.resval.rlname[0]);
-        break;
-    default:
-        return false;
-    }
-    return m_code < dxfLastCode && readRelations(relations);
+    return visitValue(item, Reading{*this}) && m_code < dxfLastCode && readRelations(relations);
 }
 
 /// One relation, or for a point one for each coordinate, between commas; the last one given counts for the others.

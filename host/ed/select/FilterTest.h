@@ -24,6 +24,7 @@ struct EntityFilter::Test {
 private:
     enum class Kind { type, subclass, layout, application, text, number, point, object };
 
+    struct Reading;
     bool readRelations(std::wstring_view relations);
     bool takesText(const EntityTags& tags) const;
     bool takesNumber(const EntityTags& tags) const;

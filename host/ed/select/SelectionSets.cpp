@@ -1,5 +1,7 @@
 #include "ed/select/SelectionSets.h"
 
+#include "rx/HostSession.h"
+
 bool SelectionSet::add(AcDbObjectId entity)
 {
     if (!m_places.emplace(entity.stub(), m_objects.size()).second)
@@ -51,8 +53,7 @@ std::vector<AcDbObjectId> SelectionSet::objects() const
 
 SelectionSets& SelectionSets::instance()
 {
-    static SelectionSets sets;
-    return sets;
+    return HostSession::part<SelectionSets>();
 }
 
 SelectionSet* SelectionSets::make(ads_name name)

@@ -90,16 +90,10 @@ LispValue findFile(LispContext&, LispArguments arguments)
     return path ? LispValue(platform::windowsPath(*path)) : LispValue();
 }
 
-/// Program text is UTF-8, or Windows-1252 when it is no valid UTF-8.
 std::wstring programText(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    std::wstring wide = platform::wideFromUtf8(bytes);
-    for (const wchar_t c : wide)
-        if (c >= 0xDC80 && c <= 0xDCFF)
-            return platform::wideFromAnsi(bytes);
-    return wide.starts_with(L'\xFEFF') ? wide.substr(1) : wide;
+    return platform::wideFromFile(std::string{std::istreambuf_iterator<char>(file), {}});
 }
 
 std::optional<std::filesystem::path> programFile(const std::wstring& name)

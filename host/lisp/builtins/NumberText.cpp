@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <numbers>
 #include <optional>
 
+#include "ge/Angles.h"
 #include "lisp/builtins/Builtins.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispError.h"
@@ -129,13 +129,6 @@ LispValue lengthToText(LispContext&, LispArguments arguments)
 
 // ---- angles
 
-double normalized(double angle)
-{
-    constexpr double turn = 2.0 * std::numbers::pi;
-    const double rest = std::fmod(angle, turn);
-    return rest < 0.0 ? rest + turn : rest;
-}
-
 /// Degrees, minutes from a precision of 1, seconds from 3, their decimals from 5 on. Rounded before it is taken apart,
 /// so that no 60 appears.
 std::wstring degreesMinutesSeconds(double degrees, int precision)
@@ -160,7 +153,7 @@ std::wstring degreesMinutesSeconds(double degrees, int precision)
 /// N 45d0' E: from the nearer of north and south. A whole quarter is its letter alone.
 std::wstring surveyorText(double angle, int precision)
 {
-    const double degrees = angle * 180.0 / std::numbers::pi;
+    const double degrees = angle * 180.0 / halfTurn;
     const double quarter = std::round(degrees / 90.0);
     if (std::fabs(degrees - quarter * 90.0) < 1e-9)
         return std::wstring(1, L"ENWS"[static_cast<int>(quarter) % 4]);
@@ -173,21 +166,21 @@ std::wstring angleText(double angle, int unit, int precision)
 {
     switch (unit) {
     case 1:
-        return degreesMinutesSeconds(angle * 180.0 / std::numbers::pi, precision);
+        return degreesMinutesSeconds(angle * 180.0 / halfTurn, precision);
     case 2:
-        return decimal(angle * 200.0 / std::numbers::pi, precision) + L"g";
+        return decimal(angle * 200.0 / halfTurn, precision) + L"g";
     case 3:
         return decimal(angle, precision) + L"r";
     case 4:
         return surveyorText(angle, precision);
     default:
-        return decimal(angle * 180.0 / std::numbers::pi, precision);
+        return decimal(angle * 180.0 / halfTurn, precision);
     }
 }
 
 LispValue angleToText(LispContext&, LispArguments arguments)
 {
-    const double angle = normalized(number(arguments[0]));
+    const double angle = inOneTurn(number(arguments[0]));
     const int unit = unitArgument(arguments, 1, L"AUNITS", 0, 4);
     return LispValue(angleText(angle, unit, decimalsArgument(arguments, 2, L"AUPREC")));
 }
@@ -277,7 +270,7 @@ LispValue textToLength(LispContext&, LispArguments arguments)
 LispValue textToAngle(LispContext&, LispArguments arguments)
 {
     const auto angle = typedAngle(text(arguments[0]), unitArgument(arguments, 1, L"AUNITS", 0, 4));
-    return angle ? LispValue(withinTurn(*angle)) : LispValue();
+    return angle ? LispValue(inOneTurn(*angle)) : LispValue();
 }
 
 LispValue textToReal(LispContext&, LispArguments arguments)

@@ -72,11 +72,9 @@ LispValue substring(LispContext&, LispArguments arguments)
 
 LispValue letterCase(LispContext&, LispArguments arguments)
 {
-    std::wstring changed = text(arguments[0]);
+    const std::wstring& given = text(arguments[0]);
     const bool lower = arguments.size() > 1 && !arguments[1].isNil();
-    for (wchar_t& c : changed)
-        c = lower ? platform::lowerCase(c) : platform::upperCase(c);
-    return LispValue(std::move(changed));
+    return LispValue(lower ? platform::lowerCase(given) : platform::upperCase(given));
 }
 
 LispValue ofCode(LispContext&, LispArguments arguments)

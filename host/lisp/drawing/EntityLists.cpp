@@ -9,6 +9,7 @@
 #include "dxf/DxfAngle.h"
 #include "dxf/DxfValue.h"
 #include "dxf/R12Subclasses.h"
+#include "lisp/drawing/LispConversion.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/eval/LispArgument.h"
 #include "platform/CodePage.h"
@@ -38,10 +39,7 @@ const LispValue* valueUnder(int code, const std::vector<GroupPair>& pairs)
 std::wstring kindOf(const std::vector<GroupPair>& pairs)
 {
     const LispValue* const type = valueUnder(0, pairs);
-    std::wstring kind = type ? lisp_argument::text(*type) : L"";
-    for (wchar_t& c : kind)
-        c = platform::upperCase(c);
-    return kind;
+    return type ? platform::upperCase(lisp_argument::text(*type)) : L"";
 }
 
 namespace {
@@ -61,46 +59,21 @@ void setBytes(ads_binary& to, const GroupPair& pair)
 }
 
 /// One item of a drawing file. Angles are degrees there.
+void setItem(resbuf& item, const GroupPair& pair)
+{
+    if (resbufKind(pair.code) == ResbufKind::bytes)
+        return setBytes(item.resval.rbinary, pair);
+    if (!setBuffer(item, pair.value))
+        lisp_argument::refuse(L"code de groupe:", LispValue(std::int32_t{pair.code}));
+    if (pair.code >= 50 && pair.code <= 58)
+        item.resval.rreal = dxfDegrees(item.resval.rreal);
+}
+
 ResbufChain bufferOf(const GroupPair& pair)
 {
-    ResbufChain buffer(acutNewRb(pair.code));
-    ads_u_val& to = buffer->resval;
-    switch (resbufKind(pair.code)) {
-    case ResbufKind::real:
-        to.rreal = number(pair.value);
-        if (pair.code >= 50 && pair.code <= 58)
-            to.rreal = dxfDegrees(to.rreal);
-        break;
-    case ResbufKind::point: {
-        const AcGePoint3d point = lisp_argument::point(pair.value);
-        to.rpoint[0] = point.x;
-        to.rpoint[1] = point.y;
-        to.rpoint[2] = point.z;
-        break;
-    }
-    case ResbufKind::int16:
-        to.rint = static_cast<short>(integer(pair.value));
-        break;
-    case ResbufKind::int32:
-        to.rlong = integer(pair.value);
-        break;
-    case ResbufKind::int64:
-        to.mnInt64 = integer(pair.value);
-        break;
-    case ResbufKind::name:
-        to.rlname[0] = objectArgument(pair.value).asOldId();
-        break;
-    case ResbufKind::text:
-        acutNewString(lisp_argument::text(pair.value).c_str(), to.rstring);
-        break;
-    case ResbufKind::bytes:
-        setBytes(to.rbinary, pair);
-        break;
-    case ResbufKind::none:
-    case ResbufKind::unknown:
-        lisp_argument::refuse(L"code de groupe:", LispValue(std::int32_t{pair.code}));
-    }
-    return buffer;
+    ResbufBuilder item;
+    setItem(item.add(pair.code), pair);
+    return item.take();
 }
 
 /// What the tables take up: not names, groups and extended data. References (330) that a class holds itself, as a hatch
@@ -219,17 +192,10 @@ bool emptyLists(const DxfClass& dxfClass, const std::vector<GroupPair>& pairs, A
 
 ResbufChain chainOfPairs(const std::vector<GroupPair>& pairs)
 {
-    ResbufChain chain;
-    resbuf* last = nullptr;
-    for (const GroupPair& pair : pairs) {
-        resbuf* const added = bufferOf(pair).release();
-        if (last)
-            last->rbnext = added;
-        else
-            chain.reset(added);
-        last = added;
-    }
-    return chain;
+    ResbufBuilder chain;
+    for (const GroupPair& pair : pairs)
+        setItem(chain.add(pair.code), pair);
+    return chain.take();
 }
 
 ResbufChain extendedDataOf(const std::vector<GroupPair>& pairs)

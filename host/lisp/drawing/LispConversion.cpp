@@ -2,24 +2,14 @@
 
 #include <limits>
 
+#include "lisp/drawing/RecordList.h"
+#include "lisp/drawing/ScreenValues.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
 #include "lisp/eval/LispNumber.h"
-#include "rx/ResbufKind.h"
+#include "rx/ResbufValue.h"
 
 namespace {
-
-LispName nameOf(LispName::Kind kind, const resbuf& buffer)
-{
-    return {kind, {buffer.resval.rlname[0], buffer.resval.rlname[1]}};
-}
-
-LispValue pointOf(const resbuf& buffer)
-{
-    const LispValue coordinates[] = {LispValue(buffer.resval.rpoint[0]), LispValue(buffer.resval.rpoint[1]),
-                                     LispValue(buffer.resval.rpoint[2])};
-    return listOf(std::span(coordinates).first(buffer.restype == RTPOINT ? 2 : 3));
-}
 
 /// Two hexadecimal digits a byte, as blocks of bytes are shown.
 std::wstring hexadecimal(const ads_binary& block)
@@ -33,6 +23,32 @@ std::wstring hexadecimal(const ads_binary& block)
     }
     return text;
 }
+
+/// The value of a buffer of that type.
+struct ValueOfBuffer {
+    LispContext& context;
+    int type;
+
+    LispValue operator()(double value) const { return LispValue(value); }
+    LispValue operator()(std::int64_t value) const { return lispInteger(value); }
+    LispValue operator()(std::wstring_view value) const { return LispValue(std::wstring(value)); }
+    LispValue operator()(std::span<const ads_real> point) const
+    {
+        return listOf(std::vector<LispValue>(point.begin(), point.end()));
+    }
+    LispValue operator()(ResbufName name) const
+    {
+        const auto kind = type == RTPICKS ? LispName::Kind::selection : LispName::Kind::entity;
+        return LispValue(LispName{kind, {name.words[0], name.words[1]}});
+    }
+    LispValue operator()(const ads_binary& block) const { return LispValue(hexadecimal(block)); }
+    LispValue operator()(std::monostate) const
+    {
+        if (type == RTT)
+            return context.truth(true);
+        return type == RTVOID ? LispValue(context.symbol(L"")) : LispValue();
+    }
+};
 
 /// A list that was begun, with what follows its dot.
 struct OpenList {
@@ -56,50 +72,38 @@ void LispChain::add(const LispValue& value)
     m_context.checkStack();
     if (!value.isPair())
         return addAtom(value);
-    addBuffer(RTLB);
+    m_chain.add(RTLB);
     const LispValue* rest = &value;
     for (; rest->isPair(); rest = &rest->cdr())
         add(rest->car());
     if (!rest->isNil()) {
-        addBuffer(RTDOTE);
+        m_chain.add(RTDOTE);
         addAtom(*rest);
     }
-    addBuffer(RTLE);
+    m_chain.add(RTLE);
 }
 
 void LispChain::addAtom(const LispValue& value)
 {
     if (value.isNil()) {
-        addBuffer(RTNIL);
+        m_chain.add(RTNIL);
     } else if (value.isInteger()) {
         const std::int32_t number = value.integer();
         if (static_cast<short>(number) == number)
-            addBuffer(RTSHORT).resval.rint = static_cast<short>(number);
+            m_chain.add(RTSHORT).resval.rint = static_cast<short>(number);
         else
-            addBuffer(RTLONG).resval.rlong = number;
+            m_chain.add(RTLONG).resval.rlong = number;
     } else if (value.isReal()) {
-        addBuffer(RTREAL).resval.rreal = value.real();
+        m_chain.add(RTREAL).resval.rreal = value.real();
     } else if (value.isText()) {
-        acutNewString(value.text().c_str(), addBuffer(RTSTR).resval.rstring);
+        m_chain.addText(RTSTR, value.text().c_str());
     } else if (const LispName* name = value.name()) {
-        resbuf& buffer = addBuffer(name->kind == LispName::Kind::entity ? RTENAME : RTPICKS);
-        buffer.resval.rlname[0] = name->words[0];
-        buffer.resval.rlname[1] = name->words[1];
+        m_chain.addName(name->kind == LispName::Kind::entity ? RTENAME : RTPICKS, name->words.data());
     } else if (value.isSame(m_context.truth(true))) {
-        addBuffer(RTT);
+        m_chain.add(RTT);
     } else {
         lisp_argument::refuse(L"nombre, texte, liste, point ou nom:", value);
     }
-}
-
-resbuf& LispChain::addBuffer(int type)
-{
-    resbuf* const buffer = acutNewRb(type);
-    if (m_last)
-        m_last->rbnext = buffer;
-    else
-        m_head.reset(buffer);
-    return *(m_last = buffer);
 }
 
 ResbufChain chainOf(LispContext& context, LispArguments arguments)
@@ -112,31 +116,7 @@ ResbufChain chainOf(LispContext& context, LispArguments arguments)
 
 LispValue valueOfBuffer(LispContext& context, const resbuf& buffer)
 {
-    switch (resbufKind(buffer.restype)) {
-    case ResbufKind::real:
-        return LispValue(buffer.resval.rreal);
-    case ResbufKind::point:
-        return pointOf(buffer);
-    case ResbufKind::int16:
-        return LispValue(std::int32_t{buffer.resval.rint});
-    case ResbufKind::int32:
-        return LispValue(std::int32_t{buffer.resval.rlong});
-    case ResbufKind::int64:
-        return lispInteger(buffer.resval.mnInt64);
-    case ResbufKind::text:
-        return LispValue(buffer.resval.rstring ? buffer.resval.rstring : L"");
-    case ResbufKind::name:
-        return LispValue(
-            nameOf(buffer.restype == RTPICKS ? LispName::Kind::selection : LispName::Kind::entity, buffer));
-    case ResbufKind::bytes:
-        return LispValue(hexadecimal(buffer.resval.rbinary));
-    case ResbufKind::none:
-    case ResbufKind::unknown:
-        break;
-    }
-    if (buffer.restype == RTT)
-        return context.truth(true);
-    return buffer.restype == RTVOID ? LispValue(context.symbol(L"")) : LispValue();
+    return visitValue(buffer, ValueOfBuffer{context, buffer.restype});
 }
 
 LispValue valueOfChain(LispContext& context, const resbuf* chain)
@@ -169,4 +149,37 @@ LispValue valueOfChain(LispContext& context, const resbuf* chain)
         value = listOf(open.back().items, open.back().tail);
     }
     return value;
+}
+
+bool setBuffer(resbuf& buffer, const LispValue& value)
+{
+    ads_u_val& to = buffer.resval;
+    switch (resbufKind(buffer.restype)) {
+    case ResbufKind::real:
+        to.rreal = lisp_argument::number(value);
+        return true;
+    case ResbufKind::point:
+        setPoint(value, to.rpoint);
+        return true;
+    case ResbufKind::int16:
+        to.rint = static_cast<short>(lisp_argument::integer(value));
+        return true;
+    case ResbufKind::int32:
+        to.rlong = lisp_argument::integer(value);
+        return true;
+    case ResbufKind::int64:
+        to.mnInt64 = lisp_argument::integer(value);
+        return true;
+    case ResbufKind::name:
+        to.rlname[0] = objectArgument(value).asOldId();
+        return true;
+    case ResbufKind::text:
+        acutNewString(lisp_argument::text(value).c_str(), to.rstring);
+        return true;
+    case ResbufKind::bytes:
+    case ResbufKind::none:
+    case ResbufKind::unknown:
+        break;
+    }
+    return false;
 }

@@ -14,15 +14,13 @@ public:
 
     /// @throws LispError for what has no result buffer: functions, files, symbols but T.
     void add(const LispValue& value);
-    resbuf& addBuffer(int type);
-    ResbufChain take() { return std::move(m_head); }
+    ResbufChain take() { return m_chain.take(); }
 
 private:
     void addAtom(const LispValue& value);
 
     LispContext& m_context;
-    ResbufChain m_head;
-    resbuf* m_last = nullptr;
+    ResbufBuilder m_chain;
 };
 
 /// A chain of the arguments of a call; null for none.
@@ -33,3 +31,7 @@ LispValue valueOfChain(LispContext& context, const resbuf* chain);
 
 /// What one buffer holds, whose type is an RT... code or a group code; nil for those that hold nothing.
 LispValue valueOfBuffer(LispContext& context, const resbuf& buffer);
+
+/// Writes a value into a buffer as its type asks; false for a type that holds nothing, or bytes.
+/// @throws LispError for a value that does not fit.
+bool setBuffer(resbuf& buffer, const LispValue& value);

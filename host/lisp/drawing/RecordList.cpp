@@ -34,7 +34,7 @@ ResbufChain tagsOf(AcDbObject& object)
         writer.writeComplete(*entity);
     else
         writer.write(object);
-    return ResbufChain(chainOfTags(database, bytes));
+    return chainOfTags(database, bytes);
 }
 
 /// The layout that shows an entity; what lies in a block counts as drawn in model space.

@@ -14,20 +14,11 @@
 
 namespace {
 
-struct MadeTable {
-    const wchar_t* kind;
-    AcDbObjectId (AcDbDatabase::*table)() const;
-};
-constexpr MadeTable kTables[] = {
-    {L"APPID", &AcDbDatabase::regAppTableId},    {L"DIMSTYLE", &AcDbDatabase::dimStyleTableId},
-    {L"LAYER", &AcDbDatabase::layerTableId},     {L"LTYPE", &AcDbDatabase::linetypeTableId},
-    {L"STYLE", &AcDbDatabase::textStyleTableId},
-};
-
-const MadeTable* tableOf(const std::wstring& kind)
+/// Blocks are made of entities, between BLOCK and ENDBLK.
+std::optional<NameKind> tableOf(const std::wstring& kind)
 {
-    const auto found = std::ranges::find_if(kTables, [&kind](const MadeTable& table) { return kind == table.kind; });
-    return found == std::end(kTables) ? nullptr : &*found;
+    const auto named = tableNamed(platform::utf8FromWide(kind));
+    return named == NameKind::block ? std::nullopt : named;
 }
 
 AcDbObjectId added(AcDbObjectId tableId, std::unique_ptr<AcDbSymbolTableRecord> record)
@@ -124,7 +115,7 @@ bool setXrecord(AcDbXrecord& record, const std::vector<GroupPair>& pairs)
 
 bool isTableRecord(const std::wstring& kind)
 {
-    return tableOf(kind) != nullptr;
+    return tableOf(kind).has_value();
 }
 
 AcDbObjectId madeRecord(const std::wstring& kind, const std::vector<GroupPair>& pairs)
@@ -138,7 +129,7 @@ AcDbObjectId madeRecord(const std::wstring& kind, const std::vector<GroupPair>& 
         return {};
     if (auto* const layer = AcDbLayerTableRecord::cast(record.get()); layer && !valueUnder(linetypeCode, pairs))
         layer->setLinetypeObjectId(currentDatabase().continuousLinetype());
-    return added((currentDatabase().*tableOf(kind)->table)(), std::move(record));
+    return added(AcDbObjectId(database.names(*tableOf(kind)).table), std::move(record));
 }
 
 bool registerApplication(const std::wstring& name)

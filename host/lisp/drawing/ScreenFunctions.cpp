@@ -60,22 +60,13 @@ LispValue drawVector(LispContext&, LispArguments arguments)
 /// Colours and points, as acedGrVecs takes them.
 ResbufChain vectorChain(const LispValue& list)
 {
-    ResbufChain chain;
-    resbuf* last = nullptr;
-    for (const LispValue& item : lisp_argument::items(list)) {
-        ResbufChain buffer(acutNewRb(item.isInteger() ? RTSHORT : RT3DPOINT));
+    ResbufBuilder chain;
+    for (const LispValue& item : lisp_argument::items(list))
         if (item.isInteger())
-            buffer->resval.rint = static_cast<short>(item.integer());
+            chain.add(RTSHORT).resval.rint = static_cast<short>(item.integer());
         else
-            setPoint(item, buffer->resval.rpoint);
-        resbuf* const added = buffer.release();
-        if (last)
-            last->rbnext = added;
-        else
-            chain.reset(added);
-        last = added;
-    }
-    return chain;
+            setPoint(item, chain.add(RT3DPOINT).resval.rpoint);
+    return chain.take();
 }
 
 LispValue drawVectors(LispContext&, LispArguments arguments)

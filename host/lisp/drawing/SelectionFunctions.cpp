@@ -1,6 +1,7 @@
 // Selection sets: ssget, ssadd, ssname...
 
 #include "lisp/drawing/DrawingBuiltins.h"
+#include "lisp/drawing/LispConversion.h"
 #include "lisp/drawing/RecordList.h"
 #include "lisp/drawing/ScreenValues.h"
 #include "lisp/eval/LispArgument.h"
@@ -45,62 +46,21 @@ public:
                 throw LispError(lisp_texts::badFilter);
             add(item.car().integer(), item.cdr());
         }
-        return std::move(m_chain);
+        return m_chain.take();
     }
 
 private:
-    resbuf& append(int code)
-    {
-        resbuf* const item = acutNewRb(code);
-        if (m_last)
-            m_last->rbnext = item;
-        else
-            m_chain.reset(item);
-        return *(m_last = item);
-    }
-
-    void addText(int code, const LispValue& value)
-    {
-        acutNewString(lisp_argument::text(value).c_str(), append(code).resval.rstring);
-    }
-
     void add(int code, const LispValue& value)
     {
-        if (code == kExtendedData) {
-            append(code);
+        resbuf& item = m_chain.add(code);
+        if (code == kExtendedData)
             for (const LispValue& application : lisp_argument::items(value))
-                addText(kApplication, application.isPair() ? application.car() : application);
-            return;
-        }
-        switch (resbufKind(code)) {
-        case ResbufKind::text:
-            addText(code, value);
-            break;
-        case ResbufKind::real:
-            append(code).resval.rreal = lisp_argument::number(value);
-            break;
-        case ResbufKind::int16:
-            append(code).resval.rint = static_cast<short>(lisp_argument::integer(value));
-            break;
-        case ResbufKind::int32:
-            append(code).resval.rlong = lisp_argument::integer(value);
-            break;
-        case ResbufKind::int64:
-            append(code).resval.mnInt64 = lisp_argument::integer(value);
-            break;
-        case ResbufKind::point:
-            setPoint(value, append(code).resval.rpoint);
-            break;
-        case ResbufKind::name:
-            append(code).resval.rlname[0] = objectArgument(value).asOldId();
-            break;
-        default:
+                setBuffer(m_chain.add(kApplication), application.isPair() ? application.car() : application);
+        else if (!setBuffer(item, value))
             throw LispError(lisp_texts::badFilter);
-        }
     }
 
-    ResbufChain m_chain;
-    resbuf* m_last = nullptr;
+    ResbufBuilder m_chain;
 };
 
 bool isPoint(const LispValue& value)
@@ -114,19 +74,10 @@ bool isPoint(const LispValue& value)
 
 ResbufChain pointChain(const LispValue& list)
 {
-    ResbufChain chain;
-    resbuf* last = nullptr;
-    for (const LispValue& item : lisp_argument::items(list)) {
-        ResbufChain point(acutNewRb(RT3DPOINT));
-        setPoint(item, point->resval.rpoint);
-        resbuf* const added = point.release();
-        if (last)
-            last->rbnext = added;
-        else
-            chain.reset(added);
-        last = added;
-    }
-    return chain;
+    ResbufBuilder chain;
+    for (const LispValue& item : lisp_argument::items(list))
+        setPoint(item, chain.add(RT3DPOINT).resval.rpoint);
+    return chain.take();
 }
 
 /// (ssget [how] [point [point]] [points] [prompts] [filter])

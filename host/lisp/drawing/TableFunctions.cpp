@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "db/DatabaseImpl.h"
 #include "db/Record.h"
 #include "lisp/drawing/DrawingBuiltins.h"
 #include "lisp/drawing/DrawingWalks.h"
@@ -8,6 +9,7 @@
 #include "lisp/drawing/RecordMaking.h"
 #include "lisp/eval/LispArgument.h"
 #include "lisp/eval/LispContext.h"
+#include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 
 #include "dbsymtb.h"
@@ -16,23 +18,20 @@ namespace {
 
 using lisp_argument::text;
 
-struct TableName {
-    const wchar_t* name;
-    AcDbObjectId (AcDbDatabase::*table)() const;
-};
-constexpr TableName kTables[] = {
-    {L"APPID", &AcDbDatabase::regAppTableId},      {L"BLOCK", &AcDbDatabase::blockTableId},
-    {L"DIMSTYLE", &AcDbDatabase::dimStyleTableId}, {L"LAYER", &AcDbDatabase::layerTableId},
-    {L"LTYPE", &AcDbDatabase::linetypeTableId},    {L"STYLE", &AcDbDatabase::textStyleTableId},
-};
+/// Programs say BLOCK where files have BLOCK_RECORD.
+std::wstring programsName(NameKind table)
+{
+    return table == NameKind::block ? L"BLOCK" : platform::wideFromUtf8(tableName(table));
+}
+
 /// Tables of drawings that no command here fills: programs find nothing in them.
 constexpr const wchar_t* kEmptyTables[] = {L"UCS", L"VIEW", L"VPORT"};
 
 AcDbObjectId tableArgument(const LispValue& value)
 {
-    for (const TableName& table : kTables)
-        if (platform::equalNoCase(table.name, text(value)))
-            return (currentDatabase().*table.table)();
+    for (const NameKind table : nameKinds)
+        if (platform::equalNoCase(programsName(table), text(value)))
+            return AcDbObjectId(currentDatabase().impl().names(table).table);
     for (const wchar_t* const name : kEmptyTables)
         if (platform::equalNoCase(name, text(value)))
             return {};

@@ -12,17 +12,6 @@
 #include "platform/StackBounds.h"
 #include "rx/ExceptionText.h"
 
-namespace {
-
-std::wstring upperCase(std::wstring_view text)
-{
-    std::wstring upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(), [](wchar_t c) { return platform::upperCase(c); });
-    return upper;
-}
-
-} // namespace
-
 LispValue LispHost::callFunction(LispContext&, const std::wstring& name, LispArguments)
 {
     throw LispError(lisp_texts::noFunction + name);
@@ -57,23 +46,13 @@ void LispContext::define(std::span<const LispBuiltin> rows)
 
 LispSymbol& LispContext::symbol(std::wstring_view name)
 {
-    std::wstring upper = upperCase(name);
+    std::wstring upper = platform::upperCase(name);
     std::unique_ptr<LispSymbol>& place = m_symbols[upper];
     if (!place) {
         place = std::make_unique<LispSymbol>();
         place->name = std::move(upper);
     }
     return *place;
-}
-
-std::vector<std::wstring> LispContext::functionNames() const
-{
-    std::vector<std::wstring> names;
-    for (const auto& [name, symbol] : m_symbols)
-        if (symbol->value.builtin() || symbol->value.specialForm() || symbol->value.lambda())
-            names.push_back(name);
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 void LispContext::assign(LispSymbol& symbol, LispValue value)

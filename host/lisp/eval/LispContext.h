@@ -52,8 +52,6 @@ public:
     LispSymbol& symbol(std::wstring_view name);
     /// T or nil.
     LispValue truth(bool value) { return value ? m_true->value : LispValue(); }
-    /// Names with a function as their value, in alphabetical order.
-    std::vector<std::wstring> functionNames() const;
 
     /// Evaluates the expressions of a text and gives the value of the last one. Never throws a LispError.
     LispOutcome run(std::wstring_view text);

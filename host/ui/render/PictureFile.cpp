@@ -75,11 +75,6 @@ const Form* formOf(const QString& extension)
 
 } // namespace
 
-bool PictureFile::isForm(const QString& extension)
-{
-    return formOf(extension) != nullptr;
-}
-
 bool PictureFile::isVector() const
 {
     const Form* form = formOf(QFileInfo(name).suffix());

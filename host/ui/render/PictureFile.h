@@ -16,8 +16,6 @@ struct PictureFile {
     /// @return what went wrong, in French; empty when all went well
     QString write(const std::function<void(QPainter&)>& paint) const;
 
-    /// Whether an extension stands for a form; case does not count.
-    static bool isForm(const QString& extension);
     /// Whether its form keeps lines as lines: dots may then be finer than any screen's.
     bool isVector() const;
 };

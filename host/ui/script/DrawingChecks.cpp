@@ -2,7 +2,6 @@
 
 #include <array>
 #include <memory>
-#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -100,10 +99,7 @@ std::optional<QString> ofFile(const QString& subject, const QString& folder)
     const QString path = scriptPath(name, folder, true);
     if (word == u"existe")
         return QFileInfo::exists(path) ? QStringLiteral("oui") : QStringLiteral("non");
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw ScriptError(QStringLiteral("%1 : lecture impossible du fichier.").arg(path));
-    return scriptText(file.readAll());
+    return scriptText(contentOfFile(path));
 }
 
 } // namespace

@@ -49,6 +49,13 @@ void leave(QWidget* field)
     QCoreApplication::sendEvent(field, &left);
 }
 
+template <typename Field>
+void refuseReadOnly(const Field& field)
+{
+    if (field.isReadOnly())
+        throw ScriptError(QStringLiteral("le champ ne se modifie pas."));
+}
+
 void type(QLineEdit& edit, const QString& value)
 {
     edit.setFocus(Qt::TabFocusReason);
@@ -59,8 +66,7 @@ void type(QLineEdit& edit, const QString& value)
 
 void set(QLineEdit& edit, const QString& value)
 {
-    if (edit.isReadOnly())
-        throw ScriptError(QStringLiteral("le champ ne se modifie pas."));
+    refuseReadOnly(edit);
     const QPointer<QLineEdit> alive(&edit);
     type(edit, value);
     const QString text = edit.text();
@@ -72,8 +78,7 @@ void set(QLineEdit& edit, const QString& value)
 template <typename TextEdit>
 void setText(TextEdit& edit, const QString& value)
 {
-    if (edit.isReadOnly())
-        throw ScriptError(QStringLiteral("le champ ne se modifie pas."));
+    refuseReadOnly(edit);
     edit.setFocus(Qt::TabFocusReason);
     edit.selectAll();
     edit.insertPlainText(value);
@@ -98,8 +103,7 @@ bool sameText(const QString& shown, const QString& value)
 
 void set(QAbstractSpinBox& spin, const QString& value)
 {
-    if (spin.isReadOnly())
-        throw ScriptError(QStringLiteral("le champ ne se modifie pas."));
+    refuseReadOnly(spin);
     auto* const edit = spin.findChild<QLineEdit*>();
     const QPointer<QAbstractSpinBox> alive(&spin);
     type(*edit, value);

@@ -1,6 +1,5 @@
 #include "ui/script/ScriptReader.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include "ui/script/ScriptError.h"
@@ -29,10 +28,7 @@ void ScriptReader::open(const QString& path)
     constexpr std::size_t deepest = 100;
     if (m_files.size() >= deepest)
         throw ScriptError(QStringLiteral("plus de %1 scripts s'appellent l'un l'autre.").arg(deepest));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || QFileInfo(path).isDir())
-        throw ScriptError(QStringLiteral("%1 : lecture impossible du fichier.").arg(path));
-    m_files.push_back({path, scriptLines(file.readAll()), 0, std::nullopt});
+    m_files.push_back({path, scriptLines(contentOfFile(path)), 0, std::nullopt});
 }
 
 std::size_t ScriptReader::top() const

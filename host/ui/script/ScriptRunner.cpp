@@ -5,7 +5,7 @@
 #include <QPointer>
 
 #include "commands/CommandHooks.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "ed/input/CommandLine.h"
 #include "ed/input/EditorInput.h"
 #include "rx/ExceptionText.h"

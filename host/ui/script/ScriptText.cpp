@@ -1,10 +1,12 @@
 #include "ui/script/ScriptText.h"
 
-#include <QStringDecoder>
+#include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 #include "ed/input/CommandLine.h"
 #include "platform/CodePage.h"
+#include "ui/script/ScriptError.h"
 
 namespace {
 
@@ -32,9 +34,15 @@ bool beginsExpression(const QString& line)
 
 QString scriptText(const QByteArray& content)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(content); // without the mark at its start
-    return utf8.hasError() ? QString::fromStdWString(platform::wideFromAnsi(content.toStdString())) : text;
+    return QString::fromStdWString(platform::wideFromFile(content.toStdString()));
+}
+
+QByteArray contentOfFile(const QString& path)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
+        throw ScriptError(QStringLiteral("%1 : lecture impossible du fichier.").arg(path));
+    return file.readAll();
 }
 
 qsizetype expressionEnd(const QString& text)

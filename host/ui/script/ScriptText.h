@@ -16,6 +16,8 @@ struct ScriptLine {
 std::vector<ScriptLine> scriptLines(const QByteArray& content);
 /// The text of such a file.
 QString scriptText(const QByteArray& content);
+/// What a file holds. @throws ScriptError when it cannot be read.
+QByteArray contentOfFile(const QString& path);
 
 /// Where the expression that begins a text ends: behind its last parenthesis; -1 when it is not closed.
 qsizetype expressionEnd(const QString& text);

@@ -1,7 +1,7 @@
 #include "ui/window/Autosave.h"
 
 #include "ap/DocumentList.h"
-#include "db/Opening.h"
+#include "db/ObjectOpening.h"
 #include "ed/DrawingChanges.h"
 #include "rx/Console.h"
 #include "ui/window/RecoveryFolder.h"

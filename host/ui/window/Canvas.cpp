@@ -9,6 +9,7 @@
 #include "ap/DocumentList.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
+#include "ed/input/SnapWords.h"
 #include "ed/input/ViewHistory.h"
 #include "ed/select/PickEffect.h"
 #include "ed/select/SelectionSets.h"
@@ -27,7 +28,6 @@ constexpr double extentsMargin = 0.04; // of the canvas
 constexpr double snapAperture = 12.0;  // pixels
 constexpr double dragStart = 5.0;      // pixels that tell a drag from a click
 constexpr double highlightWidth = 2.0; // pixels: seen beside the thin lines that it lies on
-constexpr int snapsOff = 16384;        // bit of OSMODE
 
 QColor groundOf(bool dark)
 {
@@ -339,7 +339,7 @@ std::optional<SnapPoint> Canvas::snap(const AcGePoint3d& at) const
 {
     const InputRequest& request = *m_input.request();
     const int modes = request.snapModes ? request.snapModes : integerVariable(L"OSMODE");
-    if (modes == 0 || (modes & snapsOff) != 0)
+    if (modes == 0 || (modes & kNoSnap) != 0)
         return std::nullopt;
     return snapAt(*scene(), {at.x, at.y}, snapAperture * view().pixel, static_cast<unsigned>(modes),
                   request.base ? &*request.base : nullptr);

@@ -1,36 +1,11 @@
 #include "ui/window/ColorDialog.h"
 
-#include <array>
 #include <QGridLayout>
 #include <QPushButton>
 #include <QToolButton>
 
+#include "db/Colors.h"
 #include "gi/AciPalette.h"
-
-namespace {
-
-constexpr int byBlock = 0, byLayer = 256;
-constexpr std::array names{"DuBloc", "rouge", "jaune", "vert", "cyan", "bleu", "magenta", "blanc"};
-
-} // namespace
-
-QString colorName(int color)
-{
-    if (color == byLayer)
-        return QStringLiteral("DuCalque");
-    if (color >= 0 && color < static_cast<int>(names.size()))
-        return QString::fromLatin1(names[static_cast<std::size_t>(color)]);
-    return QString::number(color);
-}
-
-std::optional<int> colorNamed(const QString& name)
-{
-    const QString wanted = name.trimmed();
-    for (int color = byBlock; color <= byLayer; ++color)
-        if (wanted.compare(colorName(color), Qt::CaseInsensitive) == 0 || wanted == QString::number(color))
-            return color;
-    return std::nullopt;
-}
 
 ColorDialog::ColorDialog(int color, bool byOthers, QWidget* parent) : QDialog(parent), m_color(color)
 {
@@ -42,8 +17,8 @@ ColorDialog::ColorDialog(int color, bool byOthers, QWidget* parent) : QDialog(pa
     all->addWidget(swatches(250, 6, 6));
     auto* const buttons = new QHBoxLayout;
     if (byOthers)
-        for (const int other : {byLayer, byBlock}) {
-            auto* const button = new QPushButton(colorName(other));
+        for (const int other : {colorByLayer, colorByBlock}) {
+            auto* const button = new QPushButton(QString::fromStdWString(colorName(other)));
             connect(button, &QPushButton::clicked, this, [this, other] { choose(other); });
             buttons->addWidget(button);
         }
@@ -67,7 +42,7 @@ QWidget* ColorDialog::swatches(int first, int count, int columns)
         auto* const button = new QToolButton;
         button->setObjectName(QStringLiteral("couleur%1").arg(index));
         button->setFixedSize(18, 18);
-        button->setToolTip(colorName(index));
+        button->setToolTip(QString::fromStdWString(colorName(index)));
         const QString rgb = QStringLiteral("#%1").arg(aciColor(index), 6, 16, QLatin1Char('0'));
         const QString border =
             index == m_color ? QStringLiteral("2px solid #3584e4") : QStringLiteral("1px solid #777");

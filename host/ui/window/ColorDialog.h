@@ -20,8 +20,3 @@ private:
 
     int m_color;
 };
-
-/// "rouge", "DuCalque", "134".
-QString colorName(int color);
-/// The index that such a name means.
-std::optional<int> colorNamed(const QString& name);

@@ -1,10 +1,9 @@
 #include "ui/window/EntityProperties.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
-#include "ui/window/ColorDialog.h"
+#include "db/Colors.h"
 #include "ui/window/DrawingEdit.h"
 #include "ui/window/PropertyRows.h"
 
@@ -14,33 +13,6 @@
 #include "dbsymtb.h"
 
 namespace {
-
-struct KindRow {
-    const wchar_t* className;
-    const char* name;
-};
-constexpr std::array kindNames{
-    KindRow{L"AcDbPoint", "Point"},
-    KindRow{L"AcDbLine", "Ligne"},
-    KindRow{L"AcDbCircle", "Cercle"},
-    KindRow{L"AcDbArc", "Arc"},
-    KindRow{L"AcDbEllipse", "Ellipse"},
-    KindRow{L"AcDbPolyline", "Polyligne"},
-    KindRow{L"AcDb2dPolyline", "Polyligne 2D"},
-    KindRow{L"AcDb3dPolyline", "Polyligne 3D"},
-    KindRow{L"AcDbSpline", "Spline"},
-    KindRow{L"AcDbText", "Texte"},
-    KindRow{L"AcDbMText", "Texte multiligne"},
-    KindRow{L"AcDbBlockReference", "Référence de bloc"},
-    KindRow{L"AcDbMInsertBlock", "Réseau de blocs"},
-    KindRow{L"AcDbAttributeDefinition", "Définition d'attribut"},
-    KindRow{L"AcDbFace", "Face 3D"},
-    KindRow{L"AcDbSolid", "Solide"},
-    KindRow{L"AcDbTrace", "Trace"},
-    KindRow{L"AcDbPolygonMesh", "Maillage"},
-    KindRow{L"AcDbPolyFaceMesh", "Maillage à faces"},
-    KindRow{L"AcDbHatch", "Hachures"},
-};
 
 /// What a row says of all entities; nothing when one of them lacks it.
 std::optional<EntityProperty> gathered(const PropertyRow& row, const std::vector<AcDbObjectId>& entities)
@@ -131,16 +103,6 @@ QStringList namesIn(AcDbObjectId table)
 
 } // namespace
 
-QString kindName(const AcDbEntity& entity)
-{
-    const std::wstring className = entity.isA()->name();
-    const auto row = std::ranges::find_if(kindNames, [&](const KindRow& r) { return className == r.className; });
-    if (row != kindNames.end())
-        return QString::fromUtf8(row->name);
-    return className.find(L"Dimension") != std::wstring::npos ? QStringLiteral("Cote")
-                                                              : QString::fromStdWString(className);
-}
-
 std::vector<EntityProperty> propertiesOf(const std::vector<AcDbObjectId>& entities)
 {
     std::vector<EntityProperty> properties;
@@ -179,9 +141,7 @@ QStringList choicesOf(EntityProperty::Kind kind, AcDbDatabase& database)
     }
     if (kind != Kind::color)
         return names;
-    constexpr int named = 7, byLayer = 256, byBlock = 0;
-    names = {colorName(byLayer), colorName(byBlock)};
-    for (int color = 1; color <= named; ++color)
-        names.append(colorName(color));
+    for (const int color : {+colorByLayer, +colorByBlock, 1, 2, 3, 4, 5, 6, +contrastingColor})
+        names.append(QString::fromStdWString(colorName(color)));
     return names;
 }

@@ -26,8 +26,6 @@ struct EntityProperty {
 
 /// What the entities have in common; attributes when there is but one block reference.
 std::vector<EntityProperty> propertiesOf(const std::vector<AcDbObjectId>& entities);
-/// French name of a kind of entity: "Ligne".
-QString kindName(const AcDbEntity& entity);
 /// Changes the property of all of its entities, in one step for U. @return what was refused, in French; empty when
 /// nothing was.
 QString setProperty(Document& document, const EntityProperty& property, const QString& value);

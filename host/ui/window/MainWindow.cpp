@@ -20,6 +20,7 @@
 #include "ed/input/CurrentView.h"
 #include "ed/input/EditorInput.h"
 #include "ed/input/PickFirst.h"
+#include "ed/input/SnapWords.h"
 #include "ed/input/Transients.h"
 #include "ed/SystemVariables.h"
 #include "lisp/LispHooks.h"
@@ -45,7 +46,6 @@ namespace {
 
 constexpr int placesVersion = 1; // of what saveState writes
 constexpr int autosaveMinutes = 3;
-constexpr int snapsOff = 16384; // bit of OSMODE
 
 std::unique_ptr<RecoveryFolder> sessionFolder()
 {
@@ -258,7 +258,7 @@ void MainWindow::registerOrders()
         {":zoomArriere", [this] { m_canvas->zoom(0.5, m_canvas->rect().center()); }},
         {":fondSombre", [this] { setDarkGround(!m_canvas->hasDarkGround()); }},
         {":historique", [this] { m_commands->setHistoryVisible(m_commands->isHistoryHidden()); }},
-        {":accrochage", [this] { toggleSetting(L"OSMODE", snapsOff); }},
+        {":accrochage", [this] { toggleSetting(L"OSMODE", kNoSnap); }},
         {":ortho", [this] { toggleSetting(L"ORTHOMODE", 1); }},
     };
 }
@@ -366,6 +366,7 @@ void MainWindow::followDrawing()
     m_layers->refresh();
     m_properties->refresh();
     m_points->refresh();
+    m_menus->refresh();
     followSwitches();
     Document* const document = DocumentList::instance().current();
     if (document)
@@ -377,7 +378,7 @@ void MainWindow::followDrawing()
 void MainWindow::followSwitches()
 {
     const int snaps = settingOf(L"OSMODE");
-    m_menus->action(":accrochage")->setChecked((snaps & snapsOff) == 0 && snaps != 0);
+    m_menus->action(":accrochage")->setChecked((snaps & kNoSnap) == 0 && snaps != 0);
     m_menus->action(":ortho")->setChecked(settingOf(L"ORTHOMODE") != 0);
     m_menus->action(":historique")->setChecked(!m_commands->isHistoryHidden());
 }

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "ap/Document.h"
+#include "db/entities/KindNames.h"
 #include "ed/input/PickFirst.h"
 
 namespace {
@@ -115,7 +116,7 @@ QString PropertyPanel::summary(const std::vector<AcDbObjectId>& selected)
     std::map<QString, int> kinds;
     for (const AcDbObjectId id : selected)
         if (const AcDbObjectPointer<AcDbEntity> entity(id); entity.openStatus() == Acad::eOk)
-            ++kinds[kindName(*entity.object())];
+            ++kinds[QString::fromStdWString(kindName(*entity.object()))];
     QStringList texts;
     for (const auto& [kind, count] : kinds)
         texts.append(selected.size() == 1 ? kind : QStringLiteral("%1 : %2").arg(kind).arg(count));

@@ -1,9 +1,9 @@
 #include "ui/window/PropertyRows.h"
 
 #include <cmath>
-#include <numbers>
 
-#include "ui/window/ColorDialog.h"
+#include "db/Colors.h"
+#include "ge/Angles.h"
 
 #include "acutmem.h"
 #include "dbents.h"
@@ -38,8 +38,6 @@ Acad::ErrorStatus readNumber(const QString& text, double& value)
 
 namespace {
 
-constexpr double degree = std::numbers::pi / 180.0;
-
 /// Takes over a text that the interface gives away.
 QString taken(ACHAR* text)
 {
@@ -55,7 +53,7 @@ QString length(double value)
 
 QString angle(double radians)
 {
-    return numberText(radians / degree);
+    return numberText(radians / oneDegree);
 }
 
 QString symbolName(AcDbObjectId record)
@@ -104,7 +102,7 @@ Acad::ErrorStatus writeAngle(AcDbEntity& entity, const QString& text)
 {
     double value = 0.0;
     const Acad::ErrorStatus status = readNumber(text, value);
-    return status == Acad::eOk ? (static_cast<Entity&>(entity).*Set)(value * degree) : status;
+    return status == Acad::eOk ? (static_cast<Entity&>(entity).*Set)(value * oneDegree) : status;
 }
 
 template <class Entity, AcGePoint3d (Entity::*Get)() const, double AcGePoint3d::*Axis>
@@ -148,12 +146,12 @@ constexpr std::pair<QLatin1String, QLatin1String> linetypesOfOthers[] = {
 
 QString readColor(const AcDbEntity& entity)
 {
-    return colorName(entity.colorIndex());
+    return QString::fromStdWString(colorName(entity.colorIndex()));
 }
 Acad::ErrorStatus writeColor(AcDbEntity& entity, const QString& name)
 {
-    const auto color = colorNamed(name);
-    return color ? entity.setColorIndex(static_cast<Adesk::UInt16>(*color)) : Acad::eInvalidInput;
+    const auto color = colorNamed(name.trimmed().toStdWString());
+    return color ? entity.setColorIndex(*color) : Acad::eInvalidInput;
 }
 
 QString readLinetype(const AcDbEntity& entity)

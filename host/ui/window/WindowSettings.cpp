@@ -56,11 +56,6 @@ int number(const wchar_t* name, int otherwise)
     return found ? static_cast<int>(*found) : otherwise;
 }
 
-void setNumber(const wchar_t* name, int value)
-{
-    set(name, static_cast<std::uint32_t>(value));
-}
-
 QByteArray bytes(const wchar_t* name)
 {
     return QByteArray::fromBase64(text(name).toLatin1());

@@ -10,7 +10,6 @@ namespace windowSettings {
 QString text(const wchar_t* name, const QString& otherwise = {});
 void setText(const wchar_t* name, const QString& value);
 int number(const wchar_t* name, int otherwise);
-void setNumber(const wchar_t* name, int value);
 /// Places of windows and panels, as Qt writes them.
 QByteArray bytes(const wchar_t* name);
 void setBytes(const wchar_t* name, const QByteArray& value);

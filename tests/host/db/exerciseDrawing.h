@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "db/DatabaseImpl.h"
-#include "db/Opening.h"
-#include "db/SavePlan.h"
+#include "db/ObjectOpening.h"
 #include "gi/GraphicsSink.h"
 #include "gi/ObjectSnap.h"
 #include "gi/Picking.h"
@@ -17,18 +16,10 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "Drawing.h"
 
 /// Does to a drawing what programs do: whatever it holds, nothing crashes, hangs or stays open, and what is saved can
 /// be read again.
-
-inline std::string savedBytes(AcDbDatabase& database)
-{
-    std::string bytes;
-    const SavePlan plan(database.impl());
-    for (const std::string_view piece : plan.pieces())
-        bytes += piece;
-    return bytes;
-}
 
 inline void lookAt(AcDbObject& object)
 {
@@ -119,7 +110,7 @@ inline void exercise(AcDbDatabase& database)
     lookAt(scene);
     // Where handles were made anew, $HANDSEED goes on rising.
     const bool back = !impl.file().problems().empty() || savedBytes(database) == before;
-    if (!back || Opening::openCount() != 0)
+    if (!back || ObjectOpening::openCount() != 0)
         std::abort();
 }
 
@@ -133,5 +124,5 @@ inline void exerciseDrawing(const std::string& bytes)
     } catch (const DxfError&) {
         // refused with a message: a legitimate end
     }
-    Opening::closeAll();
+    ObjectOpening::closeAll();
 }

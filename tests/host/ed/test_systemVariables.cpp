@@ -17,14 +17,14 @@ using Answer = SystemVariables::Answer;
 /// Keeps CLAYER only, and refuses a layer that is not there.
 class LayerOfDrawing : public DrawingVariables {
 public:
-    std::optional<VariableValue> value(const AcDbDatabase&, std::wstring_view name) override
+    std::optional<VariableValue> value(const AcDbDatabase&, const DrawingVariable& variable) override
     {
-        return name == L"CLAYER" ? std::optional<VariableValue>(layer) : std::nullopt;
+        return variable.kept == DrawingValue::layer ? std::optional<VariableValue>(layer) : std::nullopt;
     }
-    bool setValue(AcDbDatabase&, std::wstring_view name, const VariableValue& value) override
+    bool setValue(AcDbDatabase&, const DrawingVariable& variable, const VariableValue& value) override
     {
         const auto wanted = std::get<std::wstring>(value);
-        if (name != L"CLAYER" || wanted == L"absent")
+        if (variable.kept != DrawingValue::layer || wanted == L"absent")
             return false;
         layer = wanted;
         return true;

@@ -11,6 +11,7 @@
 #include "ed/input/SnapWords.h"
 #include "ed/input/TypedPoint.h"
 #include "ed/select/EntitySearch.h"
+#include "ge/Angles.h"
 #include "platform/CodePage.h"
 #include "rx/ResbufChain.h"
 #include "rx/ResbufKind.h"
@@ -34,7 +35,7 @@ void readTyped(const std::wstring& typed, const std::wstring& list)
     for (int unit = 0; unit <= 4; ++unit)
         if (const auto angle = typedAngle(typed, unit)) {
             require(std::isfinite(*angle));
-            require(withinTurn(*angle) >= 0.0 && withinTurn(*angle) < 6.2832);
+            require(inOneTurn(*angle) >= 0.0 && inOneTurn(*angle) < 6.2832);
         }
     if (const auto number = typedNumber(typed))
         require(typedNumber(fullNumberText(*number)) == *number);

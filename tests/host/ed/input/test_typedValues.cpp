@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "ed/input/TypedPoint.h"
+#include "ge/Angles.h"
 #include "rx/TypedAngle.h"
 #include "rx/TypedNumber.h"
 
@@ -88,7 +89,7 @@ TEST(AngleUnits, turnByBaseAndDirection)
         EXPECT_NEAR(*compass.fromBase(row.typed) * 180.0 / pi, row.fromBase, 1e-9);
         EXPECT_NEAR(*compass.fromEast(row.typed) * 180.0 / pi, row.fromEast, 1e-9);
     }
-    EXPECT_EQ(withinTurn(-1e-20), 0.0) << "never a whole turn";
+    EXPECT_EQ(inOneTurn(-1e-20), 0.0) << "never a whole turn";
 }
 
 struct PointRow {

@@ -1,0 +1,1 @@
+// The object of a target that exists for its precompiled header.
