@@ -103,6 +103,8 @@ public:
     bool isIndispensable(const AcDbObject& object);
     /// Whether a record of a symbol table has a name that another one has too.
     bool isNameTaken(const AcDbObject& object);
+    /// Whether it is an entity that the user locked against changes, with its layer.
+    bool isOnLockedLayer(const AcDbObject& object);
     /// What is erased with an object.
     AcDbObjectIdArray ownedBy(const AcDbObject& object);
     /// Sub-entities of an entity, its SEQEND left out; with `seqEnd` that one alone, null when there is none.

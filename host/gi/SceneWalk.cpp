@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::size_t deepest = 32;
+constexpr std::size_t deepest = 100; // blocks within blocks; more would be no drawing, and much of the stack
 constexpr long mostWithinBlocks = 4000000;
 constexpr double mostCells = 250000; // of rows and columns, in one view
 
@@ -186,7 +186,7 @@ void SceneWalk::showPrimitive(const Primitive& primitive, const Placement& place
 void SceneWalk::showBlocks(const BlockUse& use, const Placement& place, const Resolved& resolved)
 {
     const BlockGraphics::Block& block = m_blocks.of(use.block);
-    if (block.box.isEmpty() || m_entered.size() >= deepest || std::ranges::find(m_entered, &block) != m_entered.end())
+    if (block.box.isEmpty() || std::ranges::find(m_entered, &block) != m_entered.end())
         return;
     const Placement first = place.then(use.toOwner);
     const Box2d cell = boxIn(block.box, first);
@@ -249,7 +249,7 @@ void SceneWalk::showCell(const BlockGraphics::Block& block, const Placement& pla
         const AcGePoint2d center = box.center();
         return shrunk(AcGePoint3d(center.x, center.y, 0.0), resolved.pen);
     }
-    if (m_left < 0) {
+    if (m_left < 0 || m_entered.size() >= deepest) {
         if (isSpent())
             return;
         --m_left;

@@ -10,6 +10,7 @@
 #include "services/argumentsLisp.h"
 #include "services/blocFichier.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
 #include "services/etendueVue.h"
 #include "services/listeLisp.h"
 
@@ -86,15 +87,20 @@ int lispResetcodespts()
     if (!table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0;
+    int changes = 0, verrouilles = 0;
     for (int i = 0; i < table->nbPoint(); ++i) {
         pointDuDessin& point = *table->getData(i);
         if (point.getCode() == code)
             continue;
+        if (estVerrouille(point.getId())) {
+            ++verrouilles;
+            continue;
+        }
         point.setCode(code);
         conformerSymbole(point.getId(), code, codificationDuModule());
         ++changes;
     }
+    signalerVerrouilles(verrouilles);
     return acedRetInt(changes);
 }
 
@@ -116,11 +122,18 @@ int lispChgreppts()
         return rendreNil();
     codificationDuModule().getCodif(code).chemin = *complet;
     codificationDuModule().sauver();
-    int changes = 0;
+    int changes = 0, verrouilles = 0;
     const listePointsDuDessin& points = *table;
-    for (int i = 0; i < points.nbPoint(); ++i)
-        if (points.getData(i)->getCode() == code && changerBlocSymbole(points.getData(i)->getId(), bloc))
+    for (int i = 0; i < points.nbPoint(); ++i) {
+        const pointDuDessin& point = *points.getData(i);
+        if (point.getCode() != code)
+            continue;
+        if (estVerrouille(point.getId()))
+            ++verrouilles;
+        else if (changerBlocSymbole(point.getId(), bloc))
             ++changes;
+    }
+    signalerVerrouilles(verrouilles);
     return acedRetInt(changes);
 }
 

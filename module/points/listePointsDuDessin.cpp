@@ -9,6 +9,7 @@
 #include "points/entiteDuPoint.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
+#include "services/calqueVerrouille.h"
 #include "services/lettres.h"
 
 namespace {
@@ -113,6 +114,8 @@ void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
     int position = -1;
     if (!existPoint(nom, position))
         return;
+    if (estVerrouille(points[position].getId())) // a symbol without its point would mislead
+        return signalerVerrouilles(1);
     effacerEntite(points[position].getId());
     retirer(position);
     if (position != nbPoint())

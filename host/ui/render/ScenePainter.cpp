@@ -8,7 +8,7 @@
 #include <QPainterPath>
 
 #include "gi/Scene.h"
-#include "gi/TextMetrics.h"
+#include "text/TextMetrics.h"
 #include "ui/render/GlyphShapes.h"
 
 namespace {
