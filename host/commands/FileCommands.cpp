@@ -83,9 +83,13 @@ Document& current()
 
 void saveTo(const std::wstring& path)
 {
+    const auto& problems = current().database()->impl().problems();
+    const std::size_t known = problems.size();
     if (const auto failure = DocumentList::instance().saveAs(current(), path))
         throw CommandFailed(*failure);
     say(L"Dessin enregistré : " + std::wstring(current().fileName()));
+    for (std::size_t i = known; i < problems.size(); ++i)
+        say(platform::wideFromUtf8(problems[i]));
 }
 
 std::wstring openable(const std::wstring& typed)
