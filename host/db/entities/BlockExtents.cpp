@@ -23,10 +23,18 @@ bool keepsAxes(const AcGeMatrix3d& matrix)
     return true;
 }
 
+bool contains(const AcDbExtents& outer, const AcDbExtents& inner)
+{
+    const AcGePoint3d a = outer.minPoint(), b = outer.maxPoint(), c = inner.minPoint(), d = inner.maxPoint();
+    return a.x <= c.x && a.y <= c.y && a.z <= c.z && d.x <= b.x && d.y <= b.y && d.z <= b.z;
+}
+
 } // namespace
 
 void BlockExtents::add(const AcDbBlockReference& reference, const AcGeMatrix3d& matrix, AcDbExtents& extents)
 {
+    if (m_entered.empty())
+        m_left = mostWalked;
     AcDbStub* block = reference.blockTableRecord().stub();
     if (block) {
         // Of rows and columns, those at the corners reach furthest.
@@ -50,12 +58,13 @@ void BlockExtents::addBlock(AcDbStub* block, const AcGeMatrix3d& matrix, AcDbExt
 {
     if (std::ranges::find(m_entered, block) != m_entered.end())
         return;
-    if (keepsAxes(matrix) || m_left <= 0) {
-        AcDbExtents box = ownBox(block);
-        box.transformBy(matrix);
-        extents.addExt(box);
+    AcDbExtents box = ownBox(block);
+    if (box.isEmpty())
         return;
-    }
+    box.transformBy(matrix);
+    // The box of a turned box is too large, which says nothing where it lies within what was found already.
+    if (keepsAxes(matrix) || m_left <= 0 || (!extents.isEmpty() && contains(extents, box)))
+        return extents.addExt(box);
     walk(block, matrix, extents);
 }
 

@@ -26,5 +26,6 @@ private:
 
     std::unordered_map<AcDbStub*, AcDbExtents> m_boxes;
     std::vector<AcDbStub*> m_entered;
-    int m_left = 100000; // entities that may still be walked turned
+    static constexpr int mostWalked = 100000; // entities of a reference, turned
+    int m_left = mostWalked;
 };
