@@ -184,6 +184,10 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
             name + L" : le fichier a été modifié par un autre programme depuis son ouverture ; il n'est pas remplacé";
         return Acad::eFileSharingViolation;
     }
+    if (isReadOnly(path) && !replacesReadOnly) {
+        lastError = name + L" : le fichier est en lecture seule ; il n'est pas remplacé";
+        return Acad::eFileAccessErr;
+    }
     const std::size_t lost = m_file->findLost();
     if (lost > 0 && overItself) {
         lastError = name + L" : " + platform::wideFromUtf8(dxf_texts::keepsDamaged);
@@ -191,6 +195,8 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
     }
     try {
         const SavePlan plan(*this);
+        if (overItself && !savedHere && m_file->wasRepaired())
+            keepOriginal(path);
         if (as == form()) {
             writeAtomically(path, plan.pieces(), true);
         } else {
@@ -321,8 +327,8 @@ Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dicti
 
 AcDbObjectId AcDbDatabase::currentSpaceId() const
 {
-    const bool model = m_impl->header().integer("$TILEMODE", 1) != 0;
-    return AcDbObjectId(model ? m_impl->blocks().modelSpace() : m_impl->blocks().paperSpace());
+    // Whatever $TILEMODE says: layouts are not shown, and what is drawn must be seen.
+    return AcDbObjectId(m_impl->blocks().modelSpace());
 }
 
 // ---- header variables

@@ -149,10 +149,12 @@ public:
     void addProblem(const std::string& what) { m_problems.push_back(what); }
     std::wstring fileName; ///< as given by the caller
     std::wstring lastError;
+    bool replacesReadOnly = false; ///< a save may replace a file marked as read-only: its user said so
 
 private:
     void adoptStructure();
     void makeMissingTables();
+    void makeMissingRecords();
     AcDbStub* findRootDictionary();
     std::unique_ptr<AcDbObject> decode(DxfRecord& record);
     bool hasSubentities(const DxfRecord& record) const;

@@ -20,10 +20,6 @@ bool AcDbObjectId::isErased() const
 {
     return isValid() && ::isErased(*recordOf(m_stub));
 }
-bool AcDbObjectId::isResident() const
-{
-    return isValid() && recordOf(m_stub)->object;
-}
 AcDbHandle AcDbObjectId::handle() const
 {
     return isValid() ? AcDbHandle(recordOf(m_stub)->handle) : AcDbHandle();

@@ -54,6 +54,7 @@ SavePlan::SavePlan(AcDbDatabaseImpl& database) : m_database(database)
     editOwnersOfErased();
     editNamesOfRenamed();
     addToParents();
+    m_writesMadeUp = changesFile();
     addToTables();
     addNewTables();
     addToBlocks();
@@ -356,13 +357,14 @@ void SavePlan::atEndOfSection(const char* name, Write write)
     });
 }
 
+bool SavePlan::isWritten(const DxfRecord& record) const
+{
+    constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
+    return isNew(record) && !isErased(record) && (m_writesMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
+}
+
 void SavePlan::addToTables()
 {
-    const bool withMadeUp = changesFile();
-    const auto isWritten = [&](const DxfRecord& record) {
-        constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
-        return isNew(record) && !isErased(record) && (withMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
-    };
     for (const NameKind kind : nameKinds) {
         const DxfRange* range = m_database.file().table(tableName(kind));
         if (!range)
@@ -380,11 +382,12 @@ void SavePlan::addNewTables()
     atEndOfSection("TABLES", [&] {
         for (const NameKind kind : nameKinds) {
             const SymbolNames& names = m_database.names(kind);
-            if (!isNew(*recordOf(names.table)) || names.records().empty())
+            const auto isOne = [this](AcDbStub* record) { return isWritten(*recordOf(record)); };
+            if (!isNew(*recordOf(names.table)) || std::ranges::none_of(names.records(), isOne))
                 continue;
             writeObject(*recordOf(names.table));
             for (AcDbStub* record : names.records())
-                if (!isErased(*recordOf(record)))
+                if (isOne(record))
                     writeObject(*recordOf(record));
             DxfTagWriter(m_database.form(), m_text).rawText(0, "ENDTAB");
         }
@@ -414,9 +417,9 @@ void SavePlan::addNewBlocks()
         return;
     atEndOfSection("BLOCKS", [&] {
         for (AcDbStub* block : m_database.blocks().newBlocks()) {
-            if (isErased(*recordOf(block)))
-                continue;
             const BlockContent& content = m_database.blocks().of(block);
+            if (isErased(*recordOf(block)) || !isWritten(*recordOf(content.begin)))
+                continue;
             writeObject(*recordOf(content.begin));
             if (!content.inEntitiesSection)
                 for (AcDbStub* entity : content.entities)
@@ -434,7 +437,7 @@ void SavePlan::addObjects()
         return;
     atEndOfSection("OBJECTS", [&] {
         for (std::size_t i = 0; i < records.size(); ++i)
-            if (!isErased(records[i]) && standsInObjectsSection(m_database, records[i]))
+            if (isWritten(records[i]) && standsInObjectsSection(m_database, records[i]))
                 writeObject(records[i]);
     });
 }

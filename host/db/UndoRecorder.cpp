@@ -9,6 +9,8 @@
 
 #include "dbmain.h"
 
+UndoRecorder::UndoRecorder(AcDbDatabaseImpl& database) : m_database(database) {}
+
 UndoRecorder::~UndoRecorder() = default;
 
 void UndoRecorder::clear()

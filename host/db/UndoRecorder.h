@@ -16,7 +16,7 @@ class AcDbObject;
 /// A group holds, for each object it touched, the object as it stood before (once), or that it was made.
 class UndoRecorder {
 public:
-    explicit UndoRecorder(AcDbDatabaseImpl& database) : m_database(database) {}
+    explicit UndoRecorder(AcDbDatabaseImpl& database);
     ~UndoRecorder();
 
     /// Off until a document asks for it: a database used by a program alone keeps no history.

@@ -50,6 +50,10 @@ public:
     /// Takes the file as it now is on disk for the one opened: call it after saving over it.
     void acceptDiskState();
 
+    /// Whether what is read is a mended copy: of a file that ends within a section, or has an ENDSEC in the midst of
+    /// one.
+    bool wasRepaired() const { return m_repaired; }
+
     /// Marks the records that the medium can no longer give (DxfRecord::lost): unplugged, damaged.
     /// @return how many there are.
     std::size_t findLost();
@@ -102,6 +106,8 @@ private:
     void index();
     void readHeader();
     void findRanges();
+    bool isEndsecWithin(std::size_t place) const;
+    void repair();
     void findTables(const DxfRange& section);
     void closeSection(std::uint32_t last);
     void enterHandles(bool repair);
@@ -121,7 +127,10 @@ private:
     HandleTable m_handles{m_records};
     std::vector<std::string> m_typeNames;
     std::unordered_map<std::string, std::uint16_t> m_typeIds;
-    std::vector<std::uint32_t> m_structure; // positions of the records that open and close sections and tables
+    std::vector<std::uint32_t> m_structure;     // positions of the records that open and close sections and tables
+    bool m_cut = false;                         // the file ends within a section
+    bool m_repaired = false;                    // the bytes are not those of the disk
+    std::vector<std::uint32_t> m_endsecsWithin; // that close nothing
     std::vector<DxfRange> m_sections;
     std::vector<DxfRange> m_tables;
     std::vector<DxfProblem> m_problems;

@@ -27,6 +27,8 @@ inline constexpr char tooSpoiled[] = "trop de lignes illisibles";
 inline constexpr char missingEof[] = "la marque de fin « EOF » manque";
 inline constexpr char strayRecords[] = "enregistrements hors de toute section";
 inline constexpr char strayEndsec[] = "« ENDSEC » sans section ouverte";
+inline constexpr char endsecWithin[] = "« ENDSEC » au milieu d'une section, retiré";
+inline constexpr char originalKept[] = "au premier enregistrement, l'original est gardé sous un nom en « .original »";
 inline constexpr char tagCut[] = "donnée illisible ou coupée";
 
 inline constexpr char keepsDamaged[] = "le support ne donne plus tout le dessin (retiré ou endommagé), le fichier "
@@ -59,6 +61,11 @@ inline std::string valueUnder(int groupCode, std::string_view value)
 inline std::string sectionCut(std::string_view name)
 {
     return "fichier tronqué, la section « " + shown(name) + " » n'est pas terminée";
+}
+
+inline std::string recordCut(std::string_view type)
+{
+    return "le dernier objet (" + shown(type) + ") est coupé ou peut l'être, il n'est pas repris";
 }
 
 inline std::string sectionNotClosed(std::string_view name)

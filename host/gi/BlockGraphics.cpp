@@ -1,11 +1,28 @@
 #include "gi/BlockGraphics.h"
 
+#include <algorithm>
+
 #include "db/DatabaseImpl.h"
 #include "gi/EntityGraphics.h"
 
 namespace {
 constexpr int deepest = 100; // blocks within blocks; more would be no drawing, and much of the stack
+
+/// What of a box lies within another, as seen from above.
+AcDbExtents common(const AcDbExtents& box, const AcDbExtents& within)
+{
+    const AcGePoint3d low(std::max(box.minPoint().x, within.minPoint().x),
+                          std::max(box.minPoint().y, within.minPoint().y), box.minPoint().z);
+    const AcGePoint3d high(std::min(box.maxPoint().x, within.maxPoint().x),
+                           std::min(box.maxPoint().y, within.maxPoint().y), box.maxPoint().z);
+    AcDbExtents both;
+    if (low.x <= high.x && low.y <= high.y) {
+        both.addPoint(low);
+        both.addPoint(high);
+    }
+    return both;
 }
+} // namespace
 
 const BlockGraphics::Block& BlockGraphics::of(AcDbStub* block)
 {
@@ -44,7 +61,7 @@ AcDbExtents BlockGraphics::boxOf(const DisplayList& list, bool withHidden)
 
 AcDbExtents BlockGraphics::boxOf(const DisplayList& list, const DisplayPart& part)
 {
-    AcDbExtents box = part.box;
+    AcDbExtents box = part.isEndless ? AcDbExtents() : part.box;
     for (std::uint32_t i = part.first; list.showsBlocks() && i < part.last; ++i)
         if (const auto* use = std::get_if<std::unique_ptr<BlockUse>>(&list.primitive(i)))
             if (const AcDbExtents shown = boxOf(**use); !shown.isEmpty())
@@ -57,6 +74,14 @@ AcDbExtents BlockGraphics::boxOf(const BlockUse& use)
     AcDbExtents cell = of(use.block).box;
     if (cell.isEmpty())
         return cell;
+    if (!use.clip.empty()) {
+        AcDbExtents within;
+        for (const AcGePoint3d& point : use.clip)
+            within.addPoint(point);
+        cell = common(cell, within);
+        if (cell.isEmpty())
+            return cell;
+    }
     cell.transformBy(use.toOwner);
     AcDbExtents box;
     for (const int row : {0, use.rows - 1})

@@ -158,7 +158,7 @@ private:
         }
     }
 
-    /// Up to the semicolon; in stacks a backslash keeps the character behind it.
+    /// Up to the semicolon, which is passed; what a backslash may precede is taken as it stands.
     std::wstring argument()
     {
         const std::size_t end = std::min(m_text.find(L';', m_at), m_text.size());

@@ -116,7 +116,6 @@ public:
     }
 
     int length() const { return static_cast<int>(m_items.size()); }
-    int logicalLength() const { return length(); }
     Adesk::Boolean isEmpty() const { return m_items.empty(); }
     /// Sets the number of elements; new ones are value-initialised.
     AcArray& setLogicalLength(int count)
@@ -135,11 +134,6 @@ public:
         return *this;
     }
     int growLength() const { return m_growLength; }
-    AcArray& setGrowLength(int count)
-    {
-        m_growLength = count;
-        return *this;
-    }
 
     AcArray& reverse()
     {
@@ -151,8 +145,6 @@ public:
         std::swap(at(index1), at(index2));
         return *this;
     }
-    const T* asArrayPtr() const { return m_items.data(); }
-    T* asArrayPtr() { return m_items.data(); }
 
     const_iterator begin() const { return m_items.begin(); }
     const_iterator end() const { return m_items.end(); }

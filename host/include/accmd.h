@@ -16,19 +16,11 @@ constexpr Adesk::Int32 ACRX_CMD_MODAL = 0x0;
 constexpr Adesk::Int32 ACRX_CMD_TRANSPARENT = 0x1; ///< may be called while another runs
 constexpr Adesk::Int32 ACRX_CMD_USEPICKSET = 0x2;  ///< takes what was selected before it
 constexpr Adesk::Int32 ACRX_CMD_REDRAW = 0x4;      ///< leaves it selected
-constexpr Adesk::Int32 ACRX_CMD_NOPERSPECTIVE = 0x8;
-constexpr Adesk::Int32 ACRX_CMD_NOMULTIPLE = 0x10;
-constexpr Adesk::Int32 ACRX_CMD_NOTILEMODE = 0x20;
-constexpr Adesk::Int32 ACRX_CMD_NOPAPERSPACE = 0x40;
-constexpr Adesk::Int32 ACRX_CMD_NOOEM = 0x100;
-constexpr Adesk::Int32 ACRX_CMD_UNDEFINED = 0x200;
 constexpr Adesk::Int32 ACRX_CMD_DEFUN = 0x800;
 constexpr Adesk::Int32 ACRX_CMD_NOINTERNALLOCK = 0x10000;
 constexpr Adesk::Int32 ACRX_CMD_DOCREADLOCK = 0x80000;
 constexpr Adesk::Int32 ACRX_CMD_DOCEXCLUSIVELOCK = 0x100000;
-constexpr Adesk::Int32 ACRX_CMD_SESSION = 0x200000; ///< the document is not locked for it
-constexpr Adesk::Int32 ACRX_CMD_INTERRUPTIBLE = 0x400000;
-constexpr Adesk::Int32 ACRX_CMD_NOHISTORY = 0x800000;
+constexpr Adesk::Int32 ACRX_CMD_SESSION = 0x200000;         ///< the document is not locked for it
 constexpr Adesk::Int32 ACRX_CMD_NO_UNDO_MARKER = 0x1000000; ///< makes no step of its own for U
 
 /// One command.

@@ -15,7 +15,6 @@ public:
     enum TextVertMode { kTextBase = 0, kTextBottom, kTextVertMid, kTextTop };
     enum LineWeight { kLnWtByLayer = -1, kLnWtByBlock = -2, kLnWtByLwDefault = -3, kLnWt000 = 0, kLnWt025 = 25 };
     enum DuplicateRecordCloning { kDrcNotApplicable = 0, kDrcIgnore = 1, kDrcReplace = 2 };
-    enum DeepCloneType { kDcCopy = 0, kDcExplode, kDcBlock, kDcXrefBind, kDcSymTableMerge, kDcInsert, kDcWblock };
     /// Result-buffer type codes ("DXF codes") met most.
     enum DxfCode {
         kDxfXRefPath = 1,

@@ -21,9 +21,6 @@ using UInt16 = std::uint16_t;
 using UInt32 = std::uint32_t;
 using UInt64 = std::uint64_t;
 using IntPtr = std::intptr_t;
-using UIntPtr = std::uintptr_t;
-using LongPtr = std::intptr_t;
-using ULongPtr = std::uintptr_t;
 
 /// Names a subentity of what is drawn.
 using GsMarker = std::intptr_t;

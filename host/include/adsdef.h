@@ -37,8 +37,6 @@ struct resbuf {
     ads_u_val resval;
 };
 
-using struct_resbuf = resbuf;
-
 inline void ads_point_set(const ads_point from, ads_point to)
 {
     to[0] = from[0];

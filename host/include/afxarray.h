@@ -33,8 +33,6 @@ public:
         grow(static_cast<std::size_t>(size));
         m_items.resize(static_cast<std::size_t>(size));
     }
-    /// Gives back the room that no element uses.
-    void FreeExtra() { m_items.shrink_to_fit(); }
     void RemoveAll() { std::vector<TYPE>().swap(m_items); }
 
     const TYPE& GetAt(INT_PTR index) const { return m_items[checked(index)]; }

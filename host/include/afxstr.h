@@ -40,7 +40,6 @@ public:
     CString& operator+=(const char* text);
     CString& operator+=(wchar_t c);
     void Append(const wchar_t* text) { *this += text; }
-    void AppendChar(wchar_t c) { *this += c; }
 
     /// Parts of the text. What lies outside it is left out; negative counts and positions are 0.
     CString Left(int count) const;
@@ -67,7 +66,6 @@ public:
 
     CString& MakeUpper();
     CString& MakeLower();
-    CString& MakeReverse();
 
     /// @return the position found, or -1.
     int Find(wchar_t c, int start = 0) const;

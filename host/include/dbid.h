@@ -23,8 +23,6 @@ public:
     /// Whether it names an object of a database (which may be erased).
     bool isValid() const;
     bool isErased() const;
-    /// Whether the object has been decoded already.
-    bool isResident() const;
     AcDbHandle handle() const;
     AcDbDatabase* database() const;
     /// Class of the object, told without opening it.
@@ -48,7 +46,3 @@ private:
 };
 
 static_assert(sizeof(AcDbObjectId) == 8);
-
-using AcDbHardOwnershipId = AcDbObjectId;
-using AcDbSoftPointerId = AcDbObjectId;
-using AcDbHardPointerId = AcDbObjectId;

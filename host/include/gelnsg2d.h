@@ -18,7 +18,6 @@ public:
 
     AcGePoint2d startPoint() const { return m_origin; }
     AcGePoint2d endPoint() const { return m_end; }
-    AcGePoint2d midPoint() const { return evalPoint(0.5); }
     double length() const { return m_axis.length(); }
     AcGeLineSeg2d& set(const AcGePoint2d& start, const AcGePoint2d& end) { return *this = AcGeLineSeg2d(start, end); }
     AcGeLineSeg2d& set(const AcGePoint2d& start, const AcGeVector2d& startToEnd)

@@ -18,7 +18,6 @@ public:
 
     AcGePoint3d startPoint() const { return m_origin; }
     AcGePoint3d endPoint() const { return m_end; }
-    AcGePoint3d midPoint() const { return evalPoint(0.5); }
     double length() const { return m_axis.length(); }
     AcGeLineSeg3d& set(const AcGePoint3d& start, const AcGePoint3d& end) { return *this = AcGeLineSeg3d(start, end); }
     AcGeLineSeg3d& set(const AcGePoint3d& start, const AcGeVector3d& startToEnd)

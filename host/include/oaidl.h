@@ -19,7 +19,6 @@ using REFIID = const IID&;
 constexpr IID IID_NULL = {};
 
 constexpr HRESULT S_OK = 0;
-constexpr HRESULT S_FALSE = 1;
 constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
 constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
 constexpr HRESULT DISP_E_MEMBERNOTFOUND = static_cast<HRESULT>(0x80020003U);
@@ -34,7 +33,6 @@ constexpr bool FAILED(HRESULT result)
     return result < 0;
 }
 
-constexpr LCID LOCALE_SYSTEM_DEFAULT = 0x0800;
 constexpr LCID LOCALE_USER_DEFAULT = 0x0400;
 constexpr DISPID DISPID_UNKNOWN = -1;
 constexpr WORD DISPATCH_METHOD = 1;
@@ -67,4 +65,3 @@ struct IDispatch : IUnknown {
 protected:
     ~IDispatch() = default;
 };
-using LPDISPATCH = IDispatch*;

@@ -12,36 +12,20 @@ using BOOL = int;
 using BYTE = std::uint8_t;
 using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
-using SHORT = std::int16_t;
-using USHORT = std::uint16_t;
-using INT = int;
 using UINT = unsigned int;
 using LONG = std::int32_t;
 using ULONG = std::uint32_t;
-using LONGLONG = std::int64_t;
-using ULONGLONG = std::uint64_t;
 using INT_PTR = std::intptr_t;
-using UINT_PTR = std::uintptr_t;
-using LONG_PTR = std::intptr_t;
 using ULONG_PTR = std::uintptr_t;
-using DWORD_PTR = std::uintptr_t;
 using HRESULT = LONG;
 using LSTATUS = LONG;
-using COLORREF = DWORD;
 
-using CHAR = char;
-using WCHAR = wchar_t;
-using TCHAR = wchar_t;
 using LPSTR = char*;
 using LPCSTR = const char*;
 using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 using LPTSTR = wchar_t*;
-using LPCTSTR = const wchar_t*;
 using LPVOID = void*;
-using LPBYTE = BYTE*;
-using LPDWORD = DWORD*;
-using LPBOOL = BOOL*;
 using HANDLE = void*;
 
 #ifndef FALSE
@@ -51,24 +35,6 @@ using HANDLE = void*;
 #define TRUE 1
 #endif
 #define MAX_PATH 260
-
-/// A colour as the platform stores it: red in the low byte.
-constexpr COLORREF RGB(unsigned int red, unsigned int green, unsigned int blue)
-{
-    return (red & 0xFFU) | (green & 0xFFU) << 8U | (blue & 0xFFU) << 16U;
-}
-constexpr BYTE GetRValue(COLORREF colour)
-{
-    return static_cast<BYTE>(colour);
-}
-constexpr BYTE GetGValue(COLORREF colour)
-{
-    return static_cast<BYTE>(colour >> 8U);
-}
-constexpr BYTE GetBValue(COLORREF colour)
-{
-    return static_cast<BYTE>(colour >> 16U);
-}
 
 // Errors.
 
@@ -100,13 +66,10 @@ using REGSAM = DWORD;
 #define HKEY_CURRENT_USER reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(0x80000001U))
 #define HKEY_LOCAL_MACHINE reinterpret_cast<HKEY>(static_cast<ULONG_PTR>(0x80000002U))
 
-constexpr REGSAM KEY_QUERY_VALUE = 0x0001;
 constexpr REGSAM KEY_SET_VALUE = 0x0002;
 constexpr REGSAM KEY_READ = 0x20019;
 constexpr REGSAM KEY_WRITE = 0x20006;
 constexpr REGSAM KEY_ALL_ACCESS = 0xF003F;
-constexpr REGSAM KEY_WOW64_64KEY = 0x0100; // both views hold the same values here
-constexpr REGSAM KEY_WOW64_32KEY = 0x0200;
 constexpr DWORD REG_OPTION_NON_VOLATILE = 0;
 constexpr DWORD REG_CREATED_NEW_KEY = 1;
 constexpr DWORD REG_OPENED_EXISTING_KEY = 2;

@@ -218,12 +218,6 @@ CString& CString::MakeLower()
     return *this;
 }
 
-CString& CString::MakeReverse()
-{
-    std::reverse(m_text.begin(), m_text.end());
-    return *this;
-}
-
 int CString::Find(wchar_t c, int start) const
 {
     return position(m_text.find(c, atLeastZero(start)));

@@ -3,7 +3,7 @@
 #include "calculs/nivellement.h"
 #include "reports/htmlStyle.h"
 #include "reports/htmlText.h"
-#include "services/texteAnsi.h"
+#include "services/codages.h"
 
 namespace rapportPolygonale {
 

@@ -21,12 +21,12 @@ namespace {
 QString texteCoordonnee(double valeur)
 {
     // The shortest text that reads back as the same number: a point shown and written again does not move.
-    return valeur == coordonneeInconnue ? QString() : QString::number(valeur, 'f', QLocale::FloatingPointShortest);
+    return valeur == inconnu ? QString() : QString::number(valeur, 'f', QLocale::FloatingPointShortest);
 }
 
 bool dire(const wchar_t* texte, QWidget& champ)
 {
-    afficherAvertissement(L"Erreur", texte);
+    avertirErreur(texte);
     champ.setFocus();
     return false;
 }
@@ -36,7 +36,7 @@ bool lireCoordonnee(QLineEdit& champ, const wchar_t* refus, bool peutManquer, do
 {
     const std::wstring texte = champ.text().trimmed().toStdWString();
     if (texte.empty() && peutManquer) {
-        valeur = coordonneeInconnue;
+        valeur = inconnu;
         return true;
     }
     bool entierement = false;
@@ -49,7 +49,7 @@ void signalerSymboleAbsent(const CString& chemin)
     CString message;
     message.Format(L"Le point est enregistré, mais son symbole n'a pas pu être dessiné avec le block\n%s",
                    chemin.GetString());
-    afficherAvertissement(L"Erreur", message.GetString());
+    avertirErreur(message.GetString());
 }
 
 } // namespace
@@ -160,7 +160,7 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
         return std::nullopt;
     const int code = entierDeTexte(texteHote(m_ui->comboCode->currentText()));
     if (!codeValable(code)) {
-        dire(L"Code incorrect\nTapez un nombre compris entre 1 et 9999", *m_ui->comboCode);
+        dire(messageCodeIncorrect, *m_ui->comboCode);
         return std::nullopt;
     }
     pointDuDessin point;
@@ -175,7 +175,7 @@ bool CformulaireXYZ::enregistrer()
         return false;
     int homonyme = -1;
     if (m_table.existPoint(CString(point->getNomPoint()), homonyme) && homonyme != m_position &&
-        !demanderOuiNon(L"Coordonnées XYZ", L"Un autre point porte ce numéro.\nEnregistrer quand même ?"))
+        !demanderOuiNon(windowTitle().toStdWString(), L"Un autre point porte ce numéro.\nEnregistrer quand même ?"))
         return false;
     bool dessine = false;
     montrer(enregistrerPoint(m_table, m_position, *point, dessine));
@@ -190,7 +190,7 @@ void CformulaireXYZ::supprimer()
     const CString nom(table.getData(m_position)->getNomPoint());
     int trouve = -1;
     if (!table.existPoint(nom, trouve) || trouve != m_position) {
-        afficherAvertissement(L"Erreur", L"Plusieurs points portent ce numéro :\ndonnez-lui-en d'abord un autre");
+        avertirErreur(L"Plusieurs points portent ce numéro :\ndonnez-lui-en d'abord un autre");
         return;
     }
     CString question;
@@ -210,7 +210,8 @@ bool CformulaireXYZ::quitter()
 {
     if (!modifie())
         return true;
-    switch (demanderOuiNonAnnuler(L"Coordonnées XYZ", L"Le point a été modifié.\nEnregistrer les modifications ?")) {
+    switch (demanderOuiNonAnnuler(windowTitle().toStdWString(),
+                                  L"Le point a été modifié.\nEnregistrer les modifications ?")) {
     case reponseQuestion::oui:
         return enregistrer();
     case reponseQuestion::non:

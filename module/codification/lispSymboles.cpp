@@ -115,7 +115,7 @@ int lispTpcdaddpt()
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
         (!arguments.fini() && !arguments.lireEntier(code)) ||
-        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini() || !codeValable(code))
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)

@@ -9,7 +9,7 @@
 #include "points/entiteDuPoint.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
-#include "services/texte8bits.h"
+#include "services/lettres.h"
 
 namespace {
 

@@ -5,7 +5,8 @@
 
 #include "points/pointXYZ.h"
 #include "points/QuarvelSerializer.h"
-#include "services/texte8bits.h"
+#include "services/codages.h"
+#include "services/lettres.h"
 
 namespace {
 
@@ -63,7 +64,7 @@ void pointDuDessin::setNomPoint(const char* leNom)
 
 void pointDuDessin::setNomPoint(const wchar_t* leNom)
 {
-    convertirEn8bits(leNom, nom, tailleNom);
+    versAnsi(leNom, nom, tailleNom);
 }
 
 void pointDuDessin::setParams(const wchar_t* leNom, const AcGePoint3d& position, int leCode)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "points/exportation.h"
+#include "services/grandeur.h"
 
 #include "afx.h"
 #include "dbid.h"
@@ -9,11 +10,9 @@
 class QuarvelSerializer;
 struct pointXYZ;
 
-/// Marks an altitude (and, in a point not placed yet, a coordinate) as unknown. Compared exactly.
-constexpr double coordonneeInconnue = 1e38;
-
 /// One survey point: name, position, code of the codification, and the entity that shows it in the drawing.
-/// A plain record, copied by value. X east, Y north, Z up, in drawing units.
+/// A plain record, copied by value. X east, Y north, Z up, in drawing units; an altitude, and in a point not placed yet
+/// a coordinate, may be `inconnu`.
 /// The name holds at most nine characters of Windows-1252; a longer one is cut without notice.
 class VELA_EXPORT pointDuDessin {
 public:
@@ -43,7 +42,7 @@ public:
     void setXY(double x, double y, double z);
     /// X, Y, Z as they are, the unknown marker included.
     AcGePoint3d getAs3dPnt() const { return {X, Y, Z}; }
-    bool altitudeConnue() const { return Z != coordonneeInconnue; }
+    bool altitudeConnue() const { return Z != inconnu; }
 
     int getCode() const { return code; }
     void setCode(int leCode) { code = leCode; }
@@ -84,9 +83,9 @@ public:
 private:
     friend class listePointsDuDessin;
 
-    double X = coordonneeInconnue;
-    double Y = coordonneeInconnue;
-    double Z = coordonneeInconnue;
+    double X = inconnu;
+    double Y = inconnu;
+    double Z = inconnu;
     int code = 1;
     char nom[tailleNom] = {};
     bool venuDessine = false; // it entered its table with its symbol, and leaves it when that drawing is taken back

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "services/grandeur.h"
+
 #include "afx.h"
 
 /// A survey point outside any drawing, as point files hold it.
-/// x, y, z in drawing units; z = 1e38 when the altitude is unknown.
+/// x, y, z in drawing units; `inconnu` when not known.
 struct pointXYZ {
     int code = 1;
     CString nom;
-    double x = 1e38;
-    double y = 1e38;
-    double z = 1e38;
+    double x = inconnu;
+    double y = inconnu;
+    double z = inconnu;
 };

@@ -27,7 +27,7 @@ public:
     bool lireSelection(std::vector<AcDbObjectId>& ids);
     /// A list: `premier` is its RTLB, `dernier` its RTLE. They live as long as this object.
     bool lireListe(const resbuf*& premier, const resbuf*& dernier);
-    /// A list of two or three numbers; the altitude of a list of two is 1e38, unknown.
+    /// A list of two or three numbers; the altitude of a list of two is `inconnu`.
     bool lirePoint(AcGePoint3d& point);
 
 private:

@@ -4,9 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "services/codages.h"
 #include "services/reelDeTexte.h"
-
-#include "afx.h"
 
 namespace {
 
@@ -100,5 +99,5 @@ int lireNombre(const char* texte, double& valeur)
 
 int lireNombre(const wchar_t* texte, double& valeur)
 {
-    return lireNombre(CStringA(texte).GetString(), valeur);
+    return texte ? lireNombre(versAnsi(texte).c_str(), valeur) : 0;
 }

@@ -145,7 +145,7 @@ AcGePoint3dArray pointsNumerotes(const listePointsDuDessin& table, const suiteNu
 std::unique_ptr<AcDbEntity> lignePar(const AcGePoint3dArray& points)
 {
     const bool enEspace =
-        std::all_of(points.begin(), points.end(), [](const AcGePoint3d& p) { return p.z != coordonneeInconnue; });
+        std::all_of(points.begin(), points.end(), [](const AcGePoint3d& p) { return p.z != inconnu; });
     if (enEspace)
         return std::make_unique<AcDb3dPolyline>(AcDb::k3dSimplePoly, points);
     auto ligne = std::make_unique<AcDbPolyline>(static_cast<unsigned int>(points.length()));

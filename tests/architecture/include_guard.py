@@ -32,7 +32,7 @@ RULES = (
     # The interface itself: plain declarations.
     (r"host/include", r".*", ("std", "posix", INTERFACE)),
     # The lower kernel knows nothing of drawings: of the interface, it sees basic types, text and geometry only.
-    (r"host/platform", r".*", (OWN, "std", "posix", r"interface(afx.*|ac?desk|AdAChar|adesk|io|oaidl|tchar|windows)")),
+    (r"host/platform", r".*", (OWN, "std", "posix", r"interface(afx.*|ac?desk|AdAChar|adesk|io|oaidl|shellapi|shlobj|tchar|windows)")),
     (r"host/ge", r".*", (OWN, "std", r"interface(ge.*|adesk|AdAChar|acarray)")),
     (r"host/(dxf|dwg)", r".*", (OWN, "std", "posix", "host/platform")),
     # The upper kernel may use all of the kernel.

@@ -302,8 +302,7 @@ def faults(root, mode="", folders=HOUSE):
         kept = kept_names(KEPT.read_text(encoding="utf-8")) if KEPT.is_file() else set()
         names = unused(root, is_interface, whole_groups=True)
         found = [one for one in names if one.name not in kept]
-        stale = kept - {one.name for one in names}
-        return [text_of(one) for one in found] + ["%s: %s is used or gone: strike it" % (KEPT.name, n) for n in sorted(stale)]
+        return [text_of(one) for one in found]
     def wanted(file):
         return is_of_house(file, folders)
 

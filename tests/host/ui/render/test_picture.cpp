@@ -79,6 +79,37 @@ TEST(Pictures, eachKindOfEntityOnLightAndDarkGround)
     expectPicture(paint(*drawing, sheet, 1200, 800, style), "entites-sombre.png");
 }
 
+/// Many programs give what is drawn an explicit white, or black: seen on the ground of the other kind only.
+TEST(Pictures, inkOfTheGroundsColorIsTurned)
+{
+    struct Row {
+        const char* what;
+        const char* color;
+        QColor ground, seen; // along the line, and on the area's border
+        QColor within;       // the area
+    };
+    const QColor dark(33, 40, 48);
+    const Row rows[] = {{"white on white", "420\n16777215", Qt::white, Qt::black, Qt::white},
+                        {"white of the palette", "62\n255", Qt::white, Qt::black, Qt::white},
+                        {"black on dark", "420\n0", dark, Qt::white, Qt::black},
+                        {"yellow stays", "62\n2", Qt::white, Qt::yellow, Qt::yellow},
+                        {"light grey stays", "62\n9", Qt::white, QColor(0xC0, 0xC0, 0xC0), QColor(0xC0, 0xC0, 0xC0)}};
+    for (const Row& row : rows) {
+        const std::string common = std::string("\n100\nAcDbEntity\n8\n0\n62\n7\n") + row.color;
+        const DrawingWithEntities drawing(
+            "0\nLINE" + common + "\n100\nAcDbLine\n10\n0\n20\n5\n30\n0\n11\n10\n21\n5\n31\n0\n0\nSOLID" + common +
+            "\n100\nAcDbTrace\n10\n2\n20\n1\n30\n0\n11\n8\n21\n1\n31\n0\n12\n2\n22\n3"
+            "\n32\n0\n13\n8\n23\n3\n33\n0\n");
+        PaintStyle style;
+        style.ground = row.ground;
+        style.smooth = false;
+        style.width = 3.0;
+        const QImage image = paint(drawing.database(), {0, 0, 10, 10}, 100, 100, style);
+        EXPECT_EQ(image.pixelColor(50, 50), row.seen) << row.what;
+        EXPECT_EQ(image.pixelColor(50, 80), row.within) << row.what;
+    }
+}
+
 TEST(Pictures, farCoordinatesLookTheSame)
 {
     const double x = 1650000.0, y = 8180000.0;

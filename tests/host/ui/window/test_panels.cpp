@@ -241,10 +241,12 @@ TEST_F(PanelsTest, attributesAreChangedAndLockedLayersAreNot)
             const DrawingEdit step(document());
             made->setBlockTableRecord(addBlock(*document().database(), L"BORNE", {}));
             reference = ::add(made);
-            const AcDbObjectPointer<AcDbBlockReference> opened(reference, AcDb::kForWrite);
-            auto* const text = new AcDbAttribute({6, 6, 0}, L"12", L"NUM");
-            ASSERT_EQ(opened->appendAttribute(attribute, text), Acad::eOk);
-            text->close();
+            {
+                const AcDbObjectPointer<AcDbBlockReference> opened(reference, AcDb::kForWrite);
+                auto* const text = new AcDbAttribute({6, 6, 0}, L"12", L"NUM");
+                ASSERT_EQ(opened->appendAttribute(attribute, text), Acad::eOk);
+                text->close();
+            }
             select({reference});
         },
         [this] {
@@ -330,15 +332,6 @@ TEST(PropertyTexts, numbersAreReadAsTyped)
     EXPECT_EQ(numberText(1020.678), QStringLiteral("1020.678"));
     EXPECT_EQ(numberText(-0.0000001), QStringLiteral("0"));
     EXPECT_EQ(numberText(5.0), QStringLiteral("5"));
-}
-
-TEST(ColorNames, namesAndNumbers)
-{
-    for (const int color : {0, 1, 7, 30, 255, 256})
-        EXPECT_EQ(colorNamed(colorName(color)), color);
-    EXPECT_EQ(colorNamed(QStringLiteral(" ROUGE ")), 1);
-    EXPECT_EQ(colorNamed(QStringLiteral("257")), std::nullopt);
-    EXPECT_EQ(colorNamed(QStringLiteral("grenat")), std::nullopt);
 }
 
 } // namespace
