@@ -108,9 +108,13 @@ void saveTo(const std::wstring& path)
     if (!mayReplace(path))
         throw CommandFailed(path + L" : le fichier est en lecture seule ; il n'est pas remplacé");
     const ReplacingReadOnly allowed(current().database()->impl());
+    const auto& problems = current().database()->impl().problems();
+    const std::size_t known = problems.size();
     if (const auto failure = DocumentList::instance().saveAs(current(), path))
         throw CommandFailed(*failure);
     say(L"Dessin enregistré : " + std::wstring(current().fileName()));
+    for (std::size_t i = known; i < problems.size(); ++i)
+        say(platform::wideFromUtf8(problems[i]));
 }
 
 std::wstring openable(const std::wstring& typed)

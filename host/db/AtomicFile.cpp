@@ -156,17 +156,6 @@ mode_t modeOf(const fs::path& path, bool& exists)
 
 } // namespace
 
-FileState FileState::of(const fs::path& path)
-{
-    std::error_code error;
-    FileState state;
-    state.size = fs::file_size(path, error);
-    if (error)
-        return {};
-    state.time = fs::last_write_time(path, error);
-    return state;
-}
-
 void writeAtomically(const fs::path& path, const std::vector<std::string_view>& pieces, bool keepOld)
 {
     std::error_code error;

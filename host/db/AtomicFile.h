@@ -1,18 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
-
-/// Size and time of a file, which tell whether another program wrote it; a file that is not there has no size.
-struct FileState {
-    std::uintmax_t size = 0;
-    std::filesystem::file_time_type time;
-    bool operator==(const FileState&) const = default;
-    static FileState of(const std::filesystem::path& path);
-};
 
 /// Replaces a file by new content, whole or not at all: a temporary file of the same folder is written, synced, then
 /// renamed over it. With `keepOld` the old file stays under the same name with the ending ".bak".

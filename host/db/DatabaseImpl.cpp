@@ -201,9 +201,11 @@ std::unique_ptr<AcDbObject> AcDbDatabaseImpl::decode(DxfRecord& record)
     DxfObjectReader reader(*this);
     if ((record.flags & DxfRecord::spoiled) == 0) {
         std::unique_ptr<AcDbObject> object(dxfClass.create());
-        if (reader.read(bytes(record), dxfClass, *object))
+        const bool readable = reader.read(bytes(record), dxfClass, *object);
+        const bool lost = !isNew(record) && m_file->isLost(record);
+        if (readable && !lost)
             return object;
-        addProblem(record, reader.complaint());
+        addProblem(record, lost ? dxf_texts::lostOnMedium : reader.complaint());
         record.flags |= DxfRecord::spoiled;
     }
     if (typeName(record) == "TABLE") // its records are worth more than its own tags

@@ -16,6 +16,7 @@
 #include "db/UndoRecorder.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfFile.h"
+#include "platform/FileState.h"
 
 #include "dbmain.h"
 
@@ -61,9 +62,12 @@ public:
         return static_cast<std::uint32_t>(&record - m_file->records().data());
     }
     const std::string& typeName(const DxfRecord& record) const { return m_file->typeName(record.type); }
-    /// Bytes of a record of the file, or those that a copy brought along; nothing for an object made new.
+    /// Bytes of a record of the file, or those that a copy brought along; nothing for an object made new, nor for a
+    /// record whose bytes are lost.
     std::string_view bytes(const DxfRecord& record) const
     {
+        if ((record.flags & DxfRecord::lost) != 0)
+            return {};
         return isNew(record) ? std::string_view(static_cast<const NewRecord&>(record).bytes) : m_file->bytes(record);
     }
     /// Null for the null handle and for one that is not known.

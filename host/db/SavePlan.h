@@ -38,6 +38,9 @@ private:
     void editRepaired();
     /// Objects that name a renamed definition and are otherwise as they were.
     void editNamesOfRenamed();
+    void editLost();
+    void writeSequenceEnd(const DxfRecord& record);
+    bool canDoWithout(const DxfRecord& record) const;
     void addToParents();
     void addToBlocks();
     void addNewBlocks();

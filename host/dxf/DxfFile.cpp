@@ -4,11 +4,7 @@
 #include <cerrno>
 #include <charconv>
 #include <limits>
-
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <system_error>
 
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
@@ -35,6 +31,12 @@ const char* openFailure(int error)
     case EACCES:
     case EPERM:
         return dxf_texts::accessDenied;
+    case EINVAL:
+        return dxf_texts::notAFile;
+    case EBUSY:
+        return dxf_texts::beingWritten;
+    case ENOMEM:
+        return dxf_texts::notEnoughMemory;
     default:
         return dxf_texts::cannotRead;
     }
@@ -80,13 +82,8 @@ bool holdsObjects(std::string_view section)
 
 DxfFile::DxfFile(const std::string& path, DxfUpgrade upgrade) : m_path(path), m_onDisk(true)
 {
-    try {
-        map();
-        load(upgrade);
-    } catch (...) {
-        unmap();
-        throw;
-    }
+    map();
+    load(upgrade);
 }
 
 DxfFile::DxfFile(std::string bytes, const std::string& name, DxfUpgrade upgrade) :
@@ -97,40 +94,20 @@ DxfFile::DxfFile(std::string bytes, const std::string& name, DxfUpgrade upgrade)
     load(upgrade);
 }
 
-DxfFile::~DxfFile()
-{
-    unmap();
-}
-
 void DxfFile::map()
 {
-    const int descriptor = ::open(m_path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        throw DxfError(m_path, 0, openFailure(errno));
-    struct stat info {};
-    if (::fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) {
-        ::close(descriptor);
-        throw DxfError(m_path, 0, dxf_texts::notAFile);
+    try {
+        m_disk.read(m_path);
+    } catch (const std::system_error& failure) {
+        throw DxfError(m_path, 0, openFailure(failure.code().value()));
     }
-    m_diskState = {static_cast<std::uint64_t>(info.st_size), info.st_mtim};
-    m_mapSize = static_cast<std::size_t>(info.st_size);
-    if (m_mapSize > 0) {
-        void* const address = ::mmap(nullptr, m_mapSize, PROT_READ, MAP_PRIVATE, descriptor, 0);
-        if (address == MAP_FAILED) {
-            ::close(descriptor);
-            throw DxfError(m_path, 0, dxf_texts::cannotRead);
-        }
-        m_map = address;
-        m_bytes = {static_cast<const char*>(m_map), m_mapSize};
-    }
-    ::close(descriptor);
+    m_diskState = m_disk.state();
+    m_bytes = m_disk.view();
 }
 
 void DxfFile::unmap()
 {
-    if (m_map)
-        ::munmap(m_map, m_mapSize);
-    m_map = nullptr;
+    m_disk.release();
 }
 
 void DxfFile::load(DxfUpgrade upgrade)
@@ -435,19 +412,33 @@ std::string DxfFile::repairedBytes(const DxfRecord& record) const
 
 bool DxfFile::changedOnDisk() const
 {
-    if (!m_onDisk)
-        return false;
-    struct stat info {};
-    if (::stat(m_path.c_str(), &info) != 0)
-        return true;
-    return !(m_diskState == DiskState{static_cast<std::uint64_t>(info.st_size), info.st_mtim});
+    return m_onDisk && !(FileState::of(m_path) == m_diskState);
 }
 
 void DxfFile::acceptDiskState()
 {
-    struct stat info {};
-    if (m_onDisk && ::stat(m_path.c_str(), &info) == 0)
-        m_diskState = {static_cast<std::uint64_t>(info.st_size), info.st_mtim};
+    if (m_onDisk)
+        m_diskState = FileState::of(m_path);
+}
+
+std::size_t DxfFile::findLost()
+{
+    m_disk.probe();
+    if (!m_disk.anyLost())
+        return 0;
+    std::size_t count = 0;
+    for (DxfRecord& record : m_records) {
+        if (!isLost(record))
+            continue;
+        record.flags |= DxfRecord::lost;
+        ++count;
+    }
+    return count;
+}
+
+bool DxfFile::isLost(const DxfRecord& record) const
+{
+    return m_disk.anyLost() && m_disk.isLost(record.offset, record.length);
 }
 
 int DxfFile::lineOf(std::uint64_t offset) const

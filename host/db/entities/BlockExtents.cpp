@@ -51,6 +51,7 @@ void addMoved(const AcDbEntity& entity, const AcGeMatrix3d& matrix, AcDbExtents&
 
 AcDbExtents BlockExtents::of(const AcDbBlockReference& reference)
 {
+    m_left = mostWalked;
     m_walks.emplace_back();
     addReference(reference, m_walks.back());
     for (;;) {

@@ -47,5 +47,6 @@ private:
     std::vector<Walk> m_walks; ///< each within the one before it
     std::unordered_set<AcDbStub*> m_entered;
     std::unordered_map<AcDbStub*, AcDbExtents> m_boxes;
-    int m_left = 100000; ///< entities that may still be walked turned
+    static constexpr int mostWalked = 100000; // entities of a reference, turned
+    int m_left = mostWalked;
 };
