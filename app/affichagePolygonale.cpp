@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <iostream>
 
+#include "calculs/fermeturePolygonale.h"
 #include "calculs/nivellement.h"
-#include "calculs/polygonaleCalculee.h"
 #include "calculs/uniteAngulaire.h"
 #include "platform/CodePage.h"
 

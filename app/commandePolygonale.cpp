@@ -25,6 +25,9 @@ void declarerPlacement(CLI::App& commande, demandePolygonale& demande)
     avecPlacer(commande.add_flag("--altitudes", demande.altitudes, "Place aussi les altitudes"), " ");
     avecPlacer(commande.add_flag("--originale", demande.originale, "Dessine la polygonale observée (rouge)"), " ");
     avecPlacer(commande.add_flag("--compensee", demande.compensee, "Dessine la polygonale compensée (vert)"), " ");
+    avecPlacer(commande.add_flag("--quand-meme", demande.quandMeme,
+                                 "Place même des stations dont la fermeture est hors de toute pratique"),
+               " ");
 }
 
 /// One kind of traverse: what it is called, and the function that treats it.

@@ -4,6 +4,8 @@
 #include <iostream>
 
 #include "calculs/avertissementsPolygonale.h"
+#include "calculs/conseilAngulaire.h"
+#include "calculs/fermeturePolygonale.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/placerPolygonale.h"
 #include "calculs/rapportPolygonale.h"
@@ -33,15 +35,6 @@ void avertir(suitesPolygonale& suites, const std::vector<std::wstring>& phrases)
         suites.avertissements.push_back(platform::utf8FromWide(phrase));
 }
 
-constexpr const char* autreGenre(const donneesPolygonaleFermee&)
-{
-    return "ouverte";
-}
-constexpr const char* autreGenre(const donneesPolygonaleOuverte&)
-{
-    return "fermée";
-}
-
 template <class Donnees>
 Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
 {
@@ -54,9 +47,6 @@ Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
         throw erreurProgramme(demande.observations + " : aucune station de départ lisible (nom, X, Y, Z, gisement) : "
                                                      "ce n'est pas un fichier de polygonale, ou ce nom est vide.");
     avertir(suites, phrases);
-    if (donnees.depart.nom.empty()) // each kind of file has its own word for the departure
-        suites.avertissements.push_back(demande.observations + " : la station de départ n'a pas de nom ; ce fichier " +
-                                        "est-il celui d'une polygonale " + autreGenre(donnees) + " ?");
     if (donnees.lignes.size() < 2)
         throw erreurProgramme(demande.observations + " : données insuffisantes, il faut au moins deux observations.");
     return donnees;
@@ -106,11 +96,7 @@ void ecrireRapport(const demandePolygonale& demande, const Resultat& resultat, s
 /// Names that the point table is to cut, and stations that have no place.
 void avertirPlacement(const std::vector<stationCorrigee>& stations, suitesPolygonale& suites)
 {
-    for (const stationCorrigee& station : stations)
-        if (station.nom.size() > pointDuDessin::longueurNom)
-            suites.avertissements.push_back("Le nom « " + platform::utf8FromWide(station.nom) + " » est coupé à " +
-                                            std::to_string(pointDuDessin::longueurNom) +
-                                            " caractères dans la table de points.");
+    avertir(suites, avertissementsPlacement(stations));
     const auto manquantes = stations.size() - static_cast<std::size_t>(suites.pointsPlaces);
     if (manquantes > 0)
         suites.avertissements.push_back(std::to_string(manquantes) +
@@ -156,6 +142,18 @@ void choisirCode(const demandePolygonale& demande, suitesPolygonale& suites)
                                         " n'est pas compris entre 1 et 9999 : le code 100 est pris.");
 }
 
+/// Where the dialog asks, the program wants the answer beforehand.
+template <class Resultat>
+void refuserHorsPratique(const demandePolygonale& demande, const Resultat& resultat)
+{
+    const std::wstring remarque = remarqueFermeture(resultat), conseil = conseilAngulaire(resultat);
+    if (remarque.empty() || demande.quandMeme)
+        return;
+    throw erreurProgramme(demande.observations + " : " + platform::utf8FromWide(remarque) +
+                          (conseil.empty() ? "" : " " + platform::utf8FromWide(conseil)) +
+                          " Rien n'est placé ; pour placer ces stations quand même, ajoutez --quand-meme.");
+}
+
 template <class Donnees, class Resultat>
 traitementPolygonale<Resultat> traiter(const demandePolygonale& demande)
 {
@@ -168,8 +166,10 @@ traitementPolygonale<Resultat> traiter(const demandePolygonale& demande)
     choisirCode(demande, t);
     if (!demande.rapport.empty())
         ecrireRapport(demande, t.resultat, t);
-    if (demande.placer)
+    if (demande.placer) {
+        refuserHorsPratique(demande, t.resultat);
         placer(demande, t.resultat.stations, tracesDemandees(demande, t.resultat), t);
+    }
     return t;
 }
 

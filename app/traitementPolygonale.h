@@ -17,6 +17,7 @@ struct demandePolygonale {
     bool altitudes = false;
     bool originale = false;
     bool compensee = false;
+    bool quandMeme = false; ///< place stations whose closure is beyond any practice
 };
 
 /// What became of it, apart from the figures.

@@ -82,4 +82,14 @@ void CCalcGisementDlg::prelever(const champsLieu& champs)
 void CCalcGisementDlg::recalculer()
 {
     m_ui->editGisement->setText(QString::fromStdString(nombreFixe(gisementCalcule(), 4)));
+    std::vector<std::wstring> remarques;
+    remarquerChamp(L"X de la station", *m_ui->editXStation, remarques);
+    remarquerChamp(L"Y de la station", *m_ui->editYStation, remarques);
+    remarquerChamp(L"X de la direction", *m_ui->editXDirection, remarques);
+    remarquerChamp(L"Y de la direction", *m_ui->editYDirection, remarques);
+    QStringList textes;
+    for (const std::wstring& remarque : remarques)
+        textes << QString::fromStdWString(remarque);
+    m_ui->remarques->setText(textes.join(u'\n'));
+    m_ui->remarques->setVisible(!textes.isEmpty());
 }

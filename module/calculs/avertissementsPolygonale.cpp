@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <set>
 
 #include "calculs/conseilAngulaire.h"
+#include "calculs/fermeturePolygonale.h"
+#include "calculs/phrasesConseil.h"
 #include "services/grandeur.h"
 #include "services/reelDeTexte.h"
 #include "services/texteAnsi.h"
@@ -11,11 +15,6 @@
 namespace {
 
 using phrases = std::vector<std::wstring>;
-
-std::wstring cite(const std::wstring& texte)
-{
-    return L"« " + texte + L" »";
-}
 
 void signalerCellule(std::size_t ligne, const wchar_t* colonne, const std::wstring& cellule, phrases& resultat)
 {
@@ -79,6 +78,8 @@ phrases avertissements(const cheminement& c, const finAttendue& fin, const std::
     signalerFin(c, fin, resultat);
     signalerDistances(c, resultat);
     signalerSommes(c, resultat);
+    if (std::wstring fermeture = remarqueFermeture(c); !fermeture.empty())
+        resultat.push_back(std::move(fermeture));
     if (!conseil.empty())
         resultat.push_back(conseil);
     signalerResultats(c, resultat);
@@ -112,6 +113,38 @@ std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuver
         return {donneesInsuffisantes};
     return avertissements(resultat, {resultat.arrivee.nom, L"d'arrivée", L"la polygonale doit y finir."},
                           conseilAngulaire(resultat));
+}
+
+std::vector<std::wstring> avertissementsNoms(const std::vector<std::wstring>& noms, std::size_t longueur,
+                                             const std::wstring& ou)
+{
+    phrases resultat;
+    std::set<std::wstring> vus;
+    std::map<std::string, std::wstring> tenus; // the first name that is kept so
+    for (const std::wstring& nom : noms) {
+        if (!vus.insert(nom).second)
+            continue;
+        const std::string entier = versAnsi(nom), tenu = entier.substr(0, longueur);
+        if (depuisAnsi(entier) != nom)
+            resultat.push_back(L"Le nom " + cite(nom) + L" devient " + cite(depuisAnsi(tenu)) + L" " + ou +
+                               L" : un de ses caractères n'est pas dans la page de codes Windows-1252.");
+        else if (tenu.size() < entier.size())
+            resultat.push_back(L"Le nom " + cite(nom) + L" est coupé à " + std::to_wstring(longueur) + L" caractères " +
+                               ou + L".");
+        if (const auto [autre, nouveau] = tenus.emplace(tenu, nom); !nouveau)
+            resultat.push_back(L"Les stations " + cite(autre->second) + L" et " + cite(nom) +
+                               L" y portent le même nom, " + cite(depuisAnsi(tenu)) + L".");
+    }
+    return resultat;
+}
+
+std::vector<std::wstring> avertissementsNoms(const std::vector<stationCorrigee>& stations, std::size_t longueur,
+                                             const std::wstring& ou)
+{
+    std::vector<std::wstring> noms;
+    for (const stationCorrigee& station : stations)
+        noms.push_back(station.nom);
+    return avertissementsNoms(noms, longueur, ou);
 }
 
 std::vector<std::wstring> premieresPhrases(std::vector<std::wstring> phrases, std::size_t nombre)

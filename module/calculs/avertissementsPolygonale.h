@@ -17,9 +17,19 @@ inline constexpr wchar_t donneesInsuffisantes[] = L"Erreur , données insuffisan
 std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObservation>& lignes);
 
 /// Lengths and sums that are zero, results that are unknown or not finite, a last row that does not name the station
-/// where the traverse ends, an angular error near whole or half turns (conseilAngulaire).
+/// where the traverse ends, a closure beyond any practice (remarqueFermeture) and what may be behind it
+/// (conseilAngulaire).
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleFermee& resultat);
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuverte& resultat);
+
+/// Names that are not kept as they stand where names have `longueur` bytes of the code page: each that is cut or holds
+/// characters outside the page, and each that becomes the same as another.
+/// @param ou "dans la table de points"
+std::vector<std::wstring> avertissementsNoms(const std::vector<std::wstring>& noms, std::size_t longueur,
+                                             const std::wstring& ou);
+/// The same for the names of stations.
+std::vector<std::wstring> avertissementsNoms(const std::vector<stationCorrigee>& stations, std::size_t longueur,
+                                             const std::wstring& ou);
 
 /// At most `nombre` of the sentences, the last one telling how many more there are: what is wrong in every row of a
 /// list is understood by then.

@@ -6,10 +6,11 @@
 #include "calculs/calculPolygonaleOuverte.h"
 
 // The computations take angles and bearings by one rule and bring no error back into one turn. Observations booked by
-// another rule miss by whole or half turns. Each rule that is in use is tried: the one under which the traverse closes
-// in angle and in position is what the user meant, and the sentence says what to type instead.
+// another rule miss by whole or half turns, and so do those with one angle read half a turn off. What explains them
+// (hypothesesAngulaires) is told with what to type instead. Where several explanations are as good, each is told, as
+// "Soit ...": only the user can know.
 
-/// What an angular error near a whole or half number of turns usually means and what to type, in French; empty when the
-/// error is of another size and no rule of booking explains it. A traverse that closes is not looked at further.
+/// What may be behind a traverse that does not close, in French; empty when it closes, and when nothing explains it
+/// and its angular error is near no whole or half number of turns.
 std::wstring conseilAngulaire(const resultatPolygonaleFermee& resultat);
 std::wstring conseilAngulaire(const resultatPolygonaleOuverte& resultat);

@@ -22,6 +22,7 @@ public:
 protected:
     bilanLecture lire(std::string_view contenu) override;
     std::string contenu() const override { return contenuPolygonale(donnees()); }
+    std::vector<std::wstring> perduALEcriture() const override { return avertissementsEcriture(donnees()); }
     polygonaleCalculee calculee(htmlDocument* rapport) const override { return calculerPolygonale(donnees(), rapport); }
 
 private:

@@ -2,13 +2,13 @@
 
 #include <cmath>
 #include <exception>
-#include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QLocale>
 
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/CParamMisePlaceResultCalcs.h"
+#include "calculs/fermeturePolygonale.h"
 #include "calculs/panneauPolygonale.h"
 #include "calculs/placerPolygonale.h"
 #include "points/projetDansDessin.h"
@@ -34,19 +34,17 @@ bool existe(const std::wstring& fichier)
     return _waccess(fichier.c_str(), 0) == 0;
 }
 
-/// Whether the file dialog has asked about replacing the file that `nom` leads to: it knew it as `choisi`, perhaps in
-/// other letters.
-bool dejaDemande(const std::wstring& choisi, const std::wstring& nom)
+/// The name to save under: the file that the user chose when it is there to the letter, else one in lower case.
+std::wstring nomEcrit(const std::wstring& choisi, int filtre)
 {
-    const QFileInfo connu(QString::fromStdWString(choisi)), ecrit(QString::fromStdWString(nom));
-    return connu.exists() && enMinuscules(choisi) == nom &&
-           (connu.fileName() == ecrit.fileName() || !connu.dir().exists(ecrit.fileName()));
+    const std::wstring complet = nomComplet(choisi, filtre);
+    return QFileInfo::exists(QString::fromStdWString(complet)) ? complet : nomEnregistrement(choisi, filtre);
 }
 
-/// The name saved under may be another than the one that the file dialog asked about: in lower case, with an extension.
+/// The name saved under may be another than the one that the file dialog asked about: with an extension.
 bool remplacementAccepte(const std::wstring& choisi, const std::wstring& nom)
 {
-    return !existe(nom) || dejaDemande(choisi, nom) ||
+    return !existe(nom) || enMinuscules(choisi) == enMinuscules(nom) ||
            demanderOuiNon(L"Enregistrer sous", L"« " + nom + L" » existe déjà. Le remplacer ?");
 }
 
@@ -106,7 +104,7 @@ std::vector<std::wstring> dialoguePolygonale::remarques(const polygonaleCalculee
     return premieresPhrases(std::move(phrases), remarquesMontrees);
 }
 
-void dialoguePolygonale::montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite)
+void dialoguePolygonale::montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite) const
 {
     std::vector<std::wstring> phrases = remarques(calculee);
     phrases.insert(phrases.begin(), resumePolygonale(calculee.resultat));
@@ -139,11 +137,11 @@ void dialoguePolygonale::sauvegarder()
     const auto choisi = demanderFichierAEcrire(demande, &filtre);
     if (!choisi)
         return;
-    const std::wstring nom = nomEnregistrement(*choisi, filtre);
+    const std::wstring nom = nomEcrit(*choisi, filtre);
     if (!remplacementAccepte(*choisi, nom))
         return;
     if (remplacerFichier(nom.c_str(), contenu()))
-        m_panneau->montrerBilan(premieresPhrases(avertissementsEcriture(m_panneau->lignes()), remarquesMontrees));
+        m_panneau->montrerBilan(premieresPhrases(perduALEcriture(), remarquesMontrees));
     else
         afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
 }
@@ -166,28 +164,47 @@ void dialoguePolygonale::calculer()
     resultPolygo(rapport.fileName().wstring(), remarques(p)).exec();
 }
 
+bool dialoguePolygonale::placerQuandMeme(const polygonaleCalculee& calculee) const
+{
+    const std::wstring remarque = remarqueFermeture(calculee.resultat);
+    if (remarque.empty())
+        return true;
+    montrerBilan(calculee); // what may be behind it
+    return demanderOuiNon(titreCalculs, remarque + L"\n\nPlacer quand même les stations ?");
+}
+
+void dialoguePolygonale::placerStations(const polygonaleCalculee& calculee,
+                                        const CParamMisePlaceResultCalcs& parametres)
+{
+    std::vector<tracePolygonale> traces;
+    if (parametres.dessinerOriginelle())
+        traces.push_back(calculee.originelle);
+    if (parametres.dessinerCompensee())
+        traces.push_back(calculee.compensee);
+    const placementPolygonale placement = parametres.placement();
+    const std::vector<stationCorrigee>& stations = calculee.resultat.stations;
+    const int placees = placerPolygonale(stations, placement, traces);
+    const std::wstring phrase = phrasePlacement(placees, stations.size(), placement.code);
+    std::vector<std::wstring> suite{phrase};
+    for (const std::wstring& nom : avertissementsPlacement(stations))
+        suite.push_back(nom);
+    montrerBilan(calculee, suite);
+    if (placees < static_cast<int>(stations.size()))
+        afficherAvertissement(titreCalculs, phrase);
+}
+
 /// Too few rows are no reason for a message here.
 void dialoguePolygonale::placer()
 {
     if (!donneesSuffisantes())
         return;
-    CParamMisePlaceResultCalcs parametres;
-    if (parametres.exec() != Accepted)
-        return;
     try {
         const polygonaleCalculee p = calculee(nullptr);
-        std::vector<tracePolygonale> traces;
-        if (parametres.dessinerOriginelle())
-            traces.push_back(p.originelle);
-        if (parametres.dessinerCompensee())
-            traces.push_back(p.compensee);
-        const placementPolygonale placement = parametres.placement();
-        const int placees = placerPolygonale(p.resultat.stations, placement, traces);
-        const std::size_t stations = p.resultat.stations.size();
-        const std::wstring phrase = phrasePlacement(placees, stations, placement.code);
-        montrerBilan(p, {phrase});
-        if (placees < static_cast<int>(stations))
-            afficherAvertissement(titreCalculs, phrase);
+        if (!placerQuandMeme(p))
+            return;
+        CParamMisePlaceResultCalcs parametres;
+        if (parametres.exec() == Accepted)
+            placerStations(p, parametres);
     } catch (const std::exception&) {
         afficherAvertissement(titreCalculs, L"Erreur !");
     }

@@ -9,6 +9,7 @@
 #include "calculs/polygonaleCalculee.h"
 #include "services/dialogueModule.h"
 
+class CParamMisePlaceResultCalcs;
 class QLineEdit;
 class panneauPolygonale;
 
@@ -29,6 +30,7 @@ protected:
     // What is in the widgets, and what is to be there.
     virtual bilanLecture lire(std::string_view contenu) = 0; ///< the bytes of a file
     virtual std::string contenu() const = 0;
+    virtual std::vector<std::wstring> perduALEcriture() const = 0; ///< see avertissementsEcriture
     virtual polygonaleCalculee calculee(htmlDocument* rapport) const = 0;
 
 private:
@@ -36,10 +38,12 @@ private:
     void sauvegarder();
     void calculer();
     void placer();
+    bool placerQuandMeme(const polygonaleCalculee& calculee) const;
+    void placerStations(const polygonaleCalculee& calculee, const CParamMisePlaceResultCalcs& parametres);
     void rafraichirCroquis();
     bool donneesSuffisantes() const;
     std::vector<std::wstring> remarques(const polygonaleCalculee& calculee) const;
-    void montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite = {});
+    void montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite = {}) const;
 
     panneauPolygonale* m_panneau = nullptr;
     std::vector<champNombre> m_champs;

@@ -13,75 +13,6 @@
 
 namespace {
 
-// --- Writing -------------------------------------------------------------------------------------------------------
-
-constexpr wchar_t commentaireAngles[] = L"* Unités angulaires\n"
-                                        L"* Syntaxe: \n"
-                                        L"* Angles : <unité de mesure des angles>\n"
-                                        // The missing word ("peut") and the next misspelling are intended: files
-                                        // already on disk carry them, and users compare files.
-                                        L"* Avec <unité de mesure des angles> qui être :\n"
-                                        L"* Grades Degres ou Radians\n";
-
-constexpr wchar_t commentaireNivellement[] =
-    L"* Mode de calcul du nivellement\n"
-    L"* Syntaxe: \n"
-    L"* Nivellement: <Mode de nivellement>\n"
-    L"* Avec <Mode de nivellement> qui peut être\n"
-    L"* \taucun\tPour aucune compensation sur les alitutudes\n"
-    L"* \tsimple\tPour une compensation simple\n"
-    L"* \tdistance\tPour une compensation proportionnelle aux distances entre stations\n"
-    L"* \tracine\tPour une compensation proportionnelle aux racines des distances\n";
-
-constexpr wchar_t enTeteDonnees[] = L"* Données de la polygonale\n"
-                                    L"* Nom Station\t\tAngle\t\tDistance\t\tDz\n";
-
-constexpr std::size_t longueurCellule = 510;
-
-/// The formatted lines begin with line feeds of their own, which show as empty lines.
-class redacteur {
-public:
-    void texte(std::wstring_view t) { m_octets += versAnsi(t); }
-
-    void station(std::wstring_view cle, const stationPolygonale& s)
-    {
-        texte(L"\n");
-        texte(cle);
-        texte(L"=\"" + s.nom + L"\" X= ");
-        m_octets += nombreFixe(s.x, 5) + " Y= " + nombreFixe(s.y, 5) + " Z= " + nombreFixe(s.z, 5) +
-                    " Gis= " + nombreFixe(s.gisement, 5) + "\n";
-    }
-
-    void fermeture(double angle) { m_octets += "\nFermeture: " + nombreFixe(angle, 4) + "\n"; }
-
-    void angles(int unite)
-    {
-        texte(commentaireAngles);
-        texte(std::wstring(L"\n\nAngles: ") + motUniteAngulaire(unite) + L"\n");
-    }
-
-    void nivellement(int mode)
-    {
-        texte(commentaireNivellement);
-        texte(std::wstring(L"\n\nNivellement: ") + motNivellement(mode) + L"\n");
-    }
-
-    void lignes(const std::vector<ligneObservation>& observations)
-    {
-        for (const ligneObservation& l : observations) {
-            texte(L"\n\"" + l.station.substr(0, longueurNomStation) + L"\"\t");
-            texte(L"\t\t" + l.angle.substr(0, longueurCellule));
-            texte(L"\t" + l.distance.substr(0, longueurCellule));
-            texte(L"\t\t" + l.altitude.substr(0, longueurCellule) + L"\n");
-        }
-    }
-
-    std::string octets() && { return std::move(m_octets); }
-
-private:
-    std::string m_octets;
-};
-
 // --- Reading -------------------------------------------------------------------------------------------------------
 
 using elementsLigne = std::vector<std::wstring>;
@@ -231,16 +162,26 @@ void lireStation(lecture& l, donneesPolygonaleOuverte& donnees)
     (ligneArrivee ? l.arrivee : l.depart) = true;
 }
 
-void remarquerManques(lecture& l, const donneesPolygonaleFermee&)
+/// Each kind of file has its own word for the departure.
+void remarquerAutreGenre(lecture& l, const stationPolygonale& depart, const wchar_t* autreGenre)
+{
+    if (l.depart && depart.nom.empty())
+        l.remarquer(L"la station de départ n'a pas de nom ; ce fichier est-il celui d'une polygonale " +
+                    std::wstring(autreGenre) + L" ?");
+}
+
+void remarquerManques(lecture& l, const donneesPolygonaleFermee& donnees)
 {
     if (!l.depart)
         l.remarquer(L"aucune ligne de station : le départ est en 0, 0, de gisement 0.");
+    remarquerAutreGenre(l, donnees.depart, L"ouverte");
 }
 
 void remarquerManques(lecture& l, const donneesPolygonaleOuverte& donnees)
 {
     if (!l.depart)
         l.remarquer(L"aucune ligne « Depart » : le départ est en 0, 0, de gisement 0.");
+    remarquerAutreGenre(l, donnees.depart, L"fermée");
     if (!l.arrivee)
         l.remarquer(L"aucune ligne « Arrivee » : l'arrivée est en 0, 0, de gisement 0.");
     if (!l.fermeture)
@@ -302,9 +243,10 @@ bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
 {
     vider(donnees);
     lecture l;
-    const bool utf8 = contenu.starts_with(marqueUtf8);
-    if (utf8)
+    const bool marque = contenu.starts_with(marqueUtf8);
+    if (marque)
         contenu.remove_prefix(marqueUtf8.size());
+    const bool utf8 = marque || sembleUtf8(contenu);
     while (!contenu.empty()) {
         ++l.numero;
         const std::size_t fin = contenu.find('\n');
@@ -345,38 +287,6 @@ bool finitPar(std::wstring_view texte, std::wstring_view fin)
 
 } // namespace
 
-std::string contenuPolygonale(const donneesPolygonaleFermee& donnees)
-{
-    redacteur r;
-    r.texte(L"* Fichier de données pour calcul de polygonale Fermée\n\n");
-    r.texte(L"* Station de depart\n");
-    r.station(L"Nom", donnees.depart);
-    r.angles(donnees.unite);
-    r.nivellement(donnees.nivellement);
-    r.texte(enTeteDonnees);
-    r.lignes(donnees.lignes);
-    return std::move(r).octets();
-}
-
-std::string contenuPolygonale(const donneesPolygonaleOuverte& donnees)
-{
-    redacteur r;
-    r.texte(L"* Fichier de données pour calcul de polygonale Ouverte\n");
-    r.texte(L"* Station de depart\n");
-    r.station(L"Depart", donnees.depart);
-    r.station(L"Arrivee", donnees.arrivee);
-    r.fermeture(donnees.fermeture);
-    r.angles(donnees.unite);
-    r.nivellement(donnees.nivellement);
-    r.texte(std::wstring(L"\n") + enTeteDonnees);
-    // The levelling section and the heading stand twice, intended: files already on disk have both.
-    r.texte(L"\n");
-    r.nivellement(donnees.nivellement);
-    r.texte(std::wstring(L"\n") + enTeteDonnees);
-    r.lignes(donnees.lignes);
-    return std::move(r).octets();
-}
-
 bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleFermee& donnees)
 {
     return lireContenu(contenu, donnees);
@@ -408,29 +318,11 @@ std::vector<std::wstring> avertissementsLecture(std::wstring_view fichier, const
     return phrases;
 }
 
-std::vector<std::wstring> avertissementsEcriture(const std::vector<ligneObservation>& lignes)
+std::wstring nomComplet(std::wstring_view choisi, int filtre)
 {
-    // Of the cells only the name stands between quotes: separators in the others cut them in pieces.
-    const auto nomPerdu = [](const std::wstring& nom) { return nom.empty() || nom.find(L'"') != std::wstring::npos; };
-    const auto cellulePerdue = [](const std::wstring& cellule) {
-        return cellule.empty() || cellule.find_first_of(separateursPolygonale) != std::wstring::npos;
-    };
-    std::vector<std::wstring> phrases;
-    for (std::size_t i = 0; i < lignes.size(); ++i) {
-        const ligneObservation& l = lignes[i];
-        if (nomPerdu(l.station) || cellulePerdue(l.angle) || cellulePerdue(l.distance) || cellulePerdue(l.altitude))
-            phrases.push_back(
-                L"Ligne " + std::to_wstring(i + 1) +
-                L" : une cellule est vide ou contient un séparateur ; la ligne ne pourra pas être relue.");
-    }
-    return phrases;
-}
-
-std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
-{
-    std::wstring nom = enMinuscules(std::wstring(choisi));
+    std::wstring nom(choisi);
     const auto completer = [&nom](std::wstring_view extension) {
-        if (!finitPar(nom, extension))
+        if (!finitPar(enMinuscules(nom), extension))
             nom += extension;
     };
     if (filtre == filtreObservations)
@@ -442,4 +334,11 @@ std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
     if (nom.find(L'.') == std::wstring::npos)
         nom += L".obs";
     return nom;
+}
+
+std::wstring nomEnregistrement(std::wstring_view choisi, int filtre)
+{
+    const std::wstring nom = nomComplet(choisi, filtre);
+    const std::size_t fichier = nom.find_last_of(L"/\\") + 1; // 0 without a folder
+    return nom.substr(0, fichier) + enMinuscules(nom.substr(fichier));
 }

@@ -9,8 +9,8 @@
 #include "calculs/donneesPolygonale.h"
 
 // Traverse files (".obs"): text in Windows-1252, lines beginning with "*" are comments that explain the syntax.
-// Written with line feeds, read with line feeds or carriage returns and line feeds. A file that begins with the UTF-8
-// mark is read as such: editors put it there.
+// Written with line feeds, read with line feeds or carriage returns and line feeds. A file in UTF-8 is read as such, by
+// the mark that editors put before it or by its bytes, which no text in Windows-1252 is made of.
 
 /// What looks wrong in a file.
 struct remarqueLecture {
@@ -45,12 +45,17 @@ bilanLecture lirePolygonale(std::string_view contenu, donneesPolygonaleOuverte& 
 bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleFermee& donnees);
 bilanLecture chargerPolygonale(const std::filesystem::path& fichier, donneesPolygonaleOuverte& donnees);
 
-/// French sentences for the rows that a file keeps but cannot give back: an empty cell, or one with a double quote.
-std::vector<std::wstring> avertissementsEcriture(const std::vector<ligneObservation>& lignes);
+/// French sentences for what a file keeps but cannot give back: a station whose name is empty or holds a double quote,
+/// a row with an empty cell, a separator or a quote, names that are cut or hold characters outside the code page.
+std::vector<std::wstring> avertissementsEcriture(const donneesPolygonaleFermee& donnees);
+std::vector<std::wstring> avertissementsEcriture(const donneesPolygonaleOuverte& donnees);
 
 /// Choices of the file dialogs' type list, numbered from 1 as these dialogs do.
 enum filtrePolygonale : int { filtreObservations = 1, filtreSansExtension = 2, filtreTous = 3, filtreTexte = 4 };
 
-/// Name under which to save what the user chose: in lower case, with the extension of the type: ".obs", ".txt", or a
-/// final "." for "Sans extension" and "Tous". A path without any full stop gets ".obs".
+/// What the user chose, with the extension of the type: ".obs", ".txt", or a final "." for "Sans extension" and "Tous".
+/// A path without any full stop gets ".obs".
+std::wstring nomComplet(std::wstring_view choisi, int filtre);
+/// Name under which a new file is saved: nomComplet with the file's own name in lower case. Its folder is the one that
+/// the user chose, to the letter.
 std::wstring nomEnregistrement(std::wstring_view choisi, int filtre);

@@ -48,21 +48,34 @@ std::vector<std::wstring> cellulesDe(std::wstring_view ligne)
 
 } // namespace
 
-std::vector<ligneObservation> lignesCollees(std::wstring_view texte)
+collage lignesCollees(std::wstring_view texte)
 {
-    std::vector<ligneObservation> lignes;
+    collage colle;
     for (std::size_t debut = 0; debut < texte.size();) {
         const std::size_t fin = std::min(texte.find(L'\n', debut), texte.size());
-        std::vector<std::wstring> cellules = cellulesDe(texte.substr(debut, fin - debut));
+        const std::wstring_view ligne = texte.substr(debut, fin - debut);
         debut = fin + 1;
+        std::vector<std::wstring> cellules = cellulesDe(ligne);
         cellules.resize(std::max<std::size_t>(cellules.size(), 4));
         const std::wstring angle = nombreSaisi(cellules[1]), distance = nombreSaisi(cellules[2]);
-        if (!estNombre(angle) || !estNombre(distance))
-            continue;
-        const std::wstring altitude = nombreSaisi(cellules[3]);
-        lignes.push_back({cellules[0], angle, distance, altitude.empty() ? L"0" : altitude});
+        if (estNombre(angle) && estNombre(distance)) {
+            const std::wstring altitude = nombreSaisi(cellules[3]);
+            colle.lignes.push_back({cellules[0], angle, distance, altitude.empty() ? L"0" : altitude});
+        } else if (std::wstring vue = sansBords(ligne); !vue.empty() && colle.laissees++ == 0) {
+            std::ranges::replace(vue, L'\t', L' ');
+            colle.premiere = std::move(vue);
+        }
     }
-    return lignes;
+    return colle;
+}
+
+std::wstring remarqueCollage(const collage& colle)
+{
+    if (colle.laissees == 0)
+        return {};
+    return L"Collage : " + std::to_wstring(colle.lignes.size()) + L" ligne(s) reprise(s), " +
+           std::to_wstring(colle.laissees) + L" laissée(s) sans angle ou distance lisible, dont « " + colle.premiere +
+           L" ».";
 }
 
 std::wstring texteDesLignes(const std::vector<ligneObservation>& lignes)

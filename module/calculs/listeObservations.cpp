@@ -100,8 +100,9 @@ void listeObservations::copier() const
 void listeObservations::coller()
 {
     const std::vector<int> rangs = rangsChoisis();
-    inserer(rangs.empty() ? rowCount() : rangs.back() + 1,
-            lignesCollees(QGuiApplication::clipboard()->text().toStdWString()));
+    const collage lu = lignesCollees(QGuiApplication::clipboard()->text().toStdWString());
+    inserer(rangs.empty() ? rowCount() : rangs.back() + 1, lu.lignes);
+    emit colle(QString::fromStdWString(remarqueCollage(lu)));
 }
 
 void listeObservations::keyPressEvent(QKeyEvent* touche)

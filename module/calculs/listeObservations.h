@@ -25,6 +25,8 @@ public:
 
 signals:
     void lignesChangees();
+    /// What is to be said of a paste; empty when there is nothing.
+    void colle(const QString& remarque);
 
 protected:
     void keyPressEvent(QKeyEvent* touche) override;

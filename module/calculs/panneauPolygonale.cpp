@@ -33,6 +33,7 @@ panneauPolygonale::panneauPolygonale(QWidget* parent) : QWidget(parent), m_ui(st
     connect(m_ui->boutonPlacer, &QPushButton::clicked, this, &panneauPolygonale::placer);
     connect(m_ui->boutonFermer, &QPushButton::clicked, this, &panneauPolygonale::fermer);
     connect(m_ui->liste, &listeObservations::lignesChangees, this, &panneauPolygonale::donneesChangees);
+    connect(m_ui->liste, &listeObservations::colle, m_ui->bilan, &QLabel::setText);
     connect(m_ui->comboAngles, &QComboBox::currentIndexChanged, this, &panneauPolygonale::donneesChangees);
     connect(m_ui->comboNivellement, &QComboBox::currentIndexChanged, this, &panneauPolygonale::donneesChangees);
 }

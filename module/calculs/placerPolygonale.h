@@ -1,9 +1,11 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
-#include "calculs/calculPolygonaleFermee.h"
+#include "calculs/avertissementsPolygonale.h"
 #include "points/exportation.h"
+#include "points/pointDuDessin.h"
 
 // Drawing glue: what a corrected traverse becomes in the drawing.
 
@@ -19,6 +21,12 @@ struct placementPolygonale {
     int code = codeStationsParDefaut; ///< see codeDesStations
     bool altitudes = false;           ///< otherwise the altitudes of the points are unknown
 };
+
+/// French sentences for names that the point table cuts or changes, see avertissementsNoms.
+inline std::vector<std::wstring> avertissementsPlacement(const std::vector<stationCorrigee>& stations)
+{
+    return avertissementsNoms(stations, pointDuDessin::longueurNom, L"dans la table de points");
+}
 
 /// Adds the stations to the current point table, each shown by the symbol of their code, and draws the lines in model
 /// space, all as one undo step. A station whose coordinates are not finite is left out, and one whose X or Y is unknown

@@ -18,10 +18,3 @@ struct polygonaleCalculee {
 /// Computes a traverse. @param rapport if given, receives the report with its head lines: encoding and title.
 polygonaleCalculee calculerPolygonale(const donneesPolygonaleFermee& donnees, htmlDocument* rapport = nullptr);
 polygonaleCalculee calculerPolygonale(const donneesPolygonaleOuverte& donnees, htmlDocument* rapport = nullptr);
-
-/// "1/11 375", "nulle" for a traverse that closes but for rounding, "supérieure à 1" for one that misses by more than
-/// its length, "non définie".
-std::wstring texteFermetureRelative(double fermetureRelative);
-
-/// One line: the angular error, the closures in position and height, the relative closure.
-std::wstring resumePolygonale(const cheminement& c);

@@ -16,9 +16,6 @@
 
 namespace {
 
-constexpr double plusPetiteTaille = 1e-6;
-constexpr double plusGrandeTaille = 1e6;
-
 /// The fields of a layer slot.
 struct champsCalque {
     emplacementCalque emplacement;
@@ -98,7 +95,7 @@ codifPoint DlgCodification::code() const
 
 void DlgCodification::accept()
 {
-    if (validerNumero() && validerTaille())
+    if (validerNumero() && validerTaille() && validerCalques())
         QDialog::accept();
 }
 
@@ -130,13 +127,29 @@ bool DlgCodification::validerNumero()
 
 bool DlgCodification::validerTaille()
 {
-    const double taille = reelDeTexte(m_ui->editTaille->text().toStdWString());
-    if (taille >= plusPetiteTaille && taille <= plusGrandeTaille)
+    const std::wstring taille = m_ui->editTaille->text().toStdWString();
+    const std::wstring remarque = remarqueNombre(L"la taille", taille);
+    const bool bornee = tailleValable(reelDeTexte(taille));
+    if (bornee && remarque.empty())
         return true;
-    afficherAvertissement(L"Erreur", L"Entrez un nombre compris entre 1e-006 et 1e+006.");
+    afficherAvertissement(L"Erreur", bornee ? remarque : L"Entrez un nombre compris entre 1e-006 et 1e+006.");
     m_ui->editTaille->setFocus();
     m_ui->editTaille->selectAll();
     return false;
+}
+
+bool DlgCodification::validerCalques()
+{
+    for (const champsCalque& champs : champsCalques(*m_ui)) {
+        const std::wstring nom = champs.nom->text().toStdWString();
+        if (calqueValable(nom.c_str()))
+            continue;
+        afficherAvertissement(L"Erreur", L"Nom de calque impossible : « " + nom + L" »\n" + regleNomsCalques);
+        champs.nom->setFocus();
+        champs.nom->selectAll();
+        return false;
+    }
+    return true;
 }
 
 void DlgCodification::choisirBlock()
@@ -148,11 +161,7 @@ void DlgCodification::choisirBlock()
     const auto choisi = demanderFichierALire(demande);
     if (!choisi)
         return;
-    CString chemin(choisi->c_str());
-    // A block is named as a ".dwg", whichever of the two the host finds under that name.
-    if (chemin.Right(4).CompareNoCase(L".dxf") == 0)
-        chemin = chemin.Left(chemin.GetLength() - 4) + L".dwg";
-    m_code.chemin = chemin;
+    m_code.chemin = cheminDeBloc(choisi->c_str()).value_or(CString(choisi->c_str()));
     m_ui->labelChemin->setText(texteQt(m_code.chemin));
 }
 

@@ -29,6 +29,7 @@ private:
     /// @return false when the user was told that the number cannot be.
     bool validerNumero();
     bool validerTaille();
+    bool validerCalques();
     void choisirBlock();
 
     std::unique_ptr<Ui::DlgCodification> m_ui;

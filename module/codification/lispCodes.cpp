@@ -1,5 +1,7 @@
 #include "codification/lispCodes.h"
 
+#include <optional>
+
 #include "codification/apparenceSymbole.h"
 #include "codification/codificationDuModule.h"
 #include "codification/regleCode.h"
@@ -22,6 +24,16 @@ bool lireChamps(argumentsLisp& arguments, codifPoint& codif)
     (void)(arguments.lireTexte(codif.libelle) && arguments.lireTexte(codif.chemin) &&
            arguments.lireReel(codif.tailleBlock) && arguments.lireEntier(codif.precisionAltitudes));
     return arguments.fini(); // else the reading stopped at one of another kind, or at one too many
+}
+
+/// Codes are shared by all drawings: the path must be one that each can follow.
+std::optional<CString> cheminDuCode(const CString& saisi)
+{
+    const auto chemin = cheminDeBloc(saisi);
+    if (!chemin)
+        acutPrintf(L"\n« %s » n'est pas un bloc de la bibliothèque : donnez le chemin complet de son dessin.",
+                   saisi.GetString());
+    return chemin;
 }
 
 } // namespace
@@ -50,8 +62,12 @@ int lispAddcodept()
         return refuserParametres();
     codif.libelle.Format(L"Code %d", codif.code);
     const bool lus = lireChamps(arguments, codif);
-    if (!lus || codif.tailleBlock <= 0.0 || codif.precisionAltitudes < 0 || codif.precisionAltitudes > 8)
+    if (!lus || !tailleValable(codif.tailleBlock) || codif.precisionAltitudes < 0 || codif.precisionAltitudes > 8)
         return refuserParametres();
+    const auto chemin = cheminDuCode(codif.chemin);
+    if (!chemin)
+        return rendreNil();
+    codif.chemin = *chemin;
     tableCodification& table = codificationDuModule();
     if (!codeValable(codif.code) || table.indexCode(codif.code) >= 0)
         return rendreNil();
@@ -91,13 +107,14 @@ int lispChgreppts()
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
-    if (!table || !db || chemin.Trim(blancsSaisie).IsEmpty())
+    const auto complet = cheminDuCode(chemin);
+    if (!table || !db || !complet || complet->IsEmpty())
         return rendreNil();
     const CAcadUndoGroup groupe;
-    const AcDbObjectId bloc = blocDeFichier(*db, chemin);
+    const AcDbObjectId bloc = blocDeFichier(*db, *complet);
     if (bloc.isNull())
         return rendreNil();
-    codificationDuModule().getCodif(code).chemin = chemin;
+    codificationDuModule().getCodif(code).chemin = *complet;
     codificationDuModule().sauver();
     int changes = 0;
     const listePointsDuDessin& points = *table;

@@ -8,6 +8,7 @@
 #include "codification/attributsBloc.h"
 #include "codification/codificationDuModule.h"
 #include "codification/dissocierBloc.h"
+#include "codification/regleCode.h"
 #include "points/projetDansDessin.h"
 #include "points/superpositions.h"
 #include "services/argumentsLisp.h"
@@ -114,7 +115,7 @@ int lispTpcdaddpt()
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
         (!arguments.fini() && !arguments.lireEntier(code)) ||
-        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini() || !codeValable(code))
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)

@@ -1,11 +1,31 @@
 #pragma once
 
+#include <optional>
+
+#include "points/codeValable.h"
+
 #include "afx.h"
 
+struct codifPoint;
 class tableCodification;
 
-/// Whether a code may be given to a point or to a new code: 1 to 9999.
-bool codeValable(int code);
+// What a code may hold. The dialogs, the AutoLISP functions and the readers of files keep to the same rules.
+
+/// Whether symbols may have that size: 1e-6 to 1e6.
+bool tailleValable(double taille);
+
+/// Whether a layer may bear the name, blanks at its ends aside; an empty one stands for layer "0".
+bool calqueValable(const CString& nom);
+/// What layer names must not be, for those who typed one that is not valable.
+extern const wchar_t* const regleNomsCalques;
+/// Replaces what no layer name may hold, by "_", in the five names of a code; what is too long is cut. Prints each
+/// change on the command line, as read from `fichier` when that is not empty.
+void reparerCalques(codifPoint& code, const CString& fichier = {});
+
+/// The path under which a code keeps its block's drawing file: a ".dxf" is named as the ".dwg" of its stem, which is
+/// how blocks are read; a bare name is that of a block of the module's library.
+/// @return nothing for a relative path that is no block of the library: only this session could find its file.
+std::optional<CString> cheminDeBloc(const CString& saisi);
 
 /// What becomes of the code number that a user types.
 enum class verdictCode {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "codification/regleCode.h"
 #include "codification/xmlCodification.h"
 #include "services/dossierSupport.h"
 #include "services/fichierEntier.h"
@@ -13,21 +14,35 @@
 
 namespace {
 
-void journaliser(const wchar_t* format, const CString& chemin, const CString& copie = {})
+CString entreCrochets(const CString& chemin)
 {
-    CString message;
-    message.Format(format, chemin.GetString(), copie.GetString());
-    journaliserMessage(CStringA(message));
+    return L"[" + chemin + L"]";
 }
+
+void journaliser(const CString& message)
+{
+    journaliserMessage(CStringA(L"Codification : " + message + L"\n"));
+}
+
+/// Tells the user, and the log.
+void signaler(const CString& message)
+{
+    acutPrintf(L"\nCodification : %s", message.GetString());
+    journaliser(message);
+}
+
+constexpr const wchar_t* nomFichier = L"defcodif";
 
 /// @return whether the file may be replaced.
 bool garderFichierRefuse(const CString& chemin)
 {
     const auto copie = mettreDeCote(chemin);
     if (!copie)
-        journaliser(L"Codification : [%s] est illisible et n'a pas pu être copié ; il est laissé tel quel.\n", chemin);
+        signaler(
+            entreCrochets(chemin) +
+            L" est illisible et n'a pas pu être copié ; il est laissé tel quel, les codes ne sont pas enregistrés.");
     else if (!copie->IsEmpty())
-        journaliser(L"Codification : [%s] est illisible ; il est gardé sous [%s].\n", chemin, *copie);
+        journaliser(entreCrochets(chemin) + L" est illisible ; il est gardé sous " + entreCrochets(*copie) + L".");
     return copie.has_value();
 }
 
@@ -41,13 +56,12 @@ tableCodification::tableCodification(const wchar_t* fichier)
         if (!codes.empty())
             return;
     }
-    cheminFichier = cheminSupport(L"defcodif");
+    cheminFichier = cheminSupport(nomFichier);
     charger();
     if (!codes.empty())
         return;
     initDefauts();
-    if (derniere == lecture::faite || garderFichierRefuse(cheminFichier))
-        sauver();
+    sauver();
 }
 
 tableCodification::~tableCodification() = default;
@@ -71,7 +85,12 @@ tableCodification::lecture tableCodification::lireCodes(const CString& chemin)
     };
     try {
         const auto octets = lireFichier(chemin);
-        return octets && codesDeXml(*octets, codes) ? lecture::faite : lecture::refusee;
+        const std::size_t avant = codes.size();
+        if (!octets || !codesDeXml(*octets, codes))
+            return lecture::refusee;
+        for (std::size_t i = avant; i < codes.size(); ++i)
+            reparerCalques(codes[i], chemin);
+        return lecture::faite;
     } catch (const std::exception&) { // no memory left
         return signalerEchec();
     } catch (CException* e) {
@@ -80,12 +99,35 @@ tableCodification::lecture tableCodification::lireCodes(const CString& chemin)
     }
 }
 
-int tableCodification::sauver(const wchar_t* fichier) const
+int tableCodification::sauver(const wchar_t* fichier)
 {
-    const wchar_t* const chemin = fichier ? fichier : cheminFichier.GetString();
-    if (!remplacerFichier(chemin, xmlDeCodes(codes)))
-        journaliser(L"Codification : [%s] n'a pas pu être écrit.\n", chemin);
+    const std::string xml = xmlDeCodes(codes);
+    if (fichier) {
+        if (!remplacerFichier(fichier, xml))
+            signaler(entreCrochets(fichier) + L" n'a pas pu être écrit.");
+        return 1;
+    }
+    if (derniere == lecture::refusee && !garderFichierRefuse(cheminFichier))
+        return 1;
+    derniere = lecture::aucune; // what was there is kept
+    if (!remplacerFichier(cheminFichier, xml) && !sauverDansDossierPersonnel(xml))
+        signaler(entreCrochets(cheminFichier) +
+                 L" n'a pas pu être écrit : les codes changés seront perdus à la fin de la session.");
     return 1;
+}
+
+/// Where the support folder is installed for all users, each has his own from the first write on.
+bool tableCodification::sauverDansDossierPersonnel(const std::string& xml)
+{
+    if (cheminFichier != cheminSupport(nomFichier) || !copierDossierSupport())
+        return false;
+    const CString avant = cheminFichier;
+    cheminFichier = cheminSupport(nomFichier);
+    if (!remplacerFichier(cheminFichier, xml))
+        return false;
+    signaler(entreCrochets(avant) + L" ne peut pas être écrit ; vos codes sont désormais dans " +
+             entreCrochets(cheminFichier) + L".");
+    return true;
 }
 
 void tableCodification::initDefauts()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "codification/codifPoint.h"
@@ -21,9 +22,11 @@ public:
 
     /// Appends the codes of the file. @return 1 when the table then holds any code, else 0.
     int charger();
-    /// Writes the codes to `fichier`, or to the table's own file when it is null: the whole file or nothing. A failure
-    /// is logged. @return 1, always.
-    int sauver(const wchar_t* fichier = nullptr) const;
+    /// Writes the codes to `fichier`, or to the table's own file when it is null: the whole file or nothing. A
+    /// "defcodif" in a support folder that cannot be written goes to a copy of that folder, the user's own; one that
+    /// could not be understood and cannot be kept aside is left alone. A failure is printed and logged.
+    /// @return 1, always.
+    int sauver(const wchar_t* fichier = nullptr);
     /// Makes the table the two default codes, 1 "Point topo" and 100 "Station".
     void initDefauts();
 
@@ -54,9 +57,10 @@ private:
     enum class lecture { aucune, refusee, faite };
 
     lecture lireCodes(const CString& chemin);
+    bool sauverDansDossierPersonnel(const std::string& xml);
     codifPoint& creerCodif(int code, const wchar_t* format);
 
     CString cheminFichier;
     std::vector<codifPoint> codes;
-    lecture derniere = lecture::aucune; // how the last reading of the file ended
+    lecture derniere = lecture::aucune; // how the last reading of the file ended; refused: it is still there
 };

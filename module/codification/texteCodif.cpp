@@ -5,6 +5,7 @@
 #include <string>
 
 #include "codification/codifPoint.h"
+#include "codification/regleCode.h"
 #include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
@@ -113,8 +114,10 @@ int codifPoint::lireTexte(std::istream& flux)
     while (ligne && (ligne = ligneSuivante(flux))) {
         if (commencePar(*ligne, debutBloc))
             return 0;
-        if (commencePar(*ligne, finBloc))
+        if (commencePar(*ligne, finBloc)) {
+            reparerCalques(*this);
             return 1;
+        }
         appliquer(*this, *ligne);
     }
     return 0;

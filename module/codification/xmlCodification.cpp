@@ -12,18 +12,22 @@ constexpr const char* elementRacine = "codifPoints";
 constexpr const char* elementTable = "TBdata";
 constexpr const char* elementCode = "codifPoint";
 
+/// What an element without a text means: for a text, that the user cleared it.
+enum class champVide { garderDefaut, vider };
+
 /// One field of a code: its element, and how it is read and written.
 struct champXml {
     const char* element;
     void (*lire)(codifPoint&, const CString&);
     CString (*ecrire)(const codifPoint&);
+    champVide vide = champVide::garderDefaut;
 };
 
 template <emplacementCalque E>
 constexpr champXml champCalque(const char* element)
 {
     return {element, [](codifPoint& c, const CString& v) { c.layers[E] = v; },
-            [](const codifPoint& c) { return c.layers[E]; }};
+            [](const codifPoint& c) { return c.layers[E]; }, champVide::vider};
 }
 
 template <emplacementCalque E>
@@ -37,8 +41,10 @@ constexpr champXml champCouleur(const char* element)
 const champXml champs[] = {
     {"code", [](codifPoint& c, const CString& v) { c.code = entierDeTexte(v); },
      [](const codifPoint& c) { return texteEntier(c.code); }},
-    {"libelle", [](codifPoint& c, const CString& v) { c.libelle = v; }, [](const codifPoint& c) { return c.libelle; }},
-    {"chemin", [](codifPoint& c, const CString& v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; }},
+    {"libelle", [](codifPoint& c, const CString& v) { c.libelle = v; }, [](const codifPoint& c) { return c.libelle; },
+     champVide::vider},
+    {"chemin", [](codifPoint& c, const CString& v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; },
+     champVide::vider},
     {"tailleBlock", [](codifPoint& c, const CString& v) { c.tailleBlock = reelDeTexte(v.GetString()); },
      [](const codifPoint& c) {
          CString texte;
@@ -101,6 +107,19 @@ TiXmlText texteXml(std::string octets)
     return texte;
 }
 
+/// A value on lines of its own, as people lay a file out: blanks at either end that hold a line end are not of it.
+CString sansMiseEnPage(const CString& texte)
+{
+    constexpr const wchar_t* blancs = L" \t\r\n";
+    constexpr const wchar_t* finsDeLigne = L"\r\n";
+    CString utile = texte;
+    const CString debut = texte.SpanIncluding(blancs);
+    if (debut.FindOneOf(finsDeLigne) >= 0)
+        utile.TrimLeft(blancs);
+    const CString sansFin = CString(utile).TrimRight(blancs);
+    return utile.Mid(sansFin.GetLength()).FindOneOf(finsDeLigne) >= 0 ? sansFin : utile;
+}
+
 codifPoint codeDe(const TiXmlElement& element)
 {
     codifPoint code;
@@ -108,8 +127,9 @@ codifPoint codeDe(const TiXmlElement& element)
         const TiXmlElement* const contenant = element.FirstChildElement(champ.element);
         const TiXmlNode* const premier = contenant ? contenant->FirstChild() : nullptr;
         const TiXmlText* const texte = premier ? premier->ToText() : nullptr;
-        if (texte && *texte->Value() != '\0')
-            champ.lire(code, deUtf8(texte->Value()));
+        const CString valeur = texte ? sansMiseEnPage(deUtf8(texte->Value())) : CString();
+        if (!valeur.IsEmpty() || (contenant && (!premier || texte) && champ.vide == champVide::vider))
+            champ.lire(code, valeur);
     }
     return code;
 }

@@ -12,7 +12,9 @@
 /// As the XML library prints it, fields in a fixed order.
 std::string xmlDeCodes(std::span<const codifPoint> codes);
 
-/// Reads every code of the document, in its order. A field that is missing or empty keeps its default; values are taken
-/// as they are. A document whose bytes are not UTF-8 is taken for Windows-1252, as older editors save it.
+/// Reads every code of the document, in its order. A field that is missing keeps its default, and so does an empty
+/// number; an empty text was emptied by its user. Values are taken as they are, but for the line ends around those that
+/// stand on lines of their own. A document whose bytes are not UTF-8 is taken for Windows-1252, as older editors save
+/// it.
 /// @return false, `codes` untouched, when this is no document of codes.
 bool codesDeXml(const std::string& octets, std::vector<codifPoint>& codes);

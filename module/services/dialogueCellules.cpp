@@ -1,5 +1,6 @@
 #include "services/dialogueCellules.h"
 
+#include <QCollator>
 #include <QHeaderView>
 
 QString texteQt(const CString& texte)
@@ -12,11 +13,26 @@ CString texteHote(const QString& texte)
     return CString(texte.toStdWString().c_str());
 }
 
+namespace {
+
+/// As a French dictionary sorts, whatever the user's settings: letter case aside, "école" before "zèbre".
+const QCollator& ordreFrancais()
+{
+    static const QCollator ordre = [] {
+        QCollator c{QLocale(QLocale::French, QLocale::France)};
+        c.setCaseSensitivity(Qt::CaseInsensitive);
+        return c;
+    }();
+    return ordre;
+}
+
+} // namespace
+
 celluleTexte::celluleTexte(const CString& texte) : QTableWidgetItem(texteQt(texte)) {}
 
 bool celluleTexte::operator<(const QTableWidgetItem& autre) const
 {
-    return text().compare(autre.text(), Qt::CaseInsensitive) < 0;
+    return ordreFrancais().compare(text(), autre.text()) < 0;
 }
 
 celluleNombre::celluleNombre(const CString& texte) : QTableWidgetItem(texteQt(texte))

@@ -13,7 +13,7 @@
 QString texteQt(const CString& texte);
 CString texteHote(const QString& texte);
 
-/// A cell that sorts by its text, letter case aside.
+/// A cell that sorts by its text as a French dictionary does, letter case aside.
 class celluleTexte : public QTableWidgetItem {
 public:
     explicit celluleTexte(const CString& texte);

@@ -1,17 +1,25 @@
 #include "services/dialogueFichier.h"
 
 #include <algorithm>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QSortFilterProxyModel>
 #include <QStringList>
 
+#include "services/dialogueMessage.h"
 #include "services/dialogueModule.h"
 
 namespace {
 
+/// "*." stands for names without an extension, which no pattern of the dialog can say.
+constexpr QLatin1StringView sansExtension("*.");
+
 struct filtre {
     QString nom;
     QStringList modeles; // "*.htm", "*.html"
+    bool sansExtension;
 };
 
 /// "nom|modèles|nom|modèles||"
@@ -22,8 +30,9 @@ std::vector<filtre> filtresDe(const std::wstring& texte)
     for (qsizetype i = 0; i + 1 < parties.size() && !parties[i].isEmpty(); i += 2) {
         QStringList modeles;
         for (const QString& modele : parties[i + 1].split(u';', Qt::SkipEmptyParts))
-            modeles << (modele.trimmed() == u"*.*" ? QStringLiteral("*") : modele.trimmed());
-        filtres.push_back({parties[i], modeles});
+            modeles << (modele.trimmed() == u"*.*" || modele.trimmed() == sansExtension ? QStringLiteral("*")
+                                                                                        : modele.trimmed());
+        filtres.push_back({parties[i], modeles, parties[i + 1].trimmed() == sansExtension});
     }
     return filtres;
 }
@@ -33,6 +42,30 @@ QString nomComplet(const filtre& f)
 {
     return QStringLiteral("%1 (%2)").arg(f.nom, f.modeles.join(u' '));
 }
+
+/// Hides the files with an extension while names without one are asked for.
+class vueFichiers : public QSortFilterProxyModel {
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    void montrerSansExtension(bool seuls)
+    {
+        m_seuls = seuls;
+        invalidateFilter();
+    }
+
+protected:
+    bool filterAcceptsRow(int rang, const QModelIndex& parent) const override
+    {
+        const auto* const fichiers = qobject_cast<const QFileSystemModel*>(sourceModel());
+        const QModelIndex index = sourceModel()->index(rang, 0, parent);
+        return !m_seuls || !fichiers || fichiers->isDir(index) ||
+               QFileInfo(fichiers->fileName(index)).suffix().isEmpty();
+    }
+
+private:
+    bool m_seuls = false;
+};
 
 /// The extension that a filter gives to a name typed without one: none for "*".
 QString extensionDe(const filtre& f)
@@ -54,6 +87,21 @@ void proposer(QFileDialog& dialogue, const QString& nom)
     dialogue.selectFile(fichier.fileName());
 }
 
+/// Files are found whatever the letter case of their names: one that differs by it alone is the one written, and the
+/// dialog, which knows it by another name, has not asked.
+bool remplacementAccepte(const QString& fichier)
+{
+    const QFileInfo voulu(fichier);
+    const QString nom = voulu.fileName();
+    if (voulu.exists())
+        return true;
+    for (const QString& present : voulu.dir().entryList(QDir::Files | QDir::Hidden))
+        if (present.compare(nom, Qt::CaseInsensitive) == 0)
+            return demanderOuiNon(L"Enregistrer sous",
+                                  L"« " + present.toStdWString() + L" » existe déjà. Le remplacer ?");
+    return true;
+}
+
 std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog::AcceptMode mode,
                                      int* filtreChoisi = nullptr)
 {
@@ -67,6 +115,8 @@ std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog:
     dialogue.setFileMode(ecrire ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialogue.setLabelText(QFileDialog::Accept, ecrire ? QStringLiteral("Enregistrer") : QStringLiteral("Ouvrir"));
     dialogue.setLabelText(QFileDialog::Reject, QStringLiteral("Annuler"));
+    dialogue.setLabelText(QFileDialog::FileName, QStringLiteral("Nom du fichier"));
+    dialogue.setLabelText(QFileDialog::FileType, QStringLiteral("Type de fichier"));
     const QString titre = ecrire ? QStringLiteral("Enregistrer sous") : QStringLiteral("Ouvrir");
     dialogue.setWindowTitle(demande.titre.empty() ? titre : QString::fromStdWString(demande.titre));
 
@@ -75,12 +125,15 @@ std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog:
     QStringList noms;
     for (const filtre& f : filtres)
         noms << nomComplet(f);
+    auto* const vue = new vueFichiers(&dialogue);
+    dialogue.setProxyModel(vue);
     const auto suivreFiltre = [&](const QString& choisi) {
         // The dialog may leave out the patterns that it does not show.
         const auto f = std::ranges::find_if(
             filtres, [&](const filtre& un) { return choisi == un.nom || choisi == nomComplet(un); });
         if (filtreChoisi && f != filtres.end())
             *filtreChoisi = static_cast<int>(f - filtres.begin()) + 1;
+        vue->montrerSansExtension(f != filtres.end() && f->sansExtension);
         const QString extension = f == filtres.end() ? QString() : extensionDe(*f);
         dialogue.setDefaultSuffix(extension.isEmpty() ? parDefaut : extension);
     };
@@ -92,7 +145,10 @@ std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog:
 
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty())
         return std::nullopt;
-    return dialogue.selectedFiles().first().toStdWString();
+    const QString fichier = dialogue.selectedFiles().first();
+    if (ecrire && !remplacementAccepte(fichier))
+        return std::nullopt;
+    return fichier.toStdWString();
 }
 
 } // namespace

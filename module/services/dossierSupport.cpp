@@ -6,9 +6,14 @@
 #include <optional>
 #include <vector>
 
+#include "io.h"
+#include "shellapi.h"
+#include "shlobj.h"
+
 namespace {
 
 constexpr const wchar_t* cleRegistre = L"Software\\Ostrakon\\Quarvel5";
+constexpr const wchar_t* valeurDossier = L"chemin";
 constexpr int longueurDossier = 2047;
 constexpr std::size_t tailleChemin = 4096;
 
@@ -25,10 +30,10 @@ struct valeurBrute {
     std::vector<BYTE> octets;
 };
 
-std::optional<valeurBrute> lireValeur(const wchar_t* nom, REGSAM acces)
+std::optional<valeurBrute> lireValeur(HKEY racine, const wchar_t* nom, REGSAM acces)
 {
     HKEY ouverte = nullptr;
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, cleRegistre, 0, acces, &ouverte) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(racine, cleRegistre, 0, acces, &ouverte) != ERROR_SUCCESS)
         return std::nullopt;
     const fermetureCle garde(ouverte);
     valeurBrute valeur;
@@ -41,9 +46,9 @@ std::optional<valeurBrute> lireValeur(const wchar_t* nom, REGSAM acces)
     return valeur;
 }
 
-std::optional<CString> lireTexte(const wchar_t* nom, REGSAM acces)
+std::optional<CString> lireTexte(HKEY racine, const wchar_t* nom, REGSAM acces)
 {
-    const auto valeur = lireValeur(nom, acces);
+    const auto valeur = lireValeur(racine, nom, acces);
     if (!valeur || valeur->type != REG_SZ)
         return std::nullopt;
     std::vector<wchar_t> texte(valeur->octets.size() / sizeof(wchar_t) + 1, L'\0');
@@ -51,11 +56,66 @@ std::optional<CString> lireTexte(const wchar_t* nom, REGSAM acces)
     return CString(texte.data());
 }
 
-/// Looked up once, whatever the outcome.
-const CString& dossierSupport()
+CString dossierDuRegistre()
 {
-    static const CString dossier = lireTexte(L"chemin", KEY_READ).value_or(CString()).Left(longueurDossier);
+    auto dossier = lireTexte(HKEY_CURRENT_USER, valeurDossier, KEY_READ);
+    if (!dossier)
+        dossier = lireTexte(HKEY_LOCAL_MACHINE, valeurDossier, KEY_READ);
+    return dossier.value_or(CString()).Left(longueurDossier);
+}
+
+/// Looked up once, whatever the outcome.
+CString& dossierSupport()
+{
+    static CString dossier = dossierDuRegistre();
     return dossier;
+}
+
+/// The first of "support", "support-2"... that is free in the module's folder among the user's files; empty when the
+/// platform tells of none.
+CString dossierPersonnelLibre()
+{
+    constexpr int plusGrandNumero = 100;
+    std::array<wchar_t, MAX_PATH> donnees{};
+    if (SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, donnees.data()) !=
+        S_OK)
+        return {};
+    for (int numero = 1; numero <= plusGrandNumero; ++numero) {
+        CString dossier = CString(donnees.data()) + L"\\Quarvel5\\support";
+        if (numero > 1)
+            dossier.AppendFormat(L"-%d", numero);
+        if (_waccess(dossier, 0) != 0)
+            return dossier;
+    }
+    return {};
+}
+
+/// Both names end with a second zero: the call takes lists.
+bool copierDossier(CString de, CString vers)
+{
+    const auto liste = [](const CString& chemin) {
+        std::vector<wchar_t> texte(chemin.GetString(), chemin.GetString() + chemin.GetLength());
+        texte.resize(texte.size() + 2, L'\0');
+        return texte;
+    };
+    const std::vector<wchar_t> source = liste(de), copie = liste(vers);
+    SHFILEOPSTRUCTW operation{};
+    operation.wFunc = FO_COPY;
+    operation.pFrom = source.data();
+    operation.pTo = copie.data();
+    operation.fFlags = FOF_NO_UI;
+    return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
+}
+
+void inscrireDossier(const CString& dossier)
+{
+    HKEY ouverte = nullptr;
+    if (RegCreateKeyExW(HKEY_CURRENT_USER, cleRegistre, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
+                        &ouverte, nullptr) != ERROR_SUCCESS)
+        return;
+    const fermetureCle garde(ouverte);
+    RegSetValueExW(ouverte, valeurDossier, 0, REG_SZ, reinterpret_cast<const BYTE*>(dossier.GetString()),
+                   static_cast<DWORD>((static_cast<std::size_t>(dossier.GetLength()) + 1) * sizeof(wchar_t)));
 }
 
 } // namespace
@@ -73,9 +133,20 @@ const wchar_t* cheminSupport(const wchar_t* fichier, const wchar_t* sousDossier)
     return tampon.data();
 }
 
+bool copierDossierSupport()
+{
+    CString installe = dossierSupport();
+    const CString copie = dossierPersonnelLibre();
+    if (installe.TrimRight(L'\\').IsEmpty() || copie.IsEmpty() || !copierDossier(installe, copie))
+        return false;
+    dossierSupport() = copie;
+    inscrireDossier(copie);
+    return true;
+}
+
 int lireValeurRegistre(const wchar_t* nom, CString& valeur)
 {
-    const auto lue = lireTexte(nom, KEY_ALL_ACCESS);
+    const auto lue = lireTexte(HKEY_LOCAL_MACHINE, nom, KEY_ALL_ACCESS);
     if (!lue)
         return 0;
     valeur = *lue;
@@ -84,7 +155,7 @@ int lireValeurRegistre(const wchar_t* nom, CString& valeur)
 
 int lireValeurRegistre(const wchar_t* nom, DWORD& valeur)
 {
-    const auto lue = lireValeur(nom, KEY_ALL_ACCESS);
+    const auto lue = lireValeur(HKEY_LOCAL_MACHINE, nom, KEY_ALL_ACCESS);
     if (!lue || lue->type != REG_DWORD || lue->octets.size() != sizeof valeur)
         return 0;
     std::copy(lue->octets.begin(), lue->octets.end(), reinterpret_cast<BYTE*>(&valeur));

@@ -80,6 +80,28 @@ std::wstring depuisUtf8(std::string_view octets)
     return texte;
 }
 
+bool sembleUtf8(std::string_view octets)
+{
+    bool plusQueAscii = false;
+    for (std::size_t i = 0; i < octets.size();) {
+        const auto premier = static_cast<unsigned char>(octets[i++]);
+        if (premier < 0x80)
+            continue;
+        const std::size_t suite = premier >= 0xC2 && premier < 0xE0 ? 1 : premier >= 0xE0 && premier < 0xF0 ? 2 : 0;
+        if (suite == 0 || octets.size() - i < suite)
+            return false;
+        // The second byte of three tells the shortest form, and leaves the halves of longer characters out.
+        const auto deuxieme = static_cast<unsigned char>(octets[i]);
+        if ((premier == 0xE0 && deuxieme < 0xA0) || (premier == 0xED && deuxieme >= 0xA0))
+            return false;
+        for (const std::size_t fin = i + suite; i < fin; ++i)
+            if ((octets[i] & 0xC0) != 0x80)
+                return false;
+        plusQueAscii = true;
+    }
+    return plusQueAscii;
+}
+
 std::wstring enMinuscules(std::wstring texte)
 {
     std::transform(texte.begin(), texte.end(), texte.begin(), minuscule);

@@ -1,11 +1,12 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+
+#include "TestFolder.h"
 
 /// What a run of the program gave.
 struct execution {
@@ -18,7 +19,6 @@ struct execution {
 class dossierEssai : public testing::Test {
 protected:
     dossierEssai();
-    ~dossierEssai() override;
 
     /// @param arguments as typed in a shell
     execution vela(const std::string& arguments) const;
@@ -26,11 +26,11 @@ protected:
     nlohmann::json velaJson(const std::string& arguments) const;
 
     std::filesystem::path chemin(std::string_view nom) const { return dossier / nom; }
-    void ecrire(std::string_view nom, std::string_view contenu) const;
-    std::string lire(std::string_view nom) const;
+    void ecrire(std::string_view nom, std::string_view contenu) const { dossier.write(nom, contenu); }
+    std::string lire(std::string_view nom) const { return dossier.read(nom); }
     /// Copies one of the examples into the folder.
     void copierExemple(const std::string& nom) const;
 
 private:
-    std::filesystem::path dossier;
+    TestFolder dossier;
 };

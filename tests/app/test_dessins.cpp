@@ -1,140 +1,15 @@
-#include <array>
-
 #include "programme.h"
 
 using nlohmann::json;
 
 namespace {
 
-class info : public dossierEssai {};
+class info : public dossierEssai {
+protected:
+    /// A drawing small enough to know all of it: a layer, two lines, an entity of a class that nobody knows.
+    void copierPetitDessin() const { ecrire("petit.dxf", contents(VELA_SOURCE_DIR "/tests/app/petit.dxf")); }
+};
 class convertir : public dossierEssai {};
-
-/// A drawing small enough to know all of it: a layer, two lines, an entity of a class that nobody knows.
-constexpr const char* petitDessin = R"(  0
-SECTION
-  2
-HEADER
-  9
-$ACADVER
-  1
-AC1015
-  9
-$EXTMIN
- 10
-1.0
- 20
-2.0
- 30
-0.0
-  9
-$EXTMAX
- 10
-101.0
- 20
-52.0
- 30
-0.0
-  0
-ENDSEC
-  0
-SECTION
-  2
-TABLES
-  0
-TABLE
-  2
-LAYER
-  5
-2
-100
-AcDbSymbolTable
- 70
-1
-  0
-LAYER
-  5
-10
-100
-AcDbSymbolTableRecord
-100
-AcDbLayerTableRecord
-  2
-BATI
- 70
-0
- 62
-7
-  6
-CONTINUOUS
-  0
-ENDTAB
-  0
-ENDSEC
-  0
-SECTION
-  2
-ENTITIES
-  0
-LINE
-  5
-A1
-100
-AcDbEntity
-  8
-BATI
-100
-AcDbLine
- 10
-0.0
- 20
-0.0
- 30
-5.0
- 11
-100.0
- 21
-50.0
- 31
-5.0
-  0
-LINE
-  5
-A2
-100
-AcDbEntity
-  8
-0
-100
-AcDbLine
- 10
--10.0
- 20
-0.0
- 30
-0.0
- 11
-0.0
- 21
-0.0
- 31
-0.0
-  0
-ACME_WIDGET
-  5
-A3
-100
-AcDbEntity
-  8
-0
-100
-AcmeWidget
-  1
-kept
-  0
-ENDSEC
-  0
-EOF
-)";
 
 json sansNomDeFichier(json inventaire)
 {
@@ -147,7 +22,7 @@ json sansNomDeFichier(json inventaire)
 
 TEST_F(info, CountsWhatADrawingHolds)
 {
-    ecrire("petit.dxf", petitDessin);
+    copierPetitDessin();
     const json i = velaJson("info petit.dxf");
     EXPECT_EQ(i["version"], "AC1015");
     EXPECT_EQ(i["binaire"], false);
@@ -162,7 +37,7 @@ TEST_F(info, CountsWhatADrawingHolds)
 
 TEST_F(info, ShowsTheSameAsText)
 {
-    ecrire("petit.dxf", petitDessin);
+    copierPetitDessin();
     const execution run = vela("info petit.dxf");
     EXPECT_EQ(run.statut, 0);
     for (const char* attendu : {"AC1015 (2000)", "DXF texte", "3 dans l'espace objet", "LINE         2\n",

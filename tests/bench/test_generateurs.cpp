@@ -13,6 +13,8 @@
 #include "generateurs/dessinChantier.h"
 #include "generateurs/dessinReleve.h"
 
+#include "TestFolder.h"
+
 namespace {
 
 struct etiquette {
@@ -20,19 +22,9 @@ struct etiquette {
     std::string valeur;
 };
 
-/// One test's file in the temporary folder, removed at its end.
-struct fichierTemporaire {
-    std::filesystem::path chemin =
-        std::filesystem::path(testing::TempDir()) /
-        (std::string("vela_") + testing::UnitTest::GetInstance()->current_test_info()->name());
-    ~fichierTemporaire() { std::filesystem::remove(chemin); }
+struct fichierTemporaire : TestFolder {
+    std::filesystem::path chemin = path() / "essai";
 };
-
-std::string octetsDe(const std::filesystem::path& chemin)
-{
-    std::ifstream flux(chemin, std::ios::binary);
-    return {std::istreambuf_iterator<char>(flux), {}};
-}
 
 std::vector<etiquette> etiquettes(const std::string& texte)
 {
@@ -87,7 +79,7 @@ TEST(DessinReleve, holds_what_it_promises)
 {
     const fichierTemporaire fichier;
     ecrireDessinReleve(fichier.chemin, {.points = 1000});
-    const auto liste = etiquettes(octetsDe(fichier.chemin));
+    const auto liste = etiquettes(contents(fichier.chemin));
     verifierPoignees(liste);
 
     auto nombres = comptes(liste);
@@ -118,12 +110,12 @@ TEST(DessinReleve, depends_on_its_arguments_alone)
 {
     const fichierTemporaire fichier;
     ecrireDessinReleve(fichier.chemin, {.points = 60});
-    const std::string texte = octetsDe(fichier.chemin);
+    const std::string texte = contents(fichier.chemin);
     ecrireDessinReleve(fichier.chemin, {.points = 60});
-    EXPECT_EQ(octetsDe(fichier.chemin), texte);
+    EXPECT_EQ(contents(fichier.chemin), texte);
 
     ecrireDessinReleve(fichier.chemin, {.points = 60, .version = "AC1015"});
-    const std::string ancien = octetsDe(fichier.chemin);
+    const std::string ancien = contents(fichier.chemin);
     EXPECT_NE(ancien.find("B\xC2TI"), std::string::npos) << "Windows-1252 before 2007";
     EXPECT_NE(texte.find("BÂTI"), std::string::npos) << "UTF-8 from 2007";
     verifierPoignees(etiquettes(ancien));
@@ -140,7 +132,7 @@ TEST(DessinReleve, binary_form_is_as_documented)
     sortie.tags(310, std::span<const unsigned char>(octets), 1060, 7);
     sortie.fermer();
     using namespace std::string_literals;
-    EXPECT_EQ(octetsDe(fichier.chemin), "AutoCAD Binary DXF\r\n\x1a\0"s
+    EXPECT_EQ(contents(fichier.chemin), "AutoCAD Binary DXF\r\n\x1a\0"s
                                         "\0\0EOF\0"s
                                         "\x28\0\0\0\0\0\0\0\xF0\x3F"s
                                         "\x46\0\xFE\xFF"s
@@ -183,8 +175,8 @@ TEST(DessinChantier, is_the_one_among_the_examples)
 {
     const fichierTemporaire fichier;
     ecrireDessinChantier(fichier.chemin);
-    const std::string octets = octetsDe(fichier.chemin);
-    EXPECT_TRUE(octets == octetsDe(VELA_SOURCE_DIR "/examples/chantier.dxf"))
+    const std::string octets = contents(fichier.chemin);
+    EXPECT_TRUE(octets == contents(VELA_SOURCE_DIR "/examples/chantier.dxf"))
         << "rewrite it: vela_exemple_chantier examples/chantier.dxf";
     verifierPoignees(etiquettes(octets));
 }

@@ -3,11 +3,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
+
+#include "TestFolder.h"
 
 /// A support folder of the test program's own, with the symbol library: the program looks for it once only, so it is
 /// there before the first test.
@@ -36,12 +37,6 @@ public:
 };
 
 inline const supportEssai supportDuProgramme;
-
-inline std::string contenuDe(const std::filesystem::path& fichier)
-{
-    std::ifstream flux(fichier, std::ios::binary);
-    return {std::istreambuf_iterator<char>(flux), {}};
-}
 
 inline void ecrireDans(const std::filesystem::path& fichier, const std::string& octets)
 {

@@ -1,11 +1,9 @@
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
@@ -13,9 +11,9 @@
 #include "points/projetDansDessin.h"
 #include "rx/ModuleTable.h"
 
-#include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "supportEssai.h"
+#include "TestFolder.h"
 
 namespace {
 
@@ -37,25 +35,9 @@ protected:
     {
         DocumentList::instance().closeAll();
         ModuleTable::instance().unloadAll();
-        std::filesystem::remove(chemin);
-        std::filesystem::remove(chemin + ".bak");
         EXPECT_EQ(tablesPoints, nullptr);
     }
 
-    template <class Entite>
-    static AcDbObjectId ajouter(AcDbDatabase& db, Entite* entite)
-    {
-        AcDbBlockTable* blocs = nullptr;
-        db.getBlockTable(blocs, AcDb::kForRead);
-        AcDbBlockTableRecord* espace = nullptr;
-        blocs->getAt(ACDB_MODEL_SPACE, espace, AcDb::kForWrite);
-        blocs->close();
-        AcDbObjectId id;
-        EXPECT_EQ(espace->appendAcDbEntity(id, entite), Acad::eOk);
-        entite->close();
-        espace->close();
-        return id;
-    }
     static void ajouterPoint(const wchar_t* nom, AcDbObjectId id = {})
     {
         pointDuDessin p;
@@ -65,7 +47,8 @@ protected:
     }
 
     Kernel noyau;
-    const std::string chemin = testing::TempDir() + "vela_principal_" + std::to_string(getpid()) + ".dxf";
+    TestFolder dossier;
+    const std::string chemin = (dossier / "principal.dxf").string();
 };
 
 TEST_F(PrincipalTest, keepsOneProjectForEachDrawing)
@@ -95,7 +78,7 @@ TEST_F(PrincipalTest, findsTheProjectInTheFile)
 {
     DocumentList& liste = DocumentList::instance();
     Document& ecrit = liste.create();
-    const AcDbObjectId id = ajouter(*ecrit.database(), new AcDbPoint(AcGePoint3d(1, 2, 0)));
+    const AcDbObjectId id = addEntity(*ecrit.database(), new AcDbPoint(AcGePoint3d(1, 2, 0)));
     ajouterPoint(L"P1", id);
     ajouterPoint(L"P2");
     const auto echec = liste.saveAs(ecrit, large(chemin));
@@ -116,17 +99,9 @@ TEST_F(PrincipalTest, letsPointsFollowTheirSymbols)
 {
     Document& document = DocumentList::instance().create();
     AcDbDatabase& db = *document.database();
-    AcDbBlockTable* blocs = nullptr;
-    db.getBlockTable(blocs, AcDb::kForWrite);
-    auto* const definition = new AcDbBlockTableRecord;
-    definition->setName(L"SYMBOLE");
-    AcDbObjectId idBloc;
-    ASSERT_EQ(blocs->add(idBloc, definition), Acad::eOk);
-    definition->close();
-    blocs->close();
-
-    const AcDbObjectId symbole = ajouter(db, new AcDbBlockReference(AcGePoint3d(1, 2, 0), idBloc));
-    const AcDbObjectId point = ajouter(db, new AcDbPoint(AcGePoint3d(1, 2, 0)));
+    const AcDbObjectId idBloc = addBlock(db, L"SYMBOLE", {});
+    const AcDbObjectId symbole = addEntity(db, new AcDbBlockReference(AcGePoint3d(1, 2, 0), idBloc));
+    const AcDbObjectId point = addEntity(db, new AcDbPoint(AcGePoint3d(1, 2, 0)));
     ajouterPoint(L"SYMBOLE", symbole);
     tablesPoints->creerTablePoints(L"AUTRE");
     tablesPoints->setCourante(1);

@@ -366,6 +366,7 @@ void MainWindow::followDrawing()
     m_layers->refresh();
     m_properties->refresh();
     m_points->refresh();
+    m_menus->refresh();
     followSwitches();
     Document* const document = DocumentList::instance().current();
     if (document)

@@ -1,108 +1,85 @@
 #include "ui/window/MenuTable.h"
 
-#include <array>
-
 namespace {
 
-constexpr MenuItem separator{};
+const MenuItem separator;
 
-constexpr std::array file{
-    MenuItem{"&Nouveau", "_NEW", "Ctrl+N", "nouveau"},
-    MenuItem{"&Ouvrir...", "_OPEN", "Ctrl+O", "ouvrir"},
-    MenuItem{"Fichiers &récents", ":recents"},
-    MenuItem{"&Fermer", ":fermer", "Ctrl+W"},
+const std::vector<MenuItem> file{
+    {"&Nouveau", "_NEW", "Ctrl+N", "nouveau"},
+    {"&Ouvrir...", "_OPEN", "Ctrl+O", "ouvrir"},
+    {"Fichiers &récents", ":recents"},
+    {"&Fermer", ":fermer", "Ctrl+W"},
     separator,
-    MenuItem{"&Enregistrer", "_QSAVE", "Ctrl+S", "enregistrer"},
-    MenuItem{"Enregistrer &sous...", "_SAVEAS", "Ctrl+Shift+S"},
+    {"&Enregistrer", "_QSAVE", "Ctrl+S", "enregistrer"},
+    {"Enregistrer &sous...", "_SAVEAS", "Ctrl+Shift+S"},
     separator,
-    MenuItem{"&Imprimer dans un fichier...", "_PLOT", "Ctrl+P"},
-    MenuItem{"Exécuter un s&cript...", "_SCRIPT"},
-    MenuItem{"Charger une &application...", "_APPLOAD"},
+    {"&Imprimer dans un fichier...", "_PLOT", "Ctrl+P"},
+    {"Exécuter un s&cript...", "_SCRIPT"},
+    {"Charger une &application...", "_APPLOAD"},
     separator,
-    MenuItem{"&Quitter", ":quitter", "Ctrl+Q"},
+    {"&Quitter", ":quitter", "Ctrl+Q"},
 };
 
-constexpr std::array edition{
-    MenuItem{"&Annuler", "_U", "Ctrl+Z", "annuler"},
-    MenuItem{"&Rétablir", "_REDO", "Ctrl+Y", "retablir"},
+const std::vector<MenuItem> edition{
+    {"&Annuler", "_U", "Ctrl+Z", "annuler"},
+    {"&Rétablir", "_REDO", "Ctrl+Y", "retablir"},
     separator,
-    MenuItem{"&Tout sélectionner", ":toutSelectionner", "Ctrl+A"},
-    MenuItem{"&Désélectionner", ":deselectionner"},
+    {"&Tout sélectionner", ":toutSelectionner", "Ctrl+A"},
+    {"&Désélectionner", ":deselectionner"},
     separator,
-    MenuItem{"Renseignements sur des &objets", "_LIST"},
-    MenuItem{"&Coordonnées d'un point", "'_ID"},
-    MenuItem{"D&istance", "'_DIST"},
-    MenuItem{"Ai&re", "_AREA"},
+    {"Renseignements sur des &objets", "_LIST"},
+    {"&Coordonnées d'un point", "'_ID"},
+    {"D&istance", "'_DIST"},
+    {"Ai&re", "_AREA"},
     separator,
-    MenuItem{"&Variable système...", "'_SETVAR"},
+    {"&Variable système...", "'_SETVAR"},
 };
 
-constexpr std::array display{
-    MenuItem{"Zoom &étendu", ":zoomEtendu", "Ctrl+0", "zoomEtendu"},
-    MenuItem{"Zoom &fenêtre", "'_ZOOM _W", nullptr, "zoomFenetre"},
-    MenuItem{"Zoom &précédent", "'_ZOOM _P", nullptr, "zoomPrecedent"},
-    MenuItem{"Zoom a&vant", ":zoomAvant", "Ctrl++"},
-    MenuItem{"Zoom a&rrière", ":zoomArriere", "Ctrl+-"},
-    MenuItem{"Pa&noramique", "'_PAN"},
-    MenuItem{"Ré&générer", "_REGEN"},
+const std::vector<MenuItem> display{
+    {"Zoom &étendu", ":zoomEtendu", "Ctrl+0", "zoomEtendu"},
+    {"Zoom &fenêtre", "'_ZOOM _W", "", "zoomFenetre"},
+    {"Zoom &précédent", "'_ZOOM _P", "", "zoomPrecedent"},
+    {"Zoom a&vant", ":zoomAvant", "Ctrl++"},
+    {"Zoom a&rrière", ":zoomArriere", "Ctrl+-"},
+    {"Pa&noramique", "'_PAN"},
+    {"Ré&générer", "_REGEN"},
     separator,
-    MenuItem{"Fond &sombre", ":fondSombre"},
-    MenuItem{"&Historique des commandes", ":historique", "F2"},
-    MenuItem{"&Accrochage aux objets", ":accrochage", "F3"},
-    MenuItem{"Mode &ortho", ":ortho", "F8"},
+    {"Fond &sombre", ":fondSombre"},
+    {"&Historique des commandes", ":historique", "F2"},
+    {"&Accrochage aux objets", ":accrochage", "F3"},
+    {"Mode &ortho", ":ortho", "F8"},
     separator,
-    MenuItem{"&Calques", ":panneauCalques", "Ctrl+1"},
-    MenuItem{"Pr&opriétés", ":panneauProprietes", "Ctrl+2"},
-    MenuItem{"&Tables de points", ":panneauPoints", "Ctrl+3"},
+    {"&Calques", ":panneauCalques", "Ctrl+1"},
+    {"Pr&opriétés", ":panneauProprietes", "Ctrl+2"},
+    {"&Tables de points", ":panneauPoints", "Ctrl+3"},
 };
 
-constexpr std::array drawing{
-    MenuItem{"&Ligne", "_LINE", nullptr, "ligne"},     MenuItem{"&Polyligne", "_PLINE", nullptr, "polyligne"},
-    MenuItem{"&Cercle", "_CIRCLE", nullptr, "cercle"}, MenuItem{"&Arc", "_ARC", nullptr, "arc"},
-    MenuItem{"P&oint", "_POINT", nullptr, "point"},    separator,
-    MenuItem{"&Texte", "_TEXT", nullptr, "texte"},     MenuItem{"&Insérer un bloc", "_INSERT"},
+const std::vector<MenuItem> drawing{
+    {"&Ligne", "_LINE", "", "ligne"}, {"&Polyligne", "_PLINE", "", "polyligne"}, {"&Cercle", "_CIRCLE", "", "cercle"},
+    {"&Arc", "_ARC", "", "arc"},      {"P&oint", "_POINT", "", "point"},         separator,
+    {"&Texte", "_TEXT", "", "texte"}, {"&Insérer un bloc", "_INSERT"},
 };
 
-constexpr std::array modification{
-    MenuItem{"&Effacer", "_ERASE", "Del", "effacer"},
-    MenuItem{"&Déplacer", "_MOVE", nullptr, "deplacer"},
-    MenuItem{"&Copier", "_COPY", nullptr, "copier"},
-    MenuItem{"&Rotation", "_ROTATE", nullptr, "rotation"},
-    MenuItem{"É&chelle", "_SCALE"},
-    MenuItem{"&Miroir", "_MIRROR"},
-    MenuItem{"Déc&omposer", "_EXPLODE"},
+const std::vector<MenuItem> modification{
+    {"&Effacer", "_ERASE", "Del", "effacer"},
+    {"&Déplacer", "_MOVE", "", "deplacer"},
+    {"&Copier", "_COPY", "", "copier"},
+    {"&Rotation", "_ROTATE", "", "rotation"},
+    {"É&chelle", "_SCALE"},
+    {"&Miroir", "_MIRROR"},
+    {"Déc&omposer", "_EXPLODE"},
     separator,
-    MenuItem{"Ca&lques, au clavier", "_LAYER"},
-    MenuItem{"Re&nommer...", "_RENAME"},
-};
-
-constexpr std::array survey{
-    MenuItem{"&Importer des points...", "IMPORTPOINTS"},
-    MenuItem{"&Exporter des points...", "EXPORTPOINTS"},
-    MenuItem{"&Table de coordonnées...", "TABLEXYZ"},
-    MenuItem{"&Mettre à jour les points...", "MAJPOINTS"},
-    MenuItem{"&Coordonnées XYZ...", "COORDSXYZ"},
-    MenuItem{"Points en &3D", "PTSEN3D"},
-    separator,
-    MenuItem{"Co&dification...", "VCODIFICATION"},
-    separator,
-    MenuItem{"Polygonale &fermée...", "CORRPOLFERMEE"},
-    MenuItem{"Polygonale &ouverte...", "CORRPOLOUVERTE"},
-    MenuItem{"Moindres ca&rrés...", "CORRMCARRES"},
-    separator,
-    MenuItem{"I&mplantation...", "IMPLANT2"},
-    MenuItem{"Carro&yage", "CARROYAGE"},
-    MenuItem{"Rectangle par trois &points", "RECT3PT"},
-};
-
-constexpr std::array menus{
-    Menu{"&Fichier", file},   Menu{"É&dition", edition},           Menu{"&Affichage", display},
-    Menu{"&Dessin", drawing}, Menu{"&Modification", modification}, Menu{"&Topographie", survey},
+    {"Ca&lques, au clavier", "_LAYER"},
+    {"Re&nommer...", "_RENAME"},
 };
 
 } // namespace
 
-std::span<const Menu> menuTable()
+const std::vector<Menu>& menuTable()
 {
+    static const std::vector<Menu> menus{
+        {"&Fichier", file},   {"É&dition", edition},           {"&Affichage", display},
+        {"&Dessin", drawing}, {"&Modification", modification},
+    };
     return menus;
 }

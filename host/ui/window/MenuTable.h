@@ -1,22 +1,24 @@
 #pragma once
 
-#include <span>
+#include <string>
+#include <vector>
 
-/// What the menus and the tool bar hold, in French, by subject.
+/// What menus and tool bars hold, in French, by subject.
 
 /// One item; a row without caption is a separator.
 struct MenuItem {
-    const char* caption = nullptr;
+    std::string caption{};
     /// What it types at the command line, inputs parted by blanks; a leading "'" lets it run while a command waits.
     /// What begins with ":" is done by the window itself.
-    const char* input = nullptr;
-    const char* shortcut = nullptr;
-    const char* icon = nullptr; ///< in the tool bar too, with this picture
+    std::string input{};
+    std::string shortcut{};
+    std::string picture{}; ///< in the tool bar too, with this picture (ToolIcons.h)
 };
 
 struct Menu {
-    const char* caption;
-    std::span<const MenuItem> items;
+    std::string caption;
+    std::vector<MenuItem> items;
 };
 
-std::span<const Menu> menuTable();
+/// The menus of the host itself. Modules bring theirs: ModuleMenus.h.
+const std::vector<Menu>& menuTable();

@@ -2,15 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+#include <QRegularExpression>
 #include <string_view>
+#include <vector>
 
 namespace {
 
-/// Strokes on a square of 24, in the form of SVG paths with absolute M, L, C, Z only.
 struct ToolPicture {
     std::string_view name;
     std::string_view strokes;
@@ -40,41 +42,61 @@ constexpr std::array pictures{
     ToolPicture{"rotation", "M19 12 C19 3 5 3 5 12 C5 17 9 19 12 19 M16 9 L19 12 L22 9"},
 };
 
-QPainterPath pathOf(std::string_view strokes)
+/// Nothing for what is no path, or begins in the middle of nowhere.
+std::optional<QPainterPath> pathOf(const QString& strokes)
 {
-    const QStringList words = QString::fromLatin1(strokes.data(), static_cast<qsizetype>(strokes.size()))
-                                  .replace(u'M', QLatin1String("M "))
-                                  .replace(u'L', QLatin1String("L "))
-                                  .replace(u'C', QLatin1String("C "))
-                                  .split(u' ', Qt::SkipEmptyParts);
+    static const QRegularExpression part(QStringLiteral("[MLCZ]|-?[0-9]+(\\.[0-9]+)?"));
+    static const QRegularExpression wholly(QStringLiteral("^M([MLCZ]|-?[0-9]+(\\.[0-9]+)?|[ ,])*$"));
+    if (!wholly.match(strokes).hasMatch())
+        return std::nullopt;
     QPainterPath path;
-    qsizetype at = 0;
-    const auto point = [&words, &at] {
-        const double x = words[at++].toDouble();
-        return QPointF(x, words[at++].toDouble());
-    };
-    while (at < words.size()) {
-        const QString order = words[at++];
-        if (order == QLatin1String("M")) {
-            path.moveTo(point());
-        } else if (order == QLatin1String("L")) {
-            path.lineTo(point());
-        } else if (order == QLatin1String("C")) {
-            const QPointF first = point(), second = point();
-            path.cubicTo(first, second, point());
-        } else {
+    QChar order;
+    std::vector<double> numbers;
+    const auto draw = [&] {
+        const auto point = [&](std::size_t i) { return QPointF(numbers[2 * i], numbers[2 * i + 1]); };
+        if (order == u'M' && numbers.size() == 2)
+            path.moveTo(point(0));
+        else if (order == u'L' && numbers.size() == 2)
+            path.lineTo(point(0));
+        else if (order == u'C' && numbers.size() == 6)
+            path.cubicTo(point(0), point(1), point(2));
+        else if (order == u'Z' && numbers.empty())
             path.closeSubpath();
+        else
+            return false;
+        numbers.clear();
+        return true;
+    };
+    for (auto found = part.globalMatch(strokes); found.hasNext();) {
+        const QString word = found.next().captured();
+        if (!word.at(0).isLetter()) {
+            numbers.push_back(word.toDouble());
+            continue;
         }
+        if (!order.isNull() && !draw())
+            return std::nullopt;
+        order = word.at(0);
     }
-    return path;
+    return draw() ? std::optional(path) : std::nullopt;
+}
+
+std::optional<QPainterPath> pathOfPicture(const QString& picture)
+{
+    const auto ours = std::ranges::find(pictures, picture.toStdString(), &ToolPicture::name);
+    return pathOf(ours == pictures.end() ? picture : QString::fromLatin1(ours->strokes));
 }
 
 } // namespace
 
-QIcon toolIcon(const QString& name)
+bool isToolPicture(const QString& picture)
 {
-    const auto picture = std::ranges::find(pictures, name.toStdString(), &ToolPicture::name);
-    if (picture == pictures.end())
+    return pathOfPicture(picture).has_value();
+}
+
+QIcon toolIcon(const QString& picture)
+{
+    const auto path = pathOfPicture(picture);
+    if (!path)
         return {};
     constexpr int size = 24, ratio = 2; // fine enough for sharp screens
     QPixmap drawn(size * ratio, size * ratio);
@@ -84,7 +106,7 @@ QIcon toolIcon(const QString& name)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(
         QPen(QApplication::palette().color(QPalette::ButtonText), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPath(pathOf(picture->strokes));
+    painter.drawPath(*path);
     painter.end();
     return drawn;
 }

@@ -1,5 +1,6 @@
 #include "ui/window/WindowMenus.h"
 
+#include <algorithm>
 #include <array>
 #include <QFileInfo>
 #include <QMainWindow>
@@ -8,7 +9,10 @@
 #include <QToolBar>
 
 #include "ed/CommandRunner.h"
+#include "rx/Console.h"
+#include "rx/ModuleTable.h"
 #include "ui/window/MenuTable.h"
+#include "ui/window/ModuleMenus.h"
 #include "ui/window/ToolIcons.h"
 #include "ui/window/WindowSettings.h"
 
@@ -25,32 +29,100 @@ std::wstring commandOf(const QString& input)
     return (name.startsWith(u'\'') ? name.mid(1) : name).toStdWString();
 }
 
+QToolBar* makeTools(QMainWindow& window, const QString& name, const QString& title)
+{
+    auto* const tools = new QToolBar(title, &window);
+    tools->setObjectName(name);
+    tools->setIconSize(QSize(20, 20));
+    window.addToolBar(tools);
+    return tools;
+}
+
+bool hasPictures(const std::vector<Menu>& menus)
+{
+    return std::ranges::any_of(menus, [](const Menu& menu) {
+        return std::ranges::any_of(menu.items, [](const MenuItem& item) { return !item.picture.empty(); });
+    });
+}
+
+bool hasVisibleItem(const QMenu& menu)
+{
+    return std::ranges::any_of(menu.actions(),
+                               [](const QAction* action) { return action->isVisible() && !action->isSeparator(); });
+}
+
 } // namespace
 
 WindowMenus::WindowMenus(QMainWindow& window) : QObject(&window), m_window(window)
 {
-    auto* const tools = new QToolBar(QStringLiteral("Outils"), &window);
-    tools->setObjectName(QStringLiteral("barreOutils"));
-    tools->setIconSize(QSize(20, 20));
-    window.addToolBar(tools);
-    for (const Menu& subject : menuTable()) {
-        QMenu* const menu = window.menuBar()->addMenu(QString::fromUtf8(subject.caption));
-        const auto toolsBefore = tools->actions().size();
-        for (const MenuItem& item : subject.items) {
-            addItem(*menu, item);
-            if (item.icon)
-                tools->addAction(menu->actions().constLast());
-        }
-        if (tools->actions().size() > toolsBefore)
-            tools->addSeparator();
-        connect(menu, &QMenu::aboutToShow, this, &WindowMenus::dimUnknown);
-    }
-    dimUnknown();
+    m_own.tools = makeTools(window, QStringLiteral("barreOutils"), QStringLiteral("Outils"));
+    addMenus(m_own, menuTable());
+    refresh();
 }
 
-void WindowMenus::addItem(QMenu& menu, const MenuItem& item)
+void WindowMenus::addMenus(Part& part, const std::vector<Menu>& subjects)
 {
-    if (!item.caption) {
+    for (const Menu& subject : subjects) {
+        QMenu* const menu = m_window.menuBar()->addMenu(QString::fromStdString(subject.caption));
+        part.menus.push_back(menu);
+        const auto toolsBefore = part.tools ? part.tools->actions().size() : 0;
+        for (const MenuItem& item : subject.items)
+            addItem(part, *menu, item);
+        if (part.tools && part.tools->actions().size() > toolsBefore)
+            part.tools->addSeparator();
+    }
+}
+
+void WindowMenus::refresh()
+{
+    dropModules();
+    addModules();
+    const auto showKnown = [](const Part& part) {
+        for (const auto& [action, command] : part.commands)
+            action->setVisible(CommandRunner::knows(command));
+        for (QMenu* const menu : part.menus)
+            menu->menuAction()->setVisible(hasVisibleItem(*menu));
+    };
+    showKnown(m_own);
+    for (const auto& [path, part] : m_modules)
+        showKnown(part);
+}
+
+void WindowMenus::addModules()
+{
+    for (const auto& module : ModuleTable::instance().modules()) {
+        const auto [place, added] = m_modules.try_emplace(module->path);
+        if (!added)
+            continue;
+        const QString name = QString::fromStdWString(module->name);
+        const auto brought = menusOfModule(QString::fromStdWString(module->path));
+        if (!brought)
+            continue;
+        for (const QString& fault : brought->faults)
+            Console::instance().print(L"\n" + fault.toStdWString());
+        if (hasPictures(brought->menus))
+            place->second.tools = makeTools(m_window, QStringLiteral("barreOutils.") + name,
+                                            QString::fromStdString(brought->menus.front().caption).remove(u'&'));
+        addMenus(place->second, brought->menus);
+    }
+}
+
+void WindowMenus::dropModules()
+{
+    std::erase_if(m_modules, [](const auto& brought) {
+        const auto& [path, part] = brought;
+        if (std::ranges::any_of(ModuleTable::instance().modules(),
+                                [&path](const auto& module) { return module->path == path; }))
+            return false;
+        qDeleteAll(part.menus);
+        delete part.tools;
+        return true;
+    });
+}
+
+void WindowMenus::addItem(Part& part, QMenu& menu, const MenuItem& item)
+{
+    if (item.caption.empty()) {
         menu.addSeparator();
         return;
     }
@@ -59,16 +131,19 @@ void WindowMenus::addItem(QMenu& menu, const MenuItem& item)
         addRecentFiles(menu, item);
         return;
     }
-    QAction* const action = menu.addAction(QString::fromUtf8(item.caption));
-    action->setObjectName(QString::fromUtf8(item.input));
-    action->setStatusTip(QString::fromUtf8(item.caption).remove(u'&'));
-    if (item.shortcut)
-        action->setShortcut(QKeySequence(QString::fromLatin1(item.shortcut)));
-    if (item.icon)
-        action->setIcon(toolIcon(QString::fromLatin1(item.icon)));
+    const QString caption = QString::fromStdString(item.caption);
+    QAction* const action = menu.addAction(caption);
+    action->setObjectName(QString::fromStdString(input));
+    action->setStatusTip(QString(caption).remove(u'&'));
+    if (!item.shortcut.empty())
+        action->setShortcut(QKeySequence(QString::fromStdString(item.shortcut)));
+    if (!item.picture.empty()) {
+        action->setIcon(toolIcon(QString::fromStdString(item.picture)));
+        part.tools->addAction(action);
+    }
     if (!input.starts_with(':')) {
         const QString typedInput = QString::fromStdString(input);
-        m_commands.emplace_back(action, commandOf(typedInput));
+        part.commands.emplace_back(action, commandOf(typedInput));
         connect(action, &QAction::triggered, this, [this, typedInput] { emit typed(typedInput); });
         return;
     }
@@ -77,12 +152,11 @@ void WindowMenus::addItem(QMenu& menu, const MenuItem& item)
     connect(action, &QAction::triggered, this, [this, input] { emit ordered(input); });
 }
 
-QAction* WindowMenus::addRecentFiles(QMenu& menu, const MenuItem& item)
+void WindowMenus::addRecentFiles(QMenu& menu, const MenuItem& item)
 {
-    QMenu* const recent = menu.addMenu(QString::fromUtf8(item.caption));
+    QMenu* const recent = menu.addMenu(QString::fromStdString(item.caption));
     recent->setObjectName(QStringLiteral("menuRecents"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentFiles(*recent); });
-    return recent->menuAction();
 }
 
 void WindowMenus::fillRecentFiles(QMenu& menu)
@@ -98,10 +172,4 @@ void WindowMenus::fillRecentFiles(QMenu& menu)
     }
     if (number == 0)
         menu.addAction(QStringLiteral("(aucun)"))->setEnabled(false);
-}
-
-void WindowMenus::dimUnknown() const
-{
-    for (const auto& [action, command] : m_commands)
-        action->setEnabled(CommandRunner::knows(command));
 }

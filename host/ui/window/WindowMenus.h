@@ -9,14 +9,20 @@
 class QAction;
 class QMainWindow;
 class QMenu;
+class QToolBar;
+struct Menu;
 struct MenuItem;
 
-/// The menus and the tool bar of the window, from the table of menus. Commands that are not known are dimmed.
+/// The menus and tool bars of the window: those of the table of menus, and those that loaded modules bring. An item
+/// whose command is not known does not show.
 class WindowMenus : public QObject {
     Q_OBJECT
 
 public:
     explicit WindowMenus(QMainWindow& window);
+
+    /// Follows the modules and commands that came and went.
+    void refresh();
 
     /// The action of an order of the window's own, as ":fondSombre".
     QAction* action(const std::string& order) const { return m_orders.at(order); }
@@ -28,12 +34,22 @@ signals:
     void fileChosen(const QString& path);
 
 private:
-    void addItem(QMenu& menu, const MenuItem& item);
-    QAction* addRecentFiles(QMenu& menu, const MenuItem& item);
+    /// What one module brought, or the host's own.
+    struct Part {
+        std::vector<QMenu*> menus;
+        QToolBar* tools = nullptr;
+        std::vector<std::pair<QAction*, std::wstring>> commands; ///< with the names of the commands
+    };
+
+    void addMenus(Part& part, const std::vector<Menu>& subjects);
+    void addModules();
+    void dropModules();
+    void addItem(Part& part, QMenu& menu, const MenuItem& item);
+    void addRecentFiles(QMenu& menu, const MenuItem& item);
     void fillRecentFiles(QMenu& menu);
-    void dimUnknown() const;
 
     QMainWindow& m_window;
     std::map<std::string, QAction*> m_orders;
-    std::vector<std::pair<QAction*, std::wstring>> m_commands; ///< with the names of the commands
+    Part m_own;
+    std::map<std::wstring, Part> m_modules; ///< by the path they were loaded from
 };

@@ -1,20 +1,14 @@
 #include "CommandTest.h"
 
-#include <cstdlib>
-#include <fstream>
-
 #include "commands/CommandTable.h"
 #include "commands/Variables.h"
 #include "db/DatabaseImpl.h"
 #include "db/ObjectOpening.h"
-#include "db/SavePlan.h"
 #include "ed/input/CommandLine.h"
 #include "rx/Console.h"
 
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "EntityTexts.h"
-
-namespace fs = std::filesystem;
 
 InputAnswer TypedAnswers::answer(const InputRequest& request)
 {
@@ -40,8 +34,6 @@ CommandTest::CommandTest()
         return true;
     }();
     EXPECT_TRUE(registered);
-    std::string name = (fs::temp_directory_path() / "vela-commandes-XXXXXX").string();
-    m_folder = mkdtemp(name.data());
     Console::instance().setSink([this](const std::wstring& text) { m_printed += text; });
     DocumentList::instance().create();
     setVariable(L"AUNITS", short{0}); // degrees
@@ -55,7 +47,6 @@ CommandTest::~CommandTest()
     EXPECT_EQ(ObjectOpening::openCount(), 0U) << "left open";
     DocumentList::instance().closeAll();
     Console::instance().setSink(nullptr);
-    fs::remove_all(m_folder);
 }
 
 void CommandTest::type(const std::vector<std::wstring>& lines)
@@ -93,26 +84,14 @@ AcDbDatabase& CommandTest::drawing()
 std::vector<std::string> CommandTest::entities()
 {
     std::vector<std::string> texts;
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(drawing().currentSpaceId());
-    AcDbBlockTableRecordIterator* made = nullptr;
-    space->newIterator(made);
-    const std::unique_ptr<AcDbBlockTableRecordIterator> each(made);
-    for (; !each->done(); each->step()) {
-        AcDbObjectId id;
-        each->getEntityId(id);
-        const AcDbObjectPointer<AcDbEntity> entity(id);
-        texts.push_back(entityText(*entity.object()));
-    }
+    for (const AcDbObjectId id : entitiesOf(drawing().currentSpaceId()))
+        texts.push_back(entityText(*AcDbObjectPointer<AcDbEntity>(id).object()));
     return texts;
 }
 
 std::string CommandTest::bytes()
 {
-    std::string whole;
-    const SavePlan plan(drawing().impl());
-    for (const std::string_view piece : plan.pieces())
-        whole += piece;
-    return whole;
+    return savedBytes(drawing());
 }
 
 std::wstring CommandTest::variableText(const wchar_t* name)
@@ -123,9 +102,4 @@ std::wstring CommandTest::variableText(const wchar_t* name)
 std::wstring CommandTest::printed()
 {
     return std::exchange(m_printed, {});
-}
-
-void CommandTest::write(const char* name, const std::string& text) const
-{
-    std::ofstream(m_folder / name, std::ios::binary) << text;
 }

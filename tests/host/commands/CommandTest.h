@@ -1,7 +1,6 @@
 #pragma once
 
 #include <deque>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include "ed/Kernel.h"
 
 #include "dbmain.h"
+#include "TestFolder.h"
 
 /// Answers as a person would type them, in order. "ESC" is Escape.
 class TypedAnswers : public InputSource {
@@ -45,12 +45,13 @@ protected:
     /// All that was printed since it was asked last.
     std::wstring printed();
     std::filesystem::path file(const char* name) const { return m_folder / name; }
-    void write(const char* name, const std::string& text) const;
+    void write(const char* name, const std::string& text) const { m_folder.write(name, text); }
+    std::string read(const char* name) const { return m_folder.read(name); }
 
     TypedAnswers user;
 
 private:
     Kernel m_kernel;
-    std::filesystem::path m_folder;
+    TestFolder m_folder;
     std::wstring m_printed;
 };

@@ -7,7 +7,6 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/ObjectOpening.h"
-#include "db/SavePlan.h"
 #include "gi/GraphicsSink.h"
 #include "gi/ObjectSnap.h"
 #include "gi/Picking.h"
@@ -17,18 +16,10 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "Drawing.h"
 
 /// Does to a drawing what programs do: whatever it holds, nothing crashes, hangs or stays open, and what is saved can
 /// be read again.
-
-inline std::string savedBytes(AcDbDatabase& database)
-{
-    std::string bytes;
-    const SavePlan plan(database.impl());
-    for (const std::string_view piece : plan.pieces())
-        bytes += piece;
-    return bytes;
-}
 
 inline void lookAt(AcDbObject& object)
 {

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <numbers>
 
 #include <gtest/gtest.h>
@@ -13,8 +12,8 @@
 
 #include "acedads.h"
 #include "acutmem.h"
-#include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
+#include "TestFolder.h"
 
 namespace {
 
@@ -23,15 +22,9 @@ AcDbDatabase& drawing()
     return *curDoc()->database();
 }
 
-void appendPoint(double x, bool closeIt = true)
+void appendPoint(double x)
 {
-    AcDbBlockTableRecord* space = nullptr;
-    ASSERT_EQ(acdbOpenObject(space, drawing().currentSpaceId(), AcDb::kForWrite), Acad::eOk);
-    auto* point = new AcDbPoint(AcGePoint3d(x, 0, 0));
-    EXPECT_EQ(space->appendAcDbEntity(point), Acad::eOk);
-    if (closeIt)
-        point->close();
-    space->close();
+    addEntity(drawing(), new AcDbPoint(AcGePoint3d(x, 0, 0)));
 }
 
 void undoMark(const wchar_t* method)
@@ -58,17 +51,7 @@ protected:
         EXPECT_EQ(acedRegCmds->addCommand(L"TEST", L"CORPS", L"CORPS", flags, body), Acad::eOk);
         return CommandRunner::instance().run(L"CORPS");
     }
-    static int pointCount()
-    {
-        AcDbObjectPointer<AcDbBlockTableRecord> space(drawing().currentSpaceId());
-        AcDbBlockTableRecordIterator* made = nullptr;
-        space->newIterator(made);
-        const std::unique_ptr<AcDbBlockTableRecordIterator> each(made);
-        int count = 0;
-        for (; !each->done(); each->step())
-            ++count;
-        return count;
-    }
+    static std::size_t pointCount() { return entitiesOf(drawing().currentSpaceId()).size(); }
     static std::wstring shown(const wchar_t* name)
     {
         resbuf value{};
@@ -101,22 +84,25 @@ TEST_F(WholeKernel, aCommandIsOneStepWhateverMarksItSets)
     EXPECT_EQ(outcome.failure, L"");
     EXPECT_EQ(outcome.leftOpen, std::vector<std::wstring>{});
     run([] { appendPoint(4); });
-    EXPECT_EQ(pointCount(), 4);
+    EXPECT_EQ(pointCount(), 4U);
     UndoRecorder& history = drawing().impl().undo();
     EXPECT_TRUE(history.undo());
-    EXPECT_EQ(pointCount(), 3);
+    EXPECT_EQ(pointCount(), 3U);
     EXPECT_TRUE(history.undo());
-    EXPECT_EQ(pointCount(), 0);
+    EXPECT_EQ(pointCount(), 0U);
     EXPECT_TRUE(history.redo());
-    EXPECT_EQ(pointCount(), 3);
+    EXPECT_EQ(pointCount(), 3U);
 }
 
 TEST_F(WholeKernel, anObjectLeftOpenIsToldAndClosed)
 {
-    const CommandOutcome outcome = run([] { appendPoint(1, false); });
+    const CommandOutcome outcome = run([] {
+        AcDbObjectPointer<AcDbBlockTableRecord>(drawing().currentSpaceId(), AcDb::kForWrite)
+            ->appendAcDbEntity(new AcDbPoint(AcGePoint3d(1, 0, 0)));
+    });
     EXPECT_EQ(outcome.leftOpen.size(), 1U);
     EXPECT_EQ(run([] {}).leftOpen.size(), 0U);
-    EXPECT_EQ(pointCount(), 1);
+    EXPECT_EQ(pointCount(), 1U);
 }
 
 TEST_F(WholeKernel, theWorkingDatabaseIsTheCurrentDrawing)
@@ -127,20 +113,14 @@ TEST_F(WholeKernel, theWorkingDatabaseIsTheCurrentDrawing)
     EXPECT_EQ(acDocManager->document(&drawing()), curDoc());
     run([] { appendPoint(1); });
     EXPECT_EQ(acDocManager->setCurDocument(first), Acad::eOk);
-    EXPECT_EQ(pointCount(), 0);
+    EXPECT_EQ(pointCount(), 0U);
 }
 
 TEST_F(WholeKernel, variablesOfTheDrawingStandInItsHeader)
 {
     EXPECT_EQ(shown(L"CLAYER"), L"\"0\"");
     EXPECT_EQ(set(L"CLAYER", acutBuildList(RTSTR, L"ABSENT", 0)), RTERROR);
-    AcDbLayerTable* layers = nullptr;
-    ASSERT_EQ(drawing().getLayerTable(layers, AcDb::kForWrite), Acad::eOk);
-    auto* layer = new AcDbLayerTableRecord;
-    layer->setName(L"Bornes");
-    EXPECT_EQ(layers->add(layer), Acad::eOk);
-    layer->close();
-    layers->close();
+    addLayer(drawing(), L"Bornes");
     EXPECT_EQ(set(L"CLAYER", acutBuildList(RTSTR, L"BORNES", 0)), RTNORM);
     EXPECT_EQ(shown(L"CLAYER"), L"\"Bornes\"");
 
@@ -179,8 +159,7 @@ TEST_F(WholeKernel, tellsWhatAFileLacks)
     ofModules = 8;
     EXPECT_TRUE(changes.areUnsaved(document));
 
-    const auto folder = std::filesystem::path(testing::TempDir()) / "tellsWhatAFileLacks";
-    std::filesystem::create_directories(folder);
+    const TestFolder folder;
     EXPECT_EQ(DrawingChanges::writeCopy(document, folder / "copie.dxf"), std::nullopt);
     EXPECT_TRUE(changes.areUnsaved(document)) << "a copy is not the drawing's file";
     EXPECT_FALSE(document.isNamedDrawing());
@@ -190,7 +169,6 @@ TEST_F(WholeKernel, tellsWhatAFileLacks)
     EXPECT_EQ(DocumentList::instance().saveAs(document, (folder / "plan.dxf").wstring()), std::nullopt);
     EXPECT_FALSE(changes.areUnsaved(document));
     changes.setModuleState(nullptr);
-    std::filesystem::remove_all(folder);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include "dbents.h"
 #include "dbsymtb.h"
+#include "Drawing.h"
 #include "RecordingSink.h"
 
 using Lines = std::vector<std::string>;
@@ -23,12 +24,19 @@ Lines drawn(Scene& scene, const SceneView& view);
 class SceneTest : public testing::Test {
 protected:
     /// Into model space; closed again.
-    AcDbObjectId add(AcDbEntity* entity) { return addTo(database.currentSpaceId(), entity); }
-    AcDbObjectId addTo(AcDbObjectId block, AcDbEntity* entity);
+    AcDbObjectId add(AcDbEntity* entity) { return addEntity(database, entity); }
+    AcDbObjectId addTo(AcDbObjectId block, AcDbEntity* entity) { return addEntity(block, entity); }
     AcDbObjectId addBlock(const wchar_t* name, std::initializer_list<AcDbEntity*> entities,
-                          AcGePoint3d base = AcGePoint3d::kOrigin);
-    AcDbObjectId addLayer(const wchar_t* name, int color);
-    AcDbObjectId addLinetype(const wchar_t* name, const std::vector<double>& dashes);
+                          AcGePoint3d base = AcGePoint3d::kOrigin)
+    {
+        return ::addBlock(database, name, entities, base);
+    }
+    AcDbObjectId addLayer(const wchar_t* name, int color) { return ::addLayer(database, name, color); }
+    AcDbObjectId addLinetype(const wchar_t* name, const std::vector<double>& dashes)
+    {
+        return addRecord<AcDbLinetypeTable, AcDbLinetypeTableRecord>(
+            database, name, [&dashes](AcDbLinetypeTableRecord& linetype) { linetype.setDashes(dashes); });
+    }
     template <class Change>
     void changeLayer(const wchar_t* name, const Change& change)
     {

@@ -44,6 +44,6 @@ void verifier(const casConnu& cas, const grandeurs& calculees);
 void comparerStations(const cheminement& c, const cheminement& reference,
                       const std::function<stationCorrigee(stationCorrigee)>& deplacement);
 
-/// Expects 100 000 legs with their report to take some ten times what 10 000 take: not a hundred.
-/// @param calculer computes and reports a traverse of that many legs
-void attendreLineaire(const std::function<void(std::size_t cotes)>& calculer);
+/// Expects, for each rule of levelling, the report that a file of rapports/ holds byte for byte: "NAME-0.html" and so
+/// on.
+void attendreRapports(const std::string& nom, const std::function<std::string(int nivellement)>& rapport);

@@ -1,18 +1,13 @@
-// The traverse dialogs and the bearing calculator, off-screen: captions, buttons, messages and silences.
+// The traverse dialogs, off-screen: what the scenarios do not see, such as tab order, the clipboard and files byte for
+// byte.
 
 #include <deque>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
 #include <QFileDialog>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -24,6 +19,8 @@
 #include "calculs/CParamMisePlaceResultCalcs.h"
 #include "calculs/listeObservations.h"
 #include "ui/application/VelaApplication.h"
+
+#include "TestFolder.h"
 
 namespace {
 
@@ -100,51 +97,9 @@ private:
     std::deque<tache> m_taches;
 };
 
-/// All that a user reads in a dialog, in the order of tabs where there is one.
-QStringList textes(const QWidget& dialogue)
-{
-    QStringList trouves{dialogue.windowTitle()};
-    for (const QWidget* const w : dialogue.findChildren<QWidget*>()) {
-        if (const auto* const bouton = qobject_cast<const QAbstractButton*>(w))
-            trouves << bouton->text();
-        if (const auto* const etiquette = qobject_cast<const QLabel*>(w))
-            trouves << etiquette->text();
-        if (const auto* const groupe = qobject_cast<const QGroupBox*>(w))
-            trouves << groupe->title();
-    }
-    if (const auto* const liste = dialogue.findChild<listeObservations*>())
-        for (int c = 0; c < liste->columnCount(); ++c)
-            trouves << liste->horizontalHeaderItem(c)->text();
-    trouves.removeAll(QString());
-    return trouves;
-}
-
-void contient(const QStringList& presents, const QStringList& attendus)
-{
-    for (const QString& attendu : attendus)
-        EXPECT_TRUE(presents.contains(attendu))
-            << attendu.toStdString() << " among " << presents.join(" | ").toStdString();
-}
-
 const char* const exemple = VELA_SOURCE_DIR "/examples/polygonale-fermee-grades.obs";
 
 } // namespace
-
-TEST_F(DialoguesPolygonales, CaptionsToTheLetter)
-{
-    const QStringList communs{"Station",   "Angle",  "Distance",    "Altitude",   "St Observée", "Ajouter",
-                              "Enlever !", "Angles", "Nivellement", "Calculer !", "Placer !!!",  "Sauvegarder",
-                              "Charger",   "Fermer", "Numéro",      "X",          "Y",           "Z"};
-    contient(textes(corrPolygoDLG()), communs + QStringList{"Correction de polygonale fermée", "Nord"});
-    contient(textes(corrPolygoOuverteDLG()),
-             communs + QStringList{"Correction Polygonale ouverte", "Station de départ", "Station d'arrivée",
-                                   "Gisement", "Cal", "Dernier Angle:"});
-    contient(textes(CParamMisePlaceResultCalcs()),
-             {"Params mise en place", "Code des stations", "Ne pas placer les altitudes",
-              "Dessiner la polygonale originelle", "Dessiner la polygonale compensée"});
-    contient(textes(CCalcGisementDlg(0, {})), {"Calcul de gisement", "Station", "Direction", "Nom", "X", "Y",
-                                               "Prélever du dessin", "Gisement calculé:", "grades"});
-}
 
 TEST_F(DialoguesPolygonales, TabOrderFollowsTheFields)
 {
@@ -164,35 +119,6 @@ TEST_F(DialoguesPolygonales, TabOrderFollowsTheFields)
               "editNumeroArrivee editXArrivee editYArrivee editZArrivee editGisementArrivee boutonCalArrivee "
               "editDernierAngle " +
                   panneau);
-}
-
-TEST_F(DialoguesPolygonales, RowsAreAddedAndTakenAway)
-{
-    corrPolygoDLG dialogue;
-    for (const char* nom : {"S1", "S2", "S3"}) {
-        ecrire(dialogue, "editStation", nom);
-        ecrire(dialogue, "editAngle", "294.8914");
-        ecrire(dialogue, "editDistance", "abc");
-        ecrire(dialogue, "editAltitude", "-.5 m");
-        presser(dialogue, "Ajouter");
-    }
-    const ligneObservation attendue{L"S1", L"294.89140", L"0.00000", L"-0.50000"};
-    ASSERT_EQ(liste(dialogue).lignes().size(), 3u);
-    EXPECT_EQ(liste(dialogue).lignes()[0], attendue);
-    const auto noms = [&] {
-        std::wstring tous;
-        for (const ligneObservation& l : liste(dialogue).lignes())
-            tous += l.station + L" ";
-        return tous;
-    };
-    liste(dialogue).selectRow(1);
-    presser(dialogue, "Enlever !");
-    EXPECT_EQ(noms(), L"S1 S3 ") << "the selected row";
-    presser(dialogue, "Enlever !");
-    EXPECT_EQ(noms(), L"S1 ") << "without selection the last one";
-    presser(dialogue, "Enlever !");
-    presser(dialogue, "Enlever !");
-    EXPECT_EQ(noms(), L"") << "an empty list stays as it is";
 }
 
 TEST_F(DialoguesPolygonales, RowsArePastedFromASpreadsheet)
@@ -221,11 +147,8 @@ TEST_F(DialoguesPolygonales, ClosedFileGoesThroughTheDialogUnchanged)
     EXPECT_EQ(lu(dialogue, "editNumero"), "A");
     EXPECT_EQ(lu(dialogue, "editY"), "-1814.522");
     EXPECT_EQ(lu(dialogue, "editNord"), "174.696");
-    const auto octets = [](const QString& nom) {
-        std::ifstream fichier(nom.toStdString(), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(fichier), {});
-    };
-    EXPECT_EQ(octets(dossier.filePath("copie.obs")), octets(exemple)) << "saved in lower case, byte for byte";
+    EXPECT_EQ(contents(dossier.filePath("copie.obs").toStdString()), contents(exemple))
+        << "saved in lower case, byte for byte";
     EXPECT_FALSE(QFile::exists(copie));
 }
 
@@ -256,18 +179,33 @@ TEST_F(DialoguesPolygonales, SavingAsksBeforeReplacingUnderAnotherName)
     EXPECT_TRUE(bilan(dialogue).startsWith("Ligne 1 : une cellule est vide")) << bilan(dialogue).toStdString();
 }
 
-TEST_F(DialoguesPolygonales, OpenFileGoesThroughTheDialog)
+TEST_F(DialoguesPolygonales, SavesInTheFolderThatWasChosen)
 {
-    corrPolygoOuverteDLG dialogue;
-    ensuite({presserDevant("Charger"), repondreFichier(VELA_SOURCE_DIR "/examples/polygonale-ouverte-degres.obs"),
-             presserDevant("Fermer")});
+    corrPolygoDLG dialogue;
+    dialogue.afficher({{L"A", 1, 2, 3, 4}, 0, 0, {{L"B", L"1", L"2", L"3"}}});
+    for (const char* const nom : {"Chantier", "chantier"})
+        ASSERT_TRUE(QDir(dossier.path()).mkpath(nom));
+    ensuite(
+        {presserDevant("Sauvegarder"), repondreFichier(dossier.filePath("Chantier/Boucle")), presserDevant("Fermer")});
     dialogue.exec();
-    EXPECT_EQ(lu(dialogue, "editNumeroDepart"), "5001");
-    EXPECT_EQ(lu(dialogue, "editGisementArrivee"), "360");
-    EXPECT_EQ(lu(dialogue, "editDernierAngle"), "359.619444444");
-    EXPECT_EQ(dialogue.findChild<QComboBox*>("comboAngles")->currentText(), "Degrés");
-    EXPECT_EQ(dialogue.donnees().lignes.size(), 4u);
-    EXPECT_EQ(dialogue.donnees().depart.x, 89562.497);
+    EXPECT_TRUE(QFile::exists(dossier.filePath("Chantier/boucle.obs")));
+    EXPECT_FALSE(QFile::exists(dossier.filePath("chantier/boucle.obs")));
+}
+
+TEST_F(DialoguesPolygonales, AsksBeforePlacingWhatCannotBe)
+{
+    corrPolygoDLG dialogue;
+    dialogue.afficher({{L"A", 0, 0, 0, 0}, 0, 0, {{L"B", L"300", L"100", L"0"}, {L"A", L"300", L"30", L"0"}}});
+    ensuite({presserDevant("Placer !!!"),
+             [](QWidget& devant) {
+                 const QString texte = dynamic_cast<QMessageBox&>(devant).text();
+                 EXPECT_TRUE(
+                     texte.startsWith("La fermeture est hors de toute pratique (erreur angulaire de 200.00000 gr"));
+                 EXPECT_TRUE(texte.endsWith("Placer quand même les stations ?"));
+                 presser(devant, "Non");
+             },
+             presserDevant("Placer !!!"), presserDevant("Oui"), presserDevant("Annuler"), presserDevant("Fermer")});
+    dialogue.exec();
 }
 
 TEST_F(DialoguesPolygonales, CancelledFileDialogsChangeNothing)
@@ -279,25 +217,6 @@ TEST_F(DialoguesPolygonales, CancelledFileDialogsChangeNothing)
     ensuite({presserDevant("Charger"), annuler, presserDevant("Sauvegarder"), annuler, presserDevant("Fermer")});
     dialogue.exec();
     EXPECT_EQ(dialogue.donnees(), avant);
-}
-
-TEST_F(DialoguesPolygonales, TooFewRows)
-{
-    corrPolygoDLG fermee;
-    corrPolygoOuverteDLG ouverte;
-    for (QDialog* const dialogue : {static_cast<QDialog*>(&fermee), static_cast<QDialog*>(&ouverte)}) {
-        ensuite({presserDevant("Placer !!!"), // silent
-                 presserDevant("Calculer !"),
-                 [](QWidget& devant) {
-                     const auto& boite = dynamic_cast<QMessageBox&>(devant);
-                     EXPECT_EQ(boite.text(), "Erreur , données insuffisantes ");
-                     EXPECT_EQ(boite.windowTitle(), "Calculs Topo");
-                     EXPECT_EQ(boite.icon(), QMessageBox::Warning);
-                     presser(devant, "OK");
-                 },
-                 presserDevant("Fermer")});
-        dialogue->exec();
-    }
 }
 
 TEST_F(DialoguesPolygonales, PlacementParameters)
@@ -313,39 +232,19 @@ TEST_F(DialoguesPolygonales, PlacementParameters)
         ecrire(parametres, "editCode", l.code);
         EXPECT_EQ(parametres.placement().code, l.attendu) << l.code;
     }
-    CParamMisePlaceResultCalcs parametres;
-    EXPECT_FALSE(parametres.placement().altitudes);
-    presser(parametres, "Ne pas placer les altitudes");
-    EXPECT_TRUE(parametres.placement().altitudes);
-    presser(parametres, "Placer les altitudes");
-    EXPECT_FALSE(parametres.placement().altitudes);
-    EXPECT_FALSE(parametres.dessinerOriginelle() || parametres.dessinerCompensee());
-    presser(parametres, "Dessiner la polygonale compensée");
-    EXPECT_TRUE(parametres.dessinerCompensee());
 }
 
-TEST_F(DialoguesPolygonales, BearingCalculatorFillsTheField)
+TEST_F(DialoguesPolygonales, BearingsOfAnUnlistedUnit)
 {
-    corrPolygoOuverteDLG dialogue;
-    dialogue.findChild<QComboBox*>("comboAngles")->setCurrentIndex(1);
-    ecrire(dialogue, "editNumeroArrivee", "C");
-    ecrire(dialogue, "editXArrivee", "300");
-    ecrire(dialogue, "editYArrivee", "400");
-    ensuite({[](QWidget& devant) { devant.findChild<QPushButton*>("boutonCalArrivee")->click(); },
-             [](QWidget& devant) {
-                 EXPECT_EQ(lu(devant, "editNomDirection"), "C") << "preset with the station";
-                 EXPECT_EQ(lu(devant, "editXDirection"), "300");
-                 EXPECT_EQ(devant.findChild<QLabel*>("labelUnite")->text(), "degres");
-                 EXPECT_EQ(lu(devant, "editGisement"), "36.8699");
-                 ecrire(devant, "editYStation", "400"); // due east
-                 EXPECT_EQ(lu(devant, "editGisement"), "90.0000");
-                 presser(devant, "OK");
-             },
-             [](QWidget& devant) { devant.findChild<QPushButton*>("boutonCalDepart")->click(); },
-             presserDevant("Annuler"), presserDevant("Fermer")});
-    dialogue.exec();
-    EXPECT_EQ(lu(dialogue, "editGisementArrivee"), "90");
-    EXPECT_EQ(lu(dialogue, "editGisementDepart"), "0") << "cancelled";
+    EXPECT_EQ(CCalcGisementDlg(5, {}).findChild<QLabel*>("labelUnite")->text(), "Grades");
+}
 
-    EXPECT_EQ(CCalcGisementDlg(5, {}).findChild<QLabel*>("labelUnite")->text(), "Grades") << "an unlisted unit";
+TEST_F(DialoguesPolygonales, BearingCalculatorTellsWhatIsNoNumber)
+{
+    CCalcGisementDlg calcul(0, {});
+    auto& remarques = *calcul.findChild<QLabel*>("remarques");
+    ecrire(calcul, "editXDirection", "100,9");
+    EXPECT_TRUE(remarques.text().startsWith("X de la direction « 100,9 » n'est pas un nombre"));
+    ecrire(calcul, "editXDirection", "300");
+    EXPECT_TRUE(remarques.isHidden());
 }

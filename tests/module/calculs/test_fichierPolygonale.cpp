@@ -1,11 +1,12 @@
 // Traverse files: the exact bytes, what reading makes of odd lines, names of saved files.
 
-#include <fstream>
 #include <functional>
 
 #include <gtest/gtest.h>
 
 #include "calculs/fichierPolygonale.h"
+
+#include "TestFolder.h"
 
 namespace {
 
@@ -169,6 +170,14 @@ TEST(FichierPolygonale, OddLinesOfAClosedFile)
              d.depart = {L"Été", 1, 2, 3, 4};
              d.lignes = {{L"€", L"1", L"2", L"3"}};
          })},
+        {"a file in UTF-8 without its mark", "Nom=Réf X=1 Y=2 Z=3 Gis=4\n€ 1 2 3\n", avec([](auto& d) {
+             d.depart = {L"Réf", 1, 2, 3, 4};
+             d.lignes = {{L"€", L"1", L"2", L"3"}};
+         })},
+        {"a file in Windows-1252", "Nom=R\xE9\x66 X=1 Y=2 Z=3 Gis=4\n\x80 1 2 3\n", avec([](auto& d) {
+             d.depart = {L"Réf", 1, 2, 3, 4};
+             d.lignes = {{L"€", L"1", L"2", L"3"}};
+         })},
         {"sequences of UTF-8 cut short, loose or beyond", "\xEF\xBB\xBF\xC3 \xA9 \xE2\x82 \xF0\x9F\x98\x80\n",
          avec([](auto& d) {
              d.lignes = {{L"?", L"?", L"?", L"?"}};
@@ -256,7 +265,8 @@ TEST(FichierPolygonale, WhatLooksWrongIsSaidWithItsLine)
           L"a.obs, ligne 6 : mot-clé « Unite » sans effet."}},
         {"a closed traverse",
          "Nom=D X=1 Y=2 Z=3 Gis=4\n",
-         {L"a.obs : aucune ligne « Arrivee » : l'arrivée est en 0, 0, de gisement 0.",
+         {L"a.obs : la station de départ n'a pas de nom ; ce fichier est-il celui d'une polygonale fermée ?",
+          L"a.obs : aucune ligne « Arrivee » : l'arrivée est en 0, 0, de gisement 0.",
           L"a.obs : aucune ligne « Fermeture » : le dernier angle reste 7.0000."}},
         {"no departure",
          arrivee + "Fermeture: 5\n",
@@ -270,6 +280,9 @@ TEST(FichierPolygonale, WhatLooksWrongIsSaidWithItsLine)
     donneesPolygonaleFermee d;
     EXPECT_EQ(avertissementsLecture(L"a.obs", lirePolygonale("S1 1 2 3\n", d)),
               std::vector<std::wstring>{L"a.obs : aucune ligne de station : le départ est en 0, 0, de gisement 0."});
+    EXPECT_EQ(avertissementsLecture(L"a.obs", lirePolygonale(depart + arrivee, d)),
+              std::vector<std::wstring>{L"a.obs : la station de départ n'a pas de nom ; ce fichier est-il celui d'une "
+                                        L"polygonale ouverte ?"});
     std::string mots;
     for (int i = 0; i < 5000; ++i)
         mots += "a\n";
@@ -278,25 +291,41 @@ TEST(FichierPolygonale, WhatLooksWrongIsSaidWithItsLine)
     EXPECT_EQ(bilan.remarques.size(), 1000u) << "a file of such lines does not fill the memory";
 }
 
+TEST(FichierPolygonale, WhatIsLostOnWritingIsSaid)
+{
+    const std::wstring perdue = L" ; ses coordonnées et son gisement ne pourront pas être relus.";
+    donneesPolygonaleOuverte d = ouverte;
+    EXPECT_TRUE(avertissementsEcriture(d).empty());
+    d.depart.nom.clear();
+    d.arrivee.nom = L"A\"1";
+    d.lignes = {
+        {L"Ω", L"1", L"2", L"3"}, {L"une station au nom trop long", L"1", L"2", L"3"}, {L"S", L"1 2", L"2", L"3"}};
+    EXPECT_EQ(avertissementsEcriture(d),
+              (std::vector<std::wstring>{
+                  L"Station de départ : son nom est vide" + perdue,
+                  L"Station d'arrivée : son nom contient un guillemet" + perdue,
+                  L"Ligne 3 : une cellule est vide ou contient un séparateur ; la ligne ne pourra pas être relue.",
+                  L"Le nom « Ω » devient « ? » dans le fichier : un de ses caractères n'est pas dans la page de codes "
+                  L"Windows-1252.",
+                  L"Le nom « une station au nom trop long » est coupé à 18 caractères dans le fichier."}));
+}
+
 TEST(FichierPolygonale, Files)
 {
-    const auto dossier = std::filesystem::temp_directory_path() / "vela-essai-polygonale";
-    std::filesystem::create_directory(dossier);
-
+    const TestFolder dossier;
     donneesPolygonaleFermee d = fermee;
     const auto absent = chargerPolygonale(dossier / "absent.obs", d);
     EXPECT_FALSE(absent.lisible);
     EXPECT_EQ(d, fermee) << "a missing file changes nothing";
     EXPECT_EQ(avertissementsLecture(L"absent.obs", absent),
               std::vector<std::wstring>{L"absent.obs : lecture impossible du fichier."});
-    EXPECT_FALSE(chargerPolygonale(dossier, d).lisible) << "a folder is no file";
+    EXPECT_FALSE(chargerPolygonale(dossier.path(), d).lisible) << "a folder is no file";
     EXPECT_EQ(d, fermee);
 
-    std::ofstream(dossier / "boucle.obs", std::ios::binary) << contenuPolygonale(fermee);
+    dossier.write("boucle.obs", contenuPolygonale(fermee));
     donneesPolygonaleFermee lue;
     EXPECT_TRUE(chargerPolygonale(dossier / "boucle.obs", lue).lisible);
     EXPECT_EQ(contenuPolygonale(lue), contenuPolygonale(fermee));
-    std::filesystem::remove_all(dossier);
 }
 
 TEST(FichierPolygonale, SavedNames)
@@ -307,7 +336,8 @@ TEST(FichierPolygonale, SavedNames)
         const wchar_t* attendu;
     };
     const ligne lignes[] = {
-        {L"C:\\LEVE\\Boucle", filtreObservations, L"c:\\leve\\boucle.obs"},
+        {L"C:\\LEVE\\Boucle", filtreObservations, L"C:\\LEVE\\boucle.obs"},
+        {L"/Chantier/Boucle.OBS", filtreObservations, L"/Chantier/boucle.obs"},
         {L"BOUCLE.OBS", filtreObservations, L"boucle.obs"},
         {L"boucle.txt", filtreObservations, L"boucle.txt.obs"},
         {L"boucle", filtreSansExtension, L"boucle."},

@@ -297,9 +297,19 @@ TEST(PolygonaleFermee, Warnings)
         {"angles of deflection",
          {{L"B", 149.98, 100, 0}, {L"C", 99.99, 100.1, 0}, {L"A", 150.06, 141.4, 0}},
          0,
-         L"L'erreur angulaire vaut un tour et demi (600 gr) : les angles saisis semblent être des angles de déviation "
-         L"; "
-         L"ajoutez 200 à chacun, soit 349.98 au lieu de 149.98 à la première ligne."},
+         L"L'erreur angulaire vaut un tour et demi (600 gr) : les angles saisis semblent être des angles de déviation. "
+         L"Boucle parcourue dans le sens des aiguilles d'une montre : ajoutez 200 à chacun, soit 349.98 au lieu de "
+         L"149.98 à la première ligne. Boucle parcourue dans l'autre sens : saisissez 200 moins chaque angle, mais "
+         L"850.02 au lieu de 149.98 à la première ligne."},
+        {"a rectangle, whose deflections are its interior angles",
+         {{L"B", 100, 100, 0}, {L"C", 100, 50, 0}, {L"D", 100, 100, 0}, {L"A", 100, 50, 0}},
+         0,
+         L"L'erreur angulaire vaut 2 tours entiers (800 gr) : plusieurs explications se valent. Soit les angles saisis "
+         L"semblent être les angles intérieurs. Boucle parcourue dans le sens des aiguilles d'une montre : il faut les "
+         L"angles extérieurs, saisissez 400 moins chaque angle, soit 300 au lieu de 100 à la première ligne. Boucle "
+         L"parcourue dans l'autre sens : gardez-les et saisissez seulement 900 au lieu de 100 à la première ligne. "
+         L"Soit "
+         L"les angles saisis semblent être des angles de déviation."},
         {"an angle one turn too large", avec([](observations& o) { o[0].angle += 400; }), 0,
          L"L'erreur angulaire vaut un tour entier (-400 gr) : à la ligne 1, saisissez 349.98 au lieu de 749.98."},
         // From A to (100, 100), (100, 0), (0, 100) and back: right, right, left, left.
@@ -309,8 +319,10 @@ TEST(PolygonaleFermee, Warnings)
          L"L'erreur angulaire vaut un tour entier (400 gr) : la boucle se croise sans doute ; saisissez 449.98 au lieu "
          L"de 49.98 à la première ligne, dont l'angle ne sert qu'à cette fermeture."},
         {"a reading on the other face", avec([](observations& o) { o[1].angle -= 200; }), 0,
-         L"L'erreur angulaire vaut un demi-tour (200 gr) : un angle est sans doute lu à un demi-tour près"},
-        {"a large error, far from a turn", avec([](observations& o) { o[0].angle -= 50; }), 0, L""},
+         L"L'erreur angulaire vaut un demi-tour (200 gr) : l'angle mesuré à la station « B » semble lu à un demi-tour "
+         L"près (cercle droite pour cercle gauche) ; saisissez 299.99 au lieu de 99.99 à la ligne 2."},
+        {"a large error, far from a turn", avec([](observations& o) { o[0].angle -= 50; }), 0,
+         L"La fermeture est hors de toute pratique (erreur angulaire de 49.97000 gr, fermeture relative 1/"},
     };
     for (const ligne& l : lignes) {
         const auto phrases =

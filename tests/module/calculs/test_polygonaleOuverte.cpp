@@ -317,18 +317,30 @@ TEST(PolygonaleOuverte, AdviceOnTurns)
          L"celui "
          L"d'arrivée doit les compter aussi ; saisissez 600 au lieu de 1000 comme gisement d'arrivée."},
         {"the arrival bearing the other way", avec([](auto& d) { d.arrivee.gisement = 400; }),
-         L"L'erreur angulaire vaut un demi-tour (200 gr) : le gisement d'arrivée est donné dans l'autre sens, il le "
-         L"faut de la station d'arrivée vers sa référence ; saisissez 600 au lieu de 400 comme gisement d'arrivée."},
+         L"L'erreur angulaire vaut un demi-tour (200 gr) : plusieurs explications se valent. Soit le gisement "
+         L"d'arrivée "
+         L"semble donné dans l'autre sens, il le faut de la station d'arrivée vers sa référence ; saisissez 600 au "
+         L"lieu "
+         L"de 400 comme gisement d'arrivée. Soit l'angle mesuré à la station « D » semble lu à un demi-tour près "
+         L"(cercle droite pour cercle gauche) ; saisissez 49.96 au lieu de 249.96 comme dernier angle."},
         {"the departure bearing the other way", avec([](auto& d) { d.depart.gisement = 150; }),
-         L"L'erreur angulaire vaut un demi-tour (-200 gr) : le gisement de départ est donné dans l'autre sens, il le "
-         L"faut de la référence vers la station de départ ; saisissez 350 au lieu de 150 comme gisement de départ."},
+         L"L'erreur angulaire vaut un demi-tour (-200 gr) : plusieurs explications se valent. Soit le gisement de "
+         L"départ semble donné dans l'autre sens, il le faut de la référence vers la station de départ ; saisissez 350 "
+         L"au lieu de 150 comme gisement de départ. Soit l'angle mesuré à la station « A » semble lu à un demi-tour "
+         L"près (cercle droite pour cercle gauche) ; saisissez 100.02 au lieu de 300.02 à la ligne 1 et 200 au lieu de "
+         L"600 comme gisement d'arrivée."},
+        {"an angle between read on the other face", avec([](auto& d) { d.lignes[2].angle = L"0.04"; }),
+         L"L'erreur angulaire vaut un demi-tour (-200 gr) : l'angle mesuré à la station « C » semble lu à un demi-tour "
+         L"près (cercle droite pour cercle gauche) ; saisissez 200.04 au lieu de 0.04 à la ligne 3."},
         {"both bearings the other way", avec([](auto& d) {
              d.depart.gisement = 150;
              d.arrivee.gisement = 400;
          }),
-         L"La polygonale ne se ferme pas : le gisement de départ est donné dans l'autre sens, il le faut de la "
-         L"référence vers la station de départ ; saisissez 350 au lieu de 150 comme gisement de départ et saisissez "
-         L"600 au lieu de 400 comme gisement d'arrivée."},
+         L"La polygonale ne se ferme pas : le gisement de départ semble donné dans l'autre sens, il le faut de la "
+         L"référence vers la station de départ ; le gisement d'arrivée semble donné dans l'autre sens, il le faut de "
+         L"la "
+         L"station d'arrivée vers sa référence ; saisissez 350 au lieu de 150 comme gisement de départ et 600 au lieu "
+         L"de 400 comme gisement d'arrivée."},
         {"angles measured the other way round", avec(inverser),
          L"La polygonale ne se ferme pas : les angles semblent mesurés dans l'autre sens, saisissez 400 moins chaque "
          L"angle, le dernier compris."},
@@ -340,7 +352,6 @@ TEST(PolygonaleOuverte, AdviceOnTurns)
          L"L'erreur angulaire vaut 2 tours entiers (-800 gr) : les angles saisis semblent être des angles de "
          L"déviation, "
          L"ajoutez 200 à chacun, le dernier compris."},
-        // Within a twentieth of its length it also closes on the departure bearing the other way.
         {"angles of deflection along short legs",
          {{L"A", 1000, 1000, 0, 342.5992},
           {L"D", 941.607, 1154.478, 0, 304.7075},
@@ -361,6 +372,13 @@ TEST(PolygonaleOuverte, AdviceOnTurns)
          L"L'erreur angulaire vaut un tour entier (400 gr) : le gisement porté compte les tours faits en chemin, celui "
          L"d'arrivée doit les compter aussi ; saisissez 600 au lieu de 200 comme gisement d'arrivée. Vérifiez aussi "
          L"les coordonnées et les distances : la polygonale ne se ferme pas pour autant."},
+        {"half a turn, but the coordinates are wrong as well", avec([](auto& d) {
+             d.arrivee.gisement = 400;
+             d.arrivee.x += 500;
+         }),
+         L"L'erreur angulaire vaut un demi-tour (200 gr) : un angle est sans doute lu, ou un gisement donné, à un "
+         L"demi-tour près, mais aucun de ces changements ne ferme à lui seul la polygonale. Vérifiez aussi les "
+         L"coordonnées et les distances."},
         {"an unknown bearing", avec([](auto& d) { d.arrivee.gisement = inconnu; }), L""},
     };
     for (const ligne& l : lignes)

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "calculs/avertissementsPolygonale.h"
+#include "calculs/fermeturePolygonale.h"
 #include "calculs/gisement.h"
 #include "calculs/lignesCollees.h"
 #include "calculs/polygonaleCalculee.h"
@@ -51,6 +52,7 @@ TEST(LignesCollees, FromASpreadsheet)
         const char* nom;
         const wchar_t* texte;
         std::vector<ligneObservation> attendues;
+        std::size_t laissees = 0;
     };
     const ligne lignes[] = {
         {"tabs",
@@ -61,15 +63,64 @@ TEST(LignesCollees, FromASpreadsheet)
         {"three columns", L"S1\t100\t10", {{L"S1", L"100", L"10", L"0"}}},
         {"headings and empty lines go",
          L"Station\tAngle\tDistance\n\nS1\t100\t10\t1\n\n",
-         {{L"S1", L"100", L"10", L"1"}}},
-        {"nothing to paste", L"bonjour", {}},
+         {{L"S1", L"100", L"10", L"1"}},
+         1},
+        {"nothing to paste", L"bonjour", {}, 1},
         {"no name", L"\t100\t10\t1", {{L"", L"100", L"10", L"1"}}},
-        {"two commas are no number", L"S1\t1,234,5\t10\t1", {}},
+        {"two commas are no number", L"S1\t1,234,5\t10\t1", {}, 1},
     };
-    for (const ligne& l : lignes)
-        EXPECT_EQ(lignesCollees(l.texte), l.attendues) << l.nom;
+    for (const ligne& l : lignes) {
+        const collage colle = lignesCollees(l.texte);
+        EXPECT_EQ(colle.lignes, l.attendues) << l.nom;
+        EXPECT_EQ(colle.laissees, l.laissees) << l.nom;
+        EXPECT_EQ(remarqueCollage(colle).empty(), l.laissees == 0) << l.nom;
+    }
+    EXPECT_EQ(remarqueCollage(lignesCollees(L"Station\tAngle\nS1\t100\t10\nS2\tx\t10\n")),
+              L"Collage : 1 ligne(s) reprise(s), 2 laissée(s) sans angle ou distance lisible, dont « Station Angle ».");
     const std::vector<ligneObservation> copiees = {{L"S1", L"100.5", L"10", L"1"}, {L"S2", L"1", L"2", L"3"}};
-    EXPECT_EQ(lignesCollees(texteDesLignes(copiees)), copiees);
+    EXPECT_EQ(lignesCollees(texteDesLignes(copiees)).lignes, copiees);
+}
+
+TEST(FermeturePolygonale, BeyondAnyPractice)
+{
+    struct ligne {
+        const char* nom;
+        double erreur, fermeture;
+        const wchar_t* dit;
+    };
+    const ligne lignes[] = {
+        {"a good one", 0.01, 0.05, L""},
+        {"a compass", 0.9, 3.0, L""},
+        {"100 gr", 99.95, 0.05, L"(erreur angulaire de 99.95000 gr)"},
+        {"a third of the length", -0.01, 1000.0 / 3.0, L"(fermeture relative 1/3)"},
+        {"both", -1.01, 5.1, L"(erreur angulaire de -1.01000 gr, fermeture relative 1/196)"},
+        {"more than the length", 0.0, 2000.0, L"(fermeture relative supérieure à 1)"},
+        {"unknown", inconnu, inconnu, L""},
+        {"not finite", std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), L""},
+    };
+    for (const ligne& l : lignes) {
+        cheminement c;
+        c.cotes.resize(4); // 1 gr
+        c.longueur = 1000.0;
+        c.erreurAngulaire = l.erreur;
+        c.fermeturePlanimetrique = l.fermeture;
+        c.fermetureRelative = c.longueur / l.fermeture;
+        const std::wstring dit = remarqueFermeture(c);
+        EXPECT_EQ(dit.empty(), std::wstring(l.dit).empty()) << l.nom;
+        EXPECT_NE(dit.find(l.dit), std::wstring::npos) << l.nom;
+    }
+}
+
+TEST(AvertissementsNoms, CutsAndNamesMadeOne)
+{
+    const std::vector<std::wstring> noms{L"STATION-01", L"S1", L"STATION-02", L"S1", L"Ω", L"€é"};
+    EXPECT_EQ(avertissementsNoms(noms, 9, L"dans la table"),
+              (std::vector<std::wstring>{
+                  L"Le nom « STATION-01 » est coupé à 9 caractères dans la table.",
+                  L"Le nom « STATION-02 » est coupé à 9 caractères dans la table.",
+                  L"Les stations « STATION-01 » et « STATION-02 » y portent le même nom, « STATION-0 ».",
+                  L"Le nom « Ω » devient « ? » dans la table : un de ses caractères n'est pas dans la page de codes "
+                  L"Windows-1252."}));
 }
 
 TEST(PolygonaleCalculee, SummaryAndHeadLines)
@@ -90,7 +141,12 @@ TEST(PolygonaleCalculee, SummaryAndHeadLines)
                                   "charset=windows-1252\">\n<title>"),
               0u);
     d.lignes[0].distance = L"12,5";
-    EXPECT_EQ(calculerPolygonale(d).avertissements.size(), 1u);
+    EXPECT_EQ(calculerPolygonale(d).avertissements.size(), 2u) << "the cell, and what it makes of the closure";
+    d.lignes[0] = {L"B", L"299.999999999", L"100", L"0"};
+    EXPECT_EQ(resumePolygonale(calculerPolygonale(d).resultat).substr(0, 34), L"Erreur angulaire : 0.00000 gr ; fe");
+    d.lignes[0].angle = L"300.000000001";
+    EXPECT_EQ(resumePolygonale(calculerPolygonale(d).resultat).substr(0, 34), L"Erreur angulaire : 0.00000 gr ; fe")
+        << "no sign for what reads as zero";
     const std::vector<std::wstring> trois{L"a", L"b", L"c"};
     EXPECT_EQ(premieresPhrases(trois, 3), trois);
     EXPECT_EQ(premieresPhrases(trois, 2), (std::vector<std::wstring>{L"a", L"... et 2 autres remarques."}));

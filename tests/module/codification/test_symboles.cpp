@@ -10,6 +10,7 @@
 
 #include "adscodes.h"
 #include "dbapserv.h"
+#include "Drawing.h"
 #include "essaiSymboles.h"
 
 namespace {
@@ -48,17 +49,9 @@ protected:
     /// A reference of an empty block, with attributes that `etiquettes` alternates with their texts.
     AcDbObjectId bloc(const std::vector<const wchar_t*>& etiquettes, const AcGePoint3d& place = {1, 2, 3})
     {
-        AcDbBlockTable* blocs = nullptr;
-        db.getBlockTable(blocs, AcDb::kForWrite);
-        AcDbObjectId definition;
-        if (blocs->getAt(L"AUTRE", definition) != Acad::eOk) {
-            auto* const record = new AcDbBlockTableRecord;
-            record->setName(L"AUTRE");
-            blocs->add(definition, record);
-            record->close();
-        }
-        blocs->close();
-        const AcDbObjectId id = ajouterEspaceObjet(std::make_unique<AcDbBlockReference>(place, definition));
+        if (autre.isNull())
+            autre = addBlock(db, L"AUTRE", {});
+        const AcDbObjectId id = ajouterEspaceObjet(std::make_unique<AcDbBlockReference>(place, autre));
         const referenceLue reference(id, AcDb::kForWrite);
         for (std::size_t i = 0; i + 1 < etiquettes.size(); i += 2) {
             auto* const attribut = new AcDbAttribute(place, etiquettes[i + 1], etiquettes[i]);
@@ -67,6 +60,8 @@ protected:
         }
         return id;
     }
+
+    AcDbObjectId autre; ///< the empty block
 };
 
 TEST_F(DessinSymbolesTest, drawsAPoint)

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "codification/regleCode.h"
 #include "codification/tableCodification.h"
 #include "codification/xmlCodification.h"
 #include "rx/Console.h"
+#include "services/dossierSupport.h"
 
 #include "dbapserv.h"
 #include "dbsymtb.h"
@@ -115,7 +117,11 @@ TEST_F(TableCodificationTest, readsOneField)
         {"code below zero", "<code> -12x</code>", -12, L"Point Topo", 1.0, 2},
         {"code of no number", "<code>abc</code>", 0, L"Point Topo", 1.0, 2},
         {"empty number", "<code></code><tailleBlock/>", 1, L"Point Topo", 1.0, 2},
-        {"empty text", "<libelle></libelle>", 1, L"Point Topo", 1.0, 2},
+        {"a text that was emptied", "<libelle></libelle>", 1, L"", 1.0, 2},
+        {"the same, shorter", "<libelle/>", 1, L"", 1.0, 2},
+        {"values on lines of their own", "<libelle>\n    Une  borne\n  </libelle><code>\n3\n</code>", 3, L"Une  borne",
+         1.0, 2},
+        {"blanks without a line end", "<libelle> a </libelle>", 1, L" a ", 1.0, 2},
         {"size below zero is not held", "<tailleBlock>-2.5</tailleBlock>", 1, L"Point Topo", -2.5, 2},
         {"size of no number", "<tailleBlock>x</tailleBlock>", 1, L"Point Topo", 0.0, 2},
         {"decimals are not held", "<precisionAltitudes>99</precisionAltitudes>", 1, L"Point Topo", 1.0, 99},
@@ -135,6 +141,44 @@ TEST_F(TableCodificationTest, readsOneField)
         EXPECT_EQ(lus[0].tailleBlock, r.taille);
         EXPECT_EQ(lus[0].precisionAltitudes, r.precision);
     }
+}
+
+TEST_F(TableCodificationTest, keepsWhatItsUserEmptied)
+{
+    std::vector<codifPoint> codes(1), lus;
+    codes[0].libelle = codes[0].chemin = L"";
+    codes[0].layers = {L"", L"", L"C", L"", L""};
+    ASSERT_TRUE(codesDeXml(xmlDeCodes(codes), lus));
+    EXPECT_TRUE(lus.at(0).libelle.IsEmpty() && lus[0].chemin.IsEmpty());
+    EXPECT_TRUE(lus[0].layers == codes[0].layers);
+}
+
+TEST_F(TableCodificationTest, repairsAndTellsImpossibleLayers)
+{
+    const struct {
+        const wchar_t *lu, *pris;
+    } rows[] = {
+        {L"VRD/EAU", L"VRD_EAU"},       {L"A<B>", L"A_B_"},    {L"a\tb", L"a_b"}, {L"Été ; ", L"Été ; "}, {L"", L""},
+        {L" _ Numero ", L" _ Numero "}, {L"a\\b|c", L"a_b_c"},
+    };
+    for (const auto& r : rows) {
+        std::wstring dit;
+        Console::instance().setSink([&dit](const std::wstring& texte) { dit += texte; });
+        codifPoint code;
+        code.code = 12;
+        code.layers[calqueObs] = r.lu;
+        reparerCalques(code, L"f");
+        EXPECT_TRUE(code.layers[calqueObs] == r.pris) << CStringA(code.layers[calqueObs]).GetString();
+        EXPECT_EQ(dit.empty(), std::wstring(r.lu) == r.pris);
+        EXPECT_TRUE(dit.empty() || dit.starts_with(L"\nf, code 12 : le nom de calque «"));
+    }
+    std::wstring dit;
+    Console::instance().setSink([&dit](const std::wstring& texte) { dit += texte; });
+    ecrireDans(defcodif,
+               "<codifPoints><TBdata><codifPoint><layerObs>A&lt;B&gt;</layerObs></codifPoint></TBdata></codifPoints>");
+    EXPECT_TRUE(tableCodification()[0].layers[calqueObs] == L"A_B_");
+    EXPECT_NE(dit.find(L"« A<B> » est impossible, « A_B_ » est pris"), std::wstring::npos);
+    Console::instance().setSink({});
 }
 
 TEST_F(TableCodificationTest, takesOlderBytesForWindows1252)
@@ -184,7 +228,7 @@ TEST_F(TableCodificationTest, makesTheDefaultsOnAFreshInstallation)
     EXPECT_TRUE(codifPoint().libelle == L"Point Topo");
 
     std::vector<codifPoint> ecrits;
-    ASSERT_TRUE(codesDeXml(contenuDe(defcodif), ecrits));
+    ASSERT_TRUE(codesDeXml(contents(defcodif), ecrits));
     ASSERT_EQ(ecrits.size(), 2U);
     EXPECT_EQ(ecrits[1].code, 100);
     EXPECT_TRUE(aCote().empty()) << "nothing was there to keep";
@@ -197,13 +241,13 @@ TEST_F(TableCodificationTest, keepsADamagedFileBesideTheNewOne)
     const std::string casse = std::string(unCode).substr(0, 300);
     ecrireDans(defcodif, casse);
     EXPECT_EQ(tableCodification().nombre(), 2);
-    EXPECT_EQ(contenuDe(supportEssai::fichier("defcodif.abime")), casse);
-    EXPECT_NE(contenuDe(journaux / "MESSAGES.MSG").find("defcodif.abime]"), std::string::npos);
+    EXPECT_EQ(contents(supportEssai::fichier("defcodif.abime")), casse);
+    EXPECT_NE(contents(journaux / "MESSAGES.MSG").find("defcodif.abime]"), std::string::npos);
 
     ecrireDans(defcodif, "autre");
     EXPECT_EQ(tableCodification().nombre(), 2);
     EXPECT_EQ(aCote(), (std::vector<std::string>{".abime", ".abime-2"}));
-    EXPECT_EQ(contenuDe(supportEssai::fichier("defcodif.abime-2")), "autre");
+    EXPECT_EQ(contents(supportEssai::fichier("defcodif.abime-2")), "autre");
     EXPECT_EQ(tableCodification().nombre(), 2);
     EXPECT_EQ(aCote().size(), 2U) << "the new file is sound";
 
@@ -215,7 +259,13 @@ TEST_F(TableCodificationTest, keepsADamagedFileBesideTheNewOne)
 TEST_F(TableCodificationTest, leavesAFileItCannotCopy)
 {
     fs::create_directory(defcodif); // neither read nor copied as a file
-    EXPECT_EQ(tableCodification().nombre(), 2);
+    std::wstring dit;
+    Console::instance().setSink([&dit](const std::wstring& texte) { dit += texte; });
+    tableCodification table;
+    EXPECT_EQ(table.nombre(), 2);
+    EXPECT_NE(dit.find(L"n'a pas pu être copié"), std::wstring::npos);
+    EXPECT_EQ(table.sauver(), 1) << "as when the dialog closes";
+    Console::instance().setSink({});
     EXPECT_TRUE(fs::is_directory(defcodif));
     EXPECT_TRUE(aCote().empty());
 }
@@ -271,13 +321,44 @@ TEST_F(TableCodificationTest, savesWholeFilesOnly)
     table.ajouter(codeDeLExemple());
     EXPECT_EQ(table.sauver(), 1);
     EXPECT_EQ(tableCodification().nombre(), 3);
-    const std::string avant = contenuDe(defcodif);
+    const std::string avant = contents(defcodif);
     const fs::path nullePart = supportEssai::fichier("absent/defcodif");
     EXPECT_EQ(table.sauver(large(nullePart).c_str()), 1) << "always";
-    EXPECT_EQ(contenuDe(defcodif), avant);
+    EXPECT_EQ(contents(defcodif), avant);
     EXPECT_TRUE(aCote().empty()) << "no temporary file is left";
     EXPECT_EQ(table.charger(), 1);
     EXPECT_EQ(table.nombre(), 6) << "loading appends";
+}
+
+/// In a process of its own: the support folder is another one from then on.
+[[noreturn]] void sauverDansUnDossierInterdit()
+{
+    const fs::path perso = supportEssai::dossier().string() + "-perso", copie = perso / "Quarvel5/support";
+    fs::create_directories(perso);
+    fs::permissions(perso, fs::perms::all);
+    ::setenv("VELA_REGISTRY", (perso / "registre.ini").c_str(), 1);
+    tableCodification table;
+    table.getCodif(8);
+    const bool administrateur = geteuid() == 0; // whom permissions do not stop
+    fs::permissions(supportEssai::dossier(), fs::perms(0555));
+    if (administrateur && seteuid(65534) != 0)
+        std::exit(2);
+    table.sauver();
+    if (administrateur && seteuid(0) != 0)
+        std::exit(2);
+    fs::permissions(supportEssai::dossier(), fs::perms(0755));
+    const bool bon = contenuDe(copie / "defcodif").find("<code>8</code>") != std::string::npos &&
+                     fs::exists(copie / "biblio/velablk1.dxf") && contenuDe(defcodif) == unCode &&
+                     tableCodification().nombre() == 2 && table.getFichier() == cheminSupport(L"defcodif");
+    fs::remove_all(perso);
+    std::exit(bon ? 0 : 1);
+}
+
+TEST_F(TableCodificationTest, savesToACopyOfASupportFolderThatCannotBeWritten)
+{
+    ecrireDans(defcodif, unCode);
+    EXPECT_EXIT(sauverDansUnDossierInterdit(), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(contenuDe(defcodif), unCode);
 }
 
 TEST_F(TableCodificationTest, makesTheLayersOfAllItsCodes)

@@ -9,6 +9,7 @@
 #include "points/FileSerializer.h"
 
 #include "dbid.h"
+#include "TestFolder.h"
 
 using namespace std::string_literals;
 
@@ -16,18 +17,12 @@ namespace {
 
 class FileSerializerTest : public testing::Test {
 protected:
-    void SetUp() override { std::filesystem::remove(chemin); }
-    void TearDown() override { std::filesystem::remove(chemin); }
-
-    std::string contenu() const
-    {
-        std::ifstream f(chemin, std::ios::binary);
-        return {std::istreambuf_iterator<char>(f), {}};
-    }
+    std::string contenu() const { return contents(chemin); }
     void ecrire(const std::string& octets) const { std::ofstream(chemin, std::ios::binary) << octets; }
     CString large() const { return CString(chemin.c_str()); }
 
-    const std::string chemin = testing::TempDir() + "vela_serializer_" + std::to_string(getpid()) + ".bin";
+    const TestFolder dossier;
+    const std::string chemin = (dossier / "essai.bin").string();
 };
 
 TEST_F(FileSerializerTest, writesEachItemByteForByte)

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -11,26 +10,11 @@
 #include "acutads.h"
 #include "dbapserv.h"
 #include "dbdict.h"
-#include "dbents.h"
-#include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "Drawing.h"
 #include "supportEssai.h"
 
 namespace {
-
-AcDbObjectId ajouter(AcDbDatabase& db, AcDbEntity* entite)
-{
-    AcDbBlockTable* blocs = nullptr;
-    db.getBlockTable(blocs, AcDb::kForRead);
-    AcDbBlockTableRecord* espace = nullptr;
-    blocs->getAt(ACDB_MODEL_SPACE, espace, AcDb::kForWrite);
-    AcDbObjectId id;
-    EXPECT_EQ(espace->appendAcDbEntity(id, entite), Acad::eOk);
-    entite->close();
-    espace->close();
-    blocs->close();
-    return id;
-}
 
 void effacer(AcDbObjectId id)
 {
@@ -85,7 +69,6 @@ protected:
         setSrcInfosTopo(nullptr, nullptr, 0, 0);
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);
         Console::instance().setSink(nullptr);
-        std::filesystem::remove(chemin);
     }
     static void travailler(AcDbDatabase& dessin) { acdbHostApplicationServices()->setWorkingDatabase(&dessin); }
 
@@ -93,15 +76,15 @@ protected:
     {
         pointDuDessin point;
         point.setParams(nom, AcGePoint3d(x, y, z), 1);
-        point.setId(ajouter(db, new AcDbPoint(AcGePoint3d(x, y, 0))));
+        point.setId(addEntity(db, new AcDbPoint(AcGePoint3d(x, y, 0))));
         return point;
     }
 
     AcDbDatabase db;
     projetsTopo projet;
     std::wstring imprime;
-    const std::string chemin = testing::TempDir() + "vela_dessin_" + std::to_string(getpid()) + ".dxf";
-    const std::wstring cheminLarge{chemin.begin(), chemin.end()};
+    const TestFolder dossier;
+    const std::wstring cheminLarge = (dossier / "plan.dxf").wstring();
 };
 
 TEST_F(DessinTest, storesTheProjectAndFindsItAgain)
@@ -206,7 +189,7 @@ TEST_F(DessinTest, keepsEntitiesInStep)
     table.Ajouter(dessine(L"A", 4, 5, 1e38));
     pointDuDessin ligne;
     ligne.setParams(L"L", AcGePoint3d(1, 1, 1), 1);
-    ligne.setId(ajouter(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(9, 9, 0))));
+    ligne.setId(addEntity(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(9, 9, 0))));
     table.Ajouter(ligne);
     table.getData(0)->setXY(10, 20, 30);
     table.renumeroter(true);
@@ -231,17 +214,10 @@ TEST_F(DessinTest, keepsEntitiesInStep)
 
 TEST_F(DessinTest, readsTheInsertionPointOfABlock)
 {
-    AcDbBlockTable* blocs = nullptr;
-    db.getBlockTable(blocs, AcDb::kForWrite);
-    auto* const definition = new AcDbBlockTableRecord;
-    definition->setName(L"SYMBOLE");
-    AcDbObjectId idBloc;
-    ASSERT_EQ(blocs->add(idBloc, definition), Acad::eOk);
-    definition->close();
-    blocs->close();
+    const AcDbObjectId idBloc = addBlock(db, L"SYMBOLE", {});
     pointDuDessin point;
     point.setParams(L"P", AcGePoint3d(1, 2, 3), 6);
-    point.setId(ajouter(db, new AcDbBlockReference(AcGePoint3d(7, 8, 0.5), idBloc)));
+    point.setId(addEntity(db, new AcDbBlockReference(AcGePoint3d(7, 8, 0.5), idBloc)));
     projet.currTable()->Ajouter(point);
     AcGePoint3d position;
     int code = 0;

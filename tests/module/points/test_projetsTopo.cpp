@@ -11,12 +11,12 @@
 #include "points/FileSerializer.h"
 #include "points/projetsTopo.h"
 
+#include "TestFolder.h"
+
 namespace {
 
 class projetsTopoTest : public testing::Test {
 protected:
-    void TearDown() override { std::filesystem::remove(chemin); }
-
     /// Tables as "name" (empty) or "name:points".
     static void remplir(projetsTopo& projet, const std::vector<std::string>& tables, int courante)
     {
@@ -57,7 +57,8 @@ protected:
     }
     CString large() const { return CString(chemin.c_str()); }
 
-    const std::string chemin = testing::TempDir() + "vela_projet_" + std::to_string(getpid()) + ".bin";
+    const TestFolder dossier;
+    const std::string chemin = (dossier / "projet.bin").string();
 };
 using Tables = std::vector<std::string>;
 
@@ -164,8 +165,7 @@ TEST_F(projetsTopoTest, writesTheStoredFormItemByItem)
     projetsTopo projet;
     remplir(projet, {"T:1"}, 0);
     ASSERT_EQ(ecrire(projet), 1);
-    std::ifstream f(chemin, std::ios::binary);
-    const std::string lu{std::istreambuf_iterator<char>(f), {}};
+    const std::string lu = contents(chemin);
     using namespace std::string_literals;
     // 1e38 is 0x47D2CED32A16A1B1.
     EXPECT_EQ(lu, "i\0\0\0\0"s                          // current
@@ -221,8 +221,7 @@ TEST_F(projetsTopoTest, survivesRandomDamage)
     projetsTopo projet;
     remplir(projet, {"T1:3", "LEVE", "T2:2"}, 1);
     ASSERT_EQ(ecrire(projet), 1);
-    std::ifstream f(chemin, std::ios::binary);
-    const std::string sain{std::istreambuf_iterator<char>(f), {}};
+    const std::string sain = contents(chemin);
     for (int i = 0; i < 500; ++i) {
         std::string abime = sain;
         for (unsigned n = hasard() % 4 + 1; n > 0; --n)

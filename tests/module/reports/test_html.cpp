@@ -1,10 +1,8 @@
 // The bytes of the HTML writer: every expected text is written out by hand.
 
-#include <chrono>
 #include <fstream>
 #include <functional>
 #include <limits>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -14,15 +12,9 @@
 #include "reports/htmlText.h"
 #include "services/nombreFixe.h"
 
-namespace {
+#include "TestFolder.h"
 
-std::string contentsOf(const std::filesystem::path& name)
-{
-    std::ifstream file(name, std::ios::binary);
-    std::ostringstream contents;
-    contents << file.rdbuf();
-    return contents.str();
-}
+namespace {
 
 TEST(Html, Sizes)
 {
@@ -265,13 +257,13 @@ TEST(Html, DocumentFile)
     EXPECT_EQ(first.parent_path(), std::filesystem::temp_directory_path());
     EXPECT_EQ(first.filename().string().substr(0, 3), "_TP");
     EXPECT_EQ(first.extension(), ".html");
-    EXPECT_EQ(contentsOf(first), document.text());
+    EXPECT_EQ(contents(first), document.text());
 
     std::ofstream(first, std::ios::app) << "reste d'un rapport plus long";
     document.append("suite");
     ASSERT_TRUE(document.write());
     EXPECT_EQ(document.fileName(), first) << "a document written again keeps its file";
-    EXPECT_EQ(contentsOf(first), document.text());
+    EXPECT_EQ(contents(first), document.text());
 
     htmlDocument other;
     ASSERT_TRUE(other.write());
@@ -281,26 +273,6 @@ TEST(Html, DocumentFile)
 
     other.setFileName("/dossier absent/rapport.html");
     EXPECT_FALSE(other.write());
-}
-
-// A report of 100 000 rows was to take no longer a row than one of 1 000.
-TEST(Html, AppendingRowsIsLinear)
-{
-    const auto secondsFor = [](int rows) {
-        const auto start = std::chrono::steady_clock::now();
-        htmlTable table;
-        for (int i = 0; i < rows; ++i) {
-            table.beginRow();
-            table.addCell(i * 0.001, 4, "class=celnorm align=right");
-            table.endRow();
-        }
-        EXPECT_GT(table.render().size(), static_cast<std::size_t>(rows) * 50);
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    };
-    secondsFor(1000); // warms the caches
-    const double few = secondsFor(20'000);
-    const double many = secondsFor(400'000);
-    EXPECT_LT(many, few * 20 * 5 + 0.5) << few << " s for 20 000 rows, " << many << " s for 400 000";
 }
 
 } // namespace

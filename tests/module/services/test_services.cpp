@@ -17,6 +17,7 @@
 #include "services/variablesHote.h"
 
 #include "dbapserv.h"
+#include "TestFolder.h"
 
 namespace fs = std::filesystem;
 
@@ -33,11 +34,6 @@ protected:
     void TearDown() override { DocumentList::instance().closeAll(); }
 
     static fs::path dossier() { return fs::path(testing::TempDir()) / ("vela_services_" + std::to_string(getpid())); }
-    static std::string contenu(const fs::path& fichier)
-    {
-        std::ifstream f(fichier, std::ios::binary);
-        return {std::istreambuf_iterator<char>(f), {}};
-    }
     static void ecrireRegistre(const wchar_t* nom, const std::wstring& valeur)
     {
         HKEY cle = nullptr;
@@ -89,13 +85,13 @@ TEST_F(ServicesTest, appendsToTheLogs)
     fs::create_directories(support);
     journaliserMessage("un\n");
     journaliserMessage("deux");
-    EXPECT_EQ(contenu(support / "MESSAGES.MSG"), "un\ndeux");
+    EXPECT_EQ(contents(support / "MESSAGES.MSG"), "un\ndeux");
 
     fs::current_path(dossier());
     journaliserDebug(0, L"a");
     journaliserDebug(2, L"\u00e9");
     journaliserDebug(-1, L"c");
-    EXPECT_EQ(contenu(dossier() / "DEBUGINFO.MSG"), "\na\n    \xe9\nc");
+    EXPECT_EQ(contents(dossier() / "DEBUGINFO.MSG"), "\na\n    \xe9\nc");
 }
 
 TEST_F(ServicesTest, cutsTheDrawingNameAtItsFirstDot)

@@ -8,8 +8,7 @@
 #include "rx/Console.h"
 
 #include "aced.h"
-#include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "InputTest.h"
 
 using platform::utf8FromWide;
@@ -232,11 +231,7 @@ TEST_F(Asking, longTextIsCut)
 
 TEST_F(Asking, snapWordsHoldForOnePoint)
 {
-    auto* const line = new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(100, 0, 0));
-    AcDbObjectPointer<AcDbBlockTableRecord> space(curDoc()->database()->currentSpaceId(), AcDb::kForWrite);
-    ASSERT_EQ(space->appendAcDbEntity(line), Acad::eOk);
-    line->close();
-    space.close();
+    addEntity(*curDoc()->database(), new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(100, 0, 0)));
     answers.give({L"_mid", L"50.2,0.1", L"99.9,0"});
     std::wstring value;
     kPoint.call(value);

@@ -10,8 +10,7 @@
 #include "accmd.h"
 #include "aced.h"
 #include "acedCmdNF.h"
-#include "dbents.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "InputTest.h"
 
 using platform::utf8FromWide;
@@ -20,6 +19,10 @@ namespace {
 
 /// What the commands below were given.
 std::wstring told;
+std::wstring taken()
+{
+    return std::exchange(told, {});
+}
 
 /// Asks for points until Enter, as commands that draw do.
 void traceCommand()
@@ -82,15 +85,6 @@ protected:
         const auto [shown, outcome] = LispSession::of(*curDoc()).evaluate(platform::wideFromUtf8(text));
         return utf8FromWide(outcome.failed ? outcome.message : shown);
     }
-    static AcDbObjectId addPoint(double x)
-    {
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(curDoc()->database()->currentSpaceId(), AcDb::kForWrite);
-        auto* const point = new AcDbPoint(AcGePoint3d(x, 0, 0));
-        AcDbObjectId id;
-        space->appendAcDbEntity(id, point);
-        point->close();
-        return id;
-    }
 };
 
 TEST_F(CommandLineTest, readsCommandsExpressionsAndSymbols)
@@ -142,8 +136,7 @@ TEST_F(CommandLineTest, sourcesStandOnEachOther)
 TEST_F(CommandLineTest, aCommandRunsAnotherWithItsInputs)
 {
     EXPECT_EQ(run(L"ESSAI_DEHORS"), "");
-    EXPECT_EQ(told, L"a5;5100;");
-    told.clear();
+    EXPECT_EQ(taken(), L"a5;5100;");
     EXPECT_EQ(acedCommandS(RTSTR, L"_TEST_NAME", RTSTR, L"b", 0), RTERROR) << "the inputs end before the command";
     EXPECT_EQ(told, L"annulé;");
     EXPECT_EQ(acedCommandS(RTSTR, L"INCONNUE", 0), RTERROR);
@@ -156,17 +149,14 @@ TEST_F(CommandLineTest, aCommandRunsAnotherWithItsInputs)
 TEST_F(CommandLineTest, lispCommandsWaitForMore)
 {
     EXPECT_EQ(lisp("(command \"ESSAI_TRACE\" '(1 0) \"2,0\" \"\")"), "nil");
-    EXPECT_EQ(told, L"[1 2 ]");
-    told.clear();
+    EXPECT_EQ(taken(), L"[1 2 ]");
     EXPECT_EQ(
         lisp("(command \"ESSAI_TRACE\") (foreach x '(1 2 3) (command (list x 0.0))) (setq n (getvar \"CMDNAMES\"))"
              "(command \"\") n"),
         "\"ESSAI_TRACE\"");
-    EXPECT_EQ(told, L"[1 2 3 ]") << "point by point, while AutoLISP goes on";
-    told.clear();
+    EXPECT_EQ(taken(), L"[1 2 3 ]") << "point by point, while AutoLISP goes on";
     EXPECT_EQ(lisp("(command \"ESSAI_TRACE\" '(1 0)) (command) (getvar \"CMDACTIVE\")"), "0") << "(command) cancels";
-    EXPECT_EQ(told, L"[1 ]");
-    told.clear();
+    EXPECT_EQ(taken(), L"[1 ]");
     EXPECT_EQ(lisp("(vl-cmdf \"INCONNUE\")"), "Commande inconnue : « INCONNUE ».");
     EXPECT_EQ(lisp("(command \"ESSAI_VOIR\" \"ESSAI_VOIR\")"), "nil");
     EXPECT_EQ(told, L"(look)(look)");
@@ -177,12 +167,10 @@ TEST_F(CommandLineTest, whatStillWaitsIsTheUsersToFinish)
 {
     answers.give({L"7,0", L""});
     EXPECT_EQ(lisp("(command \"ESSAI_TRACE\" '(1 0))"), "nil");
-    EXPECT_EQ(told, L"[1 7 ]");
-    told.clear();
+    EXPECT_EQ(taken(), L"[1 7 ]");
     answers.give({L"8,0"});
     EXPECT_EQ(lisp("(command \"ESSAI_TRACE\" '(1 0) PAUSE '(2 0) \"\")"), "nil");
-    EXPECT_EQ(told, L"[1 8 2 ]") << "PAUSE is the user's turn";
-    told.clear();
+    EXPECT_EQ(taken(), L"[1 8 2 ]") << "PAUSE is the user's turn";
     answers.give({L"9,0", L""});
     EXPECT_EQ(lisp("(command \"ESSAI_TRACE\" '(1 0)) (car 1)"), "argument de type incorrect : listp: 1");
     EXPECT_EQ(told, L"[1 ]") << "cancelled after a failure";
@@ -196,8 +184,7 @@ TEST_F(CommandLineTest, commandInATypedExpressionAnswersTheOneThatAsks)
     answers.give({L"(foreach x '(1 2) (command (list x 0)))", L"3,0", L"(command '(4 0) PAUSE '(6 0))", L"5,0",
                   L"(command \"\" \"ESSAI_VOIR\")"});
     EXPECT_EQ(run(L"ESSAI_TRACE"), "");
-    EXPECT_EQ(told, L"[1 2 3 4 5 6 ](look)") << "what is left goes on with the next command";
-    told.clear();
+    EXPECT_EQ(taken(), L"[1 2 3 4 5 6 ](look)") << "what is left goes on with the next command";
     answers.refusals.clear();
     // As in a script: each line is an evaluation of its own, and the command goes on in the next one.
     answers.give({L"(command '(7 0))", L"(command \"\")"});
@@ -227,8 +214,8 @@ TEST_F(CommandLineTest, lispCommandsRunEachOther)
 
 TEST_F(CommandLineTest, whatWasSelectedBeforeIsTaken)
 {
-    addPoint(1.0);
-    addPoint(2.0);
+    addEntity(*curDoc()->database(), new AcDbPoint(AcGePoint3d(1, 0, 0)));
+    addEntity(*curDoc()->database(), new AcDbPoint(AcGePoint3d(2, 0, 0)));
     EXPECT_EQ(lisp("(sssetfirst nil (ssget \"X\")) (sslength (cadr (ssgetfirst)))"), "2");
     EXPECT_EQ(run(L"ESSAI_COMPTE"), "");
     EXPECT_EQ(told, L"2 objets;");
@@ -239,8 +226,7 @@ TEST_F(CommandLineTest, whatWasSelectedBeforeIsTaken)
     EXPECT_EQ(run(L"ESSAI_NOM"), "");
     EXPECT_EQ(lisp("(ssget \"I\")"), "nil") << "a command that takes none lets it go";
     EXPECT_EQ(lisp("(command \"ESSAI_COMPTE\" (ssget \"X\") \"\")"), "nil");
-    EXPECT_EQ(told, L"a1;2 objets;");
-    told.clear();
+    EXPECT_EQ(taken(), L"a1;2 objets;");
     EXPECT_EQ(lisp("(command \"ESSAI_COMPTE\" (entlast) \"\")"), "nil");
     EXPECT_EQ(told, L"1 objets;");
 }

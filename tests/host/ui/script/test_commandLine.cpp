@@ -6,7 +6,7 @@
 #include "ed/input/EditorInput.h"
 
 #include "acdocman.h"
-#include "dbsymtb.h"
+#include "Drawing.h"
 #include "ScriptTest.h"
 
 namespace {
@@ -131,13 +131,7 @@ TEST_F(CommandLineTest, StopsAtTheLineThatFails)
 
 TEST_F(CommandLineTest, ChecksTheDrawing)
 {
-    AcDbLayerTable* layers = nullptr;
-    ASSERT_EQ(curDoc()->database()->getLayerTable(layers, AcDb::kForWrite), Acad::eOk);
-    auto* const layer = new AcDbLayerTableRecord;
-    layer->setName(L"Mes points");
-    EXPECT_EQ(layers->add(layer), Acad::eOk);
-    layer->close();
-    layers->close();
+    addLayer(*curDoc()->database(), L"Mes points");
     EXPECT_EQ(run("? entités = 0\n"
                   "(entmake '((0 . \"POINT\") (8 . \"Mes points\") (10 1.0 2.0 3.0)))\n"
                   "(entmake '((0 . \"POINT\") (10 1.0 2.0 3.0)))\n"

@@ -11,8 +11,6 @@
 #include <QTest>
 #include <QTextDocument>
 
-#include <unistd.h>
-
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
 #include "ed/CommandStack.h"
@@ -23,10 +21,7 @@
 #include "ui/window/MainWindow.h"
 
 #include "acedads.h"
-#include "dbents.h"
-#include "dbsymtb.h"
-
-namespace fs = std::filesystem;
+#include "Drawing.h"
 
 namespace {
 
@@ -42,29 +37,15 @@ private:
 const testing::Environment* const applicationLife = testing::AddGlobalTestEnvironment(new ApplicationLife);
 
 /// The registry of the user is read once: its file is the same for all tests that a process runs, and no other's.
-class RegistryFile {
-public:
-    RegistryFile() : m_file(fs::temp_directory_path() / ("vela-fenetre-registre-" + std::to_string(getpid()) + ".ini"))
-    {
-        setenv("VELA_REGISTRY", m_file.c_str(), 1);
-    }
-    ~RegistryFile() { fs::remove(m_file); }
-    RegistryFile(const RegistryFile&) = delete;
-    RegistryFile& operator=(const RegistryFile&) = delete;
-
-private:
-    fs::path m_file;
+struct RegistryFolder : TestFolder {
+    RegistryFolder() { setenv("VELA_REGISTRY", (path() / "registre.ini").c_str(), 1); }
 };
 
 } // namespace
 
 WindowTest::WindowTest(PointTables* points)
 {
-    const auto* const info = testing::UnitTest::GetInstance()->current_test_info();
-    folder = fs::temp_directory_path() / ("vela-fenetre-" + std::string(info->name()) + "-" + std::to_string(getpid()));
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    static const RegistryFile registry;
+    static const RegistryFolder registry;
     setenv("XDG_DATA_HOME", folder.c_str(), 1);
     kernel = std::make_unique<Kernel>();
     static const bool registered = (registerHostCommands(), true);
@@ -81,7 +62,6 @@ WindowTest::~WindowTest()
     DocumentList::instance().closeAll();
     acedRegCmds->removeGroup(L"ESSAI");
     kernel.reset();
-    fs::remove_all(folder);
 }
 
 void WindowTest::play(std::vector<Step> steps)
@@ -192,17 +172,8 @@ Document& WindowTest::document()
 std::string WindowTest::entities()
 {
     std::string kinds;
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(document().database()->currentSpaceId());
-    AcDbBlockTableRecordIterator* made = nullptr;
-    space->newIterator(made);
-    const std::unique_ptr<AcDbBlockTableRecordIterator> at(made);
-    for (; !at->done(); at->step()) {
-        AcDbEntity* entity = nullptr;
-        if (at->getEntity(entity) != Acad::eOk)
-            continue;
-        kinds += (kinds.empty() ? "" : " ") + QString::fromWCharArray(entity->isA()->name()).toStdString();
-        entity->close();
-    }
+    for (const AcDbObjectId id : entitiesOf(document().database()->currentSpaceId()))
+        kinds += (kinds.empty() ? "" : " ") + QString::fromWCharArray(id.objectClass()->name()).toStdString();
     return kinds;
 }
 
@@ -224,7 +195,7 @@ void drawLines()
         acedInitGet(0, L"Clore _ Close");
         if (acedGetPoint(from, L"\nPoint suivant ou [Clore] : ", to) != RTNORM)
             return;
-        addLine(*DocumentList::instance().current(), {from[0], from[1], from[2]}, {to[0], to[1], to[2]});
+        add(new AcDbLine({from[0], from[1], from[2]}, {to[0], to[1], to[2]}));
         std::copy(std::begin(to), std::end(to), std::begin(from));
     }
 }
@@ -236,10 +207,7 @@ void addLineCommand()
     acedRegCmds->addCommand(L"ESSAI", L"TESTLINE", L"TESTLIGNE", ACRX_CMD_MODAL, drawLines);
 }
 
-void addLine(Document& document, const AcGePoint3d& from, const AcGePoint3d& to)
+AcDbObjectId add(AcDbEntity* entity)
 {
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(document.database()->currentSpaceId(), AcDb::kForWrite);
-    auto* const line = new AcDbLine(from, to);
-    EXPECT_EQ(space->appendAcDbEntity(line), Acad::eOk);
-    line->close();
+    return addEntity(*DocumentList::instance().current()->database(), entity);
 }

@@ -14,7 +14,8 @@
 #include "ui/window/MainWindow.h"
 
 #include "acdocman.h"
-#include "gepnt3d.h"
+#include "dbents.h"
+#include "TestFolder.h"
 
 class Canvas;
 class CommandEdit;
@@ -63,12 +64,13 @@ protected:
         return *found;
     }
 
-    std::filesystem::path folder; ///< of the test's own
+    const TestFolder ownFolder;
+    const std::filesystem::path& folder = ownFolder.path();
     std::unique_ptr<Kernel> kernel;
     std::unique_ptr<MainWindow> window;
 };
 
 /// Draws lines from point to point, as drafting commands ask: point, then points or the keyword "Clore".
 void addLineCommand();
-/// Adds a line to a drawing, outside any command.
-void addLine(Document& document, const AcGePoint3d& from, const AcGePoint3d& to);
+/// Adds an entity to the current drawing, outside any command.
+AcDbObjectId add(AcDbEntity* entity);

@@ -10,6 +10,12 @@
 (addcodept 14 "a" "b" 0) ; >> \nparametres incorrects.
 (addcodept 14 "a" "b" 1 9) ; >> \nparametres incorrects.
 (addcodept 14 "a" "b" 1 2 3) ; >> \nparametres incorrects.
+(addcodept 14 "a" "" 1e-7) ; >> \nparametres incorrects.
+(addcodept 14 "a" "" 1e7) ; >> \nparametres incorrects.
+(addcodept 14 "a" "b") ; => nil
+(addcodept -3) ; => nil
+(add_pt "-" '(0 0) -3) ; >> \nparametres incorrects.
+(tpcdaddpt "-" '(0 0) 10000) ; >> \nparametres incorrects.
 (loadcodept) ; => ((1 . "Point topo") (100 . "Station") (12 . "Code 12") (13 . "Arbre"))
 
 ; A symbol of a block that cannot be had: the point is there all the same.
@@ -22,6 +28,9 @@
 (bloc "2") ; => "velablk1"
 (chgreppts 12 "velablk3") ; => 1
 (bloc "2") ; => "velablk3"
+; A block of this drawing alone is none that codes may name.
+(command "_-BLOCK" "ici" "0,0" (entlast) "") ; => nil
+(chgreppts 12 "ici") ; => nil
 (chgreppts 12 1) ; >> \nparametres incorrects.
 (chgreppts 0 "velablk3") ; >> \nparametres incorrects.
 
@@ -36,11 +45,11 @@
 
 ; Views: the points of a code, then all. A view too small is widened to ten units, with a margin.
 (tpcdaddpt "far" '(1000 2000 0) 100) ; >> 
-(c:vcode) ; << 100
+; < 100
 (c:vcode) ; >> \nCode des points a visualiser:100\n1 points de code 100
-(c:vcode) ; << 5
+; < 5
 (c:vcode) ; >> \nCode des points a visualiser:5\nPas de points de code 5 dans cette table
-(c:vcode) ; << 0
+; < 0
 (c:vcode) ; >> \nCode des points a visualiser:0\nPas de points de code 0 dans cette table
 (getvar "VIEWSIZE") ; => 11.0
 (getvar "VIEWCTR") ; => (1000.0 2000.0 0.0)

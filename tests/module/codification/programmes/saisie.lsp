@@ -3,10 +3,10 @@
 (tpcdaddpt "3" '(10 0 2)) ; >> 
 (tpcdaddpt "5" '(10 10 3)) ; >> 
 (tpcdaddpt "6" '(0 10)) ; >> 
-(c:topjndre) ; << 1 / 5 / 2
+; < 1 | 5 | 2
 (c:topjndre) ; >> \nNumero de debut1\nNumero de fin5\nIncrement [1] :2
 (c13 0) ; => "POLYLINE"
-(c:topjndre) ; << 6 / 4 / 
+; < 6 | 4 |
 (c:topjndre) ; >> \nNumero de debut6\nNumero de fin4\nIncrement [1] :\nPoint 4 absent de la table
 (c13 0) ; => "LWPOLYLINE"
 (getsegtype (entlast) 0) ; => ("LIGNE" (0.0 10.0 0.0) (10.0 10.0 0.0))
@@ -20,25 +20,25 @@
 (car (getsegtype (entlast) 1)) ; => "ARC"
 (nth 3 (getsegtype (entlast) 1)) ; => (2.0 2.0 0.0)
 (rtos (nth 4 (getsegtype (entlast) 1)) 2 6) ; => "2.828427"
-(c:topjndre) ; << 1 / 2 / 1
+; < 1 | 2 | 1
 (c:topjndre) ; >> \nNumero de debut1\nNumero de fin2\nIncrement [1] :1\nPoint 2 absent de la table\nIl faut au moins deux points
 ; The numbers are those of the start, by the step: 8 6 4 2 meet one point.
-(c:topjndre) ; << 8 / 1 / 2
+; < 8 | 1 | 2
 (c:topjndre) ; >> \nNumero de debut8\nNumero de fin1\nIncrement [1] :2\nPoint 8 absent de la table\nPoints 4 à 2 absents de la table\nIl faut au moins deux points
-(c:topjndre) ; << 1 / 999999999 / 32767
+; < 1 | 999999999 | 32767
 (c:topjndre) ; >> \nNumero de debut1\nNumero de fin999999999\nIncrement [1] :32767\nPoints 32768 à 999983307 absents de la table\nIl faut au moins deux points
-(c:topjndre) ; << 5 / 999999999 / 1
+; < 5 | 999999999 | 1
 (c:topjndre) ; >> \nNumero de debut5\nNumero de fin999999999\nIncrement [1] :1\nPoints 7 à 999999999 absents de la table
-(k_getpt "\nCentre : " '(0 0)) ; << @3,4
+; < @3,4
 (k_getpt "\nCentre : " '(0 0)) ; => (3.0 4.0 0.0)
-(k_getpt "\nCentre : ") ; << 
+; <
 (k_getpt "\nCentre : ") ; => nil
 (k_getpt) ; >> \nparametres incorrects.
 (k_getpt "a" "b") ; >> \nparametres incorrects.
 (wait_user 1) ; >> \nparametres incorrects.
 ; Taken apart: the lines of the cross, and the two visible texts that are not empty.
 (setq avant (entlast)) ; >> 
-(c:dissocblock) ; << -1,-1 / 1,1 / 
+; < -1,-1 | 1,1 |
 (c:dissocblock) ; =>
 (ename_pt "1") ; => nil
 (c13 0) ; => "TEXT"

@@ -1,0 +1,158 @@
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "dxf/DxfError.h"
+#include "dxf/DxfFile.h"
+
+#include "DxfSamples.h"
+#include "exerciseDxf.h"
+
+using namespace dxf_samples;
+
+TEST(DxfHostileTest, RefusalsNameFileLineAndReason)
+{
+    struct Row {
+        const char* name;
+        std::string bytes;
+        const char* message;
+    };
+    const std::string whole = asciiDxf(r2000);
+    const Row rows[] = {
+        {"nothing", "", "plan.dxf : fichier vide"},
+        {"a picture", "\x89PNG\r\n\x1A\nxxxx\n",
+         "plan.dxf, ligne 1 : code de groupe illisible « ?PNG » ; aucune section, ce n'est pas un dessin DXF"},
+        {"a DWG under the other name", "AC1032\0\0",
+         "plan.dxf : c'est un dessin DWG : donnez-lui l'extension « .dwg »"},
+        {"codes only", "  0\r\nEOF\r\n", "plan.dxf, ligne 1 : aucune section, ce n'est pas un dessin DXF"},
+        {"cut inside a section", whole.substr(0, whole.find("AcDbLine") + 10),
+         "plan.dxf, ligne 155 : fichier tronqué, la section « ENTITIES » n'est pas terminée"},
+        {"cut inside the binary form", binaryDxf(r2000).substr(0, 300),
+         "plan.dxf : fichier tronqué, la section « TABLES » n'est pas terminée (octet 300)"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        try {
+            DxfFile file(row.bytes, "/home/levé/plan.dxf");
+            ADD_FAILURE() << "accepted";
+        } catch (const DxfError& error) {
+            EXPECT_STREQ(error.what(), row.message);
+        }
+    }
+    EXPECT_THROW(DxfFile("/nulle/part.dxf"), DxfError);
+    EXPECT_THROW(DxfFile(std::filesystem::temp_directory_path().string()), DxfError);
+}
+
+TEST(DxfHostileTest, RepairsSpoilOneRecordOnly)
+{
+    struct Row {
+        const char* name;
+        std::string spoiled; // inside the first entity
+        int line;
+        const char* what;
+    };
+    const Row rows[] = {
+        {"unreadable code", " xx\nvalue\n", 17, "code de groupe illisible « xx »"},
+        {"text cut over two lines", "  1\nfirst\nsecond, spilt\n", 19, "code de groupe illisible « second, spilt »"},
+        {"value line missing", " 10\n", 19, "code de groupe illisible « 1.5 »"},
+        {"code beyond all", "99999\n1\n", 17, "code de groupe illisible « 99999 »"},
+        {"group 0 with a number", "  0\n12.5\n", 17, "nom d'objet illisible « 12.5 »"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::string before = asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 ENDSEC\n"
+                                            "0 SECTION\n2 ENTITIES\n0 LINE\n",
+                                            "\n");
+        const std::string after =
+            asciiDxf("10 1.5\n20 2.5\n0 POINT\n5 B\n8 0\n10 1.0\n20 1.0\n0 ENDSEC\n0 EOF\n", "\n");
+        DxfFile file(before + row.spoiled + after, "plan.dxf");
+        EXPECT_EQ(file.bytes(), before + row.spoiled + after);
+        ASSERT_GE(file.problems().size(), 1u);
+        EXPECT_EQ(file.problems()[0].line, row.line);
+        EXPECT_EQ(file.problems()[0].what, row.what);
+        const DxfRange* entities = file.section("ENTITIES");
+        ASSERT_EQ(entities->last - entities->first, 3u);
+        const DxfRecord& spoiled = file.records()[entities->first + 1];
+        EXPECT_TRUE(spoiled.flags & DxfRecord::spoiled);
+        EXPECT_EQ(file.repairedBytes(spoiled), file.bytes(spoiled));
+        EXPECT_EQ(file.records()[entities->first + 2].handle, 0xBu);
+        EXPECT_FALSE(file.records()[entities->first + 2].flags & DxfRecord::spoiled);
+    }
+}
+
+TEST(DxfHostileTest, OddEndings)
+{
+    std::string text(r2000);
+    text.resize(text.find("0 EOF"));
+    const DxfFile without(asciiDxf(text), "plan.dxf");
+    ASSERT_EQ(without.problems().size(), 1u);
+    EXPECT_EQ(without.problems()[0].what, "la marque de fin « EOF » manque");
+
+    const DxfFile unclosed(
+        asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 SECTION\n2 ENTITIES\n0 ENDSEC\n0 EOF\n"), "plan.dxf");
+    ASSERT_EQ(unclosed.problems().size(), 1u);
+    EXPECT_EQ(unclosed.problems()[0].what, "la section « HEADER » n'est pas terminée");
+    EXPECT_EQ(unclosed.problems()[0].line, 9);
+}
+
+TEST(DxfHostileTest, EveryPrefixIsReadOrRefused)
+{
+    for (const std::string_view drawing : {r2000, r12}) {
+        for (const std::string& whole :
+             {asciiDxf(drawing), asciiDxf(drawing, "\n"), binaryDxf(drawing), binaryDxf(drawing, drawing == r12)}) {
+            ASSERT_TRUE(exerciseDxf(whole, DxfUpgrade::toR2000));
+            for (std::size_t size = 0; size < whole.size(); ++size) {
+                exerciseDxf(std::string_view(whole).substr(0, size), DxfUpgrade::toR2000);
+            }
+        }
+    }
+}
+
+// Each line in turn left out, doubled, or emptied: parity is lost at every place there is.
+TEST(DxfHostileTest, EveryLineSpoiled)
+{
+    for (const std::string_view drawing : {r2000, r12}) {
+        std::vector<std::string> lines;
+        std::istringstream stream(asciiDxf(drawing, "\n"));
+        for (std::string line; std::getline(stream, line);)
+            lines.push_back(line + "\n");
+        for (std::size_t spoiled = 0; spoiled < lines.size(); ++spoiled) {
+            for (const std::string& instead : {std::string(), lines[spoiled] + lines[spoiled], std::string("\n"),
+                                               std::string("nan\n"), std::string("\0\xFF\n", 3)}) {
+                std::string bytes;
+                for (std::size_t i = 0; i < lines.size(); ++i)
+                    bytes += i == spoiled ? instead : lines[i];
+                exerciseDxf(bytes, DxfUpgrade::toR2000);
+            }
+        }
+    }
+}
+
+TEST(DxfHostileTest, HugeButLinear)
+{
+    const std::string megabyte(1 << 20, 'x');
+    EXPECT_TRUE(exerciseDxf(asciiDxf(withEntities("0 TEXT\n5 A\n1 " + megabyte + "\n")), DxfUpgrade::toR2000));
+    EXPECT_FALSE(exerciseDxf(megabyte + "\n" + megabyte + "\n", DxfUpgrade::toR2000));
+    std::string tiny;
+    for (int i = 0; i < 200000; ++i)
+        tiny += "0 P\n";
+    EXPECT_TRUE(exerciseDxf(asciiDxf(withEntities(tiny)), DxfUpgrade::toR2000));
+    std::string bad;
+    for (int i = 0; i < 200000; ++i)
+        bad += "x\ny\n";
+    EXPECT_FALSE(exerciseDxf(asciiDxf("0 SECTION\n2 ENTITIES\n", "\n") + bad, DxfUpgrade::toR2000));
+}
+
+TEST(DxfHostileTest, Corpus)
+{
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(VELA_SOURCE_DIR "/tests/host/dxf/corpus")) {
+        const std::string bytes = contents(entry.path());
+        exerciseDxf(bytes, DxfUpgrade::none);
+        exerciseDxf(bytes, DxfUpgrade::toR2000);
+        ++files;
+    }
+    EXPECT_GT(files, 0);
+}

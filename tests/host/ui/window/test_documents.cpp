@@ -1,0 +1,179 @@
+#include <QMenu>
+#include <QMessageBox>
+#include <QTest>
+
+#include "ap/DocumentList.h"
+#include "db/DatabaseImpl.h"
+#include "ed/DrawingChanges.h"
+#include "ui/window/CommandEdit.h"
+#include "ui/window/DocumentTabs.h"
+#include "ui/window/DrawingEdit.h"
+#include "ui/window/DrawingFiles.h"
+#include "ui/window/MainWindow.h"
+#include "ui/window/WindowSettings.h"
+
+#include "WindowTest.h"
+
+/// Drawings in tabs, their files, and the questions before they close.
+
+namespace {
+
+class DocumentsTest : public WindowTest {
+protected:
+    QString path(const char* name) const { return QString::fromStdString((folder / name).string()); }
+    DocumentTabs& tabs() const { return child<DocumentTabs>("onglets"); }
+    std::string titles() const
+    {
+        QStringList titles;
+        for (int i = 0; i < tabs().count(); ++i)
+            titles.append(tabs().tabText(i));
+        return titles.join(u'|').toStdString();
+    }
+    static std::string title() { return QString::fromWCharArray(document().docTitle()).toStdString(); }
+    static void draw()
+    {
+        const DrawingEdit step(document());
+        add(new AcDbLine({0, 0, 0}, {1, 1, 0}));
+    }
+    /// A drawing on disk, not open.
+    QString saved(const char* name)
+    {
+        DocumentList& list = DocumentList::instance();
+        Document& made = list.create();
+        EXPECT_EQ(list.saveAs(made, path(name).toStdWString()), std::nullopt);
+        list.close(made);
+        return path(name);
+    }
+};
+
+TEST_F(DocumentsTest, tabsFollowTheDocuments)
+{
+    std::string one, other;
+    play({
+        choose("_NEW"),
+        [&one] { one = title(); },
+        choose("_NEW"),
+        [&, this] {
+            other = title();
+            EXPECT_NE(one, other);
+            EXPECT_EQ(titles(), one + "|" + other);
+            EXPECT_EQ(tabs().currentIndex(), 1);
+            tabs().setCurrentIndex(0);
+        },
+        [&one] {
+            EXPECT_EQ(title(), one) << "the chosen tab is the current document";
+            draw();
+        },
+        type("_regen"),
+        [&, this] {
+            EXPECT_EQ(titles(), one + " *|" + other);
+            EXPECT_EQ(window->windowTitle().toStdString(), one + " — Vela");
+        },
+        type("_u"),
+        [&, this] { EXPECT_EQ(titles(), one + "|" + other) << "taken back: as it was"; },
+    });
+}
+
+TEST_F(DocumentsTest, changedDrawingsAskBeforeTheyClose)
+{
+    DocumentList::instance().create();
+    const QString file = path("plan.dxf");
+    play({
+        [] { draw(); },
+        [this] {
+            whenDialog([](QDialog& dialog) {
+                EXPECT_EQ(static_cast<QMessageBox&>(dialog).text().toStdString(),
+                          "Enregistrer les modifications de « " + title() + " » ?");
+                press(dialog, "Annuler");
+            });
+            choose(":fermer")();
+        },
+        [this, &file] {
+            EXPECT_EQ(titles(), title()) << "it stays";
+            EXPECT_EQ(DocumentList::instance().saveAs(document(), file.toStdWString()), std::nullopt);
+            draw();
+        },
+        [this] {
+            whenDialog([](QDialog& dialog) { press(dialog, "Enregistrer"); });
+            choose(":fermer")();
+        },
+        [this, &file] {
+            EXPECT_EQ(titles(), "");
+            EXPECT_TRUE(window->files().open(file));
+            EXPECT_EQ(entities(), "AcDbLine AcDbLine") << "the answer was to save";
+            draw();
+            whenDialog([](QDialog& dialog) { press(dialog, "Ne pas enregistrer"); });
+            choose(":fermer")();
+        },
+        [this, &file] {
+            EXPECT_TRUE(window->files().open(file));
+            EXPECT_EQ(entities(), "AcDbLine AcDbLine");
+        },
+        choose(":fermer"), // nothing to ask
+    });
+}
+
+TEST_F(DocumentsTest, aWindowWithChangedDrawingsStaysWhenTheUserWantsSo)
+{
+    DocumentList::instance().create();
+    play({
+        [] { draw(); },
+        [this] {
+            whenDialog([](QDialog& dialog) { press(dialog, "Annuler"); });
+            window->close();
+            EXPECT_TRUE(window->isVisible());
+        },
+        [this] {
+            whenDialog([](QDialog& dialog) { press(dialog, "Ne pas enregistrer"); });
+            window->close();
+        },
+    });
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(DocumentList::instance().documentCount(), 0);
+}
+
+TEST_F(DocumentsTest, recentFilesAreRememberedLastFirst)
+{
+    for (const QString& old : windowSettings::recentFiles())
+        windowSettings::forgetRecentFile(old);
+    const QString first = saved("un.dxf"), second = saved("deux.dxf");
+    play({
+        [&, this] {
+            EXPECT_TRUE(window->files().open(first));
+            EXPECT_TRUE(window->files().open(second));
+            EXPECT_TRUE(window->files().open(first)) << "open already: it comes to the front";
+        },
+        [&, this] {
+            EXPECT_EQ(windowSettings::recentFiles(), QStringList({first, second}));
+            EXPECT_EQ(titles(), "un.dxf|deux.dxf");
+            QMenu& menu = child<QMenu>("menuRecents");
+            emit menu.aboutToShow();
+            ASSERT_EQ(menu.actions().size(), 2);
+            menu.actions().at(1)->trigger();
+        },
+        [&, this] {
+            EXPECT_STREQ(document().docTitle(), L"deux.dxf");
+            whenDialog([](QDialog& dialog) { press(dialog, "OK"); });
+            EXPECT_FALSE(window->files().open(path("absent.dxf")));
+            EXPECT_EQ(windowSettings::recentFiles(), QStringList({second, first}));
+        },
+    });
+}
+
+TEST_F(DocumentsTest, placesOfTheWindowAreRemembered)
+{
+    DocumentList::instance().create();
+    play({
+        [this] {
+            window->resize(1010, 730);
+            edit().setSentLines({QStringLiteral("ligne"), QStringLiteral("1,2")});
+            window->close();
+        },
+    });
+    window = nullptr;
+    window = std::make_unique<MainWindow>();
+    EXPECT_EQ(window->size(), QSize(1010, 730));
+    EXPECT_EQ(edit().sentLines(), QStringList({QStringLiteral("ligne"), QStringLiteral("1,2")}));
+}
+
+} // namespace
