@@ -3,6 +3,7 @@
 import json
 import os
 import re
+import resource
 import shlex
 import subprocess
 import sys
@@ -13,6 +14,7 @@ BUILD = Path("build/tidy")
 SOURCES = ("app", "bench", "host", "module", "siblings", "tests")
 LAST_COMMITS = 20  # looked at when no branch says where the change began
 MOST = 60          # files in one run: a merge of everything is not to hold the others up
+MOST_SECONDS = 240 # of processor time, for the same reason
 
 
 def git(*arguments):
@@ -63,24 +65,40 @@ def look_at(name, table):
         command = ["clang-tidy", "--quiet", "-p", str(BUILD), name]
     else:
         return True  # not of this build: benchmarks, fuzz targets
-    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
     if done.returncode != 0:
         print(f"== {name}\n{done.stdout}", flush=True)
     return done.returncode == 0
 
 
+def seconds_spent():
+    used = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return used.ru_utime + used.ru_stime
+
+
 def main(arguments):
-    names = [name for name in arguments if Path(name).exists()]
-    if not names:
+    named = bool(arguments) and all(Path(name).exists() for name in arguments)
+    names = list(arguments)
+    if not named:
         names = changed_files(arguments[0] if arguments else start_of_change())
     names = [name for name in names if name.endswith((".cpp", ".h")) and name.startswith(SOURCES)]
-    if not arguments and len(names) > MOST:
+    if not named and len(names) > MOST:
         print(f"{len(names)} files changed: the {MOST} most recent are looked at.")
         names = names[:MOST]
     table = commands()
+    late = []
+
+    def look_in_time(name):
+        if not named and seconds_spent() > MOST_SECONDS:
+            late.append(name)
+            return True
+        return look_at(name, table)
+
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        faults = list(pool.map(lambda name: look_at(name, table), names)).count(False)
-    print(f"{len(names)} files, {faults} with findings.")
+        faults = list(pool.map(look_in_time, names)).count(False)
+    if late:
+        print(f"Not looked at for want of time: {' '.join(late)}")
+    print(f"{len(names) - len(late)} files, {faults} with findings, {seconds_spent():.0f} s of processor time.")
     return 1 if faults else 0
 
 
