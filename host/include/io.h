@@ -19,10 +19,7 @@
 /// open on a Windows-style (or native absolute) path. Created files take the permissions that the user's mask leaves;
 /// `permission` without _S_IWRITE makes them read-only. @return a descriptor, or -1 with errno set.
 int _wopen(const wchar_t* path, int flags, int permission = _S_IREAD | _S_IWRITE);
-int _read(int descriptor, void* buffer, unsigned int size);
 int _write(int descriptor, const void* buffer, unsigned int size);
-/// @return the new position from the start, or -1.
-long _lseek(int descriptor, long offset, int origin);
 int _close(int descriptor);
 /// Whether the file may be used so: 0 exists, 2 written, 4 read, 6 both. @return 0 when it may, else -1.
 int _waccess(const wchar_t* path, int mode);

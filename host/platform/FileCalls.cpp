@@ -75,19 +75,9 @@ int _wopen(const wchar_t* path, int flags, int permission)
     return descriptor;
 }
 
-int _read(int descriptor, void* buffer, unsigned int size)
-{
-    return static_cast<int>(read(descriptor, buffer, size));
-}
-
 int _write(int descriptor, const void* buffer, unsigned int size)
 {
     return static_cast<int>(write(descriptor, buffer, size));
-}
-
-long _lseek(int descriptor, long offset, int origin)
-{
-    return lseek(descriptor, offset, origin);
 }
 
 int _close(int descriptor)
