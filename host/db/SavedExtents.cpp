@@ -24,7 +24,7 @@ public:
         if (const auto* reference = AcDbBlockReference::cast(entity.object()))
             own = m_blocks.of(*reference);
         else if (!entity.object() || entity->getGeomExtents(own) != Acad::eOk)
-            continue;
+            return;
         if (!own.isEmpty())
             m_extents.addExt(own);
     }
