@@ -3,7 +3,7 @@
 
 #include "gi/DimensionStyle.h"
 #include "gi/EntityGraphics.h"
-#include "gi/MTextLayout.h"
+#include "text/MTextLayout.h"
 
 #include "dbdim.h"
 
@@ -96,12 +96,13 @@ public:
         MTextLayout::Request request;
         request.height = m_style.textHeight;
         request.attachment = 5; // in the middle
-        for (const MTextLayout::Run& run : MTextLayout(request).lay(shown)) {
+        const MTextLayout layout(shown, request);
+        for (const MTextLayout::Run& run : layout.runs) {
             Label label;
             label.text = run.text;
             label.origin = at + along * run.x + up * run.y;
-            label.along = along * (run.height * run.widthFactor);
-            label.up = up * run.height;
+            label.along = along * (run.look.height * run.look.widthFactor);
+            label.up = up * run.look.height;
             m_list.add(std::move(label));
         }
     }

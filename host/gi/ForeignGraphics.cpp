@@ -4,7 +4,7 @@
 #include "gi/DimensionStyle.h"
 #include "gi/EntityGraphics.h"
 #include "gi/RecordTags.h"
-#include "gi/TextMetrics.h"
+#include "text/TextMetrics.h"
 
 /// Entities whose classes are not modelled, drawn from the tags of their file.
 

@@ -6,6 +6,7 @@
 
 #include "acutmem.h"
 #include "dbdict.h"
+#include "dbsymtb.h"
 #include "SmallDrawing.h"
 
 /// Data of xrecords, as chains.
