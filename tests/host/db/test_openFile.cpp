@@ -120,10 +120,12 @@ TEST_F(OpenFileTest, whatTheMediumLosesIsToldAndWhatWasReadIsRescued)
 
     EXPECT_EQ(database->saveAs(path("plan.dxf").c_str()), Acad::eFileSharingViolation);
     ASSERT_EQ(database->saveAs(path("sortie.dxf").c_str()), Acad::eOk);
-    EXPECT_NE(database->impl().problems().back().find("3 objets"), std::string::npos);
+    // The page in which the unread line ends holds the beginning of the next one.
+    EXPECT_NE(database->impl().problems().back().find("4 objets"), std::string::npos)
+        << database->impl().problems().back();
     const auto rescued = open(folder.read("sortie.dxf"), "relu.dxf");
     EXPECT_EQ(rescued->impl().problems(), std::vector<std::string>());
-    EXPECT_EQ(walk(*rescued), lineCount - 2);
+    EXPECT_EQ(walk(*rescued), lineCount - 3);
     EXPECT_EQ(Opened<AcDbLine>(*rescued, changed)->endPoint(), AcGePoint3d(7, 1, 1));
     EXPECT_TRUE(idOf(*rescued, unread).isNull());
 }
