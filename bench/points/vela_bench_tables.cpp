@@ -10,7 +10,6 @@
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "planchers/planchers.h"
-#include "planchers/planchers.h"
 #include "platform/CodePage.h"
 #include "points/FileSerializer.h"
 #include "points/leveGenere.h"

@@ -10,7 +10,8 @@ namespace {
 constexpr const char* kLeast = "$EXTMIN";
 constexpr const char* kMost = "$EXTMAX";
 
-/// Adds entities up. The boxes of blocks are kept from one reference to the next: a survey has few and shows them often.
+/// Adds entities up. The boxes of blocks are kept from one reference to the next: a survey has few and shows them
+/// often.
 class GrowingExtents {
 public:
     explicit GrowingExtents(AcDbExtents& extents) : m_extents(extents) {}
