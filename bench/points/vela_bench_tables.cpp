@@ -118,6 +118,7 @@ private:
                     m_passes, [&] { table.emplace(); }, [&] { remplir(*table, points); });
             },
             m_ecritureMemoire);
+        mesurerAnnulable();
         mesurerRecherche("find each by name, from new", nommage::simple, false);
         mesurerRecherche("find each by name, indexed", nommage::simple, true);
         mesurerRecherche("find each by name of 8, from new", nommage::complet, false);
@@ -129,6 +130,25 @@ private:
                 return mediane(m_passes, plein, [&] { table->renumeroter(false); });
             },
             m_lectureMemoire);
+    }
+
+    /// The table of a drawing whose undo covers it.
+    void mesurerAnnulable()
+    {
+        AcDbDatabase dessin;
+        dessin.disableUndoRecording(false);
+        projetsTopo projet;
+        setSrcInfosTopo(&dessin, &projet, 1, 0);
+        std::vector<pointDuDessin> points;
+        m_tableau.croissance(
+            "add, where undo takes back",
+            [&](int n) {
+                points = genererLeve(n, disposition::etalee);
+                return mediane(
+                    m_passes, [&] { projet.reset(); }, [&] { remplir(*projet.currTable(), points); });
+            },
+            m_ecritureMemoire);
+        setSrcInfosTopo(nullptr, nullptr, 0, 0);
     }
 
     /// @param indexe false: the first look-up indexes the names, which adding left for later

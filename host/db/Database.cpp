@@ -427,6 +427,16 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
     return Acad::eOk;
 }
 
+void AcDbDatabase::disableUndoRecording(bool disable)
+{
+    m_impl->undo().setRecording(!disable);
+}
+
+bool AcDbDatabase::undoRecording() const
+{
+    return m_impl->undo().isRecording();
+}
+
 Acad::ErrorStatus AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor) const
 {
     auto& reactors = m_impl->reactors();

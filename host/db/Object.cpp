@@ -7,6 +7,7 @@
 
 #include "acutmem.h"
 #include "dbdict.h"
+#include "dbproxy.h"
 #include "dbsymtb.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcGiDrawable, AcRxObject)
@@ -130,6 +131,10 @@ bool AcDbObject::isNotifyEnabled() const
 {
     return m_notifying;
 }
+bool AcDbObject::isUndoing() const
+{
+    return m_stub && AcDbDatabaseImpl::of(m_stub).undo().isReplaying();
+}
 
 void AcDbObject::assertReadEnabled() const
 {
@@ -174,7 +179,10 @@ AcDbObjectId AcDbObject::extensionDictionary() const
     if (!m_stub)
         return {};
     AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(m_stub);
-    return AcDbObjectId(database.byHandle(ObjectTags(database, *this).extensionDictionary()));
+    const AcDbObjectId id(database.byHandle(ObjectTags(database, *this).extensionDictionary()));
+    // A file may name an object of another class: no dictionary is then there, and one may be made. What nobody knows
+    // may be one.
+    return isOfClass(id, AcDbDictionary::desc()) || isOfClass(id, AcDbProxyObject::desc()) ? id : AcDbObjectId();
 }
 
 Acad::ErrorStatus AcDbObject::createExtensionDictionary()

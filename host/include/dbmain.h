@@ -81,6 +81,8 @@ public:
     bool isReadEnabled() const;
     bool isWriteEnabled() const;
     bool isNotifyEnabled() const;
+    /// Whether undo or redo is putting it into another state: what a reactor is told then is no change of anyone's.
+    bool isUndoing() const;
 
     /// Every member that reads or writes fields of an object calls these first: a wrong opening raises AcDbOpenError.
     void assertReadEnabled() const;
@@ -318,6 +320,10 @@ public:
 
     Acad::ErrorStatus addReactor(AcDbDatabaseReactor* reactor) const;
     Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* reactor) const;
+
+    /// Changes made while recording is disabled are no step of the history.
+    void disableUndoRecording(bool disable);
+    bool undoRecording() const;
 
     AcDbDatabaseImpl& impl() const { return *m_impl; }
 

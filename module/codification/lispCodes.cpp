@@ -1,6 +1,7 @@
 #include "codification/lispCodes.h"
 
 #include <optional>
+#include <utility>
 
 #include "codification/apparenceSymbole.h"
 #include "codification/codificationDuModule.h"
@@ -89,14 +90,14 @@ int lispResetcodespts()
     const CAcadUndoGroup groupe;
     int changes = 0, verrouilles = 0;
     for (int i = 0; i < table->nbPoint(); ++i) {
-        pointDuDessin& point = *table->getData(i);
+        const pointDuDessin& point = *std::as_const(*table).getData(i);
         if (point.getCode() == code)
             continue;
         if (estVerrouille(point.getId())) {
             ++verrouilles;
             continue;
         }
-        point.setCode(code);
+        table->changerCode(i, code);
         conformerSymbole(point.getId(), code, codificationDuModule());
         ++changes;
     }

@@ -45,7 +45,6 @@ void pointDuDessin::updateDrawing()
     if (actualiserSymbole(id, donneesDe(*this), codificationDuModule().getCodif(code)))
         return;
     creer(true);
-    venuDessine = false; // it was there before this symbol
 }
 
 int pointDuDessin::updateFromDrawing(const AcDbObjectId& symbole)

@@ -49,9 +49,9 @@ void pointDuDessin::getXY(double& x, double& y) const
 
 void pointDuDessin::setXY(double x, double y, double z)
 {
-    X = x;
-    Y = y;
-    Z = z;
+    setX(x);
+    setY(y);
+    setZ(z);
 }
 
 void pointDuDessin::setNomPoint(const char* leNom)
@@ -76,8 +76,9 @@ void pointDuDessin::setParams(const wchar_t* leNom, const AcGePoint3d& position,
 
 int pointDuDessin::saveToXRecord(QuarvelSerializer* s) const
 {
-    return s->writeBytes(nom, tailleNom) && s->writeInt(code) && s->writeDouble(X) && s->writeDouble(Y) &&
-           s->writeDouble(Z) && s->writeId(id);
+    // Older siblings set any number: one that cannot be stored must not cost the whole project.
+    return s->writeBytes(nom, tailleNom) && s->writeInt(code) && s->writeDouble(coordonnee(X)) &&
+           s->writeDouble(coordonnee(Y)) && s->writeDouble(coordonnee(Z)) && s->writeId(id);
 }
 
 int pointDuDessin::readFromXRecord(QuarvelSerializer* s)
@@ -85,5 +86,6 @@ int pointDuDessin::readFromXRecord(QuarvelSerializer* s)
     const int lu = s->readBytes(nom, tailleNom) && s->readInt(code) && s->readDouble(X) && s->readDouble(Y) &&
                    s->readDouble(Z) && s->readId(id);
     nom[longueurNom] = '\0'; // a stored name may lack its zero
+    setXY(X, Y, Z);
     return lu;
 }

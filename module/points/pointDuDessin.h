@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+
 #include "points/exportation.h"
 #include "services/grandeur.h"
 
@@ -12,7 +14,7 @@ struct pointXYZ;
 
 /// One survey point: name, position, code of the codification, and the entity that shows it in the drawing.
 /// A plain record, copied by value. X east, Y north, Z up, in drawing units; an altitude, and in a point not placed yet
-/// a coordinate, may be `inconnu`.
+/// a coordinate, may be `inconnu`. A number that is not finite, which no drawing can hold, becomes that.
 /// The name holds at most nine characters of Windows-1252; a longer one is cut without notice.
 class VELA_EXPORT pointDuDessin {
 public:
@@ -34,9 +36,9 @@ public:
     double getX() const { return X; }
     double getY() const { return Y; }
     double getZ() const { return Z; }
-    void setX(double x) { X = x; }
-    void setY(double y) { Y = y; }
-    void setZ(double z) { Z = z; }
+    void setX(double x) { X = coordonnee(x); }
+    void setY(double y) { Y = coordonnee(y); }
+    void setZ(double z) { Z = coordonnee(z); }
     void getXY(double& x, double& y) const;
     /// Sets all three, in spite of its name.
     void setXY(double x, double y, double z);
@@ -81,13 +83,12 @@ public:
     int readFromXRecord(QuarvelSerializer* s);
 
 private:
-    friend class listePointsDuDessin;
+    static double coordonnee(double valeur) { return std::isfinite(valeur) ? valeur : inconnu; }
 
     double X = inconnu;
     double Y = inconnu;
     double Z = inconnu;
     int code = 1;
     char nom[tailleNom] = {};
-    bool venuDessine = false; // it entered its table with its symbol, and leaves it when that drawing is taken back
     AcDbObjectId id;
 };

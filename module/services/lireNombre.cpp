@@ -1,6 +1,7 @@
 #include "services/lireNombre.h"
 
 #include <charconv>
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -93,7 +94,10 @@ int lireNombre(const char* texte, double& valeur)
         ++reste;
     if (*reste != '\0' || !estFinal(e))
         return 0;
-    valeur = valeurDe({debut, static_cast<std::size_t>(fin - debut)});
+    const double lue = valeurDe({debut, static_cast<std::size_t>(fin - debut)});
+    if (!std::isfinite(lue))
+        return 0;
+    valeur = lue;
     return 1;
 }
 

@@ -13,6 +13,7 @@
 #include "services/argumentsLisp.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/espaceObjet.h"
+#include "services/grandeur.h"
 #include "services/listeLisp.h"
 
 #include "aced.h"
@@ -152,8 +153,12 @@ AcGePoint3dArray pointsNumerotes(const listePointsDuDessin& table, const suiteNu
     int attendu = 0;
     for (const auto& [rang, position] : positions) {
         signalerAbsents(suite, attendu, rang - 1);
-        points.append(table.getData(position)->getAs3dPnt());
         attendu = rang + 1;
+        const AcGePoint3d place = table.getData(position)->getAs3dPnt();
+        if (estConnue(place.x) && estConnue(place.y))
+            points.append(place);
+        else
+            acutPrintf(L"\nPoint %d sans coordonn\u00e9es", suite.numero(rang));
     }
     signalerAbsents(suite, attendu, suite.dernierRang());
     return points;
