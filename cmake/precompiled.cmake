@@ -24,17 +24,18 @@ function(vela_precompiled name)
     target_precompile_headers(${name} PRIVATE ${P_HEADERS})
 endfunction()
 
+set(VELA_HIDDEN -fvisibility=hidden -fvisibility-inlines-hidden) # what is precompiled takes it as well
 vela_precompiled(precompiled_std HEADERS ${VELA_STD_HEADERS})
+vela_precompiled(precompiled_std_hidden HEADERS ${VELA_STD_HEADERS} OPTIONS ${VELA_HIDDEN})
 vela_precompiled(precompiled_qt HEADERS ${VELA_STD_HEADERS} ${VELA_QT_HEADERS} LINK Qt6::Widgets)
-# Qt's templates take the visibility of what includes them.
 vela_precompiled(precompiled_qt_hidden HEADERS ${VELA_STD_HEADERS} ${VELA_QT_HEADERS} LINK Qt6::Widgets
-    OPTIONS -fvisibility=hidden -fvisibility-inlines-hidden)
+    OPTIONS ${VELA_HIDDEN})
 vela_precompiled(precompiled_tests HEADERS ${VELA_STD_HEADERS} ${VELA_TEST_HEADERS} LINK GTest::gtest
     OPTIONS ${VELA_TEST_COMPILE_OPTIONS})
 vela_precompiled(precompiled_qt_tests HEADERS ${VELA_STD_HEADERS} ${VELA_TEST_HEADERS} ${VELA_QT_HEADERS}
     LINK GTest::gtest Qt6::Widgets OPTIONS ${VELA_TEST_COMPILE_OPTIONS})
 
-# vela_precompile(TARGET KIND): std, qt, qt_hidden, tests or qt_tests. Those with Qt are for targets that link it.
+# vela_precompile(TARGET KIND): std, std_hidden, qt, qt_hidden, tests or qt_tests. Those with Qt are for targets that link it.
 function(vela_precompile target kind)
     target_compile_options(${target} PRIVATE -fPIC) # programs too: what is precompiled serves both
     target_precompile_headers(${target} REUSE_FROM precompiled_${kind})

@@ -9,6 +9,7 @@
 #include "generateurs/dessinReleve.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
+#include "planchers/planchers.h"
 #include "platform/CodePage.h"
 #include "points/FileSerializer.h"
 #include "points/leveGenere.h"
@@ -279,14 +280,19 @@ private:
             exiger(dessin->readDwgFile(platform::wideFromUtf8(fichier.string()).c_str()) == Acad::eOk, "opening");
             acdbHostApplicationServices()->setWorkingDatabase(dessin.get());
         };
+        const FichierMappe carte(fichier);
+        double somme = 0.0;
+        const double nombres = mediane(
+            m_passes, [] {}, [&] { somme += parcourirNombres(carte.octets()).somme; });
+        std::printf("floor: every number of the drawing %.4f s (sum %g)\n", nombres, somme);
         const auto lire = [&] { setSrcInfosTopo(dessin.get(), &projet, 1, 1); };
-        m_tableau.duree("survey xrecord into the tables, 100 000", mediane(m_passes, ouvrir, lire), 0.060);
+        m_tableau.rapport("survey xrecord into the tables, 100 000", mediane(m_passes, ouvrir, lire), nombres, 0.68);
         exiger(projet.nbTables() == 4 && projet.getTable(2)->nbPoint() == nombre - nombre / 3, "reading the project");
         const auto ouvrirEtLire = [&] {
             ouvrir();
             lire();
         };
-        m_tableau.duree("written, 100 000", mediane(m_passes, ouvrirEtLire, enregistrerInfosTopo), 0.080);
+        m_tableau.rapport("written, 100 000", mediane(m_passes, ouvrirEtLire, enregistrerInfosTopo), nombres, 0.91);
         setSrcInfosTopo(nullptr, nullptr, 0, 0);
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     }

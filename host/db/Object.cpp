@@ -65,7 +65,8 @@ AcDbDatabase* AcDbObject::database() const
 
 // ---- opening
 
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased)
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
+                                     bool forceOpenOnLockedLayer)
 {
     object = nullptr;
     if (id.isNull())
@@ -76,15 +77,18 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     if (id.isErased() && !openErased)
         return Acad::eWasErased;
     AcDbObject& found = database->object(*recordOf(id));
+    if (mode == AcDb::kForWrite && !forceOpenOnLockedLayer && database->isOnLockedLayer(found))
+        return Acad::eOnLockedLayer;
     const Acad::ErrorStatus es = ObjectOpening::open(found, mode);
     if (es == Acad::eOk)
         object = &found;
     return es;
 }
 
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased)
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
+                                     bool forceOpenOnLockedLayer)
 {
-    const Acad::ErrorStatus es = acdbOpenObject(entity, id, mode, openErased);
+    const Acad::ErrorStatus es = acdbOpenObject(entity, id, mode, openErased, forceOpenOnLockedLayer);
     return es == Acad::eNotThatKindOfClass ? Acad::eNotAnEntity : es;
 }
 
@@ -94,6 +98,8 @@ Acad::ErrorStatus AcDbObject::close()
 }
 Acad::ErrorStatus AcDbObject::upgradeOpen()
 {
+    if (m_stub && AcDbDatabaseImpl::of(m_stub).isOnLockedLayer(*this))
+        return Acad::eOnLockedLayer;
     return ObjectOpening::upgrade(*this);
 }
 Acad::ErrorStatus AcDbObject::downgradeOpen()

@@ -35,7 +35,7 @@ private:
     const std::vector<DxfRecord>& m_records;
     std::vector<std::uint32_t> m_slots; // position + 1; 0 is free; a power of two of them, at most half taken
     std::size_t m_count = 0;
-    std::uint64_t m_highest = 0; // ever inserted, 0 for none
+    std::uint64_t m_highest = 0;            // ever inserted, 0 for none
     mutable std::uint64_t m_lowestFree = 1; // none below it is free; looked at only once the highest one is taken
     std::uint64_t m_seed;
 };

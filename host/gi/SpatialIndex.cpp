@@ -23,7 +23,8 @@ std::uint32_t hilbert(std::uint32_t x, std::uint32_t y)
 std::uint32_t cellOf(double value, double low, double size)
 {
     const double share = size > 0.0 ? (value - low) / size : 0.0;
-    return static_cast<std::uint32_t>(std::clamp(share, 0.0, 1.0) * 65535.0);
+    const double held = share > 0.0 ? std::min(share, 1.0) : 0.0; // no number where boxes reach past all numbers
+    return static_cast<std::uint32_t>(held * 65535.0);
 }
 
 } // namespace

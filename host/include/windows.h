@@ -25,7 +25,6 @@ using LPCSTR = const char*;
 using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 using LPTSTR = wchar_t*;
-using LPVOID = void*;
 using HANDLE = void*;
 
 #ifndef FALSE

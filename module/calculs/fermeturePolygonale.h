@@ -7,7 +7,7 @@
 
 // How a traverse closes: what practice allows, and how it is told.
 //
-// The bounds are no tolerance of a specification, which is for the user to know: beyond them a datum is wrong, whatever
+// The bounds are no tolerance of a contract, which is for the user to know: beyond them a datum is wrong, whatever
 // the instrument and the care. A compass reads half a degree and closes a traverse within 1/300 of its length; a
 // theodolite and a tape do ten times better, a total station more. So: half a grade an angle, growing as the square
 // root of their number, and 1/200 of the length.

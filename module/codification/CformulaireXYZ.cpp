@@ -7,6 +7,7 @@
 #include "codification/editionPoint.h"
 #include "codification/regleCode.h"
 #include "points/projetDansDessin.h"
+#include "services/calqueVerrouille.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/grandeur.h"
@@ -171,7 +172,7 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
 bool CformulaireXYZ::enregistrer()
 {
     const auto point = saisi();
-    if (!point)
+    if (!point || refuserVerrouille())
         return false;
     int homonyme = -1;
     if (m_table.existPoint(CString(point->getNomPoint()), homonyme) && homonyme != m_position &&
@@ -184,8 +185,21 @@ bool CformulaireXYZ::enregistrer()
     return true;
 }
 
+/// A symbol on a locked layer stays as it is, and its point with it.
+bool CformulaireXYZ::refuserVerrouille() const
+{
+    const listePointsDuDessin& table = m_table;
+    if (m_position < 0 || !estVerrouille(table.getData(m_position)->getId()))
+        return false;
+    afficherAvertissement(L"Coordonn\u00e9es XYZ", L"Le symbole de ce point est sur un calque verrouill\u00e9 :\n"
+                                                   L"d\u00e9verrouillez-le d'abord");
+    return true;
+}
+
 void CformulaireXYZ::supprimer()
 {
+    if (refuserVerrouille())
+        return;
     const listePointsDuDessin& table = m_table;
     const CString nom(table.getData(m_position)->getNomPoint());
     int trouve = -1;

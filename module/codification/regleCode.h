@@ -2,14 +2,18 @@
 
 #include <optional>
 
-#include "points/codeValable.h"
-
 #include "afx.h"
 
 struct codifPoint;
 class tableCodification;
 
 // What a code may hold. The dialogs, the AutoLISP functions and the readers of files keep to the same rules.
+
+/// Whether a new code may have the number: 1 to 9999.
+constexpr bool codeValable(int code)
+{
+    return code >= 1 && code <= 9999;
+}
 
 /// Whether symbols may have that size: 1e-6 to 1e6.
 bool tailleValable(double taille);

@@ -12,6 +12,7 @@
 #include "points/memoireTable.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
+#include "services/calqueVerrouille.h"
 #include "services/lettres.h"
 
 namespace {
@@ -139,6 +140,8 @@ void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
     int position = -1;
     if (!existPoint(nom, position))
         return;
+    if (estVerrouille(points[position].getId())) // a symbol without its point would mislead
+        return signalerVerrouilles(1);
     effacerEntite(points[position].getId());
     retirer(position);
     if (position != nbPoint())

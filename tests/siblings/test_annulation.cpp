@@ -247,7 +247,7 @@ protected:
             {"renumber all", 1, [this] { modifier([this] { table().renumeroter(true); }); }},
             {"number the nameless", 1, [this] { modifier([this] { table().renumeroter(false); }); }},
             {"duplicates", 2, [this] { modifier([this] { table().delDups(); }); }},
-            {"all altitudes", 1, [this] { modifier([this] { tablesPoints->decalZ(0.5); }); }},
+            {"all altitudes", 1, [this] { modifier([] { tablesPoints->decalZ(0.5); }); }},
             {"merged", 1,
              [this] {
                  listePointsDuDessin autre; // its points have no symbol: of several with one, the first follows it

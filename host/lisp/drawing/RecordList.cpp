@@ -41,7 +41,8 @@ ResbufChain tagsOf(AcDbObject& object)
 std::wstring layoutOf(const AcDbObject& entity)
 {
     AcDbObjectId owner = entity.ownerId();
-    while (isOfClass(owner, AcDbEntity::desc())) // of vertices and attributes
+    // Of vertices and attributes, one step; a damaged drawing may name owners in a ring.
+    for (int steps = 0; steps < 4 && isOfClass(owner, AcDbEntity::desc()); ++steps)
         owner = AcDbObjectId(AcDbDatabaseImpl::of(owner.stub()).ownerOf(*recordOf(owner)));
     const std::wstring name = isOfClass(owner, AcDbBlockTableRecord::desc()) ? layoutName(owner) : L"";
     return name.empty() ? L"Model" : name;

@@ -110,9 +110,9 @@ void WindowMenus::addModules()
 void WindowMenus::dropModules()
 {
     std::erase_if(m_modules, [](const auto& brought) {
-        const auto& [path, part] = brought;
+        const auto& part = brought.second;
         if (std::ranges::any_of(ModuleTable::instance().modules(),
-                                [&path](const auto& module) { return module->path == path; }))
+                                [&brought](const auto& module) { return module->path == brought.first; }))
             return false;
         qDeleteAll(part.menus);
         delete part.tools;

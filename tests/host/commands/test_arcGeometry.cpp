@@ -1,8 +1,8 @@
-#include "commands/ArcGeometry.h"
-
 #include <cmath>
 
 #include <gtest/gtest.h>
+
+#include "commands/ArcGeometry.h"
 
 /// Relations that hold for every arc, beside the hand-made ones of the commands.
 

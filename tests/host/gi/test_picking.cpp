@@ -1,6 +1,6 @@
-#include "gi/Picking.h"
-
 #include <random>
+
+#include "gi/Picking.h"
 
 #include "SceneTest.h"
 

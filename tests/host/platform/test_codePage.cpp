@@ -1,8 +1,8 @@
-#include "platform/CodePage.h"
-
 #include <array>
 
 #include <gtest/gtest.h>
+
+#include "platform/CodePage.h"
 
 #include "windows.h"
 

@@ -1,8 +1,7 @@
-#include "platform/Paths.h"
-
 #include <sys/stat.h>
 
 #include "platform/CodePage.h"
+#include "platform/Paths.h"
 #include "platform/TempFiles.h"
 
 #include "io.h"

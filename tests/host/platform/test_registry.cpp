@@ -1,10 +1,9 @@
-#include "platform/Registry.h"
-
 #include <cstring>
 
 #include "platform/CodePage.h"
 #include "platform/Modules.h"
 #include "platform/Paths.h"
+#include "platform/Registry.h"
 
 #include "TemporaryTree.h"
 #include "windows.h"

@@ -356,6 +356,7 @@ TEST_F(TableCodificationTest, savesWholeFilesOnly)
 
 TEST_F(TableCodificationTest, savesToACopyOfASupportFolderThatCannotBeWritten)
 {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     ecrireDans(defcodif, unCode);
     EXPECT_EXIT(sauverDansUnDossierInterdit(), testing::ExitedWithCode(0), "");
     EXPECT_EQ(contents(defcodif), unCode);
