@@ -1,4 +1,4 @@
-#include "services/espaceCourant.h"
+#include "services/ajoutEntites.h"
 
 #include "dbapserv.h"
 
@@ -16,23 +16,25 @@ std::unique_ptr<AcDbText> texteCale(const AcGePoint3d& place, const CString& tex
     return ligne;
 }
 
-espaceCourant::espaceCourant()
+ajoutEntites::ajoutEntites()
 {
     if (AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase())
-        m_espace.open(db->currentSpaceId(), AcDb::kForWrite);
+        m_bloc.open(db->currentSpaceId(), AcDb::kForWrite);
 }
 
-AcDbObjectId espaceCourant::ajouter(std::unique_ptr<AcDbEntity> entite)
+ajoutEntites::ajoutEntites(const AcDbObjectId& bloc) : m_bloc(bloc, AcDb::kForWrite) {}
+
+AcDbObjectId ajoutEntites::ajouter(std::unique_ptr<AcDbEntity> entite)
 {
     AcDbObjectId id;
-    if (!entite || m_espace.openStatus() != Acad::eOk || m_espace->appendAcDbEntity(id, entite.get()) != Acad::eOk)
+    if (!entite || m_bloc.openStatus() != Acad::eOk || m_bloc->appendAcDbEntity(id, entite.get()) != Acad::eOk)
         return {};
     entite.release()->close();
     return id;
 }
 
-AcDbObjectId espaceCourant::ecrire(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation,
-                                   calageTexte calage)
+AcDbObjectId ajoutEntites::ecrire(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation,
+                                  calageTexte calage)
 {
     return ajouter(texteCale(place, texte, hauteur, rotation, calage));
 }

@@ -10,11 +10,13 @@
 /// or has its middle there.
 enum class calageTexte { gauche, droite, milieu };
 
-/// The current space of the working drawing, open for as long as this lives, for commands that draw many entities. They
-/// get the current layer, colour and linetype, unless they have a layer already.
-class espaceCourant {
+/// Adds entities to a space or a block, which stays open for write for as long as this lives: for commands that draw
+/// many. They get the current layer, unless they have one already.
+class ajoutEntites {
 public:
-    espaceCourant();
+    /// To the current space of the working drawing.
+    ajoutEntites();
+    explicit ajoutEntites(const AcDbObjectId& bloc);
 
     /// @return its id, or null when the drawing refused it (the entity is then destroyed).
     AcDbObjectId ajouter(std::unique_ptr<AcDbEntity> entite);
@@ -23,7 +25,7 @@ public:
                         calageTexte calage = calageTexte::gauche);
 
 private:
-    AcDbObjectPointer<AcDbBlockTableRecord> m_espace;
+    AcDbObjectPointer<AcDbBlockTableRecord> m_bloc;
 };
 
 /// A line of text in the current text style, in no space yet.
