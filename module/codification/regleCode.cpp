@@ -16,10 +16,18 @@ bool caractereRefuse(wchar_t c)
     return c < L' ' || CString(caracteresRefuses).Find(c) >= 0;
 }
 
+/// "C:bloc" is not: it would be read from where the drive happens to stand.
 bool estComplet(const CString& chemin)
 {
-    const auto separateur = [](wchar_t c) { return c == L'\\' || c == L'/'; };
-    return !chemin.IsEmpty() && (separateur(chemin[0]) || (chemin.GetLength() > 1 && chemin[1] == L':'));
+    const int debut = chemin.GetLength() > 2 && chemin[1] == L':' ? 2 : 0;
+    return !chemin.IsEmpty() && (chemin[debut] == L'\\' || chemin[debut] == L'/');
+}
+
+/// As "../bloc" does, which would become complete without its full stops.
+bool partDIci(const CString& saisi)
+{
+    CString chemin = saisi;
+    return chemin.TrimLeft(L" \t").Left(1) == L".";
 }
 
 } // namespace
@@ -62,6 +70,8 @@ void reparerCalques(codifPoint& code, const CString& fichier)
 
 std::optional<CString> cheminDeBloc(const CString& saisi)
 {
+    if (partDIci(saisi))
+        return std::nullopt;
     CString chemin = saisi;
     chemin.Trim(blancsSaisie);
     if (chemin.Right(4).CompareNoCase(L".dxf") == 0)
