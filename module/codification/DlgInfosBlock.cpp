@@ -23,27 +23,25 @@ AcDbObjectId blocDesigne()
     return reference.openStatus() == Acad::eOk ? reference->blockTableRecord() : AcDbObjectId();
 }
 
-std::optional<CString> texteDesigne()
+std::optional<std::wstring> texteDesigne()
 {
     const AcDbObjectPointer<AcDbEntity> entite(designerEntite(L"\nCommentaire:"));
     if (entite.openStatus() != Acad::eOk)
         return std::nullopt;
     if (const auto* const ligne = AcDbText::cast(entite.object()))
-        return CString(ligne->textStringConst());
+        return ligne->textStringConst();
     const auto* const lignes = AcDbMText::cast(entite.object());
     if (!lignes)
         return std::nullopt;
     ACHAR* contenu = lignes->contents();
-    const CString texte(contenu);
+    const std::wstring texte(contenu);
     acutDelString(contenu);
     return texte;
 }
 
 QString taille(double valeur)
 {
-    CString texte;
-    formaterFixe(valeur, 2, texte);
-    return texteQt(texte);
+    return texteQt(formaterFixe(valeur, 2));
 }
 
 } // namespace
@@ -82,16 +80,14 @@ void DlgInfosBlock::modifier()
 void DlgInfosBlock::montrer()
 {
     const blocDuDessin bloc = m_bloc.isNull() ? blocDuDessin() : blocDe(m_bloc);
-    CString titre;
-    titre.Format(L"Block %s", bloc.nom.GetString());
-    m_ui->labelBlock->setText(texteQt(titre));
+    m_ui->labelBlock->setText(texteQt(L"Block " + bloc.nom));
     m_ui->editNom->setText(texteQt(bloc.nom));
     m_ui->editTailleX->setText(m_bloc.isNull() ? QString() : taille(bloc.tailleX()));
     m_ui->editTailleY->setText(m_bloc.isNull() ? QString() : taille(bloc.tailleY()));
     m_ui->comboDescription->clear();
     const descriptionsBloc descriptions = lireDescriptions(m_bloc);
     m_ui->comboDescription->addItem(texteQt(descriptions.bloc));
-    if (!descriptions.entite.IsEmpty() && descriptions.entite != descriptions.bloc)
+    if (!descriptions.entite.empty() && descriptions.entite != descriptions.bloc)
         m_ui->comboDescription->addItem(texteQt(descriptions.entite));
     m_ui->boutonModifier->setEnabled(!m_bloc.isNull());
 }

@@ -6,7 +6,6 @@
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/formatNombres.h"
-#include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
 #include "ui_DlgTableLegendes.h"
@@ -25,9 +24,7 @@ QString texteDe(double longueur)
 
 celluleNombre* celluleTaille(double valeur)
 {
-    CString texte;
-    formaterFixe(valeur, 2, texte);
-    return new celluleNombre(texte);
+    return new celluleNombre(formaterFixe(valeur, 2));
 }
 
 } // namespace
@@ -69,7 +66,7 @@ void DlgTableLegendes::remplir()
         nom->setData(Qt::UserRole, i);
         liste.setItem(i, 0, nom);
         liste.setItem(i, 1, new celluleTexte(bloc.description));
-        liste.setItem(i, 2, new celluleNombre(texteEntier(bloc.occurrences)));
+        liste.setItem(i, 2, new celluleNombre(std::to_wstring(bloc.occurrences)));
         liste.setItem(i, 3, celluleTaille(bloc.tailleX()));
         liste.setItem(i, 4, celluleTaille(bloc.tailleY()));
     }

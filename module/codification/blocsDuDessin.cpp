@@ -6,6 +6,7 @@
 #include <set>
 
 #include "codification/descriptionBloc.h"
+#include "services/lettres.h"
 
 #include "dbapserv.h"
 #include "dbents.h"
@@ -68,7 +69,7 @@ std::vector<AcDbObjectId> idsDesBlocs()
     return ids;
 }
 
-CString nomDe(const AcDbObjectId& id)
+std::wstring nomDe(const AcDbObjectId& id)
 {
     const AcDbObjectPointer<AcDbSymbolTableRecord> enregistrement(id);
     const wchar_t* nom = L"";
@@ -79,13 +80,13 @@ CString nomDe(const AcDbObjectId& id)
 
 } // namespace
 
-AcDbObjectId blocNomme(const CString& nom)
+AcDbObjectId blocNomme(const std::wstring& nom)
 {
     AcDbBlockTable* blocs = nullptr;
     AcDbObjectId id;
     if (!dessin() || dessin()->getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
         return id;
-    blocs->getAt(nom, id);
+    blocs->getAt(nom.c_str(), id);
     blocs->close();
     return id;
 }
@@ -119,13 +120,13 @@ std::vector<blocDuDessin> blocsDuDessin()
     auto occurrences = occurrencesParBloc();
     std::vector<blocDuDessin> blocs;
     for (const AcDbObjectId& id : idsDesBlocs()) {
-        if (nomDe(id).Left(1) == L"*")
+        if (nomDe(id).starts_with(L'*'))
             continue;
         blocs.push_back(blocDe(id));
         blocs.back().occurrences = occurrences[id];
     }
     std::sort(blocs.begin(), blocs.end(),
-              [](const blocDuDessin& a, const blocDuDessin& b) { return a.nom.CompareNoCase(b.nom) < 0; });
+              [](const blocDuDessin& a, const blocDuDessin& b) { return enMinuscules(a.nom) < enMinuscules(b.nom); });
     return blocs;
 }
 
@@ -133,11 +134,10 @@ std::vector<AcDbObjectId> calquesUtilises()
 {
     std::set<AcDbObjectId> rencontres;
     dansEspaceObjet([&](const AcDbEntity& entite) { rencontres.insert(entite.layerId()); });
-    std::vector<std::pair<CString, AcDbObjectId>> nommes;
+    std::vector<std::pair<std::wstring, AcDbObjectId>> nommes;
     for (const AcDbObjectId& calque : rencontres)
-        nommes.emplace_back(nomDe(calque), calque);
-    std::sort(nommes.begin(), nommes.end(),
-              [](const auto& a, const auto& b) { return a.first.CompareNoCase(b.first) < 0; });
+        nommes.emplace_back(enMinuscules(nomDe(calque)), calque);
+    std::sort(nommes.begin(), nommes.end());
     std::vector<AcDbObjectId> calques;
     for (const auto& nomme : nommes)
         calques.push_back(nomme.second);

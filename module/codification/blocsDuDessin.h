@@ -1,14 +1,14 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
-#include "afx.h"
 #include "dbmain.h"
 
 class AcDbBlockTableRecord;
 
 /// The block of that name in the working drawing; null when there is none.
-AcDbObjectId blocNomme(const CString& nom);
+AcDbObjectId blocNomme(const std::wstring& nom);
 
 /// Extent of what a block holds, in its own coordinates; attributes to come do not count.
 /// @return false when it shows nothing.
@@ -17,7 +17,7 @@ bool etendueBloc(const AcDbBlockTableRecord& bloc, AcDbExtents& etendue);
 /// A block that users may insert.
 struct blocDuDessin {
     AcDbObjectId id;
-    CString nom, description;
+    std::wstring nom, description;
     int occurrences = 0; ///< references in model space
     AcDbExtents etendue; ///< in its own coordinates; empty when it shows nothing
     AcGePoint3d pointDeBase;

@@ -13,20 +13,20 @@ namespace {
 constexpr const wchar_t* cleDescription = L"BLOCKINFO_QUARVEL";
 constexpr int marqueDescription = 12744721;
 
-std::optional<CString> enregistree(const AcDbObjectId& objet)
+std::optional<std::wstring> enregistree(const AcDbObjectId& objet)
 {
     ResbufSerializer s(lireDonneesObjet(objet, cleDescription));
     int marque = 0;
     CString texte;
     if (!s.readInt(marque) || marque != marqueDescription || !s.readString(texte))
         return std::nullopt;
-    return texte;
+    return texte.GetString();
 }
 
-bool enregistrer(const AcDbObjectId& objet, const CString& description)
+bool enregistrer(const AcDbObjectId& objet, const std::wstring& description)
 {
     ResbufSerializer s;
-    return s.writeInt(marqueDescription) && s.writeString(description) &&
+    return s.writeInt(marqueDescription) && s.writeString(CString(description.c_str())) &&
            ecrireDonneesObjet(objet, cleDescription, *s.chaine());
 }
 
@@ -43,7 +43,7 @@ void pourChaqueEntite(const AcDbObjectId& bloc, Pour&& continuer)
             return;
 }
 
-CString commentaires(const AcDbObjectId& bloc)
+std::wstring commentaires(const AcDbObjectId& bloc)
 {
     const AcDbObjectPointer<AcDbBlockTableRecord> definition(bloc);
     const wchar_t* texte = L"";
@@ -68,11 +68,11 @@ descriptionsBloc lireDescriptions(const AcDbObjectId& bloc)
     return lues;
 }
 
-bool ecrireDescription(const AcDbObjectId& bloc, const CString& description)
+bool ecrireDescription(const AcDbObjectId& bloc, const std::wstring& description)
 {
     {
         const AcDbObjectPointer<AcDbBlockTableRecord> definition(bloc, AcDb::kForWrite);
-        if (definition.openStatus() != Acad::eOk || definition->setComments(description) != Acad::eOk)
+        if (definition.openStatus() != Acad::eOk || definition->setComments(description.c_str()) != Acad::eOk)
             return false;
     }
     AcDbObjectId premiere;

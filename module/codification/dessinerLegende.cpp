@@ -16,10 +16,10 @@ constexpr const wchar_t* titreLegende = L"Légende";
 struct contenuLigne {
     const blocDuDessin* bloc = nullptr; // or the layer
     AcDbObjectId calque;
-    CString texte;
+    std::wstring texte;
 };
 
-CString nomCalque(const AcDbObjectId& id)
+std::wstring nomCalque(const AcDbObjectId& id)
 {
     const AcDbObjectPointer<AcDbLayerTableRecord> calque(id);
     const wchar_t* nom = L"";
@@ -32,7 +32,7 @@ std::vector<contenuLigne> contenuDe(std::span<const blocDuDessin> blocs, bool av
 {
     std::vector<contenuLigne> lignes;
     for (const blocDuDessin& bloc : blocs)
-        lignes.push_back({&bloc, {}, bloc.description.IsEmpty() ? bloc.nom : bloc.description});
+        lignes.push_back({&bloc, {}, bloc.description.empty() ? bloc.nom : bloc.description});
     if (avecCalques)
         for (const AcDbObjectId& calque : calquesUtilises())
             lignes.push_back({nullptr, calque, nomCalque(calque)});
@@ -40,18 +40,18 @@ std::vector<contenuLigne> contenuDe(std::span<const blocDuDessin> blocs, bool av
 }
 
 /// Descriptions taken from multi-line texts keep their codes.
-bool aDesCodes(const CString& texte)
+bool aDesCodes(const std::wstring& texte)
 {
-    return texte.FindOneOf(L"\\{") >= 0;
+    return texte.find_first_of(L"\\{") != std::wstring::npos;
 }
 
-std::unique_ptr<AcDbEntity> texteDe(const CString& texte, const AcGePoint3d& place, double hauteur)
+std::unique_ptr<AcDbEntity> texteDe(const std::wstring& texte, const AcGePoint3d& place, double hauteur)
 {
     if (!aDesCodes(texte))
         return texteCale({place.x, place.y - hauteur / 2.0, place.z}, texte, hauteur, 0.0, calageTexte::gauche);
     auto lignes = std::make_unique<AcDbMText>();
     lignes->setDatabaseDefaults();
-    lignes->setContents(texte);
+    lignes->setContents(texte.c_str());
     lignes->setTextHeight(hauteur);
     lignes->setAttachment(AcDbMText::kMiddleLeft);
     lignes->setLocation(place);
@@ -103,11 +103,11 @@ AcDbObjectId creerBlocLegende(AcDbDatabase& db)
     AcDbObjectId id;
     if (db.getBlockTable(blocs, AcDb::kForWrite) != Acad::eOk)
         return id;
-    CString nom(L"LEGENDE");
-    for (int n = 2; blocs->has(nom); ++n)
-        nom.Format(L"LEGENDE_%d", n);
+    std::wstring nom = L"LEGENDE";
+    for (int n = 2; blocs->has(nom.c_str()); ++n)
+        nom = L"LEGENDE_" + std::to_wstring(n);
     auto bloc = std::make_unique<AcDbBlockTableRecord>();
-    bloc->setName(nom);
+    bloc->setName(nom.c_str());
     if (blocs->add(id, bloc.get()) == Acad::eOk)
         bloc.release()->close();
     blocs->close();

@@ -2,11 +2,12 @@
 
 #include "dbapserv.h"
 
-std::unique_ptr<AcDbText> texteCale(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation,
-                                    calageTexte calage)
+std::unique_ptr<AcDbText> texteCale(const AcGePoint3d& place, const std::wstring& texte, double hauteur,
+                                    double rotation, calageTexte calage)
 {
     AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
-    auto ligne = std::make_unique<AcDbText>(place, texte, db ? db->textstyle() : AcDbObjectId(), hauteur, rotation);
+    auto ligne =
+        std::make_unique<AcDbText>(place, texte.c_str(), db ? db->textstyle() : AcDbObjectId(), hauteur, rotation);
     ligne->setDatabaseDefaults();
     if (calage == calageTexte::gauche)
         return ligne;
@@ -33,7 +34,7 @@ AcDbObjectId ajoutEntites::ajouter(std::unique_ptr<AcDbEntity> entite)
     return id;
 }
 
-AcDbObjectId ajoutEntites::ecrire(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation,
+AcDbObjectId ajoutEntites::ecrire(const AcGePoint3d& place, const std::wstring& texte, double hauteur, double rotation,
                                   calageTexte calage)
 {
     return ajouter(texteCale(place, texte, hauteur, rotation, calage));

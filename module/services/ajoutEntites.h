@@ -1,8 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
-#include "afx.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 
@@ -21,7 +21,7 @@ public:
     /// @return its id, or null when the drawing refused it (the entity is then destroyed).
     AcDbObjectId ajouter(std::unique_ptr<AcDbEntity> entite);
     /// A line of text in the current text style. @param rotation radians
-    AcDbObjectId ecrire(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation = 0.0,
+    AcDbObjectId ecrire(const AcGePoint3d& place, const std::wstring& texte, double hauteur, double rotation = 0.0,
                         calageTexte calage = calageTexte::gauche);
 
 private:
@@ -29,5 +29,5 @@ private:
 };
 
 /// A line of text in the current text style, in no space yet.
-std::unique_ptr<AcDbText> texteCale(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation,
-                                    calageTexte calage);
+std::unique_ptr<AcDbText> texteCale(const AcGePoint3d& place, const std::wstring& texte, double hauteur,
+                                    double rotation, calageTexte calage);

@@ -1,12 +1,12 @@
 #include "services/selection.h"
 
 #include <array>
+#include <string>
 
 #include "services/listeLisp.h"
 
 #include "aced.h"
 #include "acutmem.h"
-#include "afx.h"
 #include "dbads.h"
 
 namespace {
@@ -26,9 +26,9 @@ struct jeuOuvert {
 
 std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const wchar_t* type)
 {
-    CString motif(type);
+    std::wstring motif(type);
     resbuf filtre{nullptr, 0, {}};
-    filtre.resval.rstring = motif.GetBuffer();
+    filtre.resval.rstring = motif.data();
     jeuOuvert jeu;
     if (acedSSGet(mode, textes, nullptr, &filtre, jeu.nom) != RTNORM)
         return {};

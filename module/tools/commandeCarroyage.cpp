@@ -3,6 +3,7 @@
 #include "geometrie/axeDeCourbe.h"
 #include "services/ajoutEntites.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/codages.h"
 #include "services/selection.h"
 #include "tools/DlgCarroyage.h"
 
@@ -26,7 +27,7 @@ void placer(const dessinCarroyage& dessin, double hauteur)
     for (const dessinCarroyage::trait& t : dessin.traits)
         ajout.ajouter(std::make_unique<AcDbLine>(AcGePoint3d(t.de.x, t.de.y, 0.0), AcGePoint3d(t.a.x, t.a.y, 0.0)));
     for (const dessinCarroyage::texte& t : dessin.textes)
-        ajout.ecrire({t.place.x, t.place.y, 0.0}, CString(t.contenu.c_str()), hauteur, t.rotation,
+        ajout.ecrire({t.place.x, t.place.y, 0.0}, depuisAnsi(t.contenu), hauteur, t.rotation,
                      t.aDroite ? calageTexte::droite : calageTexte::gauche);
 }
 
