@@ -59,6 +59,11 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_
     return choisir(L"_:$", textes.data(), type);
 }
 
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
+{
+    return choisir(L"I", nullptr, type);
+}
+
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
 {
     return choisir(L"X", nullptr, type);

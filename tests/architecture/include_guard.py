@@ -13,7 +13,7 @@ KERNEL = ("platform", "ge", "text", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", 
 
 # The folders of the module, lowest first. Each sees those of the rows before its own; those of one row stand beside
 # each other and do not.
-LAYERS = (("services",), ("points",), ("reports",), ("codification",),
+LAYERS = (("services",), ("geometrie",), ("points",), ("reports",), ("codification",),
           ("exchange", "calculs", "tools", "implantation"), ("frame",))
 MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 
@@ -46,8 +46,10 @@ RULES = (
     # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.
     (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
+    (r"module/geometrie", r"(?!axeDeCourbe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
+    (r"module/tools", r"(?!commande|lisp|placer).*", (OWN, "std", "module/services", "module/geometrie", "module/reports")),
     (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
     # Siblings: the exported point tables, and the interface.
     (r"siblings/.*", r".*", (OWN, "std", INTERFACE, "module/points")),
