@@ -72,14 +72,15 @@ void montrerAttributs(const AcDbObjectId& id, std::wstring_view etiquette, bool 
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return;
+    if (estVerrouille(id)) {
+        ++attributs.verrouilles;
+        return;
+    }
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
         const bool vise = etiquette == L"*" || memeEtiquette(attribut, etiquette);
-        if (!vise || (attribut.isInvisible() != 0) != visible)
-            return;
-        const Acad::ErrorStatus ouverture = attribut.upgradeOpen();
-        if (ouverture == Acad::eOk && attribut.setInvisible(!visible) == Acad::eOk)
+        if (vise && (attribut.isInvisible() != 0) == visible && attribut.upgradeOpen() == Acad::eOk &&
+            attribut.setInvisible(!visible) == Acad::eOk)
             ++attributs.changes;
-        attributs.verrouilles += ouverture == Acad::eOnLockedLayer;
     });
 }
 
@@ -173,18 +174,18 @@ int lispModifAttrib()
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return rendreNil();
+    if (estVerrouille(id)) {
+        signalerVerrouilles(1);
+        return acedRetInt(0);
+    }
     const CAcadUndoGroup groupe;
-    bilan attributs;
+    int ecrits = 0;
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
-        for (const auto& [etiquette, texte] : textes)
-            if (memeEtiquette(attribut, etiquette)) {
-                const bool verrouille = changerTexte(attribut, texte) == Acad::eOnLockedLayer;
-                ++(verrouille ? attributs.verrouilles : attributs.changes);
-                break;
-            }
+        const auto texte =
+            std::ranges::find_if(textes, [&](const auto& t) { return memeEtiquette(attribut, t.first); });
+        ecrits += texte != textes.end() && changerTexte(attribut, texte->second) == Acad::eOk;
     });
-    signalerVerrouilles(attributs.verrouilles);
-    return acedRetInt(attributs.changes);
+    return acedRetInt(ecrits);
 }
 
 int lispRegPts()

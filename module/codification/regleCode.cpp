@@ -19,10 +19,19 @@ bool caractereRefuse(wchar_t c)
     return c < L' ' || caracteresRefuses.find(c) != std::wstring_view::npos;
 }
 
+/// "C:bloc" is not: it would be read from where the drive happens to stand.
 bool estComplet(std::wstring_view chemin)
 {
-    const auto separateur = [](wchar_t c) { return c == L'\\' || c == L'/'; };
-    return !chemin.empty() && (separateur(chemin[0]) || (chemin.size() > 1 && chemin[1] == L':'));
+    if (chemin.size() > 2 && chemin[1] == L':')
+        chemin.remove_prefix(2);
+    return !chemin.empty() && (chemin[0] == L'\\' || chemin[0] == L'/');
+}
+
+/// As "../bloc" does, which would become complete without its full stops.
+bool partDIci(std::wstring_view saisi)
+{
+    const auto debut = saisi.find_first_not_of(L" \t");
+    return debut != std::wstring_view::npos && saisi[debut] == L'.';
 }
 
 /// Takes the extension off. @return whether there was one, in any letter case.
@@ -66,6 +75,8 @@ void reparerCalques(codifPoint& code, const std::wstring& fichier)
 
 std::optional<std::wstring> cheminDeBloc(std::wstring_view saisi)
 {
+    if (partDIci(saisi))
+        return std::nullopt;
     std::wstring chemin(sansBlancs(saisi, blancsSaisie));
     if (oterExtension(chemin, L".dxf"))
         chemin += L".dwg";

@@ -1,0 +1,44 @@
+#include "implantation/dessinPlan.h"
+
+void dessinPlan::ajouter(const dessinPlan& autre)
+{
+    traits.insert(traits.end(), autre.traits.begin(), autre.traits.end());
+    textes.insert(textes.end(), autre.textes.begin(), autre.textes.end());
+    triangles.insert(triangles.end(), autre.triangles.begin(), autre.triangles.end());
+}
+
+void dessinPlan::croix(point2 centre, double taille, int couleur)
+{
+    const double bras = taille / 2.0;
+    traits.push_back({centre - point2{bras, 0.0}, centre + point2{bras, 0.0}, couleur});
+    traits.push_back({centre - point2{0.0, bras}, centre + point2{0.0, bras}, couleur});
+}
+
+dessinPlan dessinPlan::place(double echelle, point2 deplacement) const
+{
+    const auto mis = [&](point2 p) { return p * echelle + deplacement; };
+    dessinPlan d = *this;
+    for (trait& t : d.traits)
+        t = {mis(t.de), mis(t.vers), t.couleur};
+    for (texte& t : d.textes) {
+        t.place = mis(t.place);
+        t.hauteur *= echelle;
+    }
+    for (triangle& t : d.triangles)
+        for (point2& coin : t.coins)
+            coin = mis(coin);
+    return d;
+}
+
+boite dessinPlan::etendue() const
+{
+    boite b;
+    for (const trait& t : traits)
+        b.ajouter(boite::de(t.de, t.vers));
+    for (const texte& t : textes)
+        b.ajouter(boite::de(t.place, t.place));
+    for (const triangle& t : triangles)
+        for (const point2& coin : t.coins)
+            b.ajouter(boite::de(coin, coin));
+    return b;
+}
