@@ -1,0 +1,2 @@
+#include "dialoguesTerrain.h"
+void commandeMnt() {}
