@@ -49,6 +49,10 @@ RULES = (
     (r"module/geometrie", r"(?!axeDeCourbe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
+    (r"module/implantation",
+     r"dessinPlan|donneesStation|fichiersAppareil|identifiants|obstaclesPlan|pointImplante|pointsAxe|rapport.*|"
+     r"reglagesImplantation|repartition|resultatImplantation|svgDessin|traceImplantation|visibilite",
+     (OWN, "std", "module/services", "module/geometrie", "module/reports")),
     (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
     # Siblings: the exported point tables, and the interface.
     (r"siblings/.*", r".*", (OWN, "std", INTERFACE, "module/points")),
