@@ -3,20 +3,12 @@
 #include <memory>
 #include <vector>
 
+#include "implantation/numerotationImplantation.h"
 #include "implantation/observationMiseEnStation.h"
 #include "implantation/obstacleImplantation.h"
 #include "implantation/reglagesImplantation.h"
 #include "implantation/repartition.h"
 #include "implantation/resultatImplantation.h"
-
-/// How free points are numbered: prefix, number, suffix.
-struct numerotationImplantation {
-    std::wstring prefixe = L"A";
-    int numero = 1; ///< the next one
-    std::wstring suffixe;
-
-    std::wstring nom() const { return prefixe + std::to_wstring(numero) + suffixe; }
-};
 
 /// A point of the job with what is drawn of it.
 struct pointDuTravail : pointImplante {
