@@ -4,6 +4,7 @@
 #include "codification/DlgChoixPoint.h"
 #include "codification/lispCodes.h"
 #include "codification/lispSymboles.h"
+#include "implantation/CDlgImplantationDirecte.h"
 #include "points/lispPoints.h"
 #include "points/lispSelections.h"
 #include "services/argumentsLisp.h"
@@ -59,7 +60,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"c:TopJndre", lispTopJndre},
     {L"VELATEXT", lispVelatext},
     {L"c:DISSOCBLOCK", lispDissocblock},
-    {L"c:IMPLANT2", aVenir},
+    {L"c:IMPLANT2", lispImplant2},
     {L"c:VLDEPORTPNTS", aVenir},
     {L"c:VLAJUSTERZ", aVenir},
     {L"c:AllegerDessin", aVenir},

@@ -55,6 +55,18 @@ std::wstring enumerer(const std::vector<std::wstring>& noms)
     return noms.size() > montres ? texte + L"..." : texte;
 }
 
+/// Keeps the document locked, whatever ends the job.
+class verrou {
+public:
+    explicit verrou(AcApDocument& document) : m_document(document) { acDocManager->lockDocument(&m_document); }
+    ~verrou() { acDocManager->unlockDocument(&m_document); }
+    verrou(const verrou&) = delete;
+    verrou& operator=(const verrou&) = delete;
+
+private:
+    AcApDocument& m_document;
+};
+
 } // namespace
 
 CDlgImplantationDirecte::CDlgImplantationDirecte(travailImplantation& leTravail) :
@@ -339,7 +351,7 @@ int lispImplant2()
     AcApDocument* const document = curDoc();
     if (!document || !dialoguesPossibles())
         return acedRetNil();
-    const verrouDocument verrou;
+    const verrou verrouille(*document);
     const CAcadUndoGroup groupe;
     travailImplantation travail;
     reprendreTravail(*document->database(), travail);

@@ -1,12 +1,12 @@
 #include "services/selection.h"
 
 #include <array>
+#include <string>
 
 #include "services/listeLisp.h"
 
 #include "aced.h"
 #include "acutmem.h"
-#include "afx.h"
 #include "dbads.h"
 
 namespace {
@@ -26,9 +26,9 @@ struct jeuOuvert {
 
 std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const wchar_t* type)
 {
-    CString motif(type);
+    std::wstring motif(type);
     resbuf filtre{nullptr, 0, {}};
-    filtre.resval.rstring = motif.GetBuffer();
+    filtre.resval.rstring = motif.data();
     jeuOuvert jeu;
     if (acedSSGet(mode, textes, nullptr, &filtre, jeu.nom) != RTNORM)
         return {};
@@ -57,6 +57,11 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_
 {
     const std::array<const wchar_t*, 2> textes{message, L"\nRetirer des objets"};
     return choisir(L"_:$", textes.data(), type);
+}
+
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
+{
+    return choisir(L"I", nullptr, type);
 }
 
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)

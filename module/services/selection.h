@@ -15,6 +15,9 @@ std::vector<AcDbObjectId> entitesDe(const ads_name jeu);
 /// command. @return what was selected; nothing when the user gave nothing.
 std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_t* type);
 
+/// The entities whose kind is `type` among those that were selected before the command.
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type);
+
 /// Every entity of the whole drawing, all spaces, whose kind is `type`, in the order of the host's selection.
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type);
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+
+#include "afx.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+
+/// Where a text stands about its place: it begins or ends there on its baseline, or ends there at its bottom (droite),
+/// or has its middle there.
+enum class calageTexte { gauche, droite, milieu };
+
+/// The current space of the working drawing, open for as long as this lives, for commands that draw many entities. They
+/// get the current layer, colour and linetype, unless they have a layer already.
+class espaceCourant {
+public:
+    espaceCourant();
+
+    /// @return its id, or null when the drawing refused it (the entity is then destroyed).
+    AcDbObjectId ajouter(std::unique_ptr<AcDbEntity> entite);
+    /// A line of text in the current text style. @param rotation radians
+    AcDbObjectId ecrire(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation = 0.0,
+                        calageTexte calage = calageTexte::gauche);
+
+private:
+    AcDbObjectPointer<AcDbBlockTableRecord> m_espace;
+};
+
+/// A line of text in the current text style, in no space yet.
+std::unique_ptr<AcDbText> texteCale(const AcGePoint3d& place, const CString& texte, double hauteur, double rotation,
+                                    calageTexte calage);
