@@ -5,6 +5,7 @@
 #include "codification/lispCodes.h"
 #include "codification/lispLegendes.h"
 #include "codification/lispSymboles.h"
+#include "implantation/CDlgImplantationDirecte.h"
 #include "points/lispPoints.h"
 #include "points/lispSelections.h"
 #include "services/argumentsLisp.h"
@@ -60,7 +61,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"c:TopJndre", lispTopJndre},
     {L"VELATEXT", lispVelatext},
     {L"c:DISSOCBLOCK", lispDissocblock},
-    {L"c:IMPLANT2", aVenir},
+    {L"c:IMPLANT2", lispImplant2},
     {L"c:VLDEPORTPNTS", aVenir},
     {L"c:VLAJUSTERZ", aVenir},
     {L"c:AllegerDessin", aVenir},

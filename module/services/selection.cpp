@@ -89,3 +89,15 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
     }
     return ads_name_nil(jeu) ? rendreNil() : acedRetName(jeu, RTPICKS);
 }
+
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
+{
+    constexpr short codeApplication = 1001;
+    CString nom(application);
+    resbuf filtre{nullptr, codeApplication, {}};
+    filtre.resval.rstring = nom.GetBuffer();
+    jeuOuvert jeu;
+    if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
+        return {};
+    return entitesDe(jeu.nom);
+}
