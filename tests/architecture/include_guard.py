@@ -26,7 +26,7 @@ MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 #   below                the module's folders below this one
 OWN = "own"
 BELOW = "below"
-DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations"
+DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations|modele.*"
 INTERFACE = "interface(.*)"
 RULES = (
     # The interface itself: plain declarations.
@@ -49,6 +49,10 @@ RULES = (
     (r"module/geometrie", r"(?!axeDeCourbe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
+    (r"module/implantation",
+     r"dessinPlan|donneesStation|fichiersAppareil|identifiants|numerotationImplantation|obstaclesPlan|pointImplante|pointsAxe|rapport.*|"
+     r"reglagesImplantation|repartition|resultatImplantation|svgDessin|traceImplantation|visibilite",
+     (OWN, "std", "module/services", "module/geometrie", "module/reports")),
     (r"module/tools", r"(?!commande|lisp|placer).*", (OWN, "std", "module/services", "module/geometrie", "module/reports")),
     (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
     # The terrain's ground is pure; one source of it sees the geometry library.
