@@ -33,7 +33,8 @@ void CDlgParamImplantation::accept()
 {
     parametresAxe lus;
     lus.code = entierDeTexte(m_ui->editCode->text().toStdWString().c_str());
-    lus.noms = {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(m_ui->editNumero->text().toStdWString().c_str()),
+    lus.noms = {m_ui->editPrefixe->text().toStdWString(),
+                entierDeTexte(m_ui->editNumero->text().toStdWString().c_str()),
                 m_ui->editSuffixe->text().toStdWString()};
     lus.prefixeSuivant = m_ui->caseIncrementer->isChecked();
     lus.choix = {m_ui->radioErreur->isChecked(), reelDeTexte(m_ui->editValeur->text().toStdWString())};
