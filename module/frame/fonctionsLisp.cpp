@@ -3,6 +3,7 @@
 #include "codification/DlgChoixCode.h"
 #include "codification/DlgChoixPoint.h"
 #include "codification/lispCodes.h"
+#include "codification/lispLegendes.h"
 #include "codification/lispSymboles.h"
 #include "implantation/CDlgImplantationDirecte.h"
 #include "points/lispPoints.h"
@@ -51,8 +52,8 @@ constexpr fonctionLisp fonctions[] = {
     {L"choixpoint", lispChoixpoint},
     {L"chgreppts", lispChgreppts},
     {L"updarxttxt", lispUpdarxttxt},
-    {L"c:decrireblock", aVenir},
-    {L"c:tablegendes", aVenir},
+    {L"c:decrireblock", lispDecrireblock},
+    {L"c:tablegendes", lispTablegendes},
     {L"c:gererLeves", aVenir},
     {L"C:pointsParDecalage", aVenir},
     {L"C:ZoomLeve", lispZoomLeve},

@@ -64,6 +64,16 @@ std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
     return choisir(L"I", nullptr, type);
 }
 
+AcDbObjectId designerEntite(const wchar_t* message)
+{
+    ads_name nom{};
+    ads_point place{};
+    AcDbObjectId id;
+    if (acedEntSel(message, nom, place) != RTNORM || acdbGetObjectId(id, nom) != Acad::eOk)
+        id.setNull();
+    return id;
+}
+
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
 {
     return choisir(L"X", nullptr, type);

@@ -18,6 +18,9 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_
 /// The entities whose kind is `type` among those that were selected before the command.
 std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type);
 
+/// Asks the user for one entity. @return null when none was picked.
+AcDbObjectId designerEntite(const wchar_t* message);
+
 /// Every entity of the whole drawing, all spaces, whose kind is `type`, in the order of the host's selection.
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type);
 
