@@ -5,6 +5,7 @@
 #include "codification/lispCodes.h"
 #include "codification/lispLegendes.h"
 #include "codification/lispSymboles.h"
+#include "implantation/CDlgImplantationDirecte.h"
 #include "points/lispPoints.h"
 #include "points/lispSelections.h"
 #include "services/argumentsLisp.h"
@@ -61,7 +62,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"c:TopJndre", lispTopJndre},
     {L"VELATEXT", lispVelatext},
     {L"c:DISSOCBLOCK", lispDissocblock},
-    {L"c:IMPLANT2", aVenir},
+    {L"c:IMPLANT2", lispImplant2},
     {L"c:VLDEPORTPNTS", lispDeportPoints},
     {L"c:VLAJUSTERZ", lispAjusterZ},
     {L"c:AllegerDessin", aVenir},

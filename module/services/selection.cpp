@@ -7,6 +7,7 @@
 
 #include "aced.h"
 #include "acutmem.h"
+#include "afx.h"
 #include "dbads.h"
 
 namespace {
@@ -88,4 +89,16 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
             acedSSAdd(nom, ads_name_nil(jeu) ? nullptr : jeu, jeu);
     }
     return ads_name_nil(jeu) ? rendreNil() : acedRetName(jeu, RTPICKS);
+}
+
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
+{
+    constexpr short codeApplication = 1001;
+    std::wstring nom(application);
+    resbuf filtre{nullptr, codeApplication, {}};
+    filtre.resval.rstring = nom.data();
+    jeuOuvert jeu;
+    if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
+        return {};
+    return entitesDe(jeu.nom);
 }

@@ -27,3 +27,6 @@ std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type);
 /// Gives the entities to AutoLISP as a new set, which is AutoLISP's to release; nil for none. Erased ones are left out.
 /// @return RTNORM.
 int rendreSelection(std::span<const AcDbObjectId> ids);
+
+/// Every entity of the whole drawing, all spaces, that holds extended data of an application, the youngest first.
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application);

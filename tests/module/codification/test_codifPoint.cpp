@@ -17,8 +17,8 @@ std::string champs(const codifPoint& c)
     std::ostringstream flux;
     flux << c.code << '|' << versAnsi(c.libelle) << '|' << versAnsi(c.chemin) << '|' << c.tailleBlock << '|'
          << c.precisionAltitudes;
-    for (const std::wstring& layer : c.layers)
-        flux << '|' << versAnsi(layer);
+    for (int e = 0; e < nombreCalques; ++e)
+        flux << '|' << versAnsi(c.getLayer(e));
     for (const int couleur : c.couleurs)
         flux << '|' << couleur;
     return flux.str();

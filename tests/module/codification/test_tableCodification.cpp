@@ -167,7 +167,7 @@ TEST_F(TableCodificationTest, repairsAndTellsImpossibleLayers)
         Console::instance().setSink([&dit](const std::wstring& texte) { dit += texte; });
         codifPoint code;
         code.code = 12;
-        code.layers[calqueObs] = r.lu;
+        code.setLayer(calqueObs, r.lu);
         reparerCalques(code, L"f");
         EXPECT_TRUE(code.layers[calqueObs] == r.pris) << versAnsi(code.layers[calqueObs]);
         EXPECT_EQ(dit.empty(), std::wstring(r.lu) == r.pris);
