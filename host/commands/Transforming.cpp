@@ -5,8 +5,6 @@
 #include <set>
 
 #include "commands/Drawing.h"
-#include "commands/NumberTexts.h"
-#include "commands/Prompt.h"
 #include "ed/input/Transients.h"
 
 #include "acdocman.h"
@@ -99,9 +97,7 @@ void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix
     for (const AcDbObjectId id : objects)
         if (change<AcDbEntity>(id, [&](AcDbEntity& entity) { return transformed(entity, matrix); }) != Acad::eOk)
             ++refused;
-    if (refused > 0)
-        say(countText(refused, L"objet") +
-            (refused > 1 ? L" ne peuvent être transformés." : L" ne peut être transformé."));
+    tellRefused(refused, objects.size(), L" ne peut être transformé.", L" ne peuvent être transformés.");
 }
 
 Ghost::Ghost(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base,
