@@ -23,7 +23,7 @@ CDlgNumerotation::~CDlgNumerotation() = default;
 
 numerotationImplantation CDlgNumerotation::numerotation() const
 {
-    return {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(texteHote(m_ui->editNumero->text())),
+    return {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(m_ui->editNumero->text().toStdWString()),
             m_ui->editSuffixe->text().toStdWString()};
 }
 

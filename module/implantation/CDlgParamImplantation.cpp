@@ -33,8 +33,8 @@ CDlgParamImplantation::~CDlgParamImplantation() = default;
 void CDlgParamImplantation::accept()
 {
     parametresAxe lus;
-    lus.code = entierDeTexte(texteHote(m_ui->editCode->text()));
-    lus.noms = {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(texteHote(m_ui->editNumero->text())),
+    lus.code = entierDeTexte(m_ui->editCode->text().toStdWString());
+    lus.noms = {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(m_ui->editNumero->text().toStdWString()),
                 m_ui->editSuffixe->text().toStdWString()};
     lus.prefixeSuivant = m_ui->caseIncrementer->isChecked();
     lus.choix = {m_ui->radioErreur->isChecked(), reelDeTexte(m_ui->editValeur->text().toStdWString())};
