@@ -26,12 +26,17 @@ install(FILES ${prepares}/vela.1.gz DESTINATION share/man/man1)
 install(FILES ${prepares}/vela.1.gz DESTINATION share/man/fr/man1)
 install(FILES ${prepares}/changelog.gz ${installation}/copyright DESTINATION share/doc/vela)
 install(FILES docs/guide-utilisateur.md docs/scripts.md docs/fonctions-lisp.md docs/autolisp.md docs/codification.md
-    DESTINATION share/doc/vela)
+    docs/chantier-corrige.png docs/fenetre.png DESTINATION share/doc/vela)
+install(DIRECTORY docs/images DESTINATION share/doc/vela)
 install(DIRECTORY examples DESTINATION share/doc/vela)
 install(FILES ${installation}/vela.desktop DESTINATION share/applications)
 install(FILES ${installation}/vela.svg DESTINATION share/icons/hicolor/scalable/apps)
 install(FILES ${installation}/vela.xml DESTINATION share/mime/packages)
 install(FILES ${installation}/completion.bash DESTINATION share/bash-completion/completions RENAME vela)
+
+# Programs of the build find their documentation where those of an installation do.
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/share/doc)
+file(CREATE_LINK ${PROJECT_SOURCE_DIR}/docs ${CMAKE_BINARY_DIR}/share/doc/vela SYMBOLIC)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vela)

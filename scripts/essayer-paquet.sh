@@ -28,7 +28,7 @@ utilisateur 'cp -r /usr/share/doc/vela/examples .
     test -s corrige.png && test -s rapport.html'
 # A code that is changed lands in the user's own folder: the installed one is not theirs to write.
 utilisateur 'printf "(addcodept 777 \"ESSAI\")\n(princ (getvar \"CLAYER\"))\n" | vela executer - >/dev/null
-    test "$(find .local/share/vela -name defcodif | wc -l)" = 1'
+    test "$(find .local/share -name defcodif | wc -l)" = 1'
 utilisateur 'QT_QPA_PLATFORM=offscreen timeout 5 vela corrige.dxf || test $? = 124'
 dedans apt-get -qq remove --yes vela >/dev/null
 dedans test ! -e /usr/bin/vela

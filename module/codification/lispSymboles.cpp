@@ -6,6 +6,7 @@
 
 #include "codification/apparenceSymbole.h"
 #include "codification/attributsBloc.h"
+#include "codification/blocsDuDessin.h"
 #include "codification/codificationDuModule.h"
 #include "codification/dissocierBloc.h"
 #include "codification/regleCode.h"
@@ -19,7 +20,6 @@
 #include "services/selection.h"
 
 #include "aced.h"
-#include "dbapserv.h"
 #include "dbsymtb.h"
 
 namespace {
@@ -30,37 +30,6 @@ std::vector<AcDbObjectId> symbolesDe(const listePointsDuDessin& table)
     for (int i = 0; i < table.nbPoint(); ++i)
         ids.push_back(table.getData(i)->getId());
     return ids;
-}
-
-/// Extent of what a block holds, in its own coordinates.
-bool etendueBloc(const AcDbBlockTableRecord& bloc, AcDbExtents& etendue)
-{
-    AcDbBlockTableRecordIterator* entites = nullptr;
-    if (bloc.newIterator(entites) != Acad::eOk)
-        return false;
-    const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
-    for (; !it->done(); it->step()) {
-        AcDbObjectId id;
-        it->getEntityId(id);
-        const AcDbObjectPointer<AcDbEntity> entite(id);
-        AcDbExtents sienne;
-        if (entite.openStatus() == Acad::eOk && !AcDbAttributeDefinition::cast(entite.object()) &&
-            entite->getGeomExtents(sienne) == Acad::eOk)
-            etendue.addExt(sienne);
-    }
-    return !etendue.isEmpty();
-}
-
-AcDbObjectId blocNomme(const std::wstring& nom)
-{
-    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
-    AcDbBlockTable* blocs = nullptr;
-    AcDbObjectId id;
-    if (!db || db->getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
-        return id;
-    blocs->getAt(nom.c_str(), id);
-    blocs->close();
-    return id;
 }
 
 struct bilan {

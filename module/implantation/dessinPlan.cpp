@@ -2,22 +2,18 @@
 
 void dessinPlan::ajouter(const dessinPlan& autre)
 {
+    croix.insert(croix.end(), autre.croix.begin(), autre.croix.end());
     traits.insert(traits.end(), autre.traits.begin(), autre.traits.end());
     textes.insert(textes.end(), autre.textes.begin(), autre.textes.end());
     triangles.insert(triangles.end(), autre.triangles.begin(), autre.triangles.end());
-}
-
-void dessinPlan::croix(point2 centre, double taille, int couleur)
-{
-    const double bras = taille / 2.0;
-    traits.push_back({centre - point2{bras, 0.0}, centre + point2{bras, 0.0}, couleur});
-    traits.push_back({centre - point2{0.0, bras}, centre + point2{0.0, bras}, couleur});
 }
 
 dessinPlan dessinPlan::place(double echelle, point2 deplacement) const
 {
     const auto mis = [&](point2 p) { return p * echelle + deplacement; };
     dessinPlan d = *this;
+    for (marque& c : d.croix)
+        c = {mis(c.centre), c.taille * echelle, c.couleur};
     for (trait& t : d.traits)
         t = {mis(t.de), mis(t.vers), t.couleur};
     for (texte& t : d.textes) {
@@ -33,6 +29,8 @@ dessinPlan dessinPlan::place(double echelle, point2 deplacement) const
 boite dessinPlan::etendue() const
 {
     boite b;
+    for (const marque& c : croix)
+        b.ajouter(boite::de(c.centre, c.centre).elargie(c.taille / 2.0));
     for (const trait& t : traits)
         b.ajouter(boite::de(t.de, t.vers));
     for (const texte& t : textes)

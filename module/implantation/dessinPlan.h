@@ -25,13 +25,17 @@ struct dessinPlan {
         std::array<point2, 3> coins;
         int couleur;
     };
+    struct marque {
+        point2 centre;
+        double taille;
+        int couleur;
+    };
+    std::vector<marque> croix; ///< with arms along the axes
     std::vector<trait> traits;
     std::vector<texte> textes;
     std::vector<triangle> triangles;
 
     void ajouter(const dessinPlan& autre);
-    /// A cross with arms along the axes.
-    void croix(point2 centre, double taille, int couleur);
     /// Grown from the origin, then moved.
     dessinPlan place(double echelle, point2 deplacement) const;
     /// Of all but what texts reach over beyond their place.

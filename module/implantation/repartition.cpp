@@ -27,11 +27,11 @@ candidates aPortee(std::size_t points, std::size_t stations, double portee,
 /// Gives points to stations that have room; a point may push another one on to a further station.
 class affectation {
 public:
-    affectation(const candidates& listes, std::size_t stations, std::size_t places) :
+    affectation(const candidates& listes, std::size_t nombreStations, std::size_t places) :
         m_listes(listes),
         m_places(places),
-        m_occupants(stations),
-        stations(listes.size(), repartition::aucune)
+        m_occupants(nombreStations),
+        m_stations(listes.size(), repartition::aucune)
     {
     }
 
@@ -40,6 +40,8 @@ public:
         m_vues.assign(m_occupants.size(), false);
         return chercher(point);
     }
+    /// Of each point.
+    const std::vector<std::size_t>& stations() const { return m_stations; }
 
 private:
     bool chercher(std::size_t point)
@@ -55,7 +57,7 @@ private:
                 if (!chercher(occupant))
                     continue;
                 occupant = point;
-                stations[point] = s;
+                m_stations[point] = s;
                 return true;
             }
         }
@@ -64,7 +66,7 @@ private:
     bool installer(std::size_t point, std::size_t s)
     {
         m_occupants[s].push_back(point);
-        stations[point] = s;
+        m_stations[point] = s;
         return true;
     }
 
@@ -72,9 +74,7 @@ private:
     std::size_t m_places;
     std::vector<std::vector<std::size_t>> m_occupants;
     std::vector<bool> m_vues;
-
-public:
-    std::vector<std::size_t> stations;
+    std::vector<std::size_t> m_stations;
 };
 
 /// The least room at each station with which all points that are seen find a place.
@@ -85,7 +85,7 @@ std::vector<std::size_t> equilibrer(const candidates& vues, std::size_t stations
         bool tous = true;
         for (std::size_t p = 0; p < vues.size() && tous; ++p)
             tous = vues[p].empty() || essai.placer(p);
-        return tous ? essai.stations : std::vector<std::size_t>();
+        return tous ? essai.stations() : std::vector<std::size_t>();
     };
     std::size_t bas = 1, haut = std::max<std::size_t>(vues.size(), 1);
     while (bas < haut) {

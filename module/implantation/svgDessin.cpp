@@ -53,9 +53,17 @@ std::string svgDe(const dessinPlan& dessin, int largeur)
     const auto y = [&](point2 p) { return nombre((b.yMax - p.y) * echelle); };
     std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(largeur) + "\" height=\"" +
                       nombre(hauteur) + "\" font-family=\"Arial\">\n";
+    const auto ligne = [&](point2 de, point2 vers, int couleur) {
+        svg += "<line x1=\"" + x(de) + "\" y1=\"" + y(de) + "\" x2=\"" + x(vers) + "\" y2=\"" + y(vers) +
+               "\" stroke=\"" + teinte(couleur) + "\"/>\n";
+    };
+    for (const auto& c : dessin.croix) {
+        const point2 bras{c.taille / 2.0, 0.0};
+        ligne(c.centre - bras, c.centre + bras, c.couleur);
+        ligne(c.centre - droiteDe(bras), c.centre + droiteDe(bras), c.couleur);
+    }
     for (const auto& t : dessin.traits)
-        svg += "<line x1=\"" + x(t.de) + "\" y1=\"" + y(t.de) + "\" x2=\"" + x(t.vers) + "\" y2=\"" + y(t.vers) +
-               "\" stroke=\"" + teinte(t.couleur) + "\"/>\n";
+        ligne(t.de, t.vers, t.couleur);
     for (const auto& t : dessin.triangles)
         svg += "<polygon points=\"" + x(t.coins[0]) + "," + y(t.coins[0]) + " " + x(t.coins[1]) + "," + y(t.coins[1]) +
                " " + x(t.coins[2]) + "," + y(t.coins[2]) + "\" fill=\"" + teinte(t.couleur) + "\"/>\n";

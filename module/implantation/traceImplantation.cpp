@@ -107,11 +107,11 @@ dessinPlan traceStation(const donneesStation& s, unsigned masque, const reglages
     if (!s.station.planConnu())
         return dessin;
     const point2 place = s.station.plan();
-    dessin.croix(place, reglages.tailleStations, reglages.station);
+    dessin.croix.push_back({place, reglages.tailleStations, reglages.station});
     const point2 bout = boutDuZero(s, reglages);
     fleche(dessin, place, bout, reglages.reference, reglages);
     if (s.visee && s.reference.planConnu())
-        dessin.croix(bout, reglages.tailleStations, reglages.reference);
+        dessin.croix.push_back({bout, reglages.tailleStations, reglages.reference});
     if ((masque & masqueNumero) == 0)
         return dessin;
     point2 ligne = place + point2{reglages.tailleStations, -reglages.tailleStations};
@@ -131,7 +131,7 @@ dessinPlan tracePoint(const pointImplante& point, const donneesStation* station,
     const int couleur = couleurDe(point, verification, reglages);
     const double hauteur = reglages.tailleTextes;
     if (masque & masqueNumero) {
-        dessin.croix(point.plan(), reglages.taillePoints, couleur);
+        dessin.croix.push_back({point.plan(), reglages.taillePoints, couleur});
         const point2 place = point.plan() + point2{0.6 * reglages.taillePoints, 0.2 * hauteur};
         dessin.textes.push_back({place, point.nom, hauteur, couleur});
     }
@@ -255,7 +255,7 @@ dessinPlan traceCoupe(const coupeVisee& coupe, const pointImplante& point, const
         const obstruction& o = *point.pire;
         dessin.traits.push_back(
             {mis(o.distance, o.place.z - o.depassement), mis(o.distance, o.place.z), reglages.nonVisible});
-        dessin.croix(mis(o.distance, o.place.z), h, reglages.nonVisible);
+        dessin.croix.push_back({mis(o.distance, o.place.z), h, reglages.nonVisible});
     }
     return dessin;
 }

@@ -13,14 +13,12 @@ class solImplantation {
 public:
     using polyligne = std::vector<point3>;
 
+    virtual ~solImplantation() = default;
     /// Altitude at a place. @return false, `z` as it was, where there is no ground
     virtual bool altitude(point2 place, double& z) const = 0;
     /// The ground along a segment, in the order of the way: one polyline, several where the ground has gaps.
     /// @return false when there is none
     virtual bool profil(point2 de, point2 vers, std::vector<polyligne>& lignes) const = 0;
-
-protected:
-    ~solImplantation() = default;
 };
 
 inline constexpr std::size_t leSol = SIZE_MAX;

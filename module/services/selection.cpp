@@ -64,6 +64,16 @@ std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
     return choisir(L"I", nullptr, type);
 }
 
+AcDbObjectId designerEntite(const wchar_t* message)
+{
+    ads_name nom{};
+    ads_point place{};
+    AcDbObjectId id;
+    if (acedEntSel(message, nom, place) != RTNORM || acdbGetObjectId(id, nom) != Acad::eOk)
+        id.setNull();
+    return id;
+}
+
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
 {
     return choisir(L"X", nullptr, type);
@@ -78,4 +88,16 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
             acedSSAdd(nom, ads_name_nil(jeu) ? nullptr : jeu, jeu);
     }
     return ads_name_nil(jeu) ? rendreNil() : acedRetName(jeu, RTPICKS);
+}
+
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
+{
+    constexpr short codeApplication = 1001;
+    CString nom(application);
+    resbuf filtre{nullptr, codeApplication, {}};
+    filtre.resval.rstring = nom.GetBuffer();
+    jeuOuvert jeu;
+    if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
+        return {};
+    return entitesDe(jeu.nom);
 }

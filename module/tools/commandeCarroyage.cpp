@@ -1,9 +1,9 @@
 #include "tools/commandeCarroyage.h"
 
 #include "geometrie/axeDeCourbe.h"
+#include "services/ajoutEntites.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/codages.h"
-#include "services/espaceCourant.h"
 #include "services/selection.h"
 #include "tools/DlgCarroyage.h"
 
@@ -23,12 +23,12 @@ axe contourDe(const AcDbObjectId& region)
 
 void placer(const dessinCarroyage& dessin, double hauteur)
 {
-    espaceCourant espace;
+    ajoutEntites ajout;
     for (const dessinCarroyage::trait& t : dessin.traits)
-        espace.ajouter(std::make_unique<AcDbLine>(AcGePoint3d(t.de.x, t.de.y, 0.0), AcGePoint3d(t.a.x, t.a.y, 0.0)));
+        ajout.ajouter(std::make_unique<AcDbLine>(AcGePoint3d(t.de.x, t.de.y, 0.0), AcGePoint3d(t.a.x, t.a.y, 0.0)));
     for (const dessinCarroyage::texte& t : dessin.textes)
-        espace.ecrire({t.place.x, t.place.y, 0.0}, depuisAnsi(t.contenu).c_str(), hauteur, t.rotation,
-                      t.aDroite ? calageTexte::droite : calageTexte::gauche);
+        ajout.ecrire({t.place.x, t.place.y, 0.0}, depuisAnsi(t.contenu), hauteur, t.rotation,
+                     t.aDroite ? calageTexte::droite : calageTexte::gauche);
 }
 
 } // namespace
