@@ -1,13 +1,26 @@
 #pragma once
 
-#include "afx.h"
+#include <atomic>
+#include <cstdint>
+#include <ctime>
+#include <string>
+
+/// The next serial number of a point record: one counter for the module, which starts at the time of its first use.
+inline std::uint32_t serieSuivante()
+{
+    static std::atomic<std::uint32_t> compteur{static_cast<std::uint32_t>(std::time(nullptr))};
+    return compteur.fetch_add(1, std::memory_order_relaxed);
+}
 
 /// A survey point outside any drawing, as point files hold it.
 /// x, y, z in drawing units; z = 1e38 when the altitude is unknown.
 struct pointXYZ {
     int code = 1;
-    CString nom;
+    std::wstring nom;
+    std::wstring observation;
     double x = 1e38;
     double y = 1e38;
     double z = 1e38;
+    std::uint32_t serie = serieSuivante(); ///< of the record; a copy keeps it
+    int drapeau = 0;
 };

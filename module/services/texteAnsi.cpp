@@ -80,6 +80,28 @@ std::wstring depuisUtf8(std::string_view octets)
     return texte;
 }
 
+void ajouterUtf8(std::string& texte, char32_t caractere)
+{
+    const auto suite = [&texte, caractere](unsigned decalage) {
+        texte += static_cast<char>(0x80u | (caractere >> decalage & 0x3Fu));
+    };
+    if (caractere < 0x80u) {
+        texte += static_cast<char>(caractere);
+    } else if (caractere < 0x800u) {
+        texte += static_cast<char>(0xC0u | caractere >> 6);
+        suite(0);
+    } else if (caractere < 0x10000u) {
+        texte += static_cast<char>(0xE0u | caractere >> 12);
+        suite(6);
+        suite(0);
+    } else {
+        texte += static_cast<char>(0xF0u | caractere >> 18);
+        suite(12);
+        suite(6);
+        suite(0);
+    }
+}
+
 bool sembleUtf8(std::string_view octets)
 {
     bool plusQueAscii = false;

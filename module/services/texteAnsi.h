@@ -15,6 +15,9 @@ std::wstring depuisAnsi(std::string_view octets);
 /// A sequence that is cut short or beyond the 16-bit characters becomes "?".
 std::wstring depuisUtf8(std::string_view octets);
 
+/// Appends a character in UTF-8.
+void ajouterUtf8(std::string& texte, char32_t caractere);
+
 /// Whether the bytes are a text in UTF-8 that holds more than ASCII: sequences that are whole, in their shortest form,
 /// of 16-bit characters. Texts in Windows-1252 are not made so, but for a few odd words.
 bool sembleUtf8(std::string_view octets);
