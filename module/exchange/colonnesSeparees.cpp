@@ -128,7 +128,8 @@ std::vector<colonne> colonnesNommees(const std::vector<std::string>& cellules)
     return colonnes;
 }
 
-std::vector<colonne> colonnesUsuelles(const std::vector<std::string>& cellules)
+/// @param cellules of a line with numbers; @param largeur cells of the widest line
+std::vector<colonne> colonnesUsuelles(const std::vector<std::string>& cellules, std::size_t largeur)
 {
     constexpr std::array usuelles{colonne::nom, colonne::x,    colonne::y,
                                   colonne::z,   colonne::code, colonne::observation};
@@ -136,7 +137,7 @@ std::vector<colonne> colonnesUsuelles(const std::vector<std::string>& cellules)
     const bool decimales = !cellules.empty() && cellules[0].find_first_of(".,") != std::string::npos;
     const bool sansNom = toutNombre && (cellules.size() == 2 || (cellules.size() == 3 && decimales));
     const auto debut = usuelles.begin() + (sansNom ? 1 : 0);
-    const auto taille = std::min<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(cellules.size()), usuelles.end() - debut);
+    const auto taille = std::min<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(largeur), usuelles.end() - debut);
     return {debut, debut + taille};
 }
 
@@ -158,7 +159,13 @@ formatColonnes deviner(sourceOctets& source)
         if (lignes.size() > 1)
             decouperCellules(lignes[1], format.separateur, cellules);
     }
-    format.colonnes = colonnesUsuelles(cellules);
+    std::vector<std::string> autres;
+    std::size_t largeur = 0; // the first line may lack what later ones have
+    for (const std::string& ligne : lignes) {
+        decouperCellules(ligne, format.separateur, autres);
+        largeur = std::max(largeur, autres.size());
+    }
+    format.colonnes = colonnesUsuelles(cellules, largeur);
     return format;
 }
 

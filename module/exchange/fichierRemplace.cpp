@@ -22,8 +22,10 @@ fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) : m_fichier
     std::error_code sansSuite; // what cannot be asked cannot be opened either
     const fs::file_status etat = fs::status(fichier, sansSuite);
     const bool ordinaire = !fs::exists(etat) || fs::is_regular_file(etat);
-    if (m == maniere::aCote && ordinaire)
-        return creerACote();
+    if (m == maniere::aCote && ordinaire) {
+        creerACote();
+        return;
+    }
     if (fs::is_directory(etat))
         return;
     m_ouvert.reset(std::fopen(fichier.string().c_str(), "r+b"));

@@ -4,7 +4,7 @@
 
 namespace {
 
-std::wstring lisible(std::wstring_view texte)
+std::wstring montrable(std::wstring_view texte)
 {
     constexpr std::size_t longueur = 120;
     std::wstring montre(texte.substr(0, longueur));
@@ -24,13 +24,13 @@ void noter(std::vector<problemeLecture>& problemes, problemeLecture probleme)
 void pointsLus::ecarter(std::size_t ligne, std::wstring_view texte, std::wstring raison)
 {
     ++ecartees;
-    noter(problemes, {ligne, lisible(texte), std::move(raison), true});
+    noter(problemes, {ligne, montrable(texte), std::move(raison), true});
 }
 
 void pointsLus::remarquer(std::size_t ligne, std::wstring_view texte, std::wstring raison)
 {
     ++remarquees;
-    noter(problemes, {ligne, lisible(texte), std::move(raison), false});
+    noter(problemes, {ligne, montrable(texte), std::move(raison), false});
 }
 
 void pointsLus::refuser(std::wstring raison, std::size_t ligne)

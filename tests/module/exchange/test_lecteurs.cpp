@@ -90,7 +90,7 @@ TEST(lecteurs, readFilesOfOtherPrograms)
         {"instrument, 16 characters, other units, found by content",
          "a.dat",
          "*110001+0000000000000012 81..06-0000000000012345 82..08+0000000000067890 71....+0000000000000007 "
-         "72....+0000000000BORDURE\n",
+         "72....+000000000BORDURE\n",
          {{L"12", -1.2345, 0.6789, inconnu, 7, L"BORDURE"}},
          {}},
         {"instrument: station, feet, code block, bad word, no unit",
