@@ -14,6 +14,7 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
 #include "erreurProgramme.h"
+#include "fichierDessin.h"
 #include "lignesConsole.h"
 
 namespace {
@@ -83,8 +84,7 @@ void dessinerApercu(const choixApercu& choix)
     AcDbDatabase base(false);
     if (base.readDwgFile(platform::wideFromUtf8(choix.dessin).c_str()) != Acad::eOk)
         throw erreurProgramme(platform::utf8FromWide(base.lastError()));
-    for (const std::string& probleme : base.impl().problems())
-        avertir(probleme);
+    avertirDesProblemes(base);
     const std::unique_ptr<VelaApplication> application = VelaApplication::make(VelaApplication::Screen::none);
     if (const QString refus = writeOverview(base, image); !refus.isEmpty())
         throw erreurProgramme(refus.toStdString());

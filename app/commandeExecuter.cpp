@@ -14,6 +14,7 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
 #include "erreurProgramme.h"
+#include "fichierDessin.h"
 #include "lignesConsole.h"
 #include "sessionHote.h"
 
@@ -72,7 +73,7 @@ void executer(const choixExecuter& choix)
     if (choix.dessin.empty())
         session.creer();
     else
-        session.ouvrir(choix.dessin);
+        avertirDesProblemes(*session.ouvrir(choix.dessin).database());
     session.console().terminer();
     const auto echec = ScriptRunner(options).run(QString::fromStdString(choix.script));
     session.console().terminer();
@@ -92,7 +93,7 @@ void ajouterCommandeExecuter(CLI::App& programme)
         ->type_name("D.dxf");
     commande.add_flag("--strict", choix->strict, "Refuse les objets laissés ouverts par une commande");
     commande.add_flag("--echo", choix->echo, "Montre les invites et les réponses du script");
-    commande.add_option("--limite", choix->limite, "Durée la plus longue d'une expression AutoLISP, en secondes (600)")
+    commande.add_option("--limite", choix->limite, "Calcul le plus long d'une expression AutoLISP, en secondes (600)")
         ->type_name("S");
     commande.callback([choix] { executer(*choix); });
 }

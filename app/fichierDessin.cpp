@@ -3,7 +3,16 @@
 #include <array>
 #include <filesystem>
 
+#include "db/DatabaseImpl.h"
+
 #include "erreurProgramme.h"
+#include "lignesConsole.h"
+
+void avertirDesProblemes(const AcDbDatabase& dessin)
+{
+    for (const std::string& probleme : dessin.impl().problems())
+        avertir(probleme);
+}
 
 void exigerExtensionDxf(const std::string& chemin)
 {

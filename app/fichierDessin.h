@@ -2,6 +2,11 @@
 
 #include <string>
 
+class AcDbDatabase;
+
+/// Tells on the error output what opening found wrong in the drawing.
+void avertirDesProblemes(const AcDbDatabase& dessin);
+
 /// Drawings are written as DXF. @throws erreurProgramme for a name that does not end in ".dxf" (in any letter case).
 void exigerExtensionDxf(const std::string& chemin);
 

@@ -119,6 +119,7 @@ void placer(const demandePolygonale& demande, const std::vector<stationCorrigee>
 {
     sessionHote session(std::cerr);
     Document& document = demande.dessin.empty() ? session.creer() : session.ouvrir(demande.dessin);
+    avertirDesProblemes(*document.database());
     if (!tablesPoints)
         throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
     suites.pointsPlaces = placerPolygonale(stations, {suites.code, demande.altitudes}, traces);

@@ -90,10 +90,9 @@ private:
 
     void mesurerDecodage()
     {
-        std::size_t nombre = 0;
         const double secondes = mediane(
-            m_passes, [&] { ouvrir(); }, [&] { nombre = toutDecoder(); });
-        rapport("every object opened once (" + std::to_string(nombre) + ")", secondes, m_nombres, 3.0);
+            m_passes, [&] { ouvrir(); }, [&] { m_objets = toutDecoder(); });
+        rapport("every object opened once (" + std::to_string(m_objets) + ")", secondes, m_nombres, 3.0);
     }
 
     void enregistrer()
@@ -126,11 +125,12 @@ private:
             ++changes;
         }
         const double modifie = mediane(m_passes, effacer, [&] { enregistrer(); });
-        const double parObjet = (modifie - intact) / static_cast<double>(changes) * 1e6;
-        constexpr double admis = 2.0;
-        std::printf("%-46s %9.4f s  %6.2f µs an object  at most %.1f  %s\n",
-                    ("save, " + std::to_string(changes) + " objects changed").c_str(), modifie, parObjet, admis,
-                    verdict(parObjet <= admis));
+        std::printf("%-46s %9.4f s  %6.2f µs an object\n",
+                    ("save, " + std::to_string(changes) + " objects changed").c_str(), modifie,
+                    (modifie - intact) / static_cast<double>(changes) * 1e6);
+        // The numbers of as many objects as were changed: 15 of them were 2 µs an object where the bar was set.
+        const double plancher = m_nombres * static_cast<double>(changes) / static_cast<double>(m_objets);
+        rapport("beyond the save of nothing changed", modifie - intact, plancher, 15.0);
     }
 
     /// The survey's own record: decoded to a chain, and set again from it.
@@ -175,6 +175,7 @@ private:
     int m_passes;
     std::unique_ptr<AcDbDatabase> m_dessin;
     double m_parcours = 0.0, m_nombres = 0.0, m_ecriture = 0.0, m_somme = 0.0;
+    std::size_t m_objets = 0;
     bool m_tenu = true;
 };
 

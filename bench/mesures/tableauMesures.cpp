@@ -58,16 +58,11 @@ double tableauMesures::plancher(const std::string& nom, const std::function<doub
 
 void tableauMesures::rapport(const std::string& nom, double secondes, double plancher, double admis)
 {
-    std::printf("%-40s  %7.4f s  floor %7.4f s  %5.2f x the floor", nom.c_str(), secondes, plancher,
+    std::printf("%-40s  %7.4f s  floor %7.4f s  %6.3f x the floor", nom.c_str(), secondes, plancher,
                 secondes / plancher);
     if (admis > 0.0)
-        std::printf("  at most %.1f  %s", admis, verdict(secondes / plancher <= admis));
+        std::printf("  at most %.3g  %s", admis, verdict(secondes / plancher <= admis));
     std::printf("\n");
-}
-
-void tableauMesures::duree(const std::string& nom, double secondes, double admis)
-{
-    std::printf("%-40s  %7.4f s  at most %.3f s  %s\n", nom.c_str(), secondes, admis, verdict(secondes <= admis));
 }
 
 const char* tableauMesures::verdict(bool ligneTenue)

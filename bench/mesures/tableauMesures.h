@@ -23,8 +23,6 @@ public:
     double plancher(const std::string& nom, const std::function<double(int taille)>& secondes) const;
     /// One row: seconds divided by those of the floor. A bar of 0 judges nothing.
     void rapport(const std::string& nom, double secondes, double plancher, double admis);
-    /// One row: seconds, of which `admis` are allowed.
-    void duree(const std::string& nom, double secondes, double admis);
 
     bool tenu() const { return m_tenu; }
 

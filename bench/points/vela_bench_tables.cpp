@@ -9,6 +9,7 @@
 #include "generateurs/dessinReleve.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
+#include "planchers/planchers.h"
 #include "platform/CodePage.h"
 #include "points/FileSerializer.h"
 #include "points/leveGenere.h"
@@ -117,6 +118,7 @@ private:
                     m_passes, [&] { table.emplace(); }, [&] { remplir(*table, points); });
             },
             m_ecritureMemoire);
+        mesurerAnnulable();
         mesurerRecherche("find each by name, from new", nommage::simple, false);
         mesurerRecherche("find each by name, indexed", nommage::simple, true);
         mesurerRecherche("find each by name of 8, from new", nommage::complet, false);
@@ -128,6 +130,25 @@ private:
                 return mediane(m_passes, plein, [&] { table->renumeroter(false); });
             },
             m_lectureMemoire);
+    }
+
+    /// The table of a drawing whose undo covers it.
+    void mesurerAnnulable()
+    {
+        AcDbDatabase dessin;
+        dessin.disableUndoRecording(false);
+        projetsTopo projet;
+        setSrcInfosTopo(&dessin, &projet, 1, 0);
+        std::vector<pointDuDessin> points;
+        m_tableau.croissance(
+            "add, where undo takes back",
+            [&](int n) {
+                points = genererLeve(n, disposition::etalee);
+                return mediane(
+                    m_passes, [&] { projet.reset(); }, [&] { remplir(*projet.currTable(), points); });
+            },
+            m_ecritureMemoire);
+        setSrcInfosTopo(nullptr, nullptr, 0, 0);
     }
 
     /// @param indexe false: the first look-up indexes the names, which adding left for later
@@ -259,14 +280,19 @@ private:
             exiger(dessin->readDwgFile(platform::wideFromUtf8(fichier.string()).c_str()) == Acad::eOk, "opening");
             acdbHostApplicationServices()->setWorkingDatabase(dessin.get());
         };
+        const FichierMappe carte(fichier);
+        double somme = 0.0;
+        const double nombres = mediane(
+            m_passes, [] {}, [&] { somme += parcourirNombres(carte.octets()).somme; });
+        std::printf("floor: every number of the drawing %.4f s (sum %g)\n", nombres, somme);
         const auto lire = [&] { setSrcInfosTopo(dessin.get(), &projet, 1, 1); };
-        m_tableau.duree("survey xrecord into the tables, 100 000", mediane(m_passes, ouvrir, lire), 0.060);
+        m_tableau.rapport("survey xrecord into the tables, 100 000", mediane(m_passes, ouvrir, lire), nombres, 0.68);
         exiger(projet.nbTables() == 4 && projet.getTable(2)->nbPoint() == nombre - nombre / 3, "reading the project");
         const auto ouvrirEtLire = [&] {
             ouvrir();
             lire();
         };
-        m_tableau.duree("written, 100 000", mediane(m_passes, ouvrirEtLire, enregistrerInfosTopo), 0.080);
+        m_tableau.rapport("written, 100 000", mediane(m_passes, ouvrirEtLire, enregistrerInfosTopo), nombres, 0.91);
         setSrcInfosTopo(nullptr, nullptr, 0, 0);
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     }

@@ -109,8 +109,9 @@ std::optional<std::wstring> DocumentList::saveAs(Document& document, const std::
     if (other && other != &document)
         return L"Le fichier « " + file + L" » est ouvert dans un autre dessin.";
     Acad::ErrorStatus status = Acad::eOk;
-    withCurrent(document, [&document, &file, &status] {
-        ModuleTable::instance().tellAll(AcRx::kSaveMsg);
+    std::vector<std::wstring> failed;
+    withCurrent(document, [&] {
+        failed = ModuleTable::instance().tellAll(AcRx::kSaveMsg);
         status = document.database()->saveAs(file.c_str());
     });
     if (status != Acad::eOk)
@@ -118,6 +119,8 @@ std::optional<std::wstring> DocumentList::saveAs(Document& document, const std::
     const ACHAR* savedAs = nullptr; // a DWG's name stood for the DXF beside it
     const bool told = document.database()->getFilename(savedAs) == Acad::eOk && savedAs;
     document.setFile(fullPath(told ? savedAs : file));
+    if (!failed.empty())
+        return L"Le dessin est enregistré, mais sans les données du module « " + failed.front() + L" ».";
     if (m_stored)
         m_stored(document);
     return std::nullopt;

@@ -23,7 +23,8 @@ public:
     };
     /// Opens a drawing file, current and in front. A file that is open already just comes to the front.
     Opened open(const std::wstring& path);
-    /// Modules hear kSaveMsg first. @return nothing, or why it failed: the old file then still stands.
+    /// Modules hear kSaveMsg first. @return nothing, or why it failed: the old file then still stands, unless it was a
+    /// module that failed to put its data into the drawing. The drawing then counts as not saved.
     std::optional<std::wstring> saveAs(Document& document, const std::wstring& path);
     /// The same to its own file; a drawing without one refuses.
     std::optional<std::wstring> save(Document& document);

@@ -15,11 +15,12 @@ AcDbObjectId addToDrawing(std::unique_ptr<AcDbEntity> entity);
 /// The same with the properties that it has.
 AcDbObjectId addAsItIs(std::unique_ptr<AcDbEntity> entity, AcDbObjectId block);
 
-/// Opens an entity for write, changes it, closes it.
+/// Opens an entity for write, changes it, closes it. Locked layers are no matter here: those who ask for entities leave
+/// theirs out, and what a command made itself may stand on one.
 template <class Entity>
 Acad::ErrorStatus change(AcDbObjectId id, const std::function<Acad::ErrorStatus(Entity&)>& what)
 {
-    AcDbObjectPointer<Entity> entity(id, AcDb::kForWrite);
+    AcDbObjectPointer<Entity> entity(id, AcDb::kForWrite, false, true);
     return entity.openStatus() == Acad::eOk ? what(*entity.object()) : entity.openStatus();
 }
 

@@ -63,6 +63,21 @@ std::wstring asDrawing(const std::wstring& path)
     return extension == L"dxf" || extension == L"dwg" ? path : path + L".dxf";
 }
 
+/// For the time of a save that its user agreed to.
+class ReplacingReadOnly {
+public:
+    explicit ReplacingReadOnly(AcDbDatabaseImpl& database) : m_database(database)
+    {
+        m_database.replacesReadOnly = true;
+    }
+    ~ReplacingReadOnly() { m_database.replacesReadOnly = false; }
+    ReplacingReadOnly(const ReplacingReadOnly&) = delete;
+    ReplacingReadOnly& operator=(const ReplacingReadOnly&) = delete;
+
+private:
+    AcDbDatabaseImpl& m_database;
+};
+
 void tellProblems(const Document& document)
 {
     constexpr std::size_t most = 5;
@@ -81,11 +96,25 @@ Document& current()
     return *DocumentList::instance().current();
 }
 
+/// A file marked as read-only is replaced when its user says so.
+bool mayReplace(const std::wstring& path)
+{
+    return !isReadOnly(platform::nativePath(path)) ||
+           askYes(L"Le fichier « " + path + L" » est en lecture seule. Le remplacer ?", false);
+}
+
 void saveTo(const std::wstring& path)
 {
+    if (!mayReplace(path))
+        throw CommandFailed(path + L" : le fichier est en lecture seule ; il n'est pas remplacé");
+    const ReplacingReadOnly allowed(current().database()->impl());
+    const auto& problems = current().database()->impl().problems();
+    const std::size_t known = problems.size();
     if (const auto failure = DocumentList::instance().saveAs(current(), path))
         throw CommandFailed(*failure);
     say(L"Dessin enregistré : " + std::wstring(current().fileName()));
+    for (std::size_t i = known; i < problems.size(); ++i)
+        say(platform::wideFromUtf8(problems[i]));
 }
 
 std::wstring openable(const std::wstring& typed)

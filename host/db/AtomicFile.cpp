@@ -4,6 +4,7 @@
 #include <cerrno>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -17,14 +18,18 @@ namespace {
     throw fs::filesystem_error(what, path, std::error_code(errno, std::generic_category()));
 }
 
-/// A file beside the target that vanishes unless it is renamed.
+constexpr char temporaryMark[] = ".vela-"; // then six characters of the system's choice
+
+/// A file beside the target that vanishes unless it is renamed. It is locked while it is written: one that can be
+/// locked belongs to a program that was killed.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const fs::path& target) : m_name(target.string() + ".XXXXXX")
+    explicit TemporaryFile(const fs::path& target) : m_name(target.string() + temporaryMark + "XXXXXX")
     {
         m_descriptor = mkstemp(m_name.data());
         if (m_descriptor < 0)
             fail("création impossible", target);
+        flock(m_descriptor, LOCK_EX | LOCK_NB); // where the file system has no locks, nothing is removed either
     }
     ~TemporaryFile()
     {
@@ -93,6 +98,38 @@ private:
     bool m_renamed = false;
 };
 
+void removeIfAbandoned(const fs::path& temporary)
+{
+    const int descriptor = open(temporary.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+    if (descriptor < 0)
+        return;
+    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+        unlink(temporary.c_str());
+    close(descriptor);
+}
+
+void removeAbandoned(const fs::path& target)
+{
+    const std::string start = target.filename().string() + temporaryMark;
+    constexpr std::size_t chosen = 6;
+    std::error_code error;
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (name.size() == start.size() + chosen && name.starts_with(start))
+            removeIfAbandoned(entry->path());
+    }
+}
+
+/// A second name for a file, or a copy where the file system has no such names.
+void linkOrCopy(const fs::path& from, const fs::path& to)
+{
+    std::error_code error;
+    fs::create_hard_link(from, to, error);
+    if (error)
+        fs::copy_file(from, to, fs::copy_options::overwrite_existing);
+}
+
 /// The old file stays in place under its name until the new one is there, so no moment lacks both.
 void keepAsBackup(const fs::path& path)
 {
@@ -102,9 +139,7 @@ void keepAsBackup(const fs::path& path)
         return;
     std::error_code error;
     fs::remove(backup, error);
-    fs::create_hard_link(path, backup, error);
-    if (error)
-        fs::copy_file(path, backup, fs::copy_options::overwrite_existing);
+    linkOrCopy(path, backup);
 }
 
 mode_t modeOf(const fs::path& path, bool& exists)
@@ -121,27 +156,37 @@ mode_t modeOf(const fs::path& path, bool& exists)
 
 } // namespace
 
-FileState FileState::of(const fs::path& path)
-{
-    std::error_code error;
-    FileState state;
-    state.size = fs::file_size(path, error);
-    if (error)
-        return {};
-    state.time = fs::last_write_time(path, error);
-    return state;
-}
-
 void writeAtomically(const fs::path& path, const std::vector<std::string_view>& pieces, bool keepOld)
 {
     std::error_code error;
     const fs::path target = fs::is_symlink(path, error) ? fs::canonical(path) : path; // the link itself stays
     bool exists = false;
     const mode_t mode = modeOf(target, exists);
+    removeAbandoned(target);
     TemporaryFile temporary(target);
     temporary.write(pieces);
     temporary.finish(mode);
     if (exists && keepOld)
         keepAsBackup(target);
     temporary.renameTo(target);
+}
+
+void keepOriginal(const fs::path& path)
+{
+    const auto named = [&](int number) {
+        const std::string mark = number > 1 ? ".original-" + std::to_string(number) : ".original";
+        return path.parent_path() / (path.stem().string() + mark + path.extension().string());
+    };
+    int number = 1;
+    while (fs::exists(named(number)))
+        ++number;
+    linkOrCopy(path, named(number));
+}
+
+bool isReadOnly(const fs::path& path)
+{
+    constexpr mode_t anyoneWrites = 0222;
+    struct stat info {};
+    return stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+           ((info.st_mode & anyoneWrites) == 0 || access(path.c_str(), W_OK) != 0);
 }

@@ -1,20 +1,18 @@
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// Size and time of a file, which tell whether another program wrote it; a file that is not there has no size.
-struct FileState {
-    std::uintmax_t size = 0;
-    std::filesystem::file_time_type time;
-    bool operator==(const FileState&) const = default;
-    static FileState of(const std::filesystem::path& path);
-};
-
 /// Replaces a file by new content, whole or not at all: a temporary file of the same folder is written, synced, then
 /// renamed over it. With `keepOld` the old file stays under the same name with the ending ".bak".
-/// Throws std::filesystem::filesystem_error; the old file is then as it was, and no temporary file is left.
+/// Throws std::filesystem::filesystem_error; the old file is then as it was, and no temporary file is left. Those of
+/// savings of the same file that were killed are removed.
 void writeAtomically(const std::filesystem::path& path, const std::vector<std::string_view>& pieces, bool keepOld);
+
+/// Keeps a file beside itself, as "plan.original.dxf", or "plan.original-2.dxf" where that is taken. Throws likewise.
+void keepOriginal(const std::filesystem::path& path);
+
+/// Whether a file is there and marked as not to be written to, whatever its user may do.
+bool isReadOnly(const std::filesystem::path& path);

@@ -3,6 +3,7 @@
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
+#include "dxf/R12Subclasses.h"
 
 #include "dbsymtb.h"
 
@@ -26,7 +27,8 @@ Place placeOf(const AcDbDatabaseImpl& database, const DxfRecord& record)
     DxfTag tag;
     int markers = 0;
     bool inGroup = false;
-    while (cursor.next(tag) && markers < 2) {
+    // Some programs write what every entity has below the marker of its class.
+    while (cursor.next(tag) && (markers < 2 || tag.code == 100 || isCommonEntityCode(tag.code))) {
         markers += tag.code == 100;
         if (tag.code == 102)
             inGroup = dxfText(tag).find('{') != std::string_view::npos;

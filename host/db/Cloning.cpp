@@ -1,5 +1,6 @@
 #include <map>
 #include <optional>
+#include <set>
 #include <unordered_map>
 
 #include "db/DatabaseImpl.h"
@@ -78,6 +79,7 @@ private:
     struct Copy {
         AcDbStub* origin;
         AcDbStub* twin;
+        std::optional<NameKind> definition = {}; // one that tags name, brought along
     };
 
     /// One object with what it owns, in the block or under the object `owner`.
@@ -104,7 +106,7 @@ private:
 
     void cloneOwned(const Copy copy)
     {
-        const auto& [origin, twin] = copy;
+        AcDbStub* const origin = copy.origin;
         AcDbObject& object = m_from.object(*recordOf(origin));
         const AcDbObjectId dictionary = object.extensionDictionary();
         if (!dictionary.isNull() && !dictionary.isErased())
@@ -114,7 +116,7 @@ private:
         const auto subentities = m_from.subentities(object, false);
         AcDbStub* end = m_from.sequenceEnd(*recordOf(origin));
         if (!subentities.empty() || end)
-            m_sequences.push_back({origin, twin});
+            m_sequences.push_back(copy);
         for (AcDbStub* subentity : subentities)
             reserve(subentity);
         if (end)
@@ -156,8 +158,10 @@ private:
     void fillTags()
     {
         cloneTree();
-        for (; m_filled < m_copies.size(); ++m_filled) // definitions brought along are added meanwhile
-            fill(m_copies[m_filled]);
+        for (; m_filled < m_copies.size(); ++m_filled) { // definitions brought along are added meanwhile
+            cloneTree();
+            fill(Copy(m_copies[m_filled]));
+        }
         linkSequences();
         placeMoved();
         tellAppended();
@@ -186,6 +190,16 @@ private:
             refuse(*recordOf(copy.twin));
         else
             m_to.undo().created(copy.twin);
+        if (copy.definition)
+            enter(copy);
+    }
+
+    /// A definition whose name can be read joins its table, with what it holds.
+    void enter(const Copy& definition)
+    {
+        m_to.names(*definition.definition).append(definition.twin);
+        if (definition.definition == NameKind::block)
+            bringBlockContent(definition.origin, definition.twin);
     }
 
     /// The lists of reactors and of references to a block name objects of the other drawing: those not copied go, and a
@@ -314,12 +328,14 @@ private:
         const std::wstring stem = unnamed.substr(0, unnamed.find_first_of(L"0123456789"));
         int& number = m_lastNumbers[foldedName(stem)];
         std::wstring name = unnamed;
-        while (m_to.named(NameKind::block, name))
+        while (m_to.named(NameKind::block, name) || m_given.contains(foldedName(name)))
             name = stem + std::to_wstring(++number);
+        m_given.insert(foldedName(name));
         return name;
     }
 
-    /// The record of that name here, copied from the other drawing if need be; null when neither has it.
+    /// The record of that name here, copied from the other drawing if need be; null when neither has it. A copy gets
+    /// its tags in its turn: definitions may need each other without end.
     AcDbStub* bring(NameKind kind, const std::wstring& name)
     {
         const bool unnamed = kind == NameKind::block && isUnnamed(name);
@@ -330,19 +346,12 @@ private:
         if (!origin || (present && !unnamed))
             return present;
         m_handles.emplace(recordOf(m_from.names(kind).table)->handle, recordOf(m_to.names(kind).table)->handle);
-        const Copy copy = makeTwin(origin);
-        m_brought.emplace(origin, copy.twin);
+        AcDbStub* const twin = reserve(origin);
+        m_copies.back().definition = kind;
+        m_brought.emplace(origin, twin);
         if (unnamed)
             m_unnamed.emplace(origin, freeName(name));
-        const AcDbObjectId dictionary = m_from.object(*recordOf(origin)).extensionDictionary();
-        if (!dictionary.isNull() && !dictionary.isErased())
-            reserveOnce(dictionary.stub());
-        cloneTree();
-        fill(copy); // at once, so that its name is found
-        m_to.names(kind).append(copy.twin);
-        if (kind == NameKind::block)
-            bringBlockContent(origin, copy.twin);
-        return copy.twin;
+        return twin;
     }
 
     void bringBlockContent(AcDbStub* origin, AcDbStub* twin)
@@ -364,6 +373,7 @@ private:
     std::vector<AcDbStub*> m_twins;                        // all copies, those of definitions among them
     std::unordered_map<AcDbStub*, AcDbStub*> m_brought;    // definitions, with their copies
     std::unordered_map<AcDbStub*, std::wstring> m_unnamed; // names that unnamed blocks take here
+    std::set<std::wstring> m_given;                        // those names
     std::map<std::wstring, int> m_lastNumbers;             // given to unnamed blocks, by what stands before the number
     std::vector<std::pair<AcDbStub*, AcDbStub*>> m_moved;  // copies in another block than their origin's, with it
     std::vector<Copy> m_sequences;                         // parents whose sub-entities are to be linked

@@ -8,6 +8,7 @@
 #include "db/DefaultDrawing.h"
 #include "db/SavePlan.h"
 #include "dwg/DwgConverter.h"
+#include "dxf/DxfTexts.h"
 #include "dxf/DxfTranscode.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
@@ -75,6 +76,8 @@ std::wstring reasonOf(const std::error_code& error)
     case EACCES:
     case EPERM:
         return L"accès refusé ; le dessin n'est pas enregistré";
+    case EFAULT:
+        return L"le support du dessin ouvert vient de disparaître ; enregistrez-le sous un autre nom";
     case EROFS:
         return L"disque protégé en écriture ; le dessin n'est pas enregistré";
     case ENOENT:
@@ -174,15 +177,26 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
     const fs::path path = platform::nativePath(name);
     std::error_code error;
     const bool overItself = fs::equivalent(path, m_file->path(), error);
-    const FileState present = FileState::of(path);
+    const FileState present = FileState::of(path.string());
     const bool savedHere = path == m_savedPath;
-    if (savedHere ? present.size != 0 && present != m_savedState : overItself && m_file->changedOnDisk()) {
+    if (savedHere ? present.size != 0 && !(present == m_savedState) : overItself && m_file->changedOnDisk()) {
         lastError =
             name + L" : le fichier a été modifié par un autre programme depuis son ouverture ; il n'est pas remplacé";
         return Acad::eFileSharingViolation;
     }
+    if (isReadOnly(path) && !replacesReadOnly) {
+        lastError = name + L" : le fichier est en lecture seule ; il n'est pas remplacé";
+        return Acad::eFileAccessErr;
+    }
+    const std::size_t lost = m_file->findLost();
+    if (lost > 0 && overItself) {
+        lastError = name + L" : " + platform::wideFromUtf8(dxf_texts::keepsDamaged);
+        return Acad::eFileAccessErr;
+    }
     try {
         const SavePlan plan(*this);
+        if (overItself && !savedHere && m_file->wasRepaired())
+            keepOriginal(path);
         if (as == form()) {
             writeAtomically(path, plan.pieces(), true);
         } else {
@@ -199,21 +213,26 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
         lastError = platform::wideFromUtf8(refusal.what());
         return Acad::eFileInternalErr;
     }
+    if (lost > 0)
+        addProblem(dxf_texts::rescued(lost));
     if (overItself)
         m_file->acceptDiskState();
     m_savedPath = path;
-    m_savedState = FileState::of(path);
+    m_savedState = FileState::of(path.string());
     fileName = name;
     return Acad::eOk;
 }
 
 std::optional<std::wstring> AcDbDatabaseImpl::writeCopy(const fs::path& path)
 {
+    m_file->findLost();
     try {
         const SavePlan plan(*this);
         writeAtomically(path, plan.pieces(), false);
     } catch (const fs::filesystem_error& failure) {
         return platform::wideFromUtf8(path.string()) + L" : " + reasonOf(failure.code());
+    } catch (const DxfError& refusal) {
+        return platform::wideFromUtf8(refusal.what());
     }
     return std::nullopt;
 }
@@ -308,8 +327,8 @@ Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dicti
 
 AcDbObjectId AcDbDatabase::currentSpaceId() const
 {
-    const bool model = m_impl->header().integer("$TILEMODE", 1) != 0;
-    return AcDbObjectId(model ? m_impl->blocks().modelSpace() : m_impl->blocks().paperSpace());
+    // Whatever $TILEMODE says: layouts are not shown, and what is drawn must be seen.
+    return AcDbObjectId(m_impl->blocks().modelSpace());
 }
 
 // ---- header variables
@@ -406,6 +425,16 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
         return Acad::eNoDatabase;
     id = m_impl->adopt(std::unique_ptr<AcDbObject>(object), nullptr);
     return Acad::eOk;
+}
+
+void AcDbDatabase::disableUndoRecording(bool disable)
+{
+    m_impl->undo().setRecording(!disable);
+}
+
+bool AcDbDatabase::undoRecording() const
+{
+    return m_impl->undo().isRecording();
 }
 
 Acad::ErrorStatus AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor) const

@@ -94,7 +94,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin)
         return Acad::eNoDatabase;
     AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(objectId().stub());
     AcDbObjectPointer<AcDbBlockBegin> begin(AcDbObjectId(database.blocks().of(objectId().stub()).begin),
-                                            AcDb::kForWrite);
+                                            AcDb::kForWrite, false, true);
     return begin.object() ? begin->setBasePoint(origin) : begin.openStatus();
 }
 

@@ -87,9 +87,12 @@ void AcDbDatabaseImpl::load(std::unique_ptr<DxfFile> file)
     m_nextHandle = m_file->freeHandle();
     adoptStructure();
     makeMissingTables();
+    makeMissingRecords();
     m_rootDictionary = findRootDictionary();
     for (std::size_t i = 0; i < m_newRecords.size(); ++i)
-        m_newRecords[i].flags = static_cast<std::uint16_t>(m_newRecords[i].flags | RecordFlags::madeUp);
+        m_newRecords[i].flags = RecordFlags::isNew | RecordFlags::madeUp;
+    if (m_header.integer("$TILEMODE", 1) == 0)
+        addProblem("dessin enregistré sur une présentation ; c'est l'espace objet qui est montré");
 }
 
 void AcDbDatabaseImpl::adoptStructure()
@@ -105,64 +108,6 @@ void AcDbDatabaseImpl::adoptStructure()
             if (typeName(records[i]) == name)
                 names(kind).append(stubOf(&records[i]));
     }
-}
-
-void AcDbDatabaseImpl::makeMissingTables()
-{
-    const auto make = [this]<class Table>(NameKind kind, std::unique_ptr<Table> table) {
-        if (names(kind).table)
-            return;
-        Table* made = table.get();
-        names(kind).table = adopt(std::move(table), nullptr).stub();
-        made->close();
-    };
-    make(NameKind::block, std::make_unique<AcDbBlockTable>());
-    make(NameKind::layer, std::make_unique<AcDbLayerTable>());
-    make(NameKind::textStyle, std::make_unique<AcDbTextStyleTable>());
-    make(NameKind::linetype, std::make_unique<AcDbLinetypeTable>());
-    make(NameKind::regApp, std::make_unique<AcDbRegAppTable>());
-    make(NameKind::dimStyle, std::make_unique<AcDbDimStyleTable>());
-    if (!m_blocks.modelSpace()) {
-        auto space = std::make_unique<AcDbBlockTableRecord>();
-        AcDbBlockTableRecord* made = space.get();
-        made->setName(ACDB_MODEL_SPACE);
-        AcDbStub* stub = adopt(std::move(space), names(NameKind::block).table).stub();
-        made->close();
-        names(NameKind::block).append(stub);
-        makeBlockBounds(stub);
-    }
-}
-
-AcDbStub* AcDbDatabaseImpl::makeUpLayer(const std::wstring& name)
-{
-    const bool recording = m_undo.isRecording();
-    m_undo.setRecording(false); // no change of the user's
-    auto layer = std::make_unique<AcDbLayerTableRecord>();
-    AcDbLayerTableRecord* made = layer.get();
-    made->m_name = name; // whatever its characters: the file has it
-    made->setLinetypeObjectId(m_self.continuousLinetype());
-    AcDbStub* const stub = adopt(std::move(layer), names(NameKind::layer).table).stub();
-    made->close();
-    m_undo.setRecording(recording);
-    recordOf(stub)->flags = RecordFlags::isNew | RecordFlags::madeUp;
-    names(NameKind::layer).append(stub);
-    addProblem("calque « " + platform::utf8FromWide(name) +
-               " » absent de la table des calques ; il y est ajouté, en couleur 7");
-    return stub;
-}
-
-AcDbStub* AcDbDatabaseImpl::findRootDictionary()
-{
-    const DxfRange* objects = m_file->section("OBJECTS");
-    if (objects)
-        for (std::uint32_t i = objects->first + 1; i <= objects->last; ++i)
-            if (typeName(m_file->records()[i]) == "DICTIONARY")
-                return stubOf(&m_file->records()[i]); // the root is the first one, by the format's own rule
-    auto dictionary = std::make_unique<AcDbDictionary>();
-    AcDbDictionary* made = dictionary.get();
-    const AcDbObjectId id = adopt(std::move(dictionary), nullptr);
-    made->close();
-    return id.stub();
 }
 
 AcDbStub* AcDbDatabaseImpl::byHandle(std::uint64_t handle) const
@@ -256,9 +201,11 @@ std::unique_ptr<AcDbObject> AcDbDatabaseImpl::decode(DxfRecord& record)
     DxfObjectReader reader(*this);
     if ((record.flags & DxfRecord::spoiled) == 0) {
         std::unique_ptr<AcDbObject> object(dxfClass.create());
-        if (reader.read(bytes(record), dxfClass, *object))
+        const bool readable = reader.read(bytes(record), dxfClass, *object);
+        const bool lost = !isNew(record) && m_file->isLost(record);
+        if (readable && !lost)
             return object;
-        addProblem(record, reader.complaint());
+        addProblem(record, lost ? dxf_texts::lostOnMedium : reader.complaint());
         record.flags |= DxfRecord::spoiled;
     }
     if (typeName(record) == "TABLE") // its records are worth more than its own tags

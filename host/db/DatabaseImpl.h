@@ -16,6 +16,7 @@
 #include "db/UndoRecorder.h"
 #include "dxf/DxfEncoding.h"
 #include "dxf/DxfFile.h"
+#include "platform/FileState.h"
 
 #include "dbmain.h"
 
@@ -61,9 +62,12 @@ public:
         return static_cast<std::uint32_t>(&record - m_file->records().data());
     }
     const std::string& typeName(const DxfRecord& record) const { return m_file->typeName(record.type); }
-    /// Bytes of a record of the file, or those that a copy brought along; nothing for an object made new.
+    /// Bytes of a record of the file, or those that a copy brought along; nothing for an object made new, nor for a
+    /// record whose bytes are lost.
     std::string_view bytes(const DxfRecord& record) const
     {
+        if ((record.flags & DxfRecord::lost) != 0)
+            return {};
         return isNew(record) ? std::string_view(static_cast<const NewRecord&>(record).bytes) : m_file->bytes(record);
     }
     /// Null for the null handle and for one that is not known.
@@ -103,6 +107,8 @@ public:
     bool isIndispensable(const AcDbObject& object);
     /// Whether a record of a symbol table has a name that another one has too.
     bool isNameTaken(const AcDbObject& object);
+    /// Whether it is an entity that the user locked against changes, with its layer.
+    bool isOnLockedLayer(const AcDbObject& object);
     /// What is erased with an object.
     AcDbObjectIdArray ownedBy(const AcDbObject& object);
     /// Sub-entities of an entity, its SEQEND left out; with `seqEnd` that one alone, null when there is none.
@@ -145,10 +151,12 @@ public:
     void addProblem(const std::string& what) { m_problems.push_back(what); }
     std::wstring fileName; ///< as given by the caller
     std::wstring lastError;
+    bool replacesReadOnly = false; ///< a save may replace a file marked as read-only: its user said so
 
 private:
     void adoptStructure();
     void makeMissingTables();
+    void makeMissingRecords();
     AcDbStub* findRootDictionary();
     std::unique_ptr<AcDbObject> decode(DxfRecord& record);
     bool hasSubentities(const DxfRecord& record) const;

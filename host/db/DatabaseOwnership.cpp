@@ -142,6 +142,16 @@ bool AcDbDatabaseImpl::isIndispensable(const AcDbObject& object)
            std::ranges::any_of(records, [&](const auto& record) { return named(record.first, record.second) == stub; });
 }
 
+bool AcDbDatabaseImpl::isOnLockedLayer(const AcDbObject& object)
+{
+    const AcDbEntity* const entity = AcDbEntity::cast(&object);
+    if (!entity)
+        return false;
+    AcDbStub* const stub = entity->m_layer ? entity->m_layer : named(NameKind::layer, L"0");
+    const auto* const layer = stub ? AcDbLayerTableRecord::cast(&this->object(*recordOf(stub))) : nullptr;
+    return layer && layer->isLocked();
+}
+
 bool AcDbDatabaseImpl::isNameTaken(const AcDbObject& object)
 {
     if (!object.isKindOf(AcDbSymbolTableRecord::desc()))

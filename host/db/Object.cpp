@@ -7,6 +7,7 @@
 
 #include "acutmem.h"
 #include "dbdict.h"
+#include "dbproxy.h"
 #include "dbsymtb.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcGiDrawable, AcRxObject)
@@ -64,7 +65,8 @@ AcDbDatabase* AcDbObject::database() const
 
 // ---- opening
 
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased)
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
+                                     bool forceOpenOnLockedLayer)
 {
     object = nullptr;
     if (id.isNull())
@@ -75,15 +77,18 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
     if (id.isErased() && !openErased)
         return Acad::eWasErased;
     AcDbObject& found = database->object(*recordOf(id));
+    if (mode == AcDb::kForWrite && !forceOpenOnLockedLayer && database->isOnLockedLayer(found))
+        return Acad::eOnLockedLayer;
     const Acad::ErrorStatus es = ObjectOpening::open(found, mode);
     if (es == Acad::eOk)
         object = &found;
     return es;
 }
 
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased)
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
+                                     bool forceOpenOnLockedLayer)
 {
-    const Acad::ErrorStatus es = acdbOpenObject(entity, id, mode, openErased);
+    const Acad::ErrorStatus es = acdbOpenObject(entity, id, mode, openErased, forceOpenOnLockedLayer);
     return es == Acad::eNotThatKindOfClass ? Acad::eNotAnEntity : es;
 }
 
@@ -93,6 +98,8 @@ Acad::ErrorStatus AcDbObject::close()
 }
 Acad::ErrorStatus AcDbObject::upgradeOpen()
 {
+    if (m_stub && AcDbDatabaseImpl::of(m_stub).isOnLockedLayer(*this))
+        return Acad::eOnLockedLayer;
     return ObjectOpening::upgrade(*this);
 }
 Acad::ErrorStatus AcDbObject::downgradeOpen()
@@ -123,6 +130,10 @@ bool AcDbObject::isWriteEnabled() const
 bool AcDbObject::isNotifyEnabled() const
 {
     return m_notifying;
+}
+bool AcDbObject::isUndoing() const
+{
+    return m_stub && AcDbDatabaseImpl::of(m_stub).undo().isReplaying();
 }
 
 void AcDbObject::assertReadEnabled() const
@@ -168,7 +179,10 @@ AcDbObjectId AcDbObject::extensionDictionary() const
     if (!m_stub)
         return {};
     AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(m_stub);
-    return AcDbObjectId(database.byHandle(ObjectTags(database, *this).extensionDictionary()));
+    const AcDbObjectId id(database.byHandle(ObjectTags(database, *this).extensionDictionary()));
+    // A file may name an object of another class: no dictionary is then there, and one may be made. What nobody knows
+    // may be one.
+    return isOfClass(id, AcDbDictionary::desc()) || isOfClass(id, AcDbProxyObject::desc()) ? id : AcDbObjectId();
 }
 
 Acad::ErrorStatus AcDbObject::createExtensionDictionary()

@@ -42,6 +42,40 @@ std::vector<ApplicationData> byApplication(const resbuf* data)
     return all;
 }
 
+constexpr std::size_t mostBytes = 16383; // of all the extended data of one object
+
+/// What an item takes of the room for extended data: its code and its value.
+std::size_t sizeOf(const resbuf& item)
+{
+    constexpr std::size_t head = 3, point = 24, real = 8, integer = 4;
+    if (item.restype >= 1010 && item.restype < 1040)
+        return head + point;
+    if (item.restype >= 1040 && item.restype < 1060)
+        return head + real;
+    if (item.restype >= 1060)
+        return head + integer;
+    if (item.restype == 1004)
+        return head + static_cast<std::size_t>(std::max<int>(item.resval.rbinary.clen, 0));
+    return head + (item.resval.rstring ? std::char_traits<ACHAR>::length(item.resval.rstring) : 0);
+}
+
+/// Braces that pair within each application, and layers that the drawing has.
+Acad::ErrorStatus checkItems(const resbuf* data, AcDbDatabaseImpl* database)
+{
+    constexpr int brace = 1002, layer = 1003;
+    int open = 0;
+    for (const resbuf* item = data; item; item = item->rbnext) {
+        const std::wstring_view text = item->restype <= layer && item->resval.rstring ? item->resval.rstring : L"";
+        if (item->restype == brace)
+            open += text == L"{" ? 1 : text == L"}" ? -1 : -open - 1;
+        if (open < 0 || (open > 0 && (!item->rbnext || item->rbnext->restype == applicationCode)))
+            return Acad::eInvalidResBuf;
+        if (item->restype == layer && database && !database->named(NameKind::layer, text))
+            return Acad::eKeyNotFound;
+    }
+    return Acad::eOk;
+}
+
 bool sameApplication(const resbuf& item, const ACHAR* name)
 {
     return item.resval.rstring && foldedName(item.resval.rstring) == foldedName(name);
@@ -225,6 +259,21 @@ std::vector<ApplicationData> ObjectTags::dataOf(const AcDbObject& object)
     return all;
 }
 
+/// Whether an object can hold the data that it has of other applications, and these.
+bool ObjectTags::hasRoom(const AcDbObject& object, const std::vector<ApplicationData>& changes)
+{
+    std::vector<ApplicationData> all = dataOf(object);
+    std::erase_if(all, [&](const ApplicationData& old) {
+        return std::ranges::find(changes, old.application, &ApplicationData::application) != changes.end();
+    });
+    all.insert(all.end(), changes.begin(), changes.end());
+    std::size_t bytes = 0;
+    for (const ApplicationData& one : all)
+        for (const resbuf* item = one.items.get(); item; item = item->rbnext)
+            bytes += sizeOf(*item);
+    return bytes <= mostBytes;
+}
+
 Acad::ErrorStatus ObjectTags::splitXData(const AcDbObject& object, const resbuf* data,
                                          std::vector<ApplicationData>& changes)
 {
@@ -234,6 +283,8 @@ Acad::ErrorStatus ObjectTags::splitXData(const AcDbObject& object, const resbuf*
     for (const resbuf* item = data; item; item = nextApplication(item))
         if (!item->resval.rstring || (database && !database->named(NameKind::regApp, item->resval.rstring)))
             return Acad::eRegappIdNotFound;
+    if (const Acad::ErrorStatus es = checkItems(data, database); es != Acad::eOk)
+        return es;
     changes = byApplication(data);
-    return Acad::eOk;
+    return hasRoom(object, changes) ? Acad::eOk : Acad::eXdataSizeExceeded;
 }

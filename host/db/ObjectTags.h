@@ -34,11 +34,12 @@ public:
     static resbuf* xData(const AcDbObject& object, const ACHAR* application);
     /// The extended data of an object, whether set by the program or still bytes of the file: for a copy of it.
     static std::vector<ApplicationData> dataOf(const AcDbObject& object);
-    /// The chain given to setXData, by application. eInvalidResBuf, eRegappIdNotFound.
+    /// The chain given to setXData, by application. Answers as setXData does.
     static Acad::ErrorStatus splitXData(const AcDbObject& object, const resbuf* data,
                                         std::vector<ApplicationData>& changes);
 
 private:
+    static bool hasRoom(const AcDbObject& object, const std::vector<ApplicationData>& changes);
     std::vector<std::uint64_t> handlesInGroup(std::string_view group) const;
     /// The runs of the old extended data, a 1001 item and what follows it, each with the position of the change that
     /// replaces it, or -1.

@@ -10,6 +10,7 @@
 #include "db/ObjectTags.h"
 #include "db/SavedExtents.h"
 #include "dxf/DxfCursor.h"
+#include "dxf/DxfTexts.h"
 
 #include "dbdict.h"
 #include "dbsymtb.h"
@@ -53,12 +54,14 @@ SavePlan::SavePlan(AcDbDatabaseImpl& database) : m_database(database)
     editOwnersOfErased();
     editNamesOfRenamed();
     addToParents();
+    m_writesMadeUp = changesFile();
     addToTables();
     addNewTables();
     addToBlocks();
     addNewBlocks();
     addObjects();
     editHeader();
+    editLost();
     std::ranges::stable_sort(m_edits, [](const Edit& a, const Edit& b) {
         return a.position != b.position ? a.position < b.position : a.place < b.place;
     });
@@ -66,7 +69,8 @@ SavePlan::SavePlan(AcDbDatabaseImpl& database) : m_database(database)
 
 bool SavePlan::hasWork() const
 {
-    if (!m_database.file().problems().empty() || m_database.header().changed())
+    const auto& file = m_database.file();
+    if (!file.problems().empty() || file.anyLost() || m_database.header().changed())
         return true;
     const NewRecords& made = m_database.newRecords();
     for (std::size_t i = 0; i < made.size(); ++i) {
@@ -230,6 +234,55 @@ void SavePlan::editNamesOfRenamed()
     }
 }
 
+/// Whether the drawing can be read without it.
+bool SavePlan::canDoWithout(const DxfRecord& record) const
+{
+    const std::string& type = m_database.typeName(record);
+    return record.handle != 0 && type != "TABLE" && type != "BLOCK" && type != "ENDBLK";
+}
+
+/// What the medium no longer gives: objects that were read are written from memory, others left out, with the
+/// sub-entities that would then be another entity's.
+void SavePlan::editLost()
+{
+    if (!m_database.file().anyLost())
+        return;
+    std::set<std::uint32_t> done;
+    for (const Edit& made : m_edits)
+        if (made.place == Place::instead)
+            done.insert(made.position);
+    auto& records = m_database.file().records();
+    std::uint32_t leftOut = 0; // up to here, sub-entities
+    for (std::uint32_t i = 0; i < records.size(); ++i) {
+        DxfRecord& record = records[i];
+        const bool lost = (record.flags & DxfRecord::lost) != 0;
+        if (done.contains(i) || (!lost && i >= leftOut))
+            continue;
+        if (!canDoWithout(record))
+            throw DxfError(m_database.file().path(), 0, dxf_texts::structureLost);
+        const std::string& type = m_database.typeName(record);
+        const bool leave = i < leftOut;
+        const bool read = residentObject(record) && (record.flags & DxfRecord::spoiled) == 0;
+        edit(i, Place::instead, [&] {
+            if (!leave && read)
+                writeObject(record);
+            else if (!leave && type == "SEQEND")
+                writeSequenceEnd(record);
+        });
+        if (!leave && !read && type != "ATTRIB" && type != "VERTEX" && type != "SEQEND")
+            leftOut = afterEntity(i);
+    }
+}
+
+void SavePlan::writeSequenceEnd(const DxfRecord& record)
+{
+    DxfTagWriter out(m_database.form(), m_text);
+    out.rawText(0, "SEQEND");
+    out.handle(5, record.handle);
+    out.rawText(100, "AcDbEntity");
+    out.rawText(8, "0");
+}
+
 /// Attributes and vertices added to entities of the file go before the SEQEND, or open a sequence.
 void SavePlan::addToParents()
 {
@@ -304,13 +357,14 @@ void SavePlan::atEndOfSection(const char* name, Write write)
     });
 }
 
+bool SavePlan::isWritten(const DxfRecord& record) const
+{
+    constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
+    return isNew(record) && !isErased(record) && (m_writesMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
+}
+
 void SavePlan::addToTables()
 {
-    const bool withMadeUp = changesFile();
-    const auto isWritten = [&](const DxfRecord& record) {
-        constexpr int kinds = RecordFlags::madeUp | RecordFlags::modified;
-        return isNew(record) && !isErased(record) && (withMadeUp || (record.flags & kinds) != RecordFlags::madeUp);
-    };
     for (const NameKind kind : nameKinds) {
         const DxfRange* range = m_database.file().table(tableName(kind));
         if (!range)
@@ -328,11 +382,12 @@ void SavePlan::addNewTables()
     atEndOfSection("TABLES", [&] {
         for (const NameKind kind : nameKinds) {
             const SymbolNames& names = m_database.names(kind);
-            if (!isNew(*recordOf(names.table)) || names.records().empty())
+            const auto isOne = [this](AcDbStub* record) { return isWritten(*recordOf(record)); };
+            if (!isNew(*recordOf(names.table)) || std::ranges::none_of(names.records(), isOne))
                 continue;
             writeObject(*recordOf(names.table));
             for (AcDbStub* record : names.records())
-                if (!isErased(*recordOf(record)))
+                if (isOne(record))
                     writeObject(*recordOf(record));
             DxfTagWriter(m_database.form(), m_text).rawText(0, "ENDTAB");
         }
@@ -362,9 +417,9 @@ void SavePlan::addNewBlocks()
         return;
     atEndOfSection("BLOCKS", [&] {
         for (AcDbStub* block : m_database.blocks().newBlocks()) {
-            if (isErased(*recordOf(block)))
-                continue;
             const BlockContent& content = m_database.blocks().of(block);
+            if (isErased(*recordOf(block)) || !isWritten(*recordOf(content.begin)))
+                continue;
             writeObject(*recordOf(content.begin));
             if (!content.inEntitiesSection)
                 for (AcDbStub* entity : content.entities)
@@ -382,7 +437,7 @@ void SavePlan::addObjects()
         return;
     atEndOfSection("OBJECTS", [&] {
         for (std::size_t i = 0; i < records.size(); ++i)
-            if (!isErased(records[i]) && standsInObjectsSection(m_database, records[i]))
+            if (isWritten(records[i]) && standsInObjectsSection(m_database, records[i]))
                 writeObject(records[i]);
     });
 }

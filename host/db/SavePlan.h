@@ -38,9 +38,14 @@ private:
     void editRepaired();
     /// Objects that name a renamed definition and are otherwise as they were.
     void editNamesOfRenamed();
+    void editLost();
+    void writeSequenceEnd(const DxfRecord& record);
+    bool canDoWithout(const DxfRecord& record) const;
     void addToParents();
     void addToBlocks();
     void addNewBlocks();
+    /// Whether a new record goes into the file.
+    bool isWritten(const DxfRecord& record) const;
     void addToTables();
     void addNewTables();
     void addObjects();
@@ -65,4 +70,5 @@ private:
     std::vector<Edit> m_edits;
     std::string m_text;
     bool m_usesNewHandles = false;
+    bool m_writesMadeUp = false; // what the file lacked goes with the first change
 };

@@ -1,21 +1,39 @@
 #include "db/SavedExtents.h"
 
 #include "db/DatabaseImpl.h"
+#include "db/entities/BlockExtents.h"
+
+#include "dbents.h"
 
 namespace {
 
 constexpr const char* kLeast = "$EXTMIN";
 constexpr const char* kMost = "$EXTMAX";
 
-void add(AcDbStub* stub, AcDbExtents& extents)
-{
-    if (isErased(*recordOf(stub)))
-        return;
-    const AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(stub)};
-    AcDbExtents own;
-    if (entity.object() && entity->getGeomExtents(own) == Acad::eOk)
-        extents.addExt(own);
-}
+/// Adds entities up. The boxes of blocks are kept from one reference to the next: a survey has few and shows them
+/// often.
+class GrowingExtents {
+public:
+    explicit GrowingExtents(AcDbExtents& extents) : m_extents(extents) {}
+
+    void add(AcDbStub* stub)
+    {
+        if (isErased(*recordOf(stub)))
+            return;
+        const AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(stub)};
+        AcDbExtents own;
+        if (const auto* reference = AcDbBlockReference::cast(entity.object()))
+            own = m_blocks.of(*reference);
+        else if (!entity.object() || entity->getGeomExtents(own) != Acad::eOk)
+            return;
+        if (!own.isEmpty())
+            m_extents.addExt(own);
+    }
+
+private:
+    AcDbExtents& m_extents;
+    BlockExtents m_blocks;
+};
 
 bool same(const AcGePoint3d& a, const AcGePoint3d& b)
 {
@@ -34,14 +52,15 @@ std::optional<AcDbExtents> extentsToSave(AcDbDatabaseImpl& database)
     const AcGePoint3d most = header.point(kMost, AcGePoint3d::kOrigin);
     AcDbExtents extents;
     const bool stated = extents.set(least, most) == Acad::eOk;
+    GrowingExtents growing(extents);
     const BlockContent& content = database.blocks().of(model);
     for (std::size_t i = stated ? content.fromFile : 0; i < content.entities.size(); ++i)
-        add(content.entities[i], extents);
+        growing.add(content.entities[i]);
     if (stated)
         for (const std::uint32_t position : database.edits()) {
             DxfRecord& record = database.file().records()[position];
             if ((record.flags & RecordFlags::modified) != 0 && database.ownerOf(record) == model)
-                add(stubOf(&record), extents);
+                growing.add(stubOf(&record));
         }
     if (extents.isEmpty() || (stated && same(extents.minPoint(), least) && same(extents.maxPoint(), most)))
         return std::nullopt;

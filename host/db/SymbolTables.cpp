@@ -210,7 +210,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name)
     database.header().rename(names.kind(), former, m_name);
     if (names.kind() == NameKind::block) {
         AcDbObjectPointer<AcDbBlockBegin> begin(AcDbObjectId(database.blocks().of(objectId().stub()).begin),
-                                                AcDb::kForWrite);
+                                                AcDb::kForWrite, false, true);
         if (begin.object())
             begin->setName(name);
     }
@@ -229,6 +229,10 @@ AcCmColor AcDbLayerTableRecord::color() const
 void AcDbLayerTableRecord::setColor(const AcCmColor& color)
 {
     assertWriteEnabled();
+    if (color.isByColor()) {
+        m_trueColor = color.red() << 16 | color.green() << 8 | color.blue();
+        return;
+    }
     const auto index = static_cast<Adesk::Int16>(color.colorIndex());
     m_color = m_color < 0 ? static_cast<Adesk::Int16>(-index) : index;
     m_trueColor = -1;

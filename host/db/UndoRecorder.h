@@ -22,6 +22,8 @@ public:
     /// Off until a document asks for it: a database used by a program alone keeps no history.
     void setRecording(bool recording) { m_recording = recording; }
     bool isRecording() const { return m_recording; }
+    /// Whether a group is being taken back or made again now.
+    bool isReplaying() const { return m_replaying; }
 
     /// Marks nest: the outermost pair makes one group, called `name`.
     void startMark(const std::wstring& name = {});

@@ -8,7 +8,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -56,7 +56,7 @@ private:
 class Process {
 public:
     /// Nothing when there is no such program.
-    static std::optional<pid_t> start(const std::vector<std::string>& arguments, int standardError);
+    static std::optional<pid_t> start(const std::vector<std::string>& arguments, int standardError, int result);
 
     explicit Process(pid_t id) : m_id(id) {}
     ~Process()
@@ -95,26 +95,58 @@ private:
     int m_waitStatus = 0;
 };
 
-std::optional<pid_t> Process::start(const std::vector<std::string>& arguments, int standardError)
+/// In the new process, which may do little before it becomes another program. Does not return.
+[[noreturn]] void become(char* const* arguments, pid_t parent, int standardError, int result, int failure)
+{
+    constexpr int notStarted = 127;
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // it has nothing to do without the program that asked
+    if (getppid() != parent)
+        _exit(notStarted);
+    dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
+    dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
+    dup2(standardError, STDERR_FILENO);
+    if (result == converterResult)
+        fcntl(result, F_SETFD, 0);
+    else if (result >= 0)
+        dup2(result, converterResult);
+    execvp(arguments[0], arguments);
+    const int error = errno;
+    if (write(failure, &error, sizeof error) != static_cast<ssize_t>(sizeof error))
+        _exit(notStarted);
+    _exit(notStarted);
+}
+
+std::optional<pid_t> Process::start(const std::vector<std::string>& arguments, int standardError, int result)
 {
     std::vector<char*> argv;
     for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
 
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_adddup2(&files, standardError, STDERR_FILENO);
-    pid_t id = 0;
-    const int error = posix_spawnp(&id, argv[0], &files, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&files);
+    Pipe failure; // closed by the start of the other program
+    // Out of the way of the descriptor that the result gets.
+    const int told = fcntl(failure.writeEnd(), F_DUPFD_CLOEXEC, converterResult + 1);
+    const int errors = fcntl(standardError, F_DUPFD_CLOEXEC, converterResult + 1);
+    const pid_t parent = getpid();
+    const pid_t id = told < 0 || errors < 0 ? -1 : fork();
+    const int forkError = errno;
+    if (id == 0)
+        become(argv.data(), parent, errors, result, told);
+    close(told);
+    close(errors);
+    if (id < 0)
+        fail(forkError, argv[0]);
+    failure.closeWriteEnd();
+    pollfd watched{failure.readEnd(), POLLIN, 0};
+    while (poll(&watched, 1, -1) < 0 && errno == EINTR) {
+    }
+    int error = 0;
+    if (read(failure.readEnd(), &error, sizeof error) != static_cast<ssize_t>(sizeof error))
+        return id;
+    Process(id).look(0);
     if (error == ENOENT || error == EACCES || error == ENOTDIR)
         return std::nullopt;
-    if (error != 0)
-        fail(error, argv[0]);
-    return id;
+    fail(error, argv[0]);
 }
 
 void limitMemory(pid_t id, std::uint64_t bytes)
@@ -125,22 +157,25 @@ void limitMemory(pid_t id, std::uint64_t bytes)
         fail(errno, "prlimit");
 }
 
-/// Takes what is there; what comes after `longestMessage` is thrown away, so that the process never waits for us.
+/// Takes of what is there, and returns though more should come all the time: someone looks at the clock. What comes
+/// after `longestMessage` is thrown away, so that the process never waits for us.
 void drain(int descriptor, std::string& message)
 {
     std::array<char, 4096> buffer;
-    for (ssize_t count = 0; (count = read(descriptor, buffer.data(), buffer.size())) > 0;)
+    constexpr int mostReads = 64;
+    ssize_t count = 0;
+    for (int i = 0; i < mostReads && (count = read(descriptor, buffer.data(), buffer.size())) > 0; ++i)
         message.append(buffer.data(), std::min(static_cast<std::size_t>(count), longestMessage - message.size()));
 }
 
 } // namespace
 
 ProcessEnd runProcess(const std::vector<std::string>& arguments, std::chrono::milliseconds timeLimit,
-                      std::uint64_t memoryLimit)
+                      std::uint64_t memoryLimit, int result)
 {
     const auto deadline = std::chrono::steady_clock::now() + timeLimit;
     Pipe errors;
-    const std::optional<pid_t> id = Process::start(arguments, errors.writeEnd());
+    const std::optional<pid_t> id = Process::start(arguments, errors.writeEnd(), result);
     if (!id)
         return {ProcessEnd::How::notFound, 0, ""};
     Process process(*id);

@@ -140,6 +140,20 @@ void escapeUnicode(std::uint32_t c, std::string& out)
     putUnicodeEscape(0xDC00 + ((c - 0x10000) & 0x3FF), out);
 }
 
+/// Whether a text begins with what reading would take for one of the form's own escapes.
+bool wouldBeUnescaped(std::wstring_view text)
+{
+    constexpr std::size_t longest = 14; // a pair of \U+XXXX
+    std::array<char, longest> bytes{};
+    std::size_t length = 0;
+    for (; length < std::min(longest, text.size()) && text[length] < 0x80; ++length)
+        bytes[length] = static_cast<char>(text[length]);
+    const char* const end = bytes.data() + length;
+    std::wstring ignored;
+    return unescapeUnicode(bytes.data(), end, ignored) != bytes.data() ||
+           unescapeMultibyte(bytes.data(), end, ignored) != bytes.data();
+}
+
 enum class Converted { character, incomplete, nothing };
 
 /// What one or two bytes stand for by themselves.
@@ -312,9 +326,12 @@ std::string DxfEncoding::encode(std::wstring_view text) const
 
 void DxfEncoding::encode(std::wstring_view text, std::string& out) const
 {
-    for (const wchar_t wide : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const wchar_t wide = text[i];
         const auto c = static_cast<std::uint32_t>(wide);
-        if (c < 0x20) {
+        if (c == '\\' && wouldBeUnescaped(text.substr(i))) {
+            putUnicodeEscape(c, out);
+        } else if (c < 0x20) {
             out.push_back('^');
             out.push_back(static_cast<char>(c + '@'));
         } else if (c == '^') {

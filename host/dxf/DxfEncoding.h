@@ -10,7 +10,8 @@
 ///
 /// Reading undoes what the DXF form adds to a text: \U+XXXX (pairs of surrogates joined), \M+nXXXX, "^J" and its like
 /// for control characters, "^ " for a caret. Writing does it: a control character becomes a caret and a letter, a
-/// character that the page lacks \U+XXXX (two of them beyond U+FFFF); nothing ever becomes a question mark.
+/// character that the page lacks \U+XXXX (two of them beyond U+FFFF), and so does a backslash that would be read as the
+/// beginning of an escape; nothing ever becomes a question mark.
 ///
 /// A byte that stands for no character is read as U+DC00 + byte and written as that byte again; hence an escape that
 /// names half a pair of surrogates is not undone.

@@ -4,11 +4,7 @@
 #include <cerrno>
 #include <charconv>
 #include <limits>
-
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <system_error>
 
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfEncoding.h"
@@ -35,6 +31,12 @@ const char* openFailure(int error)
     case EACCES:
     case EPERM:
         return dxf_texts::accessDenied;
+    case EINVAL:
+        return dxf_texts::notAFile;
+    case EBUSY:
+        return dxf_texts::beingWritten;
+    case ENOMEM:
+        return dxf_texts::notEnoughMemory;
     default:
         return dxf_texts::cannotRead;
     }
@@ -80,13 +82,8 @@ bool holdsObjects(std::string_view section)
 
 DxfFile::DxfFile(const std::string& path, DxfUpgrade upgrade) : m_path(path), m_onDisk(true)
 {
-    try {
-        map();
-        load(upgrade);
-    } catch (...) {
-        unmap();
-        throw;
-    }
+    map();
+    load(upgrade);
 }
 
 DxfFile::DxfFile(std::string bytes, const std::string& name, DxfUpgrade upgrade) :
@@ -97,45 +94,27 @@ DxfFile::DxfFile(std::string bytes, const std::string& name, DxfUpgrade upgrade)
     load(upgrade);
 }
 
-DxfFile::~DxfFile()
-{
-    unmap();
-}
-
 void DxfFile::map()
 {
-    const int descriptor = ::open(m_path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        throw DxfError(m_path, 0, openFailure(errno));
-    struct stat info {};
-    if (::fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) {
-        ::close(descriptor);
-        throw DxfError(m_path, 0, dxf_texts::notAFile);
+    try {
+        m_disk.read(m_path);
+    } catch (const std::system_error& failure) {
+        throw DxfError(m_path, 0, openFailure(failure.code().value()));
     }
-    m_diskState = {static_cast<std::uint64_t>(info.st_size), info.st_mtim};
-    m_mapSize = static_cast<std::size_t>(info.st_size);
-    if (m_mapSize > 0) {
-        void* const address = ::mmap(nullptr, m_mapSize, PROT_READ, MAP_PRIVATE, descriptor, 0);
-        if (address == MAP_FAILED) {
-            ::close(descriptor);
-            throw DxfError(m_path, 0, dxf_texts::cannotRead);
-        }
-        m_map = address;
-        m_bytes = {static_cast<const char*>(m_map), m_mapSize};
-    }
-    ::close(descriptor);
+    m_diskState = m_disk.state();
+    m_bytes = m_disk.view();
 }
 
 void DxfFile::unmap()
 {
-    if (m_map)
-        ::munmap(m_map, m_mapSize);
-    m_map = nullptr;
+    m_disk.release();
 }
 
 void DxfFile::load(DxfUpgrade upgrade)
 {
     index();
+    if (m_cut || !m_endsecsWithin.empty())
+        repair();
     m_versionOnDisk = m_form.version;
     if (m_form.version >= r2000 || upgrade == DxfUpgrade::none) {
         enterHandles(m_form.version >= r2000);
@@ -224,12 +203,59 @@ void DxfFile::closeSection(std::uint32_t last)
     }
 }
 
+/// Whether an ENDSEC is followed by objects and by another one, and not by a section: the objects are the section's.
+bool DxfFile::isEndsecWithin(std::size_t place) const
+{
+    const std::uint32_t at = m_structure[place];
+    std::size_t next = place + 1;
+    const auto typeAt = [&](std::size_t i) { return m_records[m_structure[i]].type; };
+    while (next < m_structure.size() && (typeAt(next) == DxfIndexer::table || typeAt(next) == DxfIndexer::endtab))
+        ++next;
+    return next < m_structure.size() && typeAt(next) == DxfIndexer::endsec && m_structure[next] > at + 1 &&
+           typeName(m_records[at + 1].type) != "DICTIONARY"; // the section that holds them lost its head
+}
+
+/// Makes a copy of the file that is whole: closed at its end, without what closes a section too early.
+void DxfFile::repair()
+{
+    std::string whole;
+    const bool tailed = (m_records.back().flags & DxfRecord::pseudo) != 0;
+    const std::uint64_t end = m_cut && tailed ? m_records.back().offset : m_bytes.size();
+    whole.reserve(end + 64);
+    std::uint64_t copied = 0;
+    for (const std::uint32_t at : m_endsecsWithin) {
+        whole.append(m_bytes, copied, m_records[at].offset - copied);
+        copied = m_records[at].offset + m_records[at].length;
+    }
+    whole.append(m_bytes, copied, end - copied);
+    if (m_cut) {
+        DxfTagWriter out(m_form, whole);
+        const bool inTable = !m_tables.empty() && m_tables.back().last == m_sections.back().last &&
+                             m_records[m_tables.back().last].type != DxfIndexer::endtab;
+        if (inTable)
+            out.rawText(0, "ENDTAB");
+        out.rawText(0, "ENDSEC");
+        out.rawText(0, "EOF");
+    }
+    if (m_onDisk)
+        note(m_bytes.size(), dxfBadCode, dxf_texts::originalKept);
+    std::vector<DxfProblem> found = std::move(m_problems); // lines of the file the user has
+    m_memory = std::move(whole);
+    unmap();
+    m_bytes = m_memory;
+    m_repaired = true;
+    index();
+    m_problems = std::move(found);
+}
+
 void DxfFile::findRanges()
 {
     m_sections.clear();
+    m_endsecsWithin.clear();
     bool open = false;
     bool ended = false;
-    for (const std::uint32_t at : m_structure) {
+    for (std::size_t place = 0; place < m_structure.size(); ++place) {
+        const std::uint32_t at = m_structure[place];
         const std::uint16_t type = m_records[at].type;
         if (open && (type == DxfIndexer::section || type == DxfIndexer::eof)) {
             note(m_records[at].offset, 0, dxf_texts::sectionNotClosed(m_sections.back().name));
@@ -243,6 +269,9 @@ void DxfFile::findRanges()
             }
             m_sections.push_back({tag.code == 2 ? std::string(dxfText(tag)) : std::string(), at, at});
             open = true;
+        } else if (type == DxfIndexer::endsec && open && isEndsecWithin(place)) {
+            note(m_records[at].offset, 0, dxf_texts::endsecWithin);
+            m_endsecsWithin.push_back(at);
         } else if (type == DxfIndexer::endsec && open) {
             closeSection(at);
             open = false;
@@ -251,13 +280,17 @@ void DxfFile::findRanges()
         }
         ended |= type == DxfIndexer::eof;
     }
-    if (m_sections.empty() && m_problems.empty())
+    const bool nothing = m_sections.empty() || (m_sections.size() == 1 && m_sections.front().name.empty());
+    if (nothing && m_problems.empty())
         refuse(0, dxf_texts::noSection);
-    if (m_sections.empty())
+    if (nothing)
         throw DxfError(m_path, m_problems.front().line, m_problems.front().what + " ; " + dxf_texts::noSection);
-    if (open)
-        refuse(m_bytes.size(), dxf_texts::sectionCut(m_sections.back().name));
-    if (!ended)
+    m_cut = open;
+    if (open) {
+        const bool tailed = (m_records.back().flags & DxfRecord::pseudo) != 0;
+        note(m_bytes.size(), dxfBadCode, dxf_texts::sectionCut(m_sections.back().name));
+        closeSection(static_cast<std::uint32_t>(m_records.size()) - (tailed ? 2 : 1));
+    } else if (!ended)
         note(m_bytes.size(), dxfBadCode, dxf_texts::missingEof);
     m_tables.clear();
     for (const DxfRange& range : m_sections) {
@@ -379,19 +412,33 @@ std::string DxfFile::repairedBytes(const DxfRecord& record) const
 
 bool DxfFile::changedOnDisk() const
 {
-    if (!m_onDisk)
-        return false;
-    struct stat info {};
-    if (::stat(m_path.c_str(), &info) != 0)
-        return true;
-    return !(m_diskState == DiskState{static_cast<std::uint64_t>(info.st_size), info.st_mtim});
+    return m_onDisk && !(FileState::of(m_path) == m_diskState);
 }
 
 void DxfFile::acceptDiskState()
 {
-    struct stat info {};
-    if (m_onDisk && ::stat(m_path.c_str(), &info) == 0)
-        m_diskState = {static_cast<std::uint64_t>(info.st_size), info.st_mtim};
+    if (m_onDisk)
+        m_diskState = FileState::of(m_path);
+}
+
+std::size_t DxfFile::findLost()
+{
+    m_disk.probe();
+    if (!m_disk.anyLost())
+        return 0;
+    std::size_t count = 0;
+    for (DxfRecord& record : m_records) {
+        if (!isLost(record))
+            continue;
+        record.flags |= DxfRecord::lost;
+        ++count;
+    }
+    return count;
+}
+
+bool DxfFile::isLost(const DxfRecord& record) const
+{
+    return m_disk.anyLost() && m_disk.isLost(record.offset, record.length);
 }
 
 int DxfFile::lineOf(std::uint64_t offset) const

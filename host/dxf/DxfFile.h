@@ -1,6 +1,5 @@
 #pragma once
 
-#include <ctime>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,6 +9,7 @@
 #include "dxf/DxfError.h"
 #include "dxf/DxfForm.h"
 #include "dxf/DxfRecord.h"
+#include "dxf/FileBytes.h"
 #include "dxf/HandleTable.h"
 
 /// A run of records: a section from SECTION to ENDSEC, a table from TABLE to ENDTAB, both ends included.
@@ -23,21 +23,20 @@ struct DxfRange {
 /// What a file older than R2000 becomes at opening.
 enum class DxfUpgrade { toR2000, none };
 
-/// An open DXF file: its bytes, mapped, and an index of its records. Nothing is decoded.
+/// An open DXF file: its bytes and an index of its records. Nothing is decoded.
 ///
 /// The records, one after the other, are the file, byte for byte. Those of TABLES, BLOCKS, ENTITIES and OBJECTS all
 /// have a handle of their own: where the file gives none, or one twice, the (later) record is given a new one.
 /// Files older than R2000 are turned into R2000 first: bytes, form and records are then those of the R2000 text.
 /// What was repaired is listed in `problems`; what cannot be read at all throws DxfError.
 ///
-/// Keeps the map until destroyed, so a new file may be renamed over the old one meanwhile.
+/// The bytes stay what they were at opening, whatever other programs do to the file meanwhile (FileBytes).
 class DxfFile {
 public:
     /// Opens a file. `path` is in the encoding of the file system.
     explicit DxfFile(const std::string& path, DxfUpgrade upgrade = DxfUpgrade::toR2000);
     /// The same from bytes in memory; `name` stands in messages.
     DxfFile(std::string bytes, const std::string& name, DxfUpgrade upgrade = DxfUpgrade::toR2000);
-    ~DxfFile();
     DxfFile(const DxfFile&) = delete;
     DxfFile& operator=(const DxfFile&) = delete;
 
@@ -45,11 +44,22 @@ public:
     const DxfForm& form() const { return m_form; }
     /// The version the file on disk has; less than form().version where it was upgraded.
     int versionOnDisk() const { return m_versionOnDisk; }
-    /// Whether the file on disk has another size or time than when it was opened, or is gone. False for bytes in
-    /// memory.
+    /// Whether the file on disk is another, has another size or time than when it was opened, or is gone. False for
+    /// bytes in memory.
     bool changedOnDisk() const;
     /// Takes the file as it now is on disk for the one opened: call it after saving over it.
     void acceptDiskState();
+
+    /// Whether what is read is a mended copy: of a file that ends within a section, or has an ENDSEC in the midst of
+    /// one.
+    bool wasRepaired() const { return m_repaired; }
+
+    /// Marks the records that the medium can no longer give (DxfRecord::lost): unplugged, damaged.
+    /// @return how many there are.
+    std::size_t findLost();
+    bool anyLost() const { return m_disk.anyLost(); }
+    /// Whether what was just read of a record was lost. Those that nobody read are found by findLost alone.
+    bool isLost(const DxfRecord& record) const;
 
     std::string_view bytes() const { return m_bytes; }
     std::string_view bytes(const DxfRecord& record) const { return m_bytes.substr(record.offset, record.length); }
@@ -96,27 +106,19 @@ private:
     void index();
     void readHeader();
     void findRanges();
+    bool isEndsecWithin(std::size_t place) const;
+    void repair();
     void findTables(const DxfRange& section);
     void closeSection(std::uint32_t last);
     void enterHandles(bool repair);
     void note(std::uint64_t offset, int groupCode, const std::string& what);
     [[noreturn]] void refuse(std::uint64_t offset, const std::string& reason) const;
 
-    struct DiskState {
-        std::uint64_t size = 0;
-        std::timespec time{};
-        bool operator==(const DiskState& other) const
-        {
-            return size == other.size && time.tv_sec == other.time.tv_sec && time.tv_nsec == other.time.tv_nsec;
-        }
-    };
-
     std::string m_path;
     bool m_onDisk = false;
-    DiskState m_diskState;
-    void* m_map = nullptr;
-    std::size_t m_mapSize = 0;
-    std::string m_memory; // holds the bytes that are not mapped
+    FileState m_diskState;
+    FileBytes m_disk;
+    std::string m_memory; // holds the bytes that are not those of the disk
     std::string_view m_bytes;
     DxfForm m_form;
     int m_versionOnDisk = 0;
@@ -125,7 +127,10 @@ private:
     HandleTable m_handles{m_records};
     std::vector<std::string> m_typeNames;
     std::unordered_map<std::string, std::uint16_t> m_typeIds;
-    std::vector<std::uint32_t> m_structure; // positions of the records that open and close sections and tables
+    std::vector<std::uint32_t> m_structure;     // positions of the records that open and close sections and tables
+    bool m_cut = false;                         // the file ends within a section
+    bool m_repaired = false;                    // the bytes are not those of the disk
+    std::vector<std::uint32_t> m_endsecsWithin; // that close nothing
     std::vector<DxfRange> m_sections;
     std::vector<DxfRange> m_tables;
     std::vector<DxfProblem> m_problems;

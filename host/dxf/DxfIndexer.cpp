@@ -81,6 +81,7 @@ void DxfIndexer::run()
     preferLargePages(records.data(), records.capacity() * sizeof(DxfRecord));
     m_file.m_structure.clear();
     walk();
+    leaveCutTail();
     if (records.empty() && m_end > m_begin)
         push(m_begin, none);
     closeLast(m_tail);
@@ -113,7 +114,10 @@ const char* DxfIndexer::walkFrom(const char* from)
 {
     DxfCursor cursor = cursorAt(from);
     DxfTag tag;
+    const char* lastTag = from;
     while (cursor.nextIn<Binary>(tag)) {
+        if (!Binary)
+            lastTag = tag.start;
         if (tag.code > 105)
             continue;
         if (tag.code == 0) {
@@ -133,10 +137,35 @@ const char* DxfIndexer::walkFrom(const char* from)
             readHandle(tag);
         }
     }
-    if (!Binary || !cursor.cut())
-        return nullptr;
-    spoil(cursor.position(), dxfBadCode, dxf_texts::tagCut);
-    return nextBinaryRecord(cursor.position());
+    m_tail = cursor.position();
+    if constexpr (Binary) {
+        const char* const resume = cursor.cut() ? nextBinaryRecord(m_tail) : nullptr;
+        if (resume)
+            spoil(m_tail, dxfBadCode, dxf_texts::tagCut);
+        return resume;
+    }
+    if (m_tail == m_end && m_end > from && m_end[-1] != m_file.m_form.lineEnd())
+        m_tail = lastTag; // its value may go on
+    return nullptr;
+}
+
+/// In a file without end the last object may lack any of its tags: it is none. Sections and tables stand.
+void DxfIndexer::leaveCutTail()
+{
+    auto& records = m_file.m_records;
+    if (records.empty() || records.back().type == eof)
+        return;
+    const DxfRecord last = records.back();
+    const char* const start = m_begin + last.offset;
+    if (last.type == endsec)
+        m_tail = m_end;
+    if (last.type <= table || (last.type == endtab && m_tail > start))
+        return;
+    m_file.note(last.offset, 0, dxf_texts::recordCut(m_file.typeName(last.type)));
+    if (!m_file.m_structure.empty() && m_file.m_structure.back() == records.size() - 1)
+        m_file.m_structure.pop_back();
+    records.pop_back();
+    m_tail = start;
 }
 
 bool DxfIndexer::startRecord(const DxfTag& tag)

@@ -20,7 +20,8 @@ public:
     explicit DxfIndexer(DxfFile& file);
 
     /// Fills the records of the file, and the positions of those that open and close sections and tables.
-    /// Records of which one tag is spoiled are flagged and noted.
+    /// Records of which one tag is spoiled are flagged and noted. The last object of a file without end
+    /// is left out.
     void run();
 
 private:
@@ -38,6 +39,7 @@ private:
     void readHandle(const DxfTag& tag);
     void push(const char* start, std::uint16_t type);
     void closeLast(const char* end);
+    void leaveCutTail();
     bool findType(std::string_view name, std::uint16_t& type);
     void spoil(const char* at, int groupCode, const std::string& what);
     const char* resynchronise(const DxfTag& bad) const;
@@ -48,7 +50,7 @@ private:
     DxfFile& m_file;
     const char* const m_begin;
     const char* const m_end;
-    const char* m_tail;   // first byte after EOF
+    const char* m_tail;   // first byte after EOF, or after the last whole tag
     int m_handleCode = 0; // under which the record at hand may still show its handle; 0: no more
     int m_spoiled = 0;
     std::array<CachedName, 256> m_cache{};

@@ -17,6 +17,7 @@ struct DxfRecord {
         handleRepaired = 1, ///< `handle` is not the one in its bytes, which may have none: see DxfFile::repairedBytes
         spoiled = 2,        ///< a tag of it cannot be read: keep it as bytes
         pseudo = 4,         ///< no record: bytes before the first or after the last one
+        lost = 8,           ///< the medium no longer gives its bytes: see DxfFile::findLost
         ownFlags = 15
     };
 };

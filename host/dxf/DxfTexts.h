@@ -12,6 +12,11 @@ inline constexpr char fileNotFound[] = "fichier introuvable";
 inline constexpr char accessDenied[] = "accès refusé";
 inline constexpr char notAFile[] = "ce n'est pas un fichier";
 inline constexpr char cannotRead[] = "lecture impossible";
+inline constexpr char beingWritten[] = "un autre programme est en train de l'écrire ; rouvrez-le quand il aura fini";
+inline constexpr char notEnoughMemory[] = "mémoire insuffisante";
+inline constexpr char lostOnMedium[] = "perdu : le support ne donne plus ces octets (retiré ou endommagé)";
+inline constexpr char structureLost[] =
+    "la structure du dessin est perdue, le support ne la donne plus ; il ne peut être enregistré";
 inline constexpr char emptyFile[] = "fichier vide";
 inline constexpr char isDwg[] = "c'est un dessin DWG : donnez-lui l'extension « .dwg »";
 inline constexpr char noSection[] = "aucune section, ce n'est pas un dessin DXF";
@@ -22,7 +27,19 @@ inline constexpr char tooSpoiled[] = "trop de lignes illisibles";
 inline constexpr char missingEof[] = "la marque de fin « EOF » manque";
 inline constexpr char strayRecords[] = "enregistrements hors de toute section";
 inline constexpr char strayEndsec[] = "« ENDSEC » sans section ouverte";
+inline constexpr char endsecWithin[] = "« ENDSEC » au milieu d'une section, retiré";
+inline constexpr char originalKept[] = "au premier enregistrement, l'original est gardé sous un nom en « .original »";
 inline constexpr char tagCut[] = "donnée illisible ou coupée";
+
+inline constexpr char keepsDamaged[] = "le support ne donne plus tout le dessin (retiré ou endommagé), le fichier "
+                                       "n'est pas remplacé ; enregistrez sous un "
+                                       "autre nom ce qui a été lu et modifié";
+
+inline std::string rescued(std::size_t records)
+{
+    return "le support ne donne plus tout le dessin (" + std::to_string(records) +
+           " objets touchés) : seuls ceux qui avaient été lus sont enregistrés";
+}
 
 /// The head of a line that could not be read, whatever its encoding.
 inline std::string shown(std::string_view line)
@@ -44,6 +61,11 @@ inline std::string valueUnder(int groupCode, std::string_view value)
 inline std::string sectionCut(std::string_view name)
 {
     return "fichier tronqué, la section « " + shown(name) + " » n'est pas terminée";
+}
+
+inline std::string recordCut(std::string_view type)
+{
+    return "le dernier objet (" + shown(type) + ") est coupé ou peut l'être, il n'est pas repris";
 }
 
 inline std::string sectionNotClosed(std::string_view name)

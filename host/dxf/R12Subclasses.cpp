@@ -87,6 +87,17 @@ const std::vector<R12Subclass>& r12Subclasses(std::string_view entity, std::int6
         {"ATTDEF", {{"AcDbText", true, {}}, {"AcDbAttributeDefinition", false, {3, 2, 70, 73, 74}}}},
         {"BLOCK", only("AcDbBlockBegin")},
         {"ENDBLK", only("AcDbBlockEnd")},
+        // Not of R12, yet found in files that say so.
+        {"LWPOLYLINE", only("AcDbPolyline")},
+        {"ELLIPSE", only("AcDbEllipse")},
+        {"SPLINE", only("AcDbSpline")},
+        {"MTEXT", only("AcDbMText")},
+        {"HATCH", only("AcDbHatch")},
+        {"LEADER", only("AcDbLeader")},
+        {"MLINE", only("AcDbMline")},
+        {"RAY", only("AcDbRay")},
+        {"XLINE", only("AcDbXline")},
+        {"TOLERANCE", only("AcDbFcf")},
     };
     static const Subclasses none;
     if (entity == "POLYLINE")

@@ -88,6 +88,52 @@ void R2000Upgrade::plan()
         }
     }
     planBlocks();
+    planRoot();
+}
+
+std::map<std::string, std::uint64_t> R2000Upgrade::entriesOf(std::uint64_t dictionary) const
+{
+    std::map<std::string, std::uint64_t> entries;
+    const std::uint32_t at = m_old.handles().find(dictionary);
+    if (at == HandleTable::none)
+        return entries;
+    std::string key;
+    for (const DxfTag& tag : tagsOf(at)) {
+        std::uint64_t handle = 0;
+        if (tag.code == 3)
+            key = dxfText(tag);
+        else if ((tag.code == 350 || tag.code == 360) && !key.empty() && dxfHandle(tag, handle))
+            entries.emplace(key, handle);
+    }
+    return entries;
+}
+
+/// Layouts and plot styles that an old drawing has already stay its own; no others are made beside them.
+void R2000Upgrade::planRoot()
+{
+    std::map<std::string, std::uint64_t> root;
+    for (std::uint32_t at = 0; at < m_handles.size() && root.empty(); ++at)
+        if (m_handles[at] != 0 && typeOf(at) == "DICTIONARY")
+            root = entriesOf(m_handles[at]);
+    m_normalPlotStyle = m_skeleton.normalPlotStyle();
+    if (const auto styles = root.find("ACAD_PLOTSTYLENAME"); styles != root.end())
+        m_normalPlotStyle = entriesOf(styles->second)["Normal"];
+    const auto layouts = root.find("ACAD_LAYOUT");
+    if (layouts == root.end()) {
+        m_layouts = {{m_blockRecords[modelSpace], m_skeleton.modelLayout()},
+                     {m_blockRecords[paperSpace], m_skeleton.paperLayout()}};
+        return;
+    }
+    for (const auto& [name, layout] : entriesOf(layouts->second)) {
+        const std::uint32_t at = m_old.handles().find(layout);
+        std::uint64_t block = 0;
+        if (at == HandleTable::none)
+            continue;
+        for (const DxfTag& tag : tagsOf(at)) // the last one: the first is the dictionary that owns it
+            if (tag.code == 330)
+                dxfHandle(tag, block);
+        m_layouts.emplace(block, layout);
+    }
 }
 
 void R2000Upgrade::planBlocks()

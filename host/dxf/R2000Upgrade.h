@@ -36,6 +36,9 @@ private:
     std::uint64_t newHandle();
     void plan();
     void planBlocks();
+    void planRoot();
+    /// The entries of a dictionary by their keys; none when it is not there.
+    std::map<std::string, std::uint64_t> entriesOf(std::uint64_t dictionary) const;
     Tags tagsOf(std::uint32_t at) const;
     const std::string& typeOf(std::uint32_t at) const { return m_old.typeName(m_old.records()[at].type); }
     std::string_view textOf(const Tags& tags, int code) const;
@@ -93,4 +96,6 @@ private:
 
     std::uint64_t m_root = 0;
     std::vector<std::string> m_rootKeys;
+    std::uint64_t m_normalPlotStyle = 0;              // 0 where the file's own plot styles lack it
+    std::map<std::uint64_t, std::uint64_t> m_layouts; // of the block records that have one
 };

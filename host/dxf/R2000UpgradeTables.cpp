@@ -84,8 +84,8 @@ void R2000Upgrade::tableEntry(std::uint32_t at)
 void R2000Upgrade::addToEntry(const Tags& tags)
 {
     const std::string key = symbolKey(textOf(tags, 2));
-    if (m_table == "LAYER" && !has(tags, 390))
-        m_write.handle(390, m_skeleton.normalPlotStyle());
+    if (m_table == "LAYER" && !has(tags, 390) && m_normalPlotStyle != 0)
+        m_write.handle(390, m_normalPlotStyle);
     if (m_table == "BLOCK_RECORD" && !has(tags, 340))
         layoutOf(key);
     if (m_table != "DIMSTYLE")
@@ -99,12 +99,12 @@ void R2000Upgrade::addToEntry(const Tags& tags)
     }
 }
 
-// Which layout shows a block: only the two spaces have one.
+// Which layout shows a block: spaces have one, other blocks none.
 void R2000Upgrade::layoutOf(const std::string& key)
 {
-    m_write.handle(340, key == modelSpace   ? m_skeleton.modelLayout()
-                        : key == paperSpace ? m_skeleton.paperLayout()
-                                            : 0);
+    const auto block = m_blockRecords.find(key);
+    const auto layout = block == m_blockRecords.end() ? m_layouts.end() : m_layouts.find(block->second);
+    m_write.handle(340, layout == m_layouts.end() ? 0 : layout->second);
 }
 
 void R2000Upgrade::newEntry(std::string_view name)
@@ -125,7 +125,8 @@ void R2000Upgrade::newEntry(std::string_view name)
     if (m_table == "LAYER") {
         m_write.integer(62, 7);
         m_write.rawText(6, "Continuous");
-        m_write.handle(390, m_skeleton.normalPlotStyle());
+        if (m_normalPlotStyle != 0)
+            m_write.handle(390, m_normalPlotStyle);
     } else if (m_table == "LTYPE") {
         m_write.rawText(3, "");
         m_write.integer(72, 65);

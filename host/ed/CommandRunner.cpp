@@ -1,6 +1,7 @@
 #include "ed/CommandRunner.h"
 
 #include "ed/CommandFrame.h"
+#include "ed/EditorReactors.h"
 #include "lisp/LispCall.h"
 #include "lisp/LispFunctionTable.h"
 #include "lisp/LispHooks.h"
@@ -134,12 +135,15 @@ void CommandRunner::runInside(const Called& called, CalledBy caller, CommandOutc
     const CommandFrame frame(DocumentList::instance().current(), called.flags, called.name);
     for (CommandWatcher* const watcher : m_watchers)
         watcher->commandStarts(called.name, called.flags, m_running.size());
+    EditorReactors::instance().tell(&AcEditorReactor::commandWillStart, called.name);
     try {
         const ModuleTable::Running running(called.module);
         outcome.failure = called.body();
     } catch (...) {
         outcome.failure = L"La commande « " + called.name + L" » a échoué : " + currentExceptionText() + L".";
     }
+    EditorReactors::instance().tell(
+        outcome.failure.empty() ? &AcEditorReactor::commandEnded : &AcEditorReactor::commandFailed, called.name);
     reportLeftBehind(called, frame.leftBehind());
     for (CommandWatcher* const watcher : m_watchers)
         watcher->commandEnds(called.name, called.flags, m_running.size());

@@ -219,7 +219,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"TEXTEVAL", session, writable, zero, nullptr, 0, 1},
         {L"TEXTSIZE", drawing, writable, 2.5},
         {L"TEXTSTYLE", textStyleOfDrawing, writable, text(L"Standard")},
-        {L"TILEMODE", drawing, writable, one, nullptr, 0, 1},
+        {L"TILEMODE", session, writable, one, nullptr, 1, 1},
         {L"UCSFOLLOW", session, writable, zero, nullptr, 0, 1},
         {L"UCSICON", session, writable, short{3}, nullptr, 0, 3},
         {L"UCSNAME", session, readOnly, text(L"")},

@@ -1,33 +1,65 @@
 #include "gi/BlockGraphics.h"
 
+#include <algorithm>
+
 #include "db/DatabaseImpl.h"
 #include "gi/EntityGraphics.h"
 
 namespace {
-constexpr int deepest = 100; // blocks within blocks; more would be no drawing, and much of the stack
+/// What of a box lies within another, as seen from above.
+AcDbExtents common(const AcDbExtents& box, const AcDbExtents& within)
+{
+    const AcGePoint3d low(std::max(box.minPoint().x, within.minPoint().x),
+                          std::max(box.minPoint().y, within.minPoint().y), box.minPoint().z);
+    const AcGePoint3d high(std::min(box.maxPoint().x, within.maxPoint().x),
+                           std::min(box.maxPoint().y, within.maxPoint().y), box.maxPoint().z);
+    AcDbExtents both;
+    if (low.x <= high.x && low.y <= high.y) {
+        both.addPoint(low);
+        both.addPoint(high);
+    }
+    return both;
 }
+} // namespace
 
 const BlockGraphics::Block& BlockGraphics::of(AcDbStub* block)
 {
-    static const Block nothing;
-    if (m_depth >= deepest)
-        return nothing;
-    const auto [found, isNew] = m_blocks.try_emplace(block);
-    if (!isNew)
-        return *found->second;
-    Block& made = *(found->second = std::make_unique<Block>()); // `found` is void once others are added
+    if (const auto known = m_blocks.find(block); known != m_blocks.end())
+        return *known->second;
+    // Boxes are known from within outwards; the blocks in between stand in a list, however deep they nest.
+    std::vector<Reading> readings{read(block)};
+    while (!readings.empty()) {
+        Reading& reading = readings.back();
+        if (!reading.nested.empty()) {
+            AcDbStub* const nested = reading.nested.back();
+            reading.nested.pop_back();
+            if (!m_blocks.contains(nested))
+                readings.push_back(read(nested));
+            continue;
+        }
+        reading.block->box = boxOf(reading.block->list, true);
+        readings.pop_back();
+    }
+    return *m_blocks.at(block);
+}
+
+BlockGraphics::Reading BlockGraphics::read(AcDbStub* block)
+{
+    Block& made = *(m_blocks[block] = std::make_unique<Block>());
+    Reading reading{&made, {}};
     if (!block)
-        return made;
+        return reading;
     const std::vector<AcDbStub*> entities = AcDbDatabaseImpl::of(block).blocks().of(block).entities;
     for (AcDbStub* stub : entities) {
         const AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(stub)};
         if (entity.object())
             addEntity(*entity.object(), Standing::withinBlock, made.list);
     }
-    ++m_depth;
-    made.box = boxOf(made.list, true);
-    --m_depth;
-    return made;
+    for (const DisplayPart& part : made.list.parts())
+        for (std::uint32_t i = part.first; made.list.showsBlocks() && i < part.last; ++i)
+            if (const auto* use = std::get_if<std::unique_ptr<BlockUse>>(&made.list.primitive(i)))
+                reading.nested.push_back((*use)->block);
+    return reading;
 }
 
 AcDbExtents BlockGraphics::boxOf(const DisplayList& list, bool withHidden)
@@ -44,7 +76,7 @@ AcDbExtents BlockGraphics::boxOf(const DisplayList& list, bool withHidden)
 
 AcDbExtents BlockGraphics::boxOf(const DisplayList& list, const DisplayPart& part)
 {
-    AcDbExtents box = part.box;
+    AcDbExtents box = part.isEndless ? AcDbExtents() : part.box;
     for (std::uint32_t i = part.first; list.showsBlocks() && i < part.last; ++i)
         if (const auto* use = std::get_if<std::unique_ptr<BlockUse>>(&list.primitive(i)))
             if (const AcDbExtents shown = boxOf(**use); !shown.isEmpty())
@@ -57,6 +89,14 @@ AcDbExtents BlockGraphics::boxOf(const BlockUse& use)
     AcDbExtents cell = of(use.block).box;
     if (cell.isEmpty())
         return cell;
+    if (!use.clip.empty()) {
+        AcDbExtents within;
+        for (const AcGePoint3d& point : use.clip)
+            within.addPoint(point);
+        cell = common(cell, within);
+        if (cell.isEmpty())
+            return cell;
+    }
     cell.transformBy(use.toOwner);
     AcDbExtents box;
     for (const int row : {0, use.rows - 1})

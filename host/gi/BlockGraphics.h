@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include "gi/DisplayList.h"
 
@@ -26,7 +27,13 @@ public:
     AcDbExtents boxOf(const BlockUse& use);
 
 private:
+    /// A block whose box waits for those of the blocks that it shows.
+    struct Reading {
+        Block* block;
+        std::vector<AcDbStub*> nested;
+    };
+    Reading read(AcDbStub* block);
+
     // One that is being read is there already, empty: a block within itself shows nothing of itself.
     std::unordered_map<AcDbStub*, std::unique_ptr<Block>> m_blocks;
-    int m_depth = 0;
 };

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr double mostPatterns = 20000.0; // cut of one segment
-constexpr double leastLength = 1e-9;     // of a dash or a gap, in patterns: less is the rounding of sums
+constexpr int mostPieces = 40000;    // cut of one segment: finer than any view shows
+constexpr double leastLength = 1e-9; // of a dash or a gap, in patterns: less is the rounding of sums
 
 double flatLength(const AcGePoint3d& from, const AcGePoint3d& to)
 {
@@ -57,24 +57,40 @@ void DashCutter::cutAt(const AcGePoint3d& from, const AcGePoint3d& to, double ph
     flush();
 }
 
-/// Which element of the pattern covers a distance from the start.
+double DashCutter::lengthOf(std::size_t element) const
+{
+    return std::fabs(m_dashes.lengths[element]) * m_scale;
+}
+
+/// Which element of the pattern covers a distance from the start: never a dot, which has no length to stand on.
 DashCutter::Place DashCutter::placeAt(double distance) const
 {
     const double nothing = m_pattern * leastLength;
     if (m_lengthened && distance < m_ends - nothing)
-        return {0, m_ends - distance};
+        return {0, m_ends - distance, false};
     if (m_lengthened && distance >= m_length - m_ends - nothing)
-        return {0, std::max(m_length - distance, nothing)};
+        return {0, std::max(m_length - distance, nothing), false};
     double into = std::fmod(distance + m_phase, m_pattern);
     if (into < 0.0)
         into += m_pattern;
+    if (into > m_pattern - nothing) // the next pattern, but for rounding
+        into = 0.0;
     for (std::size_t i = 0; i < m_dashes.lengths.size(); ++i) {
-        const double own = std::fabs(m_dashes.lengths[i]) * m_scale;
+        const double own = lengthOf(i);
         if (into < own - nothing)
-            return {i, own - into};
+            return {i, own - into, into <= nothing};
         into -= own;
     }
-    return {0, std::fabs(m_dashes.lengths.front()) * m_scale};
+    return {0, m_pattern, false}; // elements that are all but nothing
+}
+
+/// The dots between an element that begins at `where` and the one before.
+void DashCutter::showDotsBefore(std::size_t element, const AcGePoint3d& where)
+{
+    const std::size_t count = m_dashes.lengths.size();
+    const AcGePoint3d dot[] = {where, where};
+    for (std::size_t back = 1; back < count && m_dashes.lengths[(element + count - back) % count] == 0.0; ++back)
+        m_take(dot);
 }
 
 void DashCutter::cutSegment(const AcGePoint3d& from, const AcGePoint3d& to, double begun, double length)
@@ -87,15 +103,14 @@ void DashCutter::cutSegment(const AcGePoint3d& from, const AcGePoint3d& to, doub
     if (start > 0.0)
         flush();
     const auto at = [&](double distance) { return between(from, to, distance / length); };
-    if ((end - start) * length > mostPatterns * m_pattern) {
-        const AcGePoint3d whole[] = {at(start * length), at(end * length)};
-        flush();
-        return m_take(whole);
-    }
     double passed = start * length;
     const double last = end * length;
-    Place place = placeAt(begun + passed);
-    while (passed < last) {
+    const double expected = (last - passed) / m_pattern * static_cast<double>(m_dashes.lengths.size());
+    // Far from the segment's start a piece may be too short to be added to the distance: they are counted as well.
+    for (int pieces = 0; passed < last && pieces < mostPieces && expected < mostPieces; ++pieces) {
+        const Place place = placeAt(begun + passed);
+        if (place.isBegin)
+            showDotsBefore(place.element, at(passed));
         const bool down = m_dashes.lengths[place.element] >= 0.0;
         const double until = std::min(passed + place.left, last);
         if (down) {
@@ -106,13 +121,11 @@ void DashCutter::cutSegment(const AcGePoint3d& from, const AcGePoint3d& to, doub
         if (until < last || !down)
             flush();
         passed = until;
-        // Dots have no length to stand on: those behind this element are shown as it ends.
-        for (std::size_t i = place.element + 1;
-             until < last && i < m_dashes.lengths.size() && m_dashes.lengths[i] == 0.0; ++i) {
-            const AcGePoint3d dot[] = {at(until), at(until)};
-            m_take(dot);
-        }
-        place = placeAt(begun + passed);
+    }
+    if (passed < last) {
+        const AcGePoint3d whole[] = {at(passed), at(last)};
+        flush();
+        return m_take(whole);
     }
     if (end < 1.0)
         flush();

@@ -10,7 +10,8 @@
 /// Cuts polylines into the dashes of a linetype, as seen from above.
 ///
 /// A line begins and ends with a dash: what does not fill a whole pattern lengthens the two. One too short for a
-/// pattern, or whose dashes could not be told apart in the view, stays whole. Only the part in the view is cut.
+/// pattern, or whose dashes could not be told apart in the view, stays whole. Only the part in the view is cut, into a
+/// bounded number of pieces whatever the pattern.
 class DashCutter {
 public:
     using Take = std::function<void(std::span<const AcGePoint3d>)>;
@@ -27,9 +28,12 @@ public:
 private:
     struct Place {
         std::size_t element;
-        double left; ///< of that element
+        double left;  ///< of that element
+        bool isBegin; ///< of that element, in its usual length
     };
+    double lengthOf(std::size_t element) const;
     Place placeAt(double distance) const;
+    void showDotsBefore(std::size_t element, const AcGePoint3d& where);
     void cutSegment(const AcGePoint3d& from, const AcGePoint3d& to, double begun, double length);
     void flush();
 

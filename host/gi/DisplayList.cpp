@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "ge/Angles.h"
-#include "gi/TextMetrics.h"
+#include "text/TextMetrics.h"
 
 namespace {
 

@@ -101,6 +101,7 @@ struct BlockUse {
     AcGeMatrix3d toOwner; ///< of the first cell
     int rows = 1, columns = 1;
     AcGeVector3d rowStep, columnStep;
+    std::vector<AcGePoint3d> clip; ///< ring outside of which nothing shows, in the block; empty for none
 };
 
 using Primitive = std::variant<Path, Area, PointMark, Label, Anchor, std::unique_ptr<WidePath>,
@@ -114,6 +115,7 @@ struct DisplayPart {
     std::uint32_t first = 0, last = 0;
     bool isAttribute = false; ///< of the reference before it
     bool isHidden = false;    ///< an invisible attribute
+    bool isEndless = false;   ///< a line that goes on beyond any view: it says nothing of the drawing's size
 };
 
 class DisplayList {

@@ -1,11 +1,16 @@
 #include "gi/EntityGraphics.h"
 
+#include <algorithm>
 #include <unordered_map>
+
+#include "db/DatabaseImpl.h"
+#include "gi/ReferenceClip.h"
 
 #include "dbdim.h"
 #include "dbelipse.h"
 #include "dbhatch.h"
 #include "dbmtext.h"
+#include "dbproxy.h"
 #include "dbspline.h"
 
 namespace {
@@ -60,6 +65,7 @@ void addReference(const AcDbBlockReference& reference, DisplayList& list)
     BlockUse use;
     use.block = reference.blockTableRecord().stub();
     use.toOwner = reference.blockTransform();
+    use.clip = clipOf(reference);
     if (const auto* array = AcDbMInsertBlock::cast(&reference)) {
         const AcGeMatrix3d turned =
             planeOf(reference.normal()) * AcGeMatrix3d::rotation(reference.rotation(), AcGeVector3d::kZAxis);
@@ -73,11 +79,21 @@ void addReference(const AcDbBlockReference& reference, DisplayList& list)
     addAttributes(reference, list);
 }
 
+bool showsAnything(AcDbStub* block)
+{
+    if (!block || isErased(*recordOf(block)))
+        return false;
+    const std::vector<AcDbStub*>& entities = AcDbDatabaseImpl::of(block).blocks().of(block).entities;
+    return std::ranges::any_of(entities, [](AcDbStub* entity) { return !isErased(*recordOf(entity)); });
+}
+
 /// The block of a dimension is drawn in the world, and moved by as much as the dimension was since.
 void addDimension(const AcDbDimension& dimension, DisplayList& list)
 {
     BlockUse use;
     use.block = dimension.dimBlockId().stub();
+    if (!showsAnything(use.block))
+        return addBareDimension(dimension, list);
     use.toOwner = AcGeMatrix3d::translation(dimension.dimBlockPosition().asVector());
     list.add(use);
 }
@@ -107,6 +123,7 @@ const std::unordered_map<const AcRxClass*, Add>& kinds()
         {AcDbPolyFaceMesh::desc(), kind<AcDbVertexMesh, addMesh>},
         {AcDbHatch::desc(), kind<AcDbHatch, addHatch>},
         {AcDbDimension::desc(), kind<AcDbDimension, addDimension>},
+        {AcDbProxyEntity::desc(), kind<AcDbEntity, addByTags>},
     };
     return table;
 }
@@ -132,6 +149,8 @@ void addEntity(const AcDbEntity& entity, Standing standing, DisplayList& list)
 {
     const Add add = kindOf(entity.isA());
     if (!add || entity.visibility() == AcDb::kInvisible)
+        return;
+    if (entity.isKindOf(AcDbProxyEntity::desc()) && !isShownByTags(entity))
         return;
     list.begin(entity);
     add(entity, standing, list);

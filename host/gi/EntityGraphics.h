@@ -34,6 +34,11 @@ void addQuad(const AcDbFilledQuad& quad, DisplayList& list);
 void addMesh(const AcDbVertexMesh& mesh, DisplayList& list);
 // HatchGraphics.cpp
 void addHatch(const class AcDbHatch& hatch, DisplayList& list);
+// DimensionGraphics.cpp: by its own data, where no block shows it
+void addBareDimension(const class AcDbDimension& dimension, DisplayList& list);
+// ForeignGraphics.cpp: of classes that are not modelled, by the tags of their file
+bool isShownByTags(const AcDbEntity& entity);
+void addByTags(const AcDbEntity& entity, DisplayList& list);
 
 /// A plane path of vertices with bulges, shown through `toOwner`.
 struct BulgedVertex {

@@ -152,12 +152,15 @@ void SceneContents::place(Item& item, const DisplayList& list)
     item.showsBlocks = list.showsBlocks();
     item.box = boxIn(m_blocks.boxOf(list, m_attributeMode == 2), Placement());
     item.core = item.box;
-    item.isPoint = false;
+    item.isPoint = item.isEndless = false;
     item.textHeight = 0.0F;
     if (list.parts().empty())
         return;
     const DisplayPart& part = list.parts().front();
     item.look = part.look;
+    item.isEndless = part.isEndless;
+    if (item.isEndless)
+        item.core = item.box = boxIn(part.box, Placement());
     item.isPoint = part.first < part.last && std::holds_alternative<PointMark>(list.primitive(part.first));
     if (list.parts().size() == 1)
         return;
@@ -250,9 +253,12 @@ void SceneContents::buildIndex()
     m_whole = Box2d();
     std::vector<Box2d> boxes;
     boxes.reserve(m_items.size());
-    for (Item& item : m_items) {
-        item.isLoose = false;
-        boxes.push_back(item.box);
+    for (std::size_t i = 0; i < m_items.size(); ++i) {
+        Item& item = m_items[i];
+        item.isLoose = item.isEndless; // in the tree one of them would blur all the others
+        if (item.isEndless)
+            m_loose.push_back(static_cast<std::uint32_t>(i));
+        boxes.push_back(item.isEndless ? Box2d() : item.box);
         m_whole.add(item.box);
     }
     m_index.build(boxes);
@@ -288,14 +294,30 @@ const Box2d* SceneContents::boxOf(AcDbObjectId entity)
     return found == m_positions.end() ? nullptr : &m_items[found->second].box;
 }
 
+/// Where lines without end begin: all there is to go by in a drawing of nothing else.
+Box2d SceneContents::boxOfBases()
+{
+    Box2d box;
+    for (const Item& item : m_items) {
+        bool busy = false;
+        if (!item.isEndless)
+            continue;
+        const std::unique_ptr<DisplayList> list = listOf(item.stub, busy);
+        if (!list->parts().empty())
+            if (const auto* base = std::get_if<Anchor>(&list->primitive(0)))
+                box.add(base->point);
+    }
+    return box;
+}
+
 Box2d SceneContents::extents()
 {
     update();
     Box2d box;
     for (const Item& item : m_items) {
         const LayerState& layer = m_tables.layer(item.look.layer);
-        if (!item.box.isEmpty() && !layer.off && !layer.frozen)
+        if (!item.box.isEmpty() && !item.isEndless && !layer.off && !layer.frozen)
             box.add(item.box);
     }
-    return box;
+    return box.isEmpty() ? boxOfBases() : box;
 }

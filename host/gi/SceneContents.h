@@ -67,8 +67,9 @@ private:
         std::uint32_t used = 0;
         float textHeight = 0.0F; ///< of the tallest attribute
         bool showsBlocks = false;
-        bool isPoint = false; ///< shown by a figure, however small its box
-        bool isLoose = false; ///< changed since the index was built
+        bool isPoint = false;   ///< shown by a figure, however small its box
+        bool isLoose = false;   ///< changed since the index was built
+        bool isEndless = false; ///< its box says nothing of the drawing's size
     };
 
     /// Whether it is a dot at most: of a symbol far away the texts are finer than a line, and left out.
@@ -94,6 +95,7 @@ private:
     void loosen(std::uint32_t at);
     void buildIndex();
     double figureReach();
+    Box2d boxOfBases();
 
     AcDbDatabase& m_database;
     AcDbStub* m_block;

@@ -32,7 +32,7 @@ double pointFigureSize(const SceneTables::Settings& settings, double viewHeight)
 SceneDrawing::SceneDrawing(SceneTables& tables, BlockGraphics& blocks, const SceneView& view, double figureHeight,
                            GraphicsSink& sink) :
     SceneWalk(tables, blocks, view),
-    m_sink(sink),
+    m_sink(&sink),
     m_figureHeight(figureHeight),
     m_reach(viewBox().grown(view.width + view.height))
 {
@@ -43,8 +43,22 @@ bool SceneDrawing::stopped()
 {
     constexpr unsigned interval = 64;
     if (!m_stopped && ++m_asked % interval == 0)
-        m_stopped = m_sink.stopped();
+        m_stopped = m_sink->stopped();
     return m_stopped;
+}
+
+void SceneDrawing::beginClip(Points ring)
+{
+    m_clips.push_back(std::make_unique<ClippedSink>(*m_sink, std::move(ring)));
+    m_below.push_back(m_sink);
+    m_sink = m_clips.back().get();
+}
+
+void SceneDrawing::endClip()
+{
+    m_sink = m_below.back();
+    m_below.pop_back();
+    m_clips.pop_back();
 }
 
 bool SceneDrawing::isSpeck(const Box2d& box) const
@@ -83,13 +97,13 @@ void SceneDrawing::stroke(GraphicsSink::Points points, const Pen& pen)
     if (!box.touches(viewBox()))
         return;
     if (isSpeck(box))
-        return m_sink.dot(points.front(), pen.look);
+        return m_sink->dot(points.front(), pen.look);
     const auto take = [&](GraphicsSink::Points run) {
         const bool isDot = run.size() == 2 && run[0].x == run[1].x && run[0].y == run[1].y && view().simplified;
         if (isDot)
-            m_sink.dot(run[0], pen.look);
+            m_sink->dot(run[0], pen.look);
         else
-            m_sink.polyline(run, pen.look);
+            m_sink->polyline(run, pen.look);
     };
     if (pen.dashes && view().dashes)
         DashCutter(*pen.dashes, pen.dashScale, leastPattern * view().pixel, m_reach, take).cut(points);
@@ -109,7 +123,7 @@ void SceneDrawing::fill(std::vector<Points> rings, const Pen& pen)
     if (!box.touches(viewBox()))
         return;
     if (isSpeck(box))
-        return m_sink.dot(rings.front().front(), pen.look);
+        return m_sink->dot(rings.front().front(), pen.look);
     if (!tables().settings().fill) {
         for (Points& ring : rings) {
             ring.push_back(ring.front());
@@ -123,7 +137,7 @@ void SceneDrawing::fill(std::vector<Points> rings, const Pen& pen)
         std::erase_if(rings, [](const Points& ring) { return ring.size() < 3; });
     }
     if (!rings.empty())
-        m_sink.polygon(rings, pen.look);
+        m_sink->polygon(rings, pen.look);
 }
 
 std::vector<SceneDrawing::Points> SceneDrawing::flattened(const std::vector<Path>& rings, const Placement& place) const
@@ -165,7 +179,7 @@ void SceneDrawing::show(const Pattern& pattern, const Placement& place, const Pe
     for (const Points& ring : rings)
         box.add(boxOf(ring));
     if (isSpeck(box))
-        return m_sink.dot(rings.front().front(), pen.look);
+        return m_sink->dot(rings.front().front(), pen.look);
     const Pen whole{pen.look, nullptr, 1.0};
     for (const PatternFamily& family : pattern.families) {
         const PatternFamily placed{place(family.base), place(family.direction), place(family.offset), family.dashes};
@@ -188,7 +202,7 @@ void SceneDrawing::show(const PointMark& mark, const Placement& place, const Pen
         return;
     if (settings.pointMode == 0 || (half < view().pixel && view().simplified)) {
         if (settings.pointMode != nothing)
-            m_sink.dot(at, pen.look);
+            m_sink->dot(at, pen.look);
         return;
     }
     const double cosine = std::cos(mark.rotation), sine = std::sin(mark.rotation);
@@ -210,7 +224,7 @@ void SceneDrawing::show(const PointMark& mark, const Placement& place, const Pen
     } else if (figure == tick)
         line(0.0, 0.0, 0.0, half);
     else if (figure != nothing)
-        m_sink.dot(at, pen.look);
+        m_sink->dot(at, pen.look);
     if ((settings.pointMode & circled) != 0) {
         Path circle;
         circle.points = {corner(half, 0.0), corner(half, 0.0)};
@@ -238,11 +252,11 @@ void SceneDrawing::show(const Label& label, const Placement& place, const Pen& p
     item.underlined = label.underlined;
     item.overlined = label.overlined;
     item.struck = label.struck;
-    m_sink.text(item, lookOf(label, pen));
+    m_sink->text(item, lookOf(label, pen));
 }
 
 void SceneDrawing::shrunk(const AcGePoint3d& at, const Pen& pen)
 {
     if (viewBox().holds(at.x, at.y))
-        m_sink.dot(at, pen.look);
+        m_sink->dot(at, pen.look);
 }

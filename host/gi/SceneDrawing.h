@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gi/ClippedSink.h"
 #include "gi/SceneWalk.h"
 
 /// Draws display lists on a sink: follows curves, cuts dashes, fills patterns with lines, cuts what reaches far outside
@@ -13,8 +14,10 @@ public:
     bool isStopped() { return stopped(); }
 
 protected:
-    bool enter(AcDbObjectId entity, const Placement& place) override { return m_sink.enter(entity, place.matrix()); }
-    void leave() override { m_sink.leave(); }
+    bool enter(AcDbObjectId entity, const Placement& place) override { return m_sink->enter(entity, place.matrix()); }
+    void leave() override { m_sink->leave(); }
+    void beginClip(std::vector<AcGePoint3d> ring) override;
+    void endClip() override;
     bool stopped() override;
     void show(const Path& path, const Placement& place, const Pen& pen) override;
     void show(const WidePath& path, const Placement& place, const Pen& pen) override;
@@ -35,7 +38,9 @@ private:
     std::vector<Points> flattened(const std::vector<Path>& rings, const Placement& place) const;
     bool isSpeck(const Box2d& box) const;
 
-    GraphicsSink& m_sink;
+    GraphicsSink* m_sink;
+    std::vector<std::unique_ptr<ClippedSink>> m_clips; // those that are on, each above the one before
+    std::vector<GraphicsSink*> m_below;
     double m_figureHeight;
     Box2d m_reach; // what lies beyond it is cut away
     Points m_points;

@@ -25,7 +25,10 @@ LayerState stateOf(const AcDbLayerTableRecord& layer)
 
 Dashes usableDashes(std::vector<double> lengths)
 {
+    constexpr std::size_t mostElements = 1000; // a linetype has a dozen
     Dashes dashes;
+    if (lengths.size() > mostElements)
+        return dashes;
     bool gap = false;
     for (const double length : lengths) {
         dashes.total += std::fabs(length);

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::size_t deepest = 32;
+constexpr std::size_t deepest = 100; // blocks within blocks; more would be no drawing, and much of the stack
 constexpr long mostWithinBlocks = 4000000;
 constexpr double mostCells = 250000; // of rows and columns, in one view
 
@@ -154,7 +154,7 @@ void SceneWalk::showPart(const DisplayList& list, const DisplayPart& part, const
                          const Resolved& resolved)
 {
     const Box2d box = boxIn(part.box, place);
-    const bool ownInView = box.touches(m_viewBox);
+    const bool ownInView = part.isEndless || box.touches(m_viewBox);
     for (std::uint32_t i = part.first; i < part.last; ++i) {
         const Primitive& primitive = list.primitive(i);
         const bool isBlock = std::holds_alternative<std::unique_ptr<BlockUse>>(primitive);
@@ -186,7 +186,7 @@ void SceneWalk::showPrimitive(const Primitive& primitive, const Placement& place
 void SceneWalk::showBlocks(const BlockUse& use, const Placement& place, const Resolved& resolved)
 {
     const BlockGraphics::Block& block = m_blocks.of(use.block);
-    if (block.box.isEmpty() || m_entered.size() >= deepest || std::ranges::find(m_entered, &block) != m_entered.end())
+    if (block.box.isEmpty() || std::ranges::find(m_entered, &block) != m_entered.end())
         return;
     const Placement first = place.then(use.toOwner);
     const Box2d cell = boxIn(block.box, first);
@@ -194,7 +194,7 @@ void SceneWalk::showBlocks(const BlockUse& use, const Placement& place, const Re
         return;
     if (use.rows == 1 && use.columns == 1) {
         if (cell.touches(m_viewBox))
-            showCell(block, first, resolved);
+            showClipped(use, block, first, resolved);
         return;
     }
 
@@ -225,8 +225,21 @@ void SceneWalk::showBlocks(const BlockUse& use, const Placement& place, const Re
             const AcGeVector3d step = use.rowStep * row + use.columnStep * column;
             const Placement placed = place.then(AcGeMatrix3d::translation(step) * use.toOwner);
             if (boxIn(block.box, placed).touches(m_viewBox))
-                showCell(block, placed, resolved);
+                showClipped(use, block, placed, resolved);
         }
+}
+
+void SceneWalk::showClipped(const BlockUse& use, const BlockGraphics::Block& block, const Placement& place,
+                            const Resolved& resolved)
+{
+    if (use.clip.empty())
+        return showCell(block, place, resolved);
+    std::vector<AcGePoint3d> ring;
+    for (const AcGePoint3d& point : use.clip)
+        ring.push_back(place(point));
+    beginClip(std::move(ring));
+    showCell(block, place, resolved);
+    endClip();
 }
 
 void SceneWalk::showCell(const BlockGraphics::Block& block, const Placement& place, const Resolved& resolved)
@@ -236,7 +249,7 @@ void SceneWalk::showCell(const BlockGraphics::Block& block, const Placement& pla
         const AcGePoint2d center = box.center();
         return shrunk(AcGePoint3d(center.x, center.y, 0.0), resolved.pen);
     }
-    if (m_left < 0) {
+    if (m_left < 0 || m_entered.size() >= deepest) {
         if (isSpent())
             return;
         --m_left;

@@ -35,6 +35,9 @@ public:
 protected:
     virtual bool enter(AcDbObjectId /*entity*/, const Placement& /*place*/) { return true; }
     virtual void leave() {}
+    /// What follows up to `endClip` shows within a ring of the world only.
+    virtual void beginClip(std::vector<AcGePoint3d> /*ring*/) {}
+    virtual void endClip() {}
     virtual bool stopped() { return false; }
     virtual void show(const Path& path, const Placement& place, const Pen& pen) = 0;
     virtual void show(const WidePath& path, const Placement& place, const Pen& pen) = 0;
@@ -68,6 +71,8 @@ private:
     void showPart(const DisplayList& list, const DisplayPart& part, const Placement& place, const Resolved& resolved);
     void showPrimitive(const Primitive& primitive, const Placement& place, const Resolved& resolved);
     void showBlocks(const BlockUse& use, const Placement& place, const Resolved& resolved);
+    void showClipped(const BlockUse& use, const BlockGraphics::Block& block, const Placement& place,
+                     const Resolved& resolved);
     void showCell(const BlockGraphics::Block& block, const Placement& place, const Resolved& resolved);
     bool isSmall(const Box2d& box) const;
     bool isSpent() const;

@@ -5,6 +5,30 @@
 #include "accmd.h"
 #include "acedads.h"
 #include "acutads.h"
+#include "rxregsvc.h"
+
+/// Told of the commands that run, those inside others as well. What a reactor changes in the drawing belongs to the
+/// command's step for U: it hears of the start after the step was begun, of the end before it is closed.
+class AcEditorReactor : public AcRxObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcEditorReactor);
+    virtual void commandWillStart(const ACHAR* /*globalName*/) {}
+    /// One of the three ends it: done, cancelled by the user (which a host may count as done), or failed.
+    virtual void commandEnded(const ACHAR* /*globalName*/) {}
+    virtual void commandCancelled(const ACHAR* /*globalName*/) {}
+    virtual void commandFailed(const ACHAR* /*globalName*/) {}
+};
+
+class AcEditor : public AcRxObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcEditor);
+    /// Not owned.
+    virtual void addReactor(AcEditorReactor* reactor) = 0;
+    virtual void removeReactor(AcEditorReactor* reactor) = 0;
+};
+
+#define ACRX_EDITOR_OBJ L"AcEditor"
+#define acedEditor AcEditor::cast(acrxSysRegistry()->at(ACRX_EDITOR_OBJ))
 
 class AcDbViewTableRecord;
 class AcDbViewport;

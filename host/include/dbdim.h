@@ -102,6 +102,7 @@ public:
     AcGePoint3d xLine1End() const { return m_point14; }
     AcGePoint3d xLine2Start() const { return m_point15; }
     AcGePoint3d xLine2End() const { return definitionPoint(); }
+    AcGePoint3d arcPoint() const { return m_point16; }
 };
 
 class AcDb3PointAngularDimension : public AcDbDimension {

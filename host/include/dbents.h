@@ -235,7 +235,8 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// Attributes go along. Changes of shape that no scale factors express give eInvalidInput.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
-    /// One level: copies of the block's entities; an attribute definition that is not constant is left out.
+    /// One level: copies of the block's entities; an attribute definition that is not constant is left out. What scale
+    /// factors that differ would bend out of its kind comes as its own parts. eOutOfRange when there are too many.
     Acad::ErrorStatus explode(AcDbVoidPtrArray& entities) const override;
 
 protected:
@@ -248,8 +249,8 @@ protected:
 private:
     friend struct DxfFieldsOfReferences;
     friend class BlockExtents;
+    friend class BlockParts;
     AcGeMatrix3d placement() const;
-    static Acad::ErrorStatus explodeOne(const AcDbEntity& entity, const AcGeMatrix3d& matrix, AcDbVoidPtrArray& made);
 
     AcDbStub* m_block = nullptr;
     AcGePoint3d m_position; // in the coordinates of its plane

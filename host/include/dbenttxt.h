@@ -6,8 +6,6 @@
 
 /// Single-line texts: plain ones, attributes and their definitions. Part of dbents.h.
 
-struct TextBox;
-
 /// One line of text.
 class AcDbText : public AcDbEntity {
 public:
@@ -53,7 +51,7 @@ public:
     bool isMirroredInX() const { return (m_generation & 2) != 0; }
     bool isMirroredInY() const { return (m_generation & 4) != 0; }
 
-    /// An estimate: every character is as wide as the text is high, times the width factor.
+    /// By the widths of the one font that texts are shown in.
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// Height and width follow the axes of the text; slanting changes of shape give eInvalidInput.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
@@ -65,8 +63,6 @@ protected:
 
 private:
     friend struct DxfFieldsOfTexts;
-    double estimatedWidth() const;
-    TextBox box() const;
     void placeByAlignment();
 
     AcGePoint3d m_position, m_alignment; // in the coordinates of its plane

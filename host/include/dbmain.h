@@ -81,6 +81,8 @@ public:
     bool isReadEnabled() const;
     bool isWriteEnabled() const;
     bool isNotifyEnabled() const;
+    /// Whether undo or redo is putting it into another state: what a reactor is told then is no change of anyone's.
+    bool isUndoing() const;
 
     /// Every member that reads or writes fields of an object calls these first: a wrong opening raises AcDbOpenError.
     void assertReadEnabled() const;
@@ -149,20 +151,21 @@ private:
     Acad::ErrorStatus m_status;
 };
 
-/// Opens an object. Many readers or one writer; eWasErased unless `openErased`.
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErased = false);
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErased = false);
+/// Opens an object. Many readers or one writer; eWasErased unless `openErased`. An entity on a locked layer cannot be
+/// opened for write (eOnLockedLayer) unless `forceOpenOnLockedLayer`.
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false,
+                                     bool forceOpenOnLockedLayer = false);
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false,
+                                     bool forceOpenOnLockedLayer = false);
 
 /// The same, asking for a class: eNotThatKindOfClass when the object is of another.
 template <class T>
 Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
-                                 bool openErased = false)
+                                 bool openErased = false, bool forceOpenOnLockedLayer = false)
 {
     AcDbObject* opened = nullptr;
     object = nullptr;
-    const Acad::ErrorStatus es = acdbOpenAcDbObject(opened, id, mode, openErased);
+    const Acad::ErrorStatus es = acdbOpenAcDbObject(opened, id, mode, openErased, forceOpenOnLockedLayer);
     if (es != Acad::eOk)
         return es;
     object = T::cast(opened);
@@ -177,18 +180,20 @@ template <class T>
 class AcDbObjectPointer {
 public:
     AcDbObjectPointer() = default;
-    explicit AcDbObjectPointer(AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false)
+    explicit AcDbObjectPointer(AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false,
+                               bool forceOpenOnLockedLayer = false)
     {
-        open(id, mode, openErased);
+        open(id, mode, openErased, forceOpenOnLockedLayer);
     }
     ~AcDbObjectPointer() { close(); }
     AcDbObjectPointer(const AcDbObjectPointer&) = delete;
     AcDbObjectPointer& operator=(const AcDbObjectPointer&) = delete;
 
-    Acad::ErrorStatus open(AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false)
+    Acad::ErrorStatus open(AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead, bool openErased = false,
+                           bool forceOpenOnLockedLayer = false)
     {
         close();
-        return m_status = acdbOpenObject(m_object, id, mode, openErased);
+        return m_status = acdbOpenObject(m_object, id, mode, openErased, forceOpenOnLockedLayer);
     }
     Acad::ErrorStatus close()
     {
@@ -316,6 +321,10 @@ public:
     Acad::ErrorStatus addReactor(AcDbDatabaseReactor* reactor) const;
     Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* reactor) const;
 
+    /// Changes made while recording is disabled are no step of the history.
+    void disableUndoRecording(bool disable);
+    bool undoRecording() const;
+
     AcDbDatabaseImpl& impl() const { return *m_impl; }
 
 private:
@@ -351,6 +360,8 @@ public:
     virtual Acad::ErrorStatus setColorIndex(Adesk::UInt16 index, bool doSubents = true);
     /// True colour 0xRRGGBB, or -1.
     Adesk::Int32 trueColor() const { return m_trueColor; }
+    /// By index, or a true colour; the index is then kept for programs that know no true colours.
+    virtual Acad::ErrorStatus setColor(const AcCmColor& color, bool doSubents = true);
 
     /// Name of the layer, as a new text for the caller (acutDelString).
     ACHAR* layer() const;

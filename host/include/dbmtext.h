@@ -5,15 +5,16 @@
 #include "dbmain.h"
 #include "gepnt2d.h"
 
-struct TextBox;
+struct MTextLayout;
 
-/// A run of visible text that AcDbMText::explodeFragments shows to its caller; valid during the call.
+/// A run of visible text of one look that AcDbMText::explodeFragments shows to its caller; valid during the call.
 struct AcDbMTextFragment {
     AcGePoint3d location; ///< left end of its baseline
     AcGeVector3d normal, direction;
     const ACHAR* text;
-    AcGePoint2d extents; ///< its estimated width, and its height
-    double capsHeight;
+    AcGePoint2d extents; ///< its width and its height
+    double capsHeight, widthFactor, obliqueAngle;
+    bool underlined, overlined;
 };
 
 /// Called with each fragment; 0 stops.
@@ -43,7 +44,7 @@ public:
     Acad::ErrorStatus setContents(const ACHAR* text);
     /// What is visible, lines parted by line feeds; a new text for the caller (acutDelString).
     ACHAR* text() const;
-    /// Shows the visible text line by line.
+    /// Shows the visible text run by run, lines broken at the width.
     void explodeFragments(AcDbMTextEnum show, void* param) const;
 
     AcGePoint3d location() const { return m_location; }
@@ -65,13 +66,13 @@ public:
     AcDbObjectId textStyle() const;
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
     double lineSpacingFactor() const { return m_lineSpacing; }
-    /// Of the visible text: as the drawing file tells, else estimated.
+    /// Of the visible text, by the widths of the one font that texts are shown in.
     double actualWidth() const;
     double actualHeight() const;
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
-    /// Into one text a line.
+    /// Into one text a run.
     Acad::ErrorStatus explode(AcDbVoidPtrArray& entities) const override;
 
 protected:
@@ -79,14 +80,14 @@ protected:
 
 private:
     friend struct DxfFieldsOfMText;
-    TextBox box() const;
+    friend MTextLayout layoutOf(const AcDbMText& text);
     void forgetExtents();
 
     AcGePoint3d m_location;
     AcGeVector3d m_normal{0.0, 0.0, 1.0}, m_direction{1.0, 0.0, 0.0};
     double m_rotation = 0.0; // counts where the direction is the X axis
     double m_height = 1.0, m_width = 0.0, m_lineSpacing = 1.0;
-    double m_actualWidth = 0.0, m_actualHeight = 0.0; // 0: not known
+    double m_actualWidth = 0.0, m_actualHeight = 0.0; // as the file tells; 0 once they no longer hold
     std::wstring m_contents;
     AcDbStub* m_style = nullptr;
     Adesk::Int16 m_attachment = kTopLeft, m_flow = 1;

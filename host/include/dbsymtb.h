@@ -102,11 +102,27 @@ public:
     Acad::ErrorStatus setColorIndex(Adesk::UInt16 index)
     {
         m_index = index;
+        m_isByColor = false;
+        return Acad::eOk;
+    }
+    /// Whether it is a true colour, which `red`, `green` and `blue` tell.
+    bool isByColor() const { return m_isByColor; }
+    Adesk::UInt8 red() const { return m_red; }
+    Adesk::UInt8 green() const { return m_green; }
+    Adesk::UInt8 blue() const { return m_blue; }
+    Acad::ErrorStatus setRGB(Adesk::UInt8 red, Adesk::UInt8 green, Adesk::UInt8 blue)
+    {
+        m_red = red;
+        m_green = green;
+        m_blue = blue;
+        m_isByColor = true;
         return Acad::eOk;
     }
 
 private:
     Adesk::UInt16 m_index = 256;
+    Adesk::UInt8 m_red = 0, m_green = 0, m_blue = 0;
+    bool m_isByColor = false;
 };
 
 class AcDbLayerTableRecord : public AcDbSymbolTableRecord {

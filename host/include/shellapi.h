@@ -12,14 +12,11 @@ constexpr WORD FOF_NOERRORUI = 0x0400;
 constexpr WORD FOF_NO_UI = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOERRORUI | FOF_NOCONFIRMMKDIR;
 
 struct SHFILEOPSTRUCTW {
-    void* hwnd;
     UINT wFunc;    ///< FO_COPY
     LPCWSTR pFrom; ///< full path, ended by two zeros: lists of several are not taken
     LPCWSTR pTo;   ///< full path, ended by two zeros
     WORD fFlags;   ///< nothing is asked or shown, whatever they say
     BOOL fAnyOperationsAborted;
-    LPVOID hNameMappings;
-    LPCWSTR lpszProgressTitle;
 };
 
 /// Copies a file, or a folder with all that it holds: to `pTo`, made with the folders above it, or into it when it is a

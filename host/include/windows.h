@@ -25,6 +25,7 @@ using LPCSTR = const char*;
 using LPWSTR = wchar_t*;
 using LPCWSTR = const wchar_t*;
 using LPTSTR = wchar_t*;
+using HANDLE = void*;
 
 #ifndef FALSE
 #define FALSE 0

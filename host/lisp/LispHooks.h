@@ -32,7 +32,7 @@ struct LispHooks {
     /// Set by the window: whether the user pressed Escape since it was asked last.
     std::function<bool()> interrupted;
 
-    /// Set by a run without a person, before drawings open: how long an expression may take. Nothing: without limit.
+    /// Set by a run without a person, before drawings open: how long an expression may compute. Nothing: without limit.
     std::optional<std::chrono::milliseconds> timeLimit;
 
     /// Set by the evaluator: the command that a function C:NAME of the current document makes; an empty one when there

@@ -10,18 +10,18 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A folder that was installed read-only must not stay so in the copy.
-void makeWritable(const fs::path& copy, std::error_code& error)
+/// Links are followed. A folder that was installed read-only must not stay so in the copy, nor while it is filled.
+void copyEntry(const fs::path& from, const fs::path& to, std::error_code& error)
 {
-    const auto allow = [&error](const fs::path& entry) {
-        if (!error && !fs::is_symlink(fs::symlink_status(entry, error)))
-            fs::permissions(entry, fs::perms::owner_write, fs::perm_options::add, error);
-    };
-    allow(copy);
-    if (!fs::is_directory(copy, error))
+    if (!fs::is_directory(from, error)) {
+        fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+        if (!error)
+            fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
         return;
-    for (fs::recursive_directory_iterator entry(copy, error), end; !error && entry != end; entry.increment(error))
-        allow(entry->path());
+    }
+    fs::create_directory(to, error);
+    for (fs::directory_iterator entry(from, error), end; !error && entry != end; entry.increment(error))
+        copyEntry(entry->path(), to / entry->path().filename(), error);
 }
 
 /// A copy within its original would never end.
@@ -43,9 +43,7 @@ std::error_code copyTree(const fs::path& from, fs::path to)
         return std::make_error_code(std::errc::invalid_argument);
     fs::create_directories(to.parent_path(), error);
     if (!error)
-        fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing, error);
-    if (!error)
-        makeWritable(to, error);
+        copyEntry(from, to, error);
     return error;
 }
 

@@ -120,15 +120,20 @@ void ModuleTable::visitDocuments(const std::function<void()>& visit) const
         m_eachDocument(visit);
 }
 
-void ModuleTable::tellAll(AcRx::AppMsgCode message)
+std::vector<std::wstring> ModuleTable::tellAll(AcRx::AppMsgCode message)
 {
     std::vector<LoadedModule*> listeners;
     for (const auto& module : m_modules)
         if (module->ready)
             listeners.push_back(module.get());
+    std::vector<std::wstring> failed;
     for (LoadedModule* module : listeners)
-        if (isLoaded(module) && module->ready)
-            send(*module, message);
+        if (isLoaded(module) && module->ready) {
+            const std::wstring name = module->name; // it may go meanwhile
+            if (send(*module, message) == AcRx::kRetError)
+                failed.push_back(name);
+        }
+    return failed;
 }
 
 AcRx::AppRetCode ModuleTable::call(LoadedModule& module, AcRx::AppMsgCode message)

@@ -44,7 +44,8 @@ public:
     void setDocumentVisitor(DocumentVisitor visitor) { m_eachDocument = std::move(visitor); }
     /// Sends a message about the current document to every module. Each module hears it once, even when modules come
     /// and go meanwhile.
-    void tellAll(AcRx::AppMsgCode message);
+    /// @return the modules that answered kRetError.
+    std::vector<std::wstring> tellAll(AcRx::AppMsgCode message);
 
     /// Sends one message; what the module throws comes through.
     AcRx::AppRetCode call(LoadedModule& module, AcRx::AppMsgCode message);

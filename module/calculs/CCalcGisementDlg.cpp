@@ -6,8 +6,8 @@
 #include "calculs/gisement.h"
 #include "calculs/uniteAngulaire.h"
 #include "points/projetDansDessin.h"
+#include "services/codages.h"
 #include "services/nombreFixe.h"
-#include "services/texteAnsi.h"
 
 #include "acedads.h"
 #include "adscodes.h"

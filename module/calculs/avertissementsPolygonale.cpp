@@ -8,9 +8,10 @@
 #include "calculs/conseilAngulaire.h"
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/phrasesConseil.h"
+#include "services/codages.h"
 #include "services/grandeur.h"
+#include "services/lettres.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 namespace {
 

@@ -26,7 +26,7 @@ struct stationCorrigee {
     double x, y, z;
 };
 
-/// A traverse from its data to its stations. Values that depend on an unknown one (1e38) are unknown; legs of no
+/// A traverse from its data to its stations. Values that depend on an unknown one are unknown; legs of no
 /// length at all give values that are not finite, see avertissementsPolygonale.
 struct cheminement {
     stationPolygonale depart;

@@ -7,8 +7,8 @@
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/codages.h"
 #include "services/nombreFixe.h"
-#include "services/texteAnsi.h"
 
 /// The writing of traverse files, and what they cannot keep.
 

@@ -1,7 +1,6 @@
 #include "calculs/croquisPolygonale.h"
 
 #include <algorithm>
-#include <cmath>
 #include <QPainter>
 
 #include "services/grandeur.h"
@@ -12,9 +11,8 @@ constexpr double marge = 10.0; // pixels
 
 bool dessinable(const tracePolygonale& trace)
 {
-    return trace.sommets.size() > 1 && std::ranges::all_of(trace.sommets, [](const auto& s) {
-               return std::isfinite(s.x) && std::isfinite(s.y) && s.x != inconnu && s.y != inconnu;
-           });
+    return trace.sommets.size() > 1 &&
+           std::ranges::all_of(trace.sommets, [](const auto& s) { return estConnue(s.x) && estConnue(s.y); });
 }
 
 QRectF etendue(const tracePolygonale& trace)

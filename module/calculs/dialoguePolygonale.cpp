@@ -17,14 +17,16 @@
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
+#include "services/lettres.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 #include "io.h"
 
 namespace {
 
 constexpr wchar_t titreCalculs[] = L"Calculs Topo";
+constexpr wchar_t erreurDeCalcul[] = L"Erreur !";
+constexpr wchar_t ouvertureImpossible[] = L"Ouverture impossible du fichier";
 constexpr wchar_t filtresPolygonale[] = L"Observations|*.obs|Sans extension|*.|Tous|*.*|Text|*.TXT||";
 constexpr std::size_t remarquesMontrees = 6;
 constexpr std::chrono::milliseconds delaiCroquis{100}; // what is typed fast is drawn once
@@ -125,7 +127,7 @@ void dialoguePolygonale::charger()
             m_panneau->montrerBilan(
                 premieresPhrases(avertissementsLecture(*fichier, lire(*octets)), remarquesMontrees));
     } catch (const std::exception&) {
-        afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
+        avertirErreur(ouvertureImpossible);
     }
 }
 
@@ -143,7 +145,7 @@ void dialoguePolygonale::sauvegarder()
     if (remplacerFichier(nom.c_str(), contenu()))
         m_panneau->montrerBilan(premieresPhrases(perduALEcriture(), remarquesMontrees));
     else
-        afficherAvertissement(L"Erreur", L"Ouverture impossible du fichier");
+        avertirErreur(ouvertureImpossible);
 }
 
 void dialoguePolygonale::calculer()
@@ -155,7 +157,7 @@ void dialoguePolygonale::calculer()
     try {
         p = calculee(&rapport);
     } catch (const std::exception&) {
-        return afficherAvertissement(titreCalculs, L"Erreur !");
+        return afficherAvertissement(titreCalculs, erreurDeCalcul);
     }
     std::vector<std::wstring> suite;
     if (!rapport.write())
@@ -206,7 +208,7 @@ void dialoguePolygonale::placer()
         if (parametres.exec() == Accepted)
             placerStations(p, parametres);
     } catch (const std::exception&) {
-        afficherAvertissement(titreCalculs, L"Erreur !");
+        afficherAvertissement(titreCalculs, erreurDeCalcul);
     }
 }
 

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr wchar_t nonDefinie[] = L"non définie";
+
 constexpr double ecartParAngle = 0.5 / 400.0;         // of a turn
 constexpr double fermetureRelativeAdmise = 1.0 / 200; // of the length
 constexpr int decimalesAngle = 5;
@@ -27,7 +29,7 @@ std::wstring texteNombre(double valeur, int decimales)
     if (valeur == inconnu)
         return L"inconnue";
     if (!std::isfinite(valeur))
-        return L"non définie";
+        return nonDefinie;
     std::string texte = nombreFixe(valeur, decimales);
     if (texte.find_first_of("123456789") == std::string::npos && texte.front() == '-')
         texte.erase(0, 1); // zero has no sign
@@ -73,7 +75,7 @@ std::wstring remarqueFermeture(const cheminement& c)
 std::wstring texteFermetureRelative(double fermetureRelative)
 {
     if (std::isnan(fermetureRelative) || fermetureRelative == inconnu)
-        return L"non définie";
+        return nonDefinie;
     // What misses by less is the rounding of the machine: a micron over a thousand kilometres.
     constexpr double fermetureNulle = 1e12;
     if (fermetureRelative > fermetureNulle)

@@ -7,9 +7,10 @@
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
 #include "calculs/uniteAngulaire.h"
+#include "services/codages.h"
+#include "services/lettres.h"
 #include "services/nombreFixe.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 namespace {
 
@@ -17,18 +18,10 @@ namespace {
 
 using elementsLigne = std::vector<std::wstring>;
 
-wchar_t majuscule(wchar_t c)
-{
-    return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
-}
-
-/// The first four letters, in upper case.
+/// The first four letters, in lower case.
 std::wstring motCle(const std::wstring& element)
 {
-    std::wstring mot = element.substr(0, 4);
-    for (wchar_t& c : mot)
-        c = majuscule(c);
-    return mot;
+    return enMinuscules(element.substr(0, 4));
 }
 
 /// What is wrong in every line of a file is understood by then; one of millions of lines must not fill the memory.
@@ -62,7 +55,7 @@ struct lecture {
 /// Remarks that a word does not begin as the one that is taken for it.
 void remarquerMot(lecture& l, const wchar_t* pris)
 {
-    if (majuscule(l.e[1].front()) != majuscule(pris[0]))
+    if (minuscule(l.e[1].front()) != minuscule(pris[0]))
         l.remarquer(l.e[0] + L" « " + l.e[1] + L" » inconnu, « " + pris + L" » est pris.");
 }
 
@@ -70,10 +63,10 @@ void remarquerMot(lecture& l, const wchar_t* pris)
 bool lireMotCleCommun(lecture& l, int& unite, int& nivellement)
 {
     const std::wstring mot = motCle(l.e[0]);
-    if (mot == L"ANGL") {
+    if (mot == L"angl") {
         unite = uniteAngulaireDe(l.e[1].front());
         remarquerMot(l, motUniteAngulaire(unite));
-    } else if (mot == L"NIVE") {
+    } else if (mot == L"nive") {
         nivellement = nivellementDe(l.e[1].front());
         remarquerMot(l, motNivellement(nivellement));
     } else {
@@ -92,7 +85,7 @@ void lireMotCle(lecture& l, donneesPolygonaleOuverte& donnees)
 {
     if (lireMotCleCommun(l, donnees.unite, donnees.nivellement))
         return;
-    if (motCle(l.e[0]) != L"FERM")
+    if (motCle(l.e[0]) != L"ferm")
         return l.remarquerMotCle();
     donnees.fermeture = l.nombre(0);
     l.fermeture = true;
@@ -101,17 +94,17 @@ void lireMotCle(lecture& l, donneesPolygonaleOuverte& donnees)
 /// Stores the number of a key X, Y, Z or G; any other key is left alone.
 void lireCoordonnee(lecture& l, std::size_t cle, stationPolygonale& station)
 {
-    switch (majuscule(l.e[cle].front())) {
-    case L'X':
+    switch (minuscule(l.e[cle].front())) {
+    case L'x':
         station.x = l.nombre(cle);
         break;
-    case L'Y':
+    case L'y':
         station.y = l.nombre(cle);
         break;
-    case L'Z':
+    case L'z':
         station.z = l.nombre(cle);
         break;
-    case L'G':
+    case L'g':
         station.gisement = l.nombre(cle);
         break;
     default:
@@ -123,7 +116,7 @@ void lireCoordonnee(lecture& l, std::size_t cle, stationPolygonale& station)
 bool aCle(const elementsLigne& e, wchar_t cle)
 {
     for (std::size_t i = 0; i < e.size(); i += 2)
-        if (majuscule(e[i].front()) == cle)
+        if (minuscule(e[i].front()) == cle)
             return true;
     return false;
 }
@@ -132,7 +125,7 @@ bool aCle(const elementsLigne& e, wchar_t cle)
 void lireStation(lecture& l, donneesPolygonaleFermee& donnees)
 {
     for (std::size_t i = 0; i < l.e.size(); i += 2)
-        if (majuscule(l.e[i].front()) == L'N')
+        if (minuscule(l.e[i].front()) == L'n')
             donnees.depart.nom = l.e[i + 1];
         else
             lireCoordonnee(l, i, donnees.depart);
@@ -146,10 +139,10 @@ void lireStation(lecture& l, donneesPolygonaleOuverte& donnees)
     stationPolygonale lue;
     bool ligneArrivee = false;
     for (std::size_t i = 0; i < l.e.size(); i += 2) {
-        const wchar_t cle = majuscule(l.e[i].front());
-        if (cle == L'D') {
+        const wchar_t cle = minuscule(l.e[i].front());
+        if (cle == L'd') {
             donnees.depart.nom = l.e[i + 1];
-        } else if (cle == L'A') {
+        } else if (cle == L'a') {
             donnees.arrivee.nom = l.e[i + 1];
             ligneArrivee = true;
         } else {
@@ -214,7 +207,7 @@ void lireElements(lecture& l, Donnees& donnees)
     } else if (nombre == 4) {
         donnees.lignes.push_back({std::move(l.e[0]), std::move(l.e[1]), std::move(l.e[2]), std::move(l.e[3])});
     } else if (nombre == elementsStation) {
-        l.bilan.stations += aCle(l.e, L'X') && aCle(l.e, L'Y') ? 1 : 0;
+        l.bilan.stations += aCle(l.e, L'x') && aCle(l.e, L'y') ? 1 : 0;
         lireStation(l, donnees);
     } else if (nombre > 0) {
         ++l.bilan.ignorees;
@@ -238,6 +231,15 @@ std::string_view sansFin(std::string_view ligne)
 /// What some editors put before the text of a file in UTF-8.
 constexpr std::string_view marqueUtf8 = "\xEF\xBB\xBF";
 
+/// Characters beyond 16 bits, which not every platform holds, are none.
+std::wstring depuisUtf8Court(std::string_view octets)
+{
+    std::wstring texte = depuisUtf8(octets);
+    std::ranges::replace_if(
+        texte, [](wchar_t c) { return c > 0xFFFF; }, L'?');
+    return texte;
+}
+
 template <class Donnees>
 bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
 {
@@ -254,7 +256,7 @@ bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
         contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
         do {
             const std::string_view morceau = ligne.substr(0, longueurLigne);
-            decouperLigne(utf8 ? depuisUtf8(morceau) : depuisAnsi(morceau), separateursPolygonale, l.e);
+            decouperLigne(utf8 ? depuisUtf8Court(morceau) : depuisAnsi(morceau), separateursPolygonale, l.e);
             lireElements(l, donnees);
             ligne.remove_prefix(morceau.size());
         } while (!ligne.empty());

@@ -14,7 +14,6 @@ double gisement(double xStation, double yStation, double xDirection, double yDir
         return inconnu;
     double angle = std::numbers::pi / 2.0 - std::atan2(dy.valeur(), dx.valeur());
     if (angle < 0.0)
-        angle += 2.0 * std::numbers::pi;
-    const bool radians = unite == uniteRadians;
-    return radians ? angle : angle * (tourComplet(unite) / 2.0) / std::numbers::pi;
+        angle += tourComplet(uniteRadians);
+    return unite == uniteRadians ? angle : angle * (tourComplet(unite) / 2.0) / std::numbers::pi;
 }

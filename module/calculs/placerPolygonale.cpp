@@ -12,11 +12,6 @@
 
 namespace {
 
-bool dessinable(double coordonnee)
-{
-    return std::isfinite(coordonnee) && coordonnee != inconnu;
-}
-
 pointDuDessin pointDe(const stationCorrigee& station, const placementPolygonale& placement)
 {
     pointDuDessin point;
@@ -29,7 +24,7 @@ pointDuDessin pointDe(const stationCorrigee& station, const placementPolygonale&
 void dessiner(const tracePolygonale& trace)
 {
     const bool entier = std::all_of(trace.sommets.begin(), trace.sommets.end(),
-                                    [](const auto& s) { return dessinable(s.x) && dessinable(s.y); });
+                                    [](const auto& s) { return estConnue(s.x) && estConnue(s.y); });
     if (!entier || trace.sommets.empty())
         return;
     auto ligne = std::make_unique<AcDbPolyline>(static_cast<unsigned int>(trace.sommets.size()));

@@ -2,7 +2,7 @@
 
 #include "calculs/nivellement.h"
 #include "reports/htmlText.h"
-#include "services/texteAnsi.h"
+#include "services/codages.h"
 
 namespace rapportPolygonale {
 

@@ -7,6 +7,7 @@
 #include "codification/editionPoint.h"
 #include "codification/regleCode.h"
 #include "points/projetDansDessin.h"
+#include "services/calqueVerrouille.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/grandeur.h"
@@ -21,12 +22,12 @@ namespace {
 QString texteCoordonnee(double valeur)
 {
     // The shortest text that reads back as the same number: a point shown and written again does not move.
-    return valeur == coordonneeInconnue ? QString() : QString::number(valeur, 'f', QLocale::FloatingPointShortest);
+    return valeur == inconnu ? QString() : QString::number(valeur, 'f', QLocale::FloatingPointShortest);
 }
 
 bool dire(const wchar_t* texte, QWidget& champ)
 {
-    afficherAvertissement(L"Erreur", texte);
+    avertirErreur(texte);
     champ.setFocus();
     return false;
 }
@@ -36,7 +37,7 @@ bool lireCoordonnee(QLineEdit& champ, const wchar_t* refus, bool peutManquer, do
 {
     const std::wstring texte = champ.text().trimmed().toStdWString();
     if (texte.empty() && peutManquer) {
-        valeur = coordonneeInconnue;
+        valeur = inconnu;
         return true;
     }
     bool entierement = false;
@@ -49,7 +50,7 @@ void signalerSymboleAbsent(const CString& chemin)
     CString message;
     message.Format(L"Le point est enregistré, mais son symbole n'a pas pu être dessiné avec le block\n%s",
                    chemin.GetString());
-    afficherAvertissement(L"Erreur", message.GetString());
+    avertirErreur(message.GetString());
 }
 
 } // namespace
@@ -160,7 +161,7 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
         return std::nullopt;
     const int code = entierDeTexte(texteHote(m_ui->comboCode->currentText()));
     if (!codeValable(code)) {
-        dire(L"Code incorrect\nTapez un nombre compris entre 1 et 9999", *m_ui->comboCode);
+        dire(messageCodeIncorrect, *m_ui->comboCode);
         return std::nullopt;
     }
     pointDuDessin point;
@@ -171,11 +172,11 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
 bool CformulaireXYZ::enregistrer()
 {
     const auto point = saisi();
-    if (!point)
+    if (!point || refuserVerrouille())
         return false;
     int homonyme = -1;
     if (m_table.existPoint(CString(point->getNomPoint()), homonyme) && homonyme != m_position &&
-        !demanderOuiNon(L"Coordonnées XYZ", L"Un autre point porte ce numéro.\nEnregistrer quand même ?"))
+        !demanderOuiNon(windowTitle().toStdWString(), L"Un autre point porte ce numéro.\nEnregistrer quand même ?"))
         return false;
     bool dessine = false;
     montrer(enregistrerPoint(m_table, m_position, *point, dessine));
@@ -184,13 +185,26 @@ bool CformulaireXYZ::enregistrer()
     return true;
 }
 
+/// A symbol on a locked layer stays as it is, and its point with it.
+bool CformulaireXYZ::refuserVerrouille() const
+{
+    const listePointsDuDessin& table = m_table;
+    if (m_position < 0 || !estVerrouille(table.getData(m_position)->getId()))
+        return false;
+    afficherAvertissement(L"Coordonn\u00e9es XYZ", L"Le symbole de ce point est sur un calque verrouill\u00e9 :\n"
+                                                   L"d\u00e9verrouillez-le d'abord");
+    return true;
+}
+
 void CformulaireXYZ::supprimer()
 {
+    if (refuserVerrouille())
+        return;
     const listePointsDuDessin& table = m_table;
     const CString nom(table.getData(m_position)->getNomPoint());
     int trouve = -1;
     if (!table.existPoint(nom, trouve) || trouve != m_position) {
-        afficherAvertissement(L"Erreur", L"Plusieurs points portent ce numéro :\ndonnez-lui-en d'abord un autre");
+        avertirErreur(L"Plusieurs points portent ce numéro :\ndonnez-lui-en d'abord un autre");
         return;
     }
     CString question;
@@ -210,7 +224,8 @@ bool CformulaireXYZ::quitter()
 {
     if (!modifie())
         return true;
-    switch (demanderOuiNonAnnuler(L"Coordonnées XYZ", L"Le point a été modifié.\nEnregistrer les modifications ?")) {
+    switch (demanderOuiNonAnnuler(windowTitle().toStdWString(),
+                                  L"Le point a été modifié.\nEnregistrer les modifications ?")) {
     case reponseQuestion::oui:
         return enregistrer();
     case reponseQuestion::non:

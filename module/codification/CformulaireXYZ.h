@@ -32,6 +32,7 @@ private:
     void afficher(const pointDuDessin& point);
     void aller(int position);
     void designer();
+    bool refuserVerrouille() const;
     void supprimer();
     bool enregistrer();
     /// Whether the point shown may be left: unchanged, written, or given up.

@@ -14,7 +14,7 @@ namespace {
 CString coordonnee(double valeur)
 {
     CString texte;
-    if (valeur != coordonneeInconnue)
+    if (valeur != inconnu)
         formaterFixe(valeur, 3, texte);
     return texte;
 }

@@ -114,11 +114,10 @@ bool DlgCodification::validerNumero()
         if (m_mode == mode::edition)
             return true; // a file may hold such a number: the field cannot be changed, the rest can
         m_ui->editCode->clear();
-        afficherAvertissement(L"Erreur", L"Code incorrect\nTapez un nombre compris entre 1 et 9999");
+        avertirErreur(messageCodeIncorrect);
         break;
     case verdictCode::dejaExistant:
-        afficherAvertissement(L"Erreur",
-                              L"Code déjà existant\nTapez un '?' pour qu'un numéro soit attribué automatiquement");
+        avertirErreur(L"Code déjà existant\nTapez un '?' pour qu'un numéro soit attribué automatiquement");
         break;
     }
     m_ui->editCode->setFocus();
@@ -132,7 +131,7 @@ bool DlgCodification::validerTaille()
     const bool bornee = tailleValable(reelDeTexte(taille));
     if (bornee && remarque.empty())
         return true;
-    afficherAvertissement(L"Erreur", bornee ? remarque : L"Entrez un nombre compris entre 1e-006 et 1e+006.");
+    avertirErreur(bornee ? remarque : L"Entrez un nombre compris entre 1e-006 et 1e+006.");
     m_ui->editTaille->setFocus();
     m_ui->editTaille->selectAll();
     return false;

@@ -1,5 +1,7 @@
 #include "codification/DlgTableCodification.h"
 
+#include <algorithm>
+#include <numeric>
 #include <vector>
 
 #include "codification/codificationDuModule.h"
@@ -33,6 +35,45 @@ int indexDeLigne(const QTableWidget& liste, int ligne)
 {
     return liste.item(ligne, 0)->data(roleIndex).toInt();
 }
+
+/// Intended: rows go by their code, so that of several rows of one code the first goes, whichever was chosen.
+/// @return a line for each row that went and was not chosen.
+CString supprimerCodes(tableCodification& table, const std::vector<int>& choisis)
+{
+    std::vector<int> numeros, restants(static_cast<std::size_t>(table.nombre()));
+    for (const int index : choisis)
+        numeros.push_back(table[index].code);
+    std::iota(restants.begin(), restants.end(), 0);
+    CString autres;
+    for (const int numero : numeros) {
+        const int index = table.indexCode(numero);
+        if (std::ranges::find(choisis, restants[static_cast<std::size_t>(index)]) == choisis.end())
+            autres += L"\n" + texteEntier(numero) + L" : " + table[index].libelle;
+        restants.erase(restants.begin() + index);
+        table.supprimer(index);
+    }
+    return autres;
+}
+
+/// Keeps a document locked, whatever ends the scope. None may be open.
+class verrouDocument {
+public:
+    explicit verrouDocument(AcApDocument* document) : m_document(document)
+    {
+        if (m_document)
+            acDocManager->lockDocument(m_document);
+    }
+    ~verrouDocument()
+    {
+        if (m_document)
+            acDocManager->unlockDocument(m_document);
+    }
+    verrouDocument(const verrouDocument&) = delete;
+    verrouDocument& operator=(const verrouDocument&) = delete;
+
+private:
+    AcApDocument* m_document;
+};
 
 } // namespace
 
@@ -81,26 +122,24 @@ void DlgTableCodification::nouveau()
 
 void DlgTableCodification::supprimer()
 {
-    std::vector<int> numeros;
+    std::vector<int> choisis;
     for (const QModelIndex& ligne : m_ui->liste->selectionModel()->selectedRows())
-        numeros.push_back(m_table[indexDeLigne(*m_ui->liste, ligne.row())].code);
-    if (numeros.empty() || !demanderOuiNon(L"Suppression", L"Confirmez la suppression\ndes éléments sélectionnés"))
+        choisis.push_back(indexDeLigne(*m_ui->liste, ligne.row()));
+    if (choisis.empty() || !demanderOuiNon(L"Suppression", L"Confirmez la suppression\ndes éléments sélectionnés"))
         return;
-    for (const int numero : numeros)
-        m_table.supprimer(m_table.indexCode(numero));
+    const CString autres = supprimerCodes(m_table, choisis);
     afficher();
+    if (!autres.IsEmpty())
+        afficherMessage(L"Suppression",
+                        (L"Plusieurs lignes ont le même code : la première a été supprimée" + autres).GetString());
 }
 
 void commandeCodification()
 {
     if (!dialoguesPossibles())
         return;
-    AcApDocument* const document = acDocManager->curDocument();
-    if (document)
-        acDocManager->lockDocument(document);
+    const verrouDocument verrou(acDocManager->curDocument());
     tableCodification& table = codificationDuModule();
     DlgTableCodification(table).exec();
     table.sauver();
-    if (document)
-        acDocManager->unlockDocument(document);
 }

@@ -35,12 +35,14 @@ void conformerAttributs(const AcDbBlockReference& reference, const codifPoint& c
 
 bool retaillerSymbole(AcDbBlockReference& reference, double taille)
 {
-    const double actuelle = reference.scaleFactors().sx;
-    if (actuelle == taille)
+    const AcGeScale3d actuelle = reference.scaleFactors();
+    if (std::abs(actuelle.sx) == taille)
         return true;
-    const AcGeMatrix3d homothetie = AcGeMatrix3d::scaling(taille / std::abs(actuelle), reference.position());
+    const AcGeMatrix3d homothetie = AcGeMatrix3d::scaling(taille / std::abs(actuelle.sx), reference.position());
+    // A symbol that was mirrored stays so.
     return reference.transformBy(homothetie) == Acad::eOk &&
-           reference.setScaleFactors({taille, taille, taille}) == Acad::eOk;
+           reference.setScaleFactors({std::copysign(taille, actuelle.sx), std::copysign(taille, actuelle.sy),
+                                      std::copysign(taille, actuelle.sz)}) == Acad::eOk;
 }
 
 bool changerBlocSymbole(const AcDbObjectId& id, const AcDbObjectId& bloc)

@@ -5,8 +5,10 @@ bool memeEtiquette(const AcDbAttribute& attribut, const CString& etiquette)
     return etiquette.CompareNoCase(attribut.tagConst()) == 0;
 }
 
-bool changerTexte(AcDbAttribute& attribut, const CString& texte)
+Acad::ErrorStatus changerTexte(AcDbAttribute& attribut, const CString& texte)
 {
-    return texte != attribut.textStringConst() && attribut.upgradeOpen() == Acad::eOk &&
-           attribut.setTextString(texte) == Acad::eOk;
+    if (texte == attribut.textStringConst())
+        return Acad::eOk;
+    const Acad::ErrorStatus ouverture = attribut.upgradeOpen();
+    return ouverture == Acad::eOk ? attribut.setTextString(texte) : ouverture;
 }

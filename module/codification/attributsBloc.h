@@ -21,5 +21,5 @@ void pourChaqueAttribut(const AcDbBlockReference& reference, AcDb::OpenMode mode
 /// Letter case does not count.
 bool memeEtiquette(const AcDbAttribute& attribut, const CString& etiquette);
 
-/// Writes a text that differs to an attribute open for read. @return whether it was written.
-bool changerTexte(AcDbAttribute& attribut, const CString& texte);
+/// Writes a text that differs to an attribute open for read. @return why it could not, or eOk.
+Acad::ErrorStatus changerTexte(AcDbAttribute& attribut, const CString& texte);

@@ -13,7 +13,8 @@ constexpr Adesk::UInt16 parBloc = 0; // colour of the reference
 
 using entites = std::vector<std::unique_ptr<AcDbEntity>>;
 
-std::unique_ptr<AcDbText> texteDe(const AcDbAttribute& attribut)
+/// The text of an attribute, or of a definition that is the same for all references.
+std::unique_ptr<AcDbText> texteDe(const AcDbText& attribut)
 {
     auto texte = std::make_unique<AcDbText>(attribut.position(), attribut.textStringConst(), attribut.textStyle(),
                                             attribut.height(), attribut.rotation());
@@ -32,7 +33,13 @@ bool parties(const AcDbBlockReference& reference, entites& trouvees)
     if (reference.explode(eclatees) != Acad::eOk)
         return false;
     for (void* const partie : eclatees) {
-        trouvees.emplace_back(static_cast<AcDbEntity*>(partie));
+        std::unique_ptr<AcDbEntity> eclatee(static_cast<AcDbEntity*>(partie));
+        if (const auto* const constante = AcDbAttributeDefinition::cast(eclatee.get())) {
+            if (constante->isInvisible() || *constante->textStringConst() == L'\0')
+                continue;
+            eclatee = texteDe(*constante);
+        }
+        trouvees.push_back(std::move(eclatee));
         AcDbEntity& entite = *trouvees.back();
         if (entite.layerId().isNull() || entite.layerId() == reference.database()->layerZero())
             entite.setLayer(reference.layerId());
@@ -40,7 +47,7 @@ bool parties(const AcDbBlockReference& reference, entites& trouvees)
             entite.setColorIndex(reference.colorIndex());
     }
     pourChaqueAttribut(reference, AcDb::kForRead, [&](const AcDbAttribute& attribut) {
-        if (!attribut.isInvisible() && *attribut.textStringConst() != L'\0')
+        if (!attribut.isInvisible() && !attribut.isConstant() && *attribut.textStringConst() != L'\0')
             trouvees.push_back(texteDe(attribut));
     });
     return true;

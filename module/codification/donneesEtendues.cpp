@@ -2,7 +2,8 @@
 
 #include <memory>
 
-#include "acutmem.h"
+#include "services/chaineResbuf.h"
+
 #include "adscodes.h"
 #include "dbsymtb.h"
 
@@ -28,10 +29,8 @@ bool marquerSymbole(AcDbEntity& entite)
     AcDbDatabase* const db = entite.database();
     if (!db || !declarerVelaplus(*db))
         return false;
-    wchar_t application[] = L"VELAPLUS";
-    resbuf marque{nullptr, AcDb::kDxfXdInteger16, {}};
-    marque.resval.rint = 1;
-    resbuf nom{&marque, AcDb::kDxfRegAppName, {}};
-    nom.resval.rstring = application;
-    return entite.setXData(&nom) == Acad::eOk;
+    chaineResbuf marque;
+    marque.ajouter(AcDb::kDxfRegAppName, applicationVelaplus);
+    marque.ajouter(AcDb::kDxfXdInteger16, short{1});
+    return entite.setXData(marque.tete()) == Acad::eOk;
 }

@@ -1,6 +1,7 @@
 #include "codification/lispCodes.h"
 
 #include <optional>
+#include <utility>
 
 #include "codification/apparenceSymbole.h"
 #include "codification/codificationDuModule.h"
@@ -10,6 +11,7 @@
 #include "services/argumentsLisp.h"
 #include "services/blocFichier.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
 #include "services/etendueVue.h"
 #include "services/listeLisp.h"
 
@@ -86,15 +88,20 @@ int lispResetcodespts()
     if (!table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0;
+    int changes = 0, verrouilles = 0;
     for (int i = 0; i < table->nbPoint(); ++i) {
-        pointDuDessin& point = *table->getData(i);
+        const pointDuDessin& point = *std::as_const(*table).getData(i);
         if (point.getCode() == code)
             continue;
-        point.setCode(code);
+        if (estVerrouille(point.getId())) {
+            ++verrouilles;
+            continue;
+        }
+        table->changerCode(i, code);
         conformerSymbole(point.getId(), code, codificationDuModule());
         ++changes;
     }
+    signalerVerrouilles(verrouilles);
     return acedRetInt(changes);
 }
 
@@ -116,11 +123,18 @@ int lispChgreppts()
         return rendreNil();
     codificationDuModule().getCodif(code).chemin = *complet;
     codificationDuModule().sauver();
-    int changes = 0;
+    int changes = 0, verrouilles = 0;
     const listePointsDuDessin& points = *table;
-    for (int i = 0; i < points.nbPoint(); ++i)
-        if (points.getData(i)->getCode() == code && changerBlocSymbole(points.getData(i)->getId(), bloc))
+    for (int i = 0; i < points.nbPoint(); ++i) {
+        const pointDuDessin& point = *points.getData(i);
+        if (point.getCode() != code)
+            continue;
+        if (estVerrouille(point.getId()))
+            ++verrouilles;
+        else if (changerBlocSymbole(point.getId(), bloc))
             ++changes;
+    }
+    signalerVerrouilles(verrouilles);
     return acedRetInt(changes);
 }
 

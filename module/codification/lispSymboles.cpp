@@ -13,6 +13,7 @@
 #include "points/superpositions.h"
 #include "services/argumentsLisp.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
 #include "services/listeLisp.h"
 #include "services/selection.h"
 
@@ -61,20 +62,24 @@ AcDbObjectId blocNomme(const CString& nom)
     return id;
 }
 
-int montrerAttributs(const AcDbObjectId& id, const CString& etiquette, bool visible)
+struct bilan {
+    int changes = 0, verrouilles = 0;
+};
+
+void montrerAttributs(const AcDbObjectId& id, const CString& etiquette, bool visible, bilan& attributs)
 {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
-    int changes = 0;
     if (reference.openStatus() != Acad::eOk)
-        return changes;
+        return;
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
         const bool vise = etiquette == L"*" || memeEtiquette(attribut, etiquette);
-        if (vise && (attribut.isInvisible() != 0) == visible && attribut.upgradeOpen() == Acad::eOk) {
-            attribut.setInvisible(!visible);
-            ++changes;
-        }
+        if (!vise || (attribut.isInvisible() != 0) != visible)
+            return;
+        const Acad::ErrorStatus ouverture = attribut.upgradeOpen();
+        if (ouverture == Acad::eOk && attribut.setInvisible(!visible) == Acad::eOk)
+            ++attributs.changes;
+        attributs.verrouilles += ouverture == Acad::eOnLockedLayer;
     });
-    return changes;
 }
 
 } // namespace
@@ -115,7 +120,7 @@ int lispTpcdaddpt()
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
         (!arguments.fini() && !arguments.lireEntier(code)) ||
-        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini() || !codeValable(code))
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)
@@ -143,10 +148,11 @@ int lispAttrvisibility()
     if (!choisis && !table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0;
+    bilan attributs;
     for (const AcDbObjectId& id : choisis ? symboles : symbolesDe(*table))
-        changes += montrerAttributs(id, etiquette, visible);
-    return acedRetInt(changes);
+        montrerAttributs(id, etiquette, visible, attributs);
+    signalerVerrouilles(attributs.verrouilles);
+    return acedRetInt(attributs.changes);
 }
 
 int lispModifAttrib()
@@ -167,16 +173,17 @@ int lispModifAttrib()
     if (reference.openStatus() != Acad::eOk)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int ecrits = 0;
+    bilan attributs;
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
         for (const auto& [etiquette, texte] : textes)
             if (memeEtiquette(attribut, etiquette)) {
-                changerTexte(attribut, texte);
-                ++ecrits;
+                const bool verrouille = changerTexte(attribut, texte) == Acad::eOnLockedLayer;
+                ++(verrouille ? attributs.verrouilles : attributs.changes);
                 break;
             }
     });
-    return acedRetInt(ecrits);
+    signalerVerrouilles(attributs.verrouilles);
+    return acedRetInt(attributs.changes);
 }
 
 int lispRegPts()
@@ -188,6 +195,8 @@ int lispRegPts()
         return rendreNil();
     const CAcadUndoGroup groupe;
     table->updateDrawing();
+    const std::vector<AcDbObjectId> symboles = symbolesDe(*table);
+    signalerVerrouilles(static_cast<int>(std::ranges::count_if(symboles, estVerrouille)));
     return acedRetInt(table->nbPoint());
 }
 
@@ -202,15 +211,20 @@ int lispUpdarxttxt()
     if (!table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0;
+    bilan symboles;
     for (int i = 0; i < table->nbPoint(); ++i) {
         const pointDuDessin& point = *table->getData(i);
+        if (estVerrouille(point.getId())) {
+            ++symboles.verrouilles;
+            continue;
+        }
         const AcDbObjectPointer<AcDbBlockReference> symbole(point.getId(), AcDb::kForWrite);
         const codifPoint& codif = codificationDuModule().getCodif(point.getCode());
         if (symbole.openStatus() == Acad::eOk && retaillerSymbole(*symbole.object(), tailleSymbole(codif)))
-            ++changes;
+            ++symboles.changes;
     }
-    return acedRetInt(changes);
+    signalerVerrouilles(symboles.verrouilles);
+    return acedRetInt(symboles.changes);
 }
 
 int lispSuperpos()
@@ -239,11 +253,14 @@ int lispDissocblock()
     if (!argumentsLisp().fini())
         return refuserParametres();
     const CAcadUndoGroup groupe;
-    int dissocies = 0;
+    bilan blocs;
     // Points keep the references, which are erased: undo gives them their symbols back.
     for (const AcDbObjectId& id : demanderSelection(L"\nSelectionnez les elements a dissocier", L"INSERT"))
-        if (dissocierBloc(id))
-            ++dissocies;
-    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", dissocies);
+        if (estVerrouille(id))
+            ++blocs.verrouilles;
+        else if (dissocierBloc(id))
+            ++blocs.changes;
+    signalerVerrouilles(blocs.verrouilles);
+    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", blocs.changes);
     return RTNORM;
 }

@@ -86,6 +86,6 @@ lectureSymbole lireSymbole(const AcDbObjectId& id, donneesSymbole& point)
     const int numero = code ? entierDeTexte(*code) : 1;
     point.code = numero < 0 || numero > 9999 ? 1 : numero; // Intended: 0 is kept
     if (!altitude || !lireNombre(*altitude, point.z))
-        point.z = 1e38;
+        point.z = inconnu;
     return lectureSymbole::lu;
 }

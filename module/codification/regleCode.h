@@ -2,14 +2,18 @@
 
 #include <optional>
 
-#include "points/codeValable.h"
-
 #include "afx.h"
 
 struct codifPoint;
 class tableCodification;
 
 // What a code may hold. The dialogs, the AutoLISP functions and the readers of files keep to the same rules.
+
+/// Whether a new code may have the number: 1 to 9999.
+constexpr bool codeValable(int code)
+{
+    return code >= 1 && code <= 9999;
+}
 
 /// Whether symbols may have that size: 1e-6 to 1e6.
 bool tailleValable(double taille);
@@ -26,6 +30,9 @@ void reparerCalques(codifPoint& code, const CString& fichier = {});
 /// how blocks are read; a bare name is that of a block of the module's library.
 /// @return nothing for a relative path that is no block of the library: only this session could find its file.
 std::optional<CString> cheminDeBloc(const CString& saisi);
+
+/// What the user reads of a code that is not.
+inline constexpr const wchar_t* messageCodeIncorrect = L"Code incorrect\nTapez un nombre compris entre 1 et 9999";
 
 /// What becomes of the code number that a user types.
 enum class verdictCode {

@@ -1,6 +1,7 @@
 #include "codification/codificationDuModule.h"
 #include "codification/miseAJourSymbole.h"
 #include "points/pointDuDessin.h"
+#include "services/calqueVerrouille.h"
 
 #include "dbapserv.h"
 
@@ -39,10 +40,11 @@ void pointDuDessin::creer(bool creerCalques, const wchar_t* observation)
 
 void pointDuDessin::updateDrawing()
 {
+    if (estVerrouille(id)) // it stays, and a second one on top of it would be worse
+        return;
     if (actualiserSymbole(id, donneesDe(*this), codificationDuModule().getCodif(code)))
         return;
     creer(true);
-    venuDessine = false; // it was there before this symbol
 }
 
 int pointDuDessin::updateFromDrawing(const AcDbObjectId& symbole)

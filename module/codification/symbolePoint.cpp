@@ -7,7 +7,6 @@
 #include "points/attribsPoints.h"
 #include "services/blocFichier.h"
 #include "services/formatNombres.h"
-#include "services/grandeur.h"
 #include "services/nombresTexte.h"
 
 #include "dbents.h"
@@ -30,7 +29,7 @@ double tailleSymbole(const codifPoint& codif)
 CString texteAltitude(double z, const codifPoint& codif)
 {
     CString texte;
-    if (z != 1e38)
+    if (z != inconnu)
         formaterFixe(z, codif.precisionAltitudes, texte);
     return texte;
 }

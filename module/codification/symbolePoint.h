@@ -1,6 +1,7 @@
 #pragma once
 
 #include "codification/tableCodification.h"
+#include "services/grandeur.h"
 
 class AcDbDatabase;
 
@@ -11,9 +12,9 @@ class AcDbDatabase;
 /// What a point gives to its symbol.
 struct donneesSymbole {
     int code = 1;
-    double x = 1e38;
-    double y = 1e38;
-    double z = 1e38; ///< 1e38: unknown
+    double x = inconnu;
+    double y = inconnu;
+    double z = inconnu;
     CString nom;
     CString observation;
 };

@@ -17,10 +17,12 @@ void listePointsDuDessin::renumeroter(bool tout)
 /// Apart from its symbol the point stays as it is: no name has to be indexed again.
 void listePointsDuDessin::mettreAJourSymbole(int i)
 {
-    const AcDbObjectId avant = points[i].getId();
-    points[i].updateDrawing();
-    if (points[i].getId() != avant)
-        objets.suspecter(i);
+    pointDuDessin point = points[i];
+    point.updateDrawing();
+    if (point.getId() == points[i].getId())
+        return;
+    changer(i) = point;
+    objets.suspecter(i);
 }
 
 void listePointsDuDessin::updateDrawing()
@@ -34,14 +36,13 @@ void listePointsDuDessin::updateDrawing()
 
 void listePointsDuDessin::updateFromDrawing()
 {
+    changerTout();
     points.RemoveAll();
     reindexer();
     objets.suspecterTout();
-    retires.clear();
-    remis.clear();
     for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
         pointDuDessin point;
         if (point.updateFromDrawing(id))
-            ajouterTel(point);
+            Ajouter(point);
     }
 }

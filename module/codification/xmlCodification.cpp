@@ -2,9 +2,9 @@
 
 #include <tinyxml.h>
 
+#include "services/codages.h"
 #include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
-#include "services/utf8.h"
 
 namespace {
 
@@ -127,7 +127,7 @@ codifPoint codeDe(const TiXmlElement& element)
         const TiXmlElement* const contenant = element.FirstChildElement(champ.element);
         const TiXmlNode* const premier = contenant ? contenant->FirstChild() : nullptr;
         const TiXmlText* const texte = premier ? premier->ToText() : nullptr;
-        const CString valeur = texte ? sansMiseEnPage(deUtf8(texte->Value())) : CString();
+        const CString valeur = texte ? sansMiseEnPage(depuisUtf8(texte->Value()).c_str()) : CString();
         if (!valeur.IsEmpty() || (contenant && (!premier || texte) && champ.vide == champVide::vider))
             champ.lire(code, valeur);
     }
@@ -144,7 +144,7 @@ std::string xmlDeCodes(std::span<const codifPoint> codes)
         TiXmlElement element(elementCode);
         for (const champXml& champ : champs) {
             TiXmlElement contenant(champ.element);
-            contenant.InsertEndChild(texteXml(enUtf8(champ.ecrire(code))));
+            contenant.InsertEndChild(texteXml(versUtf8(champ.ecrire(code).GetString())));
             element.InsertEndChild(contenant);
         }
         table.InsertEndChild(element);
@@ -163,7 +163,7 @@ bool codesDeXml(const std::string& octets, std::vector<codifPoint>& codes)
         return false;
     const blancsGardes garde;
     TiXmlDocument document;
-    document.Parse((estUtf8(octets) ? octets : enUtf8(CString(octets.c_str()))).c_str(), nullptr, TIXML_ENCODING_UTF8);
+    document.Parse((estUtf8(octets) ? octets : versUtf8(depuisAnsi(octets))).c_str(), nullptr, TIXML_ENCODING_UTF8);
     const TiXmlElement* const racine = document.Error() ? nullptr : document.FirstChildElement(elementRacine);
     const TiXmlElement* const table = racine ? racine->FirstChildElement(elementTable) : nullptr;
     if (!table)

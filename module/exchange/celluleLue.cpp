@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "services/texteAnsi.h"
+#include "services/codages.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include "exchange/celluleLue.h"
 #include "exchange/lecteurLignes.h"
-#include "services/texteAnsi.h"
+#include "services/codages.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 #include <charconv>
 
 #include "exchange/exportPoints.h"
+#include "services/codages.h"
 #include "services/grandeur.h"
-#include "services/texteAnsi.h"
 
 namespace {
 

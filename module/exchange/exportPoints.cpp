@@ -3,8 +3,8 @@
 #include "exchange/colonnesFixes.h"
 #include "reports/classesRapport.h"
 #include "reports/htmlText.h"
+#include "services/codages.h"
 #include "services/grandeur.h"
-#include "services/texteAnsi.h"
 
 namespace {
 

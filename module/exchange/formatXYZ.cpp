@@ -5,10 +5,10 @@
 
 #include "exchange/colonnesFixes.h"
 #include "exchange/lecteurLignes.h"
+#include "services/codages.h"
 #include "services/grandeur.h"
 #include "services/lireNombre.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <expat.h>
 
 #include "exchange/celluleLue.h"
-#include "services/texteAnsi.h"
+#include "services/codages.h"
 
 namespace {
 

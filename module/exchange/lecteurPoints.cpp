@@ -6,7 +6,7 @@
 #include "exchange/formatXYZ.h"
 #include "exchange/landXml.h"
 #include "exchange/motsInstrument.h"
-#include "services/texteAnsi.h"
+#include "services/codages.h"
 
 std::span<const lecteurPoints* const> lecteursPoints()
 {

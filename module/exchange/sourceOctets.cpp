@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "services/texteAnsi.h"
+#include "services/codages.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "exchange/tableObsXYZ.h"
 
 #include "exchange/formatXYZ.h"
+#include "services/codages.h"
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
-#include "services/texteAnsi.h"
 
 namespace {
 

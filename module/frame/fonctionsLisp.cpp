@@ -22,6 +22,7 @@ int aVenir()
     return RTNORM;
 }
 
+/// The code of each function is its place in this table.
 constexpr fonctionLisp fonctions[] = {
     {L"calctailleblock", lispCalctailleblock},
     {L"add_pt", lispAddPt},
@@ -67,11 +68,6 @@ constexpr fonctionLisp fonctions[] = {
 constexpr int nombreFonctions = static_cast<int>(std::size(fonctions));
 
 } // namespace
-
-std::span<const fonctionLisp> tableFonctionsLisp()
-{
-    return fonctions;
-}
 
 int definirFonctionsLisp()
 {

@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstring>
 
-#include "services/texte8bits.h"
+#include "services/codages.h"
 
 #include "dbid.h"
 #include "tchar.h"
@@ -167,7 +167,7 @@ int FileSerializer::writeString(const CString& texte)
     if (longueur > longueurEcriteMax)
         AfxThrowInvalidArgException();
     std::array<char, longueurEcriteMax + 1> tampon;
-    convertirEn8bits(texte, tampon.data(), tampon.size());
+    versAnsi(texte, tampon.data(), tampon.size());
     return ecrire("c", 1) && writeInt(longueur) && writeBytes(tampon.data(), longueur + 1);
 }
 

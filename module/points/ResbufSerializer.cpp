@@ -23,17 +23,9 @@ constexpr int longueurMorceau = 127; // the most that a binary result buffer hol
 
 } // namespace
 
-ResbufSerializer::~ResbufSerializer()
-{
-    prendre(nullptr);
-}
-
 void ResbufSerializer::prendre(resbuf* chaine)
 {
-    if (tete)
-        acutRelRb(tete);
-    tete = chaine;
-    queue = nullptr;
+    items.prendre(chaine);
     lu = nullptr;
 }
 
@@ -46,34 +38,10 @@ const resbuf* ResbufSerializer::consommer(int groupe)
     return item;
 }
 
-resbuf* ResbufSerializer::ajouter(int groupe)
-{
-    resbuf* const item = acutNewRb(groupe);
-    if (!item)
-        return nullptr;
-    if (!queue)
-        for (queue = tete; queue && queue->rbnext;)
-            queue = queue->rbnext;
-    (queue ? queue->rbnext : tete) = item;
-    return queue = item;
-}
-
-int ResbufSerializer::ajouterEntier(int groupe, int valeur)
-{
-    resbuf* const item = ajouter(groupe);
-    return item ? (item->resval.rlong = valeur, 1) : 0;
-}
-
-int ResbufSerializer::ajouterCourt(int groupe, short valeur)
-{
-    resbuf* const item = ajouter(groupe);
-    return item ? (item->resval.rint = valeur, 1) : 0;
-}
-
 Adesk::IntPtr ResbufSerializer::rewind()
 {
     lu = nullptr;
-    return reinterpret_cast<Adesk::IntPtr>(tete);
+    return reinterpret_cast<Adesk::IntPtr>(items.tete());
 }
 
 int ResbufSerializer::peekInt()
@@ -95,23 +63,23 @@ int ResbufSerializer::writeMarker(int valeur)
 }
 int ResbufSerializer::writeInt(int valeur)
 {
-    return ajouterEntier(groupeEntier, valeur);
+    return items.ajouter(groupeEntier, valeur);
 }
 int ResbufSerializer::writeEnum(int valeur)
 {
-    return ajouterEntier(groupeEnum, valeur);
+    return items.ajouter(groupeEnum, valeur);
 }
 int ResbufSerializer::writeShort(Adesk::Int16 valeur)
 {
-    return ajouterCourt(groupeCourt, valeur);
+    return items.ajouter(groupeCourt, valeur);
 }
 int ResbufSerializer::writeByte(Adesk::UInt8 valeur)
 {
-    return ajouterCourt(groupeOctet, valeur);
+    return items.ajouter(groupeOctet, static_cast<short>(valeur));
 }
 int ResbufSerializer::writeChar(Adesk::Int8 valeur)
 {
-    return ajouterCourt(groupeOctet, valeur);
+    return items.ajouter(groupeOctet, static_cast<short>(valeur));
 }
 
 int ResbufSerializer::writeId(const AcDbObjectId& id)
@@ -119,31 +87,23 @@ int ResbufSerializer::writeId(const AcDbObjectId& id)
     ads_name nom;
     if (id.isNull() || id.isErased() || acdbGetAdsName(nom, id) != Acad::eOk)
         return writeInt(referenceNulle);
-    resbuf* const item = ajouter(groupeReference);
-    if (!item)
-        return 0;
-    std::copy(std::begin(nom), std::end(nom), item->resval.rlname);
-    return 1;
+    return items.ajouterNom(groupeReference, nom);
 }
 
 int ResbufSerializer::writeDouble(double valeur)
 {
-    resbuf* const item = ajouter(groupeReel);
-    return item ? (item->resval.rreal = valeur, 1) : 0;
+    return items.ajouter(groupeReel, valeur);
 }
 
 int ResbufSerializer::writeBytes(const void* octets, int longueur)
 {
-    if (longueur < 0 || !ajouterEntier(groupeLongueur, longueur))
+    if (longueur < 0 || !items.ajouter(groupeLongueur, longueur))
         return 0;
     const char* source = static_cast<const char*>(octets);
     while (longueur > 0) {
         const int taille = std::min(longueur, longueurMorceau);
-        resbuf* const item = ajouter(groupeMorceau);
-        if (!item || acutNewBuffer(item->resval.rbinary.buf, static_cast<std::size_t>(taille)) != Acad::eOk)
+        if (!items.ajouterOctets(groupeMorceau, source, static_cast<std::size_t>(taille)))
             return 0;
-        item->resval.rbinary.clen = static_cast<short>(taille);
-        std::memcpy(item->resval.rbinary.buf, source, static_cast<std::size_t>(taille));
         source += taille;
         longueur -= taille;
     }
@@ -152,8 +112,7 @@ int ResbufSerializer::writeBytes(const void* octets, int longueur)
 
 int ResbufSerializer::writeString(const CString& texte)
 {
-    resbuf* const item = ajouter(groupeTexte);
-    return item && acutNewString(texte, item->resval.rstring) == Acad::eOk;
+    return items.ajouter(groupeTexte, texte.GetString());
 }
 
 int ResbufSerializer::readId(AcDbObjectId& id)

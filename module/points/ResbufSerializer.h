@@ -1,6 +1,7 @@
 #pragma once
 
 #include "points/QuarvelSerializer.h"
+#include "services/chaineResbuf.h"
 
 #include "adsdef.h"
 
@@ -15,13 +16,12 @@
 class ResbufSerializer final : public QuarvelSerializer {
 public:
     /// Takes the chain over (null: empty) and releases it at the end.
-    explicit ResbufSerializer(resbuf* chaine = nullptr) : tete(chaine) {}
-    ~ResbufSerializer();
+    explicit ResbufSerializer(resbuf* chaine = nullptr) : items(chaine) {}
 
     /// Takes over another chain; the present one is released.
     void prendre(resbuf* chaine);
     /// Head of the chain, which stays this serializer's.
-    const resbuf* chaine() const { return tete; }
+    const resbuf* chaine() const { return items.tete(); }
 
     Adesk::IntPtr rewind() override;
     int peekInt() override;
@@ -49,14 +49,10 @@ public:
     int readEnum(int& valeur) override;
 
 private:
-    const resbuf* suivant() const { return lu ? lu->rbnext : tete; }
+    const resbuf* suivant() const { return lu ? lu->rbnext : items.tete(); }
     /// The next item, consumed, when it has that group code; else null.
     const resbuf* consommer(int groupe);
-    resbuf* ajouter(int groupe);
-    int ajouterEntier(int groupe, int valeur);
-    int ajouterCourt(int groupe, short valeur);
 
-    resbuf* tete = nullptr;
-    resbuf* queue = nullptr;    // last item, found when the first one is added
+    chaineResbuf items;
     const resbuf* lu = nullptr; // last item read; null at the start
 };

@@ -5,9 +5,8 @@
 #include <cstring>
 #include <cwchar>
 
-#include "services/texte8bits.h"
-
-#include "windows.h"
+#include "services/codages.h"
+#include "services/lettres.h"
 
 namespace {
 
@@ -34,14 +33,9 @@ std::optional<cleNom> cleNom::deTexte(const wchar_t* nom, std::string_view blanc
     if (longueur > longueurMax)
         return std::nullopt;
 
-    std::array<char, longueurMax> octets{};
-    BOOL remplace = FALSE;
-    if (longueur > 0)
-        WideCharToMultiByte(CP_ACP, 0, debut, static_cast<int>(longueur), octets.data(), static_cast<int>(longueur),
-                            nullptr, &remplace);
-    if (remplace)
-        return std::nullopt;
-    return cleNom({octets.data(), longueur}, {});
+    bool entier = true;
+    const std::string octets = versAnsi({debut, longueur}, &entier);
+    return entier ? std::optional(cleNom(octets, {})) : std::nullopt;
 }
 
 std::uint32_t cleNom::hachage() const

@@ -18,6 +18,11 @@ void indexObjets::suspecter(int position)
     suspects.push_back(position);
 }
 
+void indexObjets::raccourcir(std::size_t nombre)
+{
+    indexes = std::min(indexes, nombre); // those that come in their place are new
+}
+
 void indexObjets::suspecterTout()
 {
     positions.clear();

@@ -18,6 +18,8 @@ public:
     int chercher(const AcDbObjectId& id, std::span<const pointDuDessin> points);
     /// The entity of this point may change.
     void suspecter(int position);
+    /// Points from there on were removed.
+    void raccourcir(std::size_t nombre);
     /// Any entity, or the order of the points, may have changed.
     void suspecterTout();
 

@@ -1,6 +1,5 @@
 #include "points/lispPoints.h"
 
-#include "points/codeValable.h"
 #include "points/etendueDesPoints.h"
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
@@ -16,7 +15,7 @@ int lispAddPt()
     AcGePoint3d position;
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
-        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini() || !codeValable(code))
+        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini())
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)

@@ -4,12 +4,16 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "points/entiteDuPoint.h"
+#include "points/memoireTable.h"
 #include "points/pointsDistincts.h"
 #include "points/QuarvelSerializer.h"
-#include "services/texte8bits.h"
+#include "services/calqueVerrouille.h"
+#include "services/lettres.h"
 
 namespace {
 
@@ -55,6 +59,8 @@ pointDuDessin* listePointsDuDessin::getData(int i)
     pointDuDessin& point = points.GetAt(i);
     indexerEnAttente(); // under the names that the points have now
     objets.suspecter(i);
+    if (memoire)
+        memoire->confier(i);
     return &point;
 }
 
@@ -62,22 +68,38 @@ listePointsDuDessin::tableau& listePointsDuDessin::getData()
 {
     indexerEnAttente();
     objets.suspecterTout();
+    if (memoire)
+        memoire->confierTout();
     return points;
 }
 
 void listePointsDuDessin::Ajouter(const pointDuDessin& point)
 {
-    ajouterTel(point);
-    points[nbPoint() - 1].venuDessine = !point.id.isNull();
-}
-
-void listePointsDuDessin::ajouterTel(const pointDuDessin& point)
-{
+    if (memoire)
+        memoire->avantDAjouter();
+    if (premierEnAttente > nbPoint())
+        premierEnAttente = nbPoint(); // points were taken out of the array that was handed out
     if (blancsEnAttente != blancs::espaces) {
         indexerEnAttente();
         blancsEnAttente = blancs::espaces;
     }
     points.Add(point);
+}
+
+/// The point at a position, about to change.
+pointDuDessin& listePointsDuDessin::changer(int i)
+{
+    pointDuDessin& point = points.GetAt(i);
+    if (memoire)
+        memoire->avantDeChanger(i);
+    return point;
+}
+
+/// Any point is about to change, or to go.
+void listePointsDuDessin::changerTout()
+{
+    if (memoire)
+        memoire->avantDeToutChanger();
 }
 
 void listePointsDuDessin::CreerPoint(const AcGePoint3d& position, int code, const wchar_t* nom)
@@ -93,19 +115,25 @@ void listePointsDuDessin::fusionnerAvec(const listePointsDuDessin& autre)
 {
     const int nombre = autre.nbPoint(); // as it stood, should it be this table
     for (int i = 0; i < nombre; ++i)
-        ajouterTel(autre.points[i]);
+        Ajouter(autre.points[i]);
 }
 
 void listePointsDuDessin::remplacerPoint(int i, const pointDuDessin& point)
 {
-    pointDuDessin& ancien = *getData(i);
+    pointDuDessin& ancien = changer(i);
+    indexerEnAttente();
+    objets.suspecter(i);
     const cleNom ancienne(ancien.getNomPoint(), blancsRecherche);
     if (noms.chercher(ancienne) == i)
         noms.retirer(ancienne);
-    const bool venuDessine = ancien.venuDessine && ancien.id == point.id;
     ancien = point;
-    ancien.venuDessine = venuDessine;
-    noms.poser(cleNom(point.getNomPoint(), blancsRecherche), i);
+    noms.poser(cleNom(ancien.getNomPoint(), blancsRecherche), i);
+}
+
+void listePointsDuDessin::changerCode(int i, int code)
+{
+    if (std::as_const(*this).getData(i)->getCode() != code)
+        changer(i).setCode(code);
 }
 
 void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
@@ -113,6 +141,8 @@ void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
     int position = -1;
     if (!existPoint(nom, position))
         return;
+    if (estVerrouille(points[position].getId())) // a symbol without its point would mislead
+        return signalerVerrouilles(1);
     effacerEntite(points[position].getId());
     retirer(position);
     if (position != nbPoint())
@@ -125,62 +155,39 @@ void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
 /// The last point takes its place. Names are the caller's affair.
 void listePointsDuDessin::retirer(int position)
 {
-    const pointDuDessin& point = points[position];
-    if (!point.id.isNull())
-        retires.insert_or_assign(point.id.asOldId(), retrait{position, point});
     const int dernier = nbPoint() - 1;
+    changer(dernier);
     if (position != dernier) {
-        points[position] = points[dernier];
+        changer(position) = points[dernier];
         objets.suspecter(position);
     }
     points.RemoveAt(dernier);
+    objets.raccourcir(static_cast<std::size_t>(dernier));
 }
 
-/// The way back: who took its place goes to the end again.
-bool listePointsDuDessin::remettre(std::int64_t entite)
+void listePointsDuDessin::echanger(changementTable& autre)
 {
-    const auto noeud = retires.extract(entite);
-    if (!noeud)
-        return false;
-    const auto& [position, point] = noeud.mapped();
-    if (position >= nbPoint()) {
-        points.Add(point);
-    } else {
-        points.Add(pointDuDessin(points[position]));
-        points[position] = point;
+    const int nombre = nbPoint();
+    bool nomsChangent = autre.nombre != nombre;
+    for (auto& [position, point] : autre.points) {
+        nomsChangent = nomsChangent || std::strcmp(point.getNomPoint(), points[position].getNomPoint()) != 0;
+        std::swap(points[position], point);
         objets.suspecter(position);
     }
-    reindexer();
-    return true;
-}
-
-void listePointsDuDessin::suivreSymbole(const AcDbObjectId& id, sortSymbole sort)
-{
-    const std::int64_t entite = id.asOldId();
-    const auto partir = [this](int position) {
-        retirer(position);
-        reindexer();
-    };
-    switch (sort) {
-    case sortSymbole::efface: // by itself: the point stays, whatever is done again later
-        remis.erase(entite);
-        break;
-    case sortSymbole::effacementAnnule:
-        if (remettre(entite))
-            remis.insert(entite);
-        break;
-    case sortSymbole::effacementRefait:
-        if (const int i = positionDe(id); i >= 0 && remis.erase(entite) > 0)
-            partir(i);
-        break;
-    case sortSymbole::dessinAnnule:
-        if (const int i = positionDe(id); i >= 0 && points[i].venuDessine)
-            partir(i);
-        break;
-    case sortSymbole::dessinRefait:
-        remettre(entite);
-        break;
+    if (autre.nombre < nombre) {
+        autre.queue.assign(points.GetData() + autre.nombre, points.GetData() + nombre);
+        points.SetSize(autre.nombre);
+        objets.raccourcir(static_cast<std::size_t>(autre.nombre));
+    } else {
+        for (const pointDuDessin& point : autre.queue)
+            points.Add(point);
+        autre.queue.clear();
+        autre.queue.shrink_to_fit();
     }
+    autre.nombre = nombre;
+    std::swap(nomTable, autre.nom);
+    if (nomsChangent)
+        reindexer();
 }
 
 void listePointsDuDessin::delDups()
@@ -198,6 +205,7 @@ void listePointsDuDessin::delDups()
     if (gardes == nombre)
         return;
 
+    changerTout();
     tableau tries;
     tries.SetSize(0, gardes);
     for (const lieuPoint& lieu : lieux)
@@ -214,11 +222,12 @@ void listePointsDuDessin::nommerSansNom()
     int numero = getMaxNum();
     for (int i = 0; i < nbPoint(); ++i)
         if (sansBlancs(points[i].getNomPoint(), marquesSansNom).empty())
-            nommer(points[i], ++numero);
+            nommer(changer(i), ++numero);
 }
 
 void listePointsDuDessin::nommerParPlace()
 {
+    changerTout();
     for (int i = 0; i < nbPoint(); ++i)
         nommer(points[i], i + 1);
     reindexer();
@@ -282,9 +291,11 @@ int listePointsDuDessin::getMaxNum() const
 void listePointsDuDessin::decalZ(const double& dz)
 {
     const double decalage = dz; // dz may be an altitude of this table
+    if (!std::isfinite(decalage))
+        return;
     for (int i = 0; i < nbPoint(); ++i)
         if (points[i].altitudeConnue())
-            points[i].setZ(points[i].getZ() + decalage);
+            changer(i).setZ(points[i].getZ() + decalage);
 }
 
 int listePointsDuDessin::getObjId(const wchar_t* nom, AcDbObjectId& id) const
@@ -317,13 +328,15 @@ void listePointsDuDessin::notifyPositionPoint(const AcDbObjectId& id, const AcGe
     const int i = positionDe(id);
     if (i < 0)
         return;
-    pointDuDessin& point = points[i];
+    AcGePoint3d place = points[i].getAs3dPnt();
     if (masque & 1)
-        point.setX(position.x);
+        place.x = position.x;
     if (masque & 2)
-        point.setY(position.y);
+        place.y = position.y;
     if (masque & 4)
-        point.setZ(position.z);
+        place.z = position.z;
+    if (place.x != points[i].getX() || place.y != points[i].getY() || place.z != points[i].getZ())
+        changer(i).setXY(place.x, place.y, place.z);
 }
 
 int listePointsDuDessin::saveToXRecord(QuarvelSerializer* s) const
@@ -344,7 +357,7 @@ int listePointsDuDessin::GetFromXRecord(QuarvelSerializer* s)
         pointDuDessin point;
         if (!point.readFromXRecord(s))
             return 0;
-        ajouterTel(point);
+        Ajouter(point);
     }
     return 1;
 }
@@ -364,6 +377,7 @@ void listePointsDuDessin::reindexer()
 
 void listePointsDuDessin::indexerEnAttente() const
 {
+    premierEnAttente = std::min(premierEnAttente, nbPoint());
     if (premierEnAttente == nbPoint())
         return;
     const std::string_view blancsDesNoms = blancsEnAttente == blancs::espaces ? blancsRecherche : blancsReindexation;

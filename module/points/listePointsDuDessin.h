@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cstdint>
-#include <unordered_map>
-#include <unordered_set>
+#include <cstddef>
+#include <memory>
 
 #include "points/exportation.h"
 #include "points/indexNoms.h"
@@ -13,9 +12,8 @@
 #include "afxtempl.h"
 
 class QuarvelSerializer;
-
-/// What happened to the entity that shows a point: done by the user or by a command, or by the host's undo and redo.
-enum class sortSymbole { efface, effacementAnnule, effacementRefait, dessinAnnule, dessinRefait };
+class memoireTable;
+struct changementTable;
 
 /// One named table of survey points.
 /// Owns its points by value, in table order; positions are 0-based and change when a point is removed.
@@ -36,9 +34,11 @@ public:
     void setNomTable(const wchar_t* nom) { nomTable = nom; }
 
     int nbPoint() const { return static_cast<int>(points.GetSize()); }
-    /// The point at a position; valid until the table grows or shrinks.
+    /// The point at a position; valid until the table grows or shrinks. Who only reads takes it from a constant table:
+    /// a point handed out for changes is compared at the end of each command.
     pointDuDessin* getData(int i);
     const pointDuDessin* getData(int i) const { return &points.GetAt(i); }
+    /// The array itself, for changes of any kind at any time.
     tableau& getData();
     const tableau& getData() const { return points; }
 
@@ -51,6 +51,7 @@ public:
     void fusionnerAvec(const listePointsDuDessin& autre);
     /// Puts a point in place of another, whose name no longer finds it.
     void remplacerPoint(int i, const pointDuDessin& point);
+    void changerCode(int i, int code);
     /// Removes the point found by that name and erases the entity that shows it; a name not found changes nothing.
     /// The last point of the table takes its place, so the order changes. An earlier point of the same name stays, but
     /// is not found any more.
@@ -73,7 +74,7 @@ public:
     int nombreAyantCode(int code) const;
     /// The largest whole number that begins a name ("7B" counts 7), 0 when there is none.
     int getMaxNum() const;
-    /// Adds dz to the known altitudes.
+    /// Adds dz to the known altitudes; one that is not finite changes nothing.
     void decalZ(const double& dz);
 
     /// The entity that shows the point called `nom`. @return 1, or 0 when no point has that name.
@@ -87,29 +88,22 @@ public:
     void updateFromDrawing();
     /// Copies coordinates of a moved entity into the first point that it shows. `masque`: 1 X, 2 Y, 4 Z.
     void notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque);
-    /// Undo and redo of the drawing, for the points: one that was added with its entity goes and comes back with it,
-    /// and so does one that was removed with it. A point whose entity is erased by itself stays, and so does one that
-    /// was there before its entity.
-    void suivreSymbole(const AcDbObjectId& id, sortSymbole sort);
-
     /// Table of the stored form: name, number of points, points. Reading appends to the table and indexes the points.
     /// @return 1, or 0 at the first item that fails.
     int saveToXRecord(QuarvelSerializer* s) const;
     int GetFromXRecord(QuarvelSerializer* s);
 
 private:
+    friend class journalProjet;
     enum class blancs { espaces, espacesEtTabulations };
-
-    struct retrait {
-        int position;
-        pointDuDessin point;
-    };
 
     const pointDuDessin* chercher(const wchar_t* nom) const;
     int positionDe(const AcDbObjectId& id);
-    void ajouterTel(const pointDuDessin& point);
     void retirer(int position);
-    bool remettre(std::int64_t entite);
+    void changerTout();
+    pointDuDessin& changer(int i);
+    /// Puts the table into the other state of a change, which then holds this one. Names are indexed anew.
+    void echanger(changementTable& autre);
     void nommerSansNom();
     void nommerParPlace();
     void mettreAJourSymbole(int i);
@@ -123,7 +117,8 @@ private:
     mutable int premierEnAttente = 0;         // points from here on are not indexed yet
     blancs blancsEnAttente = blancs::espaces; // what is stripped from their names
     indexObjets objets;
-    std::unordered_map<std::int64_t, retrait> retires; // went with their entity, by its id
-    std::unordered_set<std::int64_t> remis;            // entities whose point came back when its removal was taken back
+    std::unique_ptr<memoireTable> memoire; // of a project whose changes undo takes back, else null
+    // Siblings know the table's layout: its name stands where it stood when two more containers came before it.
+    std::byte reserve[104] = {};
     CString nomTable;
 };

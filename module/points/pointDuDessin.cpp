@@ -5,7 +5,8 @@
 
 #include "points/pointXYZ.h"
 #include "points/QuarvelSerializer.h"
-#include "services/texte8bits.h"
+#include "services/codages.h"
+#include "services/lettres.h"
 
 namespace {
 
@@ -48,9 +49,9 @@ void pointDuDessin::getXY(double& x, double& y) const
 
 void pointDuDessin::setXY(double x, double y, double z)
 {
-    X = x;
-    Y = y;
-    Z = z;
+    setX(x);
+    setY(y);
+    setZ(z);
 }
 
 void pointDuDessin::setNomPoint(const char* leNom)
@@ -63,7 +64,7 @@ void pointDuDessin::setNomPoint(const char* leNom)
 
 void pointDuDessin::setNomPoint(const wchar_t* leNom)
 {
-    convertirEn8bits(leNom, nom, tailleNom);
+    versAnsi(leNom, nom, tailleNom);
 }
 
 void pointDuDessin::setParams(const wchar_t* leNom, const AcGePoint3d& position, int leCode)
@@ -75,8 +76,9 @@ void pointDuDessin::setParams(const wchar_t* leNom, const AcGePoint3d& position,
 
 int pointDuDessin::saveToXRecord(QuarvelSerializer* s) const
 {
-    return s->writeBytes(nom, tailleNom) && s->writeInt(code) && s->writeDouble(X) && s->writeDouble(Y) &&
-           s->writeDouble(Z) && s->writeId(id);
+    // Older siblings set any number: one that cannot be stored must not cost the whole project.
+    return s->writeBytes(nom, tailleNom) && s->writeInt(code) && s->writeDouble(coordonnee(X)) &&
+           s->writeDouble(coordonnee(Y)) && s->writeDouble(coordonnee(Z)) && s->writeId(id);
 }
 
 int pointDuDessin::readFromXRecord(QuarvelSerializer* s)
@@ -84,5 +86,6 @@ int pointDuDessin::readFromXRecord(QuarvelSerializer* s)
     const int lu = s->readBytes(nom, tailleNom) && s->readInt(code) && s->readDouble(X) && s->readDouble(Y) &&
                    s->readDouble(Z) && s->readId(id);
     nom[longueurNom] = '\0'; // a stored name may lack its zero
+    setXY(X, Y, Z);
     return lu;
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cmath>
+
 #include "points/exportation.h"
+#include "services/grandeur.h"
 
 #include "afx.h"
 #include "dbid.h"
@@ -9,11 +12,9 @@
 class QuarvelSerializer;
 struct pointXYZ;
 
-/// Marks an altitude (and, in a point not placed yet, a coordinate) as unknown. Compared exactly.
-constexpr double coordonneeInconnue = 1e38;
-
 /// One survey point: name, position, code of the codification, and the entity that shows it in the drawing.
-/// A plain record, copied by value. X east, Y north, Z up, in drawing units.
+/// A plain record, copied by value. X east, Y north, Z up, in drawing units; an altitude, and in a point not placed yet
+/// a coordinate, may be `inconnu`. A number that is not finite, which no drawing can hold, becomes that.
 /// The name holds at most nine characters of Windows-1252; a longer one is cut without notice.
 class VELA_EXPORT pointDuDessin {
 public:
@@ -35,15 +36,15 @@ public:
     double getX() const { return X; }
     double getY() const { return Y; }
     double getZ() const { return Z; }
-    void setX(double x) { X = x; }
-    void setY(double y) { Y = y; }
-    void setZ(double z) { Z = z; }
+    void setX(double x) { X = coordonnee(x); }
+    void setY(double y) { Y = coordonnee(y); }
+    void setZ(double z) { Z = coordonnee(z); }
     void getXY(double& x, double& y) const;
     /// Sets all three, in spite of its name.
     void setXY(double x, double y, double z);
     /// X, Y, Z as they are, the unknown marker included.
     AcGePoint3d getAs3dPnt() const { return {X, Y, Z}; }
-    bool altitudeConnue() const { return Z != coordonneeInconnue; }
+    bool altitudeConnue() const { return Z != inconnu; }
 
     int getCode() const { return code; }
     void setCode(int leCode) { code = leCode; }
@@ -82,13 +83,12 @@ public:
     int readFromXRecord(QuarvelSerializer* s);
 
 private:
-    friend class listePointsDuDessin;
+    static double coordonnee(double valeur) { return std::isfinite(valeur) ? valeur : inconnu; }
 
-    double X = coordonneeInconnue;
-    double Y = coordonneeInconnue;
-    double Z = coordonneeInconnue;
+    double X = inconnu;
+    double Y = inconnu;
+    double Z = inconnu;
     int code = 1;
     char nom[tailleNom] = {};
-    bool venuDessine = false; // it entered its table with its symbol, and leaves it when that drawing is taken back
     AcDbObjectId id;
 };

@@ -5,6 +5,8 @@
 #include <ctime>
 #include <string>
 
+#include "services/grandeur.h"
+
 /// The next serial number of a point record: one counter for the module, which starts at the time of its first use.
 inline std::uint32_t serieSuivante()
 {
@@ -13,14 +15,14 @@ inline std::uint32_t serieSuivante()
 }
 
 /// A survey point outside any drawing, as point files hold it.
-/// x, y, z in drawing units; z = 1e38 when the altitude is unknown.
+/// x, y, z in drawing units; `inconnu` when not known.
 struct pointXYZ {
     int code = 1;
     std::wstring nom;
     std::wstring observation;
-    double x = 1e38;
-    double y = 1e38;
-    double z = 1e38;
+    double x = inconnu;
+    double y = inconnu;
+    double z = inconnu;
     std::uint32_t serie = serieSuivante(); ///< of the record; a copy keeps it
     int drapeau = 0;
 };

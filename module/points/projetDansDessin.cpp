@@ -1,7 +1,9 @@
 #include "points/projetDansDessin.h"
 
+#include <cmath>
 #include <memory>
 
+#include "points/annulationDuDessin.h"
 #include "points/ResbufSerializer.h"
 
 #include "acutads.h"
@@ -17,6 +19,8 @@ namespace {
 
 constexpr const wchar_t* cleProjet = L"QUARVEL4_VELA_DATA";
 constexpr const wchar_t* nomCalque = L"0";
+
+int enregistrees = 1;
 
 AcDbDatabase* dessinDeTravail()
 {
@@ -74,6 +78,23 @@ resbuf* chaineStockee(AcDbDatabase* db)
     return chaine;
 }
 
+/// Points of siblings that set any number: what cannot be stored is stored as unknown, and told.
+void signalerNonFinis(const projetsTopo& projet)
+{
+    int nombre = 0;
+    for (int i = 0; i < projet.nbTables(); ++i) {
+        const listePointsDuDessin& table = *projet.getTable(i);
+        for (int j = 0; j < table.nbPoint(); ++j) {
+            const AcGePoint3d place = table.getData(j)->getAs3dPnt();
+            nombre += !(std::isfinite(place.x) && std::isfinite(place.y) && std::isfinite(place.z));
+        }
+    }
+    if (nombre > 0)
+        acutPrintf(L"\n%d point(s) avec une coordonn\u00e9e qui n'est pas un nombre : elle est enregistr\u00e9e comme "
+                   L"inconnue.",
+                   nombre);
+}
+
 /// Stores the chain, empty or not, as a new record in place of the earlier one, which stays if the data are refused.
 bool stocker(AcDbDatabase* db, const resbuf* chaine)
 {
@@ -98,11 +119,16 @@ void setSrcInfosTopo(AcDbDatabase* db, projetsTopo* projet, int sauver, int lire
 {
     tablesPoints = projet;
     sauverInfosTopo = sauver;
-    if (!lire || !tablesPoints)
+    AcDbDatabase* const dessin = db ? db : dessinDeTravail();
+    if (!tablesPoints)
         return;
-    ResbufSerializer s(chaineStockee(db ? db : dessinDeTravail()));
-    acutPrintf(L"\nLecture des donn\u00e9es Topo");
-    tablesPoints->GetFromXRecord(&s);
+    if (lire) {
+        ResbufSerializer s(chaineStockee(dessin));
+        acutPrintf(L"\nLecture des donn\u00e9es Topo");
+        tablesPoints->GetFromXRecord(&s);
+    }
+    if (dessin)
+        suivreAnnulation(*dessin, *tablesPoints);
 }
 
 void purgeInfosTopo()
@@ -112,16 +138,27 @@ void purgeInfosTopo()
         acutPrintf(messageErreurEcriture);
 }
 
+int infosTopoEnregistrees()
+{
+    return enregistrees;
+}
+
 void enregistrerInfosTopo()
 {
+    enregistrees = 1;
     AcDbDatabase* const db = dessinDeTravail();
     if (!tablesPoints || !db)
         return;
     ResbufSerializer s;
+    signalerNonFinis(*tablesPoints);
     if (sauverInfosTopo)
-        tablesPoints->SaveToXRecord(&s); // one that fails says so; what it wrote is stored
-    if (!stocker(db, s.chaine()))
+        enregistrees = tablesPoints->SaveToXRecord(&s); // one that fails says so; what it wrote is stored
+    const sauvegardeEnCours sauvegarde;
+    if (!stocker(db, s.chaine())) {
+        enregistrees = 0;
         acutPrintf(messageErreurEcriture);
+        acutPrintf(L"\nLes tables de points n'ont pas pu \u00eatre enregistr\u00e9es dans le dessin.");
+    }
 }
 
 listePointsDuDessin* tableCourante()

@@ -21,6 +21,9 @@ VELA_EXPORT void setSrcInfosTopo(AcDbDatabase* db, projetsTopo* projet, int sauv
 /// Empties what the working drawing stores.
 VELA_EXPORT void purgeInfosTopo();
 
+/// Whether the last save of a drawing stored its project whole; 1 when there was none.
+VELA_EXPORT int infosTopoEnregistrees();
+
 /// Stores the project in use in the working drawing; without a project the drawing stays as it is.
 void enregistrerInfosTopo();
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "points/annulationDuDessin.h"
+#include "points/journalProjet.h"
 #include "points/QuarvelSerializer.h"
 
 #include "acutads.h"
@@ -23,7 +25,10 @@ projetsTopo::projetsTopo()
 {
     reset();
 }
-projetsTopo::~projetsTopo() = default;
+projetsTopo::~projetsTopo()
+{
+    oublierAnnulation(*this);
+}
 
 void projetsTopo::reset()
 {
@@ -34,8 +39,25 @@ void projetsTopo::reset()
 
 void projetsTopo::removeAll()
 {
+    annoncer();
+    for (auto& table : tables)
+        ecarter(std::move(table));
     tables.clear();
     courante = -1;
+}
+
+/// To be called before tables come or go.
+void projetsTopo::annoncer() const
+{
+    if (journalProjet* const journal = journalProjet::de(*this))
+        journal->toucher();
+}
+
+/// A table that leaves the project: undo may want it back.
+void projetsTopo::ecarter(std::unique_ptr<listePointsDuDessin> table)
+{
+    if (journalProjet* const journal = journalProjet::de(*this))
+        journal->garder(std::move(table));
 }
 
 listePointsDuDessin* projetsTopo::getTable(int i) const
@@ -47,6 +69,7 @@ listePointsDuDessin* projetsTopo::getTable(int i) const
 
 void projetsTopo::creerTablePoints(const wchar_t* nom)
 {
+    annoncer();
     tables.push_back(std::make_unique<listePointsDuDessin>());
     tables.back()->setNomTable(nom);
 }
@@ -55,8 +78,10 @@ void projetsTopo::removeTablePoints(int i)
 {
     if (nbTables() == 1 || i < 0 || i >= nbTables())
         return;
+    annoncer();
     if (courante >= i)
         --courante;
+    ecarter(std::move(tables[static_cast<std::size_t>(i)]));
     tables.erase(tables.begin() + i);
     courante = std::max(courante, 0);
 }
@@ -83,12 +108,6 @@ void projetsTopo::notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d&
 {
     for (const auto& table : tables)
         table->notifyPositionPoint(id, position, masque);
-}
-
-void projetsTopo::suivreSymbole(const AcDbObjectId& id, sortSymbole sort)
-{
-    for (const auto& table : tables)
-        table->suivreSymbole(id, sort);
 }
 
 int projetsTopo::SaveToXRecord(QuarvelSerializer* s) const
@@ -137,6 +156,9 @@ void projetsTopo::retirerLevesVides()
     }
     // Removed from the last to the first while two tables remain: the first stays only when all are such.
     const bool rienDAutre = std::all_of(tables.begin(), tables.end(), estLeveVide);
-    tables.erase(std::remove_if(tables.begin() + (rienDAutre ? 1 : 0), tables.end(), estLeveVide), tables.end());
+    const auto gardees = std::stable_partition(tables.begin() + (rienDAutre ? 1 : 0), tables.end(),
+                                               [](const auto& table) { return !estLeveVide(table); });
+    std::for_each(gardees, tables.end(), [this](auto& table) { ecarter(std::move(table)); });
+    tables.erase(gardees, tables.end());
     courante = 0; // whichever was current
 }

@@ -46,8 +46,6 @@ public:
     void decalZ(const double& dz);
     /// Tells every table, as listePointsDuDessin::notifyPositionPoint.
     void notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque);
-    /// Tells every table, as listePointsDuDessin::suivreSymbole.
-    void suivreSymbole(const AcDbObjectId& id, sortSymbole sort);
 
     /// The stored form: current position, number of tables, tables. No version, no marker.
     /// @return 1, or 0 at the first item that fails, which also prints "\t*** ERREUR ***".
@@ -58,6 +56,10 @@ public:
     int GetFromXRecord(QuarvelSerializer* s);
 
 private:
+    friend class journalProjet;
+
+    void ecarter(std::unique_ptr<listePointsDuDessin> table);
+    void annoncer() const;
     int lireTables(QuarvelSerializer* s);
     void retirerLevesVides();
 

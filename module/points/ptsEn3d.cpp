@@ -3,16 +3,17 @@
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/espaceObjet.h"
+#include "services/grandeur.h"
 
 #include "acutads.h"
 #include "dbents.h"
 
 namespace {
 
-/// Leaves out unknown altitudes; so far from the ground an altitude is none either.
-bool placable(double z)
+/// Leaves out unknown places and altitudes; so far from the ground an altitude is none either.
+bool placable(const AcGePoint3d& p)
 {
-    return z >= -100000000.0 && z < 100000000.0;
+    return estConnue(p.x) && estConnue(p.y) && p.z >= -100000000.0 && p.z < 100000000.0;
 }
 
 } // namespace
@@ -25,7 +26,7 @@ void ptsEn3d()
     const CAcadUndoGroup groupe;
     for (int i = 0; i < table->nbPoint(); ++i) {
         const AcGePoint3d position = table->getData(i)->getAs3dPnt();
-        if (placable(position.z))
+        if (placable(position))
             ajouterEspaceObjet(std::make_unique<AcDbPoint>(position));
     }
     // Intended: the size of the table, not the number of entities made.

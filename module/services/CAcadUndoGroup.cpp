@@ -21,6 +21,9 @@ bool invoquer(IDispatch* objet, std::wstring methode)
 
 } // namespace
 
+int CAcadUndoGroup::profondeur = 0;
+int CAcadUndoGroup::numero = 0;
+
 CAcadUndoGroup::CAcadUndoGroup()
 {
     AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
@@ -28,16 +31,20 @@ CAcadUndoGroup::CAcadUndoGroup()
     IDispatch* const objet = sien ? sien->GetIDispatch(true) : nullptr;
     if (!objet)
         return;
-    if (invoquer(objet, L"StartUndoMark"))
-        document = objet;
-    else
+    if (!invoquer(objet, L"StartUndoMark")) {
         objet->Release();
+        return;
+    }
+    document = objet;
+    if (profondeur++ == 0)
+        ++numero;
 }
 
 CAcadUndoGroup::~CAcadUndoGroup()
 {
     if (!document)
         return;
+    --profondeur;
     invoquer(document, L"EndUndoMark");
     document->Release();
 }

@@ -21,6 +21,12 @@ public:
     CAcadUndoGroup();
     ~CAcadUndoGroup();
 
+    /// A number of the outermost group under way, another for each; 0 when there is none.
+    static int courant() { return profondeur > 0 ? numero : 0; }
+    /// Changes whenever an outermost group begins or ends.
+    static int limites() { return 2 * numero - (profondeur > 0 ? 1 : 0); }
+
 private:
     IDispatch* document = nullptr;
+    static int profondeur, numero;
 };

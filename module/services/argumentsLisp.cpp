@@ -1,6 +1,8 @@
 #include "services/argumentsLisp.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "services/grandeur.h"
 #include "services/selection.h"
@@ -27,7 +29,7 @@ bool reelDe(const resbuf& item, double& valeur)
         valeur = entier;
     else
         return false;
-    return true;
+    return std::isfinite(valeur);
 }
 
 argumentsLisp::argumentsLisp() : arguments(acedGetArgs()), suivant(arguments) {}
@@ -116,6 +118,9 @@ bool argumentsLisp::lirePoint(AcGePoint3d& point)
     if (suivant->restype != RTPOINT && suivant->restype != RT3DPOINT)
         return false;
     const auto& xyz = suivant->resval.rpoint;
+    const int nombre = suivant->restype == RT3DPOINT ? 3 : 2;
+    if (!std::all_of(xyz, xyz + nombre, [](double c) { return std::isfinite(c); }))
+        return false;
     point.set(xyz[0], xyz[1], suivant->restype == RT3DPOINT ? xyz[2] : inconnu);
     suivant = suivant->rbnext;
     return true;

@@ -8,7 +8,7 @@
 #include "gepnt3d.h"
 
 /// The arguments of the AutoLISP function being called, read one after the other. A read that finds another kind of
-/// value answers false and stays in front of it.
+/// value answers false and stays in front of it. A number that is not finite is none.
 class argumentsLisp {
 public:
     argumentsLisp();
@@ -27,7 +27,7 @@ public:
     bool lireSelection(std::vector<AcDbObjectId>& ids);
     /// A list: `premier` is its RTLB, `dernier` its RTLE. They live as long as this object.
     bool lireListe(const resbuf*& premier, const resbuf*& dernier);
-    /// A list of two or three numbers; the altitude of a list of two is 1e38, unknown.
+    /// A list of two or three numbers; the altitude of a list of two is `inconnu`.
     bool lirePoint(AcGePoint3d& point);
 
 private:
@@ -39,7 +39,7 @@ private:
 
 /// A whole number. @return false when the item is something else.
 bool entierDe(const resbuf& item, int& valeur);
-/// A number of any kind. @return false when the item is something else.
+/// A finite number of any kind. @return false when the item is something else.
 bool reelDe(const resbuf& item, double& valeur);
 
 /// What a function prints when its arguments are not those it takes.

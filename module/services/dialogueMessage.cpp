@@ -59,6 +59,11 @@ void afficherAvertissement(const std::wstring& titre, const std::wstring& texte)
     montrer(QMessageBox::Warning, titre, texte, {boutonOk});
 }
 
+void avertirErreur(const std::wstring& texte)
+{
+    afficherAvertissement(L"Erreur", texte);
+}
+
 void afficherErreur(const std::wstring& titre, const std::wstring& texte)
 {
     montrer(QMessageBox::Critical, titre, texte, {boutonOk});

@@ -10,6 +10,8 @@ enum class reponseQuestion { oui, non, annuler };
 void afficherMessage(const std::wstring& titre, const std::wstring& texte);
 /// The same with the exclamation icon.
 void afficherAvertissement(const std::wstring& titre, const std::wstring& texte);
+/// The same, titled "Erreur": something cannot be as the user wants it.
+void avertirErreur(const std::wstring& texte);
 /// The same with the icon of errors.
 void afficherErreur(const std::wstring& titre, const std::wstring& texte);
 /// "OK", "Annuler". @return true for OK.

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <string>
 #include <string_view>
 
+#include "services/codages.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 namespace {
 
@@ -88,7 +89,10 @@ int lireNombre(std::string_view texte, double& valeur)
         e = suivant(e, texte[fin++]);
     if (texte.find_first_not_of(' ', fin) != std::string_view::npos || !estFinal(e))
         return 0;
-    valeur = valeurDe(texte.substr(debut, fin - debut));
+    const double lue = valeurDe(texte.substr(debut, fin - debut));
+    if (!std::isfinite(lue))
+        return 0;
+    valeur = lue;
     return 1;
 }
 

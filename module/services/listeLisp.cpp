@@ -1,64 +1,17 @@
 #include "services/listeLisp.h"
 
 #include "aced.h"
-#include "acutmem.h"
 #include "dbads.h"
-
-listeLisp::~listeLisp()
-{
-    if (tete)
-        acutRelRb(tete);
-}
-
-resbuf& listeLisp::suivant(int type)
-{
-    resbuf* const item = acutNewRb(type);
-    *fin = item;
-    fin = &item->rbnext;
-    return *item;
-}
-
-void listeLisp::ajouter(int entier)
-{
-    suivant(RTLONG).resval.rlong = entier;
-}
-
-void listeLisp::ajouter(double reel)
-{
-    suivant(RTREAL).resval.rreal = reel;
-}
-
-void listeLisp::ajouter(const CString& texte)
-{
-    acutNewString(texte, suivant(RTSTR).resval.rstring);
-}
 
 void listeLisp::ajouter(const AcGePoint3d& point)
 {
-    auto& xyz = suivant(RT3DPOINT).resval.rpoint;
-    xyz[0] = point.x;
-    xyz[1] = point.y;
-    xyz[2] = point.z;
-}
-
-void listeLisp::ouvrir()
-{
-    suivant(RTLB);
-}
-
-void listeLisp::fermer()
-{
-    suivant(RTLE);
-}
-
-void listeLisp::pointer()
-{
-    suivant(RTDOTE);
+    const ads_point xyz{point.x, point.y, point.z};
+    items.ajouter(RT3DPOINT, xyz);
 }
 
 int listeLisp::rendre() const
 {
-    acedRetList(tete);
+    acedRetList(items.tete());
     return RTNORM;
 }
 

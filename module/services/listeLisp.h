@@ -1,37 +1,29 @@
 #pragma once
 
-#include "adsdef.h"
-#include "afx.h"
+#include "services/chaineResbuf.h"
+
+#include "adscodes.h"
 #include "dbid.h"
 #include "gepnt3d.h"
 
 /// A list that a function of the module gives to AutoLISP, made item by item.
 class listeLisp {
 public:
-    listeLisp() = default;
-    ~listeLisp();
-    listeLisp(const listeLisp&) = delete;
-    listeLisp& operator=(const listeLisp&) = delete;
-
-    void ajouter(int entier);
-    void ajouter(double reel);
-    void ajouter(const CString& texte);
-    void ajouter(const wchar_t* texte) { ajouter(CString(texte)); }
+    void ajouter(int entier) { items.ajouter(RTLONG, entier); }
+    void ajouter(double reel) { items.ajouter(RTREAL, reel); }
+    void ajouter(const wchar_t* texte) { items.ajouter(RTSTR, texte); }
     void ajouter(const AcGePoint3d& point);
     /// What follows, up to fermer, makes a list inside this one.
-    void ouvrir();
-    void fermer();
+    void ouvrir() { items.ajouter(RTLB); }
+    void fermer() { items.ajouter(RTLE); }
     /// The last item of a list stands behind the dot.
-    void pointer();
+    void pointer() { items.ajouter(RTDOTE); }
 
     /// Sets it as the value of the call, nil when nothing was added. @return RTNORM.
     int rendre() const;
 
 private:
-    resbuf& suivant(int type);
-
-    resbuf* tete = nullptr;
-    resbuf** fin = &tete;
+    chaineResbuf items;
 };
 
 /// The entity as the value of the call; nil for one that is null or erased. @return RTNORM.

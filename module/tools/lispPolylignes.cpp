@@ -13,6 +13,7 @@
 #include "services/argumentsLisp.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/espaceObjet.h"
+#include "services/grandeur.h"
 #include "services/listeLisp.h"
 
 #include "aced.h"
@@ -23,7 +24,7 @@
 
 namespace {
 
-/// A stretch of polyline, in the plane; a bulge of 0 is a line.
+/// A stretch of polyline; a bulge of 0 is a line.
 struct segment {
     AcGePoint3d debut, fin;
     double bombement = 0.0;
@@ -55,6 +56,21 @@ std::optional<segment> segment2d(const AcDb2dPolyline& ligne, unsigned int somme
     return segment{sommets[sommet].first, sommets[(sommet + 1) % sommets.size()].first, sommets[sommet].second};
 }
 
+/// Always straight: bulges are of the plane.
+std::optional<segment> segment3d(const AcDb3dPolyline& ligne, unsigned int sommet)
+{
+    std::vector<AcGePoint3d> sommets;
+    const std::unique_ptr<AcDbObjectIterator> it(ligne.vertexIterator());
+    for (it->start(); !it->done(); it->step()) {
+        const AcDbObjectPointer<AcDb3dPolylineVertex> ouvert(it->objectId());
+        if (ouvert.openStatus() == Acad::eOk)
+            sommets.push_back(ouvert->position());
+    }
+    if (sommet >= sommets.size() || (sommet + 1 == sommets.size() && !ligne.isClosed()))
+        return std::nullopt;
+    return segment{sommets[sommet], sommets[(sommet + 1) % sommets.size()], 0.0};
+}
+
 std::optional<segment> segmentDe(const AcDbObjectId& id, int sommet)
 {
     const AcDbObjectPointer<AcDbEntity> entite(id);
@@ -64,6 +80,8 @@ std::optional<segment> segmentDe(const AcDbObjectId& id, int sommet)
         return segmentLeger(*legere, static_cast<unsigned int>(sommet));
     if (const auto* const ancienne = AcDb2dPolyline::cast(entite.object()))
         return segment2d(*ancienne, static_cast<unsigned int>(sommet));
+    if (const auto* const enEspace = AcDb3dPolyline::cast(entite.object()))
+        return segment3d(*enEspace, static_cast<unsigned int>(sommet));
     return std::nullopt;
 }
 
@@ -135,8 +153,12 @@ AcGePoint3dArray pointsNumerotes(const listePointsDuDessin& table, const suiteNu
     int attendu = 0;
     for (const auto& [rang, position] : positions) {
         signalerAbsents(suite, attendu, rang - 1);
-        points.append(table.getData(position)->getAs3dPnt());
         attendu = rang + 1;
+        const AcGePoint3d place = table.getData(position)->getAs3dPnt();
+        if (estConnue(place.x) && estConnue(place.y))
+            points.append(place);
+        else
+            acutPrintf(L"\nPoint %d sans coordonn\u00e9es", suite.numero(rang));
     }
     signalerAbsents(suite, attendu, suite.dernierRang());
     return points;
@@ -145,7 +167,7 @@ AcGePoint3dArray pointsNumerotes(const listePointsDuDessin& table, const suiteNu
 std::unique_ptr<AcDbEntity> lignePar(const AcGePoint3dArray& points)
 {
     const bool enEspace =
-        std::all_of(points.begin(), points.end(), [](const AcGePoint3d& p) { return p.z != coordonneeInconnue; });
+        std::all_of(points.begin(), points.end(), [](const AcGePoint3d& p) { return p.z != inconnu; });
     if (enEspace)
         return std::make_unique<AcDb3dPolyline>(AcDb::k3dSimplePoly, points);
     auto ligne = std::make_unique<AcDbPolyline>(static_cast<unsigned int>(points.length()));

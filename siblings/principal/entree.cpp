@@ -1,5 +1,7 @@
 #include <memory>
 
+#include "points/projetDansDessin.h"
+
 #include "rxregsvc.h"
 #include "suiviDessins.h"
 
@@ -24,5 +26,7 @@ AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* paquet)
         demarrer(paquet);
     else if (message == AcRx::kUnloadAppMsg)
         suivi.reset();
+    else if (message == AcRx::kSaveMsg && !infosTopoEnregistrees()) // the survey module heard it first
+        return AcRx::kRetError;
     return AcRx::kRetOK;
 }

@@ -24,6 +24,8 @@ public:
 
     void objectModified(const AcDbDatabase*, const AcDbObject* objet) override
     {
+        if (objet->isUndoing()) // undo brings the points back by itself
+            return;
         constexpr int masqueXY = 3; // the altitude of a point is not that of its symbol
         if (const auto* const symbole = AcDbBlockReference::cast(objet))
             projet.notifyPositionPoint(symbole->objectId(), symbole->position(), masqueXY);
@@ -31,29 +33,7 @@ public:
             projet.notifyPositionPoint(point->objectId(), point->position(), masqueXY);
     }
 
-    void objectUnAppended(const AcDbDatabase*, const AcDbObject* objet) override
-    {
-        suivre(*objet, sortSymbole::dessinAnnule);
-    }
-    void objectReAppended(const AcDbDatabase*, const AcDbObject* objet) override
-    {
-        suivre(*objet, sortSymbole::dessinRefait);
-    }
-    void objectErased(const AcDbDatabase*, const AcDbObject* objet, Adesk::Boolean efface) override
-    {
-        if (!efface)
-            return suivre(*objet, sortSymbole::effacementAnnule);
-        // Who erases an object has opened it for writing; redo has not.
-        suivre(*objet, objet->isWriteEnabled() ? sortSymbole::efface : sortSymbole::effacementRefait);
-    }
-
 private:
-    void suivre(const AcDbObject& objet, sortSymbole sort)
-    {
-        if (AcDbBlockReference::cast(&objet) || AcDbPoint::cast(&objet))
-            projet.suivreSymbole(objet.objectId(), sort);
-    }
-
     AcDbDatabase* dessin;
     projetsTopo projet;
     bool lu = false;

@@ -172,7 +172,7 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
            "Madame, Monsieur,\nveuillez trouver ci-joint\nun plan avec dix mots dont pas un seul nombre\n");
     ecrire("court.obs", "Nom=\"A\" X=1 Y=2 Z=3 Gis=4\n\"A\" 100 10 0\n");
     copierExemple("chantier.dxf");
-    ecrire("coupe.dxf", lire("chantier.dxf").substr(0, 5000));
+    ecrire("lettre.dxf", lire("lettre.obs"));
     const std::string placer = std::string("polygonale fermee ") + fichier + " --placer ";
     struct cas {
         const char* nom;
@@ -184,7 +184,7 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
         cas{"some other text", "polygonale fermee lettre.obs", "ce n'est pas un fichier de polygonale"},
         cas{"one observation", "polygonale fermee court.obs", "court.obs : données insuffisantes"},
         cas{"no such drawing", placer + "--dessin absent.dxf", "absent.dxf : fichier introuvable"},
-        cas{"a damaged drawing", placer + "--dessin coupe.dxf --enregistrer s.dxf", "coupe.dxf"},
+        cas{"no drawing", placer + "--dessin lettre.dxf --enregistrer s.dxf", "lettre.dxf"},
         cas{"no drawing at all", placer, "--enregistrer"},
         cas{"a drawing of another kind", placer + "--enregistrer plan.dwg", "donnez un nom en « .dxf »"},
         cas{"the report over the data", std::string("polygonale fermee ") + fichier + " --rapport " + fichier,

@@ -9,7 +9,7 @@ import re
 import sys
 from pathlib import Path
 
-KERNEL = ("platform", "ge", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", "lisp", "commands")
+KERNEL = ("platform", "ge", "text", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", "lisp", "commands")
 
 # The folders of the module, lowest first. Each sees those of the rows before its own; those of one row stand beside
 # each other and do not.
@@ -32,9 +32,10 @@ RULES = (
     # The interface itself: plain declarations.
     (r"host/include", r".*", ("std", "posix", INTERFACE)),
     # The lower kernel knows nothing of drawings: of the interface, it sees basic types, text and geometry only.
-    (r"host/platform", r".*", (OWN, "std", "posix", r"interface(afx.*|ac?desk|AdAChar|adesk|io|oaidl|tchar|windows)")),
+    (r"host/platform", r".*", (OWN, "std", "posix", r"interface(afx.*|ac?desk|AdAChar|adesk|io|oaidl|shellapi|shlobj|tchar|windows)")),
     (r"host/ge", r".*", (OWN, "std", r"interface(ge.*|adesk|AdAChar|acarray)")),
     (r"host/(dxf|dwg)", r".*", (OWN, "std", "posix", "host/platform")),
+    (r"host/text", r".*", (OWN, "std", "host/platform", "host/ge")),
     # The upper kernel may use all of the kernel.
     (r"host/(rx|db|gi|ed|ap|lisp|commands)", r".*", (OWN, "std", "posix", INTERFACE) + tuple("host/" + f for f in KERNEL)),
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),

@@ -6,6 +6,7 @@
 
 #include "db/DatabaseImpl.h"
 
+#include "dbdim.h"
 #include "dbents.h"
 
 namespace {
@@ -23,73 +24,16 @@ bool keepsAxes(const AcGeMatrix3d& matrix)
     return true;
 }
 
-} // namespace
-
-void BlockExtents::add(const AcDbBlockReference& reference, const AcGeMatrix3d& matrix, AcDbExtents& extents)
+/// Factors of blocks in blocks multiply, past all numbers where they are many: such a box tells nothing.
+void addMoved(AcDbExtents box, const AcGeMatrix3d& matrix, AcDbExtents& extents)
 {
-    AcDbStub* block = reference.blockTableRecord().stub();
-    if (block) {
-        // Of rows and columns, those at the corners reach furthest.
-        const int lastRow = std::max(reference.m_rows - 1, 0), lastColumn = std::max(reference.m_columns - 1, 0);
-        for (const int row : {0, lastRow})
-            for (const int column : {0, lastColumn})
-                if ((row == 0 || lastRow > 0) && (column == 0 || lastColumn > 0))
-                    addBlock(block, matrix * reference.cellTransform(row, column), extents);
-    }
-    const std::unique_ptr<AcDbObjectIterator> attributes(reference.attributeIterator());
-    for (attributes->start(); !attributes->done(); attributes->step()) {
-        AcDbObjectPointer<AcDbAttribute> opened(attributes->objectId());
-        const AcDbAttribute* attribute =
-            attributes->entity() ? AcDbAttribute::cast(attributes->entity()) : opened.object();
-        if (attribute && !attribute->isInvisible())
-            addEntity(*attribute, matrix, extents);
-    }
-}
-
-void BlockExtents::addBlock(AcDbStub* block, const AcGeMatrix3d& matrix, AcDbExtents& extents)
-{
-    if (std::ranges::find(m_entered, block) != m_entered.end())
-        return;
-    if (keepsAxes(matrix) || m_left <= 0) {
-        AcDbExtents box = ownBox(block);
-        box.transformBy(matrix);
+    box.transformBy(matrix);
+    const AcGePoint3d low = box.minPoint(), high = box.maxPoint();
+    if (!box.isEmpty() && std::isfinite(low.x + low.y + low.z) && std::isfinite(high.x + high.y + high.z))
         extents.addExt(box);
-        return;
-    }
-    walk(block, matrix, extents);
 }
 
-const AcDbExtents& BlockExtents::ownBox(AcDbStub* block)
-{
-    const auto known = m_boxes.find(block);
-    if (known != m_boxes.end())
-        return known->second;
-    AcDbExtents box;
-    walk(block, AcGeMatrix3d::kIdentity, box);
-    return m_boxes.emplace(block, box).first->second;
-}
-
-void BlockExtents::walk(AcDbStub* block, const AcGeMatrix3d& matrix, AcDbExtents& extents)
-{
-    m_entered.push_back(block);
-    for (AcDbStub* stub : AcDbDatabaseImpl::of(block).blocks().of(block).entities) {
-        AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(stub)};
-        if (!entity.object() || entity->visibility() == AcDb::kInvisible)
-            continue;
-        --m_left;
-        // What a definition of attributes says is shown by the attributes, unless it is the same for all references.
-        const auto* definition = AcDbAttributeDefinition::cast(entity.object());
-        if (definition && (!definition->isConstant() || definition->isInvisible()))
-            continue;
-        if (const auto* nested = AcDbBlockReference::cast(entity.object()))
-            add(*nested, matrix, extents);
-        else
-            addEntity(*entity.object(), matrix, extents);
-    }
-    m_entered.pop_back();
-}
-
-void BlockExtents::addEntity(const AcDbEntity& entity, const AcGeMatrix3d& matrix, AcDbExtents& extents)
+void addMoved(const AcDbEntity& entity, const AcGeMatrix3d& matrix, AcDbExtents& extents)
 {
     AcDbExtents box;
     if (!keepsAxes(matrix)) {
@@ -97,10 +41,100 @@ void BlockExtents::addEntity(const AcDbEntity& entity, const AcGeMatrix3d& matri
         const bool turned = entity.getTransformedCopy(matrix, copy) == Acad::eOk;
         const std::unique_ptr<AcDbEntity> owned(copy);
         if (turned && owned->getGeomExtents(box) == Acad::eOk)
-            return extents.addExt(box);
+            return addMoved(box, AcGeMatrix3d::kIdentity, extents);
     }
-    if (entity.getGeomExtents(box) != Acad::eOk)
+    if (entity.getGeomExtents(box) == Acad::eOk)
+        addMoved(box, matrix, extents);
+}
+
+} // namespace
+
+AcDbExtents BlockExtents::of(const AcDbBlockReference& reference)
+{
+    m_left = mostWalked;
+    m_walks.emplace_back();
+    addReference(reference, m_walks.back());
+    for (;;) {
+        Walk& walk = m_walks.back();
+        if (!walk.uses.empty()) {
+            const Use use = walk.uses.back();
+            walk.uses.pop_back();
+            enter(use);
+        } else if (walk.next < walk.entities.size())
+            step();
+        else if (m_walks.size() > 1)
+            leave();
+        else
+            break;
+    }
+    const AcDbExtents box = m_walks.back().box;
+    m_walks.clear();
+    return box;
+}
+
+void BlockExtents::addReference(const AcDbBlockReference& reference, Walk& walk)
+{
+    if (AcDbStub* const block = reference.blockTableRecord().stub()) {
+        // Of rows and columns, those at the corners reach furthest.
+        const int lastRow = std::max(reference.m_rows - 1, 0), lastColumn = std::max(reference.m_columns - 1, 0);
+        for (int row = 0; row <= lastRow; row += std::max(lastRow, 1))
+            for (int column = 0; column <= lastColumn; column += std::max(lastColumn, 1))
+                walk.uses.push_back({block, walk.matrix * reference.cellTransform(row, column)});
+    }
+    const std::unique_ptr<AcDbObjectIterator> attributes(reference.attributeIterator());
+    for (attributes->start(); !attributes->done(); attributes->step()) {
+        AcDbObjectPointer<AcDbAttribute> opened(attributes->objectId());
+        const AcDbAttribute* attribute =
+            attributes->entity() ? AcDbAttribute::cast(attributes->entity()) : opened.object();
+        if (attribute && !attribute->isInvisible())
+            addMoved(*attribute, walk.matrix, walk.box);
+    }
+}
+
+void BlockExtents::enter(const Use& use)
+{
+    if (m_entered.contains(use.block))
         return;
-    box.transformBy(matrix);
-    extents.addExt(box);
+    const bool keeps = keepsAxes(use.matrix) || m_left <= 0;
+    if (const auto known = m_boxes.find(use.block); keeps && known != m_boxes.end())
+        return addMoved(known->second, use.matrix, m_walks.back().box);
+    Walk& walk = m_walks.emplace_back();
+    walk.block = use.block;
+    walk.keeps = keeps;
+    (keeps ? walk.toOuter : walk.matrix) = use.matrix;
+    walk.entities = AcDbDatabaseImpl::of(use.block).blocks().of(use.block).entities;
+    m_entered.insert(use.block);
+}
+
+void BlockExtents::step()
+{
+    Walk& walk = m_walks.back();
+    const AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(walk.entities[walk.next++])};
+    if (!entity.object() || entity->visibility() == AcDb::kInvisible)
+        return;
+    --m_left;
+    addEntity(*entity.object(), walk);
+}
+
+void BlockExtents::addEntity(const AcDbEntity& entity, Walk& walk)
+{
+    // What a definition of attributes says is shown by the attributes, unless it is the same for all references.
+    const auto* definition = AcDbAttributeDefinition::cast(&entity);
+    if (definition && (!definition->isConstant() || definition->isInvisible()))
+        return;
+    if (const auto* nested = AcDbBlockReference::cast(&entity))
+        return addReference(*nested, walk);
+    if (const auto* dimension = AcDbDimension::cast(&entity))
+        return addReference(AcDbBlockReference(dimension->dimBlockPosition(), dimension->dimBlockId()), walk);
+    addMoved(entity, walk.matrix, walk.box);
+}
+
+void BlockExtents::leave()
+{
+    const Walk walk = std::move(m_walks.back());
+    m_walks.pop_back();
+    m_entered.erase(walk.block);
+    if (walk.keeps)
+        m_boxes.emplace(walk.block, walk.box);
+    addMoved(walk.box, walk.toOuter, m_walks.back().box);
 }

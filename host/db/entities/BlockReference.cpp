@@ -4,6 +4,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/BlockExtents.h"
+#include "db/entities/BlockParts.h"
 #include "db/entities/OcsTransform.h"
 #include "db/entities/OwnedVertices.h"
 
@@ -16,7 +17,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbMInsertBlock, AcDbBlockReference, INSERT)
 namespace {
 
 constexpr double rightAngleTolerance = 1e-9;
-constexpr int mostCells = 1000000; // of rows and columns, when exploded
 
 AcGeMatrix3d planeToWorld(const AcGeVector3d& normal)
 {
@@ -188,8 +188,7 @@ AcDbObjectIterator* AcDbBlockReference::attributeIterator() const
 Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const
 {
     assertReadEnabled();
-    AcDbExtents box;
-    BlockExtents().add(*this, AcGeMatrix3d::kIdentity, box);
+    const AcDbExtents box = BlockExtents().of(*this);
     if (box.isEmpty())
         return Acad::eInvalidExtents;
     extents = box;
@@ -220,52 +219,10 @@ Acad::ErrorStatus AcDbBlockReference::explode(AcDbVoidPtrArray& entities) const
     assertReadEnabled();
     if (!m_block)
         return Acad::eNullObjectId;
-    const int rows = std::max<int>(m_rows, 1), columns = std::max<int>(m_columns, 1);
-    if (rows > mostCells / columns)
-        return Acad::eOutOfRange;
-    const std::vector<AcDbStub*> content = AcDbDatabaseImpl::of(m_block).blocks().of(m_block).entities;
-    AcDbVoidPtrArray made;
-    Acad::ErrorStatus es = Acad::eOk;
-    for (int cell = 0; cell < rows * columns && es == Acad::eOk; ++cell) {
-        const AcGeMatrix3d matrix = cellTransform(cell / columns, cell % columns);
-        for (AcDbStub* stub : content) {
-            AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(stub)};
-            const auto* definition = AcDbAttributeDefinition::cast(entity.object());
-            if (!entity.object() || (definition && !definition->isConstant()))
-                continue;
-            es = explodeOne(*entity.object(), matrix, made);
-            if (es != Acad::eOk)
-                break;
-        }
-    }
-    for (void* entity : made) {
-        if (es == Acad::eOk)
-            entities.append(entity);
-        else
-            delete static_cast<AcDbEntity*>(entity);
-    }
-    return es;
-}
-
-/// A copy, moved; where scale factors that differ would bend it out of its kind, what it explodes into.
-Acad::ErrorStatus AcDbBlockReference::explodeOne(const AcDbEntity& entity, const AcGeMatrix3d& matrix,
-                                                 AcDbVoidPtrArray& made)
-{
-    AcDbEntity* copy = nullptr;
-    Acad::ErrorStatus es = entity.getTransformedCopy(matrix, copy);
-    if (es == Acad::eOk) {
-        made.append(copy);
-        return es;
-    }
-    AcDbVoidPtrArray parts;
-    if (entity.explode(parts) != Acad::eOk)
-        return es;
-    es = Acad::eOk;
-    for (void* held : parts) {
-        const std::unique_ptr<AcDbEntity> part(static_cast<AcDbEntity*>(held));
-        if (es == Acad::eOk && (es = part->getTransformedCopy(matrix, copy)) == Acad::eOk)
-            made.append(copy);
-    }
+    BlockParts parts;
+    const Acad::ErrorStatus es = parts.add(*this);
+    if (es == Acad::eOk)
+        parts.giveTo(entities);
     return es;
 }
 

@@ -41,9 +41,7 @@ Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text)
 Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const
 {
     assertReadEnabled();
-    AcDbExtents box;
-    if (m_block)
-        BlockExtents().add(AcDbBlockReference(dimBlockPosition(), AcDbObjectId(m_block)), AcGeMatrix3d::kIdentity, box);
+    const AcDbExtents box = BlockExtents().of(AcDbBlockReference(dimBlockPosition(), AcDbObjectId(m_block)));
     if (box.isEmpty())
         return Acad::eInvalidExtents;
     extents = box;

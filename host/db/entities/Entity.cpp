@@ -6,6 +6,7 @@
 #include "dbapserv.h"
 #include "dbents.h"
 #include "dbmain.h"
+#include "dbsymtb.h"
 #include "gemat3d.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbEntity, AcDbObject)
@@ -46,7 +47,7 @@ void changeVertices(const AcDbObjectIdArray& ids, const std::vector<AcDbEntity*>
     if (ids.isEmpty() || !isOfClass(ids.first(), AcDbVertex::desc()))
         return;
     for (const AcDbObjectId& id : ids) {
-        AcDbObjectPointer<AcDbVertex> vertex(id, AcDb::kForWrite);
+        AcDbObjectPointer<AcDbVertex> vertex(id, AcDb::kForWrite, false, true);
         if (vertex.openStatus() == Acad::eOk)
             change(*vertex.object());
     }
@@ -71,6 +72,17 @@ Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index, bool doSubents)
     m_trueColor = -1;
     if (doSubents)
         changeVertices(subentities(), pendingSubentities(), [&](AcDbEntity& e) { e.setColorIndex(index); });
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbEntity::setColor(const AcCmColor& color, bool doSubents)
+{
+    if (!color.isByColor())
+        return setColorIndex(color.colorIndex(), doSubents);
+    assertWriteEnabled();
+    m_trueColor = color.red() << 16 | color.green() << 8 | color.blue();
+    if (doSubents)
+        changeVertices(subentities(), pendingSubentities(), [&](AcDbEntity& e) { e.setColor(color); });
     return Acad::eOk;
 }
 

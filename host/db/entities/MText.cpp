@@ -1,20 +1,52 @@
-#include <algorithm>
 #include <cmath>
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/EntityText.h"
-#include "db/entities/MTextLines.h"
+#include "db/entities/MTextShown.h"
 #include "db/entities/OcsTransform.h"
-#include "db/entities/TextBox.h"
 
 #include "dbents.h"
 #include "dbmtext.h"
+#include "dbsymtb.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbMText, AcDbEntity, MTEXT)
 
-namespace {
-constexpr double lineDistance = 5.0 / 3.0; // of baselines, in text heights, at a spacing factor of 1
+MTextLayout layoutOf(const AcDbMText& text)
+{
+    const AcDbObjectPointer<AcDbTextStyleTableRecord> style(text.textStyle());
+    MTextLayout::Request request;
+    request.height = text.textHeight();
+    request.widthFactor = style.object() ? style->xScale() : 1.0;
+    request.oblique = style.object() ? style->obliquingAngle() : 0.0;
+    request.lineWidth = text.width();
+    request.spacingFactor = text.lineSpacingFactor();
+    request.attachment = static_cast<int>(text.attachment());
+    return {text.m_contents, request};
 }
+
+namespace {
+
+/// Lines under, over and through a run, as single-line texts write them.
+std::wstring withLines(const MTextLayout::Run& run)
+{
+    return (run.look.underlined ? L"%%u" : L"") + std::wstring(run.look.overlined ? L"%%o" : L"") +
+           (run.look.struck ? L"%%k" : L"") + run.text;
+}
+
+void giveColor(AcDbText& line, const MTextLook& look)
+{
+    const auto part = [&](int shift) { return static_cast<Adesk::UInt8>(look.trueColor >> shift & 0xFF); };
+    AcCmColor color;
+    if (look.trueColor >= 0)
+        color.setRGB(part(16), part(8), part(0));
+    else if (look.color >= 0)
+        color.setColorIndex(static_cast<Adesk::UInt16>(look.color));
+    else
+        return;
+    line.setColor(color);
+}
+
+} // namespace
 
 // ---- contents
 
@@ -35,29 +67,26 @@ Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text)
 ACHAR* AcDbMText::text() const
 {
     assertReadEnabled();
-    std::wstring whole;
-    for (const std::wstring& line : visibleLines(m_contents))
-        whole += line + L'\n';
-    whole.pop_back();
-    return newText(whole);
+    return newText(shownContents(m_contents));
 }
 
 void AcDbMText::explodeFragments(AcDbMTextEnum show, void* param) const
 {
     assertReadEnabled();
-    const TextBox about = box();
     const AcGeVector3d along = direction().normal(), up = m_normal.crossProduct(along);
-    double baseline = about.top - m_height;
-    for (const std::wstring& line : visibleLines(m_contents)) {
+    for (const MTextLayout::Run& run : layoutOf(*this).runs) {
         AcDbMTextFragment fragment;
-        fragment.location = m_location + along * about.left + up * baseline;
+        fragment.location = m_location + along * run.x + up * run.y;
         fragment.normal = m_normal;
         fragment.direction = along;
-        fragment.text = line.c_str();
-        fragment.extents = AcGePoint2d(m_height * static_cast<double>(line.size()), m_height);
-        fragment.capsHeight = m_height;
-        baseline -= m_height * lineDistance * m_lineSpacing;
-        if (!line.empty() && show(&fragment, param) == 0)
+        fragment.text = run.text.c_str();
+        fragment.extents = AcGePoint2d(run.width, run.look.height);
+        fragment.capsHeight = run.look.height;
+        fragment.widthFactor = run.look.widthFactor;
+        fragment.obliqueAngle = run.look.oblique;
+        fragment.underlined = run.look.underlined;
+        fragment.overlined = run.look.overlined;
+        if (show(&fragment, param) == 0)
             return;
     }
 }
@@ -169,48 +198,28 @@ void AcDbMText::forgetExtents()
 double AcDbMText::actualWidth() const
 {
     assertReadEnabled();
-    if (m_actualWidth > 0.0)
-        return m_actualWidth;
-    std::size_t longest = 0;
-    for (const std::wstring& line : visibleLines(m_contents))
-        longest = std::max(longest, line.size());
-    const double unbroken = m_height * static_cast<double>(longest);
-    return m_width > 0.0 ? std::min(unbroken, m_width) : unbroken;
+    const MTextLayout layout = layoutOf(*this);
+    return layout.right - layout.left;
 }
 
 double AcDbMText::actualHeight() const
 {
     assertReadEnabled();
-    if (m_actualHeight > 0.0)
-        return m_actualHeight;
-    double lines = 0.0;
-    for (const std::wstring& line : visibleLines(m_contents)) {
-        const double fits = m_width > 0.0 ? std::max(1.0, std::floor(m_width / m_height)) : 1e9;
-        lines += std::max(1.0, std::ceil(static_cast<double>(line.size()) / fits));
-    }
-    return m_height * (1.0 + (lines - 1.0) * lineDistance * m_lineSpacing);
-}
-
-TextBox AcDbMText::box() const
-{
-    const int column = std::clamp<int>(m_attachment - 1, 0, 8) % 3, row = std::clamp<int>(m_attachment - 1, 0, 8) / 3;
-    TextBox box;
-    box.anchor = worldToOcs(m_location, m_normal);
-    box.rotation = rotation();
-    box.left = -actualWidth() * column / 2.0;
-    box.right = box.left + actualWidth();
-    box.top = actualHeight() * row / 2.0;
-    box.bottom = box.top - actualHeight();
-    return box;
+    const MTextLayout layout = layoutOf(*this);
+    return layout.top - layout.bottom;
 }
 
 Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const
 {
     assertReadEnabled();
-    if (actualWidth() == 0.0)
+    const MTextLayout layout = layoutOf(*this);
+    if (layout.isEmpty())
         return Acad::eInvalidExtents;
+    const AcGeVector3d along = direction().normal(), up = m_normal.crossProduct(along);
     AcDbExtents found;
-    box().addTo(found, m_normal);
+    for (const double x : {layout.left, layout.right})
+        for (const double y : {layout.bottom, layout.top})
+            found.addPoint(m_location + along * x + up * y);
     extents = found;
     return Acad::eOk;
 }
@@ -235,21 +244,21 @@ Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& matrix)
 
 Acad::ErrorStatus AcDbMText::explode(AcDbVoidPtrArray& entities) const
 {
-    struct Target {
-        const AcDbMText& text;
-        AcDbVoidPtrArray& entities;
-    } target{*this, entities};
-    explodeFragments(
-        [](AcDbMTextFragment* fragment, void* param) {
-            auto& [text, made] = *static_cast<Target*>(param);
-            auto* line = new AcDbText(AcGePoint3d(), fragment->text, text.textStyle(), fragment->capsHeight);
-            line->setPropertiesFrom(&text);
-            line->setNormal(fragment->normal);
-            line->setPosition(fragment->location);
-            line->setRotation(text.rotation());
-            made.append(static_cast<AcDbEntity*>(line));
-            return 1;
-        },
-        &target);
+    assertReadEnabled();
+    const AcGeVector3d along = direction().normal(), up = m_normal.crossProduct(along);
+    for (const MTextLayout::Run& run : layoutOf(*this).runs) {
+        if (run.text.find_first_not_of(L" \u00A0") == std::wstring::npos)
+            continue;
+        const AcGePoint3d start = m_location + along * run.x + up * run.y;
+        auto line = std::make_unique<AcDbText>(start, withLines(run).c_str(), textStyle(), run.look.height);
+        line->setPropertiesFrom(this);
+        giveColor(*line, run.look);
+        line->setNormal(m_normal);
+        line->setPosition(start);
+        line->setRotation(rotation());
+        line->setWidthFactor(run.look.widthFactor);
+        line->setOblique(run.look.oblique);
+        entities.append(static_cast<AcDbEntity*>(line.release()));
+    }
     return Acad::eOk;
 }

@@ -1,10 +1,9 @@
-#include <cmath>
-
 #include "db/DatabaseImpl.h"
 #include "db/entities/EntityText.h"
 #include "db/entities/OcsTransform.h"
 #include "db/entities/TextBox.h"
 #include "ge/Angles.h"
+#include "text/ShownText.h"
 
 #include "dbapserv.h"
 #include "dbents.h"
@@ -75,42 +74,12 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*)
     return Acad::eOk;
 }
 
-double AcDbText::estimatedWidth() const
-{
-    return m_height * m_widthFactor * static_cast<double>(shownCharacters(m_text));
-}
-
-/// The rectangle about the point that places the text.
-TextBox AcDbText::box() const
-{
-    const bool stretched = m_horizontal == AcDb::kTextAlign || m_horizontal == AcDb::kTextFit;
-    TextBox box;
-    box.anchor = isDefaultAlignment() || stretched ? m_position : m_alignment;
-    box.rotation = m_rotation;
-    box.slant = std::tan(m_oblique);
-    const double width = stretched ? m_position.distanceTo(m_alignment) : estimatedWidth();
-    const bool middle = m_horizontal == AcDb::kTextMid;
-    const double back = m_horizontal == AcDb::kTextRight              ? width
-                        : m_horizontal == AcDb::kTextCenter || middle ? width / 2.0
-                                                                      : 0.0;
-    const double down = middle || m_vertical == AcDb::kTextVertMid ? m_height / 2.0
-                        : m_vertical == AcDb::kTextTop             ? m_height
-                                                                   : 0.0;
-    box.left = -back;
-    box.right = width - back;
-    box.bottom = -down;
-    box.top = m_height - down;
-    return box;
-}
-
 void AcDbText::placeByAlignment()
 {
     if (isDefaultAlignment() || m_horizontal == AcDb::kTextAlign || m_horizontal == AcDb::kTextFit)
         return;
-    const TextBox about = box();
-    const double cosine = std::cos(m_rotation), sine = std::sin(m_rotation);
-    m_position = m_alignment + AcGeVector3d(about.left * cosine - about.bottom * sine,
-                                            about.left * sine + about.bottom * cosine, 0.0);
+    const TextBox box = boxOf(*this, shownWidth(m_text));
+    m_position = box.corner(box.left, box.bottom);
 }
 
 // ---- text and look
@@ -224,10 +193,11 @@ void AcDbText::takeTextFrom(const AcDbText& other)
 Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const
 {
     assertReadEnabled();
-    if (shownCharacters(m_text) == 0)
+    const double width = shownWidth(m_text);
+    if (width == 0.0)
         return Acad::eInvalidExtents;
     AcDbExtents found;
-    box().addTo(found, m_normal);
+    boxOf(*this, width).addTo(found, m_normal);
     extents = found;
     return Acad::eOk;
 }

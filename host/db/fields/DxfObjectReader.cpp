@@ -1,6 +1,7 @@
 #include "db/fields/DxfObjectReader.h"
 
 #include "db/DatabaseImpl.h"
+#include "db/fields/EntityFields.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 
@@ -40,6 +41,55 @@ bool DxfObjectReader::hasMarker(const DxfRecord& record, std::string_view marker
     return false;
 }
 
+bool DxfSubclassWalk::isCommonHere(int code) const
+{
+    constexpr int linetype = 6, layer = 8, color = 62, space = 67; // no class that we know has them for itself
+    const bool isKnown = m_class->subclasses.size() > 1;
+    if (!m_marked)
+        return true;
+    if (!isKnown)
+        return m_onlyCommon && !m_inPlace;
+    return m_onlyCommon || code == linetype || code == layer || code == color || code == space;
+}
+
+/// An entity without any marker, as before R13: its rows are those of its class.
+DxfSubclassWalk::Row DxfSubclassWalk::rowWithoutMarker(int code) const
+{
+    constexpr int handle = 5, owner = 330;
+    if (code == handle || code == owner)
+        return {}; // the object's own, which stand before the first marker where there is one
+    const auto& subclasses = m_class->subclasses;
+    for (std::size_t i = 1; i < subclasses.size(); ++i)
+        if (const int row = subclasses[i]->rowOf(code); row >= 0)
+            return {static_cast<int>(i), row};
+    return {};
+}
+
+DxfSubclassWalk::Row DxfSubclassWalk::rowFor(int code)
+{
+    constexpr int layer = 8;
+    const DxfSubclass* const here = subclass();
+    const bool isCommon = here == &DxfFieldsOfEntity::subclass();
+    const int own = here ? here->rowOf(code) : none;
+    if (own >= 0 && !isCommon) {
+        m_onlyCommon = false;
+        return {m_at, own};
+    }
+    if (!m_class->isEntity)
+        return {};
+    const int row = isCommon ? own : DxfFieldsOfEntity::subclass().rowOf(code);
+    if (row < 0) {
+        m_onlyCommon = false;
+        return m_marked ? Row() : rowWithoutMarker(code);
+    }
+    const unsigned bit = 1U << row;
+    if (!isCommon && ((m_commonMet & bit) != 0 || !isCommonHere(code)))
+        return {};
+    m_commonMet |= bit;
+    m_inPlace = m_inPlace || (isCommon && code == layer);
+    return {0, row};
+}
+
 bool DxfObjectReader::read(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object)
 {
     DxfCursor cursor(m_context.form, bytes);
@@ -57,13 +107,13 @@ bool DxfObjectReader::read(std::string_view bytes, const DxfClass& dxfClass, AcD
             inGroup = opensGroup(tag);
             continue;
         }
-        const DxfSubclass* subclass = walk.subclass();
-        if (!subclass || inGroup || tag.code < 0)
+        if (inGroup || tag.code < 0)
             continue;
-        const int row = subclass->rowOf(tag.code);
-        if (row < 0)
+        const DxfSubclassWalk::Row place = walk.rowFor(tag.code);
+        if (place.row < 0)
             continue;
-        const DxfField& field = subclass->fields()[static_cast<std::size_t>(row)];
+        const DxfSubclass& subclass = *dxfClass.subclasses[static_cast<std::size_t>(place.subclass)];
+        const DxfField& field = subclass.fields()[static_cast<std::size_t>(place.row)];
         const int part = field.isList() ? 0 : (tag.code - field.code) / 10;
         if (!field.read(m_context, object, tag, part)) {
             m_refused = tag;

@@ -40,9 +40,21 @@ inline bool opensGroup(const DxfTag& tag)
 }
 
 /// Where in a class's subclasses the walk through an object's tags stands.
+///
+/// Many programs write what every entity has (layer, colour, linetype) before the first marker or below the marker of
+/// the entity's class: such tags belong to the rows of AcDbEntity wherever they stand, unless the class has a row for
+/// the code.
 class DxfSubclassWalk {
 public:
-    explicit DxfSubclassWalk(const DxfClass& dxfClass) : m_class(dxfClass)
+    static constexpr int none = -1;
+    /// Place of a row: of the subclass in the class, of the row in the subclass.
+    struct Row {
+        int subclass = none;
+        int row = none;
+        bool operator==(const Row&) const = default;
+    };
+
+    explicit DxfSubclassWalk(const DxfClass& dxfClass) : m_class(&dxfClass)
     {
         if (!dxfClass.subclasses.empty() && dxfClass.subclasses.front()->marker().empty())
             m_at = 0;
@@ -51,10 +63,11 @@ public:
     /// Goes on to the subclass that a group 100 names; to none when the class does not know it.
     void enter(std::string_view marker)
     {
-        const int count = static_cast<int>(m_class.subclasses.size());
+        m_marked = m_onlyCommon = true;
+        const int count = static_cast<int>(m_class->subclasses.size());
         for (int step = 1; step <= count; ++step) {
             const int i = (m_at + step + count) % count;
-            if (m_class.subclasses[static_cast<std::size_t>(i)]->marker() == marker) {
+            if (m_class->subclasses[static_cast<std::size_t>(i)]->marker() == marker) {
                 m_at = i;
                 m_inside = true;
                 return;
@@ -62,6 +75,8 @@ public:
         }
         m_inside = false;
     }
+    /// The row that takes a tag which is no marker and in no group. To be asked once a tag, in their order.
+    Row rowFor(int code);
     /// Whether a tag opens the data below a subclass that has leading rows only, or an embedded object; both go on to
     /// the end of the object.
     /// To be asked once a tag: a row takes one, what stands under its code again is data.
@@ -83,14 +98,20 @@ public:
     int position() const { return m_inside ? m_at : none; }
     const DxfSubclass* subclass() const
     {
-        return m_inside ? m_class.subclasses[static_cast<std::size_t>(m_at)] : nullptr;
+        return m_inside ? m_class->subclasses[static_cast<std::size_t>(m_at)] : nullptr;
     }
     void leave() { m_inside = false; }
 
 private:
-    static constexpr int none = -1;
-    const DxfClass& m_class;
-    int m_at = none;        // the subclass entered last: one of the same name is looked for behind it
-    bool m_inside = false;  // whether the walk is still in it
-    unsigned m_leading = 0; // leading rows that took their tag
+    bool isCommonHere(int code) const;
+    Row rowWithoutMarker(int code) const;
+
+    const DxfClass* m_class;
+    int m_at = none;           // the subclass entered last: one of the same name is looked for behind it
+    bool m_inside = false;     // whether the walk is still in it
+    unsigned m_leading = 0;    // leading rows that took their tag
+    bool m_marked = false;     // a marker was met
+    bool m_onlyCommon = false; // since the last marker, tags of every entity alone
+    bool m_inPlace = false;    // the layer stands where it belongs
+    unsigned m_commonMet = 0;  // rows of every entity that took their tag
 };

@@ -152,6 +152,7 @@ struct DxfObjectWriter::Merge {
     void run(std::string_view bytes)
     {
         DxfCursor cursor(writer.m_database.form(), bytes);
+        ahead = &cursor;
         DxfTag tag;
         while (cursor.next(tag)) {
             if (tag.code == extendedDataCode) {
@@ -178,8 +179,7 @@ private:
             return;
         }
         const bool bare = inGroup || tag.code == 102 || tag.code == 100 || tag.code < 0;
-        const DxfSubclass* subclass = walk.subclass();
-        const int row = subclass && !bare ? subclass->rowOf(tag.code) : -1;
+        const DxfSubclassWalk::Row row = bare ? DxfSubclassWalk::Row() : walk.rowFor(tag.code);
         if (row != point)
             finishPoint();
         if (inGroup || tag.code == 102)
@@ -188,8 +188,8 @@ private:
             marker(tag);
         else if (markers == 0 && beforeMarkers(tag))
             return;
-        else if (row >= 0)
-            field(tag, subclass->fields()[static_cast<std::size_t>(row)], row);
+        else if (row.row >= 0)
+            field(tag, row);
         else
             copy(tag);
     }
@@ -237,10 +237,13 @@ private:
     void marker(const DxfTag& tag)
     {
         writeAroundOnce();
+        const DxfSubclassWalk next = after(tag);
+        if (walk.position() == 0 && lacksChanged(0))
+            markCommonAhead(next);
         leaveSubclass();
         copy(tag);
         ++markers;
-        walk.enter(dxfText(tag));
+        walk = next;
         if (walk.position() >= 0)
             entered[static_cast<std::size_t>(walk.position())] = true;
     }
@@ -252,16 +255,53 @@ private:
         aroundWritten = true;
     }
 
-    void field(const DxfTag& tag, const DxfField& row, int position)
+    DxfSubclassWalk after(const DxfTag& marker) const
     {
-        unsigned& partsMet = met[static_cast<std::size_t>(walk.position())][static_cast<std::size_t>(position)];
+        DxfSubclassWalk next = walk;
+        next.enter(dxfText(marker));
+        return next;
+    }
+
+    /// Whether a field of a subclass changed and has met no tag so far.
+    bool lacksChanged(std::size_t subclass) const
+    {
+        const std::vector<DxfField>& fields = dxfClass.subclasses[subclass]->fields();
+        for (std::size_t row = 0; row < fields.size(); ++row)
+            if (met[subclass][row] == 0 && writer.isWanted(fields[row], object, was))
+                return true;
+        return false;
+    }
+
+    /// Tags of every entity may stand below a marker to come: they are rewritten there, not added here.
+    void markCommonAhead(DxfSubclassWalk next)
+    {
+        DxfCursor cursor = *ahead;
+        DxfTag tag;
+        bool within = false; // a group
+        while (cursor.next(tag) && tag.code != extendedDataCode && !next.opensData(tag.code)) {
+            if (tag.code == 102)
+                within = opensGroup(tag);
+            else if (tag.code == 100 && !within)
+                next.enter(dxfText(tag));
+            else if (!within && tag.code >= 0)
+                if (const auto row = next.rowFor(tag.code); row.subclass == 0 && row.row >= 0)
+                    commonAhead |= 1U << row.row;
+        }
+    }
+
+    void field(const DxfTag& tag, DxfSubclassWalk::Row place)
+    {
+        const auto subclass = static_cast<std::size_t>(place.subclass);
+        const auto position = static_cast<std::size_t>(place.row);
+        const DxfField& row = dxfClass.subclasses[subclass]->fields()[position];
+        unsigned& partsMet = met[subclass][position];
         const int part = row.isList() ? 0 : (tag.code - row.code) / 10;
         const bool first = partsMet == 0;
         partsMet |= 1U << part;
         if (row.isList())
             return repeatedGroup(tag, row, first, partsMet);
         if (row.parts > 1)
-            point = position;
+            point = place;
         if (row.same(object, was, part))
             copy(tag);
         else
@@ -283,17 +323,17 @@ private:
     /// A point may lack a coordinate: once changed, it follows those that are there.
     void finishPoint()
     {
-        if (point < 0)
+        if (point.row < 0)
             return;
-        const auto position = static_cast<std::size_t>(point);
-        const DxfField& row = walk.subclass()->fields()[position];
-        unsigned& partsMet = met[static_cast<std::size_t>(walk.position())][position];
+        const auto subclass = static_cast<std::size_t>(point.subclass), position = static_cast<std::size_t>(point.row);
+        const DxfField& row = dxfClass.subclasses[subclass]->fields()[position];
+        unsigned& partsMet = met[subclass][position];
         for (int part = 0; part < row.parts; ++part)
             if ((partsMet >> part & 1U) == 0 && !row.same(object, was, part)) {
                 partsMet |= 1U << part;
                 row.write(writer.m_context, object, row.code + 10 * part, part);
             }
-        point = -1;
+        point = {};
     }
 
     /// Leading rows come first: below them everything is data.
@@ -316,22 +356,22 @@ private:
     /// Fields that changed but had no tag yet go to the end of their subclass.
     void leaveSubclass()
     {
+        finishPoint();
         const DxfSubclass* subclass = walk.subclass();
         if (!subclass)
             return;
-        finishPoint();
         const auto position = static_cast<std::size_t>(walk.position());
         entered[position] = true;
         if (subclass->leadingOnly() && !inData)
             beginData();
-        writeMissing(*subclass, met[position]);
+        writeMissing(*subclass, met[position], position == 0 ? commonAhead : 0);
         walk.leave();
     }
 
-    void writeMissing(const DxfSubclass& subclass, std::vector<unsigned>& rows)
+    void writeMissing(const DxfSubclass& subclass, std::vector<unsigned>& rows, unsigned later)
     {
         for (std::size_t row = 0; row < rows.size(); ++row)
-            if (rows[row] == 0 && writer.isWanted(subclass.fields()[row], object, was)) {
+            if (rows[row] == 0 && (later >> row & 1U) == 0 && writer.isWanted(subclass.fields()[row], object, was)) {
                 rows[row] = 1;
                 writer.writeRow(object, subclass.fields()[row]);
             }
@@ -342,13 +382,10 @@ private:
         writeAroundOnce();
         for (std::size_t i = 0; i < entered.size(); ++i) {
             const DxfSubclass& subclass = *dxfClass.subclasses[i];
-            bool changed = false;
-            for (std::size_t row = 0; row < met[i].size(); ++row)
-                changed = changed || (met[i][row] == 0 && writer.isWanted(subclass.fields()[row], object, was));
-            if (entered[i] || !changed || subclass.marker().empty())
+            if (entered[i] || subclass.marker().empty() || !lacksChanged(i))
                 continue;
             writer.m_out.rawText(100, subclass.marker());
-            writeMissing(subclass, met[i]);
+            writeMissing(subclass, met[i], 0);
         }
         if (around.xdataChanged())
             around.writeXData(writer.m_out);
@@ -363,9 +400,11 @@ private:
     ObjectTags around;
     const bool renamed; // definitions that tags may name
     DxfSubclassWalk walk;
+    const DxfCursor* ahead = nullptr;       // the tags still to come
+    unsigned commonAhead = 0;               // rows of every entity that have a tag among them
     std::vector<std::vector<unsigned>> met; // by subclass, by row: a bit for each part that has a tag
     std::vector<bool> entered;
-    int point = -1; // row of a point that the last tag belongs to
+    DxfSubclassWalk::Row point; // a point that the last tag belongs to
     int markers = 0;
     bool inGroup = false;
     bool dropGroup = false;

@@ -162,7 +162,7 @@ AcDbObjectId emptyBlock(std::wstring& name, const AcGePoint3d& origin)
         return {};
     const auto entities = currentDatabase().impl().blocks().of(id.stub()).entities;
     for (AcDbStub* const stub : entities) {
-        const AcDbObjectPointer<AcDbEntity> entity(AcDbObjectId(stub), AcDb::kForWrite);
+        const AcDbObjectPointer<AcDbEntity> entity(AcDbObjectId(stub), AcDb::kForWrite, false, true);
         if (entity.openStatus() == Acad::eOk)
             entity.object()->erase();
     }

@@ -57,7 +57,8 @@ public:
     LispOutcome run(std::wstring_view text);
     /// Runs something that evaluates, with the same end.
     LispOutcome run(const std::function<LispValue()>& task);
-    /// The longest that a run may take; none for as long as it likes.
+    /// The longest that a run may compute, in processor time of its thread: a busy machine interrupts no honest loop.
+    /// None for as long as it likes.
     void setTimeLimit(std::optional<std::chrono::milliseconds> limit) { m_timeLimit = limit; }
 
     // ---- inside a run: these throw LispError
@@ -106,7 +107,7 @@ private:
     LispSymbol* m_errorHandler;
     LispSymbol* m_lambda;
     std::optional<std::chrono::milliseconds> m_timeLimit;
-    std::optional<std::chrono::steady_clock::time_point> m_deadline;
+    std::optional<std::chrono::nanoseconds> m_deadline; // in time of the thread
     std::uint32_t m_ticks = 0;
     int m_running = 0;  // runs inside runs: a command calls a function that runs a command
     int m_catching = 0; // vl-catch-all-apply under way

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QTransform>
 
-#include "gi/TextMetrics.h"
+#include "text/TextMetrics.h"
 
 namespace {
 

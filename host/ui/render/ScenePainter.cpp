@@ -8,7 +8,7 @@
 #include <QPainterPath>
 
 #include "gi/Scene.h"
-#include "gi/TextMetrics.h"
+#include "text/TextMetrics.h"
 #include "ui/render/GlyphShapes.h"
 
 namespace {
@@ -37,6 +37,32 @@ void addShapes(QPainterPath& path, std::wstring_view text)
 bool isLight(const QColor& ground)
 {
     return qGray(ground.rgb()) > 127;
+}
+
+QColor contrastTo(const QColor& ground)
+{
+    return isLight(ground) ? Qt::black : Qt::white;
+}
+
+/// Light that a colour sends out, from 0 (black) to 1 (white).
+double luminance(const QColor& color)
+{
+    constexpr double gamma = 2.2;
+    return 0.2126 * std::pow(color.redF(), gamma) + 0.7152 * std::pow(color.greenF(), gamma) +
+           0.0722 * std::pow(color.blueF(), gamma);
+}
+
+/// Whether a thin line of one colour is lost on the other: the same hue, all but the same light.
+bool isLostOn(const QColor& ground, const QColor& ink)
+{
+    constexpr int nearHue = 64;       // of 255, in each channel
+    constexpr double contrast = 1.45; // between the lights, with a glare added to both
+    constexpr double glare = 0.05;
+    const auto apart = [](int a, int b) { return std::abs(a - b) >= nearHue; };
+    if (apart(ground.red(), ink.red()) || apart(ground.green(), ink.green()) || apart(ground.blue(), ink.blue()))
+        return false;
+    const double a = luminance(ground) + glare, b = luminance(ink) + glare;
+    return std::max(a, b) < contrast * std::min(a, b);
 }
 
 } // namespace
@@ -77,9 +103,10 @@ public:
         flush();
         m_look = look;
         m_hasLook = true;
-        m_color = m_style.only       ? *m_style.only
-                  : look.contrasting ? QColor(isLight(m_style.ground) ? Qt::black : Qt::white)
-                                     : QColor(QRgb(look.rgb));
+        m_color = m_style.only ? *m_style.only : look.contrasting ? contrastTo(m_style.ground) : QColor(QRgb(look.rgb));
+        m_area = m_color;
+        if (!m_style.only && isLostOn(m_style.ground, m_color))
+            m_color = contrastTo(m_style.ground);
         const double weight = (look.lineWeight >= 0 ? look.lineWeight : usualWeight) / 100.0;
         m_pen =
             QPen(m_color, m_style.pixelsPerMillimetre > 0.0 ? std::max(weight * m_style.pixelsPerMillimetre, leastWidth)
@@ -121,13 +148,14 @@ public:
         m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
         m_painter.fillPath(path, m_color);
     }
-    /// Neighbouring areas leave no seam: their borders are painted as well.
+    /// Neighbouring areas leave no seam: their borders are painted as well. An area that its ground would swallow may
+    /// be there to mask what it covers: it keeps its colour, and its border shows it.
     void fillWithBorder(const QPainterPath& path)
     {
         constexpr double border = 0.6;
         m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
-        m_painter.setPen(QPen(m_color, border));
-        m_painter.setBrush(m_color);
+        m_painter.setPen(m_area == m_color ? QPen(m_color, border) : m_pen);
+        m_painter.setBrush(m_area);
         m_painter.drawPath(path);
         m_painter.setBrush(Qt::NoBrush);
     }
@@ -229,7 +257,7 @@ private:
     bool m_onPixels;
     Appearance m_look;
     bool m_hasLook = false;
-    QColor m_color;
+    QColor m_color, m_area; // of lines, and of areas where that differs
     QPen m_pen;
     QList<QLineF> m_lines, m_shortLines, m_textLines;
     QList<QPointF> m_dots;

@@ -63,12 +63,6 @@ void addAttributes(AcDbObjectId id, std::vector<EntityProperty>& properties)
     }
 }
 
-bool isOnLockedLayer(const AcDbEntity& entity)
-{
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId());
-    return layer.openStatus() == Acad::eOk && layer->isLocked();
-}
-
 QString reasonOf(Acad::ErrorStatus status)
 {
     switch (status) {
@@ -126,9 +120,8 @@ QString setProperty(Document& document, const EntityProperty& property, const QS
     QString refused;
     for (const AcDbObjectId id : property.entities) {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-        Acad::ErrorStatus status = entity.openStatus();
-        if (status == Acad::eOk)
-            status = isOnLockedLayer(*entity.object()) ? Acad::eOnLockedLayer : property.set(*entity.object(), value);
+        const Acad::ErrorStatus status =
+            entity.openStatus() == Acad::eOk ? property.set(*entity.object(), value) : entity.openStatus();
         if (status != Acad::eOk)
             refused = reasonOf(status);
     }

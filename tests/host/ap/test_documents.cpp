@@ -29,6 +29,8 @@ std::wstring currentTitle()
 
 } // namespace
 
+bool saveFails = false; // the module has data that it cannot put into the drawing
+
 extern "C" __attribute__((visibility("default"))) AcRx::AppRetCode moduleHeard(const char*, AcRx::AppMsgCode message,
                                                                                void* packet)
 {
@@ -37,7 +39,7 @@ extern "C" __attribute__((visibility("default"))) AcRx::AppRetCode moduleHeard(c
     const AcDbDatabase* working = acdbHostApplicationServices()->workingDatabase();
     EXPECT_EQ(working, acDocManager->curDocument() ? acDocManager->curDocument()->database() : nullptr);
     heard.push_back(L"message " + std::to_wstring(static_cast<int>(message)) + L" " + currentTitle());
-    return AcRx::kRetOK;
+    return message == AcRx::kSaveMsg && saveFails ? AcRx::kRetError : AcRx::kRetOK;
 }
 
 namespace {
@@ -92,6 +94,22 @@ protected:
     RecordedMarks marks;
     DocumentList& list = DocumentList::instance();
 };
+
+TEST_F(Documents, tellThatAModuleCouldNotStoreItsData)
+{
+    ASSERT_EQ(ModuleTable::instance().load(platform::wideFromUtf8(TEST_MODULE)), std::nullopt);
+    int stored = 0;
+    list.onStored([&stored](Document&) { ++stored; });
+    Document& a = opened(L"/p/a.dxf");
+    for (const bool fails : {true, false}) {
+        saveFails = fails;
+        taken();
+        EXPECT_EQ(list.save(a).has_value(), fails);
+        EXPECT_EQ(taken().back(), L"write /p/a.dxf") << "the drawing itself is saved";
+        EXPECT_EQ(stored, fails ? 1 : 2) << "it counts as saved only with all its data";
+    }
+    list.onStored(nullptr);
+}
 
 TEST_F(Documents, tellModulesAndReactorsInOrder)
 {

@@ -105,6 +105,13 @@ TEST_F(HostCommands, nothingIsReplacedUnasked)
     typed(L"SAUVENOM | " + path("autre.dxf") + L" | O");
     EXPECT_NE(read("autre.dxf"), "un autre");
     EXPECT_EQ(read("autre.dxf.bak") + read("autre.bak"), "un autre") << "it is kept";
+
+    const std::string before = read("autre.dxf");
+    std::filesystem::permissions(path("autre.dxf"), std::filesystem::perms::owner_read);
+    typed(L"PO | 0,0 | SAUVERAP | N");
+    EXPECT_EQ(read("autre.dxf"), before) << "marked as read-only";
+    typed(L"SAUVERAP | O");
+    EXPECT_NE(read("autre.dxf"), before);
 }
 
 TEST_F(HostCommands, whatCannotBeOpenedIsTold)

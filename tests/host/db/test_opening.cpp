@@ -1,6 +1,7 @@
 #include "acutmem.h"
 #include "dbdict.h"
 #include "dbsymtb.h"
+#include "gemat3d.h"
 #include "SmallDrawing.h"
 
 /// Who may open what, and who is told of it.
@@ -173,6 +174,64 @@ TEST_F(OpeningTest, refusals)
         AcDbObjectPointer<AcDbObject> object(needed, AcDb::kForWrite);
         EXPECT_EQ(object->erase(), Acad::eCannotBeErasedByCaller);
     }
+}
+
+/// What stands on a locked layer is looked at, and changed by nothing but what the drawing itself does.
+TEST_F(OpeningTest, lockedLayers)
+{
+    UndoRecorder& undo = database->impl().undo();
+    undo.setRecording(true);
+    undo.startMark();
+    AcDbObjectPointer<AcDbLayerTableRecord>(database->layerZero(), AcDb::kForWrite)->setIsLocked(true);
+    EXPECT_EQ(opens(line, AcDb::kForWrite), Acad::eOnLockedLayer);
+    EXPECT_EQ(opens(line, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(opens(line, AcDb::kForNotify), Acad::eOk);
+    EXPECT_EQ(opens(database->layerZero(), AcDb::kForWrite), Acad::eOk) << "no entity";
+    {
+        const AcDbObjectPointer<AcDbLine> read(line);
+        EXPECT_EQ(read->upgradeOpen(), Acad::eOnLockedLayer);
+        EXPECT_TRUE(read->isReadEnabled());
+        EXPECT_FALSE(read->isWriteEnabled());
+    }
+    {
+        const AcDbObjectPointer<AcDbBlockTableRecord> model(database->currentSpaceId(), AcDb::kForWrite);
+        auto* const drawn = new AcDbPoint;
+        EXPECT_EQ(model->appendAcDbEntity(drawn), Acad::eOk) << "drawing on it is allowed";
+        drawn->close();
+        EXPECT_EQ(model->setOrigin({1, 2, 3}), Acad::eOk);
+    }
+    EXPECT_EQ(AcDbObjectPointer<AcDbLine>(line, AcDb::kForWrite, false, true)->erase(), Acad::eOk) << "forced";
+    undo.endMark();
+    undo.undo(); // brings the line back while its layer is still locked, then unlocks that
+    EXPECT_EQ(opens(line, AcDb::kForWrite), Acad::eOk);
+    undo.redo();
+    EXPECT_TRUE(line.isErased());
+}
+
+TEST_F(OpeningTest, attributesOnALockedLayerGoAlongWithTheirReference)
+{
+    AcDbDatabase drawing;
+    AcDbObjectPointer<AcDbLayerTable> layers(drawing.layerTableId(), AcDb::kForWrite);
+    auto* const layer = new AcDbLayerTableRecord;
+    layer->setName(L"TEXTES");
+    AcDbObjectId id;
+    ASSERT_EQ(layers->add(id, layer), Acad::eOk);
+    layer->close();
+    AcDbObjectPointer<AcDbBlockTableRecord> model(drawing.currentSpaceId(), AcDb::kForWrite);
+    auto* const reference = new AcDbBlockReference({0, 0, 0}, drawing.currentSpaceId());
+    ASSERT_EQ(model->appendAcDbEntity(reference), Acad::eOk);
+    auto* const attribute = new AcDbAttribute({1, 1, 0}, L"7", L"NUM");
+    ASSERT_EQ(reference->appendAttribute(attribute), Acad::eOk);
+    attribute->setLayer(id);
+    const AcDbObjectId attributeId = attribute->objectId();
+    attribute->close();
+    AcDbObjectPointer<AcDbLayerTableRecord>(id, AcDb::kForWrite)->setIsLocked(true);
+    EXPECT_EQ(opens(attributeId, AcDb::kForWrite), Acad::eOnLockedLayer);
+    EXPECT_EQ(reference->transformBy(AcGeMatrix3d::translation({10, 0, 0})), Acad::eOk);
+    EXPECT_EQ(AcDbObjectPointer<AcDbAttribute>(attributeId)->position().x, 11.0);
+    EXPECT_EQ(reference->erase(), Acad::eOk);
+    reference->close();
+    EXPECT_TRUE(attributeId.isErased());
 }
 
 TEST_F(OpeningTest, aDrawingWithoutFileHoldsNothing)

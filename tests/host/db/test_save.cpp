@@ -1,6 +1,9 @@
 #include <csignal>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include "dxf/DxfTag.h"
 
@@ -154,6 +157,38 @@ TEST_F(SaveTest, aFailedSaveLeavesTheOldFile)
     std::filesystem::create_directory(root / "dossier.dxf");
     EXPECT_EQ(database->saveAs(path("dossier.dxf").c_str()), Acad::eFileAccessErr);
     saved(*database, "plan.dxf"); // and it can be saved after all
+}
+
+TEST_F(SaveTest, aReadOnlyFileIsReplacedOnlyWhenItsUserSaysSo)
+{
+    const std::string before = everything().text();
+    const auto database = open(before);
+    setThickness(*database, 2.0);
+    std::filesystem::permissions(root / "plan.dxf", std::filesystem::perms::owner_read);
+    EXPECT_EQ(database->saveAs(path("plan.dxf").c_str()), Acad::eFileAccessErr);
+    EXPECT_NE(std::wstring(database->lastError()).find(L"lecture seule"), std::wstring::npos);
+    EXPECT_EQ(read("plan.dxf"), before);
+    database->impl().replacesReadOnly = true;
+    EXPECT_EQ(database->saveAs(path("plan.dxf").c_str()), Acad::eOk);
+    EXPECT_NE(read("plan.dxf"), before);
+}
+
+/// What a killed save left goes with the next one; what another program is writing stays, and so do files of the user.
+TEST_F(SaveTest, temporaryFilesOfKilledSavesGo)
+{
+    const auto database = open(everything().text());
+    write("plan.dxf.vela-Ab12Cd", "moitié");
+    write("plan.dxf.vela-Ef34Gh", "en cours");
+    write("plan.dxf.sauveg", "de l'utilisateur");
+    write("autre.dxf.vela-Ab12Cd", "d'un autre dessin");
+    const int other = ::open((root / "plan.dxf.vela-Ef34Gh").c_str(), O_RDONLY);
+    ASSERT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
+    setThickness(*database, 2.0);
+    saved(*database, "plan.dxf");
+    EXPECT_FALSE(std::filesystem::exists(root / "plan.dxf.vela-Ab12Cd"));
+    for (const char* kept : {"plan.dxf.vela-Ef34Gh", "plan.dxf.sauveg", "autre.dxf.vela-Ab12Cd"})
+        EXPECT_TRUE(std::filesystem::exists(root / kept)) << kept;
+    ::close(other);
 }
 
 TEST_F(SaveTest, binaryAndBackKeepsEverything)

@@ -165,7 +165,7 @@ TEST_F(SymbolTableTest, aMissingTableIsMadeWhenItIsUsed)
     EXPECT_EQ(saved(*database), text);
     EXPECT_EQ(addLayer(*database, L"Neuf"), Acad::eOk);
     const auto again = open(saved(*database), "relu.dxf");
-    EXPECT_EQ(layersOf(*again), L"Neuf;");
+    EXPECT_EQ(layersOf(*again), L"0;Neuf;") << "no drawing is without layer 0";
 }
 
 TEST_F(SymbolTableTest, entriesOfADictionaryGoWhileItIsWalked)

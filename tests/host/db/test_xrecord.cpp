@@ -6,6 +6,7 @@
 
 #include "acutmem.h"
 #include "dbdict.h"
+#include "dbsymtb.h"
 #include "SmallDrawing.h"
 
 /// Data of xrecords, as chains.
@@ -163,6 +164,32 @@ TEST_F(XrecordTest, itemsThatNoDrawingHolds)
     EXPECT_EQ(setData(*database, acutBuildList(999, L"c", 0)), Acad::eInvalidResBuf);
     EXPECT_EQ(setData(*database, acutBuildList(1001, L"ACAD", 0)), Acad::eInvalidResBuf);
     EXPECT_EQ(dataOf(*database), "1=ancien") << "a refusal leaves what was there";
+}
+
+TEST_F(XrecordTest, extendedDataThatAreRefused)
+{
+    const auto database = open(SmallDrawing());
+    AcDbObjectPointer<AcDbLayerTableRecord> layer(database->layerZero(), AcDb::kForWrite);
+    const std::wstring half(8500, L'x');
+    struct Row {
+        const char* name;
+        resbuf* chain;
+        Acad::ErrorStatus expected;
+    };
+    const Row rows[] = {
+        {"a pair of braces", acutBuildList(1001, L"ACAD", 1002, L"{", 1003, L"0", 1002, L"}", 0), Acad::eOk},
+        {"an open brace", acutBuildList(1001, L"ACAD", 1002, L"{", 1000, L"a", 0), Acad::eInvalidResBuf},
+        {"a closing brace first", acutBuildList(1001, L"ACAD", 1002, L"}", 1002, L"{", 0), Acad::eInvalidResBuf},
+        {"another sign", acutBuildList(1001, L"ACAD", 1002, L"[", 0), Acad::eInvalidResBuf},
+        {"an unknown layer", acutBuildList(1001, L"ACAD", 1003, L"absent", 0), Acad::eKeyNotFound},
+        {"too much", acutBuildList(1001, L"ACAD", 1000, half.c_str(), 1000, half.c_str(), 0), Acad::eXdataSizeExceeded},
+        {"half of it", acutBuildList(1001, L"ACAD", 1000, half.c_str(), 0), Acad::eOk},
+        {"in its place", acutBuildList(1001, L"ACAD", 1000, half.c_str(), 0), Acad::eOk},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(layer->setXData(row.chain), row.expected) << row.name;
+        acutRelRb(row.chain);
+    }
 }
 
 TEST_F(XrecordTest, dataSetBeforeJoiningTakeTheFormOfTheDrawing)

@@ -1,8 +1,12 @@
 #include <algorithm>
+#include <csignal>
 #include <random>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "dwg/ConverterProcess.h"
 #include "dwg/DwgConverter.h"
@@ -170,6 +174,8 @@ TEST(DwgConverterTest, TellsHowTheConverterEnded)
         {"never ends", "exec sleep 60", "plan.dwg : la conversion du dessin DWG a dépassé 1 s ; elle est abandonnée"},
         {"never ends, with its messages closed", "exec sleep 60 2>&-",
          "plan.dwg : la conversion du dessin DWG a dépassé 1 s ; elle est abandonnée"},
+        {"never ends, and never stops talking", "exec yes >&2",
+         "plan.dwg : la conversion du dessin DWG a dépassé 1 s ; elle est abandonnée"},
         {"killed", "kill -9 $$", crashed},
         {"fails in a way that is not its own", "echo 'at node:internal' >&2; exit 1", crashed},
         {"refuses without a word", "exit 10", crashed},
@@ -181,6 +187,31 @@ TEST(DwgConverterTest, TellsHowTheConverterEnded)
         settings.timeLimit = 1s;
         EXPECT_EQ(refusal(settings, drawing), row.message) << row.name;
     }
+    EXPECT_TRUE(conversionFolders().empty());
+}
+
+/// A program that was killed leaves no converter at work.
+TEST(DwgConverterTest, EndsWithTheProgram)
+{
+    const ConversionFolder folder;
+    DwgConverter::Settings settings = installed();
+    settings.node = folder.program("node", "echo $$ > '" + (folder / "pid").string() + "'; exec sleep 60");
+    const fs::path drawing = folder.write("plan.dwg", dwgSample());
+    const pid_t program = fork();
+    if (program == 0) {
+        refusal(settings, drawing);
+        _exit(0);
+    }
+    std::string id;
+    for (int i = 0; i < 500 && !id.ends_with('\n'); ++i, std::this_thread::sleep_for(20ms))
+        id = contents(folder / "pid");
+    kill(program, SIGKILL);
+    waitpid(program, nullptr, 0);
+    ASSERT_FALSE(id.empty());
+    const auto isThere = [&] { return kill(std::stoi(id), 0) == 0; };
+    for (int i = 0; i < 500 && isThere(); ++i)
+        std::this_thread::sleep_for(20ms);
+    EXPECT_FALSE(isThere());
     EXPECT_TRUE(conversionFolders().empty());
 }
 

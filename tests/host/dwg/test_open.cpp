@@ -104,7 +104,7 @@ TEST_F(DwgOpenTest, SurvivesOpeningAndSaving)
 
     // Something is changed, so that saving is more than a copy.
     {
-        AcDbObjectPointer<AcDbPoint> point(byHandle(opened, 0x1E), AcDb::kForWrite);
+        AcDbObjectPointer<AcDbPoint> point(byHandle(opened, 0x1E), AcDb::kForWrite, false, true); // on a locked layer
         point->setThickness(0.5);
     }
     ASSERT_EQ(opened.saveAs(wide(drawing).c_str()), Acad::eOk) << platform::utf8FromWide(opened.lastError());

@@ -16,6 +16,8 @@ struct Row {
 TEST(DxfEncodingTest, ReadsAndWritesTheSameBytes)
 {
     const Row rows[] = {
+        {"escapes that the text itself has", "ANSI_1252", "\\U+005CU+0041 \\U+005CM+1889F \\U+ \\P",
+         L"\\U+0041 \\M+1889F \\U+ \\P"},
         {"plain", "ANSI_1252", "borne 12", L"borne 12"},
         {"accent", "ANSI_1252", "\xE9t\xE9 \x80", L"été €"},
         {"lower case name", "ansi_1252", "\xE9", L"é"},

@@ -27,10 +27,8 @@ TEST(DxfHostileTest, RefusalsNameFileLineAndReason)
         {"a DWG under the other name", "AC1032\0\0",
          "plan.dxf : c'est un dessin DWG : donnez-lui l'extension « .dwg »"},
         {"codes only", "  0\r\nEOF\r\n", "plan.dxf, ligne 1 : aucune section, ce n'est pas un dessin DXF"},
-        {"cut inside a section", whole.substr(0, whole.find("AcDbLine") + 10),
-         "plan.dxf, ligne 155 : fichier tronqué, la section « ENTITIES » n'est pas terminée"},
-        {"cut inside the binary form", binaryDxf(r2000).substr(0, 300),
-         "plan.dxf : fichier tronqué, la section « TABLES » n'est pas terminée (octet 300)"},
+        {"cut before the first section has a name", "  0\r\nSECTION\r\n  2\r\nHEA",
+         "plan.dxf, ligne 1 : aucune section, ce n'est pas un dessin DXF"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -80,6 +78,61 @@ TEST(DxfHostileTest, RepairsSpoilOneRecordOnly)
         EXPECT_EQ(file.records()[entities->first + 2].handle, 0xBu);
         EXPECT_FALSE(file.records()[entities->first + 2].flags & DxfRecord::spoiled);
     }
+}
+
+/// What the file has up to the cut is read, as if it had been closed there.
+TEST(DxfHostileTest, CutFilesGoAsFarAsTheyGo)
+{
+    struct Row {
+        const char* name;
+        std::string bytes;
+        std::vector<std::string> told;
+        const char* section;   ///< the last one
+        std::uint32_t records; ///< in it, with its head and end
+    };
+    const std::string whole = asciiDxf(r2000), line = whole.substr(0, whole.find("AcDbLine") + 10);
+    const std::string inHeader = "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1015\n  9\n$EXTM";
+    const Row rows[] = {
+        {"in an object",
+         line,
+         {"le dernier objet (LINE) est coupé ou peut l'être, il n'est pas repris",
+          "fichier tronqué, la section « ENTITIES » n'est pas terminée"},
+         "ENTITIES",
+         2},
+        {"in the header", inHeader, {"fichier tronqué, la section « HEADER » n'est pas terminée"}, "HEADER", 2},
+        {"in the binary form",
+         binaryDxf(r2000).substr(0, 300),
+         {"fichier tronqué, la section « TABLES » n'est pas terminée (octet 300)"},
+         "TABLES",
+         4},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const DxfFile file(row.bytes, "plan.dxf");
+        std::vector<std::string> told;
+        for (const DxfProblem& problem : file.problems())
+            told.push_back(problem.what);
+        EXPECT_EQ(told, row.told);
+        EXPECT_TRUE(file.wasRepaired());
+        EXPECT_EQ(file.sections().back().name, row.section);
+        EXPECT_EQ(file.sections().back().last - file.sections().back().first + 1, row.records);
+        const DxfFile again(std::string(file.bytes()), "relu.dxf");
+        EXPECT_TRUE(again.problems().empty()) << again.problems().front().what;
+    }
+}
+
+TEST(DxfHostileTest, AnEndsecWithinASectionHidesNothing)
+{
+    const std::string point = "0 POINT\n5 B\n8 0\n10 1.0\n20 1.0\n";
+    const std::string head =
+        "0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n0 LINE\n5 A\n8 0\n";
+    const DxfFile file(asciiDxf(head + "0 ENDSEC\n" + point + "0 ENDSEC\n0 EOF\n"), "plan.dxf");
+    ASSERT_EQ(file.problems().size(), 1u);
+    EXPECT_EQ(file.problems()[0].what, "« ENDSEC » au milieu d'une section, retiré");
+    EXPECT_EQ(file.bytes(), asciiDxf(head + point + "0 ENDSEC\n0 EOF\n"));
+    // Objects of a section that lost its head are no entities.
+    const DxfFile headless(asciiDxf(head + "0 ENDSEC\n0 DICTIONARY\n5 C\n0 ENDSEC\n0 EOF\n"), "plan.dxf");
+    EXPECT_FALSE(headless.wasRepaired());
 }
 
 TEST(DxfHostileTest, OddEndings)

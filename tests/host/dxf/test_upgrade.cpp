@@ -156,6 +156,31 @@ TEST(DxfUpgradeTest, R14KeepsItsRecords)
     EXPECT_EQ(recordsOf(old, "OBJECTS")[1], recordsOf(now, "OBJECTS")[1]);
 }
 
+/// Model space used to name a layout that was not written where the drawing had layouts of its own.
+TEST(DxfUpgradeTest, EveryHandleOfR14LeadsSomewhere)
+{
+    std::string text(r2000);
+    text.replace(text.find("AC1015"), 6, "AC1014");
+    const auto add = [&text](const char* behind, const std::string& tags) {
+        const std::size_t at = text.find(behind) + std::string(behind).size();
+        text.insert(at, tags);
+    };
+    add("3 DATA\n350 40\n", "3 ACAD_LAYOUT\n350 E1\n3 ACAD_PLOTSTYLENAME\n350 E3\n");
+    const std::size_t end = text.find("0 ENDSEC\n0 SECTION\n2 THUMBNAILIMAGE");
+    text.insert(end, "0 DICTIONARY\n5 E1\n330 C\n100 AcDbDictionary\n3 Model\n350 E2\n"
+                     "0 LAYOUT\n5 E2\n330 E1\n100 AcDbPlotSettings\n100 AcDbLayout\n1 Model\n330 1F\n"
+                     "0 DICTIONARY\n5 E3\n330 C\n100 AcDbDictionary\n");
+    const DxfFile file(asciiDxf(text), "plan.dxf");
+    for (const char* section : {"TABLES", "OBJECTS"})
+        for (const std::string& record : recordsOf(file, section))
+            for (const char* code : {"\n340 ?", "\n350 ?", "\n360 ?", "\n390 ?"})
+                EXPECT_EQ(record.find(code), std::string::npos) << code << " in " << record;
+    const DxfFile again(std::string(file.bytes()), "relu.dxf");
+    for (const DxfProblem& problem : again.problems())
+        ADD_FAILURE() << problem.line << " " << problem.what;
+    EXPECT_EQ(again.bytes(), file.bytes());
+}
+
 TEST(DxfUpgradeTest, SpacesOfR12ByTheirOldNames)
 {
     const DxfFile file(

@@ -90,6 +90,27 @@ TEST_F(Hostile, deepNesting)
     exercise(scene());
 }
 
+/// Patterns of dots, of nothing, of too much; and lines so long that a dash cannot be added to a distance on them.
+TEST_F(Hostile, patternsOfAnyKind)
+{
+    const std::vector<double> patterns[] = {{0.0, -6.35},
+                                            {0.0, 0.0, -1.0},
+                                            {-1e-300, 1.0},
+                                            {1e-12, -1e-12, 0.05, -0.05},
+                                            std::vector<double>(900, -0.05),
+                                            std::vector<double>(100000, -1e-6)};
+    int number = 0;
+    for (const std::vector<double>& pattern : patterns) {
+        const AcDbObjectId linetype = addLinetype((L"M" + std::to_wstring(++number)).c_str(), pattern);
+        for (const double length : {99.9, 12.7, 1e9, 1e18}) {
+            auto* shown = new AcDbLine({-length, -1, 0}, {length, 1, 0});
+            shown->setLinetype(linetype);
+            add(shown);
+        }
+    }
+    EXPECT_LT(exercise(scene()), 10000000);
+}
+
 TEST_F(Hostile, endlessRowsAndColumns)
 {
     const AcDbObjectId block = addBlock(L"TRAIT", {new AcDbLine({0, 0, 0}, {1, 0, 0})});

@@ -201,6 +201,21 @@ TEST_F(SceneTest, dotsOfALinetypeAndDashesOfALayer)
               (Lines{"line 7: 0,0 2,0", "dot 7: 3,0", "line 7: 4,0 6,0", "dot 7: 7,0", "line 7: 8,0 10,0"}));
 }
 
+/// Multiples of these gaps round to just below a whole pattern now and then: the picture was never done.
+TEST_F(SceneTest, linesOfDotsEnd)
+{
+    for (const double gap : {6.35, 3.175, 12.7, 0.13}) {
+        const std::vector<double> dashes{0.0, -gap};
+        AcDbLine* shown = line(99.9, 0);
+        shown->setLinetype(addLinetype((L"POINTS" + std::to_wstring(gap)).c_str(), dashes));
+        const AcDbObjectId id = add(shown);
+        RecordingSink sink;
+        scene().draw(id, wideView(), sink);
+        EXPECT_EQ(sink.lines.size(), static_cast<std::size_t>(99.9 / gap) + 1) << gap;
+        EXPECT_EQ(sink.lines.front(), "dot 7: 0,0") << gap;
+    }
+}
+
 TEST_F(SceneTest, whatAnyDashingShowsIsThatShareOfTheLine)
 {
     const AcDbObjectId dashed = addLinetype(L"TIRETS", {3.0, -1.0, 0.5, -0.5});

@@ -85,23 +85,6 @@ TEST_F(DialoguesCodesTest, judgesCodeNumbers)
     EXPECT_EQ(validerCode(L"?", table, true).verdict, verdictCode::aucunLibre);
 }
 
-TEST_F(DialoguesCodesTest, refusesWhatIsNoSizeAndNoLayer)
-{
-    tableCodification& table = codificationDuModule();
-    DlgCodification dialogue(codifPoint(), table, DlgCodification::mode::creation);
-    ensuite([&] {
-        taper("editCode", "3");
-        taper("editTaille", "1,5");
-        EXPECT_TRUE(message("OK").starts_with("Erreur: la taille « 1,5 » n'est pas un nombre"));
-        taper("editTaille", "0.5");
-        taper("editLayerNumeros", "VRD/EAU");
-        EXPECT_TRUE(message("OK").starts_with("Erreur: Nom de calque impossible : « VRD/EAU »\nUn nom de calque a"));
-        taper("editLayerNumeros", "NUM");
-        presser("OK");
-    });
-    EXPECT_EQ(dialogue.exec(), QDialog::Accepted);
-}
-
 TEST_F(DialoguesCodesTest, editsACodeAndKeepsWhatItDoesNotShow)
 {
     tableCodification& table = codificationDuModule();
@@ -123,13 +106,14 @@ TEST_F(DialoguesCodesTest, editsACodeAndKeepsWhatItDoesNotShow)
     EXPECT_TRUE(table[1].libelle == L"Stations");
     EXPECT_EQ(table[1].precisionAltitudes, 12);
     EXPECT_EQ(table[1].couleurs[calqueCode], 300);
-    ensuite([] {
-        widget<QSpinBox>("editPrecision").setValue(9);
-        taper("editLibelle", "Stations");
-        presser("OK");
-    });
-    EXPECT_EQ(table.modifierCode(1), 1);
-    EXPECT_EQ(table[1].precisionAltitudes, 8) << "what is typed is held by the control";
+    for (const auto& [tapee, gardee] : {std::pair(5, 5), std::pair(9, 8)}) {
+        ensuite([valeur = tapee] {
+            widget<QSpinBox>("editPrecision").setValue(valeur);
+            presser("OK");
+        });
+        EXPECT_EQ(table.modifierCode(1), 1);
+        EXPECT_EQ(table[1].precisionAltitudes, gardee) << "what is typed is held by the control";
+    }
     ensuite([] {
         taper("editLibelle", "jamais");
         presser("Cancel");

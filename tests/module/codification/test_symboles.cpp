@@ -49,9 +49,9 @@ protected:
     /// A reference of an empty block, with attributes that `etiquettes` alternates with their texts.
     AcDbObjectId bloc(const std::vector<const wchar_t*>& etiquettes, const AcGePoint3d& place = {1, 2, 3})
     {
-        if (autre.isNull())
-            autre = addBlock(db, L"AUTRE", {});
-        const AcDbObjectId id = ajouterEspaceObjet(std::make_unique<AcDbBlockReference>(place, autre));
+        if (blocVide.isNull())
+            blocVide = addBlock(db, L"AUTRE", {});
+        const AcDbObjectId id = ajouterEspaceObjet(std::make_unique<AcDbBlockReference>(place, blocVide));
         const referenceLue reference(id, AcDb::kForWrite);
         for (std::size_t i = 0; i + 1 < etiquettes.size(); i += 2) {
             auto* const attribut = new AcDbAttribute(place, etiquettes[i + 1], etiquettes[i]);
@@ -61,7 +61,7 @@ protected:
         return id;
     }
 
-    AcDbObjectId autre; ///< the empty block
+    AcDbObjectId blocVide; ///< the empty block
 };
 
 TEST_F(DessinSymbolesTest, drawsAPoint)

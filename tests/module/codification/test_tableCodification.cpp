@@ -347,8 +347,8 @@ TEST_F(TableCodificationTest, savesWholeFilesOnly)
     if (administrateur && seteuid(0) != 0)
         std::exit(2);
     fs::permissions(supportEssai::dossier(), fs::perms(0755));
-    const bool bon = contenuDe(copie / "defcodif").find("<code>8</code>") != std::string::npos &&
-                     fs::exists(copie / "biblio/velablk1.dxf") && contenuDe(defcodif) == unCode &&
+    const bool bon = contents(copie / "defcodif").find("<code>8</code>") != std::string::npos &&
+                     fs::exists(copie / "biblio/velablk1.dxf") && contents(defcodif) == unCode &&
                      tableCodification().nombre() == 2 && table.getFichier() == cheminSupport(L"defcodif");
     fs::remove_all(perso);
     std::exit(bon ? 0 : 1);
@@ -356,9 +356,10 @@ TEST_F(TableCodificationTest, savesWholeFilesOnly)
 
 TEST_F(TableCodificationTest, savesToACopyOfASupportFolderThatCannotBeWritten)
 {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     ecrireDans(defcodif, unCode);
     EXPECT_EXIT(sauverDansUnDossierInterdit(), testing::ExitedWithCode(0), "");
-    EXPECT_EQ(contenuDe(defcodif), unCode);
+    EXPECT_EQ(contents(defcodif), unCode);
 }
 
 TEST_F(TableCodificationTest, makesTheLayersOfAllItsCodes)

@@ -1,3 +1,6 @@
+#include <cstring>
+#include <cwchar>
+#include <limits>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -161,6 +164,64 @@ TEST_F(DessinTest, replacesWhatWasStored)
     purgeInfosTopo();
     EXPECT_EQ(nombreStocke(db), 0);
     EXPECT_EQ(imprime, L"");
+}
+
+/// A sibling built earlier sets any number: what can be stored is, and the user is told.
+TEST_F(DessinTest, storesWhatCanBeStored)
+{
+    setSrcInfosTopo(&db, &projet, 1, 0);
+    const double infini = std::numeric_limits<double>::infinity();
+    listePointsDuDessin& table = *projet.currTable();
+    table.Ajouter(dessine(L"P1", 1, 2, 3));
+    table.getData(0)->setZ(infini);
+    EXPECT_FALSE(table.getData(0)->altitudeConnue());
+    table.getData(0)->setZ(3);
+    table.decalZ(infini);
+    EXPECT_EQ(table.getData(0)->getZ(), 3);
+    std::memcpy(static_cast<void*>(table.getData(0)), &infini, sizeof infini); // X comes first
+    table.setNomTable(L"\\U+0041");
+    enregistrerInfosTopo();
+    EXPECT_TRUE(infosTopoEnregistrees());
+    EXPECT_NE(imprime.find(L"1 point(s)"), std::wstring::npos);
+    ASSERT_EQ(db.saveAs(cheminLarge.c_str()), Acad::eOk) << CStringA(db.lastError()).GetString();
+
+    AcDbDatabase relu(false);
+    ASSERT_EQ(relu.readDwgFile(cheminLarge.c_str()), Acad::eOk) << CStringA(relu.lastError()).GetString();
+    projetsTopo lu;
+    setSrcInfosTopo(&relu, &lu, 1, 1);
+    EXPECT_TRUE(lu.currTable()->getNomTable() == L"\\U+0041") << CStringA(lu.currTable()->getNomTable()).GetString();
+    ASSERT_EQ(lu.currTable()->nbPoint(), 1);
+    EXPECT_EQ(lu.currTable()->getData(0)->getAs3dPnt(), AcGePoint3d(1e38, 2, 3));
+    setSrcInfosTopo(nullptr, nullptr, 0, 0);
+}
+
+/// A damaged drawing names a line as the dictionary of layer "0": the line stays, the layer gets a dictionary.
+TEST_F(DessinTest, storesBesideWhatIsNoDictionary)
+{
+    const AcDbObjectId ligne = addEntity(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(9, 9, 0)));
+    ASSERT_EQ(db.saveAs(cheminLarge.c_str()), Acad::eOk);
+    std::string texte = dossier.read("plan.dxf");
+    ACHAR poignee[17] = L"";
+    ligne.handle().getIntoAsciiBuffer(poignee, 17);
+    const std::string hexa(poignee, poignee + std::wcslen(poignee));
+    const auto calque = texte.find("330\r\n2\r\n100\r\nAcDbSymbolTableRecord\r\n100\r\nAcDbLayerTableRecord\r\n");
+    ASSERT_NE(calque, std::string::npos);
+    texte.insert(calque, "102\r\n{ACAD_XDICTIONARY\r\n360\r\n" + hexa + "\r\n102\r\n}\r\n");
+    dossier.write("plan.dxf", texte);
+
+    AcDbDatabase abime(false);
+    ASSERT_EQ(abime.readDwgFile(cheminLarge.c_str()), Acad::eOk) << CStringA(abime.lastError()).GetString();
+    travailler(abime);
+    setSrcInfosTopo(&abime, &projet, 1, 0);
+    enregistrerInfosTopo();
+    EXPECT_TRUE(infosTopoEnregistrees());
+    EXPECT_EQ(nombreStocke(abime), 4);
+    ASSERT_EQ(abime.saveAs(cheminLarge.c_str()), Acad::eOk);
+    AcDbDatabase relu(false);
+    ASSERT_EQ(relu.readDwgFile(cheminLarge.c_str()), Acad::eOk);
+    EXPECT_EQ(nombreStocke(relu), 4);
+    EXPECT_NE(dossier.read("plan.dxf").find("AcDbLine"), std::string::npos);
+    setSrcInfosTopo(nullptr, nullptr, 0, 0);
 }
 
 TEST_F(DessinTest, resetsWhenNothingOrNonsenseIsStored)

@@ -4,8 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "services/codages.h"
+#include "services/lettres.h"
 #include "services/reelDeTexte.h"
-#include "services/texteAnsi.h"
 
 namespace {
 

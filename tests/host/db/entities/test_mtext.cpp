@@ -1,54 +1,71 @@
-#include "db/entities/MTextLines.h"
+#include "text/TextMetrics.h"
 
 #include "acutmem.h"
+#include "dbents.h"
 #include "dbmtext.h"
 #include "DrawingWithEntities.h"
 #include "gemat3d.h"
 #include "Near.h"
 
-TEST(MText, visibleLines)
-{
-    struct Row {
-        const wchar_t* contents;
-        std::vector<std::wstring> lines;
-    };
-    const Row rows[] = {
-        {L"altitude 45.27", {L"altitude 45.27"}},
-        {L"{\\fArial|b1;Bâtiment\\Pexistant}", {L"Bâtiment", L"existant"}},
-        {L"\\A1;\\C1;{\\H0.7x;\\S1^2;} m", {L"1/2 m"}},
-        {L"a\\~b\\\\c\\{d\\}", {L"a\u00A0b\\c{d}"}},
-        {L"45%%d %%c12 %%p3 100%", {L"45° Ø12 ±3 100%"}},
-        {L"\\U+00C9cole \\U+00", {L"École \\U+00"}},
-        {L"\\LA\\l \\Ob\\o", {L"A b"}},
-        {L"fin\\", {L"fin\\"}},
-        {L"\\H3", {L""}}, // cut short
-        {L"", {L""}},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(visibleLines(row.contents), row.lines);
-}
+namespace {
+/// Digits are equally wide.
+const double digit = characterWidth(L'0');
+} // namespace
 
 TEST(MText, extentsFollowTheAttachment)
 {
     AcDbMText text;
-    text.setContents(L"1234\\P12"); // two lines of height 3: 12 wide, 3 + 5 high
+    text.setContents(L"1234\\P12"); // two lines of height 3, 3 + 5 high
     text.setTextHeight(3.0);
     text.setLocation({100, 200, 7});
+    const double wide = 12.0 * digit;
     struct Row {
         AcDbMText::AttachmentPoint attachment;
         AcGePoint3d min;
     };
-    for (const Row& row : {Row{AcDbMText::kTopLeft, {100, 192, 7}}, Row{AcDbMText::kMiddleCenter, {94, 196, 7}},
-                           Row{AcDbMText::kBottomRight, {88, 200, 7}}}) {
+    for (const Row& row :
+         {Row{AcDbMText::kTopLeft, {100, 192, 7}}, Row{AcDbMText::kMiddleCenter, {100 - wide / 2, 196, 7}},
+          Row{AcDbMText::kBottomRight, {100 - wide, 200, 7}}}) {
         text.setAttachment(row.attachment);
-        expectBox(text, row.min, row.min + AcGeVector3d(12, 8, 0));
+        expectBox(text, row.min, row.min + AcGeVector3d(wide, 8, 0));
     }
     text.setAttachment(AcDbMText::kTopLeft);
     text.setRotation(pi / 2);
-    expectBox(text, {100, 200, 7}, {108, 212, 7});
+    expectBox(text, {100, 200, 7}, {108, 200 + wide, 7});
     text.transformBy(AcGeMatrix3d::rotation(-pi / 2, AcGeVector3d::kZAxis, {100, 200, 7}));
-    expectBox(text, {100, 192, 7}, {112, 200, 7});
+    expectBox(text, {100, 192, 7}, {100 + wide, 200, 7});
     EXPECT_NEAR(text.rotation(), 0.0, 1e-12);
+}
+
+/// What a multi-line text explodes into stands where it stood: same box, a part a run, in the look of the run.
+TEST(MText, explodesAsItIsShown)
+{
+    AcDbMText text;
+    text.setContents(L"un deux {\\C1;trois} \\S1\\;2/3; quatre \\c255;\\Lcinq");
+    text.setTextHeight(2.0);
+    text.setWidth(15.0);
+    text.setLocation({100, 200, 7});
+    AcDbExtents before, after;
+    ASSERT_EQ(text.getGeomExtents(before), Acad::eOk);
+    AcDbVoidPtrArray held;
+    ASSERT_EQ(text.explode(held), Acad::eOk);
+    std::wstring shown;
+    std::vector<std::unique_ptr<AcDbText>> parts;
+    for (void* part : held) {
+        parts.emplace_back(static_cast<AcDbText*>(static_cast<AcDbEntity*>(part)));
+        shown += parts.back()->textStringConst() + std::wstring(L"|");
+        AcDbExtents own;
+        ASSERT_EQ(parts.back()->getGeomExtents(own), Acad::eOk);
+        after.addExt(own);
+    }
+    EXPECT_EQ(shown, L"un deux|trois|%%u1;2|3|quatre|%%ucinq|");
+    ASSERT_EQ(parts.size(), 6U);
+    EXPECT_EQ(parts[1]->colorIndex(), 1);
+    EXPECT_EQ(parts[4]->colorIndex(), 256);
+    EXPECT_EQ(parts[5]->trueColor(), 0xFF0000);
+    EXPECT_LT(parts[1]->position().y, parts[0]->position().y); // on the second line
+    expectNear(after.minPoint(), before.minPoint(), 1e-9);
+    expectNear(after.maxPoint(), before.maxPoint(), 1e-9);
 }
 
 TEST(MText, fragmentsAreShownUntilTheCallerStops)

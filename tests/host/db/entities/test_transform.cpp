@@ -25,15 +25,16 @@ TEST(Text, extentsFollowAlignmentAndRotation)
         double rotation;
         AcGePoint3d min, max;
     };
-    // "1234" of height 2: 8 wide; placed by (10, 20).
+    // "1234" of height 2, placed by (10, 20): four digits of 1303 units, where capitals are 1493 high.
+    constexpr double wide = 4 * 2.0 * 1303 / 1493, half = wide / 2, below = 2.0 * 0.32;
     const Row rows[] = {
-        {"left", AcDb::kTextLeft, AcDb::kTextBase, 0.0, {10, 20, 0}, {18, 22, 0}},
-        {"right", AcDb::kTextRight, AcDb::kTextBase, 0.0, {2, 20, 0}, {10, 22, 0}},
-        {"right, bottom", AcDb::kTextRight, AcDb::kTextBottom, 0.0, {2, 20, 0}, {10, 22, 0}},
-        {"centre, top", AcDb::kTextCenter, AcDb::kTextTop, 0.0, {6, 18, 0}, {14, 20, 0}},
-        {"middle", AcDb::kTextMid, AcDb::kTextBase, 0.0, {6, 19, 0}, {14, 21, 0}},
-        {"left, upwards", AcDb::kTextLeft, AcDb::kTextBase, pi / 2, {8, 20, 0}, {10, 28, 0}},
-        {"right, upwards", AcDb::kTextRight, AcDb::kTextBase, pi / 2, {8, 12, 0}, {10, 20, 0}},
+        {"left", AcDb::kTextLeft, AcDb::kTextBase, 0.0, {10, 20, 0}, {10 + wide, 22, 0}},
+        {"right", AcDb::kTextRight, AcDb::kTextBase, 0.0, {10 - wide, 20, 0}, {10, 22, 0}},
+        {"right, bottom", AcDb::kTextRight, AcDb::kTextBottom, 0.0, {10 - wide, 20 + below, 0}, {10, 22 + below, 0}},
+        {"centre, top", AcDb::kTextCenter, AcDb::kTextTop, 0.0, {10 - half, 18, 0}, {10 + half, 20, 0}},
+        {"middle", AcDb::kTextMid, AcDb::kTextBase, 0.0, {10 - half, 19, 0}, {10 + half, 21, 0}},
+        {"left, upwards", AcDb::kTextLeft, AcDb::kTextBase, pi / 2, {8, 20, 0}, {10, 20 + wide, 0}},
+        {"right, upwards", AcDb::kTextRight, AcDb::kTextBase, pi / 2, {8, 20 - wide, 0}, {10, 20, 0}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
@@ -47,7 +48,8 @@ TEST(Text, extentsFollowAlignmentAndRotation)
             expectNear(text.position(), row.min);
     }
     EXPECT_EQ(Note(L"", {0, 0, 0}).getGeomExtents(*std::make_unique<AcDbExtents>()), Acad::eInvalidExtents);
-    expectBox(Note(L"%%u%%c12%%u", {0, 0, 0}), {0, 0, 0}, {6, 2, 0}); // underlined "Ø12"
+    // Underlined "Ø12"; the diameter sign is 1612 units wide.
+    expectBox(Note(L"%%u%%c12%%u", {0, 0, 0}), {0, 0, 0}, {2.0 * (1612 + 2 * 1303) / 1493, 2, 0});
 }
 
 TEST(Text, transformations)

@@ -35,3 +35,13 @@
 (cadr (assoc 10 (entget (entnext e)))) ; => 2.0
 (entdel e) (abscisses) ; => (0.0 1.0 2.0 3.0)
 (entmake '((0 . "POINT") (10 9 0 0))) (abscisses) ; => (0.0 1.0 2.0 3.0 9.0)
+
+; A locked layer: what stands on it stays, and more can be drawn on it.
+(entmake '((0 . "POINT") (8 . "0") (10 1 0 0))) ; => ((0 . "POINT") (8 . "0") (10 1 0 0))
+(setq e (entlast) l (entget e) c (entget (tblobjname "LAYER" "0")) couche (subst '(70 . 4) (assoc 70 c) c)) ; >> 
+(equal (entmod couche) couche) ; => T
+(entmod (subst '(10 5.0 5.0 0.0) (assoc 10 l) l)) ; => nil
+(entdel e) ; => nil
+(assoc 10 (entget e)) ; => (10 1.0 0.0 0.0)
+(type (entmakex '((0 . "POINT") (8 . "0") (10 2 0 0)))) ; => ENAME
+(equal (entmod c) c) ; => T

@@ -79,6 +79,35 @@ TEST(Pictures, eachKindOfEntityOnLightAndDarkGround)
     expectPicture(paint(*drawing, sheet, 1200, 800, style), "entites-sombre.png");
 }
 
+/// Many programs give what is drawn an explicit white, or black: seen on the ground of the other kind only.
+TEST(Pictures, inkOfTheGroundsColorIsTurned)
+{
+    struct Row {
+        const char* what;
+        const char* color;
+        QColor ground, seen; // along the line, and on the area's border
+        QColor within;       // the area
+    };
+    const QColor dark(33, 40, 48);
+    const Row rows[] = {{"white on white", "420 16777215", Qt::white, Qt::black, Qt::white},
+                        {"white of the palette", "62 255", Qt::white, Qt::black, Qt::white},
+                        {"black on dark", "420 0", dark, Qt::white, Qt::black},
+                        {"yellow stays", "62 2", Qt::white, Qt::yellow, Qt::yellow},
+                        {"light grey stays", "62 9", Qt::white, QColor(0xC0, 0xC0, 0xC0), QColor(0xC0, 0xC0, 0xC0)}};
+    for (const Row& row : rows) {
+        const std::string color = std::string("\n") + row.color;
+        DrawingWithEntities drawing("0 LINE" + color + "\n100 AcDbLine\n10 0\n20 5\n11 10\n21 5\n0 SOLID" + color +
+                                    "\n100 AcDbTrace\n10 2\n20 1\n11 8\n21 1\n12 2\n22 3\n13 8\n23 3\n");
+        PaintStyle style;
+        style.ground = row.ground;
+        style.smooth = false;
+        style.width = 3.0;
+        const QImage image = paint(drawing.database(), {0, 0, 10, 10}, 100, 100, style);
+        EXPECT_EQ(image.pixelColor(50, 50), row.seen) << row.what;
+        EXPECT_EQ(image.pixelColor(50, 80), row.within) << row.what;
+    }
+}
+
 TEST(Pictures, farCoordinatesLookTheSame)
 {
     const double x = 1650000.0, y = 8180000.0;

@@ -241,10 +241,12 @@ TEST_F(PanelsTest, attributesAreChangedAndLockedLayersAreNot)
             const DrawingEdit step(document());
             made->setBlockTableRecord(addBlock(*document().database(), L"BORNE", {}));
             reference = ::add(made);
-            const AcDbObjectPointer<AcDbBlockReference> opened(reference, AcDb::kForWrite);
-            auto* const text = new AcDbAttribute({6, 6, 0}, L"12", L"NUM");
-            ASSERT_EQ(opened->appendAttribute(attribute, text), Acad::eOk);
-            text->close();
+            {
+                const AcDbObjectPointer<AcDbBlockReference> opened(reference, AcDb::kForWrite);
+                auto* const text = new AcDbAttribute({6, 6, 0}, L"12", L"NUM");
+                ASSERT_EQ(opened->appendAttribute(attribute, text), Acad::eOk);
+                text->close();
+            }
             select({reference});
         },
         [this] {

@@ -16,6 +16,8 @@
 (add_pt "A" '(1.5 2.5 3.5) 1.5) ; >> \nparametres incorrects.
 (add_pt "A" '(1.5 2.5 3.5) 1 nil) ; >> \nparametres incorrects.
 (null (add_pt)) ; => T
+(add_pt "A" (list (atof "1e999") 2 3) 1) ; >> \nparametres incorrects.
+(tpcdaddpt "A" (list (atof "-1e999") 2.0)) ; >> \nparametres incorrects.
 (analyse "a, b\tc\n\n,d") ; => ("a" "b" "c" "d")
 (analyse "abc") ; => ("abc")
 (analyse " ,\t\n") ; => nil

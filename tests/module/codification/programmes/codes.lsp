@@ -14,8 +14,6 @@
 (addcodept 14 "a" "" 1e7) ; >> \nparametres incorrects.
 (addcodept 14 "a" "b") ; => nil
 (addcodept -3) ; => nil
-(add_pt "-" '(0 0) -3) ; >> \nparametres incorrects.
-(tpcdaddpt "-" '(0 0) 10000) ; >> \nparametres incorrects.
 (loadcodept) ; => ((1 . "Point topo") (100 . "Station") (12 . "Code 12") (13 . "Arbre"))
 
 ; A symbol of a block that cannot be had: the point is there all the same.
@@ -29,7 +27,8 @@
 (chgreppts 12 "velablk3") ; => 1
 (bloc "2") ; => "velablk3"
 ; A block of this drawing alone is none that codes may name.
-(command "_-BLOCK" "ici" "0,0" (entlast) "") ; => nil
+(mapcar 'entmake '(((0 . "BLOCK") (2 . "ici") (70 . 0) (10 0.0 0.0 0.0)) ((0 . "POINT") (10 0.0 0.0 0.0)) ((0 . "ENDBLK")))) ; >>
+(null (tblsearch "BLOCK" "ici")) ; => nil
 (chgreppts 12 "ici") ; => nil
 (chgreppts 12 1) ; >> \nparametres incorrects.
 (chgreppts 0 "velablk3") ; >> \nparametres incorrects.

@@ -20,6 +20,8 @@
 (car (getsegtype (entlast) 1)) ; => "ARC"
 (nth 3 (getsegtype (entlast) 1)) ; => (2.0 2.0 0.0)
 (rtos (nth 4 (getsegtype (entlast) 1)) 2 6) ; => "2.828427"
+(progn (entmake '((0 . "POLYLINE") (70 . 9))) (entmake '((0 . "VERTEX") (10 0 0 1) (70 . 32))) (entmake '((0 . "VERTEX") (10 4 0 2) (70 . 32))) (entmake '((0 . "SEQEND"))) (getsegtype (entlast) 1)) ; => ("LIGNE" (4.0 0.0 2.0) (0.0 0.0 1.0))
+(getsegtype (entlast) 2) ; => nil
 ; < 1 | 2 | 1
 (c:topjndre) ; >> \nNumero de debut1\nNumero de fin2\nIncrement [1] :1\nPoint 2 absent de la table\nIl faut au moins deux points
 ; The numbers are those of the start, by the step: 8 6 4 2 meet one point.

@@ -81,6 +81,9 @@
 (updarxttxt 1e-7) ; => 7
 (assoc 41 (entget (ename_pt "p1"))) ; => (41 . 1.0)
 (updarxttxt "1") ; >> \nparametres incorrects.
+(type (entmod (list (assoc -1 (setq d (entget (ename_pt "p1")))) '(41 . -1.0)))) ; => LIST
+(progn (updarxttxt 2) (setq d (entget (ename_pt "p1"))) (list (cdr (assoc 41 d)) (cdr (assoc 42 d)))) ; => (-2.0 2.0)
+(progn (updarxttxt 1) (entmod (list (assoc -1 (setq d (entget (ename_pt "p1")))) '(41 . 1.0))) (cdr (assoc 41 (entget (ename_pt "p1"))))) ; => 1.0
 
 ; Extended data.
 (sxd (ename_pt "p1") '((1000 . "lev\U+00E9") (1070 . 3) (1071 . 70000) (1040 . 2.5) (1010 1.0 2.0 3.0) (1002 . "{") (1002 . "}"))) ; => T
@@ -96,6 +99,22 @@
 (sxd (ename_pt "p1") '(1070 1)) ; >> \nparametres incorrects.
 (sxd "p1" nil) ; >> \nparametres incorrects.
 (sxd (ename_pt "p1") T) ; >> \nparametres incorrects.
+(sxd (ename_pt "p1") '((1002 . "{") (1000 . "a"))) ; >> \nErreur de entmod=-5003
+(sxd (ename_pt "p1") '((1003 . "absent"))) ; >> \nErreur de entmod=-5003
+(progn (setq long "0123456789") (repeat 11 (setq long (strcat long long))) (sxd (ename_pt "p1") (list (cons 1000 long)))) ; >> \nErreur de entmod=-5003
+(assoc -3 (entget (ename_pt "p1") '("VELAPLUS"))) ; => nil
+
+; What the user locked stays: attributes, sizes, and no second symbol on top.
+(setq e (entnext (ename_pt "p1")) etiquette (cdr (assoc 2 (entget e))) valeur (cdr (assoc 1 (entget e)))) ; >> 
+(type (entmod (list (assoc -1 (setq d (entget (tblobjname "LAYER" (cdr (assoc 8 (entget e))))))) '(70 . 4)))) ; => LIST
+(modif-attrib (ename_pt "p1") etiquette "autre") ; => 0
+(modif-attrib (ename_pt "p1") etiquette "autre") ; >> \n1 objet est sur un calque verrouillé : il n'a pas été modifié.
+(attrvisibility etiquette nil (selonnum "p1")) ; => 0
+(equal (cdr (assoc 1 (entget e))) valeur) ; => T
+(progn (updarxttxt 3) (cdr (assoc 41 (entget (ename_pt "p1"))))) ; => 1.0
+(progn (setq nombre (sslength (ssget "_X" '((0 . "INSERT"))))) (reg_pts) (= nombre (sslength (ssget "_X" '((0 . "INSERT")))))) ; => T
+(type (entmod (list (assoc -1 d) '(70 . 0)))) ; => LIST
+(progn (updarxttxt 1) (cdr (assoc 41 (entget (ename_pt "p1"))))) ; => 1.0
 
 ; Points on one another.
 (superpos) ; >> \n0 superposition(s)

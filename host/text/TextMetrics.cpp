@@ -1,4 +1,4 @@
-#include "gi/TextMetrics.h"
+#include "text/TextMetrics.h"
 
 #include <cstdint>
 #include <iterator>

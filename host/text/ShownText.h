@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,3 +15,13 @@ struct ShownRun {
 /// %%nnn a character by its number, %%u %%o %%k lines under, over and through what follows, to the next of them;
 /// \U+XXXX a character of Unicode. Anything else after %% is shown as it stands. Runs without text are left out.
 std::vector<ShownRun> shownText(std::wstring_view text);
+
+/// A character that stands as a code at the beginning of a text: %%d, %%065, \U+00E9.
+struct CodedCharacter {
+    wchar_t shown;
+    std::size_t length; ///< of the code
+};
+std::optional<CodedCharacter> codedCharacter(std::wstring_view text);
+
+/// The width of what a single-line text shows, in heights of a capital letter.
+double shownWidth(std::wstring_view text);

@@ -1,0 +1,45 @@
+#include "services/calqueVerrouille.h"
+
+#include <memory>
+
+#include "acutads.h"
+#include "dbents.h"
+#include "dbsymtb.h"
+
+namespace {
+
+bool surCalqueVerrouille(const AcDbEntity& entite)
+{
+    const AcDbObjectPointer<AcDbLayerTableRecord> calque(entite.layerId());
+    return calque.openStatus() == Acad::eOk && calque->isLocked();
+}
+
+} // namespace
+
+bool estVerrouille(const AcDbObjectId& id)
+{
+    const AcDbObjectPointer<AcDbEntity> entite(id);
+    if (entite.openStatus() != Acad::eOk)
+        return false;
+    if (surCalqueVerrouille(*entite.object()))
+        return true;
+    const auto* const reference = AcDbBlockReference::cast(entite.object());
+    if (!reference)
+        return false;
+    const std::unique_ptr<AcDbObjectIterator> it(reference->attributeIterator());
+    for (it->start(); !it->done(); it->step()) {
+        const AcDbObjectPointer<AcDbAttribute> attribut(it->objectId());
+        if (attribut.openStatus() == Acad::eOk && surCalqueVerrouille(*attribut.object()))
+            return true;
+    }
+    return false;
+}
+
+void signalerVerrouilles(int nombre)
+{
+    if (nombre == 1)
+        acutPrintf(L"\n1 objet est sur un calque verrouill\u00e9 : il n'a pas \u00e9t\u00e9 modifi\u00e9.");
+    else if (nombre > 1)
+        acutPrintf(L"\n%d objets sont sur un calque verrouill\u00e9 : ils n'ont pas \u00e9t\u00e9 modifi\u00e9s.",
+                   nombre);
+}

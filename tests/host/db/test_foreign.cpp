@@ -1,0 +1,156 @@
+#include "dbpl.h"
+#include "dbsymtb.h"
+#include "SmallDrawing.h"
+
+/// Drawings as other programs write them: what they mean is read, and changed where it stands.
+
+namespace {
+
+using ForeignTest = DrawingTest;
+
+const char* const wallLayer =
+    "0 LAYER\n5 40\n330 2\n100 AcDbSymbolTableRecord\n100 AcDbLayerTableRecord\n2 MURS\n70 1\n"
+    "62 3\n6 Continuous\n";
+
+std::wstring layerOf(AcDbDatabase& database, std::uint64_t handle)
+{
+    return database.impl().recordName(Opened<AcDbEntity>(database, handle)->layerId().stub());
+}
+
+TEST_F(ForeignTest, whatEveryEntityHasIsReadWhereverItStands)
+{
+    struct Row {
+        const char* name;
+        const char* tags; ///< after handle and owner
+        Changes changed;  ///< colour 5 on layer 0
+    };
+    const char* const ends = "10 0\n20 0\n30 0\n11 5\n21 5\n31 0\n";
+    const Row rows[] = {
+        {"where it belongs", "100 AcDbEntity\n8 MURS\n62 1\n100 AcDbLine\n", {"-8|MURS", "-62|1", "+8|0", "+62|5"}},
+        {"below the class", "100 AcDbEntity\n100 AcDbLine\n8 MURS\n62 1\n", {"-8|MURS", "-62|1", "+8|0", "+62|5"}},
+        {"before the first marker",
+         "8 MURS\n62 1\n100 AcDbEntity\n100 AcDbLine\n",
+         {"-8|MURS", "-62|1", "+8|0", "+62|5"}},
+        {"in both places", "8 MURS\n100 AcDbEntity\n100 AcDbLine\n62 1\n", {"-8|MURS", "+8|0", "-62|1", "+62|5"}},
+        {"a colour where there was none", "100 AcDbEntity\n100 AcDbLine\n8 MURS\n", {"+62|5", "-8|MURS", "+8|0"}},
+        {"no marker at all", "8 MURS\n62 1\n", {"-8|MURS", "-62|1", "+8|0", "+62|5"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        SmallDrawing drawing;
+        drawing.layers = wallLayer;
+        drawing.entities = std::string("0 LINE\n5 80\n330 1F\n") + row.tags + ends;
+        const std::string before = drawing.text();
+        const auto database = open(before);
+        EXPECT_EQ(layerOf(*database, 0x80), L"MURS");
+        {
+            const Opened<AcDbLine> line(*database, 0x80, AcDb::kForWrite);
+            EXPECT_EQ(line->endPoint().x, 5.0);
+            line->setColorIndex(5);
+            line->setLayer(L"0");
+        }
+        EXPECT_EQ(changes(before, saved(*database)), row.changed);
+    }
+}
+
+TEST_F(ForeignTest, codesThatAClassHasForItselfStayItsOwn)
+{
+    // 48 is the width of a column of text; 62 in an object of another kind may be anything.
+    SmallDrawing drawing;
+    drawing.entities =
+        "0 MTEXT\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbMText\n10 0\n20 0\n30 0\n40 1\n71 1\n1 a\n48 90\n"
+        "0 TRUC\n5 81\n330 1F\n100 AcDbEntity\n8 0\n100 CTruc\n62 3\n8 MURS\n";
+    const auto database = open(drawing);
+    EXPECT_EQ(Opened<AcDbEntity>(*database, 0x80)->linetypeScale(), 1.0);
+    EXPECT_EQ(Opened<AcDbEntity>(*database, 0x81)->colorIndex(), 256);
+    EXPECT_EQ(layerOf(*database, 0x81), L"0");
+}
+
+TEST_F(ForeignTest, lightweightPolylinesOfR12)
+{
+    SmallDrawing drawing;
+    drawing.version = "AC1009";
+    drawing.entities = "0 LWPOLYLINE\n5 80\n8 0\n62 1\n90 2\n70 1\n10 1\n20 2\n42 0.5\n10 3\n20 4\n";
+    const auto database = open(drawing);
+    {
+        const Opened<AcDbPolyline> polyline(*database, 0x80, AcDb::kForWrite);
+        ASSERT_TRUE(polyline.object());
+        EXPECT_EQ(polyline->numVerts(), 2U);
+        EXPECT_EQ(polyline->colorIndex(), 1);
+        polyline->setColorIndex(2);
+    }
+    const std::string now = saved(*database);
+    EXPECT_NE(now.find(asciiDxf("100 AcDbEntity\n8 0\n62 2\n100 AcDbPolyline\n90 2\n70 1\n10 1\n")), std::string::npos)
+        << now.substr(now.find("LWPOLYLINE"), 200);
+}
+
+TEST_F(ForeignTest, aDrawingSavedOnALayoutIsDrawnInModelSpace)
+{
+    SmallDrawing drawing;
+    drawing.header = "9 $TILEMODE\n70 0\n";
+    const std::string before = drawing.text();
+    const auto database = open(before);
+    ASSERT_EQ(database->impl().problems().size(), 1U);
+    EXPECT_NE(database->impl().problems()[0].find("présentation"), std::string::npos);
+    EXPECT_EQ(saved(*database), before) << "told, and no change";
+    EXPECT_EQ(database->currentSpaceId(), idOf(*database, 0x1F));
+}
+
+TEST_F(ForeignTest, whatEveryDrawingHasIsMadeAndTold)
+{
+    const std::string line = "0 LINE\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n31 0\n";
+    const std::string before = asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n9 $TILEMODE\n70 0\n0 ENDSEC\n"
+                                        "0 SECTION\n2 ENTITIES\n" +
+                                        line + "0 ENDSEC\n0 EOF\n");
+    const auto database = open(before);
+    ASSERT_EQ(database->impl().problems().size(), 2U);
+    const std::string& told = database->impl().problems()[0];
+    for (const char* made : {"calque « 0 »", "type de ligne « ByLayer »", "bloc « *Model_Space »",
+                             "bloc « *Paper_Space »", "style de texte « Standard »"})
+        EXPECT_NE(told.find(made), std::string::npos) << told;
+    EXPECT_EQ(saved(*database), before);
+    Opened<AcDbLine>(*database, 0xA1, AcDb::kForWrite)->setColorIndex(3);
+    const auto again = open(saved(*database), "relu.dxf");
+    EXPECT_EQ(again->impl().problems().size(), 1U) << "of the layout alone: nothing is missing any more";
+    EXPECT_FALSE(again->layerZero().isNull());
+    EXPECT_EQ(saved(*again, "encore.dxf"), read("relu.dxf"));
+}
+
+TEST_F(ForeignTest, aCutDrawingIsSavedWholeAndItsOriginalKept)
+{
+    SmallDrawing drawing;
+    const std::string point = "330 1F\n100 AcDbEntity\n8 0\n100 AcDbPoint\n10 1\n20 2\n30 0\n";
+    drawing.entities = "0 POINT\n5 80\n" + point + "0 POINT\n5 81\n" + point;
+    const std::string whole = drawing.text(), cut = whole.substr(0, whole.find("81\r\n") + 20);
+    const auto database = open(cut);
+    EXPECT_EQ(database->impl().blocks().of(database->currentSpaceId().stub()).entities.size(), 1U);
+    EXPECT_EQ(database->impl().problems().size(), 3U);
+    Opened<AcDbEntity>(*database, 0x80, AcDb::kForWrite)->setColorIndex(3);
+    saved(*database, "plan.dxf");
+    const std::string second = saved(*database, "plan.dxf");
+    EXPECT_EQ(read("plan.original.dxf"), cut);
+    const auto again = open(second, "relu.dxf");
+    EXPECT_TRUE(again->impl().problems().empty());
+    EXPECT_EQ(Opened<AcDbEntity>(*again, 0x80)->colorIndex(), 3);
+}
+
+/// What an upgrade adds is added once: in the file that was saved nothing is missing any more.
+TEST_F(ForeignTest, aSecondSaveOfAnUpgradedDrawingAddsNothing)
+{
+    for (const char* version : {"AC1009", "AC1012", "AC1014"}) {
+        SCOPED_TRACE(version);
+        SmallDrawing drawing;
+        drawing.version = version;
+        drawing.entities = "0 LINE\n5 80\n8 MURS\n10 0\n20 0\n11 1\n21 1\n0 POINT\n5 80\n8 0\n10 0\n20 0\n";
+        const auto database = open(drawing);
+        const std::string first = saved(*database);
+        const auto again = open(first, "relu.dxf");
+        EXPECT_TRUE(again->impl().problems().empty());
+        EXPECT_EQ(saved(*again, "encore.dxf"), first);
+        Opened<AcDbEntity>(*again, 0x80, AcDb::kForWrite)->setColorIndex(3);
+        const std::string third = saved(*again, "encore.dxf");
+        EXPECT_EQ(changes(first, third), Changes{"+62|3"});
+    }
+}
+
+} // namespace

@@ -1,0 +1,128 @@
+#include "DrawingWithEntities.h"
+#include "SceneTest.h"
+#include "SmallDrawing.h"
+
+/// What shows by its own data: dimensions whose block is missing, classes that are not modelled, clipped references.
+
+namespace {
+
+Lines linesOf(const std::string& records)
+{
+    DrawingWithEntities drawing(records);
+    return drawn(Scene::of(drawing.database()));
+}
+
+/// Texts and arrows a unit high, a point of decimals: the dimension's own values.
+const std::string ownStyle = "1001 ACAD\n1000 DSTYLE\n1002 {\n1070 140\n1040 1\n1070 41\n1040 1\n1070 42\n1040 0.5\n"
+                             "1070 44\n1040 1\n1070 40\n1040 1\n1070 142\n1040 0\n1070 271\n1070 2\n1070 278\n1070 46\n"
+                             "1070 78\n1070 0\n1070 144\n1040 1\n1002 }\n";
+
+std::string dimension(const char* common, const char* marker, const char* points)
+{
+    return std::string("0 DIMENSION\n100 AcDbDimension\n") + common + "100 " + marker + "\n" + points + ownStyle;
+}
+
+struct Row {
+    const char* name;
+    std::string records;
+    Lines expected; ///< the first lines; a text by a part of it
+};
+
+const Row rows[] = {
+    {"aligned dimension",
+     dimension("10 10\n20 5\n30 0\n70 1\n", "AcDbAlignedDimension", "13 0\n23 0\n33 0\n14 10\n24 0\n34 0\n"),
+     {"line 7: 0,0.5 0,6", "line 7: 10,0.5 10,6", "line 7: 0,5 10,5", "area 7: 0,5 1,4.833 1,5.167",
+      "area 7: 10,5 9,5.167 9,4.833", "<10.00>"}},
+    {"turned dimension with a text of its own",
+     dimension("10 5\n20 5\n30 0\n70 0\n1 H = <> m\n", "AcDbAlignedDimension",
+               "13 0\n23 0\n33 0\n14 3\n24 4\n34 0\n50 90\n100 AcDbRotatedDimension\n"),
+     {"line 7: 0.5,0 6,0", "line 7: 3.5,4 6,4", "line 7: 5,0 5,4", "area 7:", "area 7:", "<H = 4.00 m>"}},
+    {"radius",
+     dimension("10 0\n20 0\n30 0\n70 4\n", "AcDbRadialDimension", "15 3\n25 4\n35 0\n40 0\n"),
+     {"line 7: 0,0 3,4", "area 7: 3,4", "<R5.00>"}},
+    {"angle between two legs",
+     dimension("10 3\n20 3\n30 0\n70 5\n", "AcDb3PointAngularDimension",
+               "13 1\n23 0\n33 0\n14 0\n24 1\n34 0\n15 0\n25 0\n35 0\n"),
+     {"line 7: 4.243,0 ", "area 7:", "area 7:", "line 7: 1.5,0 ", "line 7: 0,1.5 ", "<90\xC2\xB0>"}},
+    {"half line", "0 RAY\n100 AcDbRay\n10 0\n20 0\n30 0\n11 1\n21 0\n31 0\n", {"line 7: 0,0 500,0"}},
+    {"construction line far from its base",
+     "0 XLINE\n100 AcDbXline\n10 7\n20 100000\n30 0\n11 0\n21 1\n31 0\n",
+     {"line 7: 7,-500 7,500"}},
+    {"multiple line, one side cut from 2 to 4",
+     "0 MLINE\n100 AcDbMline\n2 STANDARD\n40 1\n70 0\n71 1\n72 2\n73 2\n10 0\n20 0\n30 0\n210 0\n220 0\n230 1\n"
+     "11 0\n21 0\n31 0\n12 1\n22 0\n32 0\n13 0\n23 1\n33 0\n74 4\n41 0.5\n41 0\n41 2\n41 4\n75 0\n74 2\n41 -0.5\n41 0\n"
+     "75 0\n11 10\n21 0\n31 0\n12 1\n22 0\n32 0\n13 0\n23 1\n33 0\n74 2\n41 0.5\n41 0\n75 0\n74 2\n41 -0.5\n41 0\n75 "
+     "0\n",
+     {"line 7: 0,0.5 2,0.5", "line 7: 4,0.5 10,0.5", "line 7: 0,-0.5 10,-0.5"}},
+    {"tolerance",
+     "0 TOLERANCE\n100 AcDbFcf\n3 Standard\n10 1\n20 1\n30 0\n1 {\\Fgdt;j}%%v0.1%%vA\n11 1\n21 0\n31 0\n",
+     {"line 7: 1,", "text 7: <\xE2\x8C\x96>", "line 7:", "text 7: <0.1>", "line 7:", "text 7: <A>"}},
+};
+
+/// A line and a filled square in a block, shown at (20, 0) within the ring that is given.
+SmallDrawing clipped(const std::string& ring, bool shown)
+{
+    std::string matrices;
+    for (int i = 0; i < 2; ++i) // world to block, world to the ring: the reference's place taken away
+        matrices += "40 1\n40 0\n40 0\n40 -20\n40 0\n40 1\n40 0\n40 0\n40 0\n40 0\n40 1\n40 0\n";
+    SmallDrawing drawing;
+    drawing.blockRecords =
+        "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 B\n340 0\n";
+    drawing.blocks =
+        "0 BLOCK\n5 72\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 B\n70 0\n10 0\n20 0\n30 0\n3 B\n"
+        "1 \n0 LINE\n5 73\n330 70\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 5\n30 0\n11 10\n21 5\n31 0\n"
+        "0 SOLID\n5 75\n330 70\n100 AcDbEntity\n8 0\n100 AcDbTrace\n10 5\n20 6\n30 0\n11 9\n21 6\n31 0\n"
+        "12 5\n22 7\n32 0\n13 9\n23 7\n33 0\n"
+        "0 ENDBLK\n5 74\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
+    drawing.entities = "0 INSERT\n5 80\n102 {ACAD_XDICTIONARY\n360 90\n102 }\n330 1F\n100 AcDbEntity\n8 0\n"
+                       "100 AcDbBlockReference\n2 B\n10 20\n20 0\n30 0\n";
+    drawing.objects = "0 DICTIONARY\n5 90\n330 80\n100 AcDbDictionary\n281 1\n3 ACAD_FILTER\n350 91\n"
+                      "0 DICTIONARY\n5 91\n330 90\n100 AcDbDictionary\n281 1\n3 SPATIAL\n350 92\n"
+                      "0 SPATIAL_FILTER\n5 92\n330 91\n100 AcDbFilter\n100 AcDbSpatialFilter\n" +
+                      ring + "210 0\n220 0\n230 1\n11 0\n21 0\n31 0\n71 " + (shown ? "1" : "0") +
+                      "\n72 1\n40 99\n73 0\n" + matrices;
+    return drawing;
+}
+
+Lines linesOf(const SmallDrawing& drawing)
+{
+    AcDbDatabase database(false);
+    database.impl().load(std::make_unique<DxfFile>(drawing.text(), "essai.dxf"));
+    return drawn(Scene::of(database));
+}
+
+} // namespace
+
+TEST(OwnData, isDrawn)
+{
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const Lines lines = linesOf(row.records);
+        ASSERT_GE(lines.size(), row.expected.size());
+        for (std::size_t i = 0; i < row.expected.size(); ++i)
+            EXPECT_NE(lines[i].find(row.expected[i]), std::string::npos) << lines[i] << " for " << row.expected[i];
+    }
+}
+
+TEST(OwnData, linesWithoutEndSayNothingOfTheSize)
+{
+    const std::string line = "0 LINE\n100 AcDbLine\n10 1\n20 1\n30 0\n11 2\n21 3\n31 0\n";
+    DrawingWithEntities with(rows[5].records + line), alone(rows[5].records);
+    EXPECT_EQ(Scene::of(with.database()).extents().maxY, 3.0);
+    EXPECT_EQ(Scene::of(alone.database()).extents().maxY, 100000.0) << "its base";
+}
+
+TEST(OwnData, clippedReferencesAreCut)
+{
+    const std::string whole = "line 7: 20,5 30,5";
+    EXPECT_EQ(linesOf(clipped("70 2\n10 2\n20 2\n10 7\n20 8\n", false)).front(), whole) << "the clip is off";
+    EXPECT_EQ(linesOf(clipped("70 2\n10 2\n20 2\n10 7\n20 8\n", true)),
+              (Lines{"line 7: 22,5 27,5", "area 7: 25,6 27,6 27,7 25,7"}));
+    // A ring like a U: the line is seen in its two arms.
+    const Lines arms = linesOf(clipped(
+        "70 8\n10 1\n20 1\n10 9\n20 1\n10 9\n20 9\n10 7\n20 9\n10 7\n20 3\n10 3\n20 3\n10 3\n20 9\n10 1\n20 9\n",
+        true));
+    ASSERT_GE(arms.size(), 2U);
+    EXPECT_EQ(arms[0], "line 7: 21,5 23,5");
+    EXPECT_EQ(arms[1], "line 7: 27,5 29,5");
+}
