@@ -21,7 +21,7 @@ MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 # Allowed names are folders of the tree ("module/points", "host/*" for all below) or one of
 #   std       C++ and C standard headers
 #   posix     everything else that is neither ours, Qt, TinyXML nor a test library
-#   qt, tinyxml
+#   qt, tinyxml, expat
 #   interface(PATTERN)   headers of host/include whose name matches PATTERN
 #   below                the module's folders below this one
 OWN = "own"
@@ -48,7 +48,7 @@ RULES = (
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
-    (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
+    (MODULE, r".*", (OWN, "std", "tinyxml", "expat", INTERFACE, BELOW)),
     # Siblings: the exported point tables, and the interface.
     (r"siblings/.*", r".*", (OWN, "std", INTERFACE, "module/points")),
     (r"(app|tests|bench)(/.*)?", r".*", ("anything",)),
@@ -68,8 +68,8 @@ def foreign_kind(name):
     stem = name[:-2] if name.endswith(".h") else name
     if re.match(r"Q[A-Za-z]|Qt|q[a-z]+\.h$|ui_\w+\.h$", name):      # ui_: made from a dialog's template
         return "qt"
-    if name == "tinyxml.h":
-        return "tinyxml"
+    if name in ("tinyxml.h", "expat.h"):
+        return name[:-2]
     if re.fullmatch(r"[a-z_0-9]+", name) or name.endswith(".h") and stem in C_HEADERS:
         return "std"
     return "posix"
