@@ -206,6 +206,7 @@ private:
         if (!decouperCellules(m_ligne, m_format.separateur, m_cellules))
             return ecarter(L"guillemet qui n'est pas refermé.");
         pointXYZ point;
+        point.code = m_lus.codeAbsent;
         m_raison.clear();
         m_remarque.clear();
         bool xLu = false, yLu = false;
@@ -261,6 +262,7 @@ private:
             point.code = *code == 0 ? 1 : *code;
             return;
         }
+        point.code = 1;
         const std::wstring code = texte(cellule);
         ajouterMots(point.observation, code);
         m_remarque = entreGuillemets(L"code", code, L"qui n'est pas un nombre : gardé comme observation, code 1.");

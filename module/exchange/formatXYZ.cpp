@@ -81,8 +81,8 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
     point.y = yLu;
     if (const std::string_view z = jetonSuivant(reste); !z.empty())
         point.z = altitudeLue(z);
-    if (const std::string_view code = jetonSuivant(reste); !code.empty())
-        point.code = codeLu(code);
+    const std::string_view code = jetonSuivant(reste);
+    point.code = code.empty() ? lus.codeAbsent : codeLu(code);
     if (!reste.empty())
         point.observation = observationLue(reste);
 }

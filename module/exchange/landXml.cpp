@@ -143,6 +143,7 @@ private:
 
     void lireCode(const std::wstring& code)
     {
+        m_point.code = code.empty() ? m_lus.codeAbsent : 1;
         if (code.empty())
             return;
         if (const std::optional<int> nombre = entierDeCellule(versAnsi(code))) {

@@ -28,9 +28,11 @@ const lecteurPoints& lecteurPour(const std::filesystem::path& fichier, std::stri
     return *lecteursPoints().back();
 }
 
-pointsLus lirePoints(sourceOctets& source, const std::filesystem::path& fichier, const lecteurPoints* lecteur)
+pointsLus lirePoints(sourceOctets& source, const std::filesystem::path& fichier, const lecteurPoints* lecteur,
+                     int codeAbsent)
 {
     pointsLus lus;
+    lus.codeAbsent = codeAbsent;
     const std::string_view debut = source.debut();
     (lecteur ? *lecteur : lecteurPour(fichier, debut)).lire(source, lus);
     if (source.enEchec())
@@ -39,8 +41,8 @@ pointsLus lirePoints(sourceOctets& source, const std::filesystem::path& fichier,
     return lus;
 }
 
-pointsLus lirePoints(const std::filesystem::path& fichier, const lecteurPoints* lecteur)
+pointsLus lirePoints(const std::filesystem::path& fichier, const lecteurPoints* lecteur, int codeAbsent)
 {
     sourceFichier source(fichier);
-    return lirePoints(source, fichier, lecteur);
+    return lirePoints(source, fichier, lecteur, codeAbsent);
 }

@@ -34,7 +34,8 @@ const lecteurPoints& lecteurPour(const std::filesystem::path& fichier, std::stri
 /// Reads a file. A folder, a file that cannot be opened and one that fails on the way give `lisible` false and the
 /// reason; points read before it fails are there.
 /// @param lecteur null: lecteurPour the file
-pointsLus lirePoints(const std::filesystem::path& fichier, const lecteurPoints* lecteur = nullptr);
+/// @param codeAbsent code of the points whose line tells none
+pointsLus lirePoints(const std::filesystem::path& fichier, const lecteurPoints* lecteur = nullptr, int codeAbsent = 1);
 /// The same from any source. @param fichier decides on the reader
 pointsLus lirePoints(sourceOctets& source, const std::filesystem::path& fichier,
-                     const lecteurPoints* lecteur = nullptr);
+                     const lecteurPoints* lecteur = nullptr, int codeAbsent = 1);

@@ -73,7 +73,10 @@ std::optional<double> metres(const mot& m)
 /// One block being read.
 class bloc {
 public:
-    bloc(std::string_view ligne, std::size_t numero, pointsLus& lus) : m_ligne(ligne), m_numero(numero), m_lus(lus) {}
+    bloc(std::string_view ligne, std::size_t numero, pointsLus& lus) : m_ligne(ligne), m_numero(numero), m_lus(lus)
+    {
+        m_point.code = lus.codeAbsent;
+    }
 
     void lire()
     {
@@ -108,8 +111,11 @@ private:
             const std::optional<int> code = m.index == 71 ? entierDeCellule(m.donnee) : std::nullopt;
             if (code)
                 m_point.code = m.negatif ? -*code : *code;
-            else
+            else {
+                if (m.index == 71)
+                    m_point.code = 1;
                 ajouterMots(m_point.observation, depuisAnsi(m.donnee));
+            }
         }
         return true;
     }

@@ -20,6 +20,8 @@ struct pointsLus {
     /// Every line of a file may be wrong; one of millions must not fill the memory.
     static constexpr std::size_t problemesGardes = 1000;
 
+    int codeAbsent = 1; ///< of the points to come whose line tells no code
+
     std::vector<pointXYZ> points;
     std::vector<problemeLecture> problemes; ///< the first ones, in the order of lines
     std::size_t ecartees = 0;               ///< lines that gave no point, listed or not

@@ -4,6 +4,7 @@
 #include "codification/DlgChoixPoint.h"
 #include "codification/lispCodes.h"
 #include "codification/lispSymboles.h"
+#include "exchange/DlgTablesPoints.h"
 #include "points/lispPoints.h"
 #include "points/lispSelections.h"
 #include "services/argumentsLisp.h"
@@ -52,7 +53,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"updarxttxt", lispUpdarxttxt},
     {L"c:decrireblock", aVenir},
     {L"c:tablegendes", aVenir},
-    {L"c:gererLeves", aVenir},
+    {L"c:gererLeves", lispGererLeves},
     {L"C:pointsParDecalage", aVenir},
     {L"C:ZoomLeve", lispZoomLeve},
     {L"selectionnerCode", lispSelectionnerCode},

@@ -26,7 +26,7 @@ MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 #   below                the module's folders below this one
 OWN = "own"
 BELOW = "below"
-DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations"
+DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations|modele.*"
 INTERFACE = "interface(.*)"
 RULES = (
     # The interface itself: plain declarations.
@@ -42,7 +42,7 @@ RULES = (
     # The web engine's library, which asks the system who runs it.
     (r"module/reports", r"vueWeb", (OWN, "std", "posix", "qt")),
     # Where the module's own file lies only the system knows.
-    (r"module/services", r"dossierModule", (OWN, "std", "posix")),
+    (r"module/services", r"dossierModule|bibliothequeModule", (OWN, "std", "posix")),
     # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.
     (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
