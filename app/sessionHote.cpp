@@ -75,6 +75,7 @@ void sessionHote::fermer()
 Document& sessionHote::ouvrir(const std::string& chemin)
 {
     const DocumentList::Opened ouvert = DocumentList::instance().open(platform::wideFromUtf8(chemin));
+    lignes.terminer();
     if (!ouvert.document)
         throw erreurProgramme(platform::utf8FromWide(ouvert.failure));
     return *ouvert.document;
@@ -82,15 +83,21 @@ Document& sessionHote::ouvrir(const std::string& chemin)
 
 Document& sessionHote::creer()
 {
-    return DocumentList::instance().create();
+    Document& document = DocumentList::instance().create();
+    lignes.terminer();
+    return document;
 }
 
 void sessionHote::enregistrer(Document& document, const std::string& chemin)
 {
-    exigerReussite(DocumentList::instance().saveAs(document, platform::wideFromUtf8(chemin)));
+    const auto refus = DocumentList::instance().saveAs(document, platform::wideFromUtf8(chemin));
+    lignes.terminer();
+    exigerReussite(refus);
 }
 
 void sessionHote::enregistrer(Document& document)
 {
-    exigerReussite(DocumentList::instance().save(document));
+    const auto refus = DocumentList::instance().save(document);
+    lignes.terminer();
+    exigerReussite(refus);
 }

@@ -4,8 +4,6 @@
 #include <set>
 
 #include "commands/Drawing.h"
-#include "commands/NumberTexts.h"
-#include "commands/Prompt.h"
 #include "ed/input/Transients.h"
 
 #include "acdocman.h"
@@ -71,9 +69,7 @@ void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix
     for (const AcDbObjectId id : objects)
         if (change<AcDbEntity>(id, [&](AcDbEntity& entity) { return entity.transformBy(matrix); }) != Acad::eOk)
             ++refused;
-    if (refused > 0)
-        say(countText(refused, L"objet") +
-            (refused > 1 ? L" ne peuvent être transformés." : L" ne peut être transformé."));
+    tellRefused(refused, objects.size(), L" ne peut être transformé.", L" ne peuvent être transformés.");
 }
 
 Ghost::Ghost(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base,

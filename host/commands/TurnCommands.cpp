@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -154,13 +155,12 @@ void commands::mirror()
     const AcGePoint3d first = askPoint(L"Spécifiez le premier point de la ligne de symétrie : ");
     const auto mirror = mirrorThrough(first, askSecond(originals, first));
     if (!mirror)
-        return say(L"Les deux points sont confondus.");
+        throw CommandFailed(L"Les deux points sont confondus");
     const bool replaces = askYes(L"Effacer les objets source ?", false);
     const auto objects = replaces ? originals : copyObjects(originals);
     std::size_t refused = 0;
     for (const AcDbObjectId id : objects)
         refused +=
             change<AcDbEntity>(id, [&](AcDbEntity& entity) { return mirrorObject(entity, *mirror); }) != Acad::eOk;
-    if (refused > 0)
-        say(countText(refused, L"objet") + L" sans symétrique.");
+    tellRefused(refused, objects.size(), L" sans symétrique.", L" sans symétrique.");
 }
