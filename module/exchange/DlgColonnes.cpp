@@ -63,7 +63,7 @@ public:
     DlgColonnes(const std::wstring& fichier, std::string_view debut) : m_debut(debut)
     {
         m_ui.setupUi(this);
-        setWindowTitle(windowTitle() + u" : " + QString::fromStdWString(fichier));
+        setWindowTitle(windowTitle() + QStringLiteral(" : ") + QString::fromStdWString(fichier));
         for (const char* const nom : {"point-virgule", "virgule", "tabulation", "blancs"})
             m_ui.comboSeparateur->addItem(QString::fromUtf8(nom));
         creerChoix();

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 
+#include "points/exportation.h"
 #include "points/pointXYZ.h"
 
 class listePointsDuDessin;
@@ -28,5 +29,5 @@ struct bilanAjout {
 int nombreNomsExistants(const listePointsDuDessin& table, std::span<const pointXYZ> points);
 
 /// Adds points to the table; what they observe waits in `observations`. One undo group.
-bilanAjout ajouterPoints(listePointsDuDessin& table, std::span<const pointXYZ> points, nomsExistants choix,
-                         observationsEnAttente& observations);
+VELA_EXPORT bilanAjout ajouterPoints(listePointsDuDessin& table, std::span<const pointXYZ> points, nomsExistants choix,
+                                     observationsEnAttente& observations);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "exchange/exportPoints.h"
+#include "points/exportation.h"
 
 class listePointsDuDessin;
 class tableCodification;
@@ -18,9 +19,9 @@ struct issueExport {
 };
 
 /// Whether a file of that name is a map.
-bool estCarte(const std::filesystem::path& fichier);
+VELA_EXPORT bool estCarte(const std::filesystem::path& fichier);
 
 /// @param avancer called once a point
-issueExport exporterTable(const listePointsDuDessin& table, std::span<const int> places,
-                          const tableCodification& codes, const std::filesystem::path& fichier,
-                          const std::string& projection, const std::function<void()>& avancer);
+VELA_EXPORT issueExport exporterTable(const listePointsDuDessin& table, std::span<const int> places,
+                                      const tableCodification& codes, const std::filesystem::path& fichier,
+                                      const std::string& projection, const std::function<void()>& avancer);

@@ -100,7 +100,7 @@ double altitudeDe(const CString& texte)
 std::wstring texteVisible(const AcDbMText& texte)
 {
     std::wstring visible;
-    if (ACHAR* const lu = texte.text()) {
+    if (ACHAR* lu = texte.text()) {
         visible = lu;
         acutDelString(lu);
     }

@@ -15,8 +15,8 @@ struct bilanPlacement {
 
 /// Draws the symbols of points, or brings those they have in line with them. Observations that wait go onto the
 /// symbols that are made.
-bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> places,
-                            observationsEnAttente& observations);
+VELA_EXPORT bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> places,
+                                        observationsEnAttente& observations);
 
 struct bilanReleve {
     int lus = 0;
