@@ -64,7 +64,10 @@ void ajouterExporter(CLI::App& points)
     commande.add_option("--codes", d->codes, "Codes voulus : 1,5-9 (tous sans elle)")->type_name("LISTE");
     commande.add_option("--projection", d->projection, "Ce que sont les coordonnées du dessin, pour une carte")
         ->type_name("EPSG:n");
-    commande.callback([d] { std::cout << d->fichier << " : " << exporter(*d) << " point(s) exporté(s)\n"; });
+    commande.callback([d] {
+        const int nombre = exporter(*d);
+        std::cout << d->fichier << " : " << nombre << " point(s) exporté(s)\n";
+    });
 }
 
 void afficherListe(const std::vector<pointListe>& points)

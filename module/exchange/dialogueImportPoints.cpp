@@ -13,6 +13,7 @@
 namespace {
 
 constexpr const wchar_t* filtres =
+    L"Fichiers de points|*.xyz; *.txt; *.csv; *.tsv; *.asc; *.pts; *.dat; *.xml; *.landxml; *.gsi|"
     L"Fichier N° X Y Z (.xyz)|*.xyz|Fichier Texte N° X Y Z (.TXT)|*.txt|"
     L"Colonnes séparées (.csv)|*.csv; *.tsv; *.asc; *.pts; *.dat|LandXML (.xml)|*.xml; *.landxml|"
     L"Coordonnées d'appareil (.gsi)|*.gsi|Tous (*.*)|*.*||";

@@ -83,7 +83,9 @@ bool ajouter(OGRLayer& couche, const pointCarte& p)
     trait->SetField(libelle, p.libelle.c_str());
     if (!p.observation.empty())
         trait->SetField(observation, p.observation.c_str());
-    OGRPoint place(p.x, p.y, p.z);
+    OGRPoint place(p.x, p.y);
+    if (p.altitudeConnue)
+        place.setZ(p.z);
     trait->SetGeometry(&place);
     return couche.CreateFeature(trait.get()) == OGRERR_NONE;
 }
