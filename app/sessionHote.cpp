@@ -19,6 +19,8 @@ namespace {
 
 // In the order of loading: the main module hands projects over to the survey module.
 constexpr std::array modulesTopo{"Vela-ARX2015-64BITS.arx", "VelaPrincipal-ARX2015-64BITS.arx"};
+// Under another licence than the rest: who leaves it out has a program without terrain models.
+constexpr char moduleTerrain[] = "KALT-ARX2015-64BITS.arx";
 
 /// Beside the program, or where an installation puts modules.
 fs::path fichierModule(const char* nom)
@@ -41,6 +43,11 @@ void exigerReussite(const std::optional<std::wstring>& refus)
         throw erreurProgramme(platform::utf8FromWide(*refus));
 }
 
+void charger(const fs::path& module)
+{
+    exigerReussite(ModuleTable::instance().load(platform::wideFromUtf8(module.string())));
+}
+
 } // namespace
 
 sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
@@ -51,7 +58,9 @@ sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
     registerHostCommands();   // before the modules: theirs are found first
     try {
         for (const char* nom : modulesTopo)
-            exigerReussite(ModuleTable::instance().load(platform::wideFromUtf8(fichierModule(nom).string())));
+            charger(fichierModule(nom));
+        if (const fs::path terrain = fichierModule(moduleTerrain); fs::exists(terrain))
+            charger(terrain);
     } catch (...) {
         fermer();
         throw;

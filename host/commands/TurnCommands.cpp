@@ -126,11 +126,12 @@ AcGeMatrix3d readable(const AcDbEntity& text, const AcGeVector3d& along, const A
 Acad::ErrorStatus mirrorObject(AcDbEntity& entity, const AcGeMatrix3d& mirror)
 {
     if (const AcDbText* text = AcDbText::cast(&entity))
-        return entity.transformBy(
+        return transformed(
+            entity,
             readable(entity, AcGeVector3d(std::cos(text->rotation()), std::sin(text->rotation()), 0.0), mirror));
     if (const AcDbMText* text = AcDbMText::cast(&entity))
-        return entity.transformBy(readable(entity, text->direction(), mirror));
-    return entity.transformBy(mirror);
+        return transformed(entity, readable(entity, text->direction(), mirror));
+    return transformed(entity, mirror);
 }
 
 } // namespace

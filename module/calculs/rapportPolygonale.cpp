@@ -25,9 +25,10 @@ void ajouterEnTetes(htmlDocument& document)
     document.addHeadLine("<title>Corrections de fermeture polygonale</title>\n");
 }
 
-void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte)
+void ouvrirRapport(htmlDocument& document)
 {
-    ajouterTexte(document, versAnsi(texte), classeGrand);
+    ajouterTexte(document, versAnsi(L"Corrections de fermeture polygonale"), classeGrand);
+    ajouterTitre(document, L"Données");
 }
 
 void ajouterTitre(htmlDocument& document, std::wstring_view texte)

@@ -24,7 +24,8 @@ inline constexpr char celluleLibelle5Colonnes[] = "class=celgris colspan=5 align
 /// Head lines: the encoding, for browsers that would guess, and a title for their windows.
 void ajouterEnTetes(htmlDocument& document);
 
-void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte);
+/// The title, and the heading of the data.
+void ouvrirRapport(htmlDocument& document);
 void ajouterTitre(htmlDocument& document, std::wstring_view texte);
 /// @param octets already narrow
 void ajouterParagraphe(htmlDocument& document, std::string octets);

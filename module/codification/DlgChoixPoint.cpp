@@ -53,5 +53,5 @@ int lispChoixpoint()
         return rendreNil();
     DlgChoixPoint dialogue(*table);
     const auto position = dialogue.exec() == QDialog::Accepted ? dialogue.position() : std::nullopt;
-    return position ? acedRetStr(CString(table->getData(*position)->getNomPoint())) : rendreNil();
+    return position ? acedRetStr(depuisAnsi(table->getData(*position)->getNomPoint()).c_str()) : rendreNil();
 }

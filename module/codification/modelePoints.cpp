@@ -27,10 +27,7 @@ std::string enMinuscules8(std::string_view octets)
 
 QString texteNombre(double valeur, int n)
 {
-    CString texte;
-    if (valeur != inconnu)
-        formaterFixe(valeur, n, texte);
-    return QString::fromWCharArray(texte.GetString(), texte.GetLength());
+    return valeur == inconnu ? QString() : QString::fromStdWString(formaterFixe(valeur, n));
 }
 
 bool estChiffre(char c)

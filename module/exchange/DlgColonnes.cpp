@@ -33,11 +33,10 @@ constexpr std::array<sensColonne, 7> sens{{{colonne::ignoree, "(ignorée)", L'-'
                                            {colonne::observation, "Observation", L'O'}}};
 
 /// "rank of the separator, 1 for a header line, one letter a column": "01NXYZC"
-CString texteFormat(const formatColonnes& format)
+std::wstring texteFormat(const formatColonnes& format)
 {
-    CString texte;
-    texte.Format(L"%d%d", static_cast<int>(std::ranges::find(separateurs, format.separateur) - separateurs.begin()),
-                 format.enTete ? 1 : 0);
+    std::wstring texte = std::to_wstring(std::ranges::find(separateurs, format.separateur) - separateurs.begin());
+    texte += format.enTete ? L'1' : L'0';
     for (const colonne c : format.colonnes)
         texte += std::ranges::find(sens, c, &sensColonne::sens)->lettre;
     return texte;
@@ -46,12 +45,11 @@ CString texteFormat(const formatColonnes& format)
 /// What the user chose for the last file, when this one has the same separator, header and number of columns.
 formatColonnes formatPropose(const formatColonnes& devine, std::size_t largeur)
 {
-    const CString garde = lireReglage(reglage, L"");
-    if (garde.GetLength() != static_cast<int>(largeur) + 2 ||
-        garde.Left(2) != texteFormat({devine.separateur, devine.enTete, {}}))
+    const std::wstring garde = lireReglage(reglage, L"");
+    if (garde.size() != largeur + 2 || !garde.starts_with(texteFormat({devine.separateur, devine.enTete, {}})))
         return devine;
     formatColonnes format{devine.separateur, devine.enTete, {}};
-    for (int i = 2; i < garde.GetLength(); ++i) {
+    for (std::size_t i = 2; i < garde.size(); ++i) {
         const auto* const trouve = std::ranges::find(sens, garde[i], &sensColonne::lettre);
         format.colonnes.push_back(trouve == sens.end() ? colonne::ignoree : trouve->sens);
     }

@@ -54,7 +54,7 @@ int genresCoches(const Ui::DlgImportation& ui)
 
 CString lire(const etiquette& e)
 {
-    return lireReglage(e.reglage, e.defaut);
+    return lireReglage(e.reglage, e.defaut).c_str();
 }
 
 double nombreDe(const QLineEdit& champ)
@@ -67,7 +67,7 @@ double nombreDe(const QLineEdit& champ)
 DlgImportation::DlgImportation() : m_ui(std::make_unique<Ui::DlgImportation>())
 {
     m_ui->setupUi(this);
-    cocher(entierDeTexte(lireReglage(reglageGenres, L"0").GetString()));
+    cocher(entierDeTexte(lireReglage(reglageGenres, L"0")));
     connect(m_ui->boutonTous, &QPushButton::clicked, this, [this] { cocher(tousLesGenres); });
     connect(m_ui->boutonAucun, &QPushButton::clicked, this, [this] { cocher(0); });
     connect(m_ui->boutonConfigurer, &QPushButton::clicked, this, [this] { configurer(); });
@@ -102,14 +102,14 @@ void DlgImportation::configurer()
     for (const auto& champ : champs) {
         for (const std::wstring& presente : presentes)
             champ.first->addItem(QString::fromStdWString(presente));
-        champ.first->setEditText(texteQt(lire(champ.second)));
+        champ.first->setEditText(texteQt(lire(champ.second).GetString()));
     }
     connect(ui.boutonOk, &QPushButton::clicked, &dialogue, &QDialog::accept);
     connect(ui.boutonCancel, &QPushButton::clicked, &dialogue, &QDialog::reject);
     if (dialogue.exec() != QDialog::Accepted)
         return;
     for (const auto& champ : champs)
-        garderReglage(champ.second.reglage, texteHote(champ.first->currentText().trimmed()));
+        garderReglage(champ.second.reglage, champ.first->currentText().trimmed().toStdWString());
 }
 
 /// The offset leads from the first point to the second.
@@ -128,6 +128,6 @@ void DlgImportation::prelever()
 
 void DlgImportation::valider()
 {
-    garderReglage(reglageGenres, texteEntier(genresCoches(*m_ui)));
+    garderReglage(reglageGenres, std::to_wstring(genresCoches(*m_ui)));
     accept();
 }

@@ -60,21 +60,20 @@ void DlgPntsDuDessin::remplirCodes()
     m_ui->comboCode->clear();
     m_ui->comboCode->addItem(QStringLiteral("*** TOUS LES CODES ***"));
     std::set<int> connus, autres;
-    CString texte;
-    for (int i = 0; i < m_codes.nombre(); ++i) {
-        if (!connus.insert(m_codes[i].code).second)
-            continue;
-        texte.Format(L"%04d   %s", m_codes[i].code, m_codes[i].libelle.GetString());
-        m_ui->comboCode->addItem(texteQt(texte), m_codes[i].code);
-    }
+    const auto ajouter = [this](int code, const CString& libelle) {
+        CString texte;
+        texte.Format(L"%04d   %s", code, libelle.GetString());
+        m_ui->comboCode->addItem(texteQt(texte.GetString()), code);
+    };
+    for (int i = 0; i < m_codes.nombre(); ++i)
+        if (connus.insert(m_codes[i].code).second)
+            ajouter(m_codes[i].code, m_codes[i].libelle);
     const listePointsDuDessin& lue = m_table;
     for (int i = 0, precedent = -1; i < lue.nbPoint(); ++i)
         if (const int code = lue.getData(i)->getCode(); code != std::exchange(precedent, code) && !connus.contains(code))
             autres.insert(code);
-    for (const int code : autres) {
-        texte.Format(L"%04d   ", code);
-        m_ui->comboCode->addItem(texteQt(texte), code);
-    }
+    for (const int code : autres)
+        ajouter(code, CString());
     m_ui->comboCode->setCurrentIndex(choisi.isValid() ? std::max(m_ui->comboCode->findData(choisi), 0) : 0);
 }
 

@@ -10,7 +10,6 @@
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/lettres.h"
-#include "services/nombresTexte.h"
 #include "services/verrouDocument.h"
 
 #include "aced.h"
@@ -48,13 +47,13 @@ void DlgTablesPoints::afficher()
 void DlgTablesPoints::afficherLigne(int ligne)
 {
     const listePointsDuDessin& table = *m_projet.getTable(ligne);
-    m_ui->liste->setItem(ligne, 0, new celluleTexte(table.getNomTable()));
-    m_ui->liste->setItem(ligne, 1, new celluleNombre(texteEntier(table.nbPoint())));
+    m_ui->liste->setItem(ligne, 0, new celluleTexte(table.getNomTable().GetString()));
+    m_ui->liste->setItem(ligne, 1, new celluleNombre(std::to_wstring(table.nbPoint())));
 }
 
 void DlgTablesPoints::afficherCourante()
 {
-    m_ui->labelTable->setText(texteQt(m_projet.currTable()->getNomTable()));
+    m_ui->labelTable->setText(texteQt(m_projet.currTable()->getNomTable().GetString()));
 }
 
 std::vector<int> DlgTablesPoints::choisies() const

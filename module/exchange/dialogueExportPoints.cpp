@@ -23,13 +23,13 @@ std::optional<std::string> demanderProjection()
     dialogueModule dialogue;
     Ui::DlgProjection ui;
     ui.setupUi(&dialogue);
-    ui.editProjection->setText(QString::fromWCharArray(lireReglage(reglageProjection, L"EPSG:2154").GetString()));
+    ui.editProjection->setText(QString::fromStdWString(lireReglage(reglageProjection, L"EPSG:2154")));
     QObject::connect(ui.boutonOk, &QPushButton::clicked, &dialogue, &QDialog::accept);
     QObject::connect(ui.boutonCancel, &QPushButton::clicked, &dialogue, &QDialog::reject);
     if (dialogue.exec() != QDialog::Accepted)
         return std::nullopt;
     const QString projection = ui.editProjection->text().trimmed();
-    garderReglage(reglageProjection, projection.toStdWString().c_str());
+    garderReglage(reglageProjection, projection.toStdWString());
     return projection.toStdString();
 }
 

@@ -34,9 +34,7 @@ constexpr int decimalesCoordonnees = 3;
 
 std::wstring fixe(double valeur, int decimales)
 {
-    CString texte;
-    formaterFixe(valeur, decimales, texte);
-    return valeur == inconnu ? std::wstring() : std::wstring(texte.GetString());
+    return valeur == inconnu ? std::wstring() : formaterFixe(valeur, decimales);
 }
 
 std::vector<rangeeTable> rangeesDe(const listePointsDuDessin& table, std::span<const int> places,
@@ -260,12 +258,12 @@ bool dessiner(const tableauCoordonnees& tableau, const paramsTable& params, cons
 
 paramsTable lireParamsTable()
 {
-    return paramsDeTexte(versAnsi(lireReglage(reglageParams, L"").GetString()));
+    return paramsDeTexte(versAnsi(lireReglage(reglageParams, L"")));
 }
 
 void garderParamsTable(const paramsTable& params)
 {
-    garderReglage(reglageParams, depuisAnsi(texteParams(params)).c_str());
+    garderReglage(reglageParams, depuisAnsi(texteParams(params)));
 }
 
 bool placerTableau(const listePointsDuDessin& table, std::span<const int> places, const tableCodification& codes,

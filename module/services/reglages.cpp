@@ -22,14 +22,14 @@ private:
 
 } // namespace
 
-CString lireReglage(const wchar_t* nom, const wchar_t* defaut)
+std::wstring lireReglage(const wchar_t* nom, const wchar_t* defaut)
 {
     HKEY cle = nullptr;
     if (RegOpenKeyExW(HKEY_CURRENT_USER, cleReglages, 0, KEY_READ, &cle) != ERROR_SUCCESS)
         return defaut;
     const cleOuverte garde(cle);
     DWORD type = 0, taille = 0;
-    CString valeur(defaut);
+    std::wstring valeur(defaut);
     if (RegQueryValueExW(cle, nom, nullptr, &type, nullptr, &taille) == ERROR_SUCCESS && type == REG_SZ) {
         std::vector<wchar_t> texte(taille / sizeof(wchar_t) + 1, L'\0');
         if (RegQueryValueExW(cle, nom, nullptr, &type, reinterpret_cast<BYTE*>(texte.data()), &taille) == ERROR_SUCCESS)
@@ -38,13 +38,13 @@ CString lireReglage(const wchar_t* nom, const wchar_t* defaut)
     return valeur;
 }
 
-void garderReglage(const wchar_t* nom, const CString& valeur)
+void garderReglage(const wchar_t* nom, const std::wstring& valeur)
 {
     HKEY cle = nullptr;
     if (RegCreateKeyExW(HKEY_CURRENT_USER, cleReglages, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr, &cle,
                         nullptr) != ERROR_SUCCESS)
         return;
     const cleOuverte garde(cle);
-    RegSetValueExW(cle, nom, 0, REG_SZ, reinterpret_cast<const BYTE*>(valeur.GetString()),
-                       static_cast<DWORD>((static_cast<std::size_t>(valeur.GetLength()) + 1) * sizeof(wchar_t)));
+    RegSetValueExW(cle, nom, 0, REG_SZ, reinterpret_cast<const BYTE*>(valeur.c_str()),
+                       static_cast<DWORD>((valeur.size() + 1) * sizeof(wchar_t)));
 }

@@ -1,12 +1,12 @@
 #include "services/selection.h"
 
 #include <array>
+#include <string>
 
 #include "services/listeLisp.h"
 
 #include "aced.h"
 #include "acutmem.h"
-#include "afx.h"
 #include "dbads.h"
 
 namespace {
@@ -28,13 +28,13 @@ using itemsFiltre = std::vector<std::pair<short, const wchar_t*>>;
 
 std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const itemsFiltre& items)
 {
-    std::vector<CString> motifs;
+    std::vector<std::wstring> motifs;
     std::vector<resbuf> filtre(items.size());
     motifs.reserve(items.size());
     for (std::size_t i = 0; i < items.size(); ++i) {
         motifs.emplace_back(items[i].second);
         filtre[i] = {i + 1 < items.size() ? &filtre[i + 1] : nullptr, items[i].first, {}};
-        filtre[i].resval.rstring = motifs.back().GetBuffer();
+        filtre[i].resval.rstring = motifs.back().data();
     }
     jeuOuvert jeu;
     if (acedSSGet(mode, textes, nullptr, filtre.data(), jeu.nom) != RTNORM)
@@ -71,6 +71,21 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const itemsF
     return choisir(L"_:$", textes.data(), filtre);
 }
 
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
+{
+    return choisir(L"I", nullptr, {{static_cast<short>(0), type}});
+}
+
+AcDbObjectId designerEntite(const wchar_t* message)
+{
+    ads_name nom{};
+    ads_point place{};
+    AcDbObjectId id;
+    if (acedEntSel(message, nom, place) != RTNORM || acdbGetObjectId(id, nom) != Acad::eOk)
+        id.setNull();
+    return id;
+}
+
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
 {
     return choisir(L"X", nullptr, {{static_cast<short>(0), type}});
@@ -91,4 +106,16 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
             acedSSAdd(nom, ads_name_nil(jeu) ? nullptr : jeu, jeu);
     }
     return ads_name_nil(jeu) ? rendreNil() : acedRetName(jeu, RTPICKS);
+}
+
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
+{
+    constexpr short codeApplication = 1001;
+    CString nom(application);
+    resbuf filtre{nullptr, codeApplication, {}};
+    filtre.resval.rstring = nom.GetBuffer();
+    jeuOuvert jeu;
+    if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
+        return {};
+    return entitesDe(jeu.nom);
 }

@@ -22,9 +22,18 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message,
 /// Every entity of the whole drawing that has extended data of an application.
 std::vector<AcDbObjectId> entitesDeLApplication(const wchar_t* application);
 
+/// The entities whose kind is `type` among those that were selected before the command.
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type);
+
+/// Asks the user for one entity. @return null when none was picked.
+AcDbObjectId designerEntite(const wchar_t* message);
+
 /// Every entity of the whole drawing, all spaces, whose kind is `type`, in the order of the host's selection.
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type);
 
 /// Gives the entities to AutoLISP as a new set, which is AutoLISP's to release; nil for none. Erased ones are left out.
 /// @return RTNORM.
 int rendreSelection(std::span<const AcDbObjectId> ids);
+
+/// Every entity of the whole drawing, all spaces, that holds extended data of an application, the youngest first.
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application);
