@@ -260,6 +260,8 @@ std::wstring manque(const reseau& r, int point)
     }
     if (distances + directions + autres == 0)
         return L"aucune observation en plan ne le vise";
+    if (distances + autres == 0 && directions > 2)
+        return L"son relèvement ne donne pas de place : points sur un même cercle, ou visées fausses";
     if (distances + autres == 0)
         return L"il manque une visée vers un troisième point connu, ou une distance";
     if (distances == 1 && directions + autres == 0)

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <map>
 
-#include "calculs/reseau/systemeReseau.h"
+#include "calculs/reseau/placesRobustes.h"
 #include "services/codages.h"
 #include "services/nombreFixe.h"
 
@@ -55,33 +55,6 @@ double ecartEnMetres(const observationReseau& o, const coordonneesReseau& c, dou
     return std::abs(ecart) * longueur;
 }
 
-/// Places after some steps in which what misfits counts little.
-coordonneesReseau placesRobustes(const reseau& r, const approcheReseau& a, const std::vector<double>& ecarts,
-                                 const std::vector<int>& retenues)
-{
-    systemeReseau s(r, retenues, ecarts);
-    coordonneesReseau c = a.c;
-    s.evaluer(c);
-    for (int tour = 0; tour < 25; ++tour) {
-        std::vector<double> u(retenues.size());
-        std::vector<double>& facteurs = s.facteurs();
-        std::ranges::fill(facteurs, 1.0);
-        for (std::size_t k = 0; k < u.size(); ++k)
-            u[k] = std::abs(s.equation(static_cast<int>(k)).ecart) * std::sqrt(s.poids(static_cast<int>(k)));
-        std::vector<double> triees = u;
-        const auto milieu = triees.begin() + static_cast<std::ptrdiff_t>(triees.size() / 2);
-        std::nth_element(triees.begin(), milieu, triees.end());
-        const double coude = std::max(1.5 * *milieu / 0.6745, 1e-9 * r.sigma);
-        for (std::size_t k = 0; k < u.size(); ++k)
-            facteurs[k] = u[k] <= coude ? 1.0 : std::pow(coude / u[k], tour < 8 ? 1.0 : 2.0);
-        std::vector<double> pas = s.assembler();
-        s.matrice().resoudre(pas);
-        s.avancer(c, pas, 1.0);
-        s.evaluer(c);
-    }
-    return c;
-}
-
 } // namespace
 
 std::vector<int> observationsRetenues(const reseau& r, const approcheReseau& a, const std::vector<double>& ecarts,
@@ -125,7 +98,7 @@ void ecarterHorsTolerance(const reseau& r, const approcheReseau& a, const std::v
     const bool toutDedans = std::ranges::none_of(retenues, [&](int k) { return dehors(k, a.c); });
     if (toutDedans)
         return;
-    const coordonneesReseau c = placesRobustes(r, a, ecarts, retenues);
+    const coordonneesReseau c = placesRobustes(r, a.c, ecarts, retenues, 25);
     std::erase_if(retenues, [&](int k) {
         if (!dehors(k, c))
             return false;

@@ -57,6 +57,7 @@ private:
     void placer(std::vector<double>& pas)
     {
         const espaceLibre libre(m_reseau, m_systeme, m_surAppui);
+        libre.calmer(pas);
         if (!libre.place())
             return;
         coordonneesReseau atteint = c;

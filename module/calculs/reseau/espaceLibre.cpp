@@ -96,6 +96,14 @@ espaceLibre::espaceLibre(const reseau& r, const systemeReseau& s, bool surAppui)
     }
 }
 
+/// Moves that overlap are taken one after the other: near enough, from step to step.
+void espaceLibre::calmer(std::vector<double>& pas) const
+{
+    const std::vector<bool> partout(pas.size(), true);
+    for (const std::vector<double>& z : m_flottements)
+        retrancher(pas, produit(pas, z, partout) / produit(z, z, partout), z);
+}
+
 void espaceLibre::projeter(std::vector<double>& changements) const
 {
     for (const std::vector<double>& b : m_base)

@@ -23,6 +23,8 @@ public:
         return m_flottante.empty() || !m_flottante[static_cast<std::size_t>(inconnue)];
     }
 
+    /// Takes from a step what only moves points that float: they stay where they are.
+    void calmer(std::vector<double>& pas) const;
     /// Takes from the changes what the inner constraints forbid.
     void projeter(std::vector<double>& changements) const;
     /// Element of the cofactor matrix under the constraints; @param q the one of the solution with held unknowns.

@@ -10,9 +10,8 @@ using enum genreObservation;
 
 double mediane(std::vector<double> v)
 {
-    const auto milieu = v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2);
-    std::nth_element(v.begin(), milieu, v.end());
-    return *milieu;
+    std::ranges::sort(v);
+    return 0.5 * (v[(v.size() - 1) / 2] + v[v.size() / 2]);
 }
 
 /// Two lines that cross flatter than that do not place a point well.
@@ -162,11 +161,17 @@ figureReseau::lieux figureReseau::lieuxDe(int point) const
 /// The places where two of the lines and circles meet, from the first pair that meets well: one, or two.
 std::vector<figureReseau::place> figureReseau::intersections(const lieux& l) const
 {
-    // Along a bearing at a distance from the same point.
+    // Along a bearing at a distance from the same point: from several points, in their middle, so that errors do not
+    // grow from one to the next.
+    std::vector<double> xs, ys;
     for (const droite& d : l.droites)
         for (const cercle& c : l.cercles)
-            if (c.de == d.de)
-                return {{x(d.de) + c.rayon * std::sin(d.gisement), y(d.de) + c.rayon * std::cos(d.gisement)}};
+            if (c.de == d.de) {
+                xs.push_back(x(d.de) + c.rayon * std::sin(d.gisement));
+                ys.push_back(y(d.de) + c.rayon * std::cos(d.gisement));
+            }
+    if (!xs.empty())
+        return {{mediane(xs), mediane(ys)}};
     double meilleur = croisementMinimal;
     std::vector<place> trouvees;
     for (std::size_t i = 0; i < l.droites.size(); ++i)
@@ -373,6 +378,7 @@ bool figureReseau::tenter(int point, bool ambigu)
 
 void figureReseau::grandir()
 {
+    m_donnes = m_avantReprise = m_reprise = m_poses.size();
     std::vector<int> remis;
     for (;;) {
         while (!m_file.empty()) {
@@ -381,6 +387,7 @@ void figureReseau::grandir()
             m_enFile[static_cast<std::size_t>(point)] = false;
             if (!pose(point) && !tenter(point, false))
                 remis.push_back(point);
+            reprendreAuBesoin();
         }
         // One of two places, then see what it settles.
         bool avance = false;

@@ -62,11 +62,17 @@ private:
     bool relever(int point, place& trouve) const;
     double desaccord(int point, const place& p) const;
     double gisementVers(int de, int vers) const;
+    struct partie;
+    void ajouterAPartie(partie& p, int observation) const;
+    void reprendre(std::size_t depuis);
+    void reprendreAuBesoin();
 
     const voisinageReseau& m_v;
     choix m_choix;
     std::vector<double> m_x, m_y;
     std::vector<bool> m_pose, m_enFile;
     std::vector<int> m_poses;
+    std::size_t m_donnes = 0; ///< the first ones were given, or begin the figure: they stay where they are
+    std::size_t m_avantReprise = 0, m_reprise = 0; ///< how many were placed when the last parts were adjusted
     std::deque<int> m_file;
 };

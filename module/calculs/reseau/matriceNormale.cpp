@@ -1,6 +1,7 @@
 #include "calculs/reseau/matriceNormale.h"
 
 #include <algorithm>
+#include <limits>
 
 #define EIGEN_MPL2_ONLY
 #include <Eigen/OrderingMethods>
@@ -115,11 +116,14 @@ void matriceNormale::ajouter(int i, int j, double valeur)
     m_valeurA[static_cast<std::size_t>(std::lower_bound(debut, fin, std::min(a, b)) - m_colonneA.begin())] += valeur;
 }
 
+/// How many times its own uncertainty a pivot must be to be one.
+constexpr double margePivot = 30.0;
+
 /// Row after row: each row of L is the solution of a triangular system with the rows before it.
-void matriceNormale::factoriser(double seuil)
+void matriceNormale::factoriser()
 {
     const auto n = static_cast<std::size_t>(m_taille);
-    std::vector<double> travail(n, 0.0);
+    std::vector<double> travail(n, 0.0), incertitude(n);
     std::vector<int> marque(n, -1), motif(n), chemin(n);
     std::vector<std::size_t> fin(m_debut.begin(), m_debut.end() - 1);
     m_tenues.clear();
@@ -139,6 +143,8 @@ void matriceNormale::factoriser(double seuil)
                 motif[--haut] = chemin[--longueur];
         }
         double pivot = m_diagonaleA[i];
+        // What rounding may have made of it: its own, and that of the pivots it was reduced by.
+        incertitude[i] = std::numeric_limits<double>::epsilon() * pivot;
         for (; haut < n; ++haut) {
             const auto j = static_cast<std::size_t>(motif[haut]);
             const double y = travail[j];
@@ -148,9 +154,11 @@ void matriceNormale::factoriser(double seuil)
                 travail[static_cast<std::size_t>(m_ligne[p])] -= m_valeur[p] * y;
             const double l = y * m_inversePivot[j];
             pivot -= l * y;
+            incertitude[i] += l * l * incertitude[j];
             m_valeur[fin[j]++] = l;
         }
-        if (!(pivot > seuil * m_diagonaleA[i])) {
+        if (!(pivot > margePivot * incertitude[i])) {
+            incertitude[i] = 0.0;
             m_tenues.push_back(m_ordre[i]);
             m_inversePivot[i] = 0.0;
         } else {

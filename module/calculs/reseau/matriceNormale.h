@@ -7,7 +7,7 @@
 /// that keeps the factor sparse (least degree), then L·D·Lᵀ is computed, and of the inverse what lies where L is not
 /// zero: whatever two unknowns of one observation need, at the price of one factorisation more.
 ///
-/// A pivot that vanishes against its diagonal marks an unknown that nothing determines but its neighbours: it is held,
+/// A pivot that is lost in rounding marks an unknown that nothing determines but its neighbours: it is held,
 /// the rest is solved, and a null vector says what moves with it.
 class matriceNormale {
 public:
@@ -21,8 +21,7 @@ public:
     /// Adds to the element of two unknowns that are joined, or to a diagonal one.
     void ajouter(int i, int j, double valeur);
 
-    /// @param seuil a pivot below this part of its diagonal is none
-    void factoriser(double seuil);
+    void factoriser();
     /// Solves with `second` and leaves the solution there. Held unknowns become 0.
     void resoudre(std::vector<double>& second) const;
 

@@ -8,9 +8,6 @@
 
 namespace {
 
-/// Below this part of its diagonal a pivot is rounding: a traverse of a thousand legs held at one end goes to 1e-9.
-constexpr double seuilPivot = 1e-11;
-
 bool cherchee(tenue t)
 {
     return t == tenue::libre || t == tenue::appui;
@@ -231,7 +228,7 @@ std::vector<double> systemeReseau::assembler()
             for (const int autre : b.places)
                 if (const double p = poidsCroise(a, autre); p != 0.0)
                     ajouterProduit(a, autre, p, second);
-    m_matrice->factoriser(seuilPivot);
+    m_matrice->factoriser();
     return second;
 }
 
