@@ -16,6 +16,7 @@ constexpr const char* version = "vela " VELA_VERSION;
 
 int refuser(std::string_view message)
 {
+    std::cout.flush(); // in the order in which it happened, where both go to one file
     std::cerr << "vela : " << message << '\n';
     return 1;
 }

@@ -1,7 +1,8 @@
+#include <algorithm>
+#include <functional>
+
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
-#include "commands/NumberTexts.h"
-#include "commands/Prompt.h"
 
 #include "acarray.h"
 #include "dbents.h"
@@ -56,9 +57,7 @@ bool explodeObject(AcDbObjectId id)
 
 void commands::explode()
 {
-    std::size_t whole = 0;
-    for (const AcDbObjectId id : askEditable())
-        whole += !explodeObject(id);
-    if (whole > 0)
-        say(countText(whole, L"objet") + (whole > 1 ? L" ne peuvent être décomposés." : L" ne peut être décomposé."));
+    const auto objects = askEditable();
+    const auto whole = static_cast<std::size_t>(std::ranges::count_if(objects, std::not_fn(explodeObject)));
+    tellRefused(whole, objects.size(), L" ne peut être décomposé.", L" ne peuvent être décomposés.");
 }

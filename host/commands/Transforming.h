@@ -11,6 +11,9 @@ class Transients;
 /// Copies entities, each into the block that it stands in.
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects);
 
+/// Moves an entity through a matrix, unless that takes it beyond all numbers: it could not be saved from there.
+Acad::ErrorStatus transformed(AcDbEntity& entity, const AcGeMatrix3d& matrix);
+
 /// Moves entities through a matrix. What cannot go through it, such as a text that would be slanted, stays and is told.
 void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix);
 

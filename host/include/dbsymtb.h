@@ -288,6 +288,9 @@ public:
     bool hasAttributeDefinitions() const;
     AcGePoint3d origin() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
+    /// What users wrote about the block; valid while the record is open.
+    Acad::ErrorStatus comments(const ACHAR*& text) const;
+    Acad::ErrorStatus setComments(const ACHAR* text);
     /// References of this block in the whole drawing.
     Acad::ErrorStatus getBlockReferenceIds(AcDbObjectIdArray& ids, bool directOnly = true,
                                            bool forceValidity = false) const;

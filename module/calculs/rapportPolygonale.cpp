@@ -54,9 +54,10 @@ void declarerClasses(htmlDocument& document)
     document.addStyle(".celgris", style.text());
 }
 
-void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte)
+void ouvrirRapport(htmlDocument& document)
 {
-    ajouterTexte(document, versAnsi(texte), classeGrand);
+    ajouterTexte(document, versAnsi(L"Corrections de fermeture polygonale"), classeGrand);
+    ajouterTitre(document, L"Données");
 }
 
 void ajouterTitre(htmlDocument& document, std::wstring_view texte)

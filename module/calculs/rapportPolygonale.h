@@ -33,7 +33,8 @@ void ajouterEnTetes(htmlDocument& document);
 /// Declares .petit, .grand, .titre, .celnorm and .celgris.
 void declarerClasses(htmlDocument& document);
 
-void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte);
+/// The title, and the heading of the data.
+void ouvrirRapport(htmlDocument& document);
 void ajouterTitre(htmlDocument& document, std::wstring_view texte);
 /// @param octets already narrow
 void ajouterParagraphe(htmlDocument& document, std::string octets);

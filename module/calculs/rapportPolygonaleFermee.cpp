@@ -46,8 +46,7 @@ void ouvrirTotal(htmlTable& table, std::string_view libelle)
 void rapporterDonnees(const resultatPolygonaleFermee& r, const nomsLignes& noms, htmlDocument& document)
 {
     const stationPolygonale& d = r.depart;
-    ajouterGrandTitre(document, L"Corrections de fermeture polygonale");
-    ajouterTitre(document, L"Données");
+    ouvrirRapport(document);
     // Six decimals for the altitude, where the others have four: intended, users compare reports.
     ajouterParagraphe(document, "\r\nStation de d\xE9part : " + nomHtml(d.nom) + "\tX=" + nombreFixe(d.x, decimales) +
                                     "\tY=" + nombreFixe(d.y, decimales) + "\tZ=" + nombreFixe(d.z, 6) +

@@ -2,6 +2,7 @@
 
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
+#include "services/codages.h"
 #include "services/dialogueCellules.h"
 #include "services/formatNombres.h"
 #include "services/listeLisp.h"
@@ -11,24 +12,21 @@
 
 namespace {
 
-CString coordonnee(double valeur)
+std::wstring coordonnee(double valeur)
 {
-    CString texte;
-    if (valeur != inconnu)
-        formaterFixe(valeur, 3, texte);
-    return texte;
+    return valeur != inconnu ? formaterFixe(valeur, 3) : std::wstring();
 }
 
 void ecrireLigne(QTableWidget& liste, int ligne, const pointDuDessin& point)
 {
-    CString altitude, code;
+    CString altitude;
     point.getZAsString(altitude);
-    code.Format(L"%d", point.getCode());
-    auto* const nom = new celluleTexte(CString(point.getNomPoint()));
+    auto* const nom = new celluleTexte(depuisAnsi(point.getNomPoint()));
     nom->setData(Qt::UserRole, ligne);
     liste.setItem(ligne, 0, nom);
     int colonne = 1;
-    for (const CString& texte : {coordonnee(point.getX()), coordonnee(point.getY()), altitude, code})
+    for (const std::wstring& texte : {coordonnee(point.getX()), coordonnee(point.getY()),
+                                      std::wstring(altitude.GetString()), std::to_wstring(point.getCode())})
         liste.setItem(ligne, colonne++, new celluleNombre(texte));
 }
 
@@ -62,5 +60,5 @@ int lispChoixpoint()
         return rendreNil();
     DlgChoixPoint dialogue(*table);
     const auto position = dialogue.exec() == QDialog::Accepted ? dialogue.position() : std::nullopt;
-    return position ? acedRetStr(CString(table->getData(*position)->getNomPoint())) : rendreNil();
+    return position ? acedRetStr(depuisAnsi(table->getData(*position)->getNomPoint()).c_str()) : rendreNil();
 }

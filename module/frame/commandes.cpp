@@ -4,6 +4,8 @@
 #include "codification/CformulaireXYZ.h"
 #include "codification/DlgTableCodification.h"
 #include "points/ptsEn3d.h"
+#include "tools/commandeCarroyage.h"
+#include "tools/commandeRectangle.h"
 
 #include "accmd.h"
 
@@ -16,14 +18,14 @@ void importGsi() {}
 void aVenir() {}
 
 constexpr commande commandes[] = {
-    {L"CARROYAGE", ACRX_CMD_USEPICKSET, aVenir},
+    {L"CARROYAGE", ACRX_CMD_USEPICKSET, commandeCarroyage},
     {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, commandeCodification},
     {L"COORDSXYZ", ACRX_CMD_MODAL, commandeCoordonnees},
     {L"CORRPOLFERMEE", ACRX_CMD_MODAL, corrPolFermee},
     {L"CORRPOLOUVERTE", ACRX_CMD_MODAL, corrPolOuverte},
     {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},
     {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},
-    {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, aVenir},
+    {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, commandeRectangle},
     {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
     {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
     {L"TABLEXYZ", ACRX_CMD_USEPICKSET, aVenir},

@@ -3,7 +3,9 @@
 #include "codification/DlgChoixCode.h"
 #include "codification/DlgChoixPoint.h"
 #include "codification/lispCodes.h"
+#include "codification/lispLegendes.h"
 #include "codification/lispSymboles.h"
+#include "implantation/CDlgImplantationDirecte.h"
 #include "points/lispPoints.h"
 #include "points/lispSelections.h"
 #include "services/argumentsLisp.h"
@@ -50,8 +52,8 @@ constexpr fonctionLisp fonctions[] = {
     {L"choixpoint", lispChoixpoint},
     {L"chgreppts", lispChgreppts},
     {L"updarxttxt", lispUpdarxttxt},
-    {L"c:decrireblock", aVenir},
-    {L"c:tablegendes", aVenir},
+    {L"c:decrireblock", lispDecrireblock},
+    {L"c:tablegendes", lispTablegendes},
     {L"c:gererLeves", aVenir},
     {L"C:pointsParDecalage", aVenir},
     {L"C:ZoomLeve", lispZoomLeve},
@@ -59,7 +61,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"c:TopJndre", lispTopJndre},
     {L"VELATEXT", lispVelatext},
     {L"c:DISSOCBLOCK", lispDissocblock},
-    {L"c:IMPLANT2", aVenir},
+    {L"c:IMPLANT2", lispImplant2},
     {L"c:VLDEPORTPNTS", aVenir},
     {L"c:VLAJUSTERZ", aVenir},
     {L"c:AllegerDessin", aVenir},

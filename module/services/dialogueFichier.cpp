@@ -97,8 +97,7 @@ bool remplacementAccepte(const QString& fichier)
         return true;
     for (const QString& present : voulu.dir().entryList(QDir::Files | QDir::Hidden))
         if (present.compare(nom, Qt::CaseInsensitive) == 0)
-            return demanderOuiNon(L"Enregistrer sous",
-                                  L"« " + present.toStdWString() + L" » existe déjà. Le remplacer ?");
+            return confirmerRemplacement(present.toStdWString());
     return true;
 }
 
@@ -161,4 +160,9 @@ std::optional<std::wstring> demanderFichierALire(const demandeFichier& demande)
 std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande, int* filtre)
 {
     return demander(demande, QFileDialog::AcceptSave, filtre);
+}
+
+bool confirmerRemplacement(const std::wstring& nom)
+{
+    return demanderOuiNon(L"Enregistrer sous", L"« " + nom + L" » existe déjà. Le remplacer ?");
 }

@@ -1,12 +1,12 @@
 #include "services/selection.h"
 
 #include <array>
+#include <string>
 
 #include "services/listeLisp.h"
 
 #include "aced.h"
 #include "acutmem.h"
-#include "afx.h"
 #include "dbads.h"
 
 namespace {
@@ -26,9 +26,9 @@ struct jeuOuvert {
 
 std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const wchar_t* type)
 {
-    CString motif(type);
+    std::wstring motif(type);
     resbuf filtre{nullptr, 0, {}};
-    filtre.resval.rstring = motif.GetBuffer();
+    filtre.resval.rstring = motif.data();
     jeuOuvert jeu;
     if (acedSSGet(mode, textes, nullptr, &filtre, jeu.nom) != RTNORM)
         return {};
@@ -59,6 +59,21 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_
     return choisir(L"_:$", textes.data(), type);
 }
 
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
+{
+    return choisir(L"I", nullptr, type);
+}
+
+AcDbObjectId designerEntite(const wchar_t* message)
+{
+    ads_name nom{};
+    ads_point place{};
+    AcDbObjectId id;
+    if (acedEntSel(message, nom, place) != RTNORM || acdbGetObjectId(id, nom) != Acad::eOk)
+        id.setNull();
+    return id;
+}
+
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
 {
     return choisir(L"X", nullptr, type);
@@ -73,4 +88,16 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
             acedSSAdd(nom, ads_name_nil(jeu) ? nullptr : jeu, jeu);
     }
     return ads_name_nil(jeu) ? rendreNil() : acedRetName(jeu, RTPICKS);
+}
+
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
+{
+    constexpr short codeApplication = 1001;
+    CString nom(application);
+    resbuf filtre{nullptr, codeApplication, {}};
+    filtre.resval.rstring = nom.GetBuffer();
+    jeuOuvert jeu;
+    if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
+        return {};
+    return entitesDe(jeu.nom);
 }

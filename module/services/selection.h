@@ -15,9 +15,18 @@ std::vector<AcDbObjectId> entitesDe(const ads_name jeu);
 /// command. @return what was selected; nothing when the user gave nothing.
 std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_t* type);
 
+/// The entities whose kind is `type` among those that were selected before the command.
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type);
+
+/// Asks the user for one entity. @return null when none was picked.
+AcDbObjectId designerEntite(const wchar_t* message);
+
 /// Every entity of the whole drawing, all spaces, whose kind is `type`, in the order of the host's selection.
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type);
 
 /// Gives the entities to AutoLISP as a new set, which is AutoLISP's to release; nil for none. Erased ones are left out.
 /// @return RTNORM.
 int rendreSelection(std::span<const AcDbObjectId> ids);
+
+/// Every entity of the whole drawing, all spaces, that holds extended data of an application, the youngest first.
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application);

@@ -13,7 +13,7 @@ KERNEL = ("platform", "ge", "text", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", 
 
 # The folders of the module, lowest first. Each sees those of the rows before its own; those of one row stand beside
 # each other and do not.
-LAYERS = (("services",), ("points",), ("reports",), ("codification",),
+LAYERS = (("services",), ("geometrie",), ("points",), ("reports",), ("codification",),
           ("exchange", "calculs", "tools", "implantation"), ("frame",))
 MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 
@@ -26,7 +26,7 @@ MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 #   below                the module's folders below this one
 OWN = "own"
 BELOW = "below"
-DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations"
+DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations|modele.*"
 INTERFACE = "interface(.*)"
 RULES = (
     # The interface itself: plain declarations.
@@ -48,16 +48,27 @@ RULES = (
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
     # Of other people's libraries they see two, each in one place: Eigen orders matrices, Expat reads XML.
     (r"module/calculs", r"matriceNormale|lectureGkf", (OWN, "std", "posix", "module/services")),
+    (r"module/geometrie", r"(?!axeDeCourbe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
+    (r"module/implantation",
+     r"dessinPlan|donneesStation|fichiersAppareil|identifiants|numerotationImplantation|obstaclesPlan|pointImplante|pointsAxe|rapport.*|"
+     r"reglagesImplantation|repartition|resultatImplantation|svgDessin|traceImplantation|visibilite",
+     (OWN, "std", "module/services", "module/geometrie", "module/reports")),
+    (r"module/tools", r"(?!commande|lisp|placer).*", (OWN, "std", "module/services", "module/geometrie", "module/reports")),
     (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
+    # The terrain's ground is pure; one source of it sees the geometry library.
+    (r"siblings/terrain", r"delaunayContraint", (OWN, "std", "posix")),
+    # The terrain has copies of its own of the two lowest layers, for dialogs and reports.
+    (r"siblings/terrain", DIALOGS, (OWN, "std", "qt", INTERFACE, "module/points", "module/services", "module/reports")),
+    (r"siblings/terrain", r".*", (OWN, "std", INTERFACE, "module/points", "module/services", "module/reports")),
     # Siblings: the exported point tables, and the interface.
     (r"siblings/.*", r".*", (OWN, "std", INTERFACE, "module/points")),
     (r"(app|tests|bench)(/.*)?", r".*", ("anything",)),
 )
 
 # Folders whose headers are written as "folder/header.h" from here.
-INCLUDE_ROOTS = ("host", "module", "siblings", "app", "bench", "host/include", "")
+INCLUDE_ROOTS = ("host", "module", "siblings", "siblings/terrain", "app", "bench", "host/include", "")
 SOURCE_FOLDERS = ("host", "module", "siblings", "app", "tests", "bench")
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.M)
 
