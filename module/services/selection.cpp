@@ -7,6 +7,7 @@
 
 #include "aced.h"
 #include "acutmem.h"
+#include "afx.h"
 #include "dbads.h"
 
 namespace {
@@ -93,9 +94,9 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
 std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
 {
     constexpr short codeApplication = 1001;
-    CString nom(application);
+    std::wstring nom(application);
     resbuf filtre{nullptr, codeApplication, {}};
-    filtre.resval.rstring = nom.GetBuffer();
+    filtre.resval.rstring = nom.data();
     jeuOuvert jeu;
     if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
         return {};
