@@ -5,6 +5,7 @@
 #include "codification/lispCodes.h"
 #include "codification/lispLegendes.h"
 #include "codification/lispSymboles.h"
+#include "exchange/DlgTablesPoints.h"
 #include "implantation/CDlgImplantationDirecte.h"
 #include "points/lispPoints.h"
 #include "points/lispSelections.h"
@@ -55,7 +56,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"updarxttxt", lispUpdarxttxt},
     {L"c:decrireblock", lispDecrireblock},
     {L"c:tablegendes", lispTablegendes},
-    {L"c:gererLeves", aVenir},
+    {L"c:gererLeves", lispGererLeves},
     {L"C:pointsParDecalage", lispPointsParDecalage},
     {L"C:ZoomLeve", lispZoomLeve},
     {L"selectionnerCode", lispSelectionnerCode},
