@@ -72,6 +72,11 @@ constexpr int nombreFonctions = static_cast<int>(std::size(fonctions));
 
 } // namespace
 
+std::span<const fonctionLisp> tableFonctionsLisp()
+{
+    return fonctions;
+}
+
 int definirFonctionsLisp()
 {
     for (int code = 0; code < nombreFonctions; ++code)
