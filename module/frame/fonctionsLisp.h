@@ -9,7 +9,7 @@ struct fonctionLisp {
     int (*executer)();
 };
 
-/// Every function; its code is its place.
+/// The functions, in the order of their codes.
 std::span<const fonctionLisp> tableFonctionsLisp();
 
 /// Defines the functions in the current drawing, up to the first that the host refuses. @return RTNORM or RTERROR.

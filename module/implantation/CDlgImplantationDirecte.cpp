@@ -249,9 +249,9 @@ void CDlgImplantationDirecte::repartirPoints()
     std::vector<std::wstring> nonVus;
     for (std::size_t i = 0; i < bilan.nonVus.size(); ++i) {
         const double manque = bilan.manques[i];
-        nonVus.push_back(m_travail.points[bilan.nonVus[i]].nom +
-                         (manque == inconnu ? L" (hors de portée)"
-                                            : L" (il manque " + depuisAnsi(nombreFixe(manque, 2)) + L")"));
+        nonVus.push_back(
+            m_travail.points[bilan.nonVus[i]].nom +
+            (manque == inconnu ? L" (hors de portée)" : L" (il manque " + depuisAnsi(nombreFixe(manque, 2)) + L")"));
     }
     std::wstring phrase = bilan.sansTerrain ? L"Sans terrain : seule la distance compte. " : L"";
     phrase += nonVus.empty() ? L"Tous les points ont une station."

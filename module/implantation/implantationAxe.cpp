@@ -36,7 +36,7 @@ int implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, param
         travail.ajouterPoint(lieuDe(point));
     }
     if (parametres.prefixeSuivant) {
-        parametres.noms.prefixe = lettresSuivantes(parametres.noms.prefixe.c_str()).GetString();
+        parametres.noms.prefixe = lettresSuivantes(parametres.noms.prefixe);
         parametres.noms.numero = 1;
     }
     return static_cast<int>(longueurs.size());

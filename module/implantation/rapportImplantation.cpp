@@ -11,8 +11,8 @@
 namespace {
 
 constexpr int decimales = 4;
-constexpr int largeurPlan = 480;       // pixels
-constexpr double cotePlan = 100.0;     // of the small plan, before it is scaled to pixels
+constexpr int largeurPlan = 480;   // pixels
+constexpr double cotePlan = 100.0; // of the small plan, before it is scaled to pixels
 constexpr char celluleNombre[] = "class=celnorm align=right";
 constexpr char celluleNom[] = "class=celnorm align='left'";
 constexpr char celluleEnTete[] = "class=celgris align=center";
