@@ -7,6 +7,7 @@
 
 #include "aced.h"
 #include "acutmem.h"
+#include "afx.h"
 #include "dbads.h"
 
 namespace {

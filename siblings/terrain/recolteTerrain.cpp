@@ -114,9 +114,8 @@ std::vector<sommetSol> sommetsDe3d(const AcDb3dPolyline& ligne)
 }
 
 /// A text that is a number with decimals: whole ones are numbers of points, of plots, of houses.
-std::optional<double> altitudeLue(CString texte)
+std::optional<double> altitudeLue(const CString& texte)
 {
-    texte.Trim();
     double valeur = 0.0;
     if (texte.Find(L'.') < 0 || !lireNombre(texte.GetString(), valeur) || !std::isfinite(valeur))
         return std::nullopt;
@@ -138,6 +137,7 @@ public:
             prendreObjet(id, semisTerrain::genre::limite);
         for (const AcDbObjectId& id : sources.trous)
             prendreObjet(id, semisTerrain::genre::trou);
+        ecarterRedites();
         ecarterPlats();
     }
 
@@ -195,9 +195,9 @@ private:
         else if (const auto* const bloc = AcDbBlockReference::cast(&entite))
             prendreBloc(*bloc);
         else if (const auto* const texte = AcDbText::cast(&entite))
-            prendreTexte(texte->textString(), texte->position());
+            prendreTexte(texte->textStringConst(), texte->position(), texte->height());
         else if (const auto* const lignes = AcDbMText::cast(&entite))
-            prendreTexte(lignes->text(), lignes->location());
+            prendreTexte(lignes->text(), lignes->location(), lignes->textHeight());
         else
             ++recolte.inutiles;
     }
@@ -256,15 +256,37 @@ private:
         ajouterPoint(sommetDe(bloc.position()));
     }
 
-    void prendreTexte(const CString& texte, const AcGePoint3d& position)
+    void prendreTexte(CString texte, const AcGePoint3d& position, double hauteur)
     {
-        const auto z = altitudeLue(texte);
+        const auto z = altitudeLue(texte.Trim());
         if (!z) {
             ++recolte.textesLus;
             return;
         }
-        recolte.semis.points.push_back({{position.x, position.y}, *z});
-        ++recolte.textes;
+        const int decimales = texte.GetLength() - texte.Find(L'.') - 1;
+        cotes.push_back({{{position.x, position.y}, *z}, hauteur, 0.5000001 * std::pow(10.0, -decimales)});
+    }
+
+    /// The altitude written beside a point is the point's: as a point of its own it would stand in the wrong place.
+    void ecarterRedites()
+    {
+        constexpr double pres = 5.0; // heights of text
+        std::vector<sommetSol> parX = recolte.semis.points;
+        std::sort(parX.begin(), parX.end(), [](const sommetSol& p, const sommetSol& q) { return p.x < q.x; });
+        for (const coteEcrite& cote : cotes) {
+            const double rayon = pres * cote.hauteur;
+            auto p = std::lower_bound(parX.begin(), parX.end(), cote.sommet.x - rayon,
+                                      [](const sommetSol& s, double x) { return s.x < x; });
+            while (p != parX.end() && p->x <= cote.sommet.x + rayon &&
+                   (std::abs(p->y - cote.sommet.y) > rayon || std::abs(p->z - cote.sommet.z) > cote.arrondi))
+                ++p;
+            if (p != parX.end() && p->x <= cote.sommet.x + rayon) {
+                ++recolte.redites;
+            } else {
+                recolte.semis.points.push_back(cote.sommet);
+                ++recolte.textes;
+            }
+        }
     }
 
     static bool plate(const semisTerrain::ligne& ligne)
@@ -289,7 +311,14 @@ private:
         recolte.aPlat = static_cast<int>(points + lignes);
     }
 
+    /// A text that is an altitude.
+    struct coteEcrite {
+        sommetSol sommet;
+        double hauteur = 0.0, arrondi = 0.0; // of the text; half a unit of its last digit
+    };
+
     std::optional<pointsParSymbole> symboles;
+    std::vector<coteEcrite> cotes;
 };
 
 class melange {
@@ -327,6 +356,7 @@ std::wstring recolteTerrain::texte() const
                       L" limites et trous";
     ligneDeCompte(lu, sansAltitude, L"points sans altitude laiss\u00e9s de c\u00f4t\u00e9");
     ligneDeCompte(lu, aPlat, L"objets \u00e0 l'altitude 0 laiss\u00e9s de c\u00f4t\u00e9");
+    ligneDeCompte(lu, redites, L"textes qui redisent l'altitude d'un point");
     ligneDeCompte(lu, textesLus,
                   L"textes laiss\u00e9s de c\u00f4t\u00e9 : ils ne sont pas un nombre avec d\u00e9cimales");
     ligneDeCompte(lu, inutiles, L"autres objets laiss\u00e9s de c\u00f4t\u00e9");
