@@ -8,6 +8,7 @@ class App;
 // is thrown as erreurProgramme.
 
 void ajouterCommandePolygonale(CLI::App& programme);
+void ajouterCommandeImplantation(CLI::App& programme);
 void ajouterCommandeInfo(CLI::App& programme);
 void ajouterCommandeConvertir(CLI::App& programme);
 void ajouterCommandeApercu(CLI::App& programme);

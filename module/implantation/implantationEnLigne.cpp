@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-
 #include "implantation/persistanceImplantation.h"
 #include "implantation/pointsDuProjet.h"
 #include "implantation/sortiesImplantation.h"
@@ -58,7 +57,8 @@ void prendrePoints(const demandeImplantation& demande, travailImplantation& trav
     for (int i = 0; i < table.nbPoint(); ++i) {
         const pointDuDessin& point = *table.getData(i);
         const lieuNomme lieu = lieuDe(point);
-        const bool voulu = (!voulus || voulus->contient(lieu.nom)) && (!demande.code || point.getCode() == *demande.code);
+        const bool voulu =
+            (!voulus || voulus->contient(lieu.nom)) && (!demande.code || point.getCode() == *demande.code);
         if (voulu && !estStation(lieu.nom))
             travail.ajouterPoint(lieu);
     }
@@ -91,7 +91,8 @@ void repartirOuAffecter(const demandeImplantation& demande, travailImplantation&
         return travail.affecter(tous, travail.stations.front()->identifiant);
     const auto bilan = travail.repartirPoints(tous, demande.repartition);
     if (bilan.sansTerrain && !demande.verifier)
-        suites.avertissements.push_back(L"Sans modèle de terrain, les points sont répartis d'après les seules distances.");
+        suites.avertissements.push_back(
+            L"Sans modèle de terrain, les points sont répartis d'après les seules distances.");
     for (std::size_t i = 0; i < bilan.nonVus.size(); ++i)
         suites.nonVus.emplace_back(travail.points[bilan.nonVus[i]].nom, bilan.manques[i]);
 }

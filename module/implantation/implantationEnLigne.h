@@ -17,12 +17,12 @@ struct demandeImplantation {
     std::optional<double> v0;           ///< radians
     std::wstring points;                ///< names, patterns, ranges of numbers, between commas; see nomsVoulus
     std::optional<int> code;
-    std::wstring table;                 ///< where points are looked for, and all of them without the two above
+    std::wstring table; ///< where points are looked for, and all of them without the two above
     bool repartir = false;
     choixRepartition repartition;
     bool verifier = false;
-    double hauteur = 1.0; ///< of instrument and target
-    double seuil = 1.0;   ///< what may rise above the sight
+    double hauteur = 1.0;  ///< of instrument and target
+    double seuil = 1.0;    ///< what may rise above the sight
     bool dessiner = false; ///< draws the results and keeps the job
 };
 
@@ -30,8 +30,9 @@ struct suitesImplantation {
     std::wstring erreur; ///< empty when all was done
     std::vector<std::wstring> avertissements;
     resultatImplantation resultat;
-    std::vector<std::pair<std::wstring, double>> nonVus; ///< of a spreading, and what is missing; `inconnu` out of range
-    std::string rapport;                                 ///< page in Windows-1252
+    std::vector<std::pair<std::wstring, double>>
+        nonVus;          ///< of a spreading, and what is missing; `inconnu` out of range
+    std::string rapport; ///< page in Windows-1252
 };
 
 VELA_EXPORT suitesImplantation implanterEnLigne(const demandeImplantation& demande);
