@@ -3,6 +3,7 @@
 #include "calculs/dialoguesPolygonales.h"
 #include "codification/CformulaireXYZ.h"
 #include "codification/DlgTableCodification.h"
+#include "exchange/DlgPntsDuDessin.h"
 #include "points/ptsEn3d.h"
 #include "tools/commandeCarroyage.h"
 #include "tools/commandeRectangle.h"
@@ -26,10 +27,10 @@ constexpr commande commandes[] = {
     {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},
     {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},
     {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, commandeRectangle},
-    {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
-    {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
-    {L"TABLEXYZ", ACRX_CMD_USEPICKSET, aVenir},
-    {L"MAJPOINTS", ACRX_CMD_USEPICKSET, aVenir},
+    {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, commandeImportPoints},
+    {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, commandeExportPoints},
+    {L"TABLEXYZ", ACRX_CMD_USEPICKSET, commandeTableXYZ},
+    {L"MAJPOINTS", ACRX_CMD_USEPICKSET, commandeMajPoints},
     {L"PTSEN3D", ACRX_CMD_MODAL, ptsEn3d},
 };
 

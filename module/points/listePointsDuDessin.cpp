@@ -95,6 +95,16 @@ pointDuDessin& listePointsDuDessin::changer(int i)
 }
 
 /// Any point is about to change, or to go.
+void listePointsDuDessin::remplacerTout(std::span<const pointDuDessin> nouveaux)
+{
+    changerTout();
+    points.RemoveAll();
+    reindexer();
+    objets.suspecterTout();
+    for (const pointDuDessin& point : nouveaux)
+        Ajouter(point);
+}
+
 void listePointsDuDessin::changerTout()
 {
     if (memoire)

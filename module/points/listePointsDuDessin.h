@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 
 #include "points/exportation.h"
 #include "points/indexNoms.h"
@@ -10,6 +11,7 @@
 
 #include "afx.h"
 #include "afxtempl.h"
+#include "gevec2d.h"
 
 class QuarvelSerializer;
 class memoireTable;
@@ -84,8 +86,17 @@ public:
     int getBlockPosition(const wchar_t* nom, AcGePoint3d& position, int& code) const;
     /// Brings the symbol of every point in line with it, in table order, as pointDuDessin::updateDrawing.
     void updateDrawing();
+    /// Does so for one point. @param observation of a symbol that is made anew; null: none
+    void mettreAJourSymbole(int i, const wchar_t* observation = nullptr);
     /// Replaces the table by the symbols of the drawing, all spaces: every block reference with a name attribute.
     void updateFromDrawing();
+    /// Puts these points in place of all, in their order.
+    void remplacerTout(std::span<const pointDuDessin> nouveaux);
+    /// Lets the user select entities of the kinds in the mask and adds the points that they show; then removes
+    /// duplicates and numbers nameless points. Without a selection nothing changes. The tags are those of blocks with
+    /// attributes, the offset that of single-line texts. Defined in exchange: see importDessin.h.
+    void importFromDrawing(int genres, const wchar_t* tagNumero, const wchar_t* tagAltitude, const wchar_t* tagCode,
+                           const AcGeVector2d& decalage);
     /// Copies coordinates of a moved entity into the first point that it shows. `masque`: 1 X, 2 Y, 4 Z.
     void notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque);
     /// Table of the stored form: name, number of points, points. Reading appends to the table and indexes the points.
@@ -106,7 +117,6 @@ private:
     void echanger(changementTable& autre);
     void nommerSansNom();
     void nommerParPlace();
-    void mettreAJourSymbole(int i);
     void reindexer();
     void oublierIndex();
     void oublierNomsPartis() const;
