@@ -8,7 +8,7 @@
 
 namespace {
 
-struct choix {
+struct choixImplantation {
     demandeProgrammeImplantation demande;
     bool json = false;
 };
@@ -42,7 +42,7 @@ void declarerPoints(CLI::App& commande, demandeProgrammeImplantation& demande)
         ->type_name("NOM");
 }
 
-void declarerSorties(CLI::App& commande, choix& c)
+void declarerSorties(CLI::App& commande, choixImplantation& c)
 {
     commande.add_flag("--verifier", c.demande.verifier,
                       "Vérifie que la station voit les points, sur le terrain du dessin");
@@ -68,7 +68,7 @@ void ajouterCommandeImplantation(CLI::App& programme)
     CLI::App& commande =
         *programme.add_subcommand("implantation", "Calcule ce qu'un appareil lit pour implanter des points");
     commande.group(groupeCommandes);
-    const auto choisi = std::make_shared<choix>();
+    const auto choisi = std::make_shared<choixImplantation>();
     commande.add_option("DESSIN", choisi->demande.dessin, "Dessin qui tient les points")->type_name("")->required();
     declarerStation(commande, choisi->demande);
     declarerPoints(commande, choisi->demande);
@@ -76,8 +76,8 @@ void ajouterCommandeImplantation(CLI::App& programme)
     commande.callback([choisi] {
         const traitementImplantation traitement = traiterImplantation(choisi->demande);
         if (choisi->json)
-            afficherJson(traitement);
+            montrerImplantationJson(traitement);
         else
-            afficherTexte(choisi->demande, traitement);
+            montrerImplantation(choisi->demande, traitement);
     });
 }

@@ -150,7 +150,7 @@ traitementImplantation traiterImplantation(const demandeProgrammeImplantation& d
     return t;
 }
 
-void afficherTexte(const demandeProgrammeImplantation& demande, const traitementImplantation& t)
+void montrerImplantation(const demandeProgrammeImplantation& demande, const traitementImplantation& t)
 {
     for (const std::string& avertissement : t.avertissements)
         avertir(avertissement);
@@ -168,7 +168,7 @@ void afficherTexte(const demandeProgrammeImplantation& demande, const traitement
         std::cout << "Le dessin d'avant est gardé : " << t.ancienDessin << '\n';
 }
 
-void afficherJson(const traitementImplantation& t)
+void montrerImplantationJson(const traitementImplantation& t)
 {
     auto json = nlohmann::ordered_json::parse(jsonImplantation(t.suites.resultat));
     auto& nonVus = json["nonVus"] = nlohmann::ordered_json::array();

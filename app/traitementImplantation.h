@@ -38,5 +38,5 @@ struct traitementImplantation {
 traitementImplantation traiterImplantation(const demandeProgrammeImplantation& demande);
 
 // The two ways to show it.
-void afficherTexte(const demandeProgrammeImplantation& demande, const traitementImplantation& traitement);
-void afficherJson(const traitementImplantation& traitement);
+void montrerImplantation(const demandeProgrammeImplantation& demande, const traitementImplantation& traitement);
+void montrerImplantationJson(const traitementImplantation& traitement);

@@ -87,8 +87,9 @@ std::map<int, double> rangsDesLibelles(const tableCodification& codes)
     for (int i = 0; i < codes.nombre(); ++i)
         if (codes.indexCode(codes[i].code) == i)
             premiers.push_back(i);
-    std::ranges::stable_sort(
-        premiers, [&](int a, int b) { return codes[a].libelle.CompareNoCase(codes[b].libelle.GetString()) < 0; });
+    std::ranges::stable_sort(premiers, [&](int a, int b) {
+        return enMinuscules(codes[a].libelle) < enMinuscules(codes[b].libelle);
+    });
     std::map<int, double> rangs;
     for (std::size_t i = 0; i < premiers.size(); ++i)
         rangs[codes[premiers[i]].code] = static_cast<double>(i);
@@ -215,7 +216,7 @@ QString modelePoints::texte(int place, int colonneVoulue) const
     case code:
         return QString::number(point.getCode());
     case libelle:
-        return index < 0 ? QString() : QString::fromWCharArray(m_codes[index].libelle.GetString());
+        return index < 0 ? QString() : QString::fromStdWString(m_codes[index].libelle);
     default:
         return texteNombre(nombreDe(point, colonneVoulue), decimales);
     }

@@ -60,9 +60,9 @@ void DlgPntsDuDessin::remplirCodes()
     m_ui->comboCode->clear();
     m_ui->comboCode->addItem(QStringLiteral("*** TOUS LES CODES ***"));
     std::set<int> connus, autres;
-    const auto ajouter = [this](int code, const CString& libelle) {
+    const auto ajouter = [this](int code, const std::wstring& libelle) {
         CString texte;
-        texte.Format(L"%04d   %s", code, libelle.GetString());
+        texte.Format(L"%04d   %s", code, libelle.c_str());
         m_ui->comboCode->addItem(texteQt(texte.GetString()), code);
     };
     for (int i = 0; i < m_codes.nombre(); ++i)
@@ -73,7 +73,7 @@ void DlgPntsDuDessin::remplirCodes()
         if (const int code = lue.getData(i)->getCode(); code != std::exchange(precedent, code) && !connus.contains(code))
             autres.insert(code);
     for (const int code : autres)
-        ajouter(code, CString());
+        ajouter(code, {});
     m_ui->comboCode->setCurrentIndex(choisi.isValid() ? std::max(m_ui->comboCode->findData(choisi), 0) : 0);
 }
 

@@ -286,6 +286,16 @@ private:
 
 } // namespace
 
+bool estTexteEnColonnes(std::string_view debut)
+{
+    bool texte = false;
+    sourceMemoire octets(debut);
+    decoder(octets, [&texte](sourceOctets& source, bool) {
+        texte = !source.debut().empty() && source.debut().find('\0') == std::string_view::npos;
+    });
+    return texte;
+}
+
 formatColonnes devinerColonnes(std::string_view debut)
 {
     sourceMemoire octets(debut);

@@ -21,6 +21,9 @@ struct formatColonnes {
     bool operator==(const formatColonnes&) const = default;
 };
 
+/// Whether bytes that begin so are a text at all.
+bool estTexteEnColonnes(std::string_view debut);
+
 /// The most likely format of a text that begins so: the separator that gives most numbers; columns by the names of the
 /// first line, and otherwise by their number: name, X, Y, Z, code, observation (X, Y or X, Y, Z where the first column
 /// has decimals or there are but two).

@@ -23,18 +23,13 @@ std::wstring nomSansDossier(const std::wstring& fichier)
     return fichier.substr(fichier.find_last_of(L"/\\") + 1); // 0 without a folder
 }
 
-bool estTexteEnColonnes(const lecteurPoints& lecteur, std::string_view debut)
-{
-    return dynamic_cast<const lecteurColonnes*>(&lecteur) && !apercuColonnes(debut, ';', 1).empty();
-}
-
 /// Reads the file. @return nothing when the user does not choose its columns
 std::optional<pointsLus> lireFichier(const std::wstring& fichier)
 {
     sourceFichier source(_wfopen(fichier.c_str(), L"rb"));
     const std::string debut(source.debut());
     const lecteurPoints& lecteur = lecteurPour(fichier, debut);
-    if (!estTexteEnColonnes(lecteur, debut))
+    if (!dynamic_cast<const lecteurColonnes*>(&lecteur) || !estTexteEnColonnes(debut))
         return lirePoints(source, fichier, &lecteur);
     const auto format = choisirColonnes(nomSansDossier(fichier), debut);
     if (!format)

@@ -24,7 +24,7 @@ pointCarte pointDeCarte(const pointExporte& p, const tableCodification& codes)
     const int index = codes.indexCode(p.code);
     const bool connue = p.z != inconnu;
     return {utf8De(p.nom),
-            index < 0 ? std::string() : versUtf8(codes[index].libelle.GetString()),
+            index < 0 ? std::string() : versUtf8(codes[index].libelle),
             utf8De(p.observation),
             p.x,
             p.y,

@@ -10,7 +10,7 @@ std::string observationDuSymbole(const AcDbObjectId& id)
     const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForRead);
     if (reference.openStatus() == Acad::eOk)
         pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&observation](AcDbAttribute& attribut) {
-            if (memeEtiquette(attribut, attribsDuModule.observation))
+            if (memeEtiquette(attribut, attribsDuModule.observation.GetString()))
                 observation = versAnsi(attribut.textStringConst());
         });
     return observation;

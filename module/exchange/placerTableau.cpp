@@ -49,7 +49,7 @@ std::vector<rangeeTable> rangeesDe(const listePointsDuDessin& table, std::span<c
         const codifPoint& code = index < 0 ? sansCode : codes[index];
         rangees.push_back({depuisAnsi(point.getNomPoint()), fixe(point.getX(), decimalesCoordonnees),
                            fixe(point.getY(), decimalesCoordonnees), fixe(point.getZ(), code.precisionAltitudes),
-                           std::to_wstring(point.getCode()), index < 0 ? L"" : code.libelle.GetString()});
+                           std::to_wstring(point.getCode()), index < 0 ? std::wstring() : code.libelle});
     }
     return rangees;
 }
@@ -106,7 +106,7 @@ std::optional<AcGePoint3d> placeDe(AcDbEntity& entite)
 std::optional<tableauDessine> dernierTableau()
 {
     std::optional<tableauDessine> dernier;
-    for (const AcDbObjectId& id : entitesDeLApplication(applicationTable)) {
+    for (const AcDbObjectId& id : selectionAvecDonnees(applicationTable)) {
         const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForRead);
         if (entite.openStatus() != Acad::eOk)
             continue;

@@ -6,6 +6,8 @@
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
 
+#include "tchar.h"
+
 namespace {
 
 int refuser()

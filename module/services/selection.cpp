@@ -92,12 +92,6 @@ std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
     return choisir(L"X", nullptr, {{static_cast<short>(0), type}});
 }
 
-std::vector<AcDbObjectId> entitesDeLApplication(const wchar_t* application)
-{
-    constexpr short codeApplication = 1001;
-    return choisir(L"X", nullptr, {{codeApplication, application}});
-}
-
 int rendreSelection(std::span<const AcDbObjectId> ids)
 {
     ads_name jeu{};
@@ -112,11 +106,5 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
 std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
 {
     constexpr short codeApplication = 1001;
-    std::wstring nom(application);
-    resbuf filtre{nullptr, codeApplication, {}};
-    filtre.resval.rstring = nom.data();
-    jeuOuvert jeu;
-    if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
-        return {};
-    return entitesDe(jeu.nom);
+    return choisir(L"X", nullptr, {{codeApplication, application}});
 }

@@ -7,28 +7,27 @@
 
 #include "frame/commandes.h"
 #include "frame/fonctionsLisp.h"
-#include "services/lettres.h"
 #include "ui/window/ModuleMenus.h"
+
+#include "afx.h"
 
 namespace {
 
-/// A function "C:NAME" is a command too.
-bool estUneFonction(const std::wstring& nom)
+/// Those to come share one empty handler: each that has one of its own does something.
+template <class Ligne>
+bool faitQuelqueChose(std::span<const Ligne> table, const wchar_t* nom)
 {
-    return std::ranges::any_of(tableFonctionsLisp(), [&](const fonctionLisp& f) {
-        return enMinuscules(f.nom) == L"c:" + enMinuscules(nom);
-    });
+    const auto ligne =
+        std::ranges::find_if(table, [nom](const Ligne& l) { return CString(l.nom).CompareNoCase(nom) == 0; });
+    return ligne != table.end() && std::ranges::count(table, ligne->executer, &Ligne::executer) == 1;
 }
 
-/// Commands to come share one empty handler: each that has one of its own does something.
+/// As a command, or as an AutoLISP function that is one.
 bool faitQuelqueChose(const std::string& nom)
 {
-    const auto table = tableCommandes();
     const std::wstring large(nom.begin(), nom.end());
-    if (estUneFonction(large))
-        return true;
-    const auto commandeDite = std::ranges::find(table, large, &commande::nom);
-    return commandeDite != table.end() && std::ranges::count(table, commandeDite->executer, &commande::executer) == 1;
+    return faitQuelqueChose(tableCommandes(), large.c_str()) ||
+           faitQuelqueChose(tableFonctionsLisp(), (L"c:" + large).c_str());
 }
 
 TEST(MenuDuModule, ListsCommandsThatWork)
