@@ -87,9 +87,8 @@ std::map<int, double> rangsDesLibelles(const tableCodification& codes)
     for (int i = 0; i < codes.nombre(); ++i)
         if (codes.indexCode(codes[i].code) == i)
             premiers.push_back(i);
-    std::ranges::stable_sort(premiers, [&](int a, int b) {
-        return enMinuscules(codes[a].libelle) < enMinuscules(codes[b].libelle);
-    });
+    std::ranges::stable_sort(
+        premiers, [&](int a, int b) { return enMinuscules(codes[a].libelle) < enMinuscules(codes[b].libelle); });
     std::map<int, double> rangs;
     for (std::size_t i = 0; i < premiers.size(); ++i)
         rangs[codes[premiers[i]].code] = static_cast<double>(i);
