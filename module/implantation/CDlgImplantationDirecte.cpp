@@ -21,6 +21,7 @@
 #include "services/fichierEntier.h"
 #include "services/lireNombre.h"
 #include "services/nombreFixe.h"
+#include "services/verrouDocument.h"
 
 #include "acdocman.h"
 #include "aced.h"
@@ -54,18 +55,6 @@ std::wstring enumerer(const std::vector<std::wstring>& noms)
         texte += (i == 0 ? L"" : L", ") + noms[i];
     return noms.size() > montres ? texte + L"..." : texte;
 }
-
-/// Keeps the document locked, whatever ends the job.
-class verrou {
-public:
-    explicit verrou(AcApDocument& document) : m_document(document) { acDocManager->lockDocument(&m_document); }
-    ~verrou() { acDocManager->unlockDocument(&m_document); }
-    verrou(const verrou&) = delete;
-    verrou& operator=(const verrou&) = delete;
-
-private:
-    AcApDocument& m_document;
-};
 
 } // namespace
 
@@ -249,9 +238,9 @@ void CDlgImplantationDirecte::repartirPoints()
     std::vector<std::wstring> nonVus;
     for (std::size_t i = 0; i < bilan.nonVus.size(); ++i) {
         const double manque = bilan.manques[i];
-        nonVus.push_back(m_travail.points[bilan.nonVus[i]].nom +
-                         (manque == inconnu ? L" (hors de portée)"
-                                            : L" (il manque " + depuisAnsi(nombreFixe(manque, 2)) + L")"));
+        nonVus.push_back(
+            m_travail.points[bilan.nonVus[i]].nom +
+            (manque == inconnu ? L" (hors de portée)" : L" (il manque " + depuisAnsi(nombreFixe(manque, 2)) + L")"));
     }
     std::wstring phrase = bilan.sansTerrain ? L"Sans terrain : seule la distance compte. " : L"";
     phrase += nonVus.empty() ? L"Tous les points ont une station."
@@ -351,7 +340,7 @@ int lispImplant2()
     AcApDocument* const document = curDoc();
     if (!document || !dialoguesPossibles())
         return acedRetNil();
-    const verrou verrouille(*document);
+    const verrouDocument verrou;
     const CAcadUndoGroup groupe;
     travailImplantation travail;
     reprendreTravail(*document->database(), travail);

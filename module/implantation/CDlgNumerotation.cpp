@@ -1,6 +1,5 @@
 #include "implantation/CDlgNumerotation.h"
 
-#include "services/dialogueCellules.h"
 #include "services/nombresTexte.h"
 
 #include "ui_CDlgNumerotation.h"
@@ -23,7 +22,7 @@ CDlgNumerotation::~CDlgNumerotation() = default;
 
 numerotationImplantation CDlgNumerotation::numerotation() const
 {
-    return {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(m_ui->editNumero->text().toStdWString()),
+    return {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(m_ui->editNumero->text().toStdWString().c_str()),
             m_ui->editSuffixe->text().toStdWString()};
 }
 

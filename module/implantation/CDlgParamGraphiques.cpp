@@ -84,8 +84,7 @@ void CDlgParamGraphiques::accept()
 {
     reglagesImplantation lus = m_reglages;
     double textes = 0.0, stations = 0.0;
-    if (!lireTaille(*m_ui->editTextes, 1e-6, textes) ||
-        !lireTaille(*m_ui->editLargeurFleche, 0.0, lus.largeurFleche) ||
+    if (!lireTaille(*m_ui->editTextes, 1e-6, textes) || !lireTaille(*m_ui->editLargeurFleche, 0.0, lus.largeurFleche) ||
         !lireTaille(*m_ui->editLongueurFleche, 0.0, lus.longueurFleche) ||
         !lireTaille(*m_ui->editPoints, 0.0, lus.taillePoints) || !lireTaille(*m_ui->editStations, 0.0, stations))
         return;
@@ -102,7 +101,7 @@ void CDlgParamGraphiques::accept()
     m_options.textes = m_ui->caseTextes->isChecked();
     m_options.stations = m_ui->caseStations->isChecked();
     m_options.coordonnees = m_ui->caseCoordonnees->isChecked();
-    m_options.grouper = m_ui->radioAucun->isChecked()    ? optionsImplantation::nePasGrouper
+    m_options.grouper = m_ui->radioAucun->isChecked()     ? optionsImplantation::nePasGrouper
                         : m_ui->radioStation->isChecked() ? optionsImplantation::grouperParStation
                                                           : optionsImplantation::toutGrouper;
     QDialog::accept();

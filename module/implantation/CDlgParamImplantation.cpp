@@ -3,7 +3,6 @@
 #include <QLocale>
 
 #include "codification/regleCode.h"
-#include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/grandeur.h"
 #include "services/nombresTexte.h"
@@ -33,8 +32,9 @@ CDlgParamImplantation::~CDlgParamImplantation() = default;
 void CDlgParamImplantation::accept()
 {
     parametresAxe lus;
-    lus.code = entierDeTexte(m_ui->editCode->text().toStdWString());
-    lus.noms = {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(m_ui->editNumero->text().toStdWString()),
+    lus.code = entierDeTexte(m_ui->editCode->text().toStdWString().c_str());
+    lus.noms = {m_ui->editPrefixe->text().toStdWString(),
+                entierDeTexte(m_ui->editNumero->text().toStdWString().c_str()),
                 m_ui->editSuffixe->text().toStdWString()};
     lus.prefixeSuivant = m_ui->caseIncrementer->isChecked();
     lus.choix = {m_ui->radioErreur->isChecked(), reelDeTexte(m_ui->editValeur->text().toStdWString())};

@@ -96,8 +96,7 @@ std::optional<referenceChoisie> choisirReference(const lieuNomme& station)
         return referenceChoisie{{L"", station.x, station.y + versLeNord, inconnu}, miseEnStationNord};
     if (!memeMot(mot, L"Designer"))
         return std::nullopt;
-    const auto point =
-        designerPoint(L"Selectionnez la station de r\u00e9f\u00e9rence ou alors saisir son Nom ", true);
+    const auto point = designerPoint(L"Selectionnez la station de r\u00e9f\u00e9rence ou alors saisir son Nom ", true);
     if (!point)
         return std::nullopt;
     return referenceChoisie{*point, miseEnStationPoint};
@@ -112,8 +111,7 @@ void mettreEnStation(travailImplantation& travail, const travailImplantation::po
     if (!reference)
         return;
     travail.effacerApercu();
-    const identifiantImplantation identifiant =
-        travail.ajouterStation(station, reference->lieu, reference->genre);
+    const identifiantImplantation identifiant = travail.ajouterStation(station, reference->lieu, reference->genre);
     travail.affecter(choisis, identifiant);
     travail.verifierVisibilite(choisis);
     travail.dessinerApercu(travail.toutes());
@@ -126,12 +124,10 @@ void choisirMiseEnStation(travailImplantation& travail, travailImplantation::pos
 {
     ads_point place;
     acedInitGet(RSG_OTHER, L"Designer Proche  Restreindre Annuler");
-    const int statut =
-        acedGetPoint(nullptr, L"\nIndiquer la station ou [Restreindre/Designer/Proche/Annuler]", place);
+    const int statut = acedGetPoint(nullptr, L"\nIndiquer la station ou [Restreindre/Designer/Proche/Annuler]", place);
     if (statut == RTNORM) {
         const point2 libre{place[0], place[1]};
-        return mettreEnStation(travail, choisis,
-                               {travail.nomDeStation(), libre.x, libre.y, altitudeDuTerrain(libre)});
+        return mettreEnStation(travail, choisis, {travail.nomDeStation(), libre.x, libre.y, altitudeDuTerrain(libre)});
     }
     if (statut != RTKWORD)
         return;

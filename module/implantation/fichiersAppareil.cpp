@@ -128,10 +128,9 @@ std::string colonnesImplantation(const resultatImplantation& resultat)
     for (const blocStation& b : resultat.blocs) {
         texte += "S;" + place(b.station.station) + ";;" + cellule(texteReference(b.station)) + ";;;;\n";
         for (const pointImplante& p : b.points)
-            texte += "P;" + place(p) + ";" + cellule(b.station.station.nom) + ";" +
-                     cellule(texteReference(b.station)) + ";" + angleEnGrades(b.station, p) + ";" +
-                     nombre(distanceVers(b.station, p.x, p.y)) + ";" + nombre(distanceSuivantPente(b.station, p)) +
-                     ";" + nombre(deniveleeVers(b.station, p)) + "\n";
+            texte += "P;" + place(p) + ";" + cellule(b.station.station.nom) + ";" + cellule(texteReference(b.station)) +
+                     ";" + angleEnGrades(b.station, p) + ";" + nombre(distanceVers(b.station, p.x, p.y)) + ";" +
+                     nombre(distanceSuivantPente(b.station, p)) + ";" + nombre(deniveleeVers(b.station, p)) + "\n";
     }
     for (const pointImplante& p : resultat.sansStation)
         texte += "P;" + place(p) + ";;;;;;\n";

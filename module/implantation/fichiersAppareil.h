@@ -9,8 +9,8 @@
 std::string colonnesImplantation(const resultatImplantation& resultat);
 
 /// Coordinate words of instruments, in metres: a block a line, of the point's number (11), east, north, height (81 82
-/// 83); for a setup the coordinates of the station (84 85 86). A block of long words (16 characters, unit 0.1 mm) begins
-/// with "*"; short ones (8 characters) are in mm.
+/// 83); for a setup the coordinates of the station (84 85 86). A block of long words (16 characters, unit 0.1 mm)
+/// begins with "*"; short ones (8 characters) are in mm.
 /// @param ecartes names of places that the short words have no room for, or without known X and Y: they are left out
 std::string motsImplantation(const resultatImplantation& resultat, bool longs, std::vector<std::wstring>& ecartes);
 

@@ -140,8 +140,7 @@ std::optional<bool> demanderIdentiques()
     ACHAR reponse[133];
     acedInitGet(0, L"Oui Non");
     // Intended spelling: users know the question so.
-    const int statut =
-        acedGetKword(L"\nAppliquer les parametres aux blocs indentiques (Oui / Non) [Non]", reponse);
+    const int statut = acedGetKword(L"\nAppliquer les parametres aux blocs indentiques (Oui / Non) [Non]", reponse);
     if (statut == RTNONE)
         return false;
     if (statut != RTNORM)
@@ -211,8 +210,7 @@ void annuler(travailImplantation& travail)
     ads_point place;
     AcDbObjectId id;
     acedInitGet(0, L"Tous Selection");
-    const int statut =
-        acedEntSel(L"\nTous/ Selection / element a ne plus considerer comme obstacle:", nom, place);
+    const int statut = acedEntSel(L"\nTous/ Selection / element a ne plus considerer comme obstacle:", nom, place);
     if (statut == RTNORM && acdbGetObjectId(id, nom) == Acad::eOk)
         return retirer(travail, id);
     if (statut != RTKWORD)

@@ -235,8 +235,8 @@ void obstaclePonctuelImplantation::highlight(bool montre)
     if (!montre)
         return;
     constexpr double plusPetit = 1e-3; // a circle must have a radius
-    montrer(std::make_unique<AcDbCircle>(AcGePoint3d(X, Y, 0.0), AcGeVector3d(0.0, 0.0, 1.0),
-                                         std::max(taille, plusPetit)));
+    montrer(
+        std::make_unique<AcDbCircle>(AcGePoint3d(X, Y, 0.0), AcGeVector3d(0.0, 0.0, 1.0), std::max(taille, plusPetit)));
 }
 
 bool obstaclePonctuelImplantation::intersect(const AcGePoint3d& de, const AcGePoint3d& vers,

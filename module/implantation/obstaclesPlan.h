@@ -32,8 +32,8 @@ public:
     {
         m_arbre.surSegment(a, b, [&](std::size_t i) {
             const piece& p = m_pieces[i];
-            for (const double part : p.rayon > 0.0 ? rencontres(a, b, p.element.debut, p.rayon)
-                                                   : rencontres(a, b, p.element))
+            for (const double part :
+                 p.rayon > 0.0 ? rencontres(a, b, p.element.debut, p.rayon) : rencontres(a, b, p.element))
                 pour(part, p.obstacle);
         });
     }

@@ -181,7 +181,6 @@ void lireOptions(lu& t, lecture& l)
     t.numerotation.suffixe = l.texte();
 }
 
-
 bool lire(const resbuf* chaine, travailImplantation& travail)
 {
     lecture l(chaine);
@@ -246,8 +245,9 @@ bool reprendreTravail(const AcDbDatabase& dessin, travailImplantation& travail)
     }
     if (lire(chaine.tete(), travail))
         return true;
-    acutPrintf(L"\nL'implantation gard\u00e9e dans le dessin est illisible : un travail neuf commence, l'ancienne reste "
-               L"jusqu'\u00e0 ce qu'il soit gard\u00e9");
+    acutPrintf(
+        L"\nL'implantation gard\u00e9e dans le dessin est illisible : un travail neuf commence, l'ancienne reste "
+        L"jusqu'\u00e0 ce qu'il soit gard\u00e9");
     return false;
 }
 

@@ -5,7 +5,7 @@ struct optionsImplantation {
     enum groupement { nePasGrouper = 0, grouperParStation, toutGrouper };
 
     int grouper = grouperParStation;
-    bool stations = true;     ///< "Mises en station"
+    bool stations = true; ///< "Mises en station"
     bool implantations = true;
     bool numeros = true;
     bool textes = true;
@@ -29,7 +29,7 @@ struct reglagesImplantation {
     double largeurFleche = 2.5, longueurFleche = 2.4;
     double tailleTextes = 1.5;
     double taillePoints = 2.0, tailleStations = 3.0; ///< of crosses
-    double hauteur = 1.0; ///< "H.Min"; and the height of the stations of a job that begins
+    double hauteur = 1.0;                            ///< "H.Min"; and the height of the stations of a job that begins
     int nonVerifie = 7, visible = 4, nonVisible = 1;
     int station = 6, reference = 1;
 

@@ -9,8 +9,8 @@
 /// Spreading points over stations.
 
 struct choixRepartition {
-    double portee = inconnu;  ///< no point farther from its station
-    bool equilibree = false;  ///< as many points at each station as sights and range allow
+    double portee = inconnu; ///< no point farther from its station
+    bool equilibree = false; ///< as many points at each station as sights and range allow
 };
 
 /// What a station sees of a point.

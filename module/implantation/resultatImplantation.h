@@ -15,8 +15,8 @@ struct blocStation {
 struct resultatImplantation {
     std::vector<blocStation> blocs;
     std::vector<pointImplante> sansStation;
-    bool verification = true;  ///< whether sights are checked
-    double hauteurMin = 0.0;   ///< see etatDe
+    bool verification = true; ///< whether sights are checked
+    double hauteurMin = 0.0;  ///< see etatDe
     double hauteurStation = 0.0;
 };
 

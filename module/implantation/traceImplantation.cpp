@@ -60,7 +60,6 @@ point2 boutDuZero(const donneesStation& s, const reglagesImplantation& reglages)
     return s.station.plan() + versGisement(s.v0) * longueur;
 }
 
-
 std::vector<std::wstring> lignesStation(const donneesStation& s)
 {
     std::wstring texte = descriptionTexte(s);
@@ -153,8 +152,6 @@ dessinPlan planReduit(const blocStation& bloc, double cote, bool verification, c
     for (const pointImplante& p : bloc.points)
         if (p.planConnu())
             etendue.ajouter(boite::de(p.plan(), p.plan()));
-    if (bloc.station.visee && bloc.station.reference.planConnu())
-        etendue.ajouter(boite::de(bloc.station.reference.plan(), bloc.station.reference.plan()));
     const double taille = std::max({etendue.xMax - etendue.xMin, etendue.yMax - etendue.yMin, 1e-3});
     const double echelle = 0.9 * cote / taille;
     reglagesImplantation petits = reglages;
@@ -163,7 +160,12 @@ dessinPlan planReduit(const blocStation& bloc, double cote, bool verification, c
     petits.tailleStations = 1.5 * petits.tailleTextes;
     petits.longueurFleche = 1.5 * petits.tailleTextes;
     petits.largeurFleche = petits.tailleTextes;
-    dessinPlan dessin = traceStation(bloc.station, 0, petits);
+    // A reference stands far out as a rule: its direction is enough.
+    donneesStation orientee = bloc.station;
+    if (orientee.visee)
+        orientee.v0 = gisementVers(orientee, orientee.reference.x, orientee.reference.y);
+    orientee.visee = false;
+    dessinPlan dessin = traceStation(orientee, 0, petits);
     dessin.textes.push_back({bloc.station.station.plan() + point2{petits.tailleStations, -2.0 * petits.tailleTextes},
                              bloc.station.station.nom, 1.2 * petits.tailleTextes, petits.station});
     for (std::size_t i = 0; i < bloc.points.size(); ++i) {
@@ -185,8 +187,7 @@ dessinPlan croquisImplantation(const resultatImplantation& resultat, const regla
     };
     for (const blocStation& bloc : resultat.blocs) {
         const double haut = y;
-        dessin.ajouter(
-            planReduit(bloc, cote, resultat.verification, reglages).place(1.0, {0.0, haut - cote + h}));
+        dessin.ajouter(planReduit(bloc, cote, resultat.verification, reglages).place(1.0, {0.0, haut - cote + h}));
         for (const std::wstring& texte : lignesStation(bloc.station)) {
             ecrire(colonnes[0], texte, reglages.station);
             y -= ligne;
@@ -240,16 +241,18 @@ dessinPlan traceCoupe(const coupeVisee& coupe, const pointImplante& point, const
     const double h = std::max(coupe.fin.x / 60.0, 1e-3); // texts in proportion to the section
     const point2 gauche = mis(0.0, base), droite = mis(coupe.fin.x, base);
     dessin.traits.push_back({gauche, droite, couleurSansVerification});
-    for (const auto& [place, bout] : {std::pair(gauche, mis(coupe.debut.x, coupe.debut.y)),
-                                      std::pair(droite, mis(coupe.fin.x, coupe.fin.y))})
+    for (const auto& [place, bout] :
+         {std::pair(gauche, mis(coupe.debut.x, coupe.debut.y)), std::pair(droite, mis(coupe.fin.x, coupe.fin.y))})
         dessin.traits.push_back({place, bout, couleurSansVerification});
     const auto ecrire = [&](point2 place, const std::wstring& texte, int teinte, bool centre) {
         dessin.textes.push_back({place, texte, h, teinte, 0.0, centre});
     };
     ecrire(gauche - point2{0.0, 1.5 * h}, station.station.nom, reglages.station, true);
     ecrire(droite - point2{0.0, 1.5 * h}, point.nom, couleur, true);
-    ecrire(gauche - point2{0.0, 3.5 * h}, L"Base " + nombre(base, 2) + L"  distance " + nombre(coupe.fin.x, 2) +
-               L"  hauteurs x " + nombre(agrandissement, 0), couleurSansVerification, false);
+    ecrire(gauche - point2{0.0, 3.5 * h},
+           L"Base " + nombre(base, 2) + L"  distance " + nombre(coupe.fin.x, 2) + L"  hauteurs x " +
+               nombre(agrandissement, 0),
+           couleurSansVerification, false);
     ecrire(gauche - point2{0.0, 5.5 * h}, phraseVisibilite(point, reglages.hauteur), couleur, false);
     if (point.pire) {
         const obstruction& o = *point.pire;

@@ -269,9 +269,9 @@ void travailImplantation::dessinerApercu(const positions& choisis)
         effacerEntites(p.apercu);
         const observationMiseEnStation* const s = station(p.station);
         const donneesStation donnees = s ? s->donnees() : donneesStation();
-        p.apercu = dessinerEntites(
-            tracePoint(p, s ? &donnees : nullptr, masqueDe(options), verifier, reglagesDuProcessus()),
-            {1, p.identifiant});
+        p.apercu =
+            dessinerEntites(tracePoint(p, s ? &donnees : nullptr, masqueDe(options), verifier, reglagesDuProcessus()),
+                            {1, p.identifiant});
     }
 }
 

@@ -29,8 +29,7 @@ public:
     {
         const double hauteur = hauteurAuDessus(m_coupe.debut, m_coupe.fin, {distance, place.z});
         if (hauteur > (m_trouve ? m_trouve->hauteur : 0.0))
-            m_trouve =
-                obstruction{hauteur, place.z - hauteurDeLaVisee(m_coupe, distance), distance, place, obstacle};
+            m_trouve = obstruction{hauteur, place.z - hauteurDeLaVisee(m_coupe, distance), distance, place, obstacle};
     }
     const std::optional<obstruction>& trouve() const { return m_trouve; }
 
