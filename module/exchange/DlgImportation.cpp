@@ -5,7 +5,6 @@
 
 #include "exchange/selectionGenres.h"
 #include "services/dialogueCellules.h"
-#include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 #include "services/reglages.h"
 
@@ -21,7 +20,6 @@ struct etiquette {
 };
 constexpr etiquette etiquetteNumero{L"importation.numero", L"NUM"}, etiquetteAltitude{L"importation.altitude", L"ALT"},
     etiquetteCode{L"importation.code", L"CODE"};
-constexpr const wchar_t* reglageGenres = L"importation.genres";
 
 struct caseGenre {
     QCheckBox* coche;
@@ -67,12 +65,11 @@ double nombreDe(const QLineEdit& champ)
 DlgImportation::DlgImportation() : m_ui(std::make_unique<Ui::DlgImportation>())
 {
     m_ui->setupUi(this);
-    cocher(entierDeTexte(lireReglage(reglageGenres, L"0")));
     connect(m_ui->boutonTous, &QPushButton::clicked, this, [this] { cocher(tousLesGenres); });
     connect(m_ui->boutonAucun, &QPushButton::clicked, this, [this] { cocher(0); });
     connect(m_ui->boutonConfigurer, &QPushButton::clicked, this, [this] { configurer(); });
     connect(m_ui->boutonPrelever, &QPushButton::clicked, this, [this] { prelever(); });
-    connect(m_ui->boutonOk, &QPushButton::clicked, this, [this] { valider(); });
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->boutonCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -124,10 +121,4 @@ void DlgImportation::prelever()
         return;
     m_ui->editX->setText(QString::number(vers[0] - de[0], 'g', 15));
     m_ui->editY->setText(QString::number(vers[1] - de[1], 'g', 15));
-}
-
-void DlgImportation::valider()
-{
-    garderReglage(reglageGenres, std::to_wstring(genresCoches(*m_ui)));
-    accept();
 }

@@ -9,8 +9,7 @@ namespace Ui {
 class DlgImportation;
 }
 
-/// "Importation": the kinds of entities that points are taken from, and the offset of texts. What was checked last is
-/// checked again.
+/// "Importation": the kinds of entities that points are taken from, and the offset of texts.
 class DlgImportation : public dialogueModule {
     Q_OBJECT
 
@@ -24,7 +23,6 @@ private:
     void cocher(int genres);
     void configurer();
     void prelever();
-    void valider();
 
     std::unique_ptr<Ui::DlgImportation> m_ui;
 };

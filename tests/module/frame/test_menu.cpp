@@ -7,27 +7,30 @@
 
 #include "frame/commandes.h"
 #include "frame/fonctionsLisp.h"
+#include "services/lettres.h"
 #include "ui/window/ModuleMenus.h"
-
-#include "afx.h"
 
 namespace {
 
-/// Those to come share one empty handler: each that has one of its own does something.
-template <class Ligne>
-bool faitQuelqueChose(std::span<const Ligne> table, const wchar_t* nom)
+/// A function "C:NAME" is a command too.
+bool estUneFonction(const std::wstring& nom)
 {
-    const auto ligne =
-        std::ranges::find_if(table, [nom](const Ligne& l) { return CString(l.nom).CompareNoCase(nom) == 0; });
-    return ligne != table.end() && std::ranges::count(table, ligne->executer, &Ligne::executer) == 1;
+    return std::ranges::any_of(tableFonctionsLisp(), [&](const fonctionLisp& f) {
+        return enMinuscules(f.nom) == L"c:" + enMinuscules(nom);
+    });
 }
 
-/// As a command, or as an AutoLISP function that is one.
+/// Commands to come share one empty handler: each that has one of its own does something.
 bool faitQuelqueChose(const std::string& nom)
 {
+    const auto table = tableCommandes();
     const std::wstring large(nom.begin(), nom.end());
-    return faitQuelqueChose(tableCommandes(), large.c_str()) ||
-           faitQuelqueChose(tableFonctionsLisp(), (L"c:" + large).c_str());
+    if (estUneFonction(large))
+        return true;
+    if (std::ranges::find(tableCommandesVela(), large, &commande::nom) != tableCommandesVela().end())
+        return true;
+    const auto commandeDite = std::ranges::find(table, large, &commande::nom);
+    return commandeDite != table.end() && std::ranges::count(table, commandeDite->executer, &commande::executer) == 1;
 }
 
 TEST(MenuDuModule, ListsCommandsThatWork)
