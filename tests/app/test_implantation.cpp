@@ -35,8 +35,8 @@ TEST_F(Implantation, GivesAnglesAndSights)
     EXPECT_EQ(p["reference"], "V0=300.0000 gr");
     EXPECT_TRUE(p["visible"].is_null());
 
-    const nlohmann::json vus =
-        velaJson("implantation chantier.dxf --station S1 --reference S2 --table LEVE --verifier --hauteur 1.5 --seuil 1");
+    const nlohmann::json vus = velaJson(
+        "implantation chantier.dxf --station S1 --reference S2 --table LEVE --verifier --hauteur 1.5 --seuil 1");
     ASSERT_EQ(vus["points"].size(), 3U) << "not the station itself";
     EXPECT_EQ(vus["points"][1]["visible"], false) << "the wall saved on its line";
     EXPECT_NEAR(vus["points"][1]["hauteurVisible"].get<double>(), 1.5, 1e-9);
