@@ -1,6 +1,7 @@
 #include "frame/commandes.h"
 
 #include "calculs/dialoguesPolygonales.h"
+#include "calculs/reseau/commandeReseau.h"
 #include "codification/CformulaireXYZ.h"
 #include "codification/DlgTableCodification.h"
 #include "points/ptsEn3d.h"
@@ -23,7 +24,7 @@ constexpr commande commandes[] = {
     {L"COORDSXYZ", ACRX_CMD_MODAL, commandeCoordonnees},
     {L"CORRPOLFERMEE", ACRX_CMD_MODAL, corrPolFermee},
     {L"CORRPOLOUVERTE", ACRX_CMD_MODAL, corrPolOuverte},
-    {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},
+    {L"CORRMCARRES", ACRX_CMD_MODAL, corrMCarres},
     {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},
     {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, commandeRectangle},
     {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
