@@ -44,6 +44,8 @@ int lancerProgramme(int argc, const char* const* argv)
     programme.set_version_flag("--version", version, "Affiche la version");
     programme.require_subcommand(0, 1);
     ajouterCommandePolygonale(programme);
+    ajouterCommandePoints(programme);
+    ajouterCommandeImplantation(programme);
     ajouterCommandeReseau(programme);
     ajouterCommandeInfo(programme);
     ajouterCommandeConvertir(programme);

@@ -1,10 +1,14 @@
 # What an installation holds, and the Debian package made of it (scripts/paquet.sh).
 
 install(TARGETS vela DESTINATION bin)
-install(TARGETS velahost velaui module_arx principal_arx terrain_arx module_navigateur DESTINATION lib/vela)
+set(bibliotheques velahost velaui module_arx principal_arx terrain_arx)
+if(TARGET module_navigateur)
+    list(APPEND bibliotheques module_navigateur)
+endif()
+install(TARGETS ${bibliotheques} DESTINATION lib/vela)
 install(FILES module/resources/module.menu DESTINATION lib/vela RENAME Vela-ARX2015-64BITS.menu)
 install(FILES siblings/terrain/terrain.menu DESTINATION lib/vela RENAME KALT-ARX2015-64BITS.menu)
-set_target_properties(velahost velaui module_arx principal_arx terrain_arx module_navigateur PROPERTIES INSTALL_RPATH "\$ORIGIN")
+set_target_properties(${bibliotheques} PROPERTIES INSTALL_RPATH "\$ORIGIN")
 
 # The converter as npm has installed it, without what only those who develop with the library need.
 install(DIRECTORY host/dwg/convertisseur DESTINATION lib/vela

@@ -3,6 +3,7 @@
 
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
+#include "commands/Transforming.h"
 
 #include "acarray.h"
 #include "dbents.h"
@@ -35,7 +36,7 @@ void keepAttributes(const AcDbBlockReference& reference, AcDbVoidPtrArray& parts
     }
 }
 
-/// Replaces an entity by its parts; false when it has none.
+/// Replaces an entity by its parts; false when it has none, or one beyond all numbers.
 bool explodeObject(AcDbObjectId id)
 {
     AcDbVoidPtrArray parts;
@@ -48,8 +49,13 @@ bool explodeObject(AcDbObjectId id)
         if (const AcDbBlockReference* reference = AcDbBlockReference::cast(entity.object()))
             keepAttributes(*reference, parts);
     }
+    std::vector<std::unique_ptr<AcDbEntity>> made;
     for (void* part : parts)
-        addAsItIs(std::unique_ptr<AcDbEntity>(static_cast<AcDbEntity*>(part)), block);
+        made.emplace_back(static_cast<AcDbEntity*>(part));
+    if (!std::ranges::all_of(made, [](const auto& part) { return staysAmongNumbers(*part); }))
+        return false;
+    for (auto& part : made)
+        addAsItIs(std::move(part), block);
     return eraseObject(id) == Acad::eOk;
 }
 

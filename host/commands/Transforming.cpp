@@ -55,22 +55,6 @@ bool isNumber(const AcGePoint3d& point)
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
 
-/// Whether a matrix takes all of an entity to numbers. What is far off already may have no extents.
-bool staysAmongNumbers(const AcDbEntity& entity, const AcGeMatrix3d& matrix)
-{
-    if (const auto* reference = AcDbBlockReference::cast(&entity);
-        reference && !isNumber(matrix * reference->position()))
-        return false;
-    AcDbExtents box;
-    if (entity.getGeomExtents(box) != Acad::eOk)
-        return true;
-    const AcGePoint3d corners[] = {box.minPoint(), box.maxPoint()};
-    for (int i = 0; i < 8; ++i)
-        if (!isNumber(matrix * AcGePoint3d(corners[i & 1].x, corners[i >> 1 & 1].y, corners[i >> 2].z)))
-            return false;
-    return true;
-}
-
 } // namespace
 
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects)
@@ -84,6 +68,22 @@ std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects)
         if (AcDbObjectId copy; mapping.find(id, copy) && !copy.isErased())
             copies.push_back(copy);
     return copies;
+}
+
+bool staysAmongNumbers(const AcDbEntity& entity, const AcGeMatrix3d& matrix)
+{
+    const auto* const reference = AcDbBlockReference::cast(&entity); // those far off may have no extents
+    const auto* const text = AcDbText::cast(&entity);
+    if ((reference && !isNumber(matrix * reference->position())) || (text && !isNumber(matrix * text->position())))
+        return false;
+    AcDbExtents box;
+    if (entity.getGeomExtents(box) != Acad::eOk)
+        return true;
+    const AcGePoint3d corners[] = {box.minPoint(), box.maxPoint()};
+    for (int i = 0; i < 8; ++i)
+        if (!isNumber(matrix * AcGePoint3d(corners[i & 1].x, corners[i >> 1 & 1].y, corners[i >> 2].z)))
+            return false;
+    return true;
 }
 
 Acad::ErrorStatus transformed(AcDbEntity& entity, const AcGeMatrix3d& matrix)

@@ -38,7 +38,8 @@ public:
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id, bool getErasedRecord = false) const;
     bool has(const ACHAR* name) const;
     bool has(AcDbObjectId id) const;
-    /// Adds a record and opens it for write. eDuplicateKey when the name is taken.
+    /// Adds a record and opens it for write. eDuplicateKey when the name is taken. A block named "*U" becomes
+    /// anonymous: "*U" and a number.
     Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     /// For the caller to delete.

@@ -136,7 +136,7 @@ void rapporterNivellement(const resultatPolygonaleOuverte& r, const std::vector<
 void rapporterPolygonale(const resultatPolygonaleOuverte& resultat, htmlDocument& document)
 {
     const std::vector<std::string> noms = nomsStations(resultat);
-    declarerClasses(document);
+    declarerClassesRapport(document);
     rapporterDonnees(resultat, document);
     rapporterAngles(resultat, noms, document);
     rapporterDistances(resultat, noms, document);

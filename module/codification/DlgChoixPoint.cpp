@@ -1,54 +1,47 @@
 #include "codification/DlgChoixPoint.h"
 
+#include "codification/codificationDuModule.h"
+#include "codification/modelePoints.h"
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
 #include "services/codages.h"
-#include "services/dialogueCellules.h"
-#include "services/formatNombres.h"
 #include "services/listeLisp.h"
 
 #include "aced.h"
 #include "ui_DlgChoixPoint.h"
 
-namespace {
-
-std::wstring coordonnee(double valeur)
-{
-    return valeur != inconnu ? formaterFixe(valeur, 3) : std::wstring();
-}
-
-void ecrireLigne(QTableWidget& liste, int ligne, const pointDuDessin& point)
-{
-    CString altitude;
-    point.getZAsString(altitude);
-    auto* const nom = new celluleTexte(depuisAnsi(point.getNomPoint()));
-    nom->setData(Qt::UserRole, ligne);
-    liste.setItem(ligne, 0, nom);
-    int colonne = 1;
-    for (const std::wstring& texte : {coordonnee(point.getX()), coordonnee(point.getY()),
-                                      std::wstring(altitude.GetString()), std::to_wstring(point.getCode())})
-        liste.setItem(ligne, colonne++, new celluleNombre(texte));
-}
-
-} // namespace
-
-DlgChoixPoint::DlgChoixPoint(const listePointsDuDessin& table) : m_ui(std::make_unique<Ui::DlgChoixPoint>())
+DlgChoixPoint::DlgChoixPoint(const listePointsDuDessin& table) :
+    m_ui(std::make_unique<Ui::DlgChoixPoint>()),
+    m_modele(new modelePoints(table, codificationDuModule(), {"Numéro", "X", "Y", "Z", "Code"}, this))
 {
     m_ui->setupUi(this);
-    preparerListe(*m_ui->liste, {"Numéro", "X", "Y", "Z", "Code"});
-    m_ui->liste->setRowCount(table.nbPoint());
-    for (int i = 0; i < table.nbPoint(); ++i)
-        ecrireLigne(*m_ui->liste, i, *table.getData(i));
-    choisirDansListe(*this, *m_ui->liste, *m_ui->editChercher, *m_ui->boutonOk);
+    preparerVue(*m_ui->liste, *m_modele);
+    m_ui->boutonOk->setEnabled(false);
+    connect(m_ui->liste->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { m_ui->boutonOk->setEnabled(position().has_value()); });
+    connect(m_modele, &QAbstractItemModel::modelReset, this,
+            [this] { m_ui->boutonOk->setEnabled(position().has_value()); });
+    connect(m_ui->editChercher, &QLineEdit::textChanged, this, [this](const QString& nom) { chercher(nom); });
+    connect(m_ui->liste, &QTableView::doubleClicked, this, &QDialog::accept);
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->boutonCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 DlgChoixPoint::~DlgChoixPoint() = default;
 
+/// The first row left is selected: Enter takes it.
+void DlgChoixPoint::chercher(const QString& nom)
+{
+    m_ui->liste->clearSelection();
+    m_modele->filtrer(std::nullopt, versAnsi(nom.trimmed().toStdWString()));
+    if (!nom.isEmpty() && m_modele->rowCount() > 0)
+        m_ui->liste->selectRow(0);
+}
+
 std::optional<int> DlgChoixPoint::position() const
 {
-    const int ligne = ligneChoisie(*m_ui->liste);
-    return ligne < 0 ? std::nullopt : std::optional(m_ui->liste->item(ligne, 0)->data(Qt::UserRole).toInt());
+    const std::vector<int> lignes = lignesChoisies(*m_ui->liste);
+    return lignes.empty() ? std::nullopt : std::optional(m_modele->position(lignes.front()));
 }
 
 int lispChoixpoint()

@@ -8,8 +8,8 @@
 #include "codification/DlgCodification.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
+#include "services/verrouDocument.h"
 
-#include "acdocman.h"
 #include "ui_DlgTableCodification.h"
 
 namespace {
@@ -53,26 +53,6 @@ std::wstring supprimerCodes(tableCodification& table, const std::vector<int>& ch
     }
     return autres;
 }
-
-/// Keeps a document locked, whatever ends the scope. None may be open.
-class verrouDocument {
-public:
-    explicit verrouDocument(AcApDocument* document) : m_document(document)
-    {
-        if (m_document)
-            acDocManager->lockDocument(m_document);
-    }
-    ~verrouDocument()
-    {
-        if (m_document)
-            acDocManager->unlockDocument(m_document);
-    }
-    verrouDocument(const verrouDocument&) = delete;
-    verrouDocument& operator=(const verrouDocument&) = delete;
-
-private:
-    AcApDocument* m_document;
-};
 
 } // namespace
 
@@ -136,7 +116,7 @@ void commandeCodification()
 {
     if (!dialoguesPossibles())
         return;
-    const verrouDocument verrou(acDocManager->curDocument());
+    const verrouDocument verrou;
     tableCodification& table = codificationDuModule();
     DlgTableCodification(table).exec();
     table.sauver();

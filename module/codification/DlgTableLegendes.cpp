@@ -1,21 +1,14 @@
 #include "codification/DlgTableLegendes.h"
 
 #include <QItemSelection>
-#include <QLineEdit>
 
 #include "services/dialogueCellules.h"
-#include "services/dialogueMessage.h"
+#include "services/dialogueChamps.h"
 #include "services/formatNombres.h"
-#include "services/reelDeTexte.h"
 
 #include "ui_DlgTableLegendes.h"
 
 namespace {
-
-double longueurDe(const QLineEdit& champ)
-{
-    return reelDeTexte(champ.text().toStdWString());
-}
 
 QString texteDe(double longueur)
 {
@@ -98,39 +91,17 @@ std::vector<blocDuDessin> DlgTableLegendes::choisis() const
     return blocs;
 }
 
-parametresLegende DlgTableLegendes::parametres() const
-{
-    parametresLegende p;
-    p.tailleTextes = longueurDe(*m_ui->editTailleTextes);
-    p.tailleBlocs = longueurDe(*m_ui->editTailleBlocs);
-    p.distanceLignes = longueurDe(*m_ui->editDistance);
-    p.longueurTrait = longueurDe(*m_ui->editTrait);
-    p.calques = m_ui->caseCalques->isChecked();
-    p.grouper = m_ui->caseGrouper->isChecked();
-    return p;
-}
-
-bool DlgTableLegendes::valider(QLineEdit& champ, const wchar_t* nom, bool nulPermis)
-{
-    const std::wstring texte = champ.text().toStdWString();
-    const double valeur = reelDeTexte(texte);
-    const std::wstring remarque = remarqueNombre(nom, texte);
-    const bool bornee = valeur <= 1e6 && (nulPermis ? valeur >= 0.0 : valeur >= 1e-6);
-    if (bornee && remarque.empty())
-        return true;
-    avertirErreur(bornee      ? remarque
-                  : nulPermis ? L"Entrez un nombre compris entre 0 et 1e+006."
-                              : L"Entrez un nombre compris entre 1e-006 et 1e+006.");
-    champ.setFocus();
-    champ.selectAll();
-    return false;
-}
-
 void DlgTableLegendes::accept()
 {
-    if (valider(*m_ui->editTailleTextes, L"la taille des textes", false) &&
-        valider(*m_ui->editTailleBlocs, L"la taille des blocs", false) &&
-        valider(*m_ui->editDistance, L"la distance entre lignes", true) &&
-        valider(*m_ui->editTrait, L"la longueur du trait", true))
-        QDialog::accept();
+    constexpr double min = 1e-6, max = 1e6;
+    parametresLegende p;
+    if (!lireChamp(*m_ui->editTailleTextes, L"la taille des textes", p.tailleTextes, min, max) ||
+        !lireChamp(*m_ui->editTailleBlocs, L"la taille des blocs", p.tailleBlocs, min, max) ||
+        !lireChamp(*m_ui->editDistance, L"la distance entre lignes", p.distanceLignes, 0.0, max) ||
+        !lireChamp(*m_ui->editTrait, L"la longueur du trait", p.longueurTrait, 0.0, max))
+        return;
+    p.calques = m_ui->caseCalques->isChecked();
+    p.grouper = m_ui->caseGrouper->isChecked();
+    m_parametres = p;
+    QDialog::accept();
 }

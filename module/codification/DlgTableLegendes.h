@@ -7,7 +7,6 @@
 #include "codification/dispositionLegende.h"
 #include "services/dialogueModule.h"
 
-class QLineEdit;
 namespace Ui {
 class DlgTableLegendes;
 }
@@ -22,7 +21,8 @@ public:
 
     /// Those selected, in the order shown.
     std::vector<blocDuDessin> choisis() const;
-    parametresLegende parametres() const;
+    /// Once accepted.
+    const parametresLegende& parametres() const { return m_parametres; }
     void accept() override;
 
 private:
@@ -30,8 +30,8 @@ private:
     const blocDuDessin& blocDeLigne(int ligne) const;
     template <typename Choisir>
     void selectionner(Choisir&& choisir);
-    bool valider(QLineEdit& champ, const wchar_t* nom, bool nulPermis);
 
     std::unique_ptr<Ui::DlgTableLegendes> m_ui;
     std::vector<blocDuDessin> m_blocs;
+    parametresLegende m_parametres;
 };

@@ -13,8 +13,9 @@ double echelleDe(const ligneLegende& ligne, double taille)
 
 dispositionLegende disposerLegende(const std::vector<ligneLegende>& lignes, const parametresLegende& parametres)
 {
-    constexpr double aere = 1.2; // what touches is hard to read
-    double gauche = 0.0;         // width of what stands left of the texts
+    constexpr double aere = 1.05;
+    const double accents = 0.6 * parametres.tailleTextes; // over capitals, and below the line
+    double gauche = 0.0;                                  // width of what stands left of the texts
     for (const ligneLegende& ligne : lignes)
         gauche = std::max(gauche, ligne.trait ? parametres.longueurTrait
                                               : ligne.largeur * echelleDe(ligne, parametres.tailleBlocs));
@@ -25,7 +26,8 @@ dispositionLegende disposerLegende(const std::vector<ligneLegende>& lignes, cons
     double y = disposition.titre.y - parametres.tailleTextes, precedente = 0.0; // y: below what is above
     for (const ligneLegende& ligne : lignes) {
         const double echelle = echelleDe(ligne, parametres.tailleBlocs);
-        const double hauteur = std::max({ligne.hauteur * echelle, ligne.hauteurTexte, parametres.tailleTextes});
+        const double hauteur =
+            std::max(ligne.hauteur * echelle, std::max(ligne.hauteurTexte, parametres.tailleTextes) + accents);
         const bool premiere = disposition.lignes.empty();
         y -= premiere ? hauteur / 2.0 : std::max(parametres.distanceLignes, aere * (precedente + hauteur) / 2.0);
         precedente = hauteur;

@@ -1,5 +1,6 @@
 #include "codification/symbolePoint.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -23,7 +24,8 @@ void reglerFacteurSymboles(double facteur)
 double tailleSymbole(const codifPoint& codif)
 {
     const bool dessinable = codif.tailleBlock > 0.0 && std::isfinite(codif.tailleBlock);
-    return facteurSymboles * (dessinable ? codif.tailleBlock : 1.0);
+    constexpr double plusGrande = 1e100; // texts are placed at some sizes from the point: by numbers still
+    return std::min(facteurSymboles * (dessinable ? codif.tailleBlock : 1.0), plusGrande);
 }
 
 std::wstring texteAltitude(double z, const codifPoint& codif)

@@ -4,9 +4,12 @@
 #include "calculs/reseau/commandeReseau.h"
 #include "codification/CformulaireXYZ.h"
 #include "codification/DlgTableCodification.h"
+#include "exchange/DlgPntsDuDessin.h"
 #include "points/ptsEn3d.h"
 #include "tools/commandeCarroyage.h"
 #include "tools/commandeRectangle.h"
+#include "tools/DlgSuperpositions.h"
+#include "tools/DlgTransformer.h"
 
 #include "accmd.h"
 
@@ -27,12 +30,24 @@ constexpr commande commandes[] = {
     {L"CORRMCARRES", ACRX_CMD_MODAL, corrMCarres},
     {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},
     {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, commandeRectangle},
-    {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
-    {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, aVenir},
-    {L"TABLEXYZ", ACRX_CMD_USEPICKSET, aVenir},
-    {L"MAJPOINTS", ACRX_CMD_USEPICKSET, aVenir},
+    {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, commandeImportPoints},
+    {L"EXPORTPOINTS", ACRX_CMD_USEPICKSET, commandeExportPoints},
+    {L"TABLEXYZ", ACRX_CMD_USEPICKSET, commandeTableXYZ},
+    {L"MAJPOINTS", ACRX_CMD_USEPICKSET, commandeMajPoints},
     {L"PTSEN3D", ACRX_CMD_MODAL, ptsEn3d},
 };
+
+/// The first group keeps its thirteen: what came later stands here.
+constexpr commande commandesVela[] = {
+    {L"VLTRANSFORMER", ACRX_CMD_MODAL, commandeTransformer},
+    {L"VLSUPERPOS", ACRX_CMD_MODAL, commandeSuperpositions},
+};
+
+void enregistrer(AcEdCommandStack& pile, const wchar_t* groupe, std::span<const commande> table)
+{
+    for (const commande& c : table)
+        pile.addCommand(groupe, c.nom, c.nom, c.drapeaux, c.executer);
+}
 
 } // namespace
 
@@ -41,17 +56,23 @@ std::span<const commande> tableCommandes()
     return commandes;
 }
 
+std::span<const commande> tableCommandesVela()
+{
+    return commandesVela;
+}
+
 void enregistrerCommandes()
 {
-    AcEdCommandStack* const pile = acedRegCmds;
-    if (!pile)
-        return;
-    for (const commande& c : commandes)
-        pile->addCommand(groupeCommandes, c.nom, c.nom, c.drapeaux, c.executer);
+    if (AcEdCommandStack* const pile = acedRegCmds) {
+        enregistrer(*pile, groupeCommandes, commandes);
+        enregistrer(*pile, groupeVela, commandesVela);
+    }
 }
 
 void retirerCommandes()
 {
-    if (AcEdCommandStack* const pile = acedRegCmds)
+    if (AcEdCommandStack* const pile = acedRegCmds) {
         pile->removeGroup(groupeCommandes);
+        pile->removeGroup(groupeVela);
+    }
 }

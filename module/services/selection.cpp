@@ -25,13 +25,20 @@ struct jeuOuvert {
     ads_name nom{};
 };
 
-std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const wchar_t* type)
+using itemsFiltre = std::vector<std::pair<short, const wchar_t*>>;
+
+std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const itemsFiltre& items)
 {
-    std::wstring motif(type);
-    resbuf filtre{nullptr, 0, {}};
-    filtre.resval.rstring = motif.data();
+    std::vector<std::wstring> motifs;
+    std::vector<resbuf> filtre(items.size());
+    motifs.reserve(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        motifs.emplace_back(items[i].second);
+        filtre[i] = {i + 1 < items.size() ? &filtre[i + 1] : nullptr, items[i].first, {}};
+        filtre[i].resval.rstring = motifs.back().data();
+    }
     jeuOuvert jeu;
-    if (acedSSGet(mode, textes, nullptr, &filtre, jeu.nom) != RTNORM)
+    if (acedSSGet(mode, textes, nullptr, filtre.data(), jeu.nom) != RTNORM)
         return {};
     return entitesDe(jeu.nom);
 }
@@ -56,13 +63,18 @@ std::vector<AcDbObjectId> entitesDe(const ads_name jeu)
 
 std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_t* type)
 {
+    return demanderSelection(message, {{static_cast<short>(0), type}});
+}
+
+std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const itemsFiltre& filtre)
+{
     const std::array<const wchar_t*, 2> textes{message, L"\nRetirer des objets"};
-    return choisir(L"_:$", textes.data(), type);
+    return choisir(L"_:$", textes.data(), filtre);
 }
 
 std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
 {
-    return choisir(L"I", nullptr, type);
+    return choisir(L"I", nullptr, {{static_cast<short>(0), type}});
 }
 
 AcDbObjectId designerEntite(const wchar_t* message)
@@ -77,7 +89,7 @@ AcDbObjectId designerEntite(const wchar_t* message)
 
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
 {
-    return choisir(L"X", nullptr, type);
+    return choisir(L"X", nullptr, {{static_cast<short>(0), type}});
 }
 
 int rendreSelection(std::span<const AcDbObjectId> ids)
@@ -94,11 +106,5 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
 std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
 {
     constexpr short codeApplication = 1001;
-    std::wstring nom(application);
-    resbuf filtre{nullptr, codeApplication, {}};
-    filtre.resval.rstring = nom.data();
-    jeuOuvert jeu;
-    if (acedSSGet(L"X", nullptr, nullptr, &filtre, jeu.nom) != RTNORM)
-        return {};
-    return entitesDe(jeu.nom);
+    return choisir(L"X", nullptr, {{codeApplication, application}});
 }

@@ -8,7 +8,6 @@
 
 #include "dbid.h"
 
-class QLineEdit;
 namespace Ui {
 class DlgCarroyage;
 }
@@ -22,14 +21,15 @@ public:
     explicit DlgCarroyage(std::vector<AcDbObjectId> lesRegions);
     ~DlgCarroyage() override;
 
-    parametresCarroyage parametres() const;
+    /// Once accepted.
+    const parametresCarroyage& parametres() const { return m_parametres; }
     const std::vector<AcDbObjectId>& regions() const { return m_regions; }
     void accept() override;
 
 private:
     void choisirRegions();
     void montrerRegions();
-    bool valider(QLineEdit& champ, const wchar_t* nom);
+    parametresCarroyage m_parametres;
 
     std::unique_ptr<Ui::DlgCarroyage> m_ui;
     std::vector<AcDbObjectId> m_regions;

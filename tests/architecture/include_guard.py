@@ -21,7 +21,7 @@ MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 # Allowed names are folders of the tree ("module/points", "host/*" for all below) or one of
 #   std       C++ and C standard headers
 #   posix     everything else that is neither ours, Qt, TinyXML nor a test library
-#   qt, tinyxml
+#   qt, tinyxml, expat
 #   interface(PATTERN)   headers of host/include whose name matches PATTERN
 #   below                the module's folders below this one
 OWN = "own"
@@ -41,13 +41,15 @@ RULES = (
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),
     # The web engine's library, which asks the system who runs it.
     (r"module/reports", r"vueWeb", (OWN, "std", "posix", "qt")),
+    # The library of map formats, and whom it asks.
+    (r"module/exchange", r"ecrireCarte", (OWN, "std", "posix", BELOW)),
     # Where the module's own file lies only the system knows.
-    (r"module/services", r"dossierModule", (OWN, "std", "posix")),
+    (r"module/services", r"dossierModule|bibliothequeModule", (OWN, "std", "posix")),
     # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.
     (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
     # Of other people's libraries they see two, each in one place: Eigen orders matrices, Expat reads XML.
-    (r"module/calculs", r"matriceNormale|lectureGkf", (OWN, "std", "posix", "module/services")),
+    (r"module/calculs", r"matriceNormale|lectureGkf", (OWN, "std", "posix", "expat", "module/services")),
     (r"module/geometrie", r"(?!axeDeCourbe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
@@ -56,7 +58,7 @@ RULES = (
      r"reglagesImplantation|repartition|resultatImplantation|svgDessin|traceImplantation|visibilite",
      (OWN, "std", "module/services", "module/geometrie", "module/reports")),
     (r"module/tools", r"(?!commande|lisp|placer).*", (OWN, "std", "module/services", "module/geometrie", "module/reports")),
-    (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
+    (MODULE, r".*", (OWN, "std", "tinyxml", "expat", INTERFACE, BELOW)),
     # The terrain's ground is pure; one source of it sees the geometry library.
     (r"siblings/terrain", r"delaunayContraint", (OWN, "std", "posix")),
     # The terrain has copies of its own of the two lowest layers, for dialogs and reports.
@@ -81,8 +83,8 @@ def foreign_kind(name):
     stem = name[:-2] if name.endswith(".h") else name
     if re.match(r"Q[A-Za-z]|Qt|q[a-z]+\.h$|ui_\w+\.h$", name):      # ui_: made from a dialog's template
         return "qt"
-    if name == "tinyxml.h":
-        return "tinyxml"
+    if name in ("tinyxml.h", "expat.h"):
+        return name[:-2]
     if re.fullmatch(r"[a-z_0-9]+", name) or name.endswith(".h") and stem in C_HEADERS:
         return "std"
     return "posix"
