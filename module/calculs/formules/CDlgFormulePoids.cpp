@@ -17,9 +17,9 @@ namespace {
 
 constexpr wchar_t filtreFormules[] = L"Formules|*.fmc|Tous (*.*)|*.*||";
 
-QString texteQt(const std::string& octets)
+QString texteDuFichier(const std::string& octets)
 {
-    return QString::fromStdWString(depuisAnsi(octets));
+    return texteQt(depuisAnsi(octets));
 }
 
 std::string octets(const QLineEdit& champ)
@@ -71,9 +71,9 @@ formulesPoids CDlgFormulePoids::formules() const
 void CDlgFormulePoids::afficher(const formulesPoids& formules)
 {
     m_variables = formules.variables;
-    m_ui->editAngles->setText(texteQt(formules.angles));
-    m_ui->editGisements->setText(texteQt(formules.gisements));
-    m_ui->editDistances->setText(texteQt(formules.distances));
+    m_ui->editAngles->setText(texteDuFichier(formules.angles));
+    m_ui->editGisements->setText(texteDuFichier(formules.gisements));
+    m_ui->editDistances->setText(texteDuFichier(formules.distances));
     montrerVariables();
 }
 
@@ -83,10 +83,10 @@ void CDlgFormulePoids::montrerVariables()
     for (const variableFormule& v : m_variables.variables()) {
         const int ligne = m_ui->liste->rowCount();
         m_ui->liste->insertRow(ligne);
-        m_ui->liste->setItem(ligne, 0, new celluleTexte(texteHote(texteQt(v.nom))));
+        m_ui->liste->setItem(ligne, 0, new celluleTexte(depuisAnsi(v.nom)));
         m_ui->liste->setItem(
-            ligne, 1, new celluleNombre(texteHote(QString::number(v.valeur, 'g', QLocale::FloatingPointShortest))));
-        m_ui->liste->setItem(ligne, 2, new celluleTexte(texteHote(texteQt(v.commentaire))));
+            ligne, 1, new celluleNombre(QString::number(v.valeur, 'g', QLocale::FloatingPointShortest).toStdWString()));
+        m_ui->liste->setItem(ligne, 2, new celluleTexte(depuisAnsi(v.commentaire)));
     }
     trierDeNouveau(*m_ui->liste);
     evaluer();

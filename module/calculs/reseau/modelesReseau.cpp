@@ -4,6 +4,7 @@
 
 #include "calculs/reseau/editionReseau.h"
 #include "calculs/reseau/rapportReseau.h"
+#include "services/dialogueCellules.h"
 #include "services/nombreFixe.h"
 
 namespace {
@@ -18,11 +19,6 @@ constexpr const wchar_t* titresPoints[] = {L"Point",      L"X",           L"Y", 
 QString nombre(double valeur, int decimales)
 {
     return estConnue(valeur) ? QString::fromStdString(nombreFixe(valeur, decimales)) : QString();
-}
-
-QString texteQt(const std::wstring& texte)
-{
-    return QString::fromStdWString(texte);
 }
 
 } // namespace
