@@ -18,9 +18,6 @@ namespace {
 /// Kept empty: menus in use still call the command.
 void importGsi() {}
 
-/// The subject of the command is not part of the module yet: it is known and prints nothing.
-void aVenir() {}
-
 constexpr commande commandes[] = {
     {L"CARROYAGE", ACRX_CMD_USEPICKSET, commandeCarroyage},
     {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, commandeCodification},
