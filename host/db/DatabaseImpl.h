@@ -172,7 +172,7 @@ private:
     std::vector<std::uint32_t> m_edits; // positions of records of the file that may differ from their bytes
     mutable std::vector<const DxfClass*> m_classByType;
     std::vector<SymbolNames> m_names;
-    BlockContents m_blocks;
+    mutable BlockContents m_blocks; // listed when first asked for
     HeaderVariables m_header;
     UndoRecorder m_undo;
     AcDbStub* m_rootDictionary = nullptr;
