@@ -14,6 +14,7 @@
 #include "aideFrancaise.h"
 #include "commandes.h"
 #include "erreurProgramme.h"
+#include "executionParDessin.h"
 #include "fichierDessin.h"
 #include "lignesConsole.h"
 #include "sessionHote.h"
@@ -22,7 +23,7 @@ namespace {
 
 struct choixExecuter {
     std::string script;
-    std::string dessin;
+    std::vector<std::string> dessins;
     bool strict = false;
     bool echo = false;
     int limite = 600; // seconds; the longest honest loop over a large survey takes some
@@ -70,15 +71,26 @@ void executer(const choixExecuter& choix)
     ScriptRunner::Options options = optionsScript(choix);
     options.commandEnded = [&] { session.console().terminer(); };
     const ScriptCommand commandeScript(options);
-    if (choix.dessin.empty())
+    if (choix.dessins.empty())
         session.creer();
     else
-        avertirDesProblemes(*session.ouvrir(choix.dessin).database());
-    session.console().terminer();
+        avertirDesProblemes(*session.ouvrir(choix.dessins.front()).database());
     const auto echec = ScriptRunner(options).run(QString::fromStdString(choix.script));
     session.console().terminer();
     if (echec)
         throw erreurProgramme(echec->toStdString());
+}
+
+void executerPourChacun(const choixExecuter& choix)
+{
+    std::vector<std::string> arguments{"executer", choix.script, "--limite", std::to_string(choix.limite)};
+    if (choix.strict)
+        arguments.emplace_back("--strict");
+    if (choix.echo)
+        arguments.emplace_back("--echo");
+    const std::string entree =
+        choix.script == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {}) : std::string();
+    executerParDessin(arguments, choix.dessins, entree);
 }
 
 } // namespace
@@ -88,12 +100,17 @@ void ajouterCommandeExecuter(CLI::App& programme)
     CLI::App& commande = *programme.add_subcommand("executer", "Exécute un script : commandes et dialogues");
     commande.group(groupeCommandes);
     const auto choix = std::make_shared<choixExecuter>();
-    commande.add_option("SCRIPT", choix->script, "Fichier du script (voir docs/scripts.md)")->type_name("")->required();
-    commande.add_option("--dessin", choix->dessin, "Dessin à ouvrir d'abord (sans lui, un dessin neuf)")
-        ->type_name("D.dxf");
+    commande.add_option("SCRIPT", choix->script, "Fichier du script, - pour l'entrée standard (docs/scripts.md)")
+        ->type_name("")
+        ->required();
+    commande
+        .add_option("--dessin", choix->dessins,
+                    "Dessins à ouvrir d'abord, chacun à son tour (sans eux, un dessin neuf)")
+        ->type_name("D.dxf")
+        ->allow_extra_args(false);
     commande.add_flag("--strict", choix->strict, "Refuse les objets laissés ouverts par une commande");
     commande.add_flag("--echo", choix->echo, "Montre les invites et les réponses du script");
     commande.add_option("--limite", choix->limite, "Calcul le plus long d'une expression AutoLISP, en secondes (600)")
         ->type_name("S");
-    commande.callback([choix] { executer(*choix); });
+    commande.callback([choix] { choix->dessins.size() > 1 ? executerPourChacun(*choix) : executer(*choix); });
 }

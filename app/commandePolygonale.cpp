@@ -46,6 +46,12 @@ void ajouterGenre(CLI::App& polygonale, const char* nom, const char* description
         ->type_name("")
         ->required();
     commande.add_option("--rapport", choisi->demande.rapport, "Écrit le rapport de calcul")->type_name("F.html");
+    commande.add_flag("--strict", choisi->demande.strict,
+                      "Échoue (état 1) quand la fermeture est hors de pratique ou de tolérance");
+    commande
+        .add_option("--precision-angle", choisi->demande.precisionAngle,
+                    "Écart type s d'un angle, dans l'unité du fichier : la tolérance est 2,7 s √(n+1) pour n côtés")
+        ->type_name("S");
     declarerPlacement(commande, choisi->demande);
     commande.add_flag("--json", choisi->json, "Donne tout en JSON, et rien d'autre");
     commande.callback([choisi, traiter] {

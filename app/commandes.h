@@ -8,6 +8,9 @@ class App;
 // is thrown as erreurProgramme.
 
 void ajouterCommandePolygonale(CLI::App& programme);
+void ajouterCommandePoints(CLI::App& programme);
+void ajouterCommandeImplantation(CLI::App& programme);
+void ajouterCommandeReseau(CLI::App& programme);
 void ajouterCommandeInfo(CLI::App& programme);
 void ajouterCommandeConvertir(CLI::App& programme);
 void ajouterCommandeApercu(CLI::App& programme);

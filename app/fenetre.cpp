@@ -62,6 +62,7 @@ void ouvrirFenetre(const choixFenetre& choix)
     refuserCommandesInconnues(choix.dessins);
     exigerEcran();
     const auto application = VelaApplication::make(VelaApplication::Screen::user);
+    QApplication::setApplicationVersion(QStringLiteral(VELA_VERSION));
     std::ostringstream debut; // what modules say before there is a window
     sessionHote session(debut);
     tablesDuProjet points;

@@ -7,6 +7,7 @@
 
 void avertir(const std::string& texte)
 {
+    std::cout.flush();
     std::cerr << "Attention : " << texte << '\n';
 }
 

@@ -16,6 +16,7 @@ constexpr const char* version = "vela " VELA_VERSION;
 
 int refuser(std::string_view message)
 {
+    std::cout.flush(); // in the order in which it happened, where both go to one file
     std::cerr << "vela : " << message << '\n';
     return 1;
 }
@@ -43,6 +44,9 @@ int lancerProgramme(int argc, const char* const* argv)
     programme.set_version_flag("--version", version, "Affiche la version");
     programme.require_subcommand(0, 1);
     ajouterCommandePolygonale(programme);
+    ajouterCommandePoints(programme);
+    ajouterCommandeImplantation(programme);
+    ajouterCommandeReseau(programme);
     ajouterCommandeInfo(programme);
     ajouterCommandeConvertir(programme);
     ajouterCommandeApercu(programme);

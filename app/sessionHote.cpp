@@ -19,6 +19,8 @@ namespace {
 
 // In the order of loading: the main module hands projects over to the survey module.
 constexpr std::array modulesTopo{"Vela-ARX2015-64BITS.arx", "VelaPrincipal-ARX2015-64BITS.arx"};
+// Under another licence than the rest: who leaves it out has a program without terrain models.
+constexpr char moduleTerrain[] = "KALT-ARX2015-64BITS.arx";
 
 /// Beside the program, or where an installation puts modules.
 fs::path fichierModule(const char* nom)
@@ -41,6 +43,11 @@ void exigerReussite(const std::optional<std::wstring>& refus)
         throw erreurProgramme(platform::utf8FromWide(*refus));
 }
 
+void charger(const fs::path& module)
+{
+    exigerReussite(ModuleTable::instance().load(platform::wideFromUtf8(module.string())));
+}
+
 } // namespace
 
 sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
@@ -51,7 +58,9 @@ sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
     registerHostCommands();   // before the modules: theirs are found first
     try {
         for (const char* nom : modulesTopo)
-            exigerReussite(ModuleTable::instance().load(platform::wideFromUtf8(fichierModule(nom).string())));
+            charger(fichierModule(nom));
+        if (const fs::path terrain = fichierModule(moduleTerrain); fs::exists(terrain))
+            charger(terrain);
     } catch (...) {
         fermer();
         throw;
@@ -75,6 +84,7 @@ void sessionHote::fermer()
 Document& sessionHote::ouvrir(const std::string& chemin)
 {
     const DocumentList::Opened ouvert = DocumentList::instance().open(platform::wideFromUtf8(chemin));
+    lignes.terminer();
     if (!ouvert.document)
         throw erreurProgramme(platform::utf8FromWide(ouvert.failure));
     return *ouvert.document;
@@ -82,15 +92,21 @@ Document& sessionHote::ouvrir(const std::string& chemin)
 
 Document& sessionHote::creer()
 {
-    return DocumentList::instance().create();
+    Document& document = DocumentList::instance().create();
+    lignes.terminer();
+    return document;
 }
 
 void sessionHote::enregistrer(Document& document, const std::string& chemin)
 {
-    exigerReussite(DocumentList::instance().saveAs(document, platform::wideFromUtf8(chemin)));
+    const auto refus = DocumentList::instance().saveAs(document, platform::wideFromUtf8(chemin));
+    lignes.terminer();
+    exigerReussite(refus);
 }
 
 void sessionHote::enregistrer(Document& document)
 {
-    exigerReussite(DocumentList::instance().save(document));
+    const auto refus = DocumentList::instance().save(document);
+    lignes.terminer();
+    exigerReussite(refus);
 }

@@ -1,5 +1,6 @@
 #include "traitementPolygonale.h"
 
+#include <cmath>
 #include <filesystem>
 #include <iostream>
 
@@ -143,6 +144,18 @@ void choisirCode(const demandePolygonale& demande, suitesPolygonale& suites)
                                         " n'est pas compris entre 1 et 9999 : le code 100 est pris.");
 }
 
+template <class Resultat>
+void refuserHorsTolerance(const demandePolygonale& demande, const Resultat& resultat)
+{
+    const std::wstring pratique = remarqueFermeture(resultat);
+    const std::wstring tolerance =
+        demande.precisionAngle > 0.0 ? remarqueTolerance(resultat, demande.precisionAngle) : L"";
+    const std::wstring& remarque = pratique.empty() ? tolerance : pratique;
+    if (demande.strict && !remarque.empty())
+        throw erreurProgramme(demande.observations + " : " + platform::utf8FromWide(remarque) +
+                              (demande.placer ? " Rien n'est placé." : ""));
+}
+
 /// Where the dialog asks, the program wants the answer beforehand.
 template <class Resultat>
 void refuserHorsPratique(const demandePolygonale& demande, const Resultat& resultat)
@@ -159,14 +172,20 @@ template <class Donnees, class Resultat>
 traitementPolygonale<Resultat> traiter(const demandePolygonale& demande)
 {
     verifierNoms(demande);
+    if (!(demande.precisionAngle >= 0.0) || !std::isfinite(demande.precisionAngle))
+        throw erreurProgramme("--precision-angle : un écart type positif est attendu.");
     traitementPolygonale<Resultat> t;
     const auto donnees = lireDonnees<Donnees>(demande, t);
     avertir(t, avertissementsObservations(donnees.lignes));
     t.resultat = compenserPolygonale(donnees);
     avertir(t, avertissementsPolygonale(t.resultat));
+    if (const std::wstring remarque = remarqueTolerance(t.resultat, demande.precisionAngle);
+        demande.precisionAngle > 0.0 && !remarque.empty())
+        avertir(t, {remarque});
     choisirCode(demande, t);
     if (!demande.rapport.empty())
         ecrireRapport(demande, t.resultat, t);
+    refuserHorsTolerance(demande, t.resultat);
     if (demande.placer) {
         refuserHorsPratique(demande, t.resultat);
         placer(demande, t.resultat.stations, tracesDemandees(demande, t.resultat), t);

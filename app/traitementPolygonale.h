@@ -17,6 +17,8 @@ struct demandePolygonale {
     bool altitudes = false;
     bool originale = false;
     bool compensee = false;
+    bool strict = false;          ///< a closure beyond practice or tolerance is a failure, and nothing is placed
+    double precisionAngle = 0.0;  ///< standard deviation of an angle, in the file's unit; 0 for no tolerance
     bool quandMeme = false; ///< place stations whose closure is beyond any practice
 };
 

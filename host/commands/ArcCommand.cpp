@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "commands/ArcGeometry.h"
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -19,7 +20,7 @@ AcGePoint2d plane(const AcGePoint3d& point)
 void draw(const std::optional<PlaneArc>& arc, double elevation)
 {
     if (!arc)
-        return say(command_texts::noSuchArc);
+        throw CommandFailed(command_texts::noSuchArc);
     addToDrawing(std::make_unique<AcDbArc>(AcGePoint3d(arc->center.x, arc->center.y, elevation), arc->radius,
                                            inOneTurn(arc->start), inOneTurn(arc->end)));
 }

@@ -1,6 +1,7 @@
 #include <cmath>
 #include <vector>
 
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -44,7 +45,7 @@ Measured measuredPolygon(const std::vector<AcGePoint3d>& points)
     return measured;
 }
 
-std::optional<Measured> askPolygon(const AcGePoint3d& first)
+Measured askPolygon(const AcGePoint3d& first)
 {
     std::vector<AcGePoint3d> points{first};
     for (;;) {
@@ -60,10 +61,8 @@ std::optional<Measured> askPolygon(const AcGePoint3d& first)
         else
             break;
     }
-    if (points.size() < 3) {
-        say(L"Trois points au moins sont nécessaires.");
-        return std::nullopt;
-    }
+    if (points.size() < 3)
+        throw CommandFailed(L"Trois points au moins sont nécessaires");
     return measuredPolygon(points);
 }
 
@@ -154,6 +153,7 @@ void commands::area()
         return;
     }
     const auto measured = first.value ? askPolygon(*first.value) : askObject(L"Sélectionnez un objet : ");
-    if (measured)
-        tell(*measured);
+    if (!measured)
+        throw CommandFailed(L"Rien n'a été mesuré");
+    tell(*measured);
 }

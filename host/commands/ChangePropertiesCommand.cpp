@@ -1,3 +1,4 @@
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -13,16 +14,16 @@ namespace {
 
 using Change = std::function<Acad::ErrorStatus(AcDbEntity&)>;
 
-/// Of a record that must be in the drawing; empty, told, when it is not.
+/// Of a record that must be in the drawing; empty for Enter alone.
 std::wstring askRecord(const std::wstring& prompt, AcDbObjectId table)
 {
-    const std::wstring typed = Prompt(prompt).text();
+    const std::wstring typed = Prompt(prompt).name();
     if (typed.empty())
         return {};
     const AcDbObjectId record = recordNamed(table, typed);
     if (record.isNull())
-        say(command_texts::isNotInDrawing(L"", typed));
-    return record.isNull() ? std::wstring() : recordName(record);
+        throw CommandFailed(command_texts::isNotInDrawing(L"", typed));
+    return recordName(record);
 }
 
 Change askLayer()
@@ -35,10 +36,12 @@ Change askLayer()
 
 Change askNewColor()
 {
-    const auto color =
-        colorNamed(Prompt(L"Entrez la nouvelle couleur (DuCalque, DuBloc, 1 à 255, ou son nom) : ").text(false));
-    if (!color)
+    const auto typed = Prompt(L"Entrez la nouvelle couleur (DuCalque, DuBloc, 1 à 255, ou son nom) : ").name();
+    if (typed.empty())
         return nullptr;
+    const auto color = colorNamed(typed);
+    if (!color)
+        throw CommandFailed(command_texts::colorWanted);
     return [color](AcDbEntity& entity) { return entity.setColorIndex(*color); };
 }
 
@@ -65,21 +68,26 @@ constexpr std::pair<const wchar_t*, Change (*)()> kProperties[] = {
     {L"ltScale", askLinetypeScale},
 };
 
+void changeAll(const std::vector<AcDbObjectId>& entities, const Change& what)
+{
+    for (const AcDbObjectId id : entities)
+        if (what)
+            change<AcDbEntity>(id, what);
+}
+
 } // namespace
 
 void commands::changeProperties()
 {
     const std::vector<AcDbObjectId> entities = askEditable();
-    for (;;) {
+    for (OptionsAsked options;;) {
         const std::wstring word = Prompt(L"Entrez la propriété à changer [COuleur/CAlque/Typeligne/Échelle] : ")
                                       .keywords(L"COuleur CAlque Typeligne Échelle _ Color LAyer LType ltScale")
                                       .keyword();
         if (word.empty())
-            return;
-        for (const auto& [property, ask] : kProperties)
-            if (word == property)
-                if (const Change carryOut = ask())
-                    for (const AcDbObjectId id : entities)
-                        change<AcDbEntity>(id, carryOut);
+            return options.end();
+        for (const auto& property : kProperties)
+            if (word == property.first)
+                options.carryOut([&] { changeAll(entities, property.second()); });
     }
 }

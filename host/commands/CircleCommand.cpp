@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "commands/ArcGeometry.h"
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
@@ -14,7 +15,7 @@ namespace {
 void draw(const AcGePoint3d& center, double radius)
 {
     if (!(radius > 0.0))
-        return say(L"Le rayon doit être positif.");
+        throw CommandFailed(L"Le rayon doit être positif");
     addToDrawing(std::make_unique<AcDbCircle>(center, AcGeVector3d::kZAxis, radius));
     setVariable(L"CIRCLERAD", radius);
 }
@@ -33,7 +34,7 @@ void throughThree()
     const AcGePoint3d c = askPoint(L"Spécifiez le troisième point du cercle : ", b);
     const auto circle = circleThrough({a.x, a.y}, {b.x, b.y}, {c.x, c.y});
     if (!circle)
-        return say(L"Aucun cercle ne passe par ces points.");
+        throw CommandFailed(L"Aucun cercle ne passe par ces points");
     draw({circle->center.x, circle->center.y, a.z}, circle->radius);
 }
 

@@ -1,4 +1,6 @@
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
+#include "commands/CommandTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
 #include "db/Colors.h"
@@ -12,6 +14,6 @@ void commands::color()
         return;
     const auto index = colorNamed(typed);
     if (!index)
-        return say(L"Une couleur de 1 à 255, son nom, DuCalque ou DuBloc est attendu.");
+        throw CommandFailed(command_texts::colorWanted);
     ::setVariable(L"CECOLOR", storedColor(*index));
 }

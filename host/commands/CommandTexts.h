@@ -21,6 +21,7 @@ inline constexpr wchar_t startTangent[] = L"Spécifiez la direction de la tangen
 inline constexpr wchar_t arcRadius[] = L"Spécifiez le rayon de l'arc : ";
 
 inline constexpr wchar_t copyOrReference[] = L"Copier Référence _ Copy Reference";
+inline constexpr wchar_t colorWanted[] = L"Une couleur de 1 à 255, son nom, DuCalque ou DuBloc est attendu.";
 inline constexpr wchar_t zoomFactorWanted[] =
     L"Un nombre positif est attendu, suivi de X pour compter depuis la vue présente.";
 

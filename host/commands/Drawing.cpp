@@ -1,5 +1,6 @@
 #include "commands/Drawing.h"
 
+#include "commands/CommandFailed.h"
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "ed/input/PickFirst.h"
@@ -94,11 +95,22 @@ std::vector<AcDbObjectId> askEditable()
 {
     std::vector<AcDbObjectId> chosen = askObjects();
     const std::size_t locked = std::erase_if(chosen, isOnLockedLayer);
-    if (locked > 0)
-        say(countText(locked, L"objet") + (locked > 1 ? L" étaient" : L" était") + L" sur un calque verrouillé.");
+    const std::wstring left =
+        countText(locked, L"objet") + (locked > 1 ? L" étaient" : L" était") + L" sur un calque verrouillé.";
     if (chosen.empty())
-        throw CommandCancelled();
+        throw CommandFailed(left);
+    if (locked > 0)
+        say(left);
     return chosen;
+}
+
+void tellRefused(std::size_t refused, std::size_t all, const wchar_t* one, const wchar_t* several)
+{
+    const std::wstring told = countText(refused, L"objet") + (refused > 1 ? several : one);
+    if (refused > 0 && refused == all)
+        throw CommandFailed(told);
+    if (refused > 0)
+        say(told);
 }
 
 std::wstring recordName(AcDbObjectId record)

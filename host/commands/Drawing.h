@@ -26,10 +26,14 @@ Acad::ErrorStatus change(AcDbObjectId id, const std::function<Acad::ErrorStatus(
 
 Acad::ErrorStatus eraseObject(AcDbObjectId id);
 
-/// Asks for entities; those on locked layers are told of and left out. Throws CommandCancelled when nothing is chosen.
+/// Asks for entities; those on locked layers are told of and left out. Throws CommandCancelled when nothing is
+/// chosen, CommandFailed when all of it is on such layers.
 std::vector<AcDbObjectId> askEditable();
 /// Asks for entities that are only looked at.
 std::vector<AcDbObjectId> askObjects();
+
+/// Tells how many of the objects a command could do nothing with. @throws CommandFailed when that is all of them.
+void tellRefused(std::size_t refused, std::size_t all, const wchar_t* one, const wchar_t* several);
 
 /// Name of a record of a symbol table.
 std::wstring recordName(AcDbObjectId record);

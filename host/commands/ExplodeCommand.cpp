@@ -1,7 +1,9 @@
+#include <algorithm>
+#include <functional>
+
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
-#include "commands/NumberTexts.h"
-#include "commands/Prompt.h"
+#include "commands/Transforming.h"
 
 #include "acarray.h"
 #include "dbents.h"
@@ -34,7 +36,7 @@ void keepAttributes(const AcDbBlockReference& reference, AcDbVoidPtrArray& parts
     }
 }
 
-/// Replaces an entity by its parts; false when it has none.
+/// Replaces an entity by its parts; false when it has none, or one beyond all numbers.
 bool explodeObject(AcDbObjectId id)
 {
     AcDbVoidPtrArray parts;
@@ -47,8 +49,13 @@ bool explodeObject(AcDbObjectId id)
         if (const AcDbBlockReference* reference = AcDbBlockReference::cast(entity.object()))
             keepAttributes(*reference, parts);
     }
+    std::vector<std::unique_ptr<AcDbEntity>> made;
     for (void* part : parts)
-        addAsItIs(std::unique_ptr<AcDbEntity>(static_cast<AcDbEntity*>(part)), block);
+        made.emplace_back(static_cast<AcDbEntity*>(part));
+    if (!std::ranges::all_of(made, [](const auto& part) { return staysAmongNumbers(*part); }))
+        return false;
+    for (auto& part : made)
+        addAsItIs(std::move(part), block);
     return eraseObject(id) == Acad::eOk;
 }
 
@@ -56,9 +63,7 @@ bool explodeObject(AcDbObjectId id)
 
 void commands::explode()
 {
-    std::size_t whole = 0;
-    for (const AcDbObjectId id : askEditable())
-        whole += !explodeObject(id);
-    if (whole > 0)
-        say(countText(whole, L"objet") + (whole > 1 ? L" ne peuvent être décomposés." : L" ne peut être décomposé."));
+    const auto objects = askEditable();
+    const auto whole = static_cast<std::size_t>(std::ranges::count_if(objects, std::not_fn(explodeObject)));
+    tellRefused(whole, objects.size(), L" ne peut être décomposé.", L" ne peuvent être décomposés.");
 }

@@ -1,6 +1,7 @@
 #include <filesystem>
 
 #include "ap/DocumentList.h"
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/NumberTexts.h"
@@ -68,17 +69,15 @@ std::wstring stem(const std::wstring& path)
     return path.substr(slash, dot == std::wstring::npos || dot < slash ? dot : dot - slash);
 }
 
-/// The drawing of a file becomes a block; a null id, told, when it cannot be read.
+/// The drawing of a file becomes a block. @throws CommandFailed when it cannot be read.
 AcDbObjectId blockFromFile(const std::wstring& blockName, const std::wstring& path)
 {
     AcDbDatabase source(false, true);
-    if (source.readDwgFile(path.c_str()) != Acad::eOk) {
-        say(source.lastError());
-        return {};
-    }
+    if (source.readDwgFile(path.c_str()) != Acad::eOk)
+        throw CommandFailed(source.lastError());
     AcDbObjectId block;
     if (drawing().insert(block, blockName.c_str(), &source) != Acad::eOk)
-        say(L"Le fichier « " + path + L" » ne peut être inséré.");
+        throw CommandFailed(L"Le fichier « " + path + L" » ne peut être inséré");
     return block;
 }
 
@@ -92,8 +91,7 @@ AcDbObjectId blockCalled(const std::wstring& typed)
     const std::wstring path = fileOf(equals == std::wstring::npos ? typed : typed.substr(equals + 1));
     if (!path.empty())
         return blockFromFile(name, path);
-    say(L"Ni bloc ni fichier de ce nom : « " + typed + L" ».");
-    return {};
+    throw CommandFailed(L"Ni bloc ni fichier de ce nom : « " + typed + L" »");
 }
 
 AcDbObjectId askBlock()
@@ -101,7 +99,7 @@ AcDbObjectId askBlock()
     for (;;) {
         const auto former = variable<std::wstring>(L"INSNAME");
         const std::wstring otherwise = former.empty() ? L"" : L" <" + former + L">";
-        const std::wstring typed = Prompt(L"Entrez le nom du bloc ou [?]" + otherwise + L" : ").text();
+        const std::wstring typed = Prompt(L"Entrez le nom du bloc ou [?]" + otherwise + L" : ").name();
         if (typed == L"?") {
             listBlocks();
             continue;
@@ -110,8 +108,6 @@ AcDbObjectId askBlock()
         if (name.empty())
             throw CommandCancelled();
         const AcDbObjectId block = blockCalled(name);
-        if (block.isNull())
-            throw CommandCancelled();
         setVariable(L"INSNAME", recordName(block));
         return block;
     }
@@ -210,7 +206,7 @@ void commands::insert()
 {
     const AcDbObjectId block = askBlock();
     if (block == drawing().currentSpaceId())
-        return say(L"L'espace objet ne s'insère pas dans lui-même.");
+        throw CommandFailed(L"L'espace objet ne s'insère pas dans lui-même");
     const AcGePoint3d position = askPoint(L"Spécifiez le point d'insertion : ");
     auto reference = std::make_unique<AcDbBlockReference>(position, block);
     reference->setScaleFactors(askScales());

@@ -1,5 +1,6 @@
 #include <sstream>
 
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -30,20 +31,16 @@ AcDbObjectId layerNamed(const std::wstring& name)
     return recordNamed(drawing().layerTableId(), name);
 }
 
-/// Makes a layer; a null id, told, when its name will not do.
+/// Makes a layer. @throws CommandFailed when its name will not do.
 AcDbObjectId makeLayer(const std::wstring& name)
 {
-    AcDbLayerTable* layers = nullptr;
-    if (drawing().getLayerTable(layers, AcDb::kForWrite) != Acad::eOk)
-        return {};
+    const AcDbObjectPointer<AcDbLayerTable> layers(drawing().layerTableId(), AcDb::kForWrite);
     auto record = std::make_unique<Layer>();
     record->setLinetypeObjectId(drawing().continuousLinetype());
     AcDbObjectId id;
-    if (record->setName(name.c_str()) == Acad::eOk && layers->add(id, record.get()) == Acad::eOk)
-        record.release()->close();
-    else
-        say(command_texts::isNotAllowed(L"Le nom de calque ", name));
-    layers->close();
+    if (!layers.object() || record->setName(name.c_str()) != Acad::eOk || layers->add(id, record.get()) != Acad::eOk)
+        throw CommandFailed(command_texts::isNotAllowed(L"Le nom de calque ", name));
+    record.release()->close();
     return id;
 }
 
@@ -51,7 +48,7 @@ AcDbObjectId makeLayer(const std::wstring& name)
 std::vector<std::wstring> askNames(const std::wstring& prompt, bool offerCurrent)
 {
     const std::wstring otherwise = offerCurrent ? L" <" + currentLayer() + L">" : L"";
-    std::wstring typed = Prompt(prompt + otherwise + L" : ").text();
+    std::wstring typed = Prompt(prompt + otherwise + L" : ").name();
     if (typed.empty() && offerCurrent)
         typed = currentLayer();
     std::vector<std::wstring> names;
@@ -62,7 +59,7 @@ std::vector<std::wstring> askNames(const std::wstring& prompt, bool offerCurrent
     return names;
 }
 
-/// The layers that patterns name. A name that is no pattern and no layer is told.
+/// The layers that patterns name. @throws CommandFailed when one names none.
 std::vector<AcDbObjectId> layersLike(const std::vector<std::wstring>& patterns)
 {
     std::vector<AcDbObjectId> found;
@@ -78,7 +75,7 @@ std::vector<AcDbObjectId> layersLike(const std::vector<std::wstring>& patterns)
             found.push_back(id);
         }
         if (!any)
-            say(L"Aucun calque ne correspond à « " + pattern + L" ».");
+            throw CommandFailed(L"Aucun calque ne correspond à « " + pattern + L" »");
     }
     return found;
 }
@@ -93,7 +90,7 @@ void changeLayers(const std::wstring& prompt, bool offerCurrent, const LayerChan
 
 void listLayers()
 {
-    const std::wstring pattern = Prompt(L"Entrez les noms des calques à lister <*> : ").text();
+    const std::wstring pattern = Prompt(L"Entrez les noms des calques à lister <*> : ").name();
     std::size_t count = 0;
     for (const AcDbObjectId id : layersLike({pattern.empty() ? L"*" : pattern})) {
         const AcDbObjectPointer<Layer> layer(id);
@@ -115,15 +112,13 @@ void makeCurrent(const std::wstring& name, bool mayMake)
     if (id.isNull() && mayMake)
         id = makeLayer(name);
     else if (id.isNull())
-        say(command_texts::isMissing(L"Le calque ", name));
-    if (id.isNull())
-        return;
+        throw CommandFailed(command_texts::isMissing(L"Le calque ", name));
     const bool frozen = [&] {
         const AcDbObjectPointer<Layer> layer(id);
         return layer.object() && layer->isFrozen();
     }();
     if (frozen)
-        return say(L"Un calque gelé ne peut être le calque courant.");
+        throw CommandFailed(L"Un calque gelé ne peut être le calque courant");
     drawing().setClayer(id);
 }
 
@@ -170,10 +165,9 @@ void freeze()
 {
     const AcDbObjectId current = drawing().clayer();
     changeLayers(L"Entrez les noms des calques à geler", false, [current](Layer& layer) {
-        if (layer.objectId() != current)
-            return layer.setIsFrozen(true);
-        say(L"Le calque courant ne peut être gelé.");
-        return Acad::eNotApplicable;
+        if (layer.objectId() == current)
+            throw CommandFailed(L"Le calque courant ne peut être gelé");
+        return layer.setIsFrozen(true);
     });
 }
 
@@ -203,7 +197,7 @@ void setColor()
 {
     const auto index = colorNamed(Prompt(L"Entrez la couleur (1 à 255, ou son nom) : ").text(false));
     if (!index || *index < 1 || *index > 255)
-        return say(L"Une couleur de 1 à 255, ou son nom, est attendue.");
+        throw CommandFailed(L"Une couleur de 1 à 255, ou son nom, est attendue");
     AcCmColor color;
     color.setColorIndex(*index);
     changeLayers(L"Entrez les noms des calques de la couleur " + colorText(*index), true, [color](Layer& layer) {
@@ -216,11 +210,11 @@ void setColor()
 
 void setLinetype()
 {
-    const std::wstring typed = Prompt(L"Entrez le nom du type de ligne <Continuous> : ").text();
+    const std::wstring typed = Prompt(L"Entrez le nom du type de ligne <Continuous> : ").name();
     const std::wstring name = typed.empty() ? L"Continuous" : typed;
     const AcDbObjectId linetype = recordNamed(drawing().linetypeTableId(), name);
     if (linetype.isNull())
-        return say(command_texts::isNotInDrawing(L"Le type de ligne ", name));
+        throw CommandFailed(command_texts::isNotInDrawing(L"Le type de ligne ", name));
     changeLayers(L"Entrez les noms des calques du type de ligne « " + recordName(linetype) + L" »", true,
                  [linetype](Layer& layer) {
                      layer.setLinetypeObjectId(linetype);
@@ -230,7 +224,7 @@ void setLinetype()
 
 void renameLayer()
 {
-    const std::wstring former = Prompt(L"Entrez l'ancien nom du calque : ").text();
+    const std::wstring former = Prompt(L"Entrez l'ancien nom du calque : ").name();
     renameRecord(layerNamed(former), former);
 }
 
@@ -247,7 +241,7 @@ constexpr std::pair<const wchar_t*, LayerOption> kOptions[] = {
 void commands::layer()
 {
     say(L"Calque courant : « " + currentLayer() + L" »");
-    for (;;) {
+    for (OptionsAsked options;;) {
         const std::wstring word =
             Prompt(L"Entrez une option [?/CRéer/Définir/Nouveau/REnommer/ACtif/INactif/COuleur/Typeligne/Geler/"
                    L"Libérer/Verrouiller/déverrOuiller] : ")
@@ -255,9 +249,9 @@ void commands::layer()
                           L"déverrOuiller _ ? Make Set New Rename ON OFF Color Ltype Freeze Thaw LOck Unlock")
                 .keyword();
         if (word.empty())
-            return;
+            return options.end();
         for (const auto& [option, carryOut] : kOptions)
             if (word == option)
-                carryOut();
+                options.carryOut(carryOut);
     }
 }

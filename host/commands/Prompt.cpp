@@ -160,6 +160,14 @@ std::wstring Prompt::text(bool blanks)
     return given;
 }
 
+std::wstring Prompt::name()
+{
+    std::wstring given = text(false);
+    if (given.size() > 1 && given.front() == L'"' && given.back() == L'"')
+        given = given.substr(1, given.size() - 2);
+    return given;
+}
+
 AcGePoint3d askPoint(const std::wstring& prompt)
 {
     return *Prompt(prompt).required().point().value;

@@ -56,6 +56,8 @@ public:
     std::wstring keyword();
     /// One word, or with `blanks` a whole line.
     std::wstring text(bool blanks = true);
+    /// A name, which a blank ends unless it stands in quotes, left out here. Empty for Enter alone.
+    std::wstring name();
 
 private:
     Prompt& refusing(int bits)

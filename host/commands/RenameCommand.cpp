@@ -1,3 +1,4 @@
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -44,16 +45,16 @@ bool isFixed(const std::wstring& name)
 void renameRecord(AcDbObjectId record, const std::wstring& former)
 {
     if (record.isNull())
-        return say(command_texts::isMissing(L"", former));
+        throw CommandFailed(command_texts::isMissing(L"", former));
     if (isFixed(recordName(record)))
-        return say(L"« " + recordName(record) + L" » ne peut être renommé.");
-    const std::wstring name = Prompt(L"Entrez le nouveau nom : ").text();
+        throw CommandFailed(L"« " + recordName(record) + L" » ne peut être renommé");
+    const std::wstring name = Prompt(L"Entrez le nouveau nom : ").name();
     const Acad::ErrorStatus es = change<AcDbSymbolTableRecord>(
         record, [&](AcDbSymbolTableRecord& opened) { return opened.setName(name.c_str()); });
     if (es == Acad::eDuplicateRecordName)
-        say(command_texts::isThere(L"", name));
-    else if (es != Acad::eOk)
-        say(command_texts::isNotAllowed(L"Le nom ", name));
+        throw CommandFailed(command_texts::isThere(L"", name));
+    if (es != Acad::eOk)
+        throw CommandFailed(command_texts::isNotAllowed(L"Le nom ", name));
 }
 
 void commands::rename()
@@ -67,6 +68,6 @@ void commands::rename()
                                : kind == L"LAyer" ? drawing().layerTableId()
                                : kind == L"Style" ? drawing().textStyleTableId()
                                                   : drawing().linetypeTableId();
-    const std::wstring former = Prompt(L"Entrez l'ancien nom : ").text();
+    const std::wstring former = Prompt(L"Entrez l'ancien nom : ").name();
     renameRecord(recordNamed(table, former), former);
 }

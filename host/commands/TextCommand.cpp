@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -59,11 +60,11 @@ Justification askJustification()
 void askStyle(TextRun& run)
 {
     const std::wstring name =
-        Prompt(L"Entrez le nom du style <" + variable<std::wstring>(L"TEXTSTYLE") + L"> : ").text();
+        Prompt(L"Entrez le nom du style <" + variable<std::wstring>(L"TEXTSTYLE") + L"> : ").name();
     if (name.empty())
         return;
     if (SystemVariables::instance().set(L"TEXTSTYLE", name) != SystemVariables::Answer::done)
-        return say(command_texts::isMissing(L"Le style ", name));
+        throw CommandFailed(command_texts::isMissing(L"Le style ", name));
     run.style = drawing().textstyle();
 }
 

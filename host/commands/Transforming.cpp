@@ -1,14 +1,14 @@
 #include "commands/Transforming.h"
 
+#include <cmath>
 #include <map>
 #include <set>
 
 #include "commands/Drawing.h"
-#include "commands/NumberTexts.h"
-#include "commands/Prompt.h"
 #include "ed/input/Transients.h"
 
 #include "acdocman.h"
+#include "dbents.h"
 #include "dbsymtb.h"
 
 namespace {
@@ -50,6 +50,11 @@ AcDbObjectIdArray inDrawingOrder(const Group& group)
     return ordered;
 }
 
+bool isNumber(const AcGePoint3d& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
 } // namespace
 
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects)
@@ -65,15 +70,34 @@ std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects)
     return copies;
 }
 
+bool staysAmongNumbers(const AcDbEntity& entity, const AcGeMatrix3d& matrix)
+{
+    const auto* const reference = AcDbBlockReference::cast(&entity); // those far off may have no extents
+    const auto* const text = AcDbText::cast(&entity);
+    if ((reference && !isNumber(matrix * reference->position())) || (text && !isNumber(matrix * text->position())))
+        return false;
+    AcDbExtents box;
+    if (entity.getGeomExtents(box) != Acad::eOk)
+        return true;
+    const AcGePoint3d corners[] = {box.minPoint(), box.maxPoint()};
+    for (int i = 0; i < 8; ++i)
+        if (!isNumber(matrix * AcGePoint3d(corners[i & 1].x, corners[i >> 1 & 1].y, corners[i >> 2].z)))
+            return false;
+    return true;
+}
+
+Acad::ErrorStatus transformed(AcDbEntity& entity, const AcGeMatrix3d& matrix)
+{
+    return staysAmongNumbers(entity, matrix) ? entity.transformBy(matrix) : Acad::eInvalidInput;
+}
+
 void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix)
 {
     std::size_t refused = 0;
     for (const AcDbObjectId id : objects)
-        if (change<AcDbEntity>(id, [&](AcDbEntity& entity) { return entity.transformBy(matrix); }) != Acad::eOk)
+        if (change<AcDbEntity>(id, [&](AcDbEntity& entity) { return transformed(entity, matrix); }) != Acad::eOk)
             ++refused;
-    if (refused > 0)
-        say(countText(refused, L"objet") +
-            (refused > 1 ? L" ne peuvent être transformés." : L" ne peut être transformé."));
+    tellRefused(refused, objects.size(), L" ne peut être transformé.", L" ne peuvent être transformés.");
 }
 
 Ghost::Ghost(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base,

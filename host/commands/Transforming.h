@@ -11,6 +11,12 @@ class Transients;
 /// Copies entities, each into the block that it stands in.
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects);
 
+/// Whether an entity, moved through a matrix, is placed by numbers still: it could not be saved otherwise.
+bool staysAmongNumbers(const AcDbEntity& entity, const AcGeMatrix3d& matrix = AcGeMatrix3d::kIdentity);
+
+/// Moves an entity through a matrix, unless that takes it beyond all numbers.
+Acad::ErrorStatus transformed(AcDbEntity& entity, const AcGeMatrix3d& matrix);
+
 /// Moves entities through a matrix. What cannot go through it, such as a text that would be slanted, stays and is told.
 void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix);
 

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
 #include "commands/Drawing.h"
@@ -125,11 +126,12 @@ AcGeMatrix3d readable(const AcDbEntity& text, const AcGeVector3d& along, const A
 Acad::ErrorStatus mirrorObject(AcDbEntity& entity, const AcGeMatrix3d& mirror)
 {
     if (const AcDbText* text = AcDbText::cast(&entity))
-        return entity.transformBy(
+        return transformed(
+            entity,
             readable(entity, AcGeVector3d(std::cos(text->rotation()), std::sin(text->rotation()), 0.0), mirror));
     if (const AcDbMText* text = AcDbMText::cast(&entity))
-        return entity.transformBy(readable(entity, text->direction(), mirror));
-    return entity.transformBy(mirror);
+        return transformed(entity, readable(entity, text->direction(), mirror));
+    return transformed(entity, mirror);
 }
 
 } // namespace
@@ -154,13 +156,12 @@ void commands::mirror()
     const AcGePoint3d first = askPoint(L"Spécifiez le premier point de la ligne de symétrie : ");
     const auto mirror = mirrorThrough(first, askSecond(originals, first));
     if (!mirror)
-        return say(L"Les deux points sont confondus.");
+        throw CommandFailed(L"Les deux points sont confondus");
     const bool replaces = askYes(L"Effacer les objets source ?", false);
     const auto objects = replaces ? originals : copyObjects(originals);
     std::size_t refused = 0;
     for (const AcDbObjectId id : objects)
         refused +=
             change<AcDbEntity>(id, [&](AcDbEntity& entity) { return mirrorObject(entity, *mirror); }) != Acad::eOk;
-    if (refused > 0)
-        say(countText(refused, L"objet") + L" sans symétrique.");
+    tellRefused(refused, objects.size(), L" sans symétrique.", L" sans symétrique.");
 }

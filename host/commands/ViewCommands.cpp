@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cwchar>
 
+#include "commands/CommandFailed.h"
 #include "commands/CommandHooks.h"
 #include "commands/Commands.h"
 #include "commands/CommandTexts.h"
@@ -119,7 +120,7 @@ void showAbout()
         wchar_t* end = nullptr;
         const double factor = std::wcstod(given.keyword.c_str(), &end);
         if (!(factor > 0.0) || (*end != L'x' && *end != L'X'))
-            return say(command_texts::zoomFactorWanted);
+            throw CommandFailed(command_texts::zoomFactorWanted);
         height = now.height / factor;
     }
     show({center.x, center.y}, height);
@@ -155,7 +156,7 @@ void commands::zoom()
         if (given.is(word))
             return option();
     if (!given.keyword.empty() && !showScaled(given.keyword))
-        say(command_texts::zoomFactorWanted);
+        throw CommandFailed(command_texts::zoomFactorWanted);
 }
 
 void commands::pan()

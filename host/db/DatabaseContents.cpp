@@ -98,6 +98,30 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin)
     return begin.object() ? begin->setBasePoint(origin) : begin.openStatus();
 }
 
+Acad::ErrorStatus AcDbBlockTableRecord::comments(const ACHAR*& text) const
+{
+    assertReadEnabled();
+    text = L"";
+    if (objectId().isNull())
+        return Acad::eOk;
+    AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(objectId().stub());
+    AcDbStub* begin = database.blocks().of(objectId().stub()).begin;
+    const auto* bounds = begin ? AcDbBlockBegin::cast(&database.object(*recordOf(begin))) : nullptr;
+    if (bounds)
+        text = bounds->description();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::setComments(const ACHAR* text)
+{
+    if (objectId().isNull())
+        return Acad::eNoDatabase;
+    AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(objectId().stub());
+    AcDbObjectPointer<AcDbBlockBegin> begin(AcDbObjectId(database.blocks().of(objectId().stub()).begin),
+                                            AcDb::kForWrite, false, true);
+    return begin.object() ? begin->setDescription(text ? text : L"") : begin.openStatus();
+}
+
 bool AcDbBlockTableRecord::hasAttributeDefinitions() const
 {
     assertReadEnabled();

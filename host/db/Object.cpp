@@ -4,6 +4,8 @@
 #include "db/ObjectExtras.h"
 #include "db/ObjectOpening.h"
 #include "db/ObjectTags.h"
+#include "dxf/DxfCursor.h"
+#include "dxf/DxfValue.h"
 
 #include "acutmem.h"
 #include "dbdict.h"
@@ -174,15 +176,31 @@ Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing)
 
 // ---- extension dictionary, reactors, extended data
 
+namespace {
+
+/// Of a class that nobody knows, but marked as one made from dictionaries.
+bool isUnknownDictionary(const AcDbDatabaseImpl& database, AcDbObjectId id)
+{
+    if (!isOfClass(id, AcDbProxyObject::desc()))
+        return false;
+    DxfCursor cursor(database.form(), database.bytes(*recordOf(id.stub())));
+    DxfTag tag;
+    while (cursor.next(tag))
+        if (tag.code == 100 && dxfText(tag) == "AcDbDictionary")
+            return true;
+    return false;
+}
+
+} // namespace
+
 AcDbObjectId AcDbObject::extensionDictionary() const
 {
     if (!m_stub)
         return {};
     AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(m_stub);
     const AcDbObjectId id(database.byHandle(ObjectTags(database, *this).extensionDictionary()));
-    // A file may name an object of another class: no dictionary is then there, and one may be made. What nobody knows
-    // may be one.
-    return isOfClass(id, AcDbDictionary::desc()) || isOfClass(id, AcDbProxyObject::desc()) ? id : AcDbObjectId();
+    // A file may name an object of another class: no dictionary is then there, and one may be made.
+    return isOfClass(id, AcDbDictionary::desc()) || isUnknownDictionary(database, id) ? id : AcDbObjectId();
 }
 
 Acad::ErrorStatus AcDbObject::createExtensionDictionary()

@@ -59,10 +59,16 @@ std::size_t sizeOf(const resbuf& item)
     return head + (item.resval.rstring ? std::char_traits<ACHAR>::length(item.resval.rstring) : 0);
 }
 
-/// Braces that pair within each application, and layers that the drawing has.
+bool isHandle(std::wstring_view text)
+{
+    return !text.empty() && text.size() <= 16 &&
+           text.find_first_not_of(L"0123456789ABCDEFabcdef") == std::wstring_view::npos;
+}
+
+/// Braces that pair within each application, layers that the drawing has, and handles that are some.
 Acad::ErrorStatus checkItems(const resbuf* data, AcDbDatabaseImpl* database)
 {
-    constexpr int brace = 1002, layer = 1003;
+    constexpr int brace = 1002, layer = 1003, handle = 1005;
     int open = 0;
     for (const resbuf* item = data; item; item = item->rbnext) {
         const std::wstring_view text = item->restype <= layer && item->resval.rstring ? item->resval.rstring : L"";
@@ -72,6 +78,8 @@ Acad::ErrorStatus checkItems(const resbuf* data, AcDbDatabaseImpl* database)
             return Acad::eInvalidResBuf;
         if (item->restype == layer && database && !database->named(NameKind::layer, text))
             return Acad::eKeyNotFound;
+        if (item->restype == handle && !isHandle(item->resval.rstring ? item->resval.rstring : L""))
+            return Acad::eInvalidResBuf;
     }
     return Acad::eOk;
 }

@@ -85,6 +85,19 @@ bool AcDbSymbolTable::has(AcDbObjectId id) const
     return !id.isErased() && std::ranges::find(records, id.stub()) != records.end();
 }
 
+namespace {
+
+/// A block added as "*U" gets a number that no other has.
+void numberAnonymous(AcDbSymbolTableRecord& record, SymbolNames& names)
+{
+    std::size_t number = names.records().size();
+    while (names.find((L"*U" + std::to_wstring(number)).c_str()))
+        ++number;
+    record.setName((L"*U" + std::to_wstring(number)).c_str());
+}
+
+} // namespace
+
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* record)
 {
     id.setNull();
@@ -98,11 +111,15 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
         return Acad::eNotOpenForWrite;
     if (kindOf(*record) != kindOf(*this))
         return Acad::eWrongObjectType;
+    SymbolNames& names = namesOf(*this);
     const ACHAR* name = nullptr;
     record->getName(name);
+    if (record->isKindOf(AcDbBlockTableRecord::desc()) && std::wstring_view(name) == L"*U") {
+        numberAnonymous(*record, names);
+        record->getName(name);
+    }
     if (!isValidName(name, record->isKindOf(AcDbBlockTableRecord::desc())))
         return Acad::eInvalidSymbolTableName;
-    SymbolNames& names = namesOf(*this);
     if (names.find(name))
         return Acad::eDuplicateKey;
     assertWriteEnabled();

@@ -22,7 +22,6 @@ public:
     operator const wchar_t*() const { return m_text.c_str(); }
     int GetLength() const { return static_cast<int>(m_text.size()); }
     bool IsEmpty() const { return m_text.empty(); }
-    void Empty() { m_text.clear(); }
 
     /// The length itself may be given, and gives the terminating zero; beyond raises the invalid-argument exception.
     wchar_t operator[](int index) const { return GetAt(index); }

@@ -38,7 +38,8 @@ public:
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id, bool getErasedRecord = false) const;
     bool has(const ACHAR* name) const;
     bool has(AcDbObjectId id) const;
-    /// Adds a record and opens it for write. eDuplicateKey when the name is taken.
+    /// Adds a record and opens it for write. eDuplicateKey when the name is taken. A block named "*U" becomes
+    /// anonymous: "*U" and a number.
     Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     /// For the caller to delete.
@@ -288,6 +289,9 @@ public:
     bool hasAttributeDefinitions() const;
     AcGePoint3d origin() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
+    /// What users wrote about the block; valid while the record is open.
+    Acad::ErrorStatus comments(const ACHAR*& text) const;
+    Acad::ErrorStatus setComments(const ACHAR* text);
     /// References of this block in the whole drawing.
     Acad::ErrorStatus getBlockReferenceIds(AcDbObjectIdArray& ids, bool directOnly = true,
                                            bool forceValidity = false) const;

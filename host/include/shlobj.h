@@ -8,7 +8,7 @@ constexpr HRESULT S_OK = 0;
 constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
 constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
 
-constexpr int CSIDL_APPDATA = 0x001A;     // what programs keep for the user; here the settings folder of this one
+constexpr int CSIDL_APPDATA = 0x001A;     // what programs keep for the user; here ~/.local/share/vela
 constexpr int CSIDL_FLAG_CREATE = 0x8000; // makes it when it is not there
 constexpr DWORD SHGFP_TYPE_CURRENT = 0;
 

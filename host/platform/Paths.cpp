@@ -120,6 +120,14 @@ fs::path configurationFolder()
     return (configured.is_absolute() ? configured : homeFolder() / ".config") / "vela";
 }
 
+fs::path dataFolder()
+{
+    if (const fs::path chosen = fromEnvironment("VELA_REGISTRY"); !chosen.empty())
+        return fs::absolute(chosen).parent_path();
+    const fs::path data = fromEnvironment("XDG_DATA_HOME");
+    return (data.is_absolute() ? data : homeFolder() / ".local/share") / "vela";
+}
+
 fs::path registryFile()
 {
     const fs::path chosen = fromEnvironment("VELA_REGISTRY");
@@ -132,6 +140,11 @@ fs::path supportFolder()
     if (!chosen.empty())
         return fs::absolute(chosen);
     return (fs::read_symlink("/proc/self/exe").parent_path() / "../share/vela").lexically_normal();
+}
+
+fs::path documentationFolder()
+{
+    return (fs::read_symlink("/proc/self/exe").parent_path() / "../share/doc/vela").lexically_normal();
 }
 
 fs::path nativePath(std::wstring_view path)

@@ -13,8 +13,12 @@ namespace platform {
 
 /// The user's settings of the program: $XDG_CONFIG_HOME/vela, or ~/.config/vela.
 std::filesystem::path configurationFolder();
+/// What programs keep for the user: $XDG_DATA_HOME/vela, or ~/.local/share/vela; beside $VELA_REGISTRY when it is set.
+std::filesystem::path dataFolder();
 /// $VELA_REGISTRY, or registre.ini in the configuration folder.
 std::filesystem::path registryFile();
+/// The guide and the manuals: ../share/doc/vela from the program's folder.
+std::filesystem::path documentationFolder();
 /// Symbols, default codification...: $VELA_SUPPORT, or ../share/vela from the program's folder.
 std::filesystem::path supportFolder();
 

@@ -53,11 +53,11 @@ HRESULT SHGetFolderPathW(void* /*owner*/, int folder, HANDLE /*token*/, DWORD /*
 {
     if ((folder & ~CSIDL_FLAG_CREATE) != CSIDL_APPDATA || path == nullptr)
         return E_INVALIDARG;
-    const fs::path settings = platform::registryFile().parent_path(); // drives stand there as well
+    const fs::path data = platform::dataFolder();
     std::error_code failure;
     if ((folder & CSIDL_FLAG_CREATE) != 0)
-        fs::create_directories(settings, failure);
-    const std::wstring shown = platform::windowsPath(settings);
+        fs::create_directories(data, failure);
+    const std::wstring shown = platform::windowsPath(data);
     if (failure || shown.size() >= MAX_PATH)
         return E_FAIL;
     path[shown.copy(path, shown.size())] = L'\0';

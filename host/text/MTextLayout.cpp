@@ -1,6 +1,7 @@
 #include "text/MTextLayout.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "text/TextMetrics.h"
 
@@ -9,6 +10,7 @@ namespace {
 using Kind = MTextPiece::Kind;
 
 constexpr double lineDistance = 5.0 / 3.0; // of baselines, in text heights
+constexpr double mostOblique = 1.4835;     // 85 degrees
 constexpr double stackedHeight = 0.6, stackedRise = 0.55, stackedDrop = -0.35;
 
 double widthOf(std::wstring_view text, const MTextLook& look)
@@ -136,8 +138,10 @@ void MTextLayout::bound()
     left = right = runs.front().x;
     bottom = top = runs.front().y;
     for (const Run& run : runs) {
-        left = std::min(left, run.x);
-        right = std::max(right, run.x + run.width);
+        // How far the tops of letters lean.
+        const double slant = std::tan(std::clamp(run.look.oblique, -mostOblique, mostOblique)) * run.look.height;
+        left = std::min(left, run.x + std::min(slant, 0.0));
+        right = std::max(right, run.x + run.width + std::max(slant, 0.0));
         bottom = std::min(bottom, run.y);
         top = std::max(top, run.y + run.look.height);
     }

@@ -23,7 +23,7 @@ struct MTextLayout {
     bool isEmpty() const { return runs.empty(); }
 
     std::vector<Run> runs;
-    /// The smallest rectangle about the runs, baseline to height; all 0 when there are none.
+    /// The smallest rectangle about the runs, baseline to height, where these lean; all 0 when there are none.
     double left = 0.0, bottom = 0.0, right = 0.0, top = 0.0;
 
 private:

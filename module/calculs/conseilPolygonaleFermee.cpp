@@ -61,7 +61,7 @@ std::wstring parLeSens(const resultatPolygonaleFermee& r)
         return anglesHorsDuTour(r);
     if (dansLeTour == demiToursAutreSens)
         return L"les angles saisis semblent être les angles intérieurs. " + std::wstring(sensHoraire) +
-               L"il faut les angles extérieurs, saisissez " + saisi(tour) + L" moins chaque angle, soit " +
+               L"il faut les angles extérieurs, " + complements(tour) + L", soit " +
                premiereLigne(r, tour - premierAngle(r), 0) + L". " + autreSens + L"gardez-les et saisissez seulement " +
                premiereLigne(r, premierAngle(r), demis);
     return L"la boucle se croise sans doute ; saisissez " + premiereLigne(r, premierAngle(r), demis) +
@@ -77,8 +77,7 @@ std::wstring saisieDeviations(const resultatPolygonaleFermee& r, regleAngles reg
         const double brut = droite ? c.observation.angle + tour / 2.0 : tour / 2.0 - c.observation.angle;
         return brut < 0.0 || brut >= tour;
     };
-    std::wstring phrase = droite ? L"ajoutez " + saisi(tour / 2.0) + L" à chacun"
-                                 : L"saisissez " + saisi(tour / 2.0) + L" moins chaque angle";
+    std::wstring phrase = droite ? L"ajoutez " + saisi(tour / 2.0) + L" à chacun" : complements(tour / 2.0);
     if (std::ranges::any_of(r.cotes, saute))
         phrase += L", ramené entre 0 et " + saisi(tour);
     return phrase + (demiTours == 0 ? L", soit " : L", mais ") +

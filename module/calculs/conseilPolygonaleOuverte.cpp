@@ -53,6 +53,8 @@ constexpr wchar_t arriveeInverse[] = L"le gisement d'arrivée semble donné dans
 constexpr wchar_t toursComptes[] =
     L"le gisement porté compte les tours faits en chemin, celui d'arrivée doit les compter aussi";
 
+constexpr wchar_t leDernierCompris[] = L", le dernier compris";
+
 /// Bearings that explain a hypothesis; the angles are right but for their rule.
 std::wstring parLesGisements(const resultatPolygonaleOuverte& r, const hypotheseAngulaire& h)
 {
@@ -66,14 +68,13 @@ std::wstring parLesGisements(const resultatPolygonaleOuverte& r, const hypothese
     std::wstring phrase;
     const auto ajouter = [&phrase](const std::wstring& raison) { phrase += (phrase.empty() ? L"" : L" ; ") + raison; };
     if (h.regle == regleAngles::antihoraires)
-        ajouter(L"les angles semblent mesurés dans l'autre sens, saisissez " + saisi(tour) +
-                L" moins chaque angle, le dernier compris");
+        ajouter(L"les angles semblent mesurés dans l'autre sens, " + complements(tour) + leDernierCompris);
     else if (h.regle == regleAngles::deviationsADroite)
         ajouter(L"les angles saisis semblent être des angles de déviation, ajoutez " + saisi(tour / 2.0) +
-                L" à chacun, le dernier compris");
+                L" à chacun" + leDernierCompris);
     else if (h.regle == regleAngles::deviationsAGauche)
-        ajouter(L"les angles saisis semblent être des angles de déviation comptés vers la gauche, saisissez " +
-                saisi(tour / 2.0) + L" moins chaque angle, le dernier compris");
+        ajouter(L"les angles saisis semblent être des angles de déviation comptés vers la gauche, " +
+                complements(tour / 2.0) + leDernierCompris);
     if (depart)
         ajouter(departInverse);
     if (arrivee)

@@ -46,8 +46,7 @@ std::wstring nomEcrit(const std::wstring& choisi, int filtre)
 /// The name saved under may be another than the one that the file dialog asked about: with an extension.
 bool remplacementAccepte(const std::wstring& choisi, const std::wstring& nom)
 {
-    return !existe(nom) || enMinuscules(choisi) == enMinuscules(nom) ||
-           demanderOuiNon(L"Enregistrer sous", L"« " + nom + L" » existe déjà. Le remplacer ?");
+    return !existe(nom) || enMinuscules(choisi) == enMinuscules(nom) || confirmerRemplacement(nom);
 }
 
 /// What became of the points, for the user.

@@ -72,6 +72,21 @@ std::wstring remarqueFermeture(const cheminement& c)
            L") : une donnée au moins est fausse, les stations calculées le sont aussi.";
 }
 
+double toleranceAngulaire(double precision, std::size_t cotes)
+{
+    return 2.7 * precision * std::sqrt(static_cast<double>(cotes) + 1.0);
+}
+
+std::wstring remarqueTolerance(const cheminement& c, double precision)
+{
+    const double tolerance = toleranceAngulaire(precision, c.cotes.size());
+    if (!estConnue(c.erreurAngulaire) || std::abs(c.erreurAngulaire) <= tolerance)
+        return {};
+    return L"L'erreur angulaire de " + texteErreurAngulaire(c) + L" dépasse la tolérance de " +
+           texteNombre(tolerance, decimalesAngle) + L" " + symboleUniteAngulaire(c.unite) + L" (2,7 s √(n+1) pour " +
+           std::to_wstring(c.cotes.size()) + L" côtés).";
+}
+
 std::wstring texteFermetureRelative(double fermetureRelative)
 {
     if (std::isnan(fermetureRelative) || fermetureRelative == inconnu)

@@ -24,6 +24,13 @@ bool fermetureAdmise(const cheminement& c);
 /// and for one whose closures are unknown or not finite.
 std::wstring remarqueFermeture(const cheminement& c);
 
+/// Largest angular error of a traverse of `cotes` legs whose angles are read with the standard deviation `precision`:
+/// 2.7·s·√(n + 1), as French practice bounds it.
+double toleranceAngulaire(double precision, std::size_t cotes);
+/// French sentence for an angular error beyond that tolerance, `precision` being in the traverse's unit; empty within
+/// it and for an unknown error.
+std::wstring remarqueTolerance(const cheminement& c, double precision);
+
 /// "1/11 375", "nulle" for a traverse that closes but for rounding, "supérieure à 1" for one that misses by more than
 /// its length, "non définie".
 std::wstring texteFermetureRelative(double fermetureRelative);

@@ -45,6 +45,11 @@ std::wstring auLieuDe(double nouveau, double ancien)
     return saisi(nouveau) + L" au lieu de " + saisi(ancien);
 }
 
+std::wstring complements(double angle)
+{
+    return L"saisissez " + saisi(angle) + L" moins chaque angle";
+}
+
 std::wstring cite(const std::wstring& texte)
 {
     return L"« " + texte + L" »";

@@ -18,6 +18,9 @@ std::wstring saisi(double angle);
 /// "349.98 au lieu de 50.02"
 std::wstring auLieuDe(double nouveau, double ancien);
 
+/// "saisissez 400 moins chaque angle"
+std::wstring complements(double angle);
+
 /// "« B »"
 std::wstring cite(const std::wstring& texte);
 

@@ -1,7 +1,6 @@
 #include "calculs/rapportPolygonale.h"
 
 #include "calculs/nivellement.h"
-#include "reports/htmlStyle.h"
 #include "reports/htmlText.h"
 #include "services/codages.h"
 
@@ -26,37 +25,10 @@ void ajouterEnTetes(htmlDocument& document)
     document.addHeadLine("<title>Corrections de fermeture polygonale</title>\n");
 }
 
-void declarerClasses(htmlDocument& document)
+void ouvrirRapport(htmlDocument& document)
 {
-    // One style for all: each class keeps what the earlier ones set.
-    htmlStyle style;
-    style.setFontFamily("Arial");
-    style.setGenericFamily("serif");
-    style.setFontSize({10, htmlSize::pt});
-    document.addStyle(".petit", style.text());
-
-    style.setFontSize({18, htmlSize::pt});
-    document.addStyle(".grand", style.text());
-
-    style.setFontSize({10, htmlSize::pt});
-    style.setTextDecoration(htmlStyle::underline);
-    document.addStyle(".titre", style.text());
-
-    style.setTextDecoration(htmlStyle::noDecoration);
-    style.setBorderStyles(htmlBorderStyle(htmlBorderStyle::solid));
-    style.setBorderWidths({1, htmlSize::px});
-    style.setBorderColors({0, 0, 0});
-    style.setPaddings({4, htmlSize::px});
-    style.setMargins({4, htmlSize::px});
-    document.addStyle(".celnorm", style.text());
-
-    style.setBackgroundColor({239, 239, 239});
-    document.addStyle(".celgris", style.text());
-}
-
-void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte)
-{
-    ajouterTexte(document, versAnsi(texte), classeGrand);
+    ajouterTexte(document, versAnsi(L"Corrections de fermeture polygonale"), classeGrand);
+    ajouterTitre(document, L"Données");
 }
 
 void ajouterTitre(htmlDocument& document, std::wstring_view texte)
@@ -94,11 +66,7 @@ bool ajouterTitreNivellement(htmlDocument& document, int mode)
 
 htmlTable tableau(std::initializer_list<std::wstring_view> enTetes)
 {
-    htmlTable table;
-    table.setAlignment(htmlTable::center);
-    table.setBorder(0);
-    table.setCellPadding(2);
-    table.setCellSpacing(0);
+    htmlTable table = tableauRapport();
     table.beginRow();
     for (const std::wstring_view enTete : enTetes)
         ajouterEnTete(table, enTete);
@@ -112,13 +80,13 @@ void ajouterEnTete(htmlTable& table, std::wstring_view texte)
 
 void ajouterNombre(htmlTable& table, double valeur)
 {
-    table.addCell(valeur, decimales, celluleNombre);
+    table.addCell(valeur, decimalesRapport, celluleNombre);
 }
 
 void ajouterVides(htmlTable& table, int nombre)
 {
     for (int i = 0; i < nombre; ++i)
-        table.addCell(vide, celluleNombre);
+        table.addCell(celluleVide, celluleNombre);
 }
 
 bool ajouterEnTetesNivellement(htmlTable& table, int mode)

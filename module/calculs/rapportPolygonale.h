@@ -6,16 +6,13 @@
 #include <vector>
 
 #include "calculs/cheminement.h"
-#include "reports/htmlDocument.h"
-#include "reports/htmlTable.h"
+#include "reports/classesRapport.h"
 
 // What the reports of closed and open traverses share: style classes, attributes of cells, headings.
 
 namespace rapportPolygonale {
 
-inline constexpr char celluleNombre[] = "class=celnorm align=right";
 inline constexpr char celluleNomCentre[] = "class=celnorm align=center";
-inline constexpr char celluleNomGauche[] = "class=celnorm align='left'";
 inline constexpr char celluleEnTete[] = "class=celgris align=center";
 inline constexpr char celluleEnTeteGauche[] = "class=celgris align='left'";
 // Labels of sums and differences, over the columns before them.
@@ -23,17 +20,12 @@ inline constexpr char celluleLibelle2Colonnes[] = "class=celgris colspan=2 align
 inline constexpr char celluleLibelle3Colonnes[] = "class=celgris colspan=3 align=right";
 inline constexpr char celluleLibelle4Colonnes[] = "class=celgris colspan=4 align=right";
 inline constexpr char celluleLibelle5Colonnes[] = "class=celgris colspan=5 align=right";
-inline constexpr char vide[] = "&nbsp"; // browsers accept it without its semicolon
-
-inline constexpr int decimales = 4;
 
 /// Head lines: the encoding, for browsers that would guess, and a title for their windows.
 void ajouterEnTetes(htmlDocument& document);
 
-/// Declares .petit, .grand, .titre, .celnorm and .celgris.
-void declarerClasses(htmlDocument& document);
-
-void ajouterGrandTitre(htmlDocument& document, std::wstring_view texte);
+/// The title, and the heading of the data.
+void ouvrirRapport(htmlDocument& document);
 void ajouterTitre(htmlDocument& document, std::wstring_view texte);
 /// @param octets already narrow
 void ajouterParagraphe(htmlDocument& document, std::string octets);

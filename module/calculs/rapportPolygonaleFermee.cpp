@@ -46,12 +46,11 @@ void ouvrirTotal(htmlTable& table, std::string_view libelle)
 void rapporterDonnees(const resultatPolygonaleFermee& r, const nomsLignes& noms, htmlDocument& document)
 {
     const stationPolygonale& d = r.depart;
-    ajouterGrandTitre(document, L"Corrections de fermeture polygonale");
-    ajouterTitre(document, L"Données");
+    ouvrirRapport(document);
     // Six decimals for the altitude, where the others have four: intended, users compare reports.
-    ajouterParagraphe(document, "\r\nStation de d\xE9part : " + nomHtml(d.nom) + "\tX=" + nombreFixe(d.x, decimales) +
-                                    "\tY=" + nombreFixe(d.y, decimales) + "\tZ=" + nombreFixe(d.z, 6) +
-                                    "\tVo=" + nombreFixe(d.gisement, decimales));
+    ajouterParagraphe(document, "\r\nStation de d\xE9part : " + nomHtml(d.nom) + "\tX=" +
+                                    nombreFixe(d.x, decimalesRapport) + "\tY=" + nombreFixe(d.y, decimalesRapport) +
+                                    "\tZ=" + nombreFixe(d.z, 6) + "\tVo=" + nombreFixe(d.gisement, decimalesRapport));
 
     ajouterTitre(document, L"Observations");
     htmlTable table = tableau({L"Station", L"Vise", L"Angle", L"Distance", L"Altitude"});
@@ -135,7 +134,7 @@ void rapporterNivellement(const resultatPolygonaleFermee& r, const nomsLignes& n
 void rapporterPolygonale(const resultatPolygonaleFermee& resultat, htmlDocument& document)
 {
     const nomsLignes noms(resultat.cotes);
-    declarerClasses(document);
+    declarerClassesRapport(document);
     rapporterDonnees(resultat, noms, document);
     rapporterAngles(resultat, noms, document);
     rapporterDistances(resultat, noms, document);

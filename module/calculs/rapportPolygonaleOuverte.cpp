@@ -39,8 +39,7 @@ void ouvrirLibelle(htmlTable& table, std::string_view libelle, const char* attri
 
 void rapporterDonnees(const resultatPolygonaleOuverte& r, htmlDocument& document)
 {
-    ajouterGrandTitre(document, L"Corrections de fermeture polygonale");
-    ajouterTitre(document, L"Données");
+    ouvrirRapport(document);
     // The first heading is empty: it stands over "Départ" and "Arrivée".
     htmlTable table = tableau({L"&nbsp", L"Station", L"X", L"Y", L"Z", L"Gis"});
     const auto station = [&table](const char* role, const stationPolygonale& s) {
@@ -137,7 +136,7 @@ void rapporterNivellement(const resultatPolygonaleOuverte& r, const std::vector<
 void rapporterPolygonale(const resultatPolygonaleOuverte& resultat, htmlDocument& document)
 {
     const std::vector<std::string> noms = nomsStations(resultat);
-    declarerClasses(document);
+    declarerClassesRapport(document);
     rapporterDonnees(resultat, document);
     rapporterAngles(resultat, noms, document);
     rapporterDistances(resultat, noms, document);

@@ -8,6 +8,7 @@
 #include "codification/regleCode.h"
 #include "points/projetDansDessin.h"
 #include "services/calqueVerrouille.h"
+#include "services/codages.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/grandeur.h"
@@ -45,12 +46,9 @@ bool lireCoordonnee(QLineEdit& champ, const wchar_t* refus, bool peutManquer, do
     return (entierement && estConnue(valeur)) || dire(refus, champ);
 }
 
-void signalerSymboleAbsent(const CString& chemin)
+void signalerSymboleAbsent(const std::wstring& chemin)
 {
-    CString message;
-    message.Format(L"Le point est enregistré, mais son symbole n'a pas pu être dessiné avec le block\n%s",
-                   chemin.GetString());
-    avertirErreur(message.GetString());
+    avertirErreur(L"Le point est enregistré, mais son symbole n'a pas pu être dessiné avec le block\n" + chemin);
 }
 
 } // namespace
@@ -72,9 +70,9 @@ CformulaireXYZ::~CformulaireXYZ() = default;
 void CformulaireXYZ::remplirCodes()
 {
     for (int i = 0; i < m_codes.nombre(); ++i) {
-        CString texte;
-        texte.Format(L"%04d   %s", m_codes[i].code, m_codes[i].libelle.GetString());
-        m_ui->comboCode->addItem(texteQt(texte), m_codes[i].code);
+        const codifPoint& code = m_codes[i];
+        m_ui->comboCode->addItem(
+            QStringLiteral("%1   ").arg(code.code, 4, 10, QLatin1Char('0')) + texteQt(code.libelle), code.code);
     }
 }
 
@@ -115,7 +113,7 @@ void CformulaireXYZ::montrer(int position)
 
 void CformulaireXYZ::afficher(const pointDuDessin& point)
 {
-    m_ui->editNumero->setText(texteQt(CString(point.getNomPoint())));
+    m_ui->editNumero->setText(texteQt(depuisAnsi(point.getNomPoint())));
     m_ui->editX->setText(texteCoordonnee(point.getX()));
     m_ui->editY->setText(texteCoordonnee(point.getY()));
     m_ui->editZ->setText(texteCoordonnee(point.getZ()));
@@ -149,9 +147,9 @@ void CformulaireXYZ::designer()
 
 std::optional<pointDuDessin> CformulaireXYZ::saisi() const
 {
-    const CString nom = texteHote(m_ui->editNumero->text().trimmed());
+    const std::wstring nom = m_ui->editNumero->text().trimmed().toStdWString();
     double x = 0.0, y = 0.0, z = 0.0;
-    if (nom.IsEmpty()) {
+    if (nom.empty()) {
         dire(L"Tapez le numéro du point", *m_ui->editNumero);
         return std::nullopt;
     }
@@ -159,13 +157,13 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
         !lireCoordonnee(*m_ui->editY, L"Y n'est pas un nombre", false, y) ||
         !lireCoordonnee(*m_ui->editZ, L"Z n'est pas un nombre", true, z))
         return std::nullopt;
-    const int code = entierDeTexte(texteHote(m_ui->comboCode->currentText()));
+    const int code = entierDeTexte(m_ui->comboCode->currentText().toStdWString());
     if (!codeValable(code)) {
         dire(messageCodeIncorrect, *m_ui->comboCode);
         return std::nullopt;
     }
     pointDuDessin point;
-    point.setParams(nom, AcGePoint3d(x, y, z), code);
+    point.setParams(nom.c_str(), AcGePoint3d(x, y, z), code);
     return point;
 }
 
@@ -175,7 +173,7 @@ bool CformulaireXYZ::enregistrer()
     if (!point || refuserVerrouille())
         return false;
     int homonyme = -1;
-    if (m_table.existPoint(CString(point->getNomPoint()), homonyme) && homonyme != m_position &&
+    if (m_table.existPoint(depuisAnsi(point->getNomPoint()).c_str(), homonyme) && homonyme != m_position &&
         !demanderOuiNon(windowTitle().toStdWString(), L"Un autre point porte ce numéro.\nEnregistrer quand même ?"))
         return false;
     bool dessine = false;
@@ -201,17 +199,15 @@ void CformulaireXYZ::supprimer()
     if (refuserVerrouille())
         return;
     const listePointsDuDessin& table = m_table;
-    const CString nom(table.getData(m_position)->getNomPoint());
+    const std::wstring nom = depuisAnsi(table.getData(m_position)->getNomPoint());
     int trouve = -1;
-    if (!table.existPoint(nom, trouve) || trouve != m_position) {
+    if (!table.existPoint(nom.c_str(), trouve) || trouve != m_position) {
         avertirErreur(L"Plusieurs points portent ce numéro :\ndonnez-lui-en d'abord un autre");
         return;
     }
-    CString question;
-    question.Format(L"Supprimer le point %s et son symbole ?", nom.GetString());
-    if (!demanderOuiNon(L"Suppression", question.GetString()))
+    if (!confirmerSuppression(L"Supprimer le point " + nom + L" et son symbole ?"))
         return;
-    m_table.supprimerPoint(nom);
+    m_table.supprimerPoint(nom.c_str());
     montrer(std::min(m_position, m_table.nbPoint() - 1));
 }
 

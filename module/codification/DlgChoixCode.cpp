@@ -4,7 +4,6 @@
 #include "services/argumentsLisp.h"
 #include "services/dialogueCellules.h"
 #include "services/listeLisp.h"
-#include "services/nombresTexte.h"
 
 #include "aced.h"
 #include "ui_DlgChoixCode.h"
@@ -16,7 +15,7 @@ DlgChoixCode::DlgChoixCode(const tableCodification& table) : m_ui(std::make_uniq
     preparerListe(liste, {"Code", "Libéllé"});
     liste.setRowCount(table.nombre());
     for (int i = 0; i < table.nombre(); ++i) {
-        liste.setItem(i, 0, new celluleNombre(texteEntier(table[i].code)));
+        liste.setItem(i, 0, new celluleNombre(std::to_wstring(table[i].code)));
         liste.setItem(i, 1, new celluleTexte(table[i].libelle));
     }
     choisirDansListe(*this, liste, *m_ui->editChercher, *m_ui->boutonOk);

@@ -1,56 +1,47 @@
 #include "codification/DlgChoixPoint.h"
 
+#include "codification/codificationDuModule.h"
+#include "codification/modelePoints.h"
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
-#include "services/dialogueCellules.h"
-#include "services/formatNombres.h"
+#include "services/codages.h"
 #include "services/listeLisp.h"
 
 #include "aced.h"
 #include "ui_DlgChoixPoint.h"
 
-namespace {
-
-CString coordonnee(double valeur)
-{
-    CString texte;
-    if (valeur != inconnu)
-        formaterFixe(valeur, 3, texte);
-    return texte;
-}
-
-void ecrireLigne(QTableWidget& liste, int ligne, const pointDuDessin& point)
-{
-    CString altitude, code;
-    point.getZAsString(altitude);
-    code.Format(L"%d", point.getCode());
-    auto* const nom = new celluleTexte(CString(point.getNomPoint()));
-    nom->setData(Qt::UserRole, ligne);
-    liste.setItem(ligne, 0, nom);
-    int colonne = 1;
-    for (const CString& texte : {coordonnee(point.getX()), coordonnee(point.getY()), altitude, code})
-        liste.setItem(ligne, colonne++, new celluleNombre(texte));
-}
-
-} // namespace
-
-DlgChoixPoint::DlgChoixPoint(const listePointsDuDessin& table) : m_ui(std::make_unique<Ui::DlgChoixPoint>())
+DlgChoixPoint::DlgChoixPoint(const listePointsDuDessin& table) :
+    m_ui(std::make_unique<Ui::DlgChoixPoint>()),
+    m_modele(new modelePoints(table, codificationDuModule(), {"Numéro", "X", "Y", "Z", "Code"}, this))
 {
     m_ui->setupUi(this);
-    preparerListe(*m_ui->liste, {"Numéro", "X", "Y", "Z", "Code"});
-    m_ui->liste->setRowCount(table.nbPoint());
-    for (int i = 0; i < table.nbPoint(); ++i)
-        ecrireLigne(*m_ui->liste, i, *table.getData(i));
-    choisirDansListe(*this, *m_ui->liste, *m_ui->editChercher, *m_ui->boutonOk);
+    preparerVue(*m_ui->liste, *m_modele);
+    m_ui->boutonOk->setEnabled(false);
+    connect(m_ui->liste->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { m_ui->boutonOk->setEnabled(position().has_value()); });
+    connect(m_modele, &QAbstractItemModel::modelReset, this,
+            [this] { m_ui->boutonOk->setEnabled(position().has_value()); });
+    connect(m_ui->editChercher, &QLineEdit::textChanged, this, [this](const QString& nom) { chercher(nom); });
+    connect(m_ui->liste, &QTableView::doubleClicked, this, &QDialog::accept);
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->boutonCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 DlgChoixPoint::~DlgChoixPoint() = default;
 
+/// The first row left is selected: Enter takes it.
+void DlgChoixPoint::chercher(const QString& nom)
+{
+    m_ui->liste->clearSelection();
+    m_modele->filtrer(std::nullopt, versAnsi(nom.trimmed().toStdWString()));
+    if (!nom.isEmpty() && m_modele->rowCount() > 0)
+        m_ui->liste->selectRow(0);
+}
+
 std::optional<int> DlgChoixPoint::position() const
 {
-    const int ligne = ligneChoisie(*m_ui->liste);
-    return ligne < 0 ? std::nullopt : std::optional(m_ui->liste->item(ligne, 0)->data(Qt::UserRole).toInt());
+    const std::vector<int> lignes = lignesChoisies(*m_ui->liste);
+    return lignes.empty() ? std::nullopt : std::optional(m_modele->position(lignes.front()));
 }
 
 int lispChoixpoint()
@@ -62,5 +53,5 @@ int lispChoixpoint()
         return rendreNil();
     DlgChoixPoint dialogue(*table);
     const auto position = dialogue.exec() == QDialog::Accepted ? dialogue.position() : std::nullopt;
-    return position ? acedRetStr(CString(table->getData(*position)->getNomPoint())) : rendreNil();
+    return position ? acedRetStr(depuisAnsi(table->getData(*position)->getNomPoint()).c_str()) : rendreNil();
 }

@@ -6,6 +6,7 @@
 #include "services/dialogueModule.h"
 
 class listePointsDuDessin;
+class modelePoints;
 namespace Ui {
 class DlgChoixPoint;
 }
@@ -22,7 +23,10 @@ public:
     std::optional<int> position() const;
 
 private:
+    void chercher(const QString& nom);
+
     std::unique_ptr<Ui::DlgChoixPoint> m_ui;
+    modelePoints* m_modele; // the dialog's
 };
 
 /// (choixpoint): lets the user choose a point of the current table. Gives its name, or nil when the user cancels or the

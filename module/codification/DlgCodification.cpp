@@ -82,12 +82,12 @@ codifPoint DlgCodification::code() const
 {
     codifPoint code = m_code;
     if (m_mode == mode::creation)
-        code.code = entierDeTexte(texteHote(m_ui->editCode->text()));
-    code.libelle = texteHote(m_ui->editLibelle->text());
+        code.code = entierDeTexte(m_ui->editCode->text().toStdWString());
+    code.libelle = m_ui->editLibelle->text().toStdWString();
     prendre(code.precisionAltitudes, *m_ui->editPrecision);
     code.tailleBlock = reelDeTexte(m_ui->editTaille->text().toStdWString());
     for (const champsCalque& champs : champsCalques(*m_ui)) {
-        code.layers[champs.emplacement] = texteHote(champs.nom->text());
+        code.layers[champs.emplacement] = champs.nom->text().toStdWString();
         prendre(code.couleurs[champs.emplacement], *champs.couleur);
     }
     return code;
@@ -101,7 +101,7 @@ void DlgCodification::accept()
 
 bool DlgCodification::validerNumero()
 {
-    const avisCode avis = validerCode(texteHote(m_ui->editCode->text()), m_table, m_mode == mode::creation);
+    const avisCode avis = validerCode(m_ui->editCode->text().toStdWString(), m_table, m_mode == mode::creation);
     switch (avis.verdict) {
     case verdictCode::accepte:
     case verdictCode::propose:
@@ -141,7 +141,7 @@ bool DlgCodification::validerCalques()
 {
     for (const champsCalque& champs : champsCalques(*m_ui)) {
         const std::wstring nom = champs.nom->text().toStdWString();
-        if (calqueValable(nom.c_str()))
+        if (calqueValable(nom))
             continue;
         afficherAvertissement(L"Erreur", L"Nom de calque impossible : « " + nom + L" »\n" + regleNomsCalques);
         champs.nom->setFocus();
@@ -156,11 +156,11 @@ void DlgCodification::choisirBlock()
     demandeFichier demande;
     demande.titre = L"Block du code";
     demande.filtres = L"Dessins (.dwg, .dxf)|*.dwg; *.dxf||";
-    demande.nom = m_code.chemin.GetString();
+    demande.nom = m_code.chemin;
     const auto choisi = demanderFichierALire(demande);
     if (!choisi)
         return;
-    m_code.chemin = cheminDeBloc(choisi->c_str()).value_or(CString(choisi->c_str()));
+    m_code.chemin = cheminDeBloc(*choisi).value_or(*choisi);
     m_ui->labelChemin->setText(texteQt(m_code.chemin));
 }
 

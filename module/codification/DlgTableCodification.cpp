@@ -8,9 +8,8 @@
 #include "codification/DlgCodification.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
-#include "services/nombresTexte.h"
+#include "services/verrouDocument.h"
 
-#include "acdocman.h"
 #include "ui_DlgTableCodification.h"
 
 namespace {
@@ -20,13 +19,13 @@ constexpr int roleIndex = Qt::UserRole;
 
 void ecrireLigne(QTableWidget& liste, int ligne, const codifPoint& code, int index)
 {
-    auto* const numero = new celluleNombre(texteEntier(code.code));
+    auto* const numero = new celluleNombre(std::to_wstring(code.code));
     numero->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     numero->setData(roleIndex, index);
     int colonne = 0;
     for (QTableWidgetItem* const cellule :
          {static_cast<QTableWidgetItem*>(numero), static_cast<QTableWidgetItem*>(new celluleTexte(code.libelle)),
-          static_cast<QTableWidgetItem*>(new celluleNombre(texteEntier(code.precisionAltitudes))),
+          static_cast<QTableWidgetItem*>(new celluleNombre(std::to_wstring(code.precisionAltitudes))),
           static_cast<QTableWidgetItem*>(new celluleTexte(code.chemin))})
         liste.setItem(ligne, colonne++, cellule);
 }
@@ -38,42 +37,22 @@ int indexDeLigne(const QTableWidget& liste, int ligne)
 
 /// Intended: rows go by their code, so that of several rows of one code the first goes, whichever was chosen.
 /// @return a line for each row that went and was not chosen.
-CString supprimerCodes(tableCodification& table, const std::vector<int>& choisis)
+std::wstring supprimerCodes(tableCodification& table, const std::vector<int>& choisis)
 {
     std::vector<int> numeros, restants(static_cast<std::size_t>(table.nombre()));
     for (const int index : choisis)
         numeros.push_back(table[index].code);
     std::iota(restants.begin(), restants.end(), 0);
-    CString autres;
+    std::wstring autres;
     for (const int numero : numeros) {
         const int index = table.indexCode(numero);
         if (std::ranges::find(choisis, restants[static_cast<std::size_t>(index)]) == choisis.end())
-            autres += L"\n" + texteEntier(numero) + L" : " + table[index].libelle;
+            autres += L"\n" + std::to_wstring(numero) + L" : " + table[index].libelle;
         restants.erase(restants.begin() + index);
         table.supprimer(index);
     }
     return autres;
 }
-
-/// Keeps a document locked, whatever ends the scope. None may be open.
-class verrouDocument {
-public:
-    explicit verrouDocument(AcApDocument* document) : m_document(document)
-    {
-        if (m_document)
-            acDocManager->lockDocument(m_document);
-    }
-    ~verrouDocument()
-    {
-        if (m_document)
-            acDocManager->unlockDocument(m_document);
-    }
-    verrouDocument(const verrouDocument&) = delete;
-    verrouDocument& operator=(const verrouDocument&) = delete;
-
-private:
-    AcApDocument* m_document;
-};
 
 } // namespace
 
@@ -125,20 +104,19 @@ void DlgTableCodification::supprimer()
     std::vector<int> choisis;
     for (const QModelIndex& ligne : m_ui->liste->selectionModel()->selectedRows())
         choisis.push_back(indexDeLigne(*m_ui->liste, ligne.row()));
-    if (choisis.empty() || !demanderOuiNon(L"Suppression", L"Confirmez la suppression\ndes éléments sélectionnés"))
+    if (choisis.empty() || !confirmerSuppression(L"Confirmez la suppression\ndes éléments sélectionnés"))
         return;
-    const CString autres = supprimerCodes(m_table, choisis);
+    const std::wstring autres = supprimerCodes(m_table, choisis);
     afficher();
-    if (!autres.IsEmpty())
-        afficherMessage(L"Suppression",
-                        (L"Plusieurs lignes ont le même code : la première a été supprimée" + autres).GetString());
+    if (!autres.empty())
+        afficherMessage(L"Suppression", L"Plusieurs lignes ont le même code : la première a été supprimée" + autres);
 }
 
 void commandeCodification()
 {
     if (!dialoguesPossibles())
         return;
-    const verrouDocument verrou(acDocManager->curDocument());
+    const verrouDocument verrou;
     tableCodification& table = codificationDuModule();
     DlgTableCodification(table).exec();
     table.sauver();

@@ -5,7 +5,6 @@
 
 #include "codification/attributsBloc.h"
 #include "points/attribsPoints.h"
-#include "services/nombresTexte.h"
 
 namespace {
 
@@ -18,7 +17,7 @@ void donnerCalque(AcDbEntity& entite, AcDbObjectId calque)
 void conformerAttributs(const AcDbBlockReference& reference, const codifPoint& codif)
 {
     const attribsPoints& etiquettes = attribsDuModule;
-    const std::pair<const CString&, emplacementCalque> calques[] = {{etiquettes.code, calqueCode},
+    const std::pair<const wchar_t*, emplacementCalque> calques[] = {{etiquettes.code, calqueCode},
                                                                     {etiquettes.numero, calqueNumero},
                                                                     {etiquettes.altitude, calqueAltitudes},
                                                                     {etiquettes.observation, calqueObs}};
@@ -26,8 +25,8 @@ void conformerAttributs(const AcDbBlockReference& reference, const codifPoint& c
         for (const auto& [etiquette, calque] : calques)
             if (memeEtiquette(attribut, etiquette))
                 donnerCalque(attribut, codif.idCalques[calque]);
-        if (memeEtiquette(attribut, etiquettes.code))
-            attribut.setTextString(texteEntier(codif.code));
+        if (memeEtiquette(attribut, etiquettes.code.GetString()))
+            attribut.setTextString(std::to_wstring(codif.code).c_str());
     });
 }
 

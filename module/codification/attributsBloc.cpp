@@ -1,14 +1,16 @@
 #include "codification/attributsBloc.h"
 
-bool memeEtiquette(const AcDbAttribute& attribut, const CString& etiquette)
+#include "services/lettres.h"
+
+bool memeEtiquette(const AcDbAttribute& attribut, std::wstring_view etiquette)
 {
-    return etiquette.CompareNoCase(attribut.tagConst()) == 0;
+    return memesLettres(etiquette, attribut.tagConst());
 }
 
-Acad::ErrorStatus changerTexte(AcDbAttribute& attribut, const CString& texte)
+Acad::ErrorStatus changerTexte(AcDbAttribute& attribut, const std::wstring& texte)
 {
     if (texte == attribut.textStringConst())
         return Acad::eOk;
     const Acad::ErrorStatus ouverture = attribut.upgradeOpen();
-    return ouverture == Acad::eOk ? attribut.setTextString(texte) : ouverture;
+    return ouverture == Acad::eOk ? attribut.setTextString(texte.c_str()) : ouverture;
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <string_view>
 
-#include "afx.h"
 #include "dbents.h"
 
 /// Opens the attributes of a reference one after the other and hands them to `action` (AcDbAttribute&). Those that
@@ -19,7 +20,7 @@ void pourChaqueAttribut(const AcDbBlockReference& reference, AcDb::OpenMode mode
 }
 
 /// Letter case does not count.
-bool memeEtiquette(const AcDbAttribute& attribut, const CString& etiquette);
+bool memeEtiquette(const AcDbAttribute& attribut, std::wstring_view etiquette);
 
 /// Writes a text that differs to an attribute open for read. @return why it could not, or eOk.
-Acad::ErrorStatus changerTexte(AcDbAttribute& attribut, const CString& texte);
+Acad::ErrorStatus changerTexte(AcDbAttribute& attribut, const std::wstring& texte);

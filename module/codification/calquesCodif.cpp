@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "codification/codifPoint.h"
+#include "services/lettres.h"
 
 #include "dbapserv.h"
 #include "dbsymtb.h"
@@ -10,7 +11,7 @@
 namespace {
 
 /// A name that the drawing refuses gives the null id.
-AcDbObjectId ajouterCalque(AcDbLayerTable& table, const CString& nom, int couleur)
+AcDbObjectId ajouterCalque(AcDbLayerTable& table, const std::wstring& nom, int couleur)
 {
     auto calque = std::make_unique<AcDbLayerTableRecord>();
     AcCmColor teinte;
@@ -18,7 +19,7 @@ AcDbObjectId ajouterCalque(AcDbLayerTable& table, const CString& nom, int couleu
     teinte.setColorIndex(static_cast<Adesk::UInt16>(couleur >= 1 && couleur <= 255 ? couleur : 7));
     calque->setColor(teinte);
     AcDbObjectId id;
-    if (calque->setName(nom) != Acad::eOk || table.add(id, calque.get()) != Acad::eOk)
+    if (calque->setName(nom.c_str()) != Acad::eOk || table.add(id, calque.get()) != Acad::eOk)
         return {};
     calque.release()->close();
     return id;
@@ -42,11 +43,11 @@ void codifPoint::creerCalques(AcDbLayerTable* table)
     if (!cible)
         return;
     for (std::size_t e = 0; e < nombreCalques; ++e) {
-        CString nom = layers[e];
-        if (nom.Trim(blancsSaisie).IsEmpty())
+        std::wstring nom(sansBlancs(layers[e], blancsSaisie));
+        if (nom.empty())
             nom = layers[e] = L"0";
         idCalques[e].setNull();
-        if (cible->getAt(nom, idCalques[e]) != Acad::eOk)
+        if (cible->getAt(nom.c_str(), idCalques[e]) != Acad::eOk)
             idCalques[e] = ajouterCalque(*cible, nom, couleurs[e]);
     }
     if (ouverte)
@@ -56,9 +57,8 @@ void codifPoint::creerCalques(AcDbLayerTable* table)
 void codifPoint::retrouverCalques(const AcDbLayerTable& table)
 {
     for (std::size_t e = 0; e < nombreCalques; ++e) {
-        CString nom = layers[e];
-        nom.Trim(blancsSaisie);
+        const std::wstring nom(sansBlancs(layers[e], blancsSaisie));
         idCalques[e].setNull();
-        table.getAt(nom.IsEmpty() ? L"0" : nom.GetString(), idCalques[e]);
+        table.getAt(nom.empty() ? L"0" : nom.c_str(), idCalques[e]);
     }
 }

@@ -4,7 +4,7 @@
 
 codifPoint::codifPoint() : chemin(cheminBiblio(L"velablk1.dwg")) {}
 
-CString cheminBiblio(const wchar_t* fichier)
+std::wstring cheminBiblio(const wchar_t* fichier)
 {
     return cheminSupport(fichier, L"biblio");
 }

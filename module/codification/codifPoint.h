@@ -2,8 +2,8 @@
 
 #include <array>
 #include <iosfwd>
+#include <string>
 
-#include "afx.h"
 #include "dbid.h"
 
 class AcDbLayerTable;
@@ -30,17 +30,17 @@ struct codifPoint {
     codifPoint();
 
     int code = 1;
-    CString libelle = L"Point Topo";
-    CString chemin;           ///< drawing file whose contents are the block; velablk1 of the library by default
+    std::wstring libelle = L"Point Topo";
+    std::wstring chemin;      ///< drawing file whose contents are the block; velablk1 of the library by default
     double tailleBlock = 1.0; ///< scale of the block and height of the texts, in drawing units
     /// Colour indexes (0 to 256) that the layers get when they are made.
     std::array<int, nombreCalques> couleurs{7, 7, 7, 7, 7};
     calquesResolus idCalques; ///< filled by creerCalques; null until then
-    std::array<CString, nombreCalques> layers{L"0", L"_ Altitudes Points", L"_ Numero Points", L"_ Obs Points",
-                                              L"_ Codes Points"};
+    std::array<std::wstring, nombreCalques> layers{L"0", L"_ Altitudes Points", L"_ Numero Points", L"_ Obs Points",
+                                                   L"_ Codes Points"};
     int precisionAltitudes = 2; ///< decimals of the altitude text
 
-    CString getLayer(int emplacement) const { return layers.at(static_cast<std::size_t>(emplacement)); }
+    std::wstring getLayer(int emplacement) const { return layers.at(static_cast<std::size_t>(emplacement)); }
     void setLayer(int emplacement, const wchar_t* nom) { layers.at(static_cast<std::size_t>(emplacement)) = nom; }
 
     /// Makes sure that the five layers exist, and fills `idCalques`. A blank name becomes "0"; a layer that exists
@@ -62,4 +62,4 @@ struct codifPoint {
 inline constexpr const wchar_t* blancsSaisie = L" \t,;.";
 
 /// Full path of a block of the module's library.
-CString cheminBiblio(const wchar_t* fichier);
+std::wstring cheminBiblio(const wchar_t* fichier);

@@ -7,21 +7,26 @@
 #include "adscodes.h"
 #include "dbsymtb.h"
 
-bool declarerVelaplus(AcDbDatabase& db)
+bool declarerApplication(AcDbDatabase& db, const wchar_t* nom)
 {
     AcDbRegAppTable* ouvertes = nullptr;
     if (db.getRegAppTable(ouvertes, AcDb::kForRead) != Acad::eOk)
         return false;
-    bool connue = ouvertes->has(applicationVelaplus);
+    bool connue = ouvertes->has(nom);
     if (!connue && ouvertes->upgradeOpen() == Acad::eOk) {
         auto application = std::make_unique<AcDbRegAppTableRecord>();
-        application->setName(applicationVelaplus);
+        application->setName(nom);
         connue = ouvertes->add(application.get()) == Acad::eOk;
         if (connue)
             application.release()->close();
     }
     ouvertes->close();
     return connue;
+}
+
+bool declarerVelaplus(AcDbDatabase& db)
+{
+    return declarerApplication(db, applicationVelaplus);
 }
 
 bool marquerSymbole(AcDbEntity& entite)

@@ -29,12 +29,12 @@ bool lireChamps(argumentsLisp& arguments, codifPoint& codif)
 }
 
 /// Codes are shared by all drawings: the path must be one that each can follow.
-std::optional<CString> cheminDuCode(const CString& saisi)
+std::optional<std::wstring> cheminDuCode(const std::wstring& saisi)
 {
     const auto chemin = cheminDeBloc(saisi);
     if (!chemin)
         acutPrintf(L"\n« %s » n'est pas un bloc de la bibliothèque : donnez le chemin complet de son dessin.",
-                   saisi.GetString());
+                   saisi.c_str());
     return chemin;
 }
 
@@ -50,7 +50,7 @@ int lispLoadcodept()
         liste.ouvrir();
         liste.ajouter(table[i].code);
         liste.pointer();
-        liste.ajouter(table[i].libelle);
+        liste.ajouter(table[i].libelle.c_str());
         liste.fermer();
     }
     return liste.rendre();
@@ -62,7 +62,7 @@ int lispAddcodept()
     codifPoint codif;
     if (!arguments.lireEntier(codif.code))
         return refuserParametres();
-    codif.libelle.Format(L"Code %d", codif.code);
+    codif.libelle = L"Code " + std::to_wstring(codif.code);
     const bool lus = lireChamps(arguments, codif);
     if (!lus || !tailleValable(codif.tailleBlock) || codif.precisionAltitudes < 0 || codif.precisionAltitudes > 8)
         return refuserParametres();
@@ -109,13 +109,13 @@ int lispChgreppts()
 {
     argumentsLisp arguments;
     int code = 0;
-    CString chemin;
+    std::wstring chemin;
     if (!arguments.lireEntier(code) || !arguments.lireTexte(chemin) || !arguments.fini() || !codeValable(code))
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
     const auto complet = cheminDuCode(chemin);
-    if (!table || !db || !complet || complet->IsEmpty())
+    if (!table || !db || !complet || complet->empty())
         return rendreNil();
     const CAcadUndoGroup groupe;
     const AcDbObjectId bloc = blocDeFichier(*db, *complet);

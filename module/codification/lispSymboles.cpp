@@ -6,6 +6,7 @@
 
 #include "codification/apparenceSymbole.h"
 #include "codification/attributsBloc.h"
+#include "codification/blocsDuDessin.h"
 #include "codification/codificationDuModule.h"
 #include "codification/dissocierBloc.h"
 #include "codification/regleCode.h"
@@ -14,11 +15,11 @@
 #include "services/argumentsLisp.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
+#include "services/codages.h"
 #include "services/listeLisp.h"
 #include "services/selection.h"
 
 #include "aced.h"
-#include "dbapserv.h"
 #include "dbsymtb.h"
 
 namespace {
@@ -31,54 +32,24 @@ std::vector<AcDbObjectId> symbolesDe(const listePointsDuDessin& table)
     return ids;
 }
 
-/// Extent of what a block holds, in its own coordinates.
-bool etendueBloc(const AcDbBlockTableRecord& bloc, AcDbExtents& etendue)
-{
-    AcDbBlockTableRecordIterator* entites = nullptr;
-    if (bloc.newIterator(entites) != Acad::eOk)
-        return false;
-    const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
-    for (; !it->done(); it->step()) {
-        AcDbObjectId id;
-        it->getEntityId(id);
-        const AcDbObjectPointer<AcDbEntity> entite(id);
-        AcDbExtents sienne;
-        if (entite.openStatus() == Acad::eOk && !AcDbAttributeDefinition::cast(entite.object()) &&
-            entite->getGeomExtents(sienne) == Acad::eOk)
-            etendue.addExt(sienne);
-    }
-    return !etendue.isEmpty();
-}
-
-AcDbObjectId blocNomme(const CString& nom)
-{
-    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
-    AcDbBlockTable* blocs = nullptr;
-    AcDbObjectId id;
-    if (!db || db->getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
-        return id;
-    blocs->getAt(nom, id);
-    blocs->close();
-    return id;
-}
-
 struct bilan {
     int changes = 0, verrouilles = 0;
 };
 
-void montrerAttributs(const AcDbObjectId& id, const CString& etiquette, bool visible, bilan& attributs)
+void montrerAttributs(const AcDbObjectId& id, std::wstring_view etiquette, bool visible, bilan& attributs)
 {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return;
+    if (estVerrouille(id)) {
+        ++attributs.verrouilles;
+        return;
+    }
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
         const bool vise = etiquette == L"*" || memeEtiquette(attribut, etiquette);
-        if (!vise || (attribut.isInvisible() != 0) != visible)
-            return;
-        const Acad::ErrorStatus ouverture = attribut.upgradeOpen();
-        if (ouverture == Acad::eOk && attribut.setInvisible(!visible) == Acad::eOk)
+        if (vise && (attribut.isInvisible() != 0) == visible && attribut.upgradeOpen() == Acad::eOk &&
+            attribut.setInvisible(!visible) == Acad::eOk)
             ++attributs.changes;
-        attributs.verrouilles += ouverture == Acad::eOnLockedLayer;
     });
 }
 
@@ -87,7 +58,7 @@ void montrerAttributs(const AcDbObjectId& id, const CString& etiquette, bool vis
 int lispCalctailleblock()
 {
     argumentsLisp arguments;
-    CString nom;
+    std::wstring nom;
     if (!arguments.lireTexte(nom) || !arguments.fini())
         return refuserParametres();
     const AcDbObjectPointer<AcDbBlockTableRecord> bloc(blocNomme(nom));
@@ -104,18 +75,18 @@ int lispCalctailleblock()
 int lispEnamePt()
 {
     argumentsLisp arguments;
-    CString nom;
+    std::wstring nom;
     if (!arguments.lireTexte(nom) || !arguments.fini())
         return refuserParametres();
     const listePointsDuDessin* const table = tableCourante();
     AcDbObjectId id;
-    return table && table->getObjId(nom, id) ? rendreEntite(id) : rendreNil();
+    return table && table->getObjId(nom.c_str(), id) ? rendreEntite(id) : rendreNil();
 }
 
 int lispTpcdaddpt()
 {
     argumentsLisp arguments;
-    CString nom, observation;
+    std::wstring nom, observation;
     AcGePoint3d position;
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
@@ -127,8 +98,8 @@ int lispTpcdaddpt()
         return rendreNil();
     const CAcadUndoGroup groupe;
     pointDuDessin point;
-    point.setParams(nom, position, code);
-    point.creer(true, observation);
+    point.setParams(nom.c_str(), position, code);
+    point.creer(true, observation.c_str());
     table->Ajouter(point);
     return rendreEntite(point.getId());
 }
@@ -136,7 +107,7 @@ int lispTpcdaddpt()
 int lispAttrvisibility()
 {
     argumentsLisp arguments;
-    CString etiquette;
+    std::wstring etiquette;
     bool visible = false;
     std::vector<AcDbObjectId> symboles;
     if (!arguments.lireTexte(etiquette) || !arguments.lireLogique(visible))
@@ -159,10 +130,10 @@ int lispModifAttrib()
 {
     argumentsLisp arguments;
     AcDbObjectId id;
-    std::vector<std::pair<CString, CString>> textes;
+    std::vector<std::pair<std::wstring, std::wstring>> textes;
     if (!arguments.lireEntite(id))
         return refuserParametres();
-    for (CString etiquette, texte; arguments.lireTexte(etiquette);) {
+    for (std::wstring etiquette, texte; arguments.lireTexte(etiquette);) {
         if (!arguments.lireTexte(texte))
             return refuserParametres();
         textes.emplace_back(etiquette, texte);
@@ -172,18 +143,18 @@ int lispModifAttrib()
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return rendreNil();
+    if (estVerrouille(id)) {
+        signalerVerrouilles(1);
+        return acedRetInt(0);
+    }
     const CAcadUndoGroup groupe;
-    bilan attributs;
+    int ecrits = 0;
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](AcDbAttribute& attribut) {
-        for (const auto& [etiquette, texte] : textes)
-            if (memeEtiquette(attribut, etiquette)) {
-                const bool verrouille = changerTexte(attribut, texte) == Acad::eOnLockedLayer;
-                ++(verrouille ? attributs.verrouilles : attributs.changes);
-                break;
-            }
+        const auto texte =
+            std::ranges::find_if(textes, [&](const auto& t) { return memeEtiquette(attribut, t.first); });
+        ecrits += texte != textes.end() && changerTexte(attribut, texte->second) == Acad::eOk;
     });
-    signalerVerrouilles(attributs.verrouilles);
-    return acedRetInt(attributs.changes);
+    return acedRetInt(ecrits);
 }
 
 int lispRegPts()
@@ -241,7 +212,7 @@ int lispSuperpos()
     for (const std::vector<int>& groupe : groupes) {
         liste.ouvrir();
         for (const int i : groupe)
-            liste.ajouter(CString(table->getData(i)->getNomPoint()));
+            liste.ajouter(depuisAnsi(table->getData(i)->getNomPoint()).c_str());
         liste.fermer();
     }
     acutPrintf(L"\n%d superposition(s)", static_cast<int>(groupes.size()));

@@ -14,8 +14,8 @@ namespace {
 
 /// The last text of the attribute's tag counts.
 struct texteEtiquete {
-    const CString& etiquette;
-    CString texte;
+    const wchar_t* etiquette;
+    std::wstring texte;
 };
 
 void ecrireTextes(const AcDbBlockReference& reference, const donneesSymbole& point, const codifPoint& codif)
@@ -24,12 +24,12 @@ void ecrireTextes(const AcDbBlockReference& reference, const donneesSymbole& poi
     const texteEtiquete textes[] = {
         // Intended: the name's tag, where one expects that of the code. The name below wins, so a change of code does
         // not reach the symbol's code text; drawings and programs that read them count on it.
-        {etiquettes.numero, texteEntier(point.code)},
+        {etiquettes.numero, std::to_wstring(point.code)},
         {etiquettes.numero, point.nom},
         {etiquettes.altitude, texteAltitude(point.z, codif)},
     };
     pourChaqueAttribut(reference, AcDb::kForRead, [&](AcDbAttribute& attribut) {
-        const CString* nouveau = nullptr;
+        const std::wstring* nouveau = nullptr;
         for (const texteEtiquete& t : textes)
             if (memeEtiquette(attribut, t.etiquette))
                 nouveau = &t.texte;
@@ -73,19 +73,20 @@ lectureSymbole lireSymbole(const AcDbObjectId& id, donneesSymbole& point)
     point.x = place.x;
     point.y = place.y;
     const attribsPoints& etiquettes = attribsDuModule;
-    std::optional<CString> nom, code, altitude; // the first attribute of each tag
+    std::optional<std::wstring> nom, code, altitude; // the first attribute of each tag
     pourChaqueAttribut(*reference.object(), AcDb::kForRead, [&](const AcDbAttribute& attribut) {
-        for (const auto& [etiquette, texte] :
-             {std::pair(&etiquettes.numero, &nom), {&etiquettes.code, &code}, {&etiquettes.altitude, &altitude}})
-            if (!*texte && memeEtiquette(attribut, *etiquette))
-                *texte = CString(attribut.textStringConst());
+        for (const auto& [etiquette, texte] : {std::pair(etiquettes.numero.GetString(), &nom),
+                                               {etiquettes.code.GetString(), &code},
+                                               {etiquettes.altitude.GetString(), &altitude}})
+            if (!*texte && memeEtiquette(attribut, etiquette))
+                *texte = attribut.textStringConst();
     });
     if (!nom)
         return lectureSymbole::sansNom;
     point.nom = *nom;
     const int numero = code ? entierDeTexte(*code) : 1;
     point.code = numero < 0 || numero > 9999 ? 1 : numero; // Intended: 0 is kept
-    if (!altitude || !lireNombre(*altitude, point.z))
+    if (!altitude || !lireNombre(altitude->c_str(), point.z))
         point.z = inconnu;
     return lectureSymbole::lu;
 }

@@ -1,6 +1,9 @@
 #include "codification/regleCode.h"
 
+#include <algorithm>
+
 #include "codification/tableCodification.h"
+#include "services/lettres.h"
 #include "services/nombresTexte.h"
 
 #include "acutads.h"
@@ -8,18 +11,37 @@
 
 namespace {
 
-constexpr const wchar_t* caracteresRefuses = L"<>/\\\":;?*|,=`";
-constexpr int longueurNomCalque = 255;
+constexpr std::wstring_view caracteresRefuses = L"<>/\\\":;?*|,=`";
+constexpr std::size_t longueurNomCalque = 255;
 
 bool caractereRefuse(wchar_t c)
 {
-    return c < L' ' || CString(caracteresRefuses).Find(c) >= 0;
+    return c < L' ' || caracteresRefuses.find(c) != std::wstring_view::npos;
 }
 
-bool estComplet(const CString& chemin)
+/// "C:bloc" is not: it would be read from where the drive happens to stand.
+bool estComplet(std::wstring_view chemin)
 {
-    const auto separateur = [](wchar_t c) { return c == L'\\' || c == L'/'; };
-    return !chemin.IsEmpty() && (separateur(chemin[0]) || (chemin.GetLength() > 1 && chemin[1] == L':'));
+    if (chemin.size() > 2 && chemin[1] == L':')
+        chemin.remove_prefix(2);
+    return !chemin.empty() && (chemin[0] == L'\\' || chemin[0] == L'/');
+}
+
+/// As "../bloc" does, which would become complete without its full stops.
+bool partDIci(std::wstring_view saisi)
+{
+    const auto debut = saisi.find_first_not_of(L" \t");
+    return debut != std::wstring_view::npos && saisi[debut] == L'.';
+}
+
+/// Takes the extension off. @return whether there was one, in any letter case.
+bool oterExtension(std::wstring& chemin, std::wstring_view extension)
+{
+    if (chemin.size() < extension.size() ||
+        !memesLettres(std::wstring_view(chemin).substr(chemin.size() - extension.size()), extension))
+        return false;
+    chemin.resize(chemin.size() - extension.size());
+    return true;
 }
 
 } // namespace
@@ -32,54 +54,46 @@ bool tailleValable(double taille)
     return taille >= 1e-6 && taille <= 1e6;
 }
 
-bool calqueValable(const CString& nom)
+bool calqueValable(std::wstring_view nom)
 {
-    CString utile = nom;
-    utile.Trim(blancsSaisie);
-    if (utile.GetLength() > longueurNomCalque)
-        return false;
-    for (int i = 0; i < utile.GetLength(); ++i)
-        if (caractereRefuse(utile[i]))
-            return false;
-    return true;
+    const std::wstring_view utile = sansBlancs(nom, blancsSaisie);
+    return utile.size() <= longueurNomCalque && std::ranges::none_of(utile, caractereRefuse);
 }
 
-void reparerCalques(codifPoint& code, const CString& fichier)
+void reparerCalques(codifPoint& code, const std::wstring& fichier)
 {
-    for (CString& nom : code.layers) {
+    for (std::wstring& nom : code.layers) {
         if (calqueValable(nom))
             continue;
-        const CString avant = nom;
-        nom.Trim(blancsSaisie);
-        nom = nom.Left(longueurNomCalque);
-        for (int i = 0; i < nom.GetLength(); ++i)
-            if (caractereRefuse(nom[i]))
-                nom.SetAt(i, L'_');
-        acutPrintf(L"\n%s%scode %d : le nom de calque « %s » est impossible, « %s » est pris.", fichier.GetString(),
-                   fichier.IsEmpty() ? L"" : L", ", code.code, avant.GetString(), nom.GetString());
+        const std::wstring avant = nom;
+        nom = sansBlancs(avant, blancsSaisie).substr(0, longueurNomCalque);
+        std::ranges::replace_if(nom, caractereRefuse, L'_');
+        acutPrintf(L"\n%s%scode %d : le nom de calque « %s » est impossible, « %s » est pris.", fichier.c_str(),
+                   fichier.empty() ? L"" : L", ", code.code, avant.c_str(), nom.c_str());
     }
 }
 
-std::optional<CString> cheminDeBloc(const CString& saisi)
+std::optional<std::wstring> cheminDeBloc(std::wstring_view saisi)
 {
-    CString chemin = saisi;
-    chemin.Trim(blancsSaisie);
-    if (chemin.Right(4).CompareNoCase(L".dxf") == 0)
-        chemin = chemin.Left(chemin.GetLength() - 4) + L".dwg";
-    if (chemin.IsEmpty() || estComplet(chemin))
+    if (partDIci(saisi))
+        return std::nullopt;
+    std::wstring chemin(sansBlancs(saisi, blancsSaisie));
+    if (oterExtension(chemin, L".dxf"))
+        chemin += L".dwg";
+    if (chemin.empty() || estComplet(chemin))
         return chemin;
-    CString stem = chemin.Right(4).CompareNoCase(L".dwg") == 0 ? chemin.Left(chemin.GetLength() - 4) : chemin;
-    stem = cheminBiblio(stem);
+    oterExtension(chemin, L".dwg");
+    const std::wstring stem = cheminBiblio(chemin.c_str());
     for (const wchar_t* const extension : {L".dwg", L".dxf"})
-        if (_waccess(stem + extension, 0) == 0)
+        if (_waccess((stem + extension).c_str(), 0) == 0)
             return stem + L".dwg";
     return std::nullopt;
 }
 
-avisCode validerCode(const CString& saisie, const tableCodification& table, bool creation)
+avisCode validerCode(std::wstring_view saisie, const tableCodification& table, bool creation)
 {
-    CString texte = saisie;
-    if (texte.Trim(blancsSaisie) == L"?") {
+    const std::wstring_view texte = sansBlancs(saisie, blancsSaisie);
+    if (texte == L"?") {
         const int libre = table.plusPetitNumeroLibre();
         return {libre == 0 ? verdictCode::aucunLibre : verdictCode::propose, libre};
     }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <optional>
-
-#include "afx.h"
+#include <string>
+#include <string_view>
 
 struct codifPoint;
 class tableCodification;
@@ -19,17 +19,17 @@ constexpr bool codeValable(int code)
 bool tailleValable(double taille);
 
 /// Whether a layer may bear the name, blanks at its ends aside; an empty one stands for layer "0".
-bool calqueValable(const CString& nom);
+bool calqueValable(std::wstring_view nom);
 /// What layer names must not be, for those who typed one that is not valable.
 extern const wchar_t* const regleNomsCalques;
 /// Replaces what no layer name may hold, by "_", in the five names of a code; what is too long is cut. Prints each
 /// change on the command line, as read from `fichier` when that is not empty.
-void reparerCalques(codifPoint& code, const CString& fichier = {});
+void reparerCalques(codifPoint& code, const std::wstring& fichier = {});
 
 /// The path under which a code keeps its block's drawing file: a ".dxf" is named as the ".dwg" of its stem, which is
 /// how blocks are read; a bare name is that of a block of the module's library.
 /// @return nothing for a relative path that is no block of the library: only this session could find its file.
-std::optional<CString> cheminDeBloc(const CString& saisi);
+std::optional<std::wstring> cheminDeBloc(std::wstring_view saisi);
 
 /// What the user reads of a code that is not.
 inline constexpr const wchar_t* messageCodeIncorrect = L"Code incorrect\nTapez un nombre compris entre 1 et 9999";
@@ -49,4 +49,4 @@ struct avisCode {
 };
 
 /// @param creation a new code: its number must be free
-avisCode validerCode(const CString& saisie, const tableCodification& table, bool creation);
+avisCode validerCode(std::wstring_view saisie, const tableCodification& table, bool creation);

@@ -2,6 +2,8 @@
 #include "codification/miseAJourSymbole.h"
 #include "points/pointDuDessin.h"
 #include "services/calqueVerrouille.h"
+#include "services/codages.h"
+#include "services/lettres.h"
 
 #include "dbapserv.h"
 
@@ -10,6 +12,8 @@
 
 namespace {
 
+constexpr std::wstring_view blancs = L" \t";
+
 donneesSymbole donneesDe(const pointDuDessin& point)
 {
     donneesSymbole donnees;
@@ -17,7 +21,7 @@ donneesSymbole donneesDe(const pointDuDessin& point)
     donnees.x = point.getX();
     donnees.y = point.getY();
     donnees.z = point.getZ();
-    donnees.nom = point.getNomPoint();
+    donnees.nom = depuisAnsi(point.getNomPoint());
     return donnees;
 }
 
@@ -25,15 +29,14 @@ donneesSymbole donneesDe(const pointDuDessin& point)
 
 void pointDuDessin::getZAsString(CString& texte) const
 {
-    texte = altitudeConnue() ? texteAltitude(Z, codificationDuModule().getCodif(code)) : CString();
+    texte = altitudeConnue() ? texteAltitude(Z, codificationDuModule().getCodif(code)).c_str() : L"";
 }
 
 void pointDuDessin::creer(bool creerCalques, const wchar_t* observation)
 {
     donneesSymbole donnees = donneesDe(*this);
-    donnees.nom.Trim(L" \t").MakeUpper();
-    donnees.observation = observation;
-    donnees.observation.Trim(L" \t");
+    donnees.nom = enMajuscules(std::wstring(sansBlancs(donnees.nom, blancs)));
+    donnees.observation = sansBlancs(observation ? observation : L"", blancs);
     insererSymbolePoint(donnees, acdbHostApplicationServices()->workingDatabase(), codificationDuModule(), id,
                         altitudeConnue(), creerCalques);
 }
@@ -59,7 +62,7 @@ int pointDuDessin::updateFromDrawing(const AcDbObjectId& symbole)
     id = symbole;
     if (lecture == lectureSymbole::sansNom)
         return 0;
-    setNomPoint(lues.nom.GetString());
+    setNomPoint(lues.nom.c_str());
     code = lues.code;
     Z = lues.z;
     return 1;

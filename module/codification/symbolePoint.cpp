@@ -1,5 +1,6 @@
 #include "codification/symbolePoint.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -7,7 +8,7 @@
 #include "points/attribsPoints.h"
 #include "services/blocFichier.h"
 #include "services/formatNombres.h"
-#include "services/nombresTexte.h"
+#include "services/lettres.h"
 
 #include "dbents.h"
 #include "dbsymtb.h"
@@ -23,15 +24,13 @@ void reglerFacteurSymboles(double facteur)
 double tailleSymbole(const codifPoint& codif)
 {
     const bool dessinable = codif.tailleBlock > 0.0 && std::isfinite(codif.tailleBlock);
-    return facteurSymboles * (dessinable ? codif.tailleBlock : 1.0);
+    constexpr double plusGrande = 1e100; // texts are placed at some sizes from the point: by numbers still
+    return std::min(facteurSymboles * (dessinable ? codif.tailleBlock : 1.0), plusGrande);
 }
 
-CString texteAltitude(double z, const codifPoint& codif)
+std::wstring texteAltitude(double z, const codifPoint& codif)
 {
-    CString texte;
-    if (z != inconnu)
-        formaterFixe(z, codif.precisionAltitudes, texte);
-    return texte;
+    return z != inconnu ? formaterFixe(z, codif.precisionAltitudes) : std::wstring();
 }
 
 bool preparerCalques(AcDbDatabase& db, codifPoint& codif, bool creer)
@@ -49,10 +48,8 @@ bool preparerCalques(AcDbDatabase& db, codifPoint& codif, bool creer)
 
 AcDbObjectId blocDuCode(AcDbDatabase& db, const codifPoint& codif)
 {
-    CString chemin = codif.chemin;
-    if (chemin.Trim(blancsSaisie).IsEmpty())
-        chemin = cheminBiblio(L"velablk1.dwg");
-    return blocDeFichier(db, chemin);
+    const std::wstring chemin(sansBlancs(codif.chemin, blancsSaisie));
+    return blocDeFichier(db, chemin.empty() ? codifPoint().chemin : chemin);
 }
 
 bool placeConnue(const donneesSymbole& point)
@@ -80,8 +77,8 @@ AcDbBlockReference* ajouterReference(AcDbDatabase& db, const AcGePoint3d& place,
 
 /// One of the four attributes; `dy` is its height above the point, in text heights.
 struct attributSymbole {
-    const CString& etiquette;
-    CString texte;
+    const wchar_t* etiquette;
+    std::wstring texte;
     double dy;
     emplacementCalque calque;
     bool visible;
@@ -95,7 +92,7 @@ void ajouterAttribut(AcDbBlockReference& reference, const attributSymbole& model
     const double taille = tailleSymbole(codif);
     auto attribut =
         std::make_unique<AcDbAttribute>(AcGePoint3d(point.x + decalageX * taille, point.y + modele.dy * taille, 0.0),
-                                        modele.texte.GetString(), modele.etiquette.GetString());
+                                        modele.texte.c_str(), modele.etiquette);
     attribut->setHeight(taille);
     attribut->setInvisible(!modele.visible);
     if (reference.appendAttribute(attribut.get()) != Acad::eOk)
@@ -106,11 +103,11 @@ void ajouterAttribut(AcDbBlockReference& reference, const attributSymbole& model
 }
 
 void ajouterAttributs(AcDbBlockReference& reference, const donneesSymbole& point, const codifPoint& codif,
-                      const CString& altitude)
+                      const std::wstring& altitude)
 {
     const attribsPoints& etiquettes = attribsDuModule;
     const attributSymbole attributs[] = {
-        {etiquettes.code, texteEntier(point.code), 2.0, calqueCode, false},
+        {etiquettes.code, std::to_wstring(point.code), 2.0, calqueCode, false},
         {etiquettes.numero, point.nom, 0.5, calqueNumero, true},
         {etiquettes.altitude, altitude, -1.0, calqueAltitudes, true},
         {etiquettes.observation, point.observation, -2.5, calqueObs, true},
@@ -139,7 +136,7 @@ int insererSymbolePoint(const donneesSymbole& point, AcDbDatabase* db, tableCodi
     reference->setScaleFactors({taille, taille, taille});
     if (!codif.idCalques[calqueBlock].isNull())
         reference->setLayer(codif.idCalques[calqueBlock]);
-    ajouterAttributs(*reference, point, codif, altitudeConnue ? texteAltitude(point.z, codif) : CString());
+    ajouterAttributs(*reference, point, codif, altitudeConnue ? texteAltitude(point.z, codif) : std::wstring());
     marquerSymbole(*reference);
     id = reference->objectId();
     reference->close();

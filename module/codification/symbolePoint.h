@@ -15,8 +15,8 @@ struct donneesSymbole {
     double x = inconnu;
     double y = inconnu;
     double z = inconnu;
-    CString nom;
-    CString observation;
+    std::wstring nom;
+    std::wstring observation;
 };
 
 /// Whether X and Y are known and finite: there is no symbol elsewhere.
@@ -32,7 +32,7 @@ void reglerFacteurSymboles(double facteur);
 double tailleSymbole(const codifPoint& codif);
 
 /// Altitude text of a point of that code; empty when the altitude is unknown.
-CString texteAltitude(double z, const codifPoint& codif);
+std::wstring texteAltitude(double z, const codifPoint& codif);
 
 /// What a symbol of that code needs in the drawing: its layers (made when asked for, else those that exist are used)
 /// and its block. @return false without layer table; a null block when there is none.

@@ -1,3 +1,5 @@
+#include <vector>
+
 #include "points/listePointsDuDessin.h"
 #include "services/dialogueProgression.h"
 #include "services/selection.h"
@@ -15,10 +17,13 @@ void listePointsDuDessin::renumeroter(bool tout)
 }
 
 /// Apart from its symbol the point stays as it is: no name has to be indexed again.
-void listePointsDuDessin::mettreAJourSymbole(int i)
+void listePointsDuDessin::mettreAJourSymbole(int i, const wchar_t* observation)
 {
     pointDuDessin point = points[i];
-    point.updateDrawing();
+    if (observation && (point.getId().isNull() || point.getId().isErased()))
+        point.creer(true, observation);
+    else
+        point.updateDrawing();
     if (point.getId() == points[i].getId())
         return;
     changer(i) = point;
@@ -36,13 +41,11 @@ void listePointsDuDessin::updateDrawing()
 
 void listePointsDuDessin::updateFromDrawing()
 {
-    changerTout();
-    points.RemoveAll();
-    reindexer();
-    objets.suspecterTout();
+    std::vector<pointDuDessin> lus;
     for (const AcDbObjectId& id : selectionDuDessin(L"INSERT")) {
         pointDuDessin point;
         if (point.updateFromDrawing(id))
-            Ajouter(point);
+            lus.push_back(point);
     }
+    remplacerTout(lus);
 }

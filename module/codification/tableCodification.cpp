@@ -5,43 +5,46 @@
 
 #include "codification/regleCode.h"
 #include "codification/xmlCodification.h"
+#include "services/codages.h"
 #include "services/dossierSupport.h"
 #include "services/fichierEntier.h"
 #include "services/journaux.h"
+#include "services/lettres.h"
 
 #include "acutads.h"
+#include "afx.h"
 #include "dbsymtb.h"
 
 namespace {
 
-CString entreCrochets(const CString& chemin)
+std::wstring entreCrochets(const std::wstring& chemin)
 {
     return L"[" + chemin + L"]";
 }
 
-void journaliser(const CString& message)
+void journaliser(const std::wstring& message)
 {
-    journaliserMessage(CStringA(L"Codification : " + message + L"\n"));
+    journaliserMessage(versAnsi(L"Codification : " + message + L"\n").c_str());
 }
 
 /// Tells the user, and the log.
-void signaler(const CString& message)
+void signaler(const std::wstring& message)
 {
-    acutPrintf(L"\nCodification : %s", message.GetString());
+    acutPrintf(L"\nCodification : %s", message.c_str());
     journaliser(message);
 }
 
 constexpr const wchar_t* nomFichier = L"defcodif";
 
 /// @return whether the file may be replaced.
-bool garderFichierRefuse(const CString& chemin)
+bool garderFichierRefuse(const std::wstring& chemin)
 {
-    const auto copie = mettreDeCote(chemin);
+    const auto copie = mettreDeCote(chemin.c_str());
     if (!copie)
         signaler(
             entreCrochets(chemin) +
             L" est illisible et n'a pas pu être copié ; il est laissé tel quel, les codes ne sont pas enregistrés.");
-    else if (!copie->IsEmpty())
+    else if (!copie->empty())
         journaliser(entreCrochets(chemin) + L" est illisible ; il est gardé sous " + entreCrochets(*copie) + L".");
     return copie.has_value();
 }
@@ -68,23 +71,23 @@ tableCodification::~tableCodification() = default;
 
 int tableCodification::charger()
 {
-    CString chemin = cheminFichier;
+    const std::wstring chemin(sansBlancs(cheminFichier, blancsSaisie));
     derniere = lecture::aucune;
-    if (chemin.Trim(blancsSaisie).IsEmpty())
+    if (chemin.empty())
         return 0;
     derniere = lireCodes(chemin);
     return derniere == lecture::faite && !codes.empty() ? 1 : 0;
 }
 
-tableCodification::lecture tableCodification::lireCodes(const CString& chemin)
+tableCodification::lecture tableCodification::lireCodes(const std::wstring& chemin)
 {
     const auto signalerEchec = [&] {
-        acutPrintf(L"\nechec lecture de donnees a partir de [%s] datasize=%d", chemin.GetString(), nombre());
+        acutPrintf(L"\nechec lecture de donnees a partir de [%s] datasize=%d", chemin.c_str(), nombre());
         codes.clear();
         return lecture::refusee;
     };
     try {
-        const auto octets = lireFichier(chemin);
+        const auto octets = lireFichier(chemin.c_str());
         const std::size_t avant = codes.size();
         if (!octets || !codesDeXml(*octets, codes))
             return lecture::refusee;
@@ -110,7 +113,7 @@ int tableCodification::sauver(const wchar_t* fichier)
     if (derniere == lecture::refusee && !garderFichierRefuse(cheminFichier))
         return 1;
     derniere = lecture::aucune; // what was there is kept
-    if (!remplacerFichier(cheminFichier, xml) && !sauverDansDossierPersonnel(xml))
+    if (!remplacerFichier(cheminFichier.c_str(), xml) && !sauverDansDossierPersonnel(xml))
         signaler(entreCrochets(cheminFichier) +
                  L" n'a pas pu être écrit : les codes changés seront perdus à la fin de la session.");
     return 1;
@@ -121,9 +124,9 @@ bool tableCodification::sauverDansDossierPersonnel(const std::string& xml)
 {
     if (cheminFichier != cheminSupport(nomFichier) || !copierDossierSupport())
         return false;
-    const CString avant = cheminFichier;
+    const std::wstring avant = cheminFichier;
     cheminFichier = cheminSupport(nomFichier);
-    if (!remplacerFichier(cheminFichier, xml))
+    if (!remplacerFichier(cheminFichier.c_str(), xml))
         return false;
     signaler(entreCrochets(avant) + L" ne peut pas être écrit ; vos codes sont désormais dans " +
              entreCrochets(cheminFichier) + L".");
@@ -162,20 +165,20 @@ int tableCodification::indexCode(int code) const
 codifPoint& tableCodification::getCodif(int code)
 {
     const int index = indexCode(code);
-    return index >= 0 ? (*this)[index] : creerCodif(code, L"Code %d");
+    return index >= 0 ? (*this)[index] : creerCodif(code, L"Code ");
 }
 
-CString tableCodification::getLibelle(int code)
+std::wstring tableCodification::getLibelle(int code)
 {
     const int index = indexCode(code);
     // Intended: another label than that of getCodif; users tell by it how a code came to be.
-    return index >= 0 ? (*this)[index].libelle : creerCodif(code, L"Code N\u00b0 %d").libelle;
+    return index >= 0 ? (*this)[index].libelle : creerCodif(code, L"Code N\u00b0 ").libelle;
 }
 
-codifPoint& tableCodification::creerCodif(int code, const wchar_t* format)
+codifPoint& tableCodification::creerCodif(int code, const wchar_t* debutLibelle)
 {
     codifPoint& cree = codes.emplace_back();
-    cree.libelle.Format(format, code);
+    cree.libelle = debutLibelle + std::to_wstring(code);
     cree.code = code;
     return cree;
 }

@@ -18,7 +18,7 @@ public:
     explicit tableCodification(const wchar_t* fichier = nullptr);
     virtual ~tableCodification();
 
-    const CString& getFichier() const { return cheminFichier; }
+    const std::wstring& getFichier() const { return cheminFichier; }
 
     /// Appends the codes of the file. @return 1 when the table then holds any code, else 0.
     int charger();
@@ -40,7 +40,7 @@ public:
     /// grows or shrinks.
     codifPoint& getCodif(int code);
     /// The label of that number; a code appended for it is labelled "Code N° %d".
-    CString getLibelle(int code);
+    std::wstring getLibelle(int code);
     void ajouter(const codifPoint& code) { codes.push_back(code); }
     /// @return the number of codes left.
     int supprimer(int index);
@@ -56,11 +56,11 @@ public:
 private:
     enum class lecture { aucune, refusee, faite };
 
-    lecture lireCodes(const CString& chemin);
+    lecture lireCodes(const std::wstring& chemin);
     bool sauverDansDossierPersonnel(const std::string& xml);
-    codifPoint& creerCodif(int code, const wchar_t* format);
+    codifPoint& creerCodif(int code, const wchar_t* debutLibelle);
 
-    CString cheminFichier;
+    std::wstring cheminFichier;
     std::vector<codifPoint> codes;
     lecture derniere = lecture::aucune; // how the last reading of the file ended; refused: it is still there
 };

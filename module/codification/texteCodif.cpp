@@ -3,9 +3,13 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "codification/codifPoint.h"
 #include "codification/regleCode.h"
+#include "services/codages.h"
+#include "services/formatNombres.h"
+#include "services/lettres.h"
 #include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
@@ -13,58 +17,54 @@
 
 namespace {
 
-constexpr const wchar_t* debutBloc = L"Code {";
-constexpr const wchar_t* finBloc = L"}";
+constexpr std::wstring_view debutBloc = L"Code {";
+constexpr std::wstring_view finBloc = L"}";
 
-void lireCouleur(int& couleur, const CString& valeur)
+void lireCouleur(int& couleur, std::wstring_view valeur)
 {
     const int lue = entierDeTexte(valeur);
     couleur = lue < 0 || lue > 256 ? 7 : lue;
 }
 
-void lireTaille(codifPoint& codif, const CString& valeur)
+void lireTaille(codifPoint& codif, std::wstring_view valeur)
 {
-    const double lue = reelDeTexte(valeur.GetString());
+    const double lue = reelDeTexte(valeur);
     codif.tailleBlock = lue <= 0.0 ? 1.0 : lue;
 }
 
 /// One line of the block: its keyword, and how it is read and written.
 struct ligneTexte {
-    const wchar_t* motCle;
-    void (*lire)(codifPoint&, const CString&);
-    CString (*ecrire)(const codifPoint&);
+    std::wstring_view motCle;
+    void (*lire)(codifPoint&, std::wstring_view);
+    std::wstring (*ecrire)(const codifPoint&);
 };
 
 template <emplacementCalque E>
-constexpr ligneTexte ligneCalque(const wchar_t* motCle)
+constexpr ligneTexte ligneCalque(std::wstring_view motCle)
 {
-    return {motCle, [](codifPoint& c, const CString& v) { c.layers[E] = v; },
+    return {motCle, [](codifPoint& c, std::wstring_view v) { c.layers[E] = v; },
             [](const codifPoint& c) { return c.layers[E]; }};
 }
 
 template <emplacementCalque E>
-constexpr ligneTexte ligneCouleur(const wchar_t* motCle)
+constexpr ligneTexte ligneCouleur(std::wstring_view motCle)
 {
-    return {motCle, [](codifPoint& c, const CString& v) { lireCouleur(c.couleurs[E], v); },
-            [](const codifPoint& c) { return texteEntier(c.couleurs[E]); }};
+    return {motCle, [](codifPoint& c, std::wstring_view v) { lireCouleur(c.couleurs[E], v); },
+            [](const codifPoint& c) { return std::to_wstring(c.couleurs[E]); }};
 }
 
 /// In the order of writing. No keyword begins another: the order does not count for reading.
 const ligneTexte lignes[] = {
-    {L"CODE:", [](codifPoint& c, const CString& v) { c.code = std::clamp(entierDeTexte(v), 1, 9999); },
-     [](const codifPoint& c) { return texteEntier(c.code); }},
-    {L"LIBELLE:", [](codifPoint& c, const CString& v) { c.libelle = v; },
+    {L"CODE:", [](codifPoint& c, std::wstring_view v) { c.code = std::clamp(entierDeTexte(v), 1, 9999); },
+     [](const codifPoint& c) { return std::to_wstring(c.code); }},
+    {L"LIBELLE:", [](codifPoint& c, std::wstring_view v) { c.libelle = v; },
      [](const codifPoint& c) { return c.libelle; }},
-    {L"CHEMIN:", [](codifPoint& c, const CString& v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; }},
-    {L"BLKTAILLE:", lireTaille,
-     [](const codifPoint& c) {
-         CString texte;
-         texte.Format(L"%f", c.tailleBlock);
-         return texte;
-     }},
+    {L"CHEMIN:", [](codifPoint& c, std::wstring_view v) { c.chemin = v; },
+     [](const codifPoint& c) { return c.chemin; }},
+    {L"BLKTAILLE:", lireTaille, [](const codifPoint& c) { return formaterFixe(c.tailleBlock, 6); }},
     {L"PRECISIONALTITUDES:",
-     [](codifPoint& c, const CString& v) { c.precisionAltitudes = std::clamp(entierDeTexte(v), 0, 8); },
-     [](const codifPoint& c) { return texteEntier(c.precisionAltitudes); }},
+     [](codifPoint& c, std::wstring_view v) { c.precisionAltitudes = std::clamp(entierDeTexte(v), 0, 8); },
+     [](const codifPoint& c) { return std::to_wstring(c.precisionAltitudes); }},
     ligneCalque<calqueBlock>(L"LAYBLOCK:"),
     ligneCalque<calqueAltitudes>(L"LAYALTITUDES:"),
     ligneCalque<calqueNumero>(L"LAYNUMERO:"),
@@ -78,30 +78,30 @@ const ligneTexte lignes[] = {
 };
 
 /// The next line without what surrounds it; nothing at the end of the stream.
-std::optional<CString> ligneSuivante(std::istream& flux)
+std::optional<std::wstring> ligneSuivante(std::istream& flux)
 {
     std::string octets;
     if (!std::getline(flux, octets))
         return std::nullopt;
     if (octets.ends_with('\r'))
         octets.pop_back();
-    CString ligne(octets.c_str());
-    return ligne.Trim(blancsSaisie);
+    const std::wstring ligne = depuisAnsi(octets.c_str()); // up to a zero
+    return std::wstring(sansBlancs(ligne, blancsSaisie));
 }
 
-bool commencePar(const CString& ligne, const wchar_t* motCle)
+bool commencePar(std::wstring_view ligne, std::wstring_view motCle)
 {
-    return ligne.Left(CString(motCle).GetLength()).CompareNoCase(motCle) == 0;
+    return memesLettres(ligne.substr(0, motCle.size()), motCle);
 }
 
-void appliquer(codifPoint& codif, const CString& ligne)
+void appliquer(codifPoint& codif, std::wstring_view ligne)
 {
     const auto* const trouvee = std::find_if(std::begin(lignes), std::end(lignes),
                                              [&](const ligneTexte& l) { return commencePar(ligne, l.motCle); });
     if (trouvee == std::end(lignes))
         return;
-    CString valeur = ligne.Mid(CString(trouvee->motCle).GetLength());
-    trouvee->lire(codif, valeur.TrimLeft(blancsSaisie));
+    ligne.remove_prefix(trouvee->motCle.size());
+    trouvee->lire(codif, sansBlancs(ligne, blancsSaisie));
 }
 
 } // namespace
@@ -109,7 +109,7 @@ void appliquer(codifPoint& codif, const CString& ligne)
 int codifPoint::lireTexte(std::istream& flux)
 {
     auto ligne = ligneSuivante(flux);
-    while (ligne && ligne->CompareNoCase(debutBloc) != 0)
+    while (ligne && !memesLettres(*ligne, debutBloc))
         ligne = ligneSuivante(flux);
     while (ligne && (ligne = ligneSuivante(flux))) {
         if (commencePar(*ligne, debutBloc))
@@ -125,10 +125,9 @@ int codifPoint::lireTexte(std::istream& flux)
 
 int codifPoint::ecrireTexte(std::ostream& flux) const
 {
-    const auto ecrire = [&flux](const CString& texte) { flux << CStringA(texte).GetString(); };
-    ecrire(CString(L"\n") + debutBloc);
+    std::wstring texte = L"\n" + std::wstring(debutBloc);
     for (const ligneTexte& ligne : lignes)
-        ecrire(CString(L"\n\t") + ligne.motCle + L" " + ligne.ecrire(*this));
-    ecrire(CString(L"\n") + finBloc);
+        texte += L"\n\t" + std::wstring(ligne.motCle) + L" " + ligne.ecrire(*this);
+    flux << versAnsi(texte + L"\n" + std::wstring(finBloc));
     return flux.good() ? 1 : 0;
 }

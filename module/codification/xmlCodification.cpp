@@ -1,8 +1,12 @@
 #include "codification/xmlCodification.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include <tinyxml.h>
 
 #include "services/codages.h"
+#include "services/formatNombres.h"
 #include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
@@ -18,41 +22,37 @@ enum class champVide { garderDefaut, vider };
 /// One field of a code: its element, and how it is read and written.
 struct champXml {
     const char* element;
-    void (*lire)(codifPoint&, const CString&);
-    CString (*ecrire)(const codifPoint&);
+    void (*lire)(codifPoint&, std::wstring_view);
+    std::wstring (*ecrire)(const codifPoint&);
     champVide vide = champVide::garderDefaut;
 };
 
 template <emplacementCalque E>
 constexpr champXml champCalque(const char* element)
 {
-    return {element, [](codifPoint& c, const CString& v) { c.layers[E] = v; },
+    return {element, [](codifPoint& c, std::wstring_view v) { c.layers[E] = v; },
             [](const codifPoint& c) { return c.layers[E]; }, champVide::vider};
 }
 
 template <emplacementCalque E>
 constexpr champXml champCouleur(const char* element)
 {
-    return {element, [](codifPoint& c, const CString& v) { c.couleurs[E] = entierDeTexte(v); },
-            [](const codifPoint& c) { return texteEntier(c.couleurs[E]); }};
+    return {element, [](codifPoint& c, std::wstring_view v) { c.couleurs[E] = entierDeTexte(v); },
+            [](const codifPoint& c) { return std::to_wstring(c.couleurs[E]); }};
 }
 
 /// In the order of writing, which is not that of the record.
 const champXml champs[] = {
-    {"code", [](codifPoint& c, const CString& v) { c.code = entierDeTexte(v); },
-     [](const codifPoint& c) { return texteEntier(c.code); }},
-    {"libelle", [](codifPoint& c, const CString& v) { c.libelle = v; }, [](const codifPoint& c) { return c.libelle; },
+    {"code", [](codifPoint& c, std::wstring_view v) { c.code = entierDeTexte(v); },
+     [](const codifPoint& c) { return std::to_wstring(c.code); }},
+    {"libelle", [](codifPoint& c, std::wstring_view v) { c.libelle = v; },
+     [](const codifPoint& c) { return c.libelle; }, champVide::vider},
+    {"chemin", [](codifPoint& c, std::wstring_view v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; },
      champVide::vider},
-    {"chemin", [](codifPoint& c, const CString& v) { c.chemin = v; }, [](const codifPoint& c) { return c.chemin; },
-     champVide::vider},
-    {"tailleBlock", [](codifPoint& c, const CString& v) { c.tailleBlock = reelDeTexte(v.GetString()); },
-     [](const codifPoint& c) {
-         CString texte;
-         texte.Format(L"%lf", c.tailleBlock);
-         return texte;
-     }},
-    {"precisionAltitudes", [](codifPoint& c, const CString& v) { c.precisionAltitudes = entierDeTexte(v); },
-     [](const codifPoint& c) { return texteEntier(c.precisionAltitudes); }},
+    {"tailleBlock", [](codifPoint& c, std::wstring_view v) { c.tailleBlock = reelDeTexte(v); },
+     [](const codifPoint& c) { return formaterFixe(c.tailleBlock, 6); }},
+    {"precisionAltitudes", [](codifPoint& c, std::wstring_view v) { c.precisionAltitudes = entierDeTexte(v); },
+     [](const codifPoint& c) { return std::to_wstring(c.precisionAltitudes); }},
     champCalque<calqueBlock>("layerBlock"),
     champCalque<calqueAltitudes>("layerAltitudes"),
     champCalque<calqueNumero>("layerNumero"),
@@ -108,16 +108,15 @@ TiXmlText texteXml(std::string octets)
 }
 
 /// A value on lines of its own, as people lay a file out: blanks at either end that hold a line end are not of it.
-CString sansMiseEnPage(const CString& texte)
+std::wstring_view sansMiseEnPage(std::wstring_view texte)
 {
-    constexpr const wchar_t* blancs = L" \t\r\n";
-    constexpr const wchar_t* finsDeLigne = L"\r\n";
-    CString utile = texte;
-    const CString debut = texte.SpanIncluding(blancs);
-    if (debut.FindOneOf(finsDeLigne) >= 0)
-        utile.TrimLeft(blancs);
-    const CString sansFin = CString(utile).TrimRight(blancs);
-    return utile.Mid(sansFin.GetLength()).FindOneOf(finsDeLigne) >= 0 ? sansFin : utile;
+    constexpr std::wstring_view blancs = L" \t\r\n";
+    const auto surPlusieursLignes = [](std::wstring_view vide) { return vide.find_first_of(L"\r\n") != vide.npos; };
+    const std::size_t debut = std::min(texte.find_first_not_of(blancs), texte.size());
+    if (surPlusieursLignes(texte.substr(0, debut)))
+        texte.remove_prefix(debut);
+    const std::size_t fin = texte.find_last_not_of(blancs) + 1; // 0 when all is blank
+    return surPlusieursLignes(texte.substr(fin)) ? texte.substr(0, fin) : texte;
 }
 
 codifPoint codeDe(const TiXmlElement& element)
@@ -127,8 +126,9 @@ codifPoint codeDe(const TiXmlElement& element)
         const TiXmlElement* const contenant = element.FirstChildElement(champ.element);
         const TiXmlNode* const premier = contenant ? contenant->FirstChild() : nullptr;
         const TiXmlText* const texte = premier ? premier->ToText() : nullptr;
-        const CString valeur = texte ? sansMiseEnPage(depuisUtf8(texte->Value()).c_str()) : CString();
-        if (!valeur.IsEmpty() || (contenant && (!premier || texte) && champ.vide == champVide::vider))
+        const std::wstring lu = texte ? depuisUtf8(texte->Value()) : std::wstring();
+        const std::wstring_view valeur = sansMiseEnPage(lu);
+        if (!valeur.empty() || (contenant && (!premier || texte) && champ.vide == champVide::vider))
             champ.lire(code, valeur);
     }
     return code;
@@ -144,7 +144,7 @@ std::string xmlDeCodes(std::span<const codifPoint> codes)
         TiXmlElement element(elementCode);
         for (const champXml& champ : champs) {
             TiXmlElement contenant(champ.element);
-            contenant.InsertEndChild(texteXml(versUtf8(champ.ecrire(code).GetString())));
+            contenant.InsertEndChild(texteXml(versUtf8(champ.ecrire(code))));
             element.InsertEndChild(contenant);
         }
         table.InsertEndChild(element);

@@ -3,12 +3,16 @@
 #include "codification/DlgChoixCode.h"
 #include "codification/DlgChoixPoint.h"
 #include "codification/lispCodes.h"
+#include "codification/lispLegendes.h"
 #include "codification/lispSymboles.h"
+#include "exchange/DlgTablesPoints.h"
+#include "implantation/CDlgImplantationDirecte.h"
 #include "points/lispPoints.h"
 #include "points/lispSelections.h"
 #include "services/argumentsLisp.h"
 #include "services/lispSaisie.h"
 #include "services/lispTextes.h"
+#include "tools/lispOutilsPoints.h"
 #include "tools/lispPolylignes.h"
 
 #include "aced.h"
@@ -28,7 +32,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"add_pt", lispAddPt},
     {L"analyse", lispAnalyse},
     {L"attrvisibility", lispAttrvisibility},
-    {L"c:projpoly", aVenir},
+    {L"c:projpoly", lispProjpoly},
     {L"c:vcode", lispVcode},
     {L"ename_pt", lispEnamePt},
     {L"getsegtype", lispGetsegtype},
@@ -50,24 +54,29 @@ constexpr fonctionLisp fonctions[] = {
     {L"choixpoint", lispChoixpoint},
     {L"chgreppts", lispChgreppts},
     {L"updarxttxt", lispUpdarxttxt},
-    {L"c:decrireblock", aVenir},
-    {L"c:tablegendes", aVenir},
-    {L"c:gererLeves", aVenir},
-    {L"C:pointsParDecalage", aVenir},
+    {L"c:decrireblock", lispDecrireblock},
+    {L"c:tablegendes", lispTablegendes},
+    {L"c:gererLeves", lispGererLeves},
+    {L"C:pointsParDecalage", lispPointsParDecalage},
     {L"C:ZoomLeve", lispZoomLeve},
     {L"selectionnerCode", lispSelectionnerCode},
     {L"c:TopJndre", lispTopJndre},
     {L"VELATEXT", lispVelatext},
     {L"c:DISSOCBLOCK", lispDissocblock},
-    {L"c:IMPLANT2", aVenir},
-    {L"c:VLDEPORTPNTS", aVenir},
-    {L"c:VLAJUSTERZ", aVenir},
+    {L"c:IMPLANT2", lispImplant2},
+    {L"c:VLDEPORTPNTS", lispDeportPoints},
+    {L"c:VLAJUSTERZ", lispAjusterZ},
     {L"c:AllegerDessin", aVenir},
 };
 
 constexpr int nombreFonctions = static_cast<int>(std::size(fonctions));
 
 } // namespace
+
+std::span<const fonctionLisp> tableFonctionsLisp()
+{
+    return fonctions;
+}
 
 int definirFonctionsLisp()
 {

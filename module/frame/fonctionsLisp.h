@@ -1,11 +1,16 @@
 #pragma once
 
+#include <span>
+
 /// One function that the module adds to AutoLISP. It reads its arguments from the host and sets its result there; the
 /// status it returns does not count.
 struct fonctionLisp {
     const wchar_t* nom;
     int (*executer)();
 };
+
+/// The functions, in the order of their codes.
+std::span<const fonctionLisp> tableFonctionsLisp();
 
 /// Defines the functions in the current drawing, up to the first that the host refuses. @return RTNORM or RTERROR.
 int definirFonctionsLisp();

@@ -20,7 +20,7 @@ constexpr int longueurLueMax = 255;
 
 FileSerializer::FileSerializer(const wchar_t* chemin, bool pourEcrire)
 {
-    fichier.reset(_wfopen(CString(CStringA(chemin).GetString()), pourEcrire ? L"w+b" : L"rb"));
+    fichier.reset(_wfopen(depuisAnsi(versAnsi(chemin ? chemin : L"")).c_str(), pourEcrire ? L"w+b" : L"rb"));
 }
 
 int FileSerializer::fermer()

@@ -11,7 +11,7 @@
 int lispAddPt()
 {
     argumentsLisp arguments;
-    CString nom;
+    std::wstring nom;
     AcGePoint3d position;
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
@@ -21,7 +21,7 @@ int lispAddPt()
     if (!table)
         return rendreNil();
     pointDuDessin point;
-    point.setParams(nom, position, code);
+    point.setParams(nom.c_str(), position, code);
     table->Ajouter(point);
     return acedRetT();
 }

@@ -5,6 +5,7 @@
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
+#include "services/codages.h"
 #include "services/listeLisp.h"
 #include "services/selection.h"
 
@@ -47,13 +48,14 @@ int lispSeloncode()
 int lispSelonnum()
 {
     argumentsLisp arguments;
-    CString noms;
+    std::wstring noms;
     int premier = 0;
     if (arguments.lireTexte(noms)) {
         if (!arguments.fini())
             return refuserParametres();
         const nomsVoulus voulus(noms);
-        return selectionner([&](const pointDuDessin& point) { return voulus.contient(point.getNomPoint()); });
+        return selectionner(
+            [&](const pointDuDessin& point) { return voulus.contient(depuisAnsi(point.getNomPoint())); });
     }
     if (!arguments.lireEntier(premier))
         return refuserParametres();
@@ -61,7 +63,7 @@ int lispSelonnum()
     if ((!arguments.fini() && !arguments.lireEntier(dernier)) || !arguments.fini())
         return refuserParametres();
     return selectionner([=](const pointDuDessin& point) {
-        const auto numero = numeroDuNom(point.getNomPoint());
+        const auto numero = numeroDuNom(depuisAnsi(point.getNomPoint()));
         return numero && *numero >= premier && *numero <= dernier;
     });
 }

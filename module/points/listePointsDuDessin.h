@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
+#include <vector>
 
 #include "points/exportation.h"
 #include "points/indexNoms.h"
@@ -10,6 +12,7 @@
 
 #include "afx.h"
 #include "afxtempl.h"
+#include "gevec2d.h"
 
 class QuarvelSerializer;
 class memoireTable;
@@ -56,6 +59,9 @@ public:
     /// The last point of the table takes its place, so the order changes. An earlier point of the same name stays, but
     /// is not found any more.
     void supprimerPoint(const wchar_t* nom);
+    /// Removes the points at these positions and erases the entities that show them; the others keep their order.
+    /// Points whose entity is on a locked layer stay, and are told at the command line. @return how many went.
+    int supprimerPositions(const std::vector<int>& positions);
     /// Keeps one point of each horizontal place (1e-8), the one of lowest code; the entities of the others stay in the
     /// drawing. When some were removed the table ends up sorted by X, Y and code. When none was, the points stay as
     /// they were but the index is emptied: names are not found until it is rebuilt.
@@ -84,8 +90,17 @@ public:
     int getBlockPosition(const wchar_t* nom, AcGePoint3d& position, int& code) const;
     /// Brings the symbol of every point in line with it, in table order, as pointDuDessin::updateDrawing.
     void updateDrawing();
+    /// Does so for one point. @param observation of a symbol that is made anew; null: none
+    void mettreAJourSymbole(int i, const wchar_t* observation = nullptr);
     /// Replaces the table by the symbols of the drawing, all spaces: every block reference with a name attribute.
     void updateFromDrawing();
+    /// Puts these points in place of all, in their order.
+    void remplacerTout(std::span<const pointDuDessin> nouveaux);
+    /// Lets the user select entities of the kinds in the mask and adds the points that they show; then removes
+    /// duplicates and numbers nameless points. Without a selection nothing changes. The tags are those of blocks with
+    /// attributes, the offset that of single-line texts. Defined in exchange: see importDessin.h.
+    void importFromDrawing(int genres, const wchar_t* tagNumero, const wchar_t* tagAltitude, const wchar_t* tagCode,
+                           const AcGeVector2d& decalage);
     /// Copies coordinates of a moved entity into the first point that it shows. `masque`: 1 X, 2 Y, 4 Z.
     void notifyPositionPoint(const AcDbObjectId& id, const AcGePoint3d& position, int masque);
     /// Table of the stored form: name, number of points, points. Reading appends to the table and indexes the points.
@@ -106,7 +121,6 @@ private:
     void echanger(changementTable& autre);
     void nommerSansNom();
     void nommerParPlace();
-    void mettreAJourSymbole(int i);
     void reindexer();
     void oublierIndex();
     void oublierNomsPartis() const;

@@ -35,7 +35,6 @@ public:
     void avantDAjouter();
     void avantDeChanger(int position);
     void avantDeToutChanger();
-    void avantDeRenommer() { avantDAjouter(); }
 
     /// A point is handed out; it may change until the table grows or shrinks.
     void confier(int position);

@@ -12,15 +12,14 @@ int numeroteur::seriePrefixeSuivante()
     return 0;
 }
 
-CString lettresSuivantes(CString texte)
+std::wstring lettresSuivantes(std::wstring texte)
 {
-    for (int i = texte.GetLength() - 1; i >= 0; --i) {
-        const wchar_t lettre = texte.GetAt(i);
-        if (lettre != L'Z') {
-            texte.SetAt(i, lettre + 1);
+    for (auto lettre = texte.rbegin(); lettre != texte.rend(); ++lettre) {
+        if (*lettre != L'Z') {
+            ++*lettre;
             return texte;
         }
-        texte.SetAt(i, L'A');
+        *lettre = L'A';
     }
     return L"A" + texte;
 }

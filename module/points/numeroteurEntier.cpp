@@ -14,18 +14,17 @@ int sommeTenue(int a, int b)
 
 } // namespace
 
-numeroteurEntier::numeroteurEntier(const CString& lePrefixe, int premier, const CString& leSuffixe, int lIncrement) :
-    numeroteur(lePrefixe, leSuffixe),
+numeroteurEntier::numeroteurEntier(std::wstring lePrefixe, int premier, std::wstring leSuffixe, int lIncrement) :
+    numeroteur(std::move(lePrefixe), std::move(leSuffixe)),
     courant(premier),
     increment(lIncrement),
     depart(premier)
 {
 }
 
-CString numeroteurEntier::nomSuivant()
+std::wstring numeroteurEntier::nomSuivant()
 {
-    CString nom;
-    nom.Format(L"%s%d%s", prefixe.GetString(), courant, suffixe.GetString());
+    std::wstring nom = prefixe + std::to_wstring(courant) + suffixe;
     courant = sommeTenue(courant, increment);
     return nom;
 }

@@ -6,9 +6,9 @@
 /// The number stays at the limits of 32 bits once it reaches them.
 class numeroteurEntier final : public numeroteur {
 public:
-    numeroteurEntier(const CString& lePrefixe, int premier, const CString& leSuffixe, int lIncrement);
+    numeroteurEntier(std::wstring lePrefixe, int premier, std::wstring leSuffixe, int lIncrement);
 
-    CString nomSuivant() override;
+    std::wstring nomSuivant() override;
     int serieSuffixeSuivante() override;
     int seriePrefixeSuivante() override;
     /// Adds 1, whatever the increment.

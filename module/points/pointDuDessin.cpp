@@ -24,7 +24,7 @@ pointDuDessin& pointDuDessin::operator=(const pointXYZ& point)
 {
     setXY(point.x, point.y, point.z);
     code = point.code;
-    setNomPoint(point.nom.GetString());
+    setNomPoint(point.nom.c_str());
     return *this;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// A table built row after row. Appending costs what is appended: a report may have 100 000 rows.
 class htmlTable {
@@ -33,6 +34,9 @@ public:
     void addCell(double value, int decimals, std::string_view attributes = {});
     /// Closes the row, whether one is open or not.
     void endRow();
+
+    /// The rows built since the last call, which leaves none: a table too long for the memory is written in pieces.
+    std::string takeRows() { return std::exchange(m_rows, {}); }
 
     /// The whole table; a row still open is closed in the text.
     std::string render() const;

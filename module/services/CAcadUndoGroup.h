@@ -1,16 +1,8 @@
 #pragma once
 
+#include "services/Uncopyable.h"
+
 struct IDispatch;
-
-class Uncopyable {
-public:
-    Uncopyable(const Uncopyable&) = delete;
-    Uncopyable& operator=(const Uncopyable&) = delete;
-
-protected:
-    Uncopyable() = default;
-    ~Uncopyable() = default;
-};
 
 /// Makes one undo step of the changes made during its life. A command that changes many entities holds one for its
 /// whole run.

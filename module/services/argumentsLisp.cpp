@@ -40,11 +40,11 @@ argumentsLisp::~argumentsLisp()
         acutRelRb(arguments);
 }
 
-bool argumentsLisp::lireTexte(CString& texte)
+bool argumentsLisp::lireTexte(std::wstring& texte)
 {
     if (!suivant || suivant->restype != RTSTR)
         return false;
-    texte = suivant->resval.rstring;
+    texte = suivant->resval.rstring ? suivant->resval.rstring : L"";
     suivant = suivant->rbnext;
     return true;
 }

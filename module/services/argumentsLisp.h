@@ -1,9 +1,9 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "adsdef.h"
-#include "afx.h"
 #include "dbid.h"
 #include "gepnt3d.h"
 
@@ -17,7 +17,7 @@ public:
     argumentsLisp& operator=(const argumentsLisp&) = delete;
 
     bool fini() const { return suivant == nullptr; }
-    bool lireTexte(CString& texte);
+    bool lireTexte(std::wstring& texte);
     bool lireEntier(int& entier);
     bool lireReel(double& reel);
     /// T or nil.

@@ -1,25 +1,26 @@
 #include "services/blocFichier.h"
 
-#include <algorithm>
+#include "services/lettres.h"
 
 #include "dbsymtb.h"
 
 namespace {
 
-constexpr const wchar_t* extensionDessin = L".dwg";
+constexpr std::wstring_view extensionDessin = L".dwg";
 
-bool finitParDwg(const CString& chemin)
+bool finitParDwg(std::wstring_view chemin)
 {
-    return chemin.Right(4).CompareNoCase(extensionDessin) == 0;
+    return chemin.size() >= extensionDessin.size() &&
+           memesLettres(chemin.substr(chemin.size() - extensionDessin.size()), extensionDessin);
 }
 
-AcDbObjectId blocPresent(AcDbDatabase& db, const CString& nom)
+AcDbObjectId blocPresent(AcDbDatabase& db, const std::wstring& nom)
 {
     AcDbBlockTable* blocs = nullptr;
     AcDbObjectId id;
     if (db.getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
         return id;
-    if (blocs->getAt(nom, id) != Acad::eOk)
+    if (blocs->getAt(nom.c_str(), id) != Acad::eOk)
         id.setNull();
     blocs->close();
     return id;
@@ -27,20 +28,23 @@ AcDbObjectId blocPresent(AcDbDatabase& db, const CString& nom)
 
 } // namespace
 
-CString nomBlocDeFichier(const CString& chemin)
+std::wstring nomBlocDeFichier(std::wstring_view chemin)
 {
-    const CString nom = chemin.Mid(std::max(chemin.ReverseFind(L'\\'), chemin.ReverseFind(L'/')) + 1);
-    return finitParDwg(nom) ? nom.Left(nom.GetLength() - 4) : nom;
+    std::wstring_view nom = chemin.substr(chemin.find_last_of(L"\\/") + 1); // all of it without separator
+    if (finitParDwg(nom))
+        nom.remove_suffix(extensionDessin.size());
+    return std::wstring(nom);
 }
 
-AcDbObjectId blocDeFichier(AcDbDatabase& db, const CString& chemin)
+AcDbObjectId blocDeFichier(AcDbDatabase& db, const std::wstring& chemin)
 {
-    const CString nom = nomBlocDeFichier(chemin);
+    const std::wstring nom = nomBlocDeFichier(chemin);
     if (const AcDbObjectId present = blocPresent(db, nom); !present.isNull())
         return present;
     AcDbDatabase lu(false, true);
-    if (lu.readDwgFile(finitParDwg(chemin) ? chemin : chemin + extensionDessin) != Acad::eOk)
+    const std::wstring fichier = finitParDwg(chemin) ? chemin : chemin + std::wstring(extensionDessin);
+    if (lu.readDwgFile(fichier.c_str()) != Acad::eOk)
         return {};
     AcDbObjectId id;
-    return db.insert(id, nom, &lu) == Acad::eOk ? id : AcDbObjectId();
+    return db.insert(id, nom.c_str(), &lu) == Acad::eOk ? id : AcDbObjectId();
 }

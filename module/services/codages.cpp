@@ -80,6 +80,8 @@ void ajouter(std::wstring& texte, char32_t c)
     texte += static_cast<wchar_t>(0xDC00 + ((c - premierHorsDe16Bits) & 0x3FF));
 }
 
+} // namespace
+
 void ajouterUtf8(std::string& octets, char32_t c)
 {
     const int suite = c < 0x80 ? 0 : c < 0x800 ? 1 : c < premierHorsDe16Bits ? 2 : 3;
@@ -88,8 +90,6 @@ void ajouterUtf8(std::string& octets, char32_t c)
     for (int i = suite - 1; i >= 0; --i)
         octets += static_cast<char>(0x80u | ((c >> (6 * i)) & 0x3Fu));
 }
-
-} // namespace
 
 std::string versAnsi(std::wstring_view texte, bool* entier)
 {

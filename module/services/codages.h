@@ -18,6 +18,9 @@ void versAnsi(const wchar_t* texte, char* cible, std::size_t taille);
 /// so that bytes read and written again stay the same.
 std::wstring depuisAnsi(std::string_view octets);
 
+/// Appends a character in UTF-8.
+void ajouterUtf8(std::string& octets, char32_t c);
+
 /// What is no character (half of a pair) becomes "?".
 std::string versUtf8(std::wstring_view texte);
 

@@ -3,14 +3,9 @@
 #include <QCollator>
 #include <QHeaderView>
 
-QString texteQt(const CString& texte)
+QString texteQt(std::wstring_view texte)
 {
-    return QString::fromWCharArray(texte.GetString(), texte.GetLength());
-}
-
-CString texteHote(const QString& texte)
-{
-    return CString(texte.toStdWString().c_str());
+    return QString::fromWCharArray(texte.data(), static_cast<qsizetype>(texte.size()));
 }
 
 namespace {
@@ -28,14 +23,14 @@ const QCollator& ordreFrancais()
 
 } // namespace
 
-celluleTexte::celluleTexte(const CString& texte) : QTableWidgetItem(texteQt(texte)) {}
+celluleTexte::celluleTexte(std::wstring_view texte) : QTableWidgetItem(texteQt(texte)) {}
 
 bool celluleTexte::operator<(const QTableWidgetItem& autre) const
 {
     return ordreFrancais().compare(text(), autre.text()) < 0;
 }
 
-celluleNombre::celluleNombre(const CString& texte) : QTableWidgetItem(texteQt(texte))
+celluleNombre::celluleNombre(std::wstring_view texte) : QTableWidgetItem(texteQt(texte))
 {
     setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }

@@ -5,25 +5,23 @@
 #include <QPushButton>
 #include <QString>
 #include <QTableWidget>
-
-#include "afx.h"
+#include <string_view>
 
 /// Texts and cells of the lists in dialogs.
 
-QString texteQt(const CString& texte);
-CString texteHote(const QString& texte);
+QString texteQt(std::wstring_view texte);
 
 /// A cell that sorts by its text as a French dictionary does, letter case aside.
 class celluleTexte : public QTableWidgetItem {
 public:
-    explicit celluleTexte(const CString& texte);
+    explicit celluleTexte(std::wstring_view texte);
     bool operator<(const QTableWidgetItem& autre) const override;
 };
 
 /// A cell that sorts by its number, and stands to the right. An empty one comes last.
 class celluleNombre : public QTableWidgetItem {
 public:
-    explicit celluleNombre(const CString& texte);
+    explicit celluleNombre(std::wstring_view texte);
     bool operator<(const QTableWidgetItem& autre) const override;
 };
 

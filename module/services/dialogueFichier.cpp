@@ -1,10 +1,13 @@
 #include "services/dialogueFichier.h"
 
 #include <algorithm>
+#include <functional>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QLineEdit>
 #include <QSortFilterProxyModel>
 #include <QStringList>
 
@@ -97,9 +100,38 @@ bool remplacementAccepte(const QString& fichier)
         return true;
     for (const QString& present : voulu.dir().entryList(QDir::Files | QDir::Hidden))
         if (present.compare(nom, Qt::CaseInsensitive) == 0)
-            return demanderOuiNon(L"Enregistrer sous",
-                                  L"« " + present.toStdWString() + L" » existe déjà. Le remplacer ?");
+            return confirmerRemplacement(present.toStdWString());
     return true;
+}
+
+/// Whether a file of that name shows under the filter.
+bool convient(const filtre& f, const QString& nom)
+{
+    return QDir::match(f.modeles, QFileInfo(nom).fileName());
+}
+
+/// The dialog opens what it shows only: a file that is there, typed by its name, brings a filter that shows it.
+void suivreNomTape(QFileDialog& dialogue, const std::vector<filtre>& filtres,
+                   const std::function<void(const QString&)>& filtreChange)
+{
+    auto* const champ = dialogue.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (!champ)
+        return;
+    QObject::connect(champ, &QLineEdit::textChanged, &dialogue, [&dialogue, &filtres, filtreChange](const QString& nom) {
+        const QString choisi = dialogue.selectedNameFilter();
+        const auto courant = std::ranges::find_if(
+            filtres, [&](const filtre& f) { return choisi == f.nom || choisi == nomComplet(f); });
+        if (courant == filtres.end() || convient(*courant, nom) ||
+            !QFileInfo(dialogue.directory().absoluteFilePath(nom)).isFile())
+            return;
+        const auto autre = std::ranges::find_if(filtres, [&](const filtre& f) { return convient(f, nom); });
+        if (autre == filtres.end())
+            return;
+        dialogue.selectNameFilter(nomComplet(*autre));
+        filtreChange(nomComplet(*autre));
+        if (auto* const boutons = dialogue.findChild<QDialogButtonBox*>())
+            boutons->button(QDialogButtonBox::Open)->setEnabled(true); // the dialog has judged by the other filter
+    });
 }
 
 std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog::AcceptMode mode,
@@ -141,6 +173,8 @@ std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog:
         dialogue.setNameFilters(noms);
     suivreFiltre(dialogue.selectedNameFilter());
     QObject::connect(&dialogue, &QFileDialog::filterSelected, &dialogue, suivreFiltre);
+    if (!ecrire)
+        suivreNomTape(dialogue, filtres, suivreFiltre);
     proposer(dialogue, QString::fromStdWString(demande.nom));
 
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty())
@@ -161,4 +195,9 @@ std::optional<std::wstring> demanderFichierALire(const demandeFichier& demande)
 std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande, int* filtre)
 {
     return demander(demande, QFileDialog::AcceptSave, filtre);
+}
+
+bool confirmerRemplacement(const std::wstring& nom)
+{
+    return demanderOuiNon(L"Enregistrer sous", L"« " + nom + L" » existe déjà. Le remplacer ?");
 }

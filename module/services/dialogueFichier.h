@@ -17,3 +17,5 @@ std::optional<std::wstring> demanderFichierALire(const demandeFichier& demande);
 /// A file to write; the user has agreed to replace one that exists.
 /// @param filtre if given, receives the rank of the filter chosen, from 1
 std::optional<std::wstring> demanderFichierAEcrire(const demandeFichier& demande, int* filtre = nullptr);
+/// Asks whether the file of that name may be replaced.
+bool confirmerRemplacement(const std::wstring& nom);

@@ -79,6 +79,11 @@ bool demanderOuiNon(const std::wstring& titre, const std::wstring& texte)
     return montrer(QMessageBox::Question, titre, texte, {boutonOui, boutonNon}) == QMessageBox::YesRole;
 }
 
+bool confirmerSuppression(const std::wstring& texte)
+{
+    return demanderOuiNon(L"Suppression", texte);
+}
+
 reponseQuestion demanderOuiNonAnnuler(const std::wstring& titre, const std::wstring& texte)
 {
     switch (montrer(QMessageBox::Question, titre, texte, {boutonOui, boutonNon, boutonAnnuler})) {

@@ -18,5 +18,7 @@ void afficherErreur(const std::wstring& titre, const std::wstring& texte);
 bool demanderConfirmation(const std::wstring& titre, const std::wstring& texte);
 /// "Oui", "Non". Escape answers no.
 bool demanderOuiNon(const std::wstring& titre, const std::wstring& texte);
+/// The same, titled "Suppression".
+bool confirmerSuppression(const std::wstring& texte);
 /// "Oui", "Non", "Annuler".
 reponseQuestion demanderOuiNonAnnuler(const std::wstring& titre, const std::wstring& texte);

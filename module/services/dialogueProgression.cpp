@@ -11,27 +11,30 @@ constexpr std::chrono::milliseconds cadence{100};
 
 } // namespace
 
-dialogueProgression::dialogueProgression(const wchar_t* titre, int dernier) :
+dialogueProgression::dialogueProgression(const wchar_t* titre, int dernier, arret a) :
     prochain(std::chrono::steady_clock::now() + cadence)
 {
     if (dernier < 1 || !qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
     dialogue =
-        std::make_unique<QProgressDialog>(QString::fromWCharArray(titre), QString(), 0, dernier, fenetreDevant());
+        std::make_unique<QProgressDialog>(QString::fromWCharArray(titre),
+                                          a == arret::permis ? QStringLiteral("Annuler") : QString(), 0, dernier,
+                                          fenetreDevant());
     dialogue->setObjectName("progression");
     dialogue->setWindowModality(Qt::ApplicationModal);
 }
 
 dialogueProgression::~dialogueProgression() = default;
 
-void dialogueProgression::avancer()
+bool dialogueProgression::avancer()
 {
     const int atteint = valeur++;
     if (!dialogue)
-        return;
+        return true;
     const auto maintenant = std::chrono::steady_clock::now();
-    if (maintenant < prochain)
-        return;
+    if (maintenant < prochain || dialogue->wasCanceled())
+        return !dialogue->wasCanceled();
     prochain = maintenant + cadence;
-    dialogue->setValue(atteint);
+    dialogue->setValue(atteint); // hears the user
+    return !dialogue->wasCanceled();
 }

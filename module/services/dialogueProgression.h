@@ -9,12 +9,16 @@ class QProgressDialog;
 /// and where there are windows. It lives for the length of the run.
 class dialogueProgression {
 public:
-    dialogueProgression(const wchar_t* titre, int dernier);
+    enum class arret { impossible, permis };
+
+    /// @param a whether the user may stop the run
+    dialogueProgression(const wchar_t* titre, int dernier, arret a = arret::impossible);
     ~dialogueProgression();
     dialogueProgression(const dialogueProgression&) = delete;
     dialogueProgression& operator=(const dialogueProgression&) = delete;
 
-    void avancer();
+    /// @return false once the user asked to stop
+    bool avancer();
 
 private:
     std::unique_ptr<QProgressDialog> dialogue;

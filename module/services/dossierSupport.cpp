@@ -14,7 +14,7 @@ namespace {
 
 constexpr const wchar_t* cleRegistre = L"Software\\Ostrakon\\Quarvel5";
 constexpr const wchar_t* valeurDossier = L"chemin";
-constexpr int longueurDossier = 2047;
+constexpr std::size_t longueurDossier = 2047;
 constexpr std::size_t tailleChemin = 4096;
 
 struct fermetureCle {
@@ -46,34 +46,40 @@ std::optional<valeurBrute> lireValeur(HKEY racine, const wchar_t* nom, REGSAM ac
     return valeur;
 }
 
-std::optional<CString> lireTexte(HKEY racine, const wchar_t* nom, REGSAM acces)
+std::optional<std::wstring> lireTexte(HKEY racine, const wchar_t* nom, REGSAM acces)
 {
     const auto valeur = lireValeur(racine, nom, acces);
     if (!valeur || valeur->type != REG_SZ)
         return std::nullopt;
     std::vector<wchar_t> texte(valeur->octets.size() / sizeof(wchar_t) + 1, L'\0');
     std::copy(valeur->octets.begin(), valeur->octets.end(), reinterpret_cast<BYTE*>(texte.data()));
-    return CString(texte.data());
+    return std::wstring(texte.data()); // up to its first zero
 }
 
-CString dossierDuRegistre()
+std::wstring dossierDuRegistre()
 {
     auto dossier = lireTexte(HKEY_CURRENT_USER, valeurDossier, KEY_READ);
     if (!dossier)
         dossier = lireTexte(HKEY_LOCAL_MACHINE, valeurDossier, KEY_READ);
-    return dossier.value_or(CString()).Left(longueurDossier);
+    return dossier.value_or(L"").substr(0, longueurDossier);
 }
 
 /// Looked up once, whatever the outcome.
-CString& dossierSupport()
+std::wstring& dossierSupport()
 {
-    static CString dossier = dossierDuRegistre();
+    static std::wstring dossier = dossierDuRegistre();
     return dossier;
+}
+
+std::wstring sansBarreFinale(std::wstring chemin)
+{
+    chemin.resize(chemin.find_last_not_of(L'\\') + 1);
+    return chemin;
 }
 
 /// The first of "support", "support-2"... that is free in the module's folder among the user's files; empty when the
 /// platform tells of none.
-CString dossierPersonnelLibre()
+std::wstring dossierPersonnelLibre()
 {
     constexpr int plusGrandNumero = 100;
     std::array<wchar_t, MAX_PATH> donnees{};
@@ -81,41 +87,36 @@ CString dossierPersonnelLibre()
         S_OK)
         return {};
     for (int numero = 1; numero <= plusGrandNumero; ++numero) {
-        CString dossier = CString(donnees.data()) + L"\\Quarvel5\\support";
+        std::wstring dossier = std::wstring(donnees.data()) + L"\\Quarvel5\\support";
         if (numero > 1)
-            dossier.AppendFormat(L"-%d", numero);
-        if (_waccess(dossier, 0) != 0)
+            dossier += L"-" + std::to_wstring(numero);
+        if (_waccess(dossier.c_str(), 0) != 0)
             return dossier;
     }
     return {};
 }
 
 /// Both names end with a second zero: the call takes lists.
-bool copierDossier(CString de, CString vers)
+bool copierDossier(const std::wstring& de, const std::wstring& vers)
 {
-    const auto liste = [](const CString& chemin) {
-        std::vector<wchar_t> texte(chemin.GetString(), chemin.GetString() + chemin.GetLength());
-        texte.resize(texte.size() + 2, L'\0');
-        return texte;
-    };
-    const std::vector<wchar_t> source = liste(de), copie = liste(vers);
+    const std::wstring source = de + L'\0', copie = vers + L'\0';
     SHFILEOPSTRUCTW operation{};
     operation.wFunc = FO_COPY;
-    operation.pFrom = source.data();
-    operation.pTo = copie.data();
+    operation.pFrom = source.c_str();
+    operation.pTo = copie.c_str();
     operation.fFlags = FOF_NO_UI;
     return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
 }
 
-void inscrireDossier(const CString& dossier)
+void inscrireDossier(const std::wstring& dossier)
 {
     HKEY ouverte = nullptr;
     if (RegCreateKeyExW(HKEY_CURRENT_USER, cleRegistre, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
                         &ouverte, nullptr) != ERROR_SUCCESS)
         return;
     const fermetureCle garde(ouverte);
-    RegSetValueExW(ouverte, valeurDossier, 0, REG_SZ, reinterpret_cast<const BYTE*>(dossier.GetString()),
-                   static_cast<DWORD>((static_cast<std::size_t>(dossier.GetLength()) + 1) * sizeof(wchar_t)));
+    RegSetValueExW(ouverte, valeurDossier, 0, REG_SZ, reinterpret_cast<const BYTE*>(dossier.c_str()),
+                   static_cast<DWORD>((dossier.size() + 1) * sizeof(wchar_t)));
 }
 
 } // namespace
@@ -123,28 +124,27 @@ void inscrireDossier(const CString& dossier)
 const wchar_t* cheminSupport(const wchar_t* fichier, const wchar_t* sousDossier)
 {
     static std::array<wchar_t, tailleChemin> tampon;
-    CString chemin = dossierSupport();
-    chemin.TrimRight(L'\\');
+    std::wstring chemin = sansBarreFinale(dossierSupport());
     if (sousDossier && *sousDossier)
         (chemin += L'\\') += sousDossier;
     (chemin += L'\\') += fichier;
-    const CString tenu = chemin.Left(static_cast<int>(tailleChemin) - 1);
-    std::wmemcpy(tampon.data(), tenu, static_cast<std::size_t>(tenu.GetLength()) + 1);
+    chemin.resize(std::min(chemin.size(), tailleChemin - 1));
+    std::wmemcpy(tampon.data(), chemin.c_str(), chemin.size() + 1);
     return tampon.data();
 }
 
 bool copierDossierSupport()
 {
-    CString installe = dossierSupport();
-    const CString copie = dossierPersonnelLibre();
-    if (installe.TrimRight(L'\\').IsEmpty() || copie.IsEmpty() || !copierDossier(installe, copie))
+    const std::wstring installe = sansBarreFinale(dossierSupport());
+    const std::wstring copie = dossierPersonnelLibre();
+    if (installe.empty() || copie.empty() || !copierDossier(installe, copie))
         return false;
     dossierSupport() = copie;
     inscrireDossier(copie);
     return true;
 }
 
-int lireValeurRegistre(const wchar_t* nom, CString& valeur)
+int lireValeurRegistre(const wchar_t* nom, std::wstring& valeur)
 {
     const auto lue = lireTexte(HKEY_LOCAL_MACHINE, nom, KEY_ALL_ACCESS);
     if (!lue)

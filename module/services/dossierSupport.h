@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "afx.h"
 
 /// The module's support folder and its registry key, "Software\Ostrakon\Quarvel5" of the machine.
@@ -17,5 +19,5 @@ const wchar_t* cheminSupport(const wchar_t* fichier, const wchar_t* sousDossier 
 bool copierDossierSupport();
 
 /// One value of the key. @return 1, or 0 (with `valeur` as it was) when the key or the value cannot be read.
-int lireValeurRegistre(const wchar_t* nom, CString& valeur);
+int lireValeurRegistre(const wchar_t* nom, std::wstring& valeur);
 int lireValeurRegistre(const wchar_t* nom, DWORD& valeur);

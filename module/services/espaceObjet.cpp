@@ -3,10 +3,11 @@
 #include "dbapserv.h"
 #include "dbsymtb.h"
 
-namespace {
-
-AcDbObjectId espaceObjet(AcDbDatabase* db)
+AcDbObjectId espaceObjetDuDessin()
 {
+    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
+    if (!db)
+        return {};
     const AcDbObjectPointer<AcDbBlockTable> blocs(db->blockTableId());
     AcDbObjectId id;
     if (blocs.openStatus() == Acad::eOk)
@@ -14,14 +15,11 @@ AcDbObjectId espaceObjet(AcDbDatabase* db)
     return id;
 }
 
-} // namespace
-
 AcDbObjectId ajouterEspaceObjet(std::unique_ptr<AcDbEntity> entite)
 {
-    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
-    if (!db || !entite)
+    if (!entite)
         return {};
-    const AcDbObjectPointer<AcDbBlockTableRecord> espace(espaceObjet(db), AcDb::kForWrite);
+    const AcDbObjectPointer<AcDbBlockTableRecord> espace(espaceObjetDuDessin(), AcDb::kForWrite);
     AcDbObjectId id;
     if (espace.openStatus() != Acad::eOk || espace->appendAcDbEntity(id, entite.get()) != Acad::eOk)
         return {};

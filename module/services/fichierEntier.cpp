@@ -5,6 +5,8 @@
 #include <memory>
 #include <random>
 
+#include "afx.h"
+
 namespace {
 
 struct fermeture {
@@ -35,26 +37,26 @@ std::optional<std::string> lireFichier(const wchar_t* chemin)
 
 bool remplacerFichier(const wchar_t* chemin, const std::string& octets)
 {
-    CString provisoire; // of this save alone: another program may save the same file
-    provisoire.Format(L"%s.%08x.tmp", chemin, std::random_device()());
-    if (ecrire(provisoire, octets) && MoveFileExW(provisoire, chemin, MOVEFILE_REPLACE_EXISTING))
+    // Of this save alone: another program may save the same file.
+    const std::wstring provisoire = chemin + (L"." + std::to_wstring(std::random_device()())) + L".tmp";
+    if (ecrire(provisoire.c_str(), octets) && MoveFileExW(provisoire.c_str(), chemin, MOVEFILE_REPLACE_EXISTING))
         return true;
-    DeleteFileW(provisoire);
+    DeleteFileW(provisoire.c_str());
     return false;
 }
 
-std::optional<CString> mettreDeCote(const wchar_t* chemin)
+std::optional<std::wstring> mettreDeCote(const wchar_t* chemin)
 {
     constexpr int plusGrandNumero = 1000;
     for (int numero = 1; numero <= plusGrandNumero; ++numero) {
-        CString copie = CString(chemin) + L".abime";
+        std::wstring copie = chemin + std::wstring(L".abime");
         if (numero > 1)
-            copie.AppendFormat(L"-%d", numero);
-        if (CopyFileW(chemin, copie, TRUE))
+            copie += L"-" + std::to_wstring(numero);
+        if (CopyFileW(chemin, copie.c_str(), TRUE))
             return copie;
         const auto raison = static_cast<LSTATUS>(GetLastError());
         if (raison == ERROR_FILE_NOT_FOUND || raison == ERROR_PATH_NOT_FOUND)
-            return CString();
+            return std::wstring();
         if (raison != ERROR_FILE_EXISTS)
             break;
     }

@@ -3,8 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "afx.h"
-
 /// Small files read and replaced whole, by Windows-style path.
 
 /// The bytes of the file; nothing when it cannot be read.
@@ -15,4 +13,4 @@ bool remplacerFichier(const wchar_t* chemin, const std::string& octets);
 
 /// Copies the file to a name beside it that is free: `chemin` with ".abime", then ".abime-2", ".abime-3"...
 /// @return the copy's path, empty when there was no file to keep; nothing when it could not be copied.
-std::optional<CString> mettreDeCote(const wchar_t* chemin);
+std::optional<std::wstring> mettreDeCote(const wchar_t* chemin);

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "services/codages.h"
+
 #include "afx.h"
 
 namespace {
@@ -34,5 +36,5 @@ void journaliserDebug(int profondeur, const wchar_t* message)
     std::fputc('\n', fichier.get());
     for (int i = 0; i < profondeur; ++i)
         std::fputs(retrait, fichier.get());
-    std::fputs(CStringA(message), fichier.get());
+    std::fputs(versAnsi(message).c_str(), fichier.get());
 }

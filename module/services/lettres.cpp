@@ -44,6 +44,22 @@ wchar_t minuscule(wchar_t c)
     }
 }
 
+wchar_t majuscule(wchar_t c)
+{
+    if ((c >= L'a' && c <= L'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7)) // 0xF7 is the division sign
+        return static_cast<wchar_t>(c - 0x20);
+    switch (c) {
+    case 0x0153: // œ
+    case 0x0161: // š
+    case 0x017E: // ž
+        return static_cast<wchar_t>(c - 1);
+    case 0xFF: // ÿ
+        return 0x0178;
+    default:
+        return c;
+    }
+}
+
 char minuscule8(char c)
 {
     static const std::array<char, 256> minuscules = minusculesDesOctets();
@@ -56,10 +72,22 @@ std::wstring enMinuscules(std::wstring texte)
     return texte;
 }
 
+std::wstring enMajuscules(std::wstring texte)
+{
+    std::transform(texte.begin(), texte.end(), texte.begin(), majuscule);
+    return texte;
+}
+
 bool memesLettres(std::string_view a, std::string_view b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char c, char d) { return minuscule8(c) == minuscule8(d); });
+}
+
+bool memesLettres(std::wstring_view a, std::wstring_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](wchar_t c, wchar_t d) { return minuscule(c) == minuscule(d); });
 }
 
 std::string_view sansBlancs(std::string_view texte, std::string_view blancs)
@@ -70,4 +98,16 @@ std::string_view sansBlancs(std::string_view texte, std::string_view blancs)
 std::wstring_view sansBlancs(std::wstring_view texte, std::wstring_view blancs)
 {
     return debarrasser(texte, blancs);
+}
+
+std::vector<std::wstring_view> parties(std::wstring_view texte, std::wstring_view separateurs)
+{
+    std::vector<std::wstring_view> trouvees;
+    while (true) {
+        texte.remove_prefix(std::min(texte.find_first_not_of(separateurs), texte.size()));
+        if (texte.empty())
+            return trouvees;
+        trouvees.push_back(texte.substr(0, texte.find_first_of(separateurs)));
+        texte.remove_prefix(trouvees.back().size());
+    }
 }

@@ -1,5 +1,6 @@
 #include "services/lireNombre.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -78,23 +79,17 @@ double valeurDe(std::string_view nombre)
 
 } // namespace
 
-int lireNombre(const char* texte, double& valeur)
+int lireNombre(std::string_view texte, double& valeur)
 {
-    if (!texte)
-        return 0;
-    const char* debut = texte;
-    while (*debut == ' ')
-        ++debut;
-    const char* fin = debut;
+    const std::size_t debut = std::min(texte.find_first_not_of(' '), texte.size());
+    std::size_t fin = debut;
     etat e = etat::depart;
-    while (*fin != '\0' && *fin != ' ' && *fin != '\t' && *fin != '\n' && *fin != '\r' && e != etat::refus)
-        e = suivant(e, *fin++);
-    const char* reste = fin;
-    while (*reste == ' ')
-        ++reste;
-    if (*reste != '\0' || !estFinal(e))
+    while (fin < texte.size() && texte[fin] != ' ' && texte[fin] != '\t' && texte[fin] != '\n' && texte[fin] != '\r' &&
+           e != etat::refus)
+        e = suivant(e, texte[fin++]);
+    if (texte.find_first_not_of(' ', fin) != std::string_view::npos || !estFinal(e))
         return 0;
-    const double lue = valeurDe({debut, static_cast<std::size_t>(fin - debut)});
+    const double lue = valeurDe(texte.substr(debut, fin - debut));
     if (!std::isfinite(lue))
         return 0;
     valeur = lue;
@@ -103,5 +98,5 @@ int lireNombre(const char* texte, double& valeur)
 
 int lireNombre(const wchar_t* texte, double& valeur)
 {
-    return texte ? lireNombre(versAnsi(texte).c_str(), valeur) : 0;
+    return texte ? lireNombre(versAnsi(texte), valeur) : 0;
 }

@@ -10,7 +10,7 @@
 int lispKGetpt()
 {
     argumentsLisp arguments;
-    CString message;
+    std::wstring message;
     AcGePoint3d depart;
     if (!arguments.lireTexte(message))
         return refuserParametres();
@@ -19,7 +19,7 @@ int lispKGetpt()
         return refuserParametres();
     const ads_point base{depart.x, depart.y, depart.z == inconnu ? 0.0 : depart.z};
     ads_point point;
-    if (acedGetPoint(avecDepart ? base : nullptr, message, point) != RTNORM)
+    if (acedGetPoint(avecDepart ? base : nullptr, message.c_str(), point) != RTNORM)
         return rendreNil();
     return acedRetPoint(point);
 }

@@ -1,29 +1,25 @@
 #include "services/lispTextes.h"
 
+#include <string>
 #include <vector>
 
 #include "services/argumentsLisp.h"
+#include "services/lettres.h"
 #include "services/listeLisp.h"
 
 #include "aced.h"
+#include "afx.h"
 
 namespace {
 
-int rendreListe(const std::vector<CString>& textes)
+/// A list of texts, as the value of the call.
+template <class Textes>
+int rendreListe(const Textes& textes)
 {
     listeLisp liste;
-    for (const CString& texte : textes)
-        liste.ajouter(texte);
+    for (const auto& texte : textes)
+        liste.ajouter(std::wstring(texte).c_str());
     return liste.rendre();
-}
-
-std::vector<CString> parties(const CString& texte)
-{
-    std::vector<CString> resultat;
-    int debut = 0;
-    for (CString partie = texte.Tokenize(L" ,\t\n", debut); debut >= 0; partie = texte.Tokenize(L" ,\t\n", debut))
-        resultat.push_back(partie);
-    return resultat;
 }
 
 } // namespace
@@ -31,28 +27,28 @@ std::vector<CString> parties(const CString& texte)
 int lispAnalyse()
 {
     argumentsLisp arguments;
-    CString texte;
+    std::wstring texte;
     if (!arguments.lireTexte(texte) || !arguments.fini())
         return refuserParametres();
-    return rendreListe(parties(texte));
+    return rendreListe(parties(texte, L" ,\t\n"));
 }
 
 int lispVldelfile()
 {
     argumentsLisp arguments;
-    CString chemin;
+    std::wstring chemin;
     if (!arguments.lireTexte(chemin) || !arguments.fini())
         return refuserParametres();
-    return DeleteFileW(chemin) ? acedRetT() : acedRetNil();
+    return DeleteFileW(chemin.c_str()) ? acedRetT() : acedRetNil();
 }
 
 int lispVelatext()
 {
     argumentsLisp arguments;
-    std::vector<CString> textes;
-    for (CString texte; arguments.lireTexte(texte);)
-        textes.push_back(texte.MakeUpper());
+    std::vector<std::wstring> textes;
+    for (std::wstring texte; arguments.lireTexte(texte);)
+        textes.emplace_back(CString(texte.c_str()).MakeUpper()); // of any alphabet, as the host has them
     if (textes.empty() || !arguments.fini())
         return refuserParametres();
-    return textes.size() == 1 ? acedRetStr(textes.front()) : rendreListe(textes);
+    return textes.size() == 1 ? acedRetStr(textes.front().c_str()) : rendreListe(textes);
 }

@@ -2,10 +2,10 @@
 
 #include "services/variablesHote.h"
 
-CString nomDessin()
+std::wstring nomDessin()
 {
-    CString dossier, nom;
+    std::wstring dossier, nom;
     if (!lireVariable(L"DWGPREFIX", dossier) || !lireVariable(L"DWGNAME", nom))
         return {};
-    return dossier + nom.SpanExcluding(L".");
+    return dossier + nom.substr(0, nom.find(L'.'));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "afx.h"
+#include <string>
 
 /// Folder and name of the current drawing, without extension: DWGPREFIX as it stands, then DWGNAME cut at its first
 /// full stop. Empty when the host does not tell one of them.
-CString nomDessin();
+std::wstring nomDessin();

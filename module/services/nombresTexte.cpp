@@ -4,23 +4,17 @@
 #include <cstdint>
 #include <limits>
 
-int entierDeTexte(const wchar_t* texte)
+int entierDeTexte(std::wstring_view texte)
 {
-    while (*texte == L' ' || (*texte >= L'\t' && *texte <= L'\r'))
-        ++texte;
-    const bool negatif = *texte == L'-';
-    if (negatif || *texte == L'+')
-        ++texte;
+    const auto* c = texte.begin();
+    while (c != texte.end() && (*c == L' ' || (*c >= L'\t' && *c <= L'\r')))
+        ++c;
+    const bool negatif = c != texte.end() && *c == L'-';
+    if (negatif || (c != texte.end() && *c == L'+'))
+        ++c;
     constexpr std::int64_t limite = std::int64_t{std::numeric_limits<int>::max()} + 1;
     std::int64_t valeur = 0;
-    for (; *texte >= L'0' && *texte <= L'9'; ++texte)
-        valeur = std::min(valeur * 10 + (*texte - L'0'), limite);
+    for (; c != texte.end() && *c >= L'0' && *c <= L'9'; ++c)
+        valeur = std::min(valeur * 10 + (*c - L'0'), limite);
     return static_cast<int>(negatif ? -valeur : std::min(valeur, limite - 1));
-}
-
-CString texteEntier(int entier)
-{
-    CString texte;
-    texte.Format(L"%d", entier);
-    return texte;
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "afx.h"
+#include <string_view>
 
 /// The plain conversions of texts in code files: leading blanks and a sign, then digits; the rest of the text does not
 /// count, and text that does not begin with a number reads as 0. An integer beyond 32 bits is held to the limit.
-int entierDeTexte(const wchar_t* texte);
-
-CString texteEntier(int entier);
+int entierDeTexte(std::wstring_view texte);

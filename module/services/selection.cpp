@@ -1,6 +1,7 @@
 #include "services/selection.h"
 
 #include <array>
+#include <string>
 
 #include "services/listeLisp.h"
 
@@ -24,13 +25,20 @@ struct jeuOuvert {
     ads_name nom{};
 };
 
-std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const wchar_t* type)
+using itemsFiltre = std::vector<std::pair<short, const wchar_t*>>;
+
+std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const itemsFiltre& items)
 {
-    CString motif(type);
-    resbuf filtre{nullptr, 0, {}};
-    filtre.resval.rstring = motif.GetBuffer();
+    std::vector<std::wstring> motifs;
+    std::vector<resbuf> filtre(items.size());
+    motifs.reserve(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        motifs.emplace_back(items[i].second);
+        filtre[i] = {i + 1 < items.size() ? &filtre[i + 1] : nullptr, items[i].first, {}};
+        filtre[i].resval.rstring = motifs.back().data();
+    }
     jeuOuvert jeu;
-    if (acedSSGet(mode, textes, nullptr, &filtre, jeu.nom) != RTNORM)
+    if (acedSSGet(mode, textes, nullptr, filtre.data(), jeu.nom) != RTNORM)
         return {};
     return entitesDe(jeu.nom);
 }
@@ -55,13 +63,33 @@ std::vector<AcDbObjectId> entitesDe(const ads_name jeu)
 
 std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_t* type)
 {
+    return demanderSelection(message, {{static_cast<short>(0), type}});
+}
+
+std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const itemsFiltre& filtre)
+{
     const std::array<const wchar_t*, 2> textes{message, L"\nRetirer des objets"};
-    return choisir(L"_:$", textes.data(), type);
+    return choisir(L"_:$", textes.data(), filtre);
+}
+
+std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
+{
+    return choisir(L"I", nullptr, {{static_cast<short>(0), type}});
+}
+
+AcDbObjectId designerEntite(const wchar_t* message)
+{
+    ads_name nom{};
+    ads_point place{};
+    AcDbObjectId id;
+    if (acedEntSel(message, nom, place) != RTNORM || acdbGetObjectId(id, nom) != Acad::eOk)
+        id.setNull();
+    return id;
 }
 
 std::vector<AcDbObjectId> selectionDuDessin(const wchar_t* type)
 {
-    return choisir(L"X", nullptr, type);
+    return choisir(L"X", nullptr, {{static_cast<short>(0), type}});
 }
 
 int rendreSelection(std::span<const AcDbObjectId> ids)
@@ -73,4 +101,10 @@ int rendreSelection(std::span<const AcDbObjectId> ids)
             acedSSAdd(nom, ads_name_nil(jeu) ? nullptr : jeu, jeu);
     }
     return ads_name_nil(jeu) ? rendreNil() : acedRetName(jeu, RTPICKS);
+}
+
+std::vector<AcDbObjectId> selectionAvecDonnees(const wchar_t* application)
+{
+    constexpr short codeApplication = 1001;
+    return choisir(L"X", nullptr, {{codeApplication, application}});
 }

@@ -2,7 +2,7 @@
 
 #include "aced.h"
 
-bool lireVariable(const wchar_t* nom, CString& valeur)
+bool lireVariable(const wchar_t* nom, std::wstring& valeur)
 {
     resbuf lue{};
     if (acedGetVar(nom, &lue) != RTNORM || lue.restype != RTSTR)

@@ -12,6 +12,7 @@
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/codages.h"
 #include "services/espaceObjet.h"
 #include "services/grandeur.h"
 #include "services/listeLisp.h"
@@ -146,7 +147,7 @@ AcGePoint3dArray pointsNumerotes(const listePointsDuDessin& table, const suiteNu
 {
     std::map<int, int> positions; // by rank; the last point of a number counts, as when a name is looked up
     for (int i = 0; i < table.nbPoint(); ++i)
-        if (const auto numero = numeroDuNom(CString(table.getData(i)->getNomPoint())))
+        if (const auto numero = numeroDuNom(depuisAnsi(table.getData(i)->getNomPoint())))
             if (const auto rang = suite.rangDe(*numero))
                 positions[*rang] = i;
     AcGePoint3dArray points;

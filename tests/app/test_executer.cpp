@@ -90,7 +90,11 @@ TEST_F(executer, StopsAtTheLineThatFails)
           cas{"a call inside", "(list (car 5))", "argument de type incorrect : listp: 5, dans (CAR 5)"},
           cas{"a bad number", "(analyse 1.2.3)", "« 1.2.3 »"},
           cas{"another format", "SAVEAS plan.dwg", "donnez un nom en « .dxf »"},
-          cas{"no file", "OPEN absent.dxf", "absent.dxf : fichier introuvable"}}) {
+          cas{"no file", "OPEN absent.dxf", "absent.dxf : fichier introuvable"},
+          cas{"no such layer", "CALQUE _S INCONNU ", "Le calque « INCONNU » n'existe pas"},
+          cas{"nor block", "-INSERER absent", "Ni bloc ni fichier de ce nom : « absent »"},
+          cas{"a name that stays", "RENOMMER CA 0 TOTO", "« 0 » ne peut être renommé"},
+          cas{"a style that is not there", "TEXTE S absent 0,0 1 0 essai", "Le style « absent » n'existe pas"}}) {
         SCOPED_TRACE(c.nom);
         const execution run = script(std::string("; un commentaire\n\n") + c.ligne + "\n(= 1 1)\n");
         EXPECT_EQ(run.statut, 1);
@@ -106,4 +110,28 @@ TEST_F(executer, StopsAtTheLineThatFails)
                              "dessin sous"),
         std::string::npos)
         << sansNom.erreurs;
+}
+
+TEST_F(executer, NamesEndAtABlankUnlessQuoted)
+{
+    const execution run = script("layer _set 0 _color _red 0 \n"
+                                 "-CALQUE N HAIE CO 3 HAIE \n"
+                                 "-CALQUE N \"HAIE VIVE\" \n"
+                                 "RENOMMER CA \"HAIE VIVE\" MUR\n"
+                                 "(list (tblsearch \"LAYER\" \"HAIE CO 3 HAIE\") (not (tblsearch \"LAYER\" \"MUR\")))\n"
+                                 "(cdr (assoc 62 (tblsearch \"LAYER\" \"HAIE\")))\n");
+    EXPECT_EQ(run.statut, 0) << run.erreurs;
+    EXPECT_TRUE(run.sortie.ends_with("(nil nil)\n3\n")) << run.sortie;
+}
+
+TEST_F(executer, RunsTheStandardInputOnSeveralDrawings)
+{
+    copierExemple("chantier.dxf");
+    std::filesystem::copy(chemin("chantier.dxf"), chemin("autre.dxf"));
+    ecrire("essai.scr", "POINT 1,1\nQSAVE\n");
+    const execution run = vela("executer - --dessin chantier.dxf --dessin absent.dxf --dessin autre.dxf < essai.scr");
+    EXPECT_EQ(run.statut, 1);
+    EXPECT_NE(run.erreurs.find("échec pour absent.dxf."), std::string::npos) << run.erreurs;
+    for (const char* dessin : {"chantier.dxf", "autre.dxf"})
+        EXPECT_EQ(velaJson(std::string("info ") + dessin)["entitesParClasse"]["POINT"], 122) << dessin;
 }

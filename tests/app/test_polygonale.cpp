@@ -192,6 +192,11 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
         cas{"a report where there is no folder", std::string("polygonale fermee ") + fichier + " --rapport rien/r.html",
             "le rapport n'a pas pu être écrit"},
         cas{"one name for both results", placer + "--enregistrer s.dxf --rapport ./s.dxf", "ont le même nom"},
+        cas{"beyond the tolerance asked for",
+            std::string("polygonale fermee ") + fichier + " --strict --precision-angle 0.001",
+            "dépasse la tolérance de 0.00604 gr"}, // 2.7 × 0.001 × √5
+        cas{"no precision", std::string("polygonale fermee ") + fichier + " --precision-angle -1",
+            "écart type positif"},
         cas{"a drawing where there is no folder", placer + "--enregistrer rien/s.dxf", "rien/s.dxf"},
     };
     const std::string donnees = lire(fichier);

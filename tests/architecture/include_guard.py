@@ -13,7 +13,7 @@ KERNEL = ("platform", "ge", "text", "rx", "dxf", "dwg", "db", "gi", "ed", "ap", 
 
 # The folders of the module, lowest first. Each sees those of the rows before its own; those of one row stand beside
 # each other and do not.
-LAYERS = (("services",), ("points",), ("reports",), ("codification",),
+LAYERS = (("services",), ("geometrie",), ("points",), ("reports",), ("codification",),
           ("exchange", "calculs", "tools", "implantation"), ("frame",))
 MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 
@@ -21,12 +21,12 @@ MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 # Allowed names are folders of the tree ("module/points", "host/*" for all below) or one of
 #   std       C++ and C standard headers
 #   posix     everything else that is neither ours, Qt, TinyXML nor a test library
-#   qt, tinyxml
+#   qt, tinyxml, expat
 #   interface(PATTERN)   headers of host/include whose name matches PATTERN
 #   below                the module's folders below this one
 OWN = "own"
 BELOW = "below"
-DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations"
+DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations|modele.*"
 INTERFACE = "interface(.*)"
 RULES = (
     # The interface itself: plain declarations.
@@ -42,20 +42,33 @@ RULES = (
     # The web engine's library, which asks the system who runs it.
     (r"module/reports", r"vueWeb", (OWN, "std", "posix", "qt")),
     # Where the module's own file lies only the system knows.
-    (r"module/services", r"dossierModule", (OWN, "std", "posix")),
+    (r"module/services", r"dossierModule|bibliothequeModule", (OWN, "std", "posix")),
     # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.
     (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
+    # Of other people's libraries they see two, each in one place: Eigen orders matrices, Expat reads XML.
+    (r"module/calculs", r"matriceNormale|lectureGkf", (OWN, "std", "posix", "module/services")),
+    (r"module/geometrie", r"(?!axeDeCourbe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
-    (MODULE, r".*", (OWN, "std", "tinyxml", INTERFACE, BELOW)),
+    (r"module/implantation",
+     r"dessinPlan|donneesStation|fichiersAppareil|identifiants|numerotationImplantation|obstaclesPlan|pointImplante|pointsAxe|rapport.*|"
+     r"reglagesImplantation|repartition|resultatImplantation|svgDessin|traceImplantation|visibilite",
+     (OWN, "std", "module/services", "module/geometrie", "module/reports")),
+    (r"module/tools", r"(?!commande|lisp|placer).*", (OWN, "std", "module/services", "module/geometrie", "module/reports")),
+    (MODULE, r".*", (OWN, "std", "tinyxml", "expat", INTERFACE, BELOW)),
+    # The terrain's ground is pure; one source of it sees the geometry library.
+    (r"siblings/terrain", r"delaunayContraint", (OWN, "std", "posix")),
+    # The terrain has copies of its own of the two lowest layers, for dialogs and reports.
+    (r"siblings/terrain", DIALOGS, (OWN, "std", "qt", INTERFACE, "module/points", "module/services", "module/reports")),
+    (r"siblings/terrain", r".*", (OWN, "std", INTERFACE, "module/points", "module/services", "module/reports")),
     # Siblings: the exported point tables, and the interface.
     (r"siblings/.*", r".*", (OWN, "std", INTERFACE, "module/points")),
     (r"(app|tests|bench)(/.*)?", r".*", ("anything",)),
 )
 
 # Folders whose headers are written as "folder/header.h" from here.
-INCLUDE_ROOTS = ("host", "module", "siblings", "app", "bench", "host/include", "")
+INCLUDE_ROOTS = ("host", "module", "siblings", "siblings/terrain", "app", "bench", "host/include", "")
 SOURCE_FOLDERS = ("host", "module", "siblings", "app", "tests", "bench")
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"]', re.M)
 
@@ -68,8 +81,8 @@ def foreign_kind(name):
     stem = name[:-2] if name.endswith(".h") else name
     if re.match(r"Q[A-Za-z]|Qt|q[a-z]+\.h$|ui_\w+\.h$", name):      # ui_: made from a dialog's template
         return "qt"
-    if name == "tinyxml.h":
-        return "tinyxml"
+    if name in ("tinyxml.h", "expat.h"):
+        return name[:-2]
     if re.fullmatch(r"[a-z_0-9]+", name) or name.endswith(".h") and stem in C_HEADERS:
         return "std"
     return "posix"

@@ -289,7 +289,7 @@ def is_interface(file):
 
 
 def is_of_house(file, folders=HOUSE):
-    return file.parts[0] in folders and not is_interface(file)
+    return any(file.is_relative_to(folder) for folder in folders) and not is_interface(file)
 
 
 def kept_names(text):

@@ -12,6 +12,7 @@
 #include "generateurs/boucleStations.h"
 #include "generateurs/dessinChantier.h"
 #include "generateurs/dessinReleve.h"
+#include "generateurs/dessinVallon.h"
 
 #include "TestFolder.h"
 
@@ -178,6 +179,16 @@ TEST(DessinChantier, is_the_one_among_the_examples)
     const std::string octets = contents(fichier.chemin);
     EXPECT_TRUE(octets == contents(VELA_SOURCE_DIR "/examples/chantier.dxf"))
         << "rewrite it: vela_exemple_chantier examples/chantier.dxf";
+    verifierPoignees(etiquettes(octets));
+}
+
+TEST(DessinVallon, is_the_one_among_the_examples)
+{
+    const fichierTemporaire fichier;
+    ecrireDessinVallon(fichier.chemin);
+    const std::string octets = contents(fichier.chemin);
+    EXPECT_TRUE(octets == contents(VELA_SOURCE_DIR "/examples/vallon.dxf"))
+        << "rewrite it: vela_exemple_vallon examples/vallon.dxf";
     verifierPoignees(etiquettes(octets));
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <clocale>
 #include <cstdio>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -53,6 +54,8 @@ VelaApplication::VelaApplication() : QApplication(argumentCount, programArgument
     QLocale numbers = QLocale::c();
     numbers.setNumberOptions(QLocale::OmitGroupSeparator);
     QLocale::setDefault(numbers);
+    setWindowIcon(QIcon(QStringLiteral(":/vela.svg")));
+    setDesktopFileName(QStringLiteral("vela"));
     setQuitOnLastWindowClosed(false); // the end of the last dialog of a script is not the end of the script
     auto* const french = new QTranslator(this);
     if (french->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

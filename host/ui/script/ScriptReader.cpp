@@ -1,5 +1,6 @@
 #include "ui/script/ScriptReader.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include "ui/script/ScriptError.h"
@@ -20,6 +21,14 @@ qsizetype inputEnd(const QString& text)
     return end < 0 ? text.size() : end;
 }
 
+QByteArray standardInput()
+{
+    QFile file;
+    if (!file.open(stdin, QIODevice::ReadOnly))
+        throw ScriptError(QStringLiteral("lecture impossible de l'entrée standard."));
+    return file.readAll();
+}
+
 } // namespace
 
 void ScriptReader::open(const QString& path)
@@ -28,7 +37,9 @@ void ScriptReader::open(const QString& path)
     constexpr std::size_t deepest = 100;
     if (m_files.size() >= deepest)
         throw ScriptError(QStringLiteral("plus de %1 scripts s'appellent l'un l'autre.").arg(deepest));
-    m_files.push_back({path, scriptLines(contentOfFile(path)), 0, std::nullopt});
+    const bool typed = path == u"-";
+    m_files.push_back({typed ? QStringLiteral("entrée standard") : path,
+                       scriptLines(typed ? standardInput() : contentOfFile(path)), 0, std::nullopt});
 }
 
 std::size_t ScriptReader::top() const

@@ -10,7 +10,7 @@
 /// other goes on.
 class ScriptReader {
 public:
-    /// @throws ScriptError when the file cannot be read, or scripts call each other without end.
+    /// "-" is the standard input. @throws ScriptError when the file cannot be read, or scripts call each other without end.
     void open(const QString& path);
 
     bool atEnd() const;

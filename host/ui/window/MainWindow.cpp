@@ -34,6 +34,7 @@
 #include "ui/window/DocumentTabs.h"
 #include "ui/window/DrawingFiles.h"
 #include "ui/window/DrawingSelection.h"
+#include "ui/window/HelpPages.h"
 #include "ui/window/LayerPanel.h"
 #include "ui/window/PointPanel.h"
 #include "ui/window/PointTables.h"
@@ -260,6 +261,9 @@ void MainWindow::registerOrders()
         {":historique", [this] { m_commands->setHistoryVisible(m_commands->isHistoryHidden()); }},
         {":accrochage", [this] { toggleSetting(L"OSMODE", kNoSnap); }},
         {":ortho", [this] { toggleSetting(L"ORTHOMODE", 1); }},
+        {":guide", [this] { help_pages::showGuide(*this); }},
+        {":commandes", [this] { help_pages::showCommands(*this); }},
+        {":apropos", [this] { help_pages::showAbout(*this); }},
     };
 }
 

@@ -73,6 +73,13 @@ const std::vector<MenuItem> modification{
     {"Re&nommer...", "_RENAME"},
 };
 
+const std::vector<MenuItem> help{
+    {"&Guide de l'utilisateur", ":guide", "F1"},
+    {"&Commandes", ":commandes"},
+    separator,
+    {"À &propos de Vela", ":apropos"},
+};
+
 } // namespace
 
 const std::vector<Menu>& menuTable()
@@ -82,4 +89,10 @@ const std::vector<Menu>& menuTable()
         {"&Dessin", drawing}, {"&Modification", modification},
     };
     return menus;
+}
+
+const Menu& helpMenu()
+{
+    static const Menu menu{"Ai&de", help};
+    return menu;
 }

@@ -22,3 +22,5 @@ struct Menu {
 
 /// The menus of the host itself. Modules bring theirs: ModuleMenus.h.
 const std::vector<Menu>& menuTable();
+/// Stands behind those of the modules.
+const Menu& helpMenu();

@@ -57,13 +57,16 @@ WindowMenus::WindowMenus(QMainWindow& window) : QObject(&window), m_window(windo
 {
     m_own.tools = makeTools(window, QStringLiteral("barreOutils"), QStringLiteral("Outils"));
     addMenus(m_own, menuTable());
+    addMenus(m_own, {helpMenu()});
+    m_help = m_own.menus.back()->menuAction();
     refresh();
 }
 
 void WindowMenus::addMenus(Part& part, const std::vector<Menu>& subjects)
 {
     for (const Menu& subject : subjects) {
-        QMenu* const menu = m_window.menuBar()->addMenu(QString::fromStdString(subject.caption));
+        auto* const menu = new QMenu(QString::fromStdString(subject.caption), &m_window);
+        m_window.menuBar()->insertMenu(m_help, menu); // at the end while there is no help
         part.menus.push_back(menu);
         const auto toolsBefore = part.tools ? part.tools->actions().size() : 0;
         for (const MenuItem& item : subject.items)

@@ -51,5 +51,6 @@ private:
     QMainWindow& m_window;
     std::map<std::string, QAction*> m_orders;
     Part m_own;
+    QAction* m_help = nullptr;              ///< of the last menu
     std::map<std::wstring, Part> m_modules; ///< by the path they were loaded from
 };

@@ -59,6 +59,16 @@ TEST_F(BlockCommands, explodingKeepsTheValues)
         << "copies take their attributes along";
 }
 
+TEST_F(BlockCommands, whatWouldLieBeyondAllNumbersStaysWhole)
+{
+    typed(LR"((progn (entmake '((0 . "MTEXT") (100 . "AcDbEntity") (100 . "AcDbMText") (10 0.0 0.0 0.0) (40 . 1e308)
+(41 . 0.0) (71 . 1) (1 . "a\\Pb")))))");
+    const Texts drawn = entities();
+    ASSERT_EQ(drawn.size(), 1);
+    typed(L"DECOMPOS | _L | ");
+    EXPECT_EQ(entities(), drawn);
+}
+
 /// A dimension as files have it: a block *D1 in world coordinates, here a line from 0,0 to 10,0.
 TEST_F(BlockCommands, dimensionsTurnWithTheirBlock)
 {

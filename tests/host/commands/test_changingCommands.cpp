@@ -55,6 +55,8 @@ const Row rows[] = {
     {"move by the option", kLine, L"M | _L |  | D | 5,0", {"LINE 5,0 15,0"}},
     {"move, Enter at the base", kLine, L"M | _L |  |  | 5,0", {"LINE 5,0 15,0"}},
 
+    {"scale beyond all numbers", kLine, L"ECHELLE | _L |  | 0,0 | 1e308", {"LINE 0,0 10,0"}, L"transformé"},
+
     {"copy many", kLine, L"COPIER | _L |  | 0,0 | 0,1 | 0,2 | ", {"LINE 0,0 10,0", "LINE 0,1 10,1", "LINE 0,2 10,2"}},
     {"a copy taken back", kLine, L"CO | _L |  | 0,0 | 0,1 | 0,2 | U | Q", {"LINE 0,0 10,0", "LINE 0,1 10,1"}},
     {"copy by a displacement", kLine, L"CO | _L |  | 0,3 | ", {"LINE 0,0 10,0", "LINE 0,3 10,3"}},

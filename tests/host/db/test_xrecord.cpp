@@ -179,6 +179,7 @@ TEST_F(XrecordTest, extendedDataThatAreRefused)
     const Row rows[] = {
         {"a pair of braces", acutBuildList(1001, L"ACAD", 1002, L"{", 1003, L"0", 1002, L"}", 0), Acad::eOk},
         {"an open brace", acutBuildList(1001, L"ACAD", 1002, L"{", 1000, L"a", 0), Acad::eInvalidResBuf},
+        {"no handle", acutBuildList(1001, L"ACAD", 1005, L"ZZZZ", 0), Acad::eInvalidResBuf},
         {"a closing brace first", acutBuildList(1001, L"ACAD", 1002, L"}", 1002, L"{", 0), Acad::eInvalidResBuf},
         {"another sign", acutBuildList(1001, L"ACAD", 1002, L"[", 0), Acad::eInvalidResBuf},
         {"an unknown layer", acutBuildList(1001, L"ACAD", 1003, L"absent", 0), Acad::eKeyNotFound},

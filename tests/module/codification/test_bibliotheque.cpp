@@ -24,10 +24,10 @@ TEST_F(BibliothequeTest, goesRoundThroughTheDrawing)
         code.chemin = cheminBiblio((e.path().stem().wstring() + L".dwg").c_str());
         code.tailleBlock = 0.1 * numero;
         code.precisionAltitudes = numero % 5;
-        code.layers[calqueBlock].Format(L"Calque \u00e9%d", numero);
-        CString nom;
-        nom.Format(L"\u00c9%d", numero);
-        table.Ajouter(point(nom, 10.0 * numero + 0.123456789, -3.7 * numero, numero % 3 ? numero : 1e38, numero));
+        code.layers[calqueBlock] = L"Calque \u00e9" + std::to_wstring(numero);
+        const std::wstring nom = L"\u00c9" + std::to_wstring(numero);
+        table.Ajouter(
+            point(nom.c_str(), 10.0 * numero + 0.123456789, -3.7 * numero, numero % 3 ? numero : 1e38, numero));
     }
     const int nombre = table.nbPoint();
     ASSERT_GE(nombre, 14);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "codification/codifPoint.h"
+#include "services/codages.h"
 
 #include "dbapserv.h"
 #include "dbsymtb.h"
@@ -14,10 +15,10 @@ namespace {
 std::string champs(const codifPoint& c)
 {
     std::ostringstream flux;
-    flux << c.code << '|' << CStringA(c.libelle).GetString() << '|' << CStringA(c.chemin).GetString() << '|'
-         << c.tailleBlock << '|' << c.precisionAltitudes;
-    for (const CString& layer : c.layers)
-        flux << '|' << CStringA(layer).GetString();
+    flux << c.code << '|' << versAnsi(c.libelle) << '|' << versAnsi(c.chemin) << '|' << c.tailleBlock << '|'
+         << c.precisionAltitudes;
+    for (int e = 0; e < nombreCalques; ++e)
+        flux << '|' << versAnsi(c.getLayer(e));
     for (const int couleur : c.couleurs)
         flux << '|' << couleur;
     return flux.str();
@@ -26,9 +27,9 @@ std::string champs(const codifPoint& c)
 TEST(CodifPoint, startsWithTheDefaults)
 {
     const codifPoint code;
-    EXPECT_STREQ(CStringA(code.chemin.Right(20)), "\\biblio\\velablk1.dwg");
+    EXPECT_TRUE(code.chemin.ends_with(L"\\biblio\\velablk1.dwg"));
     codifPoint sansChemin = code;
-    sansChemin.chemin.Empty();
+    sansChemin.chemin.clear();
     EXPECT_EQ(champs(sansChemin), "1|Point Topo||1|2|0|_ Altitudes Points|_ Numero Points|_ Obs Points|_ Codes Points|"
                                   "7|7|7|7|7");
 }

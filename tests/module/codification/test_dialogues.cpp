@@ -12,6 +12,7 @@
 
 #include "codification/codificationDuModule.h"
 #include "codification/regleCode.h"
+#include "services/codages.h"
 #include "ui/application/VelaApplication.h"
 
 #include "dbapserv.h"
@@ -74,7 +75,7 @@ TEST_F(DialoguesCodesTest, judgesCodeNumbers)
         {L"??", verdictCode::horsBornes, verdictCode::horsBornes, 0},
     };
     for (const Row& r : rows) {
-        SCOPED_TRACE(CStringA(r.saisie).GetString());
+        SCOPED_TRACE(versAnsi(r.saisie));
         const avisCode creation = validerCode(r.saisie, table, true), edition = validerCode(r.saisie, table, false);
         EXPECT_EQ(creation.verdict, r.creation);
         EXPECT_EQ(edition.verdict, r.edition);

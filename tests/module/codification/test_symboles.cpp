@@ -93,8 +93,8 @@ TEST_F(DessinSymbolesTest, scalesWithTheCodeAndTheFactor)
     constexpr double infinie = std::numeric_limits<double>::infinity();
     const struct {
         double taille, facteur, s;
-    } rows[] = {{2, 1.0, 2.0}, {2, -0.5, 1.0}, {2, 1e-7, 2.0},     {2, 1e-6, 2e-6},
-                {0, 3.0, 3.0}, {-2, 3.0, 3.0}, {infinie, 3.0, 3.0}};
+    } rows[] = {{2, 1.0, 2.0}, {2, -0.5, 1.0}, {2, 1e-7, 2.0},      {2, 1e-6, 2e-6},
+                {0, 3.0, 3.0}, {-2, 3.0, 3.0}, {infinie, 3.0, 3.0}, {2, 1e308, 1e100}};
     for (const auto& r : rows) {
         SCOPED_TRACE(r.taille);
         code.tailleBlock = r.taille;

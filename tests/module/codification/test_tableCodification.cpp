@@ -7,6 +7,7 @@
 #include "codification/tableCodification.h"
 #include "codification/xmlCodification.h"
 #include "rx/Console.h"
+#include "services/codages.h"
 #include "services/dossierSupport.h"
 
 #include "dbapserv.h"
@@ -137,7 +138,7 @@ TEST_F(TableCodificationTest, readsOneField)
         ASSERT_TRUE(codesDeXml(xml, lus));
         ASSERT_EQ(lus.size(), 1U);
         EXPECT_EQ(lus[0].code, r.code);
-        EXPECT_TRUE(lus[0].libelle == r.libelle) << CStringA(lus[0].libelle).GetString();
+        EXPECT_TRUE(lus[0].libelle == r.libelle) << versAnsi(lus[0].libelle);
         EXPECT_EQ(lus[0].tailleBlock, r.taille);
         EXPECT_EQ(lus[0].precisionAltitudes, r.precision);
     }
@@ -149,7 +150,7 @@ TEST_F(TableCodificationTest, keepsWhatItsUserEmptied)
     codes[0].libelle = codes[0].chemin = L"";
     codes[0].layers = {L"", L"", L"C", L"", L""};
     ASSERT_TRUE(codesDeXml(xmlDeCodes(codes), lus));
-    EXPECT_TRUE(lus.at(0).libelle.IsEmpty() && lus[0].chemin.IsEmpty());
+    EXPECT_TRUE(lus.at(0).libelle.empty() && lus[0].chemin.empty());
     EXPECT_TRUE(lus[0].layers == codes[0].layers);
 }
 
@@ -166,9 +167,9 @@ TEST_F(TableCodificationTest, repairsAndTellsImpossibleLayers)
         Console::instance().setSink([&dit](const std::wstring& texte) { dit += texte; });
         codifPoint code;
         code.code = 12;
-        code.layers[calqueObs] = r.lu;
+        code.setLayer(calqueObs, r.lu);
         reparerCalques(code, L"f");
-        EXPECT_TRUE(code.layers[calqueObs] == r.pris) << CStringA(code.layers[calqueObs]).GetString();
+        EXPECT_TRUE(code.layers[calqueObs] == r.pris) << versAnsi(code.layers[calqueObs]);
         EXPECT_EQ(dit.empty(), std::wstring(r.lu) == r.pris);
         EXPECT_TRUE(dit.empty() || dit.starts_with(L"\nf, code 12 : le nom de calque «"));
     }
@@ -283,7 +284,7 @@ TEST_F(TableCodificationTest, triesTheGivenFileFirst)
     EXPECT_EQ(sans.nombre(), 2);
     EXPECT_TRUE(fs::exists(defcodif)) << "defaults go to this file, never to the one that was asked for";
     EXPECT_FALSE(fs::exists(supportEssai::fichier("defcodif-absent")));
-    EXPECT_TRUE(sans.getFichier().Right(8) == L"defcodif");
+    EXPECT_TRUE(sans.getFichier().ends_with(L"defcodif"));
 }
 
 TEST_F(TableCodificationTest, findsOrCreatesCodes)

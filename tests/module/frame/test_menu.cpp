@@ -6,15 +6,29 @@
 #include <gtest/gtest.h>
 
 #include "frame/commandes.h"
+#include "frame/fonctionsLisp.h"
+#include "services/lettres.h"
 #include "ui/window/ModuleMenus.h"
 
 namespace {
+
+/// A function "C:NAME" is a command too.
+bool estUneFonction(const std::wstring& nom)
+{
+    return std::ranges::any_of(tableFonctionsLisp(), [&](const fonctionLisp& f) {
+        return enMinuscules(f.nom) == L"c:" + enMinuscules(nom);
+    });
+}
 
 /// Commands to come share one empty handler: each that has one of its own does something.
 bool faitQuelqueChose(const std::string& nom)
 {
     const auto table = tableCommandes();
     const std::wstring large(nom.begin(), nom.end());
+    if (estUneFonction(large))
+        return true;
+    if (std::ranges::find(tableCommandesVela(), large, &commande::nom) != tableCommandesVela().end())
+        return true;
     const auto commandeDite = std::ranges::find(table, large, &commande::nom);
     return commandeDite != table.end() && std::ranges::count(table, commandeDite->executer, &commande::executer) == 1;
 }

@@ -195,33 +195,37 @@ TEST_F(DessinTest, storesWhatCanBeStored)
     setSrcInfosTopo(nullptr, nullptr, 0, 0);
 }
 
-/// A damaged drawing names a line as the dictionary of layer "0": the line stays, the layer gets a dictionary.
+/// A damaged drawing names something else as the dictionary of layer "0": it stays, the layer gets a dictionary.
 TEST_F(DessinTest, storesBesideWhatIsNoDictionary)
 {
     const AcDbObjectId ligne = addEntity(db, new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(9, 9, 0)));
     ASSERT_EQ(db.saveAs(cheminLarge.c_str()), Acad::eOk);
-    std::string texte = dossier.read("plan.dxf");
     ACHAR poignee[17] = L"";
     ligne.handle().getIntoAsciiBuffer(poignee, 17);
-    const std::string hexa(poignee, poignee + std::wcslen(poignee));
-    const auto calque = texte.find("330\r\n2\r\n100\r\nAcDbSymbolTableRecord\r\n100\r\nAcDbLayerTableRecord\r\n");
+    std::string sain = dossier.read("plan.dxf");
+    const auto calque = sain.find("330\r\n2\r\n100\r\nAcDbSymbolTableRecord\r\n100\r\nAcDbLayerTableRecord\r\n");
     ASSERT_NE(calque, std::string::npos);
-    texte.insert(calque, "102\r\n{ACAD_XDICTIONARY\r\n360\r\n" + hexa + "\r\n102\r\n}\r\n");
-    dossier.write("plan.dxf", texte);
+    sain.insert(sain.rfind("  0\r\nENDSEC"), "  0\r\nACDBPLACEHOLDER\r\n  5\r\nFFF\r\n330\r\n10\r\n");
 
-    AcDbDatabase abime(false);
-    ASSERT_EQ(abime.readDwgFile(cheminLarge.c_str()), Acad::eOk) << CStringA(abime.lastError()).GetString();
-    travailler(abime);
-    setSrcInfosTopo(&abime, &projet, 1, 0);
-    enregistrerInfosTopo();
-    EXPECT_TRUE(infosTopoEnregistrees());
-    EXPECT_EQ(nombreStocke(abime), 4);
-    ASSERT_EQ(abime.saveAs(cheminLarge.c_str()), Acad::eOk);
-    AcDbDatabase relu(false);
-    ASSERT_EQ(relu.readDwgFile(cheminLarge.c_str()), Acad::eOk);
-    EXPECT_EQ(nombreStocke(relu), 4);
-    EXPECT_NE(dossier.read("plan.dxf").find("AcDbLine"), std::string::npos);
-    setSrcInfosTopo(nullptr, nullptr, 0, 0);
+    struct {
+        std::string poignee, contenu;
+    } const autres[] = {{std::string(poignee, poignee + std::wcslen(poignee)), "AcDbLine"}, {"FFF", "ACDBPLACEHOLDER"}};
+    for (const auto& [hexa, contenu] : autres) {
+        dossier.write("plan.dxf", std::string(sain).insert(calque, "102\r\n{ACAD_XDICTIONARY\r\n360\r\n" + hexa +
+                                                                       "\r\n102\r\n}\r\n"));
+        AcDbDatabase abime(false);
+        ASSERT_EQ(abime.readDwgFile(cheminLarge.c_str()), Acad::eOk) << CStringA(abime.lastError()).GetString();
+        travailler(abime);
+        setSrcInfosTopo(&abime, &projet, 1, 0);
+        enregistrerInfosTopo();
+        EXPECT_TRUE(infosTopoEnregistrees()) << contenu;
+        ASSERT_EQ(abime.saveAs(cheminLarge.c_str()), Acad::eOk);
+        AcDbDatabase relu(false);
+        ASSERT_EQ(relu.readDwgFile(cheminLarge.c_str()), Acad::eOk);
+        EXPECT_EQ(nombreStocke(relu), 4) << contenu;
+        EXPECT_NE(dossier.read("plan.dxf").find(contenu), std::string::npos);
+        setSrcInfosTopo(nullptr, nullptr, 0, 0);
+    }
 }
 
 TEST_F(DessinTest, resetsWhenNothingOrNonsenseIsStored)

@@ -17,7 +17,7 @@ TEST(numeroteurs, countLetters)
         {L"A9", L"A:"}, {L"z", L"{"}, {L"1Z", L"2A"}, {L"bZZ", L"cAA"}, {L"ZB", L"ZC"},
     };
     for (const Row& r : rows)
-        EXPECT_STREQ(lettresSuivantes(r.text).GetString(), r.next) << CStringA(r.text).GetString();
+        EXPECT_EQ(lettresSuivantes(r.text), r.next);
 }
 
 TEST(numeroteurs, nameBySteps)
@@ -48,7 +48,7 @@ TEST(numeroteurs, keepTheirSlots)
 {
 struct slots : numeroteur {
         slots() : numeroteur(L"", L"") {}
-        CString nomSuivant() override { return L"0"; }
+        std::wstring nomSuivant() override { return L"0"; }
         int serieSuffixeSuivante() override { return 1; }
         int seriePrefixeSuivante() override { return 2; }
         void avancer() override { avance = true; }

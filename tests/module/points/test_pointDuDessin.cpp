@@ -18,8 +18,10 @@ pointDuDessin point(double x, double y, double z, int code, const wchar_t* nom)
 TEST(pointDuDessin, isNewAndUnknown)
 {
     const pointDuDessin p;
-    EXPECT_EQ(p.getX(), 1e38);
-    EXPECT_EQ(p.getY(), 1e38);
+    double x = 0.0, y = 0.0;
+    p.getXY(x, y);
+    EXPECT_EQ(x, 1e38);
+    EXPECT_EQ(y, 1e38);
     EXPECT_EQ(p.getZ(), 1e38);
     EXPECT_EQ(p.getCode(), 1);
     EXPECT_STREQ(p.getNomPoint(), "");

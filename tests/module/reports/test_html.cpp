@@ -43,11 +43,28 @@ TEST(Html, Sizes)
 
 TEST(Html, BorderStyles)
 {
-    const char* const expected[] = {"none",   "none",  "dotted", "dashed", "solid", "double",
-                                    "groove", "ridge", "inset",  "outset", "none"};
-    for (int code = 0; code <= 10; ++code)
-        EXPECT_STREQ(htmlBorderStyle(code).text(), expected[code]) << code;
-    EXPECT_STREQ(htmlBorderStyle(-1).text(), "none");
+    using style = htmlBorderStyle;
+    const std::pair<int, const char*> rows[] = {{-1, "none"},
+                                                {0, "none"},
+                                                {style::none, "none"},
+                                                {style::dotted, "dotted"},
+                                                {style::dashed, "dashed"},
+                                                {style::solid, "solid"},
+                                                {style::doubled, "double"},
+                                                {style::groove, "groove"},
+                                                {style::ridge, "ridge"},
+                                                {style::inset, "inset"},
+                                                {style::outset, "outset"},
+                                                {10, "none"}};
+    for (const auto& [code, text] : rows)
+        EXPECT_STREQ(style(code).text(), text) << code;
+}
+
+TEST(Html, ColorsAreBlackUntilTheyAreSet)
+{
+    EXPECT_FALSE(htmlColor().isSet());
+    EXPECT_TRUE(htmlColor(0, 0, 0).isSet());
+    EXPECT_EQ(htmlColor().text(), "rgb(0,0,0)");
 }
 
 TEST(Html, Styles)
@@ -107,6 +124,7 @@ TEST(Html, Styles)
         {"position, y unset", [&](htmlStyle& s) { s.setBackgroundPosition(four, {}); },
          "background-position: 4px 0px;"},
         {"alignments number 1, 2, 4", [](htmlStyle& s) { s.setTextAlign(4); }, "text-align:center;"},
+        {"justified", [](htmlStyle& s) { s.setTextAlign(htmlStyle::justify); }, "text-align:justify;"},
         {"alignment 3 justifies", [](htmlStyle& s) { s.setTextAlign(3); }, "text-align:justify;"},
         {"indent, height, spacing",
          [&](htmlStyle& s) {

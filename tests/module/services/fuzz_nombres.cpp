@@ -5,10 +5,11 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <string>
 
+#include "services/codages.h"
 #include "services/formatNombres.h"
 #include "services/lireNombre.h"
-#include "services/nombreFixe.h"
 #include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
@@ -22,14 +23,12 @@ void exiger(bool vrai)
 
 void ecrireEtRelire(double valeur)
 {
-    CString texte;
-    formaterFixe(valeur, 30, texte);
+    const std::wstring texte = formaterFixe(valeur, 30);
     bool entier = false;
-    const double relue = reelDeTexte(texte.GetString(), &entier);
+    const double relue = reelDeTexte(texte, &entier);
     exiger(entier && std::abs(relue - valeur) <= std::max(1e-30, std::abs(valeur) * 1e-15));
-    exiger(CStringA(texte).GetString() == nombreFixe(valeur, 30));
     for (const int mode : {0, 1, 2, 3})
-        formaterAbscisse(valeur, 3, mode, texte);
+        formaterAbscisse(valeur, 3, mode);
 }
 
 } // namespace
@@ -37,18 +36,18 @@ void ecrireEtRelire(double valeur)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* octets, std::size_t taille)
 {
     const std::string etroit(reinterpret_cast<const char*>(octets), taille);
-    const CString large(etroit.c_str());
+    const std::wstring large = depuisAnsi(etroit.c_str());
     double stricte = 0.0, deLarge = 0.0;
     const int accepte = lireNombre(etroit.c_str(), stricte);
-    exiger(accepte == lireNombre(large.GetString(), deLarge) && stricte == deLarge);
+    exiger(accepte == lireNombre(large.c_str(), deLarge) && stricte == deLarge);
 
     bool entier = false;
-    const double simple = reelDeTexte(large.GetString(), &entier);
+    const double simple = reelDeTexte(large.c_str(), &entier);
     exiger(!std::isnan(simple));
     exiger(!accepte || (entier && simple == stricte));
-    exiger(entier == remarqueNombre(L"la distance", large.GetString()).empty());
+    exiger(entier == remarqueNombre(L"la distance", large.c_str()).empty());
     if (std::isfinite(simple))
         ecrireEtRelire(simple);
-    exiger(entierDeTexte(texteEntier(entierDeTexte(large)).GetString()) == entierDeTexte(large));
+    exiger(entierDeTexte(std::to_wstring(entierDeTexte(large))) == entierDeTexte(large));
     return 0;
 }

@@ -101,16 +101,12 @@ TEST(formatNombres, writesChainages)
     };
     for (const Row& r : rows) {
         SCOPED_TRACE(r.name);
-        CString texte(L"avant");
-        formaterAbscisse(r.value, r.decimals, r.mode, texte);
-        EXPECT_STREQ(texte.GetString(), r.text);
+        EXPECT_EQ(formaterAbscisse(r.value, r.decimals, r.mode), r.text);
         if (r.mode == 0) {
-            formaterFixe(r.value, r.decimals, texte);
-            EXPECT_STREQ(texte.GetString(), r.text);
+            EXPECT_EQ(formaterFixe(r.value, r.decimals), r.text);
         }
     }
-    CString texte;
-    formaterAbscisse(infini, 1, 1, texte); // no meaning, but no harm either
+    formaterAbscisse(infini, 1, 1); // no meaning, but no harm either
 }
 
 TEST(etendueVue, givesTheSmallerDimensionTheSize)

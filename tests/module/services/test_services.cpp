@@ -60,14 +60,14 @@ TEST_F(ServicesTest, composesSupportPaths)
 
     ecrireRegistre(L"chemin", L"D:\\Ailleurs");
     EXPECT_STREQ(cheminSupport(L"a"), L"C:\\Vela\\Support\\a") << "looked up once";
-    CString valeur;
+    std::wstring valeur;
     EXPECT_EQ(lireValeurRegistre(L"chemin", valeur), 1);
     EXPECT_TRUE(valeur == L"D:\\Ailleurs");
 }
 
 TEST_F(ServicesTest, readsRegistryValues)
 {
-    CString texte(L"avant");
+    std::wstring texte(L"avant");
     DWORD nombre = 5;
     EXPECT_EQ(lireValeurRegistre(L"absent", texte), 0);
     EXPECT_EQ(lireValeurRegistre(L"absent", nombre), 0);
@@ -101,10 +101,8 @@ TEST_F(ServicesTest, cutsTheDrawingNameAtItsFirstDot)
     const fs::path fichier = dossier() / "dossier.1" / "plan.v2.dxf";
     fs::create_directories(fichier.parent_path());
     ASSERT_FALSE(DocumentList::instance().saveAs(document, fichier.wstring()));
-    const CString nom = nomDessin();
-    EXPECT_TRUE(nom.Right(4) == L"plan");
-    EXPECT_GE(nom.Find(L"dossier.1"), 0) << "dots of the folder stay";
-    EXPECT_EQ(nom.Find(L"v2"), -1);
+    EXPECT_TRUE(nomDessin().ends_with(L"plan"));
+    EXPECT_NE(nomDessin().find(L"dossier.1"), std::wstring::npos) << "dots of the folder stay";
 }
 
 TEST_F(ServicesTest, readsTheExtentOfTheView)

@@ -334,6 +334,7 @@ TEST_F(DialogTest, ALoopThatWaitsForNothingIsEnded)
                               "sans dialogue ouvert.");
     QTimer::singleShot(0, qApp, &QCoreApplication::quit); // a loop that was told to end all ends the later ones
     QCoreApplication::exec();
+    options.patience = std::chrono::seconds(30);
     define([] { // one that ends by itself in time is none of the script's business
         QEventLoop loop;
         QTimer::singleShot(20, &loop, &QEventLoop::quit);

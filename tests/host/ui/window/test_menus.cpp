@@ -84,11 +84,13 @@ protected:
     }
     fs::path module() const { return folder / "Temoin.arx"; }
 
-    /// "Menu(item item)" of the menus that show behind those of the host.
+    /// "Menu(item item)" of the menus that show between those of the host and the help.
     std::string brought() const
     {
         std::string shown;
-        for (const QAction* const title : window->menuBar()->actions().mid(5)) {
+        const auto titles = window->menuBar()->actions();
+        EXPECT_EQ(titles.last()->text(), "Ai&de");
+        for (const QAction* const title : titles.mid(5, titles.size() - 6)) {
             if (!title->isVisible())
                 continue;
             shown += title->text().toStdString() + "(";

@@ -13,6 +13,8 @@
 (addcodept 14 "a" "" 1e-7) ; >> \nparametres incorrects.
 (addcodept 14 "a" "" 1e7) ; >> \nparametres incorrects.
 (addcodept 14 "a" "b") ; => nil
+(addcodept 14 "a" "C:b.dwg") ; => nil
+(addcodept 14 "a" "../b.dwg") ; => nil
 (addcodept -3) ; => nil
 (loadcodept) ; => ((1 . "Point topo") (100 . "Station") (12 . "Code 12") (13 . "Arbre"))
 

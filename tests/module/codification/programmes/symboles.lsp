@@ -114,6 +114,9 @@
 (progn (updarxttxt 3) (cdr (assoc 41 (entget (ename_pt "p1"))))) ; => 1.0
 (progn (setq nombre (sslength (ssget "_X" '((0 . "INSERT"))))) (reg_pts) (= nombre (sslength (ssget "_X" '((0 . "INSERT")))))) ; => T
 (type (entmod (list (assoc -1 d) '(70 . 0)))) ; => LIST
+(type (entmod (list (assoc -1 (setq d (entget (tblobjname "LAYER" (cdr (assoc 8 (entget (ename_pt "p1")))))))) '(70 . 4)))) ; => LIST
+(list (modif-attrib (ename_pt "p1") etiquette "autre") (attrvisibility etiquette nil (selonnum "p1"))) ; => (0 0)
+(type (entmod (list (assoc -1 d) '(70 . 0)))) ; => LIST
 (progn (updarxttxt 1) (cdr (assoc 41 (entget (ename_pt "p1"))))) ; => 1.0
 
 ; Points on one another.

@@ -1,0 +1,199 @@
+#include "traitementPoints.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <iostream>
+#include <numeric>
+
+#include "codification/codificationDuModule.h"
+#include "exchange/exportTable.h"
+#include "exchange/lecteurPoints.h"
+#include "exchange/placerPoints.h"
+#include "platform/CodePage.h"
+#include "platform/Paths.h"
+#include "points/projetDansDessin.h"
+#include "services/codages.h"
+
+#include "erreurProgramme.h"
+#include "fichierDessin.h"
+#include "sessionHote.h"
+
+namespace fs = std::filesystem;
+using platform::utf8FromWide;
+using platform::wideFromUtf8;
+
+namespace {
+
+fs::path cheminNatif(const std::string& chemin)
+{
+    return platform::nativePath(wideFromUtf8(chemin));
+}
+
+std::string nomDe(const listePointsDuDessin& table)
+{
+    return utf8FromWide(table.getNomTable().GetString());
+}
+
+/// The table of that name, the current one for an empty name; null without one.
+listePointsDuDessin* tableNommee(const std::string& nom)
+{
+    if (!tablesPoints)
+        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+    if (nom.empty())
+        return tablesPoints->currTable();
+    for (int i = 0; i < tablesPoints->nbTables(); ++i)
+        if (nomDe(*tablesPoints->getTable(i)) == nom)
+            return tablesPoints->getTable(i);
+    return nullptr;
+}
+
+const listePointsDuDessin& tableExistante(const std::string& nom)
+{
+    if (const listePointsDuDessin* const table = tableNommee(nom))
+        return *table;
+    throw erreurProgramme("le dessin n'a pas de table « " + nom + " ».");
+}
+
+listePointsDuDessin& tableOuNouvelle(const std::string& nom)
+{
+    if (listePointsDuDessin* const table = tableNommee(nom))
+        return *table;
+    tablesPoints->creerTablePoints(wideFromUtf8(nom).c_str());
+    return *tablesPoints->getTable(tablesPoints->nbTables() - 1);
+}
+
+pointsLus lireFichier(const importPoints& demande, suitesImportPoints& suites)
+{
+    pointsLus lus = lirePoints(cheminNatif(demande.fichier), nullptr, demande.code);
+    for (const std::wstring& phrase : phrasesProblemes(wideFromUtf8(demande.fichier), lus))
+        suites.avertissements.push_back(utf8FromWide(phrase));
+    if (lus.points.empty())
+        throw erreurProgramme(suites.avertissements.empty() ? demande.fichier + " : aucun point dans ce fichier."
+                                                            : suites.avertissements.front());
+    if (demande.strict && (lus.ecartees > 0 || !lus.lisible))
+        throw erreurProgramme(suites.avertissements.front() + " Rien n'est importé.");
+    return lus;
+}
+
+void verifierNoms(const importPoints& demande)
+{
+    exigerExtensionDxf(demande.enregistrer.empty() ? demande.dessin : demande.enregistrer);
+    std::error_code absent;
+    if (!demande.enregistrer.empty() &&
+        fs::equivalent(cheminNatif(demande.enregistrer), cheminNatif(demande.fichier), absent))
+        throw erreurProgramme("« " + demande.enregistrer + " » est le fichier de points : choisissez un autre nom.");
+}
+
+void placer(listePointsDuDessin& table, int premiere, observationsEnAttente& observations, suitesImportPoints& suites)
+{
+    std::vector<int> places(static_cast<std::size_t>(suites.ajoutes));
+    std::iota(places.begin(), places.end(), premiere);
+    const bilanPlacement bilan = placerPoints(table, places, observations);
+    suites.dessines = bilan.dessines;
+    if (bilan.sansSymbole > 0)
+        suites.avertissements.push_back(std::to_string(bilan.sansSymbole) +
+                                        " point(s) sans symbole : le block de leur code est introuvable.");
+}
+
+/// Reads "1,5-9" as ranges of codes.
+std::vector<std::pair<int, int>> plagesDe(const std::string& codes)
+{
+    std::vector<std::pair<int, int>> plages;
+    const char* p = codes.data();
+    const char* const fin = p + codes.size();
+    const auto entier = [&](int& valeur) {
+        const auto lu = std::from_chars(p, fin, valeur);
+        p = lu.ptr;
+        return lu.ec == std::errc();
+    };
+    while (p != fin) {
+        int premier = 0, dernier = 0;
+        bool lu = entier(premier);
+        dernier = premier;
+        if (lu && p != fin && *p == '-') {
+            ++p;
+            lu = entier(dernier);
+        }
+        if (!lu || (p != fin && *p++ != ','))
+            throw erreurProgramme("--codes : « " + codes + " » n'est pas une liste de codes, comme 1,5-9.");
+        plages.emplace_back(premier, dernier);
+    }
+    return plages;
+}
+
+std::vector<int> placesDesCodes(const listePointsDuDessin& table, const std::string& codes)
+{
+    const auto plages = plagesDe(codes);
+    std::vector<int> places;
+    for (int i = 0; i < table.nbPoint(); ++i) {
+        const int code = table.getData(i)->getCode();
+        if (plages.empty() || std::ranges::any_of(plages, [code](const auto& plage) {
+                return code >= plage.first && code <= plage.second;
+            }))
+            places.push_back(i);
+    }
+    return places;
+}
+
+} // namespace
+
+suitesImportPoints importer(const importPoints& demande)
+{
+    verifierNoms(demande);
+    suitesImportPoints suites;
+    const pointsLus lus = lireFichier(demande, suites);
+    sessionHote session(std::cerr);
+    Document& document = session.ouvrir(demande.dessin);
+    avertirDesProblemes(*document.database());
+    listePointsDuDessin& table = tableOuNouvelle(demande.table);
+    const int premiere = table.nbPoint();
+    observationsEnAttente observations;
+    const bilanAjout bilan = ajouterPoints(table, lus.points, nomsExistants::ajouter, observations);
+    suites.ajoutes = bilan.ajoutes;
+    suites.table = nomDe(table);
+    if (bilan.nomsCoupes > 0)
+        suites.avertissements.push_back(std::to_string(bilan.nomsCoupes) + " nom(s) coupé(s) à 9 caractères.");
+    if (demande.placer)
+        placer(table, premiere, observations, suites);
+    else if (!observations.empty())
+        suites.avertissements.push_back(std::to_string(observations.size()) +
+                                        " observation(s) non gardée(s) : seul un symbole en porte (--placer).");
+    suites.dessin = demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
+    const bool remplace = fs::exists(cheminNatif(suites.dessin));
+    session.enregistrer(document, suites.dessin);
+    if (remplace)
+        suites.ancienDessin = nomAncienDessin(suites.dessin);
+    return suites;
+}
+
+int exporter(const exportPointsDemande& demande)
+{
+    const fs::path fichier = cheminNatif(demande.fichier);
+    if (estCarte(fichier) && demande.projection.empty())
+        throw erreurProgramme("une carte demande la projection du dessin (--projection EPSG:2154, par exemple).");
+    sessionHote session(std::cerr);
+    session.ouvrir(demande.dessin);
+    const listePointsDuDessin& table = tableExistante(demande.table);
+    const std::vector<int> places = placesDesCodes(table, demande.codes);
+    const issueExport issue =
+        exporterTable(table, places, codificationDuModule(), fichier, demande.projection, [] {});
+    if (issue.issue != issueEcriture::ecrit)
+        throw erreurProgramme(utf8FromWide(issue.raison));
+    return static_cast<int>(places.size());
+}
+
+std::vector<pointListe> lister(const std::string& dessin, const std::string& nom)
+{
+    sessionHote session(std::cerr);
+    session.ouvrir(dessin);
+    const listePointsDuDessin& table = tableExistante(nom);
+    std::vector<pointListe> points;
+    points.reserve(static_cast<std::size_t>(table.nbPoint()));
+    for (int i = 0; i < table.nbPoint(); ++i) {
+        const pointDuDessin& p = *table.getData(i);
+        points.push_back(
+            {versUtf8(depuisAnsi(p.getNomPoint())), p.getX(), p.getY(), p.getZ(), p.getCode()});
+    }
+    return points;
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "calculs/reseau/fichierReseau.h"
+#include "calculs/reseau/resultatReseau.h"
+
+/// What `vela reseau` is asked to do. Names of files as typed; an empty one is not asked for.
+struct demandeReseau {
+    std::string fichier;
+    std::string rapport;
+    std::string dessin;
+    std::string enregistrer;
+    std::string robuste; ///< "huber", "tukey", or empty
+    int code = 100;
+    double echelle = 0.0; ///< of ellipses; 0: chosen
+    bool libre = false;
+    bool json = false;
+    bool placer = false;
+    bool ellipses = false;
+};
+
+/// What became of it.
+struct traitementReseau {
+    reseau r;
+    resultatReseau resultat;
+    std::vector<std::string> avertissements; ///< French, UTF-8
+    std::string rapport, dessin, ancienDessin, table;
+    int pointsPlaces = 0;
+};
+
+/// Reads, adjusts, writes the report, places and saves, then shows, in this order. @throws erreurProgramme
+void traiterReseau(const demandeReseau& demande);
+
+// The two ways to show it.
+void afficherTexte(const demandeReseau& demande, const traitementReseau& t);
+void afficherJson(const demandeReseau& demande, const traitementReseau& t);

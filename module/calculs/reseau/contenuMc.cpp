@@ -1,0 +1,136 @@
+#include <charconv>
+
+#include "calculs/formules/fichierFormules.h"
+#include "calculs/reseau/fichierReseau.h"
+#include "services/codages.h"
+
+// Measures are written with the shortest digits that read back as the same number.
+
+namespace {
+
+using enum genreObservation;
+
+std::string court(double valeur)
+{
+    char tampon[32];
+    const auto fin = std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr;
+    return {tampon, fin};
+}
+
+/// A number near a short one is that one: what degrees and millimetres lose on the way to radians and metres.
+std::string arrondi(double valeur)
+{
+    char tampon[64];
+    const auto fin = std::to_chars(tampon, tampon + sizeof tampon, valeur, std::chars_format::general, 14).ptr;
+    return {tampon, fin};
+}
+
+std::string cite(const std::wstring& texte)
+{
+    std::string octets = versAnsi(texte);
+    std::erase(octets, '"');
+    return '"' + octets + '"';
+}
+
+std::string nomDe(const reseau& r, int point)
+{
+    return cite(r.points[static_cast<std::size_t>(point)].nom);
+}
+
+const char* motTenue(tenue t)
+{
+    return t == tenue::fixe ? "fixe" : t == tenue::appui ? "appui" : "libre";
+}
+
+void ecrirePoint(const pointReseau& p, std::string& texte)
+{
+    texte += "Point: " + cite(p.nom);
+    if (p.enPlan())
+        texte += " X= " + court(p.x) + " Y= " + court(p.y);
+    if (estConnue(p.z))
+        texte += " Z= " + court(p.z);
+    if (p.plan == p.altitude)
+        texte += p.plan == tenue::libre || p.plan == tenue::ignoree ? "" : std::string(" ") + motTenue(p.plan);
+    else
+        texte += std::string(" ") + motTenue(p.plan) + " xy " + motTenue(p.altitude) + " z";
+    texte += '\n';
+}
+
+void ecrireObservation(const reseau& r, const observationReseau& o, double hauteur, std::string& texte)
+{
+    const bool coordonnee = o.vers < 0;
+    texte += versAnsi(motObservation(o.genre));
+    texte += ": " + nomDe(r, coordonnee ? o.de : o.vers);
+    if (o.genre == angle)
+        texte += " " + nomDe(r, o.vers2);
+    texte += " " + (estAngulaire(o.genre) ? arrondi(o.mesure / gradeEnRadians) : court(o.mesure));
+    if (o.ecart > 0.0)
+        texte += " e= " + arrondi(o.ecart / (estAngulaire(o.genre) ? dmgrEnRadians : milli));
+    if (!coordonnee && o.hauteurDe != hauteur)
+        texte += " hi= " + court(o.hauteurDe);
+    if (o.hauteurVers != 0.0)
+        texte += " ht= " + court(o.hauteurVers);
+    if (o.longueur > 0.0)
+        texte += " km= " + court(o.longueur);
+    if (!o.active)
+        texte += " hors";
+    texte += '\n';
+}
+
+void ecrirePrecisions(const precisionsParDefaut& p, std::string& texte)
+{
+    const auto angulaire = [&](const char* mot, double valeur) {
+        if (valeur > 0.0)
+            texte += std::string("Precision: ") + mot + " " + arrondi(valeur / dmgrEnRadians) + "\n";
+    };
+    angulaire("direction", p.direction);
+    angulaire("angle", p.angle);
+    angulaire("gisement", p.gisement);
+    angulaire("zenithal", p.zenithal);
+    if (p.distance > 0.0)
+        texte += "Precision: distance " + arrondi(p.distance / milli) + " " + arrondi(p.distanceKm / milli) + "\n";
+    if (p.denivelee > 0.0)
+        texte += "Precision: denivelee " + arrondi(p.denivelee / milli) + "\n";
+}
+
+} // namespace
+
+precisionsParDefaut precisionsUsuelles()
+{
+    precisionsParDefaut p;
+    p.direction = p.angle = p.gisement = p.zenithal = dmgrUsuels * dmgrEnRadians;
+    p.distance = millimetresUsuels * milli;
+    p.distanceKm = millimetresParKmUsuels * milli;
+    p.denivelee = deniveleeUsuelle * milli;
+    return p;
+}
+
+std::string contenuMc(const reseau& r)
+{
+    std::string texte = "* " + versAnsi(L"Réseau à compenser par moindres carrés") + "\n";
+    if (!r.titre.empty())
+        texte += "Titre: " + cite(r.titre) + "\n";
+    texte += "Angles: grades\nSigma: " + court(r.sigma) + "\nConfiance: " + court(r.confiance) + "\n";
+    texte += versAnsi(L"* Écarts-types sans « e= » : angles en dmgr, longueurs en mm (et mm par km)") + "\n";
+    ecrirePrecisions(r.precisions, texte);
+    texte += contenuFormules(r.formules);
+    texte += "* Points: nom X= Y= Z= fixe | appui | libre\n";
+    for (const pointReseau& p : r.points)
+        ecrirePoint(p, texte);
+    texte += "* Observations: Station, puis Direction, Angle, Gisement, Distance, Inclinee, Zenithal, Denivelee\n";
+    int station = -1, serie = -1;
+    double hauteur = 0.0;
+    for (const observationReseau& o : r.observations) {
+        const bool neuve = o.vers >= 0 && (o.de != station || (o.serie >= 0 && serie >= 0 && o.serie != serie));
+        if (neuve) {
+            station = o.de;
+            serie = -1;
+            hauteur = o.hauteurDe;
+            texte += "Station: " + nomDe(r, station) + (hauteur != 0.0 ? " hi= " + court(hauteur) : "") + "\n";
+        }
+        if (o.serie >= 0)
+            serie = o.serie;
+        ecrireObservation(r, o, hauteur, texte);
+    }
+    return texte;
+}

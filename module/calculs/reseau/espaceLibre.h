@@ -1,0 +1,42 @@
+#pragma once
+
+#include <vector>
+
+#include "calculs/reseau/systemeReseau.h"
+
+/// What the observations leave free: moves of points that change none of them, at the coordinates of the last assembly.
+/// Those that the coordinates of support can hold are held so that the sum of squares of their changes is least; the
+/// others leave points undetermined.
+class espaceLibre {
+public:
+    /// @param surAppui whether points of support hold the network
+    espaceLibre(const reseau& r, const systemeReseau& s, bool surAppui);
+
+    int defaut() const { return m_defaut; }
+    /// Whether the network is held by inner constraints.
+    bool place() const { return !m_base.empty(); }
+    /// Moves that nothing holds, each scaled so that its largest part is 1.
+    const std::vector<std::vector<double>>& flottements() const { return m_flottements; }
+    /// By unknown, whether it is determined.
+    bool determinee(int inconnue) const
+    {
+        return m_flottante.empty() || !m_flottante[static_cast<std::size_t>(inconnue)];
+    }
+
+    /// Takes from a step what only moves points that float: they stay where they are.
+    void calmer(std::vector<double>& pas) const;
+    /// Takes from the changes what the inner constraints forbid.
+    void projeter(std::vector<double>& changements) const;
+    /// Element of the cofactor matrix under the constraints; @param q the one of the solution with held unknowns.
+    void preparerCofacteurs(const systemeReseau& s);
+    double cofacteur(const systemeReseau& s, int i, int j) const;
+
+private:
+    int m_defaut = 0;
+    std::vector<bool> m_appui;               ///< by unknown
+    std::vector<std::vector<double>> m_base; ///< orthonormal over the coordinates of support
+    std::vector<std::vector<double>> m_flottements;
+    std::vector<bool> m_flottante;
+    std::vector<std::vector<double>> m_images; ///< Q·(restriction of each base vector)
+    std::vector<double> m_gram;                ///< base × image, over the coordinates of support
+};

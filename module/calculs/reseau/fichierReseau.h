@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "calculs/fichierPolygonale.h"
+#include "calculs/reseau/reseau.h"
+
+// Files of networks. Each reader gives the network and what looks wrong, with its line; one that cannot be used at all
+// says so and gives an empty network.
+
+struct reseauLu {
+    reseau r;
+    bool lisible = true;                    ///< false: nothing of it can be used, and the first remark says why
+    std::vector<remarqueLecture> remarques; ///< French
+};
+
+/// Our own text form (".mc"), documented in docs/fichier-mc.md.
+reseauLu lireMc(std::string_view contenu);
+/// The bytes of a ".mc" file that reads back as the network; Windows-1252.
+std::string contenuMc(const reseau& r);
+
+/// The XML form of gama-local (".gkf").
+reseauLu lireGkf(std::string_view contenu);
+
+/// A traverse file (".obs") as a network: known stations held, legs as distances and angles, bearings of departure and
+/// arrival, height differences when there are any.
+reseauLu reseauDePolygonale(std::string_view contenu);
+
+/// By content and extension: XML, traverse, or our own.
+reseauLu lireReseau(std::string_view contenu, std::wstring_view nomFichier);
+reseauLu chargerReseau(const std::filesystem::path& fichier);
+
+/// What observations without a precision of their own take, unless a file says otherwise: a total station of everyday
+/// work.
+inline constexpr double dmgrUsuels = 10.0, millimetresUsuels = 3.0, millimetresParKmUsuels = 2.0;
+inline constexpr double deniveleeUsuelle = 5.0; ///< mm, for a kilometre
+precisionsParDefaut precisionsUsuelles();

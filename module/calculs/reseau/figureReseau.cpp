@@ -1,0 +1,402 @@
+#include "calculs/reseau/figureReseau.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace {
+
+using enum genreObservation;
+
+double mediane(std::vector<double> v)
+{
+    std::ranges::sort(v);
+    return 0.5 * (v[(v.size() - 1) / 2] + v[v.size() / 2]);
+}
+
+/// Two lines that cross flatter than that do not place a point well.
+constexpr double croisementMinimal = 0.1;
+constexpr std::size_t lieuxEtudies = 12;
+
+} // namespace
+
+voisinageReseau::voisinageReseau(const reseau& reseauDonne) :
+    r(reseauDonne),
+    parPoint(r.points.size()),
+    parSerie(static_cast<std::size_t>(r.series)),
+    longueurs(r.observations.size(), 0.0)
+{
+    std::map<std::pair<int, int>, double> zenithales;
+    for (const observationReseau& o : r.observations)
+        if (o.active && o.genre == zenithal)
+            zenithales[{o.de, o.vers}] = o.mesure;
+    for (std::size_t k = 0; k < r.observations.size(); ++k) {
+        const observationReseau& o = r.observations[k];
+        if (!o.active || !estPlanimetrique(o.genre) || o.genre == zenithal)
+            continue;
+        for (const int p : {o.de, o.vers, o.vers2})
+            if (p >= 0)
+                parPoint[static_cast<std::size_t>(p)].push_back(static_cast<int>(k));
+        if (o.genre == direction)
+            parSerie[static_cast<std::size_t>(o.serie)].push_back(static_cast<int>(k));
+        if (o.genre == distance) {
+            longueurs[k] = o.mesure;
+        } else if (o.genre == distanceInclinee) {
+            longueurs[k] = o.mesure;
+            const double za = r.points[static_cast<std::size_t>(o.de)].z,
+                         zb = r.points[static_cast<std::size_t>(o.vers)].z;
+            if (const auto z = zenithales.find({o.de, o.vers}); z != zenithales.end())
+                longueurs[k] *= std::abs(std::sin(z->second));
+            else if (estConnue(za) && estConnue(zb))
+                longueurs[k] = std::sqrt(
+                    std::max(0.0, o.mesure * o.mesure - std::pow(zb + o.hauteurVers - za - o.hauteurDe, 2.0)));
+        }
+    }
+}
+
+figureReseau::figureReseau(const voisinageReseau& v, choix quoi) :
+    m_v(v),
+    m_choix(quoi),
+    m_x(v.r.points.size()),
+    m_y(v.r.points.size()),
+    m_pose(v.r.points.size()),
+    m_enFile(v.r.points.size())
+{
+}
+
+void figureReseau::poser(int point, double x, double y)
+{
+    const auto p = static_cast<std::size_t>(point);
+    m_x[p] = x;
+    m_y[p] = y;
+    m_pose[p] = true;
+    m_poses.push_back(point);
+    voisinsATenter(point);
+}
+
+/// Points that what was just placed may help to place: those of its observations, and the other targets of a station
+/// whose set it orients.
+void figureReseau::voisinsATenter(int point)
+{
+    const auto mettre = [&](int p) {
+        if (p >= 0 && !pose(p) && !m_enFile[static_cast<std::size_t>(p)]) {
+            m_enFile[static_cast<std::size_t>(p)] = true;
+            m_file.push_back(p);
+        }
+    };
+    for (const int k : m_v.parPoint[static_cast<std::size_t>(point)]) {
+        const observationReseau& o = m_v.r.observations[static_cast<std::size_t>(k)];
+        for (const int p : {o.de, o.vers, o.vers2})
+            mettre(p);
+        if (o.genre != direction || !pose(o.de))
+            continue;
+        for (const int autre : m_v.parSerie[static_cast<std::size_t>(o.serie)])
+            mettre(m_v.r.observations[static_cast<std::size_t>(autre)].vers);
+    }
+}
+
+double figureReseau::gisementVers(int de, int vers) const
+{
+    return gisementDe(x(vers) - x(de), y(vers) - y(de));
+}
+
+double figureReseau::orientation(int serie) const
+{
+    double premiere = inconnu;
+    std::vector<double> ecarts;
+    for (const int k : m_v.parSerie[static_cast<std::size_t>(serie)]) {
+        const observationReseau& o = m_v.r.observations[static_cast<std::size_t>(k)];
+        if (!pose(o.de) || !pose(o.vers) || (x(o.de) == x(o.vers) && y(o.de) == y(o.vers)))
+            continue;
+        const double oriente = gisementVers(o.de, o.vers) - o.mesure;
+        if (!estConnue(premiere))
+            premiere = oriente;
+        ecarts.push_back(ecartAngulaire(oriente - premiere));
+    }
+    return estConnue(premiere) ? premiere + mediane(ecarts) : inconnu;
+}
+
+void figureReseau::lieuDeDirection(const observationReseau& o, int point, lieux& l) const
+{
+    if (o.vers == point && pose(o.de))
+        if (const double zero = orientation(o.serie); estConnue(zero))
+            l.droites.push_back({o.de, zero + o.mesure});
+}
+
+/// An angle whose station and one side are placed gives the bearing of the other side.
+void figureReseau::lieuDAngle(const observationReseau& o, int point, lieux& l) const
+{
+    if (!pose(o.de))
+        return;
+    if (o.vers2 == point && o.vers != point && pose(o.vers))
+        l.droites.push_back({o.de, gisementVers(o.de, o.vers) + o.mesure});
+    else if (o.vers == point && o.vers2 != point && pose(o.vers2))
+        l.droites.push_back({o.de, gisementVers(o.de, o.vers2) - o.mesure});
+}
+
+figureReseau::lieux figureReseau::lieuxDe(int point) const
+{
+    lieux l;
+    for (const int k : m_v.parPoint[static_cast<std::size_t>(point)]) {
+        const observationReseau& o = m_v.r.observations[static_cast<std::size_t>(k)];
+        const int autre = o.de == point ? o.vers : o.de;
+        if (o.genre == direction) {
+            lieuDeDirection(o, point, l);
+        } else if (o.genre == angle) {
+            lieuDAngle(o, point, l);
+        } else if (o.genre == gisement && m_choix.gisements && pose(autre)) {
+            l.droites.push_back({autre, o.de == point ? o.mesure + pi : o.mesure});
+        } else if (m_v.longueurs[static_cast<std::size_t>(k)] > 0.0 && m_choix.distances && pose(autre)) {
+            l.cercles.push_back({autre, m_v.longueurs[static_cast<std::size_t>(k)]});
+        }
+    }
+    // A station that sees placed points in a set oriented by a bearing of its own needs no more than that here.
+    if (l.droites.size() > lieuxEtudies)
+        l.droites.resize(lieuxEtudies);
+    if (l.cercles.size() > lieuxEtudies)
+        l.cercles.resize(lieuxEtudies);
+    return l;
+}
+
+/// The places where two of the lines and circles meet, from the first pair that meets well: one, or two.
+std::vector<figureReseau::place> figureReseau::intersections(const lieux& l) const
+{
+    // Along a bearing at a distance from the same point: from several points, in their middle, so that errors do not
+    // grow from one to the next.
+    std::vector<double> xs, ys;
+    for (const droite& d : l.droites)
+        for (const cercle& c : l.cercles)
+            if (c.de == d.de) {
+                xs.push_back(x(d.de) + c.rayon * std::sin(d.gisement));
+                ys.push_back(y(d.de) + c.rayon * std::cos(d.gisement));
+            }
+    if (!xs.empty())
+        return {{mediane(xs), mediane(ys)}};
+    double meilleur = croisementMinimal;
+    std::vector<place> trouvees;
+    for (std::size_t i = 0; i < l.droites.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j) {
+            const droite &a = l.droites[i], &b = l.droites[j];
+            const double sinus = std::sin(b.gisement - a.gisement);
+            if (std::abs(sinus) <= meilleur || a.de == b.de)
+                continue;
+            const double dx = x(b.de) - x(a.de), dy = y(b.de) - y(a.de);
+            const double t = (dx * std::cos(b.gisement) - dy * std::sin(b.gisement)) / -sinus;
+            if (t <= 0.0)
+                continue; // behind the instrument
+            meilleur = std::abs(sinus);
+            trouvees = {{x(a.de) + t * std::sin(a.gisement), y(a.de) + t * std::cos(a.gisement)}};
+        }
+    if (!trouvees.empty())
+        return trouvees;
+    for (const droite& d : l.droites)
+        for (const cercle& c : l.cercles) {
+            const double sx = std::sin(d.gisement), sy = std::cos(d.gisement);
+            const double dx = x(c.de) - x(d.de), dy = y(c.de) - y(d.de);
+            const double leLong = dx * sx + dy * sy, travers2 = dx * dx + dy * dy - leLong * leLong;
+            const double demi = std::sqrt(std::max(0.0, c.rayon * c.rayon - travers2));
+            for (const double t : {leLong + demi, leLong - demi})
+                if (t > 0.0)
+                    trouvees.push_back({x(d.de) + t * sx, y(d.de) + t * sy});
+            if (!trouvees.empty())
+                return trouvees;
+        }
+    for (std::size_t i = 0; i < l.cercles.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j) {
+            const cercle &a = l.cercles[i], &b = l.cercles[j];
+            const double dx = x(b.de) - x(a.de), dy = y(b.de) - y(a.de), base = std::hypot(dx, dy);
+            if (base <= 1e-6 * (a.rayon + b.rayon))
+                continue;
+            const double pied = (base * base + a.rayon * a.rayon - b.rayon * b.rayon) / (2.0 * base);
+            const double hauteur = std::sqrt(std::max(0.0, a.rayon * a.rayon - pied * pied));
+            const double ux = dx / base, uy = dy / base;
+            const place p1{x(a.de) + pied * ux - hauteur * uy, y(a.de) + pied * uy + hauteur * ux};
+            const place p2{x(a.de) + pied * ux + hauteur * uy, y(a.de) + pied * uy - hauteur * ux};
+            // The pair whose circles cross best.
+            if (trouvees.empty() || hauteur / std::max(a.rayon, b.rayon) > meilleur) {
+                meilleur = hauteur / std::max(a.rayon, b.rayon);
+                trouvees = {p1, p2};
+            }
+        }
+    return trouvees;
+}
+
+/// Resection: three directions of one set of the point to placed points, or two angles that share a side. The place is
+/// found from the two circles through pairs of them.
+bool figureReseau::relever(int point, place& trouve) const
+{
+    struct visee {
+        int vers;
+        double lecture;
+    };
+    std::vector<visee> meilleures;
+    std::map<int, std::vector<visee>> parSerie;
+    std::vector<const observationReseau*> angles;
+    for (const int k : m_v.parPoint[static_cast<std::size_t>(point)]) {
+        const observationReseau& o = m_v.r.observations[static_cast<std::size_t>(k)];
+        if (o.de != point || !pose(o.vers))
+            continue;
+        if (o.genre == direction)
+            parSerie[o.serie].push_back({o.vers, o.mesure});
+        else if (o.genre == angle && pose(o.vers2))
+            angles.push_back(&o);
+    }
+    for (auto& [serie, visees] : parSerie)
+        if (visees.size() > meilleures.size())
+            meilleures = visees;
+    if (meilleures.size() < 3) {
+        // Angles chained by the points that they share: readings in one circle.
+        meilleures.clear();
+        std::map<int, double> lectures;
+        for (bool change = !angles.empty(); change;) {
+            change = false;
+            for (const observationReseau* const o : angles) {
+                if (lectures.empty())
+                    lectures[o->vers] = 0.0;
+                const auto a = lectures.find(o->vers), b = lectures.find(o->vers2);
+                if (a != lectures.end() && b == lectures.end())
+                    change = lectures.emplace(o->vers2, a->second + o->mesure).second;
+                else if (b != lectures.end() && a == lectures.end())
+                    change = lectures.emplace(o->vers, b->second - o->mesure).second;
+            }
+        }
+        for (const auto& [vers, lecture] : lectures)
+            meilleures.push_back({vers, lecture});
+    }
+    if (meilleures.size() < 3)
+        return false;
+    if (meilleures.size() > 6)
+        meilleures.resize(6);
+    // With bearing φ + reading to each point, (x − xi)·cos − (y − yi)·sin = 0: linear in x, y for a given φ. Two points
+    // give the place as a function of φ; a third one is met where its misfit changes sign.
+    const auto placeSelon = [&](double phi, const visee& a, const visee& b) {
+        const double ga = phi + a.lecture, gb = phi + b.lecture;
+        const double determinant = std::sin(gb - ga);
+        const double ka = x(a.vers) * std::cos(ga) - y(a.vers) * std::sin(ga);
+        const double kb = x(b.vers) * std::cos(gb) - y(b.vers) * std::sin(gb);
+        return place{(ka * std::sin(gb) - kb * std::sin(ga)) / determinant,
+                     (ka * std::cos(gb) - kb * std::cos(ga)) / determinant};
+    };
+    // The base pair that crosses best.
+    std::size_t ia = 0, ib = 1;
+    for (std::size_t i = 0; i < meilleures.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            if (std::abs(std::sin(meilleures[i].lecture - meilleures[j].lecture)) >
+                std::abs(std::sin(meilleures[ia].lecture - meilleures[ib].lecture))) {
+                ia = j;
+                ib = i;
+            }
+    if (std::abs(std::sin(meilleures[ia].lecture - meilleures[ib].lecture)) < 0.05)
+        return false;
+    const auto defaut = [&](double phi) {
+        const place p = placeSelon(phi, meilleures[ia], meilleures[ib]);
+        double somme = 0.0;
+        for (const visee& v : meilleures)
+            somme += std::pow(ecartAngulaire(gisementDe(x(v.vers) - p.x, y(v.vers) - p.y) - phi - v.lecture), 2.0);
+        return somme;
+    };
+    constexpr int essais = 720;
+    double phi = 0.0, moindre = inconnu;
+    for (int i = 0; i < essais; ++i) {
+        const double essai = 2.0 * pi * i / essais;
+        if (const double d = defaut(essai); d < moindre) {
+            moindre = d;
+            phi = essai;
+        }
+    }
+    // The least misfit around the best try, by thirds.
+    double bas = phi - 2.0 * pi / essais, haut = phi + 2.0 * pi / essais;
+    for (int i = 0; i < 80; ++i) {
+        const double a = bas + (haut - bas) / 3.0, b = haut - (haut - bas) / 3.0;
+        (defaut(a) < defaut(b) ? haut : bas) = defaut(a) < defaut(b) ? b : a;
+    }
+    phi = 0.5 * (bas + haut);
+    if (!(defaut(phi) < 1e-3))
+        return false;
+    trouve = placeSelon(phi, meilleures[ia], meilleures[ib]);
+    return std::isfinite(trouve.x) && std::isfinite(trouve.y);
+}
+
+/// How badly the observations to placed points agree with a place, in metres.
+double figureReseau::desaccord(int point, const place& p) const
+{
+    double somme = 0.0;
+    const auto vers = [&](int autre) { return gisementDe(x(autre) - p.x, y(autre) - p.y); };
+    std::map<int, std::pair<double, double>> series; // first reading and bearing
+    for (const int k : m_v.parPoint[static_cast<std::size_t>(point)]) {
+        const observationReseau& o = m_v.r.observations[static_cast<std::size_t>(k)];
+        const int autre = o.de == point ? o.vers : o.de;
+        if (autre < 0 || autre == point || !pose(autre))
+            continue;
+        const double longueur = std::hypot(x(autre) - p.x, y(autre) - p.y);
+        if (o.genre == direction && o.de == point) {
+            const auto [premiere, neuve] = series.try_emplace(o.serie, o.mesure, vers(autre));
+            if (!neuve)
+                somme +=
+                    longueur *
+                    std::abs(ecartAngulaire(vers(autre) - premiere->second.second - o.mesure + premiere->second.first));
+        } else if (o.genre == direction) {
+            if (const double zero = orientation(o.serie); estConnue(zero))
+                somme += longueur * std::abs(ecartAngulaire(vers(autre) + pi - zero - o.mesure));
+        } else if (o.genre == gisement && m_choix.gisements) {
+            somme += longueur * std::abs(ecartAngulaire(vers(autre) + (o.de == point ? 0.0 : pi) - o.mesure));
+        } else if (o.genre == angle && o.de == point && pose(o.vers2)) {
+            somme += longueur * std::abs(ecartAngulaire(vers(o.vers2) - vers(o.vers) - o.mesure));
+        } else if (o.genre == angle && o.de != point) {
+            const int cote = o.vers == point ? o.vers2 : o.vers;
+            if (pose(cote) && cote != point)
+                somme += longueur *
+                         std::abs(ecartAngulaire(
+                             (o.vers == point ? 1.0 : -1.0) * (gisementVers(o.de, cote) - vers(o.de) - pi) - o.mesure));
+        } else if (m_v.longueurs[static_cast<std::size_t>(k)] > 0.0 && m_choix.distances) {
+            somme += std::abs(longueur - m_v.longueurs[static_cast<std::size_t>(k)]);
+        }
+    }
+    return somme;
+}
+
+bool figureReseau::tenter(int point, bool ambigu)
+{
+    const lieux l = lieuxDe(point);
+    std::vector<place> places = intersections(l);
+    place releve{};
+    if (places.size() != 1 && relever(point, releve))
+        places = {releve};
+    if (places.empty())
+        return false;
+    place choisie = places.front();
+    if (places.size() > 1) {
+        const double a = desaccord(point, places[0]), b = desaccord(point, places[1]);
+        const double ecart = std::hypot(places[0].x - places[1].x, places[0].y - places[1].y);
+        if (!ambigu && std::abs(a - b) < 0.2 * ecart)
+            return false;
+        choisie = a <= b ? places[0] : places[1];
+    }
+    poser(point, choisie.x, choisie.y);
+    return true;
+}
+
+void figureReseau::grandir()
+{
+    m_donnes = m_avantReprise = m_reprise = m_poses.size();
+    std::vector<int> remis;
+    for (;;) {
+        while (!m_file.empty()) {
+            const int point = m_file.front();
+            m_file.pop_front();
+            m_enFile[static_cast<std::size_t>(point)] = false;
+            if (!pose(point) && !tenter(point, false))
+                remis.push_back(point);
+            reprendreAuBesoin();
+        }
+        // One of two places, then see what it settles.
+        bool avance = false;
+        while (!remis.empty() && !avance) {
+            const int point = remis.back();
+            remis.pop_back();
+            avance = !pose(point) && tenter(point, true);
+        }
+        if (!avance)
+            return;
+    }
+}

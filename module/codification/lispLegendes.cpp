@@ -1,0 +1,34 @@
+#include "codification/lispLegendes.h"
+
+#include "codification/dessinerLegende.h"
+#include "codification/DlgInfosBlock.h"
+#include "codification/DlgTableLegendes.h"
+#include "services/argumentsLisp.h"
+#include "services/CAcadUndoGroup.h"
+
+#include "aced.h"
+
+int lispDecrireblock()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    if (dialoguesPossibles())
+        DlgInfosBlock().exec();
+    return RTNORM;
+}
+
+int lispTablegendes()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    if (!dialoguesPossibles())
+        return RTNORM;
+    DlgTableLegendes dialogue(blocsDuDessin(), parametresLegende());
+    ads_point place{};
+    if (dialogue.exec() != QDialog::Accepted ||
+        acedGetPoint(nullptr, L"\nPosition des la table des l\u00e9gendes", place) != RTNORM)
+        return RTNORM;
+    const CAcadUndoGroup groupe;
+    dessinerLegende(dialogue.choisis(), dialogue.parametres(), {place[0], place[1], place[2]});
+    return RTNORM;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include "exchange/importDessin.h"
+#include "services/dialogueModule.h"
+
+namespace Ui {
+class DlgImportation;
+}
+
+/// "Importation": the kinds of entities that points are taken from, and the offset of texts.
+class DlgImportation : public dialogueModule {
+    Q_OBJECT
+
+public:
+    DlgImportation();
+    ~DlgImportation() override;
+
+    demandeImportation demande() const;
+
+private:
+    void cocher(int genres);
+    void configurer();
+    void prelever();
+
+    std::unique_ptr<Ui::DlgImportation> m_ui;
+};

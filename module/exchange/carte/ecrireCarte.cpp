@@ -1,0 +1,125 @@
+#include "exchange/carte/ecrireCarte.h"
+
+#include <memory>
+#include <string_view>
+
+#include <cpl_conv.h>
+#include <cpl_string.h>
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+namespace {
+
+/// What the library complains of is kept, for the user to read, and not printed.
+class plaintes {
+public:
+    plaintes()
+    {
+        CPLPushErrorHandlerEx(
+            [](CPLErr gravite, CPLErrorNum, const char* texte) {
+                if (gravite >= CE_Failure)
+                    static_cast<plaintes*>(CPLGetErrorHandlerUserData())->m_derniere = texte;
+            },
+            this);
+    }
+    ~plaintes() { CPLPopErrorHandler(); }
+    plaintes(const plaintes&) = delete;
+    plaintes& operator=(const plaintes&) = delete;
+
+    std::string raison(const std::string& phrase) const
+    {
+        return m_derniere.empty() ? phrase + "." : phrase + " (" + m_derniere + ").";
+    }
+    bool muettes() const { return m_derniere.empty(); }
+
+private:
+    std::string m_derniere;
+};
+
+struct fermeture {
+    void operator()(GDALDataset* d) const { GDALClose(d); }
+};
+using jeuDonnees = std::unique_ptr<GDALDataset, fermeture>;
+
+CPLStringList optionsCouche(std::string_view format)
+{
+    CPLStringList options;
+    if (format == "GeoJSON") {
+        options.SetNameValue("RFC7946", "YES"); // longitudes and latitudes, as every program expects of it
+        options.SetNameValue("COORDINATE_PRECISION", "9");
+    } else if (format == "ESRI Shapefile") {
+        options.SetNameValue("ENCODING", "UTF-8");
+    }
+    return options;
+}
+
+bool creerChamps(OGRLayer& couche)
+{
+    struct champ {
+        const char* nom;
+        OGRFieldType type;
+        int largeur;
+    };
+    constexpr int large = 254; // of a text: the most that a Shapefile holds
+    for (const champ& c : {champ{"numero", OFTString, 9}, champ{"altitude", OFTReal, 0}, champ{"code", OFTInteger, 0},
+                           champ{"libelle", OFTString, large}, champ{"observation", OFTString, large}}) {
+        OGRFieldDefn definition(c.nom, c.type);
+        definition.SetWidth(c.largeur);
+        if (couche.CreateField(&definition) != OGRERR_NONE)
+            return false;
+    }
+    return true;
+}
+
+bool ajouter(OGRLayer& couche, const pointCarte& p)
+{
+    enum { numero, altitude, code, libelle, observation };
+    const std::unique_ptr<OGRFeature, void (*)(OGRFeature*)> trait(OGRFeature::CreateFeature(couche.GetLayerDefn()),
+                                                                   OGRFeature::DestroyFeature);
+    trait->SetField(numero, p.numero.c_str());
+    if (p.altitudeConnue)
+        trait->SetField(altitude, p.z);
+    trait->SetField(code, p.code);
+    trait->SetField(libelle, p.libelle.c_str());
+    if (!p.observation.empty())
+        trait->SetField(observation, p.observation.c_str());
+    OGRPoint place(p.x, p.y);
+    if (p.altitudeConnue)
+        place.setZ(p.z);
+    trait->SetGeometry(&place);
+    return couche.CreateFeature(trait.get()) == OGRERR_NONE;
+}
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) std::string
+velaEcrireCarte(const std::string& fichier, const char* format, const std::string& projection,
+                const std::function<bool(pointCarte&)>& suivant)
+{
+    const plaintes dites;
+    GDALAllRegister();
+    OGRSpatialReference repere;
+    repere.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    if (projection.empty())
+        return "une carte demande la projection du dessin, « EPSG:2154 » par exemple.";
+    if (repere.SetFromUserInput(projection.c_str()) != OGRERR_NONE)
+        return dites.raison("projection « " + projection + " » inconnue");
+    GDALDriver* const pilote = GetGDALDriverManager()->GetDriverByName(format);
+    const jeuDonnees donnees(pilote ? pilote->Create(fichier.c_str(), 0, 0, 0, GDT_Unknown, nullptr) : nullptr);
+    if (!donnees)
+        return dites.raison("la carte n'a pas pu être créée");
+    CPLStringList options = optionsCouche(format);
+    OGRLayer* const couche = donnees->CreateLayer("points", &repere, wkbPoint25D, options.List());
+    if (!couche || !creerChamps(*couche))
+        return dites.raison("la carte n'a pas pu être créée");
+    const bool transaction = donnees->StartTransaction() == OGRERR_NONE;
+    for (pointCarte p; suivant(p);) {
+        constexpr double inconnu = 1e38;
+        if (p.x != inconnu && p.y != inconnu && !ajouter(*couche, p))
+            return dites.raison("l'écriture de la carte s'est arrêtée");
+    }
+    if (transaction && donnees->CommitTransaction() != OGRERR_NONE)
+        return dites.raison("l'écriture de la carte s'est arrêtée");
+    donnees->FlushCache();
+    return dites.muettes() ? std::string() : dites.raison("l'écriture de la carte s'est arrêtée");
+}

@@ -1,0 +1,35 @@
+#include "exchange/exportTable.h"
+
+#include "exchange/exportCarte.h"
+#include "exchange/observationSymbole.h"
+#include "points/listePointsDuDessin.h"
+#include "services/codages.h"
+
+bool estCarte(const std::filesystem::path& fichier)
+{
+    return formatCarte(fichier) != nullptr;
+}
+
+issueExport exporterTable(const listePointsDuDessin& table, std::span<const int> places,
+                          const tableCodification& codes, const std::filesystem::path& fichier,
+                          const std::string& projection, const std::function<void()>& avancer)
+{
+    const formatExport format = formatDuFichier(fichier);
+    const bool carte = estCarte(fichier), observer = carte || format == formatExport::landXml;
+    std::size_t rang = 0;
+    std::string observation;
+    const pointSuivant suivant = [&](pointExporte& exporte) {
+        if (rang == places.size())
+            return false;
+        const pointDuDessin& point = *table.getData(places[rang++]);
+        exporte = {point.getNomPoint(), point.getX(), point.getY(), point.getZ(), point.getCode(), {}};
+        if (observer)
+            exporte.observation = observation = observationDuSymbole(point.getId());
+        avancer();
+        return true;
+    };
+    if (carte)
+        return exporterCarte(fichier, projection, codes, suivant);
+    const issueEcriture issue = exporterPoints(fichier, format, suivant);
+    return {issue, phraseEcriture(fichier.filename().wstring(), issue)};
+}

@@ -1,0 +1,91 @@
+#include "exchange/fichierRemplace.h"
+
+#include <cerrno>
+#include <random>
+#include <string>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue)
+{
+    if (issue == issueEcriture::ecrit)
+        return {};
+    return std::wstring(fichier) +
+           (issue == issueEcriture::intact
+                ? L" : écriture impossible ; le fichier n'a pas été changé."
+                : L" : écriture interrompue ; le fichier, écrit sur place, est incomplet ou abîmé.");
+}
+
+fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) : m_fichier(fichier)
+{
+    std::error_code sansSuite; // what cannot be asked cannot be opened either
+    const fs::file_status etat = fs::status(fichier, sansSuite);
+    const bool ordinaire = !fs::exists(etat) || fs::is_regular_file(etat);
+    if (m == maniere::aCote && ordinaire) {
+        creerACote();
+        return;
+    }
+    if (fs::is_directory(etat))
+        return;
+    m_ouvert.reset(std::fopen(fichier.string().c_str(), "r+b"));
+    if (!m_ouvert && errno == ENOENT)
+        m_ouvert.reset(std::fopen(fichier.string().c_str(), "wbx"));
+}
+
+void fichierRemplace::creerACote()
+{
+    // Through a link, the file it leads to is replaced, not the link.
+    std::error_code sansLien;
+    if (const fs::path cible = fs::canonical(m_fichier, sansLien); !sansLien)
+        m_fichier = cible;
+    std::random_device hasard;
+    constexpr int essais = 100;
+    for (int i = 0; i < essais && !m_ouvert; ++i) {
+        m_provisoire = m_fichier;
+        m_provisoire += "." + std::to_string(hasard()) + ".tmp";
+        m_ouvert.reset(std::fopen(m_provisoire.string().c_str(), "wbx"));
+        if (!m_ouvert && errno != EEXIST)
+            break;
+    }
+}
+
+fichierRemplace::~fichierRemplace()
+{
+    if (m_ouvert)
+        abandonner();
+}
+
+void fichierRemplace::abandonner()
+{
+    m_ouvert.reset();
+    std::error_code sansSuite; // a file too many beside the one that stayed whole
+    if (!m_provisoire.empty())
+        fs::remove(m_provisoire, sansSuite);
+}
+
+bool fichierRemplace::ecrire(std::string_view octets)
+{
+    m_sain = m_sain && m_ouvert;
+    m_entame = m_entame || (m_sain && !octets.empty());
+    m_sain = m_sain && std::fwrite(octets.data(), 1, octets.size(), m_ouvert.get()) == octets.size();
+    return m_sain;
+}
+
+issueEcriture fichierRemplace::terminer()
+{
+    if (!m_ouvert)
+        return issueEcriture::intact;
+    // A full disk may only show when what is kept in memory is written.
+    m_sain = std::fflush(m_ouvert.get()) == 0 && m_sain;
+    m_sain = std::fclose(m_ouvert.release()) == 0 && m_sain;
+    if (m_provisoire.empty())
+        return m_sain ? issueEcriture::ecrit : m_entame ? issueEcriture::abime : issueEcriture::intact;
+    std::error_code refus;
+    if (m_sain)
+        fs::rename(m_provisoire, m_fichier, refus);
+    if (m_sain && !refus)
+        return issueEcriture::ecrit;
+    abandonner();
+    return issueEcriture::intact;
+}

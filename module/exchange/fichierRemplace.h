@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+/// What writing a file came to.
+enum class issueEcriture {
+    ecrit,
+    intact, ///< not written; a file that was there is as it was
+    abime   ///< written in place, in part: a file that was there is damaged
+};
+
+/// French sentence for the user; empty when it was written.
+std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue);
+
+/// A file being written: either beside the one it replaces, which it takes the place of when it is whole, or in place,
+/// without truncation, so that a longer file keeps its old end. Devices and the like are written in place.
+class fichierRemplace {
+public:
+    enum class maniere { aCote, surPlace };
+
+    fichierRemplace(const std::filesystem::path& fichier, maniere m);
+    ~fichierRemplace();
+    fichierRemplace(const fichierRemplace&) = delete;
+    fichierRemplace& operator=(const fichierRemplace&) = delete;
+
+    /// After a failure nothing more is written. @return false once something failed
+    bool ecrire(std::string_view octets);
+    /// Ends it. Without this call, what was written beside is removed.
+    issueEcriture terminer();
+
+private:
+    struct fermeture {
+        void operator()(std::FILE* f) const { std::fclose(f); }
+    };
+
+    void creerACote();
+    void abandonner();
+
+    std::filesystem::path m_fichier, m_provisoire; // the second empty: in place
+    std::unique_ptr<std::FILE, fermeture> m_ouvert;
+    bool m_sain = true, m_entame = false;
+};

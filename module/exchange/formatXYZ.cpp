@@ -1,0 +1,135 @@
+#include "exchange/formatXYZ.h"
+
+#include <charconv>
+#include <limits>
+
+#include "exchange/colonnesFixes.h"
+#include "exchange/lecteurLignes.h"
+#include "services/codages.h"
+#include "services/grandeur.h"
+#include "services/lettres.h"
+#include "services/lireNombre.h"
+#include "services/reelDeTexte.h"
+
+namespace {
+
+constexpr std::string_view blancs = " \t";
+
+/// Takes the next token off the line; empty at its end.
+std::string_view jetonSuivant(std::string_view& ligne)
+{
+    const char* p = ligne.data();
+    const char* const fin = p + ligne.size();
+    while (p != fin && (*p == ' ' || *p == '\t'))
+        ++p;
+    const char* const debut = p;
+    while (p != fin && *p != ' ' && *p != '\t')
+        ++p;
+    ligne = {p, static_cast<std::size_t>(fin - p)};
+    return {debut, static_cast<std::size_t>(p - debut)};
+}
+
+/// Text that is no number reads as 0.
+double altitudeLue(std::string_view jeton)
+{
+    double z = 0.0;
+    const char premier = jeton[jeton[0] == '-' && jeton.size() > 1 ? 1 : 0];
+    const char* const fin = jeton.data() + jeton.size();
+    if (premier >= '0' && premier <= '9')
+        if (const auto [arret, erreur] = std::from_chars(jeton.data(), fin, z); arret == fin && erreur == std::errc())
+            return z;
+    return reelDeTexte(depuisAnsi(jeton));
+}
+
+/// Leading digits count; beyond 32 bits the limit stands.
+int codeLu(std::string_view jeton)
+{
+    if (jeton.size() > 1 && jeton[0] == '+' && jeton[1] != '-')
+        jeton.remove_prefix(1);
+    int code = 0;
+    if (std::from_chars(jeton.data(), jeton.data() + jeton.size(), code).ec == std::errc::result_out_of_range)
+        code = jeton[0] == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+    return code == 0 ? 1 : code;
+}
+
+std::wstring observationLue(std::string_view reste)
+{
+    std::string observation;
+    for (std::string_view jeton; !(jeton = jetonSuivant(reste)).empty();) {
+        if (!observation.empty())
+            observation += ' ';
+        observation += jeton;
+    }
+    return depuisAnsi(observation);
+}
+
+void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
+{
+    std::string_view reste = ligne.substr(0, ligne.find('\0')); // where text files end a line
+    const std::string_view nom = jetonSuivant(reste);
+    if (nom.empty())
+        return;
+    const std::string_view x = jetonSuivant(reste), y = jetonSuivant(reste);
+    double xLu = 0.0, yLu = 0.0;
+    const bool xEstNombre = lireNombre(x, xLu) != 0;
+    if (!xEstNombre || lireNombre(y, yLu) == 0)
+        return lus.ecarter(numero, depuisAnsi(ligne),
+                           xEstNombre ? L"Y absent ou illisible." : L"X absent ou illisible.");
+    pointXYZ& point = lus.points.emplace_back();
+    point.nom = depuisAnsi(nom);
+    point.x = xLu;
+    point.y = yLu;
+    if (const std::string_view z = jetonSuivant(reste); !z.empty())
+        point.z = altitudeLue(z);
+    const std::string_view code = jetonSuivant(reste);
+    point.code = code.empty() ? lus.codeAbsent : codeLu(code);
+    if (!reste.empty())
+        point.observation = observationLue(reste);
+}
+
+} // namespace
+
+bool lecteurXYZ::reconnait(std::wstring_view extension, std::string_view) const
+{
+    return extension == L".xyz" || extension == L".txt";
+}
+
+void lecteurXYZ::lire(sourceOctets& source, pointsLus& lus) const
+{
+    constexpr std::size_t longueurLigne = 1024;
+    for (lecteurLignes lignes(source, longueurLigne); lignes.suivante();)
+        lireLigne(lignes.ligne(), lignes.numero(), lus);
+}
+
+std::string contenuXYZ(std::span<const pointXYZ> points)
+{
+    std::string contenu;
+    for (const pointXYZ& p : points) {
+        contenu += '\n';
+        ajouterTexteADroite(contenu, versAnsi(p.nom), 10);
+        for (const double valeur : {p.x, p.y, p.z}) {
+            contenu += '\t';
+            ajouterNombreADroite(contenu, valeur, 6, 14);
+        }
+        contenu += '\t';
+        ajouterTexteADroite(contenu, std::to_string(p.code), 6);
+        if (!p.observation.empty())
+            contenu.append(1, '\t').append(versAnsi(p.observation));
+    }
+    return contenu;
+}
+
+std::wstring cheminPointsElague(std::wstring_view chemin)
+{
+    constexpr std::wstring_view elagues = L" \t,;.";
+    const std::size_t debut = chemin.find_first_not_of(elagues);
+    if (debut == std::wstring_view::npos)
+        return {};
+    return std::wstring(chemin.substr(debut, chemin.find_last_not_of(elagues) - debut + 1));
+}
+
+std::wstring cheminAvecXYZ(std::wstring_view chemin)
+{
+    constexpr std::wstring_view extension = L".xyz";
+    return std::wstring(chemin) += enMinuscules(std::wstring(chemin)).ends_with(extension) ? L"" : extension;
+}

@@ -1,0 +1,313 @@
+#include "exchange/importDessin.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "codification/attributsBloc.h"
+#include "codification/codificationDuModule.h"
+#include "codification/regleCode.h"
+#include "exchange/selectionGenres.h"
+#include "points/attribsPoints.h"
+#include "points/listePointsDuDessin.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/lireNombre.h"
+#include "services/nombresTexte.h"
+
+#include "acutmem.h"
+#include "dbents.h"
+#include "dbmtext.h"
+
+std::array<int, 12> codesImportation{9999, 9998, 9997, 9996, 9995, 9994, 9993, 9992, 9991, 9990, 9989, 9988};
+
+namespace {
+
+/// Places in the table of codes.
+enum rangCode {
+    rangPolyligne3d,
+    rangAnciennePolyligne,
+    rangPoint,
+    rangMaillage,
+    rangPolyface,
+    rangFacette,
+    rangLigne,
+    rangPolyligne,
+    rangSymbole,
+    rangBloc,
+    rangBlocAttributs,
+    rangTexte
+};
+
+constexpr std::array<const wchar_t*, 12> libelles{
+    L"Sommets importes a partir de polylines 3d",
+    L"Sommets importes a partir de Polylines 2d",
+    L"Sommets importes a partir des points Autocad",
+    L"Sommets importes a partir de 3dMesh",
+    L"Sommets importes a partir de PolyfaceMesh",
+    L"Sommets importes a partir des facettes ",
+    L"Sommets importes a partir des lignes",
+    L"Sommets importes a partir des polylines",
+    L"Points importes a partir des blocs",
+    L"Sommets importes a partir des Blocks en 3D",
+    L"Points importes a partir des blocs avec attributs",
+    L"Sommets importes a partir des Textes",
+};
+
+// Intended: vertices of lightweight polylines bear the code of 3D ones, whatever the table of codes says, while their
+// label is entered under their own.
+constexpr int codeSommetPolyligne = 9999;
+
+void inscrireCode(int numero, const wchar_t* libelle)
+{
+    tableCodification& codes = codificationDuModule();
+    if (codes.indexCode(numero) >= 0)
+        return;
+    codifPoint code;
+    code.code = numero;
+    code.libelle = libelle;
+    codes.ajouter(code);
+}
+
+/// The text of an attribute by its tag; null without it.
+class attributsLus {
+public:
+    explicit attributsLus(const AcDbBlockReference& reference)
+    {
+        pourChaqueAttribut(reference, AcDb::kForRead, [this](AcDbAttribute& attribut) {
+            m_lus.emplace_back(attribut.tagConst(), attribut.textStringConst());
+        });
+    }
+
+    const CString* texte(const CString& tag) const
+    {
+        for (const auto& [nom, valeur] : m_lus)
+            if (nom.CompareNoCase(tag.GetString()) == 0)
+                return &valeur;
+        return nullptr;
+    }
+
+private:
+    std::vector<std::pair<CString, CString>> m_lus;
+};
+
+double altitudeDe(const CString& texte)
+{
+    double z = inconnu;
+    return lireNombre(texte.GetString(), z) ? z : inconnu;
+}
+
+/// What is visible of a multi-line text, without the line breaks at its end.
+std::wstring texteVisible(const AcDbMText& texte)
+{
+    std::wstring visible;
+    if (ACHAR* lu = texte.text()) {
+        visible = lu;
+        acutDelString(lu);
+    }
+    return visible.substr(0, visible.find_last_not_of(L"\r\n") + 1);
+}
+
+/// One run over the entities of a selection.
+class releve {
+public:
+    releve(listePointsDuDessin& table, int genres, const CString& numero, const CString& altitude, const CString& code,
+           const AcGeVector2d& decalage) :
+        m_table(table),
+        m_genres(genres),
+        m_numero(numero),
+        m_altitude(altitude),
+        m_code(code),
+        m_decalage(decalage)
+    {
+    }
+
+    void prendre(const AcDbObjectId& id)
+    {
+        const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForRead);
+        if (entite.openStatus() != Acad::eOk)
+            return;
+        AcDbEntity* const e = entite.object();
+        if (auto* const ancienne = AcDb2dPolyline::cast(e))
+            sommetsAnciens(*ancienne);
+        else if (auto* const polyface = AcDbPolyFaceMesh::cast(e))
+            sommets<AcDbPolyFaceMeshVertex>(*polyface, rangPolyface);
+        else if (auto* const polyligne3d = AcDb3dPolyline::cast(e))
+            sommets<AcDb3dPolylineVertex>(*polyligne3d, rangPolyligne3d);
+        else if (auto* const maillage = AcDbPolygonMesh::cast(e))
+            sommets<AcDbPolygonMeshVertex>(*maillage, rangMaillage);
+        else if (auto* const bloc = AcDbBlockReference::cast(e))
+            prendreBloc(*bloc);
+        else if (auto* const point = AcDbPoint::cast(e))
+            poser(point->position(), rangPoint);
+        else if (auto* const face = AcDbFace::cast(e))
+            coins(*face);
+        else if (auto* const ligne = AcDbLine::cast(e)) {
+            poser(ligne->startPoint(), rangLigne);
+            poser(ligne->endPoint(), rangLigne);
+        } else if (auto* const polyligne = AcDbPolyline::cast(e))
+            sommetsLegers(*polyligne);
+        else if (auto* const texte = AcDbText::cast(e))
+            prendreTexte(*texte);
+        else if (auto* const paragraphe = AcDbMText::cast(e))
+            prendreParagraphe(*paragraphe);
+    }
+
+private:
+    bool voulu(int genre) const { return (m_genres & genre) != 0; }
+
+    /// The code of a kind is entered when its first point is made.
+    int codeDuGenre(rangCode rang)
+    {
+        const auto i = static_cast<std::size_t>(rang);
+        if (!m_inscrits[i])
+            inscrireCode(codesImportation[i], libelles[i]);
+        m_inscrits[i] = true;
+        return rang == rangPolyligne ? codeSommetPolyligne : codesImportation[i];
+    }
+
+    /// What lies at altitude zero was drawn flat: it is no survey.
+    void poser(const AcGePoint3d& position, rangCode rang)
+    {
+        if (position.z != 0.0)
+            m_table.CreerPoint(position, codeDuGenre(rang), nullptr);
+    }
+
+    template <class Sommet, class Porteur>
+    void sommets(const Porteur& porteur, rangCode rang)
+    {
+        const std::unique_ptr<AcDbObjectIterator> it(porteur.vertexIterator());
+        for (it->start(); !it->done(); it->step()) {
+            const AcDbObjectPointer<AcDbVertex> sommet(it->objectId(), AcDb::kForRead);
+            if (sommet.openStatus() == Acad::eOk && Sommet::cast(sommet.object()))
+                poser(sommet->position(), rang);
+        }
+    }
+
+    void sommetsAnciens(const AcDb2dPolyline& polyligne)
+    {
+        const std::unique_ptr<AcDbObjectIterator> it(polyligne.vertexIterator());
+        for (it->start(); !it->done(); it->step()) {
+            const AcDbObjectPointer<AcDb2dVertex> sommet(it->objectId(), AcDb::kForRead);
+            if (sommet.openStatus() == Acad::eOk && sommet->vertexType() != AcDb::k2dSplineCtlVertex)
+                poser(polyligne.vertexPosition(*sommet.object()), rangAnciennePolyligne);
+        }
+    }
+
+    void sommetsLegers(const AcDbPolyline& polyligne)
+    {
+        AcGePoint3d sommet;
+        for (unsigned int i = 0; i < polyligne.numVerts(); ++i)
+            if (polyligne.getPointAt(i, sommet) == Acad::eOk)
+                poser(sommet, rangPolyligne);
+    }
+
+    void coins(const AcDbFace& face)
+    {
+        constexpr Adesk::UInt16 nombre = 4;
+        AcGePoint3d coin;
+        for (Adesk::UInt16 i = 0; i < nombre; ++i)
+            if (face.getVertexAt(i, coin) == Acad::eOk)
+                poser(coin, rangFacette);
+    }
+
+    void prendreBloc(const AcDbBlockReference& bloc)
+    {
+        const AcGePoint3d place = bloc.position();
+        if (voulu(genreSymbole | genreBlocAttributs)) {
+            const attributsLus attributs(bloc);
+            if (voulu(genreSymbole) && prendreSymbole(bloc.objectId(), place, attributs))
+                return;
+            if (voulu(genreBlocAttributs) && prendreAttributs(place, attributs))
+                return;
+        }
+        if (!voulu(genreBloc) || place.z == 0.0)
+            return;
+        pointDuDessin point;
+        point.setParams(L"", place, codeDuGenre(rangBloc));
+        m_table.Ajouter(point);
+    }
+
+    /// A symbol that tells no code has that of the symbol before it.
+    bool prendreSymbole(const AcDbObjectId& id, const AcGePoint3d& place, const attributsLus& attributs)
+    {
+        const CString* const nom = attributs.texte(attribsDuModule.numero);
+        const CString* const altitude = attributs.texte(attribsDuModule.altitude);
+        if (!nom || !altitude)
+            return false;
+        if (const CString* const code = attributs.texte(attribsDuModule.code))
+            m_codeSymbole = entierDeTexte(code->GetString());
+        const auto rang = static_cast<std::size_t>(rangSymbole);
+        if (!codeValable(m_codeSymbole))
+            m_codeSymbole = codesImportation[rang];
+        if (!m_inscrits[rang])
+            inscrireCode(m_codeSymbole, libelles[rang]);
+        m_inscrits[rang] = true;
+        pointDuDessin point;
+        point.setParams(nom->GetString(), {place.x, place.y, altitudeDe(*altitude)}, m_codeSymbole);
+        point.setId(id);
+        m_table.Ajouter(point);
+        return true;
+    }
+
+    bool prendreAttributs(const AcGePoint3d& place, const attributsLus& attributs)
+    {
+        const CString* const nom = attributs.texte(m_numero);
+        const CString* const altitude = attributs.texte(m_altitude);
+        if (!nom || !altitude)
+            return false;
+        const CString* const texteCode = attributs.texte(m_code);
+        int code = texteCode ? entierDeTexte(texteCode->GetString()) : 0;
+        if (code != 0)
+            inscrireCode(code, L"Import Code");
+        else
+            code = codeDuGenre(rangBlocAttributs);
+        m_table.CreerPoint({place.x, place.y, altitudeDe(*altitude)}, code, nom->GetString());
+        return true;
+    }
+
+    void prendreTexte(const AcDbText& texte)
+    {
+        double z = 0.0;
+        const AcGePoint3d place = texte.position();
+        if (lireNombre(texte.textStringConst(), z))
+            poser({place.x + m_decalage.x, place.y + m_decalage.y, z}, rangTexte);
+    }
+
+    // Intended: the offset is that of single-line texts alone.
+    void prendreParagraphe(const AcDbMText& texte)
+    {
+        double z = 0.0;
+        AcDbExtents etendue;
+        if (lireNombre(texteVisible(texte).c_str(), z) && z != 0.0 && texte.getGeomExtents(etendue) == Acad::eOk)
+            poser({etendue.minPoint().x, etendue.minPoint().y, z}, rangTexte);
+    }
+
+    listePointsDuDessin& m_table;
+    int m_genres;
+    CString m_numero, m_altitude, m_code;
+    AcGeVector2d m_decalage;
+    std::array<bool, 12> m_inscrits{};
+    int m_codeSymbole = codesImportation[rangSymbole];
+};
+
+} // namespace
+
+void listePointsDuDessin::importFromDrawing(int genres, const wchar_t* tagNumero, const wchar_t* tagAltitude,
+                                            const wchar_t* tagCode, const AcGeVector2d& decalage)
+{
+    const std::vector<AcDbObjectId> choisies = selectionnerGenres(genres);
+    if (choisies.empty())
+        return;
+    const CAcadUndoGroup groupe;
+    releve run(*this, genres, tagNumero, tagAltitude, tagCode, decalage);
+    for (const AcDbObjectId& id : choisies)
+        run.prendre(id);
+    delDups();
+    renumeroter(false);
+}
+
+void releverEntites(listePointsDuDessin& table, const demandeImportation& demande)
+{
+    table.importFromDrawing(demande.genres, demande.tagNumero.GetString(), demande.tagAltitude.GetString(),
+                            demande.tagCode.GetString(), demande.decalage);
+}

@@ -1,0 +1,67 @@
+#include "exchange/placerPoints.h"
+
+#include <vector>
+
+#include "points/listePointsDuDessin.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/dialogueProgression.h"
+#include "services/selection.h"
+
+namespace {
+
+bool estDessine(const pointDuDessin& point)
+{
+    return !point.getId().isNull() && !point.getId().isErased();
+}
+
+} // namespace
+
+bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> places,
+                            observationsEnAttente& observations)
+{
+    const CAcadUndoGroup groupe;
+    const listePointsDuDessin& lue = table;
+    dialogueProgression avancement(L"Placement des points", static_cast<int>(places.size()) - 1,
+                                   dialogueProgression::arret::permis);
+    bilanPlacement bilan;
+    for (const int place : places) {
+        const auto observation = observations.find(place);
+        table.mettreAJourSymbole(place, observation == observations.end() ? nullptr : observation->second.c_str());
+        const bool dessine = estDessine(*lue.getData(place));
+        ++(dessine ? bilan.dessines : bilan.sansSymbole);
+        if (dessine && observation != observations.end())
+            observations.erase(observation);
+        if (!avancement.avancer()) {
+            bilan.arrete = true;
+            break;
+        }
+    }
+    return bilan;
+}
+
+bilanReleve releverSymboles(listePointsDuDessin& table)
+{
+    const std::vector<AcDbObjectId> symboles = selectionDuDessin(L"INSERT");
+    dialogueProgression avancement(L"Lecture du dessin", static_cast<int>(symboles.size()) - 1,
+                                   dialogueProgression::arret::permis);
+    bilanReleve bilan;
+    std::vector<pointDuDessin> lus;
+    for (const AcDbObjectId& id : symboles) {
+        pointDuDessin point;
+        if (point.updateFromDrawing(id))
+            lus.push_back(point);
+        if (!avancement.avancer()) {
+            bilan.arrete = true;
+            return bilan;
+        }
+    }
+    bilan.lus = static_cast<int>(lus.size());
+    const listePointsDuDessin& lue = table;
+    for (int i = 0; i < lue.nbPoint(); ++i)
+        if (lue.getData(i)->getId().isNull())
+            lus.push_back(*lue.getData(i));
+    bilan.sansSymbole = static_cast<int>(lus.size()) - bilan.lus;
+    const CAcadUndoGroup groupe;
+    table.remplacerTout(lus);
+    return bilan;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <span>
+
+#include "exchange/ajoutPoints.h"
+
+/// Points of a table and their symbols in the working drawing, both ways, with a progress dialog. The user may stop;
+/// what was done until then stands, in the table as in the drawing. One undo group each.
+
+struct bilanPlacement {
+    int dessines = 0;
+    int sansSymbole = 0; ///< no place, no block, or a locked layer
+    bool arrete = false; ///< by the user
+};
+
+/// Draws the symbols of points, or brings those they have in line with them. Observations that wait go onto the
+/// symbols that are made.
+VELA_EXPORT bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> places,
+                                        observationsEnAttente& observations);
+
+struct bilanReleve {
+    int lus = 0;
+    int sansSymbole = 0; ///< points that were never drawn: they stay, behind the others
+    bool arrete = false; ///< by the user: the table is as it was
+};
+
+/// Makes the table what the drawing shows: one point for each symbol.
+bilanReleve releverSymboles(listePointsDuDessin& table);

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+/// Where a reader of point files takes its bytes, in order and once. Files are never held whole: their size has no
+/// bound.
+class sourceOctets {
+public:
+    sourceOctets() = default;
+    virtual ~sourceOctets() = default;
+    sourceOctets(const sourceOctets&) = delete;
+    sourceOctets& operator=(const sourceOctets&) = delete;
+
+    /// The first bytes, at most 64 KiB, which lire() gives all the same. To be asked for before it.
+    std::string_view debut();
+    /// @return bytes written to `cible`, at most `taille`; 0 at the end, or when the source fails
+    std::size_t lire(char* cible, std::size_t taille);
+    /// Whether reading failed: what was given is not all there was.
+    virtual bool enEchec() const = 0;
+
+private:
+    virtual std::size_t lireSuite(char* cible, std::size_t taille) = 0;
+
+    std::string m_debut;
+    std::size_t m_donnes = 0; // of m_debut
+};
+
+/// Bytes in memory, which outlive the source.
+class sourceMemoire final : public sourceOctets {
+public:
+    explicit sourceMemoire(std::string_view octets) : m_octets(octets) {}
+    bool enEchec() const override { return false; }
+
+private:
+    std::size_t lireSuite(char* cible, std::size_t taille) override;
+
+    std::string_view m_octets;
+};
+
+/// An open file, closed with the source; null: it could not be opened.
+class sourceFichier final : public sourceOctets {
+public:
+    explicit sourceFichier(std::FILE* fichier) : m_fichier(fichier) {}
+    explicit sourceFichier(const std::filesystem::path& fichier);
+    /// A folder opens as a file on some systems; only reading it fails.
+    bool enEchec() const override { return !m_fichier || std::ferror(m_fichier.get()) != 0; }
+
+private:
+    struct fermeture {
+        void operator()(std::FILE* f) const { std::fclose(f); }
+    };
+
+    std::size_t lireSuite(char* cible, std::size_t taille) override;
+
+    std::unique_ptr<std::FILE, fermeture> m_fichier;
+};
+
+/// A text in UTF-16, given in UTF-8. Halves of characters that stand alone become "?".
+class sourceUtf16 final : public sourceOctets {
+public:
+    sourceUtf16(sourceOctets& source, bool grosBoutiste) : m_source(source), m_grosBoutiste(grosBoutiste) {}
+    bool enEchec() const override { return m_source.enEchec(); }
+
+private:
+    std::size_t lireSuite(char* cible, std::size_t taille) override;
+    void convertir(std::size_t octets);
+    void ajouter(unsigned unite);
+
+    sourceOctets& m_source;
+    bool m_grosBoutiste;
+    std::string m_lus; // of the source, the odd byte before them
+    std::string m_convertis;
+    std::size_t m_donnes = 0; // of m_convertis
+    unsigned m_moitie = 0;    // first half of a character, 0: none
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "geometrie/axe.h"
+
+#include "dbid.h"
+
+class AcDbCurve;
+
+/// What of a drawing can be measured along: lines, arcs, circles, polylines of all kinds, ellipses, splines.
+/// Curves that are no straights and arcs seen from above (ellipses, splines, arcs of a leaning plane) come as straight
+/// lines within `fleche` of them. What is drawn at an altitude of 0 throughout has no altitude, as drawings in the
+/// plane stand there.
+/// @return an empty axis for a curve without length.
+axe axeDeCourbe(const AcDbCurve& courbe, double fleche = 0.001);
+
+/// The same for an entity of the drawing; empty when it cannot be opened or is no such curve.
+axe axeDeEntite(const AcDbObjectId& id, double fleche = 0.001);

@@ -1,0 +1,353 @@
+#include "implantation/CDlgImplantationDirecte.h"
+
+#include <algorithm>
+#include <QHeaderView>
+
+#include "implantation/ajoutPoints.h"
+#include "implantation/CDlgNumerotation.h"
+#include "implantation/CDlgParamGraphiques.h"
+#include "implantation/CDlgParamImplantation.h"
+#include "implantation/CDlgRepartition.h"
+#include "implantation/choixStation.h"
+#include "implantation/gererObstacles.h"
+#include "implantation/modeleImplantation.h"
+#include "implantation/persistanceImplantation.h"
+#include "implantation/sortiesImplantation.h"
+#include "implantation/vueImplantation.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/codages.h"
+#include "services/dialogueFichier.h"
+#include "services/dialogueMessage.h"
+#include "services/fichierEntier.h"
+#include "services/lireNombre.h"
+#include "services/nombreFixe.h"
+#include "services/verrouDocument.h"
+
+#include "acdocman.h"
+#include "aced.h"
+#include "dbads.h"
+#include "ui_CDlgImplantationDirecte.h"
+
+namespace {
+
+constexpr wchar_t filtresRapport[] = L"Fichier HTML(.htm)|*.htm; *.html|Tous (*.*)|*.*||";
+constexpr wchar_t filtresFichiers[] = L"Colonnes (.csv)|*.csv|Appareil, 8 caractères (.gsi)|*.gsi|"
+                                      L"Appareil, 16 caractères (.gsi)|*.gsi|Rapport JSON (.json)|*.json||";
+constexpr formeFichier formesFichiers[] = {formeFichier::colonnes, formeFichier::mots8, formeFichier::mots16,
+                                           formeFichier::json};
+
+QString deuxDecimales(double valeur)
+{
+    return QString::fromStdString(nombreFixe(valeur, 2));
+}
+
+void ecrireOuAvertir(const std::wstring& fichier, const std::string& octets)
+{
+    if (!remplacerFichier(fichier.c_str(), octets))
+        avertirErreur(L"Le fichier n'a pas pu être écrit :\n" + fichier);
+}
+
+std::wstring enumerer(const std::vector<std::wstring>& noms)
+{
+    constexpr std::size_t montres = 12;
+    std::wstring texte;
+    for (std::size_t i = 0; i < std::min(noms.size(), montres); ++i)
+        texte += (i == 0 ? L"" : L", ") + noms[i];
+    return noms.size() > montres ? texte + L"..." : texte;
+}
+
+} // namespace
+
+CDlgImplantationDirecte::CDlgImplantationDirecte(travailImplantation& leTravail) :
+    m_ui(std::make_unique<Ui::CDlgImplantationDirecte>()),
+    m_travail(leTravail)
+{
+    m_ui->setupUi(this);
+    m_modele = new modeleImplantation(m_travail, this);
+    m_ui->liste->setModel(m_modele);
+    m_ui->liste->verticalHeader()->hide();
+    m_ui->liste->verticalHeader()->setDefaultSectionSize(m_ui->liste->fontMetrics().height() + 6);
+    m_ui->liste->horizontalHeader()->setStretchLastSection(true);
+    m_ui->caseVerifier->setChecked(m_travail.verifier);
+    m_ui->editHMin->setText(deuxDecimales(reglagesDuProcessus().hauteur));
+    m_ui->editHStat->setText(deuxDecimales(m_travail.hauteurStation));
+    brancher();
+    rafraichir();
+}
+
+CDlgImplantationDirecte::~CDlgImplantationDirecte() = default;
+
+void CDlgImplantationDirecte::brancher()
+{
+    const auto bouton = [this](QPushButton* lequel, void (CDlgImplantationDirecte::*action)()) {
+        connect(lequel, &QPushButton::clicked, this, action);
+    };
+    bouton(m_ui->boutonNumerotation, &CDlgImplantationDirecte::numeroter);
+    bouton(m_ui->boutonStation, &CDlgImplantationDirecte::mettreEnStation);
+    bouton(m_ui->boutonObstacles, &CDlgImplantationDirecte::obstacles);
+    bouton(m_ui->boutonAjouter, &CDlgImplantationDirecte::ajouter);
+    bouton(m_ui->boutonEnlever, &CDlgImplantationDirecte::enlever);
+    bouton(m_ui->boutonAxe, &CDlgImplantationDirecte::suivreAxe);
+    bouton(m_ui->boutonRepartir, &CDlgImplantationDirecte::repartirPoints);
+    bouton(m_ui->boutonLocaliser, &CDlgImplantationDirecte::localiser);
+    bouton(m_ui->boutonApercu, &CDlgImplantationDirecte::montrerApercu);
+    bouton(m_ui->boutonCoupe, &CDlgImplantationDirecte::couper);
+    bouton(m_ui->boutonConfig, &CDlgImplantationDirecte::configurer);
+    bouton(m_ui->boutonFichiers, &CDlgImplantationDirecte::ecrireFichiers);
+    bouton(m_ui->boutonGenerer, &CDlgImplantationDirecte::generer);
+    connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->caseVerifier, &QCheckBox::toggled, this, &CDlgImplantationDirecte::changerVerification);
+    connect(m_ui->editHMin, &QLineEdit::editingFinished, this,
+            [this] { lireHauteur(*m_ui->editHMin, reglagesDuProcessus().hauteur, *m_ui->editHMin); });
+    // Intended: the height of the station shows in the box of the other height.
+    connect(m_ui->editHStat, &QLineEdit::editingFinished, this,
+            [this] { lireHauteur(*m_ui->editHStat, m_travail.hauteurStation, *m_ui->editHMin); });
+    connect(m_ui->liste->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &CDlgImplantationDirecte::direVisee);
+}
+
+travailImplantation::positions CDlgImplantationDirecte::selection() const
+{
+    travailImplantation::positions lignes;
+    for (const QModelIndex& index : m_ui->liste->selectionModel()->selectedRows())
+        lignes.push_back(static_cast<std::size_t>(index.row()));
+    std::ranges::sort(lignes);
+    return lignes;
+}
+
+travailImplantation::positions CDlgImplantationDirecte::choisis() const
+{
+    const travailImplantation::positions lignes = selection();
+    return lignes.empty() ? m_travail.toutes() : lignes;
+}
+
+void CDlgImplantationDirecte::selectionner(const travailImplantation::positions& lignes)
+{
+    QItemSelection toutes;
+    for (const std::size_t i : lignes) {
+        const int ligne = static_cast<int>(i);
+        toutes.select(m_modele->index(ligne, 0), m_modele->index(ligne, nbColonnes - 1));
+    }
+    m_ui->liste->selectionModel()->select(toutes, QItemSelectionModel::ClearAndSelect);
+}
+
+void CDlgImplantationDirecte::rafraichir()
+{
+    m_modele->rafraichir();
+    const bool vide = m_travail.points.empty();
+    m_ui->boutonNumerotation->setEnabled(vide);
+    direVisee();
+}
+
+void CDlgImplantationDirecte::dire(const std::wstring& phrase)
+{
+    m_ui->bilan->setText(QString::fromStdWString(phrase));
+}
+
+void CDlgImplantationDirecte::direVisee()
+{
+    const travailImplantation::positions lignes = selection();
+    if (lignes.size() != 1)
+        return dire({});
+    const pointDuTravail& point = m_travail.points[lignes.front()];
+    dire(L"Point " + point.nom + L" : " + phraseVisibilite(point, reglagesDuProcessus().hauteur));
+}
+
+void CDlgImplantationDirecte::numeroter()
+{
+    CDlgNumerotation dialogue(m_travail.numerotation);
+    if (dialogue.exec() == Accepted)
+        m_travail.numerotation = dialogue.numerotation();
+}
+
+void CDlgImplantationDirecte::mettreEnStation()
+{
+    const travailImplantation::positions avant = selection();
+    travailImplantation::positions lignes = choisis();
+    saisirDansDessin([&] { choisirMiseEnStation(m_travail, lignes); });
+    rafraichir();
+    selectionner(lignes.size() == m_travail.points.size() && avant.empty() ? avant : lignes);
+}
+
+void CDlgImplantationDirecte::obstacles()
+{
+    saisirDansDessin([this] { gererObstacles(m_travail); });
+    m_travail.verifierVisibilite(choisis());
+    rafraichir();
+}
+
+void CDlgImplantationDirecte::changerVerification(bool verifier)
+{
+    m_travail.verifier = verifier;
+    if (verifier)
+        m_travail.verifierVisibilite(choisis());
+    rafraichir();
+}
+
+void CDlgImplantationDirecte::lireHauteur(QLineEdit& champ, double& hauteur, QLineEdit& montree)
+{
+    double lue = 0.0;
+    if (!lireNombre(champ.text().toStdWString().c_str(), lue))
+        return;
+    hauteur = hauteurAdmise(lue);
+    montree.setText(deuxDecimales(hauteur));
+}
+
+void CDlgImplantationDirecte::ajouter()
+{
+    saisirDansDessin([this] { demanderPoints(m_travail); });
+    rafraichir();
+}
+
+void CDlgImplantationDirecte::enlever()
+{
+    m_travail.enlever(selection());
+    rafraichir();
+}
+
+void CDlgImplantationDirecte::suivreAxe()
+{
+    CDlgParamImplantation dialogue(parametresDuDernierAxe());
+    if (dialogue.exec() != Accepted)
+        return;
+    parametresAxe& parametres = parametresDuDernierAxe() = dialogue.parametres();
+    int places = -1;
+    saisirDansDessin([&] {
+        ads_name nom;
+        ads_point clic;
+        AcDbObjectId id;
+        if (acedEntSel(L"\nAxe \u00e0 implanter :", nom, clic) == RTNORM && acdbGetObjectId(id, nom) == Acad::eOk)
+            places = implanterAxe(m_travail, id, parametres);
+    });
+    rafraichir();
+    if (places == 0)
+        avertirErreur(L"Aucun point : ce n'est pas un axe, ou il en faudrait plus de 100000");
+    else if (places > 0)
+        dire(std::to_wstring(places) + L" point(s) le long de l'axe");
+}
+
+void CDlgImplantationDirecte::repartirPoints()
+{
+    if (m_travail.stations.empty())
+        return avertirErreur(L"Aucune mise en station : donnez d'abord des stations à des points");
+    CDlgRepartition dialogue;
+    if (dialogue.exec() != Accepted)
+        return;
+    const auto bilan = m_travail.repartirPoints(choisis(), dialogue.choix());
+    rafraichir();
+    std::vector<std::wstring> nonVus;
+    for (std::size_t i = 0; i < bilan.nonVus.size(); ++i) {
+        const double manque = bilan.manques[i];
+        nonVus.push_back(
+            m_travail.points[bilan.nonVus[i]].nom +
+            (manque == inconnu ? L" (hors de portée)" : L" (il manque " + depuisAnsi(nombreFixe(manque, 2)) + L")"));
+    }
+    std::wstring phrase = bilan.sansTerrain ? L"Sans terrain : seule la distance compte. " : L"";
+    phrase += nonVus.empty() ? L"Tous les points ont une station."
+                             : std::to_wstring(nonVus.size()) + L" point(s) vus d'aucune station : " + enumerer(nonVus);
+    dire(phrase);
+}
+
+void CDlgImplantationDirecte::localiser()
+{
+    saisirDansDessin([this] { localiserPoints(m_travail, selection()); });
+}
+
+void CDlgImplantationDirecte::montrerApercu()
+{
+    saisirDansDessin([this] { apercuDuTravail(m_travail); });
+}
+
+void CDlgImplantationDirecte::couper()
+{
+    const travailImplantation::positions lignes = selection();
+    if (lignes.size() != 1)
+        return avertirErreur(L"Choisissez le point dont la visée est à couper");
+    const pointDuTravail& point = m_travail.points[lignes.front()];
+    if (!m_travail.coupeDe(point))
+        return avertirErreur(L"Pas de coupe : il faut une station, des altitudes et un terrain sous la visée");
+    ads_point place;
+    if (saisirDansDessin([&] { return acedGetPoint(nullptr, L"\nPosition de la coupe", place); }) == RTNORM)
+        dessinerCoupe(m_travail, point, {place[0], place[1]});
+}
+
+void CDlgImplantationDirecte::configurer()
+{
+    CDlgParamGraphiques dialogue(reglagesDuProcessus(), m_travail.options);
+    if (dialogue.exec() != Accepted)
+        return;
+    reglagesDuProcessus() = dialogue.reglages();
+    m_travail.options = dialogue.options();
+    m_travail.dessinerStations();
+    rafraichir();
+}
+
+void CDlgImplantationDirecte::ecrireFichiers()
+{
+    demandeFichier demande;
+    demande.filtres = filtresFichiers;
+    int filtre = 1;
+    const auto fichier = demanderFichierAEcrire(demande, &filtre);
+    if (!fichier)
+        return;
+    std::vector<std::wstring> ecartes;
+    const auto rang = static_cast<std::size_t>(std::clamp(filtre, 1, static_cast<int>(std::size(formesFichiers))) - 1);
+    ecrireOuAvertir(*fichier, contenuFichier(m_travail, formesFichiers[rang], ecartes));
+    if (!ecartes.empty())
+        afficherAvertissement(L"Fichiers", L"Sans place dans ce format, ou sans coordonnées : " + enumerer(ecartes));
+}
+
+bool CDlgImplantationDirecte::schematiser()
+{
+    ads_point place;
+    if (saisirDansDessin([&] { return acedGetPoint(nullptr, L"Position des textes", place); }) != RTNORM)
+        return false;
+    dessinerCroquis(m_travail, {place[0], place[1]});
+    return true;
+}
+
+bool CDlgImplantationDirecte::exporter()
+{
+    demandeFichier demande;
+    demande.filtres = filtresRapport;
+    demande.extension = L"htm";
+    const auto fichier = demanderFichierAEcrire(demande);
+    if (!fichier)
+        return false;
+    std::vector<std::wstring> aucun;
+    ecrireOuAvertir(*fichier, contenuFichier(m_travail, formeFichier::html, aucun));
+    return true;
+}
+
+/// A step that the user cancels is left out; the others are done.
+void CDlgImplantationDirecte::generer()
+{
+    const bool croquis = m_ui->caseSchematiser->isChecked(), rapport = m_ui->caseExporter->isChecked(),
+               dessin = m_ui->caseDessiner->isChecked();
+    if (!croquis && !rapport && !dessin)
+        return;
+    if (croquis)
+        schematiser();
+    if (rapport)
+        exporter();
+    if (dessin)
+        dessinerResultats(m_travail);
+    accept();
+}
+
+int lispImplant2()
+{
+    AcApDocument* const document = curDoc();
+    if (!document || !dialoguesPossibles())
+        return acedRetNil();
+    const verrouDocument verrou;
+    const CAcadUndoGroup groupe;
+    travailImplantation travail;
+    reprendreTravail(*document->database(), travail);
+    travail.dessinerStations();
+    CDlgImplantationDirecte(travail).exec();
+    travail.effacerTout();
+    if (!garderTravail(*document->database(), travail))
+        avertirErreur(L"Le travail d'implantation n'a pas pu être gardé dans le dessin");
+    return acedRetT();
+}

@@ -1,0 +1,32 @@
+#include "implantation/CDlgNumerotation.h"
+
+#include "services/nombresTexte.h"
+
+#include "ui_CDlgNumerotation.h"
+
+CDlgNumerotation::CDlgNumerotation(const numerotationImplantation& laNumerotation) :
+    m_ui(std::make_unique<Ui::CDlgNumerotation>())
+{
+    m_ui->setupUi(this);
+    m_ui->editPrefixe->setText(QString::fromStdWString(laNumerotation.prefixe));
+    m_ui->editNumero->setText(QString::number(laNumerotation.numero));
+    m_ui->editSuffixe->setText(QString::fromStdWString(laNumerotation.suffixe));
+    montrerExemple();
+    for (QLineEdit* const champ : {m_ui->editPrefixe, m_ui->editNumero, m_ui->editSuffixe})
+        connect(champ, &QLineEdit::textChanged, this, &CDlgNumerotation::montrerExemple);
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+CDlgNumerotation::~CDlgNumerotation() = default;
+
+numerotationImplantation CDlgNumerotation::numerotation() const
+{
+    return {m_ui->editPrefixe->text().toStdWString(), entierDeTexte(m_ui->editNumero->text().toStdWString().c_str()),
+            m_ui->editSuffixe->text().toStdWString()};
+}
+
+void CDlgNumerotation::montrerExemple()
+{
+    m_ui->labelExemple->setText(QString::fromStdWString(numerotation().nom()));
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "implantation/numerotationImplantation.h"
+#include "implantation/pointsAxe.h"
+
+#include "dbid.h"
+
+class travailImplantation;
+
+/// Staking out along an axis of the drawing.
+
+struct parametresAxe {
+    int code = 100;
+    numerotationImplantation noms{L"P", 1, L""};
+    bool prefixeSuivant = false; ///< the next axis takes the next prefix: A, B ... Z, AA
+    choixAxe choix{false, 10.0};
+};
+/// Those of the last axis.
+parametresAxe& parametresDuDernierAxe();
+
+/// Makes points along a curve, adds them to the current point table with their symbols and to the job. Altitudes are
+/// those of the axis, else of the ground. The numbering of the parameters goes on.
+/// @return how many; 0 for what is no curve, or too many points
+int implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, parametresAxe& parametres);

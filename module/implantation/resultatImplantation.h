@@ -1,0 +1,28 @@
+#pragma once
+
+#include <vector>
+
+#include "implantation/pointImplante.h"
+
+/// A job as values, for its reports, drawings and files.
+
+/// A setup and the points staked out from it, in the order of the job.
+struct blocStation {
+    donneesStation station;
+    std::vector<pointImplante> points;
+};
+
+struct resultatImplantation {
+    std::vector<blocStation> blocs;
+    std::vector<pointImplante> sansStation;
+    bool verification = true; ///< whether sights are checked
+    double hauteurMin = 0.0;  ///< see etatDe
+    double hauteurStation = 0.0;
+};
+
+/// Difference in height and distance along the slope from station to point; unknown when an altitude is.
+double deniveleeVers(const donneesStation& station, const pointImplante& point);
+double distanceSuivantPente(const donneesStation& station, const pointImplante& point);
+
+/// Sentence on a sight: "vu", "caché par ... : il dépasse de 0.35 m à 12.40 m de la station"; "non vérifié".
+std::wstring phraseVisibilite(const pointImplante& point, double hauteurMin);

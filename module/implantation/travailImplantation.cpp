@@ -1,0 +1,291 @@
+#include "implantation/travailImplantation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+#include "implantation/entitesImplantation.h"
+#include "implantation/terrainDuDessin.h"
+#include "implantation/traceImplantation.h"
+
+namespace {
+
+constexpr double memePlace = 1e-4; // as points of the tables are compared
+
+bool memePoint(const lieuNomme& a, const lieuNomme& b)
+{
+    return a.nom == b.nom && std::abs(a.x - b.x) < memePlace && std::abs(a.y - b.y) < memePlace;
+}
+
+/// Obstacles of the job as sights meet them.
+obstaclesPlan planDe(const std::vector<std::unique_ptr<obstacleImplantation>>& obstacles)
+{
+    obstaclesPlan plan;
+    for (const auto& obstacle : obstacles)
+        obstacle->indexer(plan);
+    plan.indexer();
+    return plan;
+}
+
+point3 place(const lieuNomme& lieu)
+{
+    return {lieu.x, lieu.y, lieu.z};
+}
+
+bool completerAltitude(const solImplantation& sol, lieuNomme& lieu)
+{
+    return lieu.z != inconnu || (lieu.planConnu() && sol.altitude(lieu.plan(), lieu.z));
+}
+
+void oublierVue(pointImplante& point)
+{
+    point.verifie = false;
+    point.hauteurVisible = inconnu;
+    point.pire.reset();
+    point.cause.clear();
+}
+
+/// What one pass over many sights holds on to.
+class passe {
+public:
+    passe(const solImplantation& sol, const std::vector<std::unique_ptr<obstacleImplantation>>& obstacles,
+          double hauteur) :
+        m_sol(sol),
+        m_obstacles(obstacles),
+        m_plan(planDe(obstacles)),
+        m_hauteur(hauteur)
+    {
+    }
+
+    /// @param station with a known altitude
+    void verifier(const lieuNomme& station, pointImplante& point) const
+    {
+        oublierVue(point);
+        if (!completerAltitude(m_sol, point))
+            return;
+        const auto coupe = couper(m_sol, m_plan, place(station), place(point), m_hauteur);
+        if (!coupe)
+            return;
+        point.pire = pireObstruction(*coupe);
+        point.verifie = true;
+        point.hauteurVisible = point.pire ? point.pire->hauteur : 0.0;
+        if (point.pire)
+            point.cause = point.pire->obstacle == leSol ? L"le terrain" : m_obstacles[point.pire->obstacle]->nom();
+    }
+
+private:
+    const solImplantation& m_sol;
+    const std::vector<std::unique_ptr<obstacleImplantation>>& m_obstacles;
+    obstaclesPlan m_plan;
+    double m_hauteur;
+};
+
+} // namespace
+
+travailImplantation::travailImplantation() : hauteurStation(reglagesDuProcessus().hauteur)
+{
+    declarerApplications();
+    obstacles = obstaclesDuDessin();
+}
+
+travailImplantation::~travailImplantation() = default;
+
+travailImplantation::positions travailImplantation::toutes() const
+{
+    positions toutes(points.size());
+    for (std::size_t i = 0; i < toutes.size(); ++i)
+        toutes[i] = i;
+    return toutes;
+}
+
+observationMiseEnStation* travailImplantation::station(identifiantImplantation identifiant) const
+{
+    const auto trouvee = std::ranges::find(stations, identifiant, [](const auto& s) { return s->identifiant; });
+    return trouvee == stations.end() ? nullptr : trouvee->get();
+}
+
+bool travailImplantation::ajouterPoint(const lieuNomme& lieu)
+{
+    if (std::ranges::any_of(points, [&](const pointDuTravail& p) { return memePoint(p, lieu); }))
+        return false;
+    pointDuTravail point;
+    static_cast<lieuNomme&>(point) = lieu;
+    point.identifiant = nouvelIdentifiant();
+    points.push_back(std::move(point));
+    return true;
+}
+
+std::wstring travailImplantation::nomLibre()
+{
+    const std::wstring nom = numerotation.nom();
+    ++numerotation.numero;
+    return nom;
+}
+
+void travailImplantation::enlever(const positions& choisis)
+{
+    for (auto i = choisis.rbegin(); i != choisis.rend(); ++i) {
+        effacerEntites(points[*i].apercu);
+        points.erase(points.begin() + static_cast<std::ptrdiff_t>(*i));
+    }
+}
+
+identifiantImplantation travailImplantation::ajouterStation(const lieuNomme& lieu, const lieuNomme& reference,
+                                                            int genre)
+{
+    auto creee = creerMiseEnStation(lieu, reference, genre);
+    if (!creee)
+        return aucunIdentifiant;
+    stations.push_back(std::move(creee));
+    if (options.stations)
+        stations.back()->draw(masqueDe(options));
+    return stations.back()->identifiant;
+}
+
+std::wstring travailImplantation::nomDeStation() const
+{
+    for (int i = 1;; ++i) {
+        const std::wstring nom = L"ST" + std::to_wstring(i);
+        if (std::ranges::none_of(stations, [&](const auto& s) { return s->lieu.nom == nom; }))
+            return nom;
+    }
+}
+
+void travailImplantation::affecter(const positions& choisis, identifiantImplantation laStation)
+{
+    for (const std::size_t i : choisis) {
+        points[i].station = laStation;
+        oublierVue(points[i]);
+    }
+}
+
+void travailImplantation::annulerStations(const positions& choisis)
+{
+    affecter(choisis, aucunIdentifiant);
+    std::erase_if(stations, [this](const auto& s) {
+        const bool servie = std::ranges::any_of(points, [&](const auto& p) { return p.station == s->identifiant; });
+        if (!servie)
+            s->releaseGraphics();
+        return !servie;
+    });
+}
+
+void travailImplantation::verifierVisibilite(const positions& choisis)
+{
+    const auto sol = terrainDuDessin();
+    if (!sol)
+        return;
+    const passe p(*sol, obstacles, hauteurStation);
+    for (const std::size_t i : choisis) {
+        observationMiseEnStation* const s = station(points[i].station);
+        if (!s || !completerAltitude(*sol, s->lieu))
+            continue;
+        if (verifier)
+            p.verifier(s->lieu, points[i]);
+    }
+}
+
+std::optional<coupeVisee> travailImplantation::coupeDe(const pointImplante& point) const
+{
+    const auto sol = terrainDuDessin();
+    const observationMiseEnStation* const s = station(point.station);
+    if (!sol || !s || s->lieu.z == inconnu || point.z == inconnu)
+        return std::nullopt;
+    return couper(*sol, planDe(obstacles), place(s->lieu), place(point), hauteurStation);
+}
+
+travailImplantation::bilanRepartition travailImplantation::repartirPoints(const positions& choisis,
+                                                                          const choixRepartition& choix)
+{
+    bilanRepartition bilan;
+    const auto sol = terrainDuDessin();
+    bilan.sansTerrain = !sol;
+    std::optional<passe> p;
+    if (sol) {
+        p.emplace(*sol, obstacles, hauteurStation);
+        for (const auto& s : stations)
+            completerAltitude(*sol, s->lieu);
+    }
+    const auto distance = [&](std::size_t point, std::size_t s) {
+        const lieuNomme& lieu = points[choisis[point]];
+        return distanceVers(stations[s]->donnees(), lieu.x, lieu.y);
+    };
+    const auto voir = [&](std::size_t point, std::size_t s) {
+        if (!p)
+            return vueDuPoint{true, inconnu};
+        pointImplante essai = points[choisis[point]];
+        if (stations[s]->lieu.z != inconnu)
+            p->verifier(stations[s]->lieu, essai);
+        const double seuil = reglagesDuProcessus().hauteur;
+        const bool vu = etatDe(essai, seuil) == etatVisibilite::visible;
+        return vueDuPoint{vu, essai.verifie && !vu ? essai.hauteurVisible - seuil : inconnu};
+    };
+    const repartition r = repartir(choisis.size(), stations.size(), choix, distance, voir);
+    for (std::size_t i = 0; i < choisis.size(); ++i) {
+        const bool vu = r.stations[i] != repartition::aucune;
+        affecter({choisis[i]}, vu ? stations[r.stations[i]]->identifiant : aucunIdentifiant);
+        if (vu)
+            continue;
+        bilan.nonVus.push_back(choisis[i]);
+        bilan.manques.push_back(r.manques[i]);
+    }
+    verifierVisibilite(choisis);
+    return bilan;
+}
+
+resultatImplantation travailImplantation::resultat() const
+{
+    resultatImplantation r;
+    r.verification = verifier;
+    r.hauteurMin = reglagesDuProcessus().hauteur;
+    r.hauteurStation = hauteurStation;
+    std::unordered_map<identifiantImplantation, std::size_t> rangs;
+    for (const auto& s : stations) {
+        rangs[s->identifiant] = r.blocs.size();
+        r.blocs.push_back({s->donnees(), {}});
+    }
+    for (const pointDuTravail& p : points) {
+        const auto rang = rangs.find(p.station);
+        (rang == rangs.end() ? r.sansStation : r.blocs[rang->second].points).push_back(p);
+    }
+    std::erase_if(r.blocs, [](const blocStation& b) { return b.points.empty(); });
+    return r;
+}
+
+void travailImplantation::dessinerStations()
+{
+    for (const auto& s : stations) {
+        if (options.stations)
+            s->draw(masqueDe(options));
+        else
+            s->releaseGraphics();
+    }
+}
+
+void travailImplantation::dessinerApercu(const positions& choisis)
+{
+    for (const std::size_t i : choisis) {
+        pointDuTravail& p = points[i];
+        effacerEntites(p.apercu);
+        const observationMiseEnStation* const s = station(p.station);
+        const donneesStation donnees = s ? s->donnees() : donneesStation();
+        p.apercu =
+            dessinerEntites(tracePoint(p, s ? &donnees : nullptr, masqueDe(options), verifier, reglagesDuProcessus()),
+                            {1, p.identifiant});
+    }
+}
+
+void travailImplantation::effacerApercu()
+{
+    for (pointDuTravail& p : points)
+        effacerEntites(p.apercu);
+}
+
+void travailImplantation::effacerTout()
+{
+    effacerApercu();
+    for (const auto& s : stations)
+        s->releaseGraphics();
+    for (const auto& o : obstacles)
+        o->highlight(false);
+}

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "implantation/numerotationImplantation.h"
+#include "implantation/observationMiseEnStation.h"
+#include "implantation/obstacleImplantation.h"
+#include "implantation/reglagesImplantation.h"
+#include "implantation/repartition.h"
+#include "implantation/resultatImplantation.h"
+
+/// A point of the job with what is drawn of it.
+struct pointDuTravail : pointImplante {
+    std::vector<AcDbObjectId> apercu;
+};
+
+/// The stake-out job: its setups, its obstacles, its points, what is to be shown of them. Positions are those of
+/// `points`, which the list of the dialog shows in this order.
+class travailImplantation : Uncopyable {
+public:
+    using positions = std::vector<std::size_t>;
+
+    travailImplantation();
+    ~travailImplantation();
+
+    bool verifier = true;
+    std::vector<std::unique_ptr<observationMiseEnStation>> stations;
+    std::vector<std::unique_ptr<obstacleImplantation>> obstacles;
+    std::vector<pointDuTravail> points;
+    optionsImplantation options;
+    double hauteurStation;
+    numerotationImplantation numerotation;
+
+    positions toutes() const;
+    observationMiseEnStation* station(identifiantImplantation identifiant) const;
+
+    /// Appends a point, unless one of that name stands at that place (1e-4). @return whether it was
+    bool ajouterPoint(const lieuNomme& lieu);
+    /// The next name of a free point.
+    std::wstring nomLibre();
+    void enlever(const positions& choisis);
+
+    /// Makes, appends and draws a setup. @return its identifier; `aucunIdentifiant` for a kind that is none
+    identifiantImplantation ajouterStation(const lieuNomme& lieu, const lieuNomme& reference, int genre);
+    /// A name for a station that has none: "ST1", "ST2"...
+    std::wstring nomDeStation() const;
+    void affecter(const positions& choisis, identifiantImplantation station);
+    /// The points lose their station, and setups that have no point any more go.
+    void annulerStations(const positions& choisis);
+
+    /// Checks the sights of these points that have a setup, as far as there is ground; see visibilite.h. The altitudes
+    /// of stations and points that were unknown are taken from it.
+    void verifierVisibilite(const positions& choisis);
+    /// The section of a point's sight; nothing without setup, ground or altitudes.
+    std::optional<coupeVisee> coupeDe(const pointImplante& point) const;
+
+    struct bilanRepartition {
+        bool sansTerrain = false; ///< no ground: all within range is taken as seen
+        positions nonVus;
+        std::vector<double> manques; ///< of these, see repartition
+    };
+    /// Spreads points over all setups; those that no station sees keep none.
+    bilanRepartition repartirPoints(const positions& choisis, const choixRepartition& choix);
+
+    resultatImplantation resultat() const;
+
+    // Drawing: what is shown while the job lasts.
+
+    void dessinerStations();
+    void dessinerApercu(const positions& choisis);
+    void effacerApercu();
+    /// Everything that was only shown goes, the setups too.
+    void effacerTout();
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "reports/htmlDocument.h"
+#include "reports/htmlTable.h"
+
+// What all reports look like: style classes, attributes of cells, tables.
+
+inline constexpr char celluleNombre[] = "class=celnorm align=right";
+inline constexpr char celluleNomGauche[] = "class=celnorm align='left'";
+inline constexpr char celluleVide[] = "&nbsp"; // browsers accept it without its semicolon
+inline constexpr int decimalesRapport = 4;
+
+/// Declares .petit, .grand, .titre, .celnorm and .celgris.
+void declarerClassesRapport(htmlDocument& document);
+
+/// A centred table without border, no row yet.
+htmlTable tableauRapport();

@@ -1,0 +1,100 @@
+#include "tools/DlgPointsDecalage.h"
+
+#include "points/listePointsDuDessin.h"
+#include "points/numeroteurEntier.h"
+#include "services/dialogueChamps.h"
+#include "services/dialogueMessage.h"
+#include "services/formatNombres.h"
+
+#include "ui_DlgPointsDecalage.h"
+
+namespace {
+
+constexpr double pointsAuPlus = 1e6; // a step typed wrong would fill the memory
+
+std::unique_ptr<Ui::DlgPointsDecalage> faireUi(QDialog& dialogue)
+{
+    auto ui = std::make_unique<Ui::DlgPointsDecalage>();
+    ui->setupUi(&dialogue);
+    return ui;
+}
+
+std::wstring observationDe(const pointDecale& p)
+{
+    return formaterAbscisse(p.abscisse, 2, 2) + (p.decalage < 0.0 ? L" " : L" +") + formaterFixe(p.decalage, 2);
+}
+
+} // namespace
+
+DlgPointsDecalage::DlgPointsDecalage(const listePointsDuDessin& table) :
+    m_ui(faireUi(*this)),
+    m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne)
+{
+    remplirCodes(*m_ui->comboCode);
+    m_ui->editPremier->setText(QString::number(table.getMaxNum() + 1));
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, &DlgPointsDecalage::accept);
+    connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+DlgPointsDecalage::~DlgPointsDecalage() = default;
+
+bool DlgPointsDecalage::lireListe(QLineEdit& champ, const wchar_t* nomme, std::vector<double>& nombres) const
+{
+    std::wstring faute;
+    const auto lus = nombresListes(champ.text().toStdWString(), faute);
+    if (lus && !lus->empty()) {
+        nombres = *lus;
+        return true;
+    }
+    avertirErreur(lus ? std::wstring(nomme) + L" : donnez au moins un nombre."
+                      : std::wstring(nomme) + L" : « " + faute + L" » n'est pas un nombre.");
+    champ.setFocus();
+    return false;
+}
+
+bool DlgPointsDecalage::lireDemande(demandeDecalage& demande) const
+{
+    using mode = demandeDecalage::mode;
+    demande.choix = m_ui->radioIntervalle->isChecked()  ? mode::intervalle
+                    : m_ui->radioAbscisses->isChecked() ? mode::abscisses
+                                                        : mode::sommets;
+    demande.altitudes = m_ui->caseAltitudes->isChecked();
+    if (demande.choix == mode::intervalle && !lireChamp(*m_ui->editPas, L"l'intervalle", demande.pas, 1e-6, 1e36))
+        return false;
+    if (demande.choix == mode::abscisses && !lireListe(*m_ui->editAbscisses, L"Abscisses", demande.listees))
+        return false;
+    return lireListe(*m_ui->editDecalages, L"Décalages", demande.decalages);
+}
+
+bool DlgPointsDecalage::nommer(const std::vector<pointDecale>& decales)
+{
+    double premier = 1.0;
+    if (!lireChamp(*m_ui->editPremier, L"le premier numéro", premier, 0, 999999999))
+        return false;
+    numeroteurEntier noms(m_ui->editPrefixe->text().trimmed().toStdWString(), static_cast<int>(premier), L"", 1);
+    m_points.clear();
+    for (const pointDecale& p : decales)
+        m_points.push_back({{noms.nomSuivant(), p.place}, observationDe(p)});
+    if (m_points.empty() || m_points.back().point.nom.size() <= pointDuDessin::longueurNom)
+        return true;
+    avertirErreur(L"Le nom d'un point a neuf caractères au plus : « " + m_points.back().point.nom + L" » en a trop.");
+    m_ui->editPrefixe->setFocus();
+    return false;
+}
+
+void DlgPointsDecalage::accept()
+{
+    double origine = 0.0;
+    demandeDecalage demande;
+    const axe* const ligne = m_ligne.choisie();
+    if (!ligne || !lireChamp(*m_ui->editOrigine, L"l'abscisse de départ", origine) || !lireDemande(demande) ||
+        !lireCode(*m_ui->comboCode, m_code))
+        return;
+    if (nombrePointsDecales(*ligne, demande) > pointsAuPlus)
+        return avertirErreur(L"Intervalle trop petit : cela ferait plus d'un million de points.");
+    const std::vector<pointDecale> decales = pointsDecales(*ligne, abscisses(origine), demande);
+    if (decales.empty())
+        return avertirErreur(L"La polyligne n'a aucune de ces abscisses.");
+    if (nommer(decales))
+        QDialog::accept();
+}

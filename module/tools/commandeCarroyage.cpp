@@ -1,0 +1,52 @@
+#include "tools/commandeCarroyage.h"
+
+#include "geometrie/axeDeCourbe.h"
+#include "services/ajoutEntites.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/codages.h"
+#include "services/selection.h"
+#include "tools/DlgCarroyage.h"
+
+#include "acutads.h"
+#include "dbents.h"
+#include "dbpl.h"
+
+namespace {
+
+constexpr double noeudsAuPlus = 4e6; // a step typed wrong would fill the memory
+
+axe contourDe(const AcDbObjectId& region)
+{
+    const AcDbObjectPointer<AcDbPolyline> ligne(region);
+    return ligne.openStatus() == Acad::eOk ? axeDeCourbe(*ligne.object()) : axe();
+}
+
+void placer(const dessinCarroyage& dessin, double hauteur)
+{
+    ajoutEntites ajout;
+    for (const dessinCarroyage::trait& t : dessin.traits)
+        ajout.ajouter(std::make_unique<AcDbLine>(AcGePoint3d(t.de.x, t.de.y, 0.0), AcGePoint3d(t.a.x, t.a.y, 0.0)));
+    for (const dessinCarroyage::texte& t : dessin.textes)
+        ajout.ecrire({t.place.x, t.place.y, 0.0}, depuisAnsi(t.contenu), hauteur, t.rotation,
+                     t.aDroite ? calageTexte::droite : calageTexte::gauche);
+}
+
+} // namespace
+
+void commandeCarroyage()
+{
+    if (!dialoguesPossibles())
+        return;
+    DlgCarroyage dialogue(selectionPrealable(L"LWPOLYLINE"));
+    if (dialogue.exec() != QDialog::Accepted)
+        return;
+    const parametresCarroyage parametres = dialogue.parametres();
+    const CAcadUndoGroup groupe;
+    for (const AcDbObjectId& region : dialogue.regions()) {
+        const axe contour = contourDe(region);
+        if (noeudsDuCarroyage(contour, parametres) > noeudsAuPlus)
+            acutPrintf(L"\nCarroyage trop serré pour cette région : plus de %.0f croix.", noeudsAuPlus);
+        else
+            placer(carroyage(contour, parametres), parametres.tailleTextes);
+    }
+}

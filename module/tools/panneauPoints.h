@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <vector>
+
+#include "geometrie/axe.h"
+
+#include "dbid.h"
+
+class listePointsDuDessin;
+class QComboBox;
+
+/// What dialogs on points share: which points, along which line, of which code. These work the controls of a dialog,
+/// which must live longer.
+
+/// Points by their names or by their symbols picked in the drawing; all of the table when the field is empty.
+class panneauPoints {
+public:
+    panneauPoints(const listePointsDuDessin& laTable, QLineEdit& champ, QPushButton& designer, QLabel& designes);
+
+    /// Places in the table, ascending, of points at a known place. Without any the user is told.
+    std::vector<int> positions() const;
+
+private:
+    void designerSymboles();
+
+    const listePointsDuDessin& m_table;
+    QLineEdit& m_champ;
+    QLabel& m_label;
+    std::vector<int> m_designes;
+};
+
+/// A line or polyline of the drawing, picked.
+class panneauLigne {
+public:
+    panneauLigne(QPushButton& designer, QLabel& designee);
+
+    /// Null, when the user was told that none was picked.
+    const axe* choisie() const;
+
+private:
+    QLabel& m_label;
+    axe m_axe;
+};
+
+/// Fills a list with the codes of the codification; a number may be typed too.
+void remplirCodes(QComboBox& liste);
+/// @return false when the user was told that it is no code.
+bool lireCode(const QComboBox& liste, int& code);

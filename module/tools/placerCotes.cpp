@@ -1,0 +1,52 @@
+#include "tools/placerCotes.h"
+
+#include <memory>
+
+#include "services/espaceObjet.h"
+#include "services/lireNombre.h"
+
+#include "acutmem.h"
+#include "dbents.h"
+#include "dbmtext.h"
+#include "dbsymtb.h"
+
+namespace {
+
+bool lireCote(const AcDbEntity& entite, point3& cote)
+{
+    if (const auto* const ligne = AcDbText::cast(&entite)) {
+        const AcGePoint3d place = ligne->isDefaultAlignment() ? ligne->position() : ligne->alignmentPoint();
+        cote.x = place.x;
+        cote.y = place.y;
+        return lireNombre(ligne->textStringConst(), cote.z) == 1;
+    }
+    const auto* const lignes = AcDbMText::cast(&entite);
+    if (!lignes)
+        return false;
+    cote.x = lignes->location().x;
+    cote.y = lignes->location().y;
+    ACHAR* texte = lignes->text();
+    const bool nombre = lireNombre(texte, cote.z) == 1;
+    acutDelString(texte);
+    return nombre;
+}
+
+} // namespace
+
+std::vector<point3> cotesDuDessin()
+{
+    std::vector<point3> cotes;
+    const AcDbObjectPointer<AcDbBlockTableRecord> espace(espaceObjetDuDessin());
+    AcDbBlockTableRecordIterator* entites = nullptr;
+    if (espace.openStatus() != Acad::eOk || espace->newIterator(entites) != Acad::eOk)
+        return cotes;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
+    for (AcDbObjectId id; !it->done(); it->step()) {
+        it->getEntityId(id);
+        const AcDbObjectPointer<AcDbEntity> entite(id);
+        point3 cote;
+        if (entite.openStatus() == Acad::eOk && lireCote(*entite.object(), cote))
+            cotes.push_back(cote);
+    }
+    return cotes;
+}

@@ -1,0 +1,63 @@
+#include "DlgSourcesTerrain.h"
+
+#include <algorithm>
+
+#include "points/projetDansDessin.h"
+#include "services/dialogueCellules.h"
+#include "services/reelDeTexte.h"
+#include "services/selection.h"
+
+#include "ui_DlgSourcesTerrain.h"
+
+DlgSourcesTerrain::DlgSourcesTerrain(const std::wstring& nomPropose) : m_ui(std::make_unique<Ui::DlgSourcesTerrain>())
+{
+    m_ui->setupUi(this);
+    m_ui->nom->setText(QString::fromStdWString(nomPropose));
+    m_ui->areteMax->setText("0");
+    for (int t = 0; tablesPoints && t < tablesPoints->nbTables(); ++t) {
+        auto* const ligne =
+            new QListWidgetItem(texteQt(tablesPoints->getTable(t)->getNomTable().GetString()), m_ui->tables);
+        ligne->setFlags(ligne->flags() | Qt::ItemIsUserCheckable);
+        ligne->setCheckState(Qt::Unchecked);
+    }
+    const auto designation = [this](const QPushButton* bouton, QLabel* compte, std::vector<AcDbObjectId>& ids,
+                                    const wchar_t* message) {
+        compte->setText("aucun");
+        connect(bouton, &QPushButton::clicked, this,
+                [this, compte, &ids, message] { designer(ids, *compte, message); });
+    };
+    designation(m_ui->boutonObjets, m_ui->objets, m_choisis.objets, L"\nPoints, textes et lignes de rupture :");
+    designation(m_ui->boutonLimites, m_ui->limites, m_choisis.limites,
+                L"\nLignes ferm\u00e9es o\u00f9 le mod\u00e8le s'arr\u00eate :");
+    designation(m_ui->boutonTrous, m_ui->trous, m_choisis.trous, L"\nLignes ferm\u00e9es des trous :");
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+DlgSourcesTerrain::~DlgSourcesTerrain() = default;
+
+void DlgSourcesTerrain::designer(std::vector<AcDbObjectId>& ids, QLabel& compte, const wchar_t* message)
+{
+    ids = saisirDansDessin([message] { return demanderSelection(message, L"*"); });
+    compte.setText(ids.empty() ? QString("aucun") : QString::number(ids.size()));
+}
+
+std::wstring DlgSourcesTerrain::nom() const
+{
+    return m_ui->nom->text().trimmed().toStdWString();
+}
+
+sourcesTerrain DlgSourcesTerrain::sources() const
+{
+    sourcesTerrain sources = m_choisis;
+    // What bounds the model is no break line of it, though it was selected with the rest.
+    std::erase_if(sources.objets, [this](const AcDbObjectId& id) {
+        const auto parmi = [&id](const auto& ids) { return std::find(ids.begin(), ids.end(), id) != ids.end(); };
+        return parmi(m_choisis.limites) || parmi(m_choisis.trous);
+    });
+    for (int i = 0; i < m_ui->tables->count(); ++i)
+        if (m_ui->tables->item(i)->checkState() == Qt::Checked)
+            sources.tables.push_back(m_ui->tables->item(i)->text().toStdWString());
+    sources.areteMax = std::max(0.0, reelDeTexte(m_ui->areteMax->text().toStdWString()));
+    return sources;
+}

@@ -1,0 +1,61 @@
+#include "programme.h"
+
+using nlohmann::json;
+
+namespace {
+
+class points : public dossierEssai {
+protected:
+    points()
+    {
+        copierExemple("chantier.dxf");
+        copierExemple("leve-voirie.csv");
+    }
+};
+
+} // namespace
+
+TEST_F(points, GoFromAFileIntoADrawingAndOut)
+{
+    const execution entree =
+        vela("points importer chantier.dxf leve-voirie.csv --table Voirie --placer --enregistrer b.dxf");
+    EXPECT_EQ(entree.statut, 0) << entree.erreurs;
+    const json liste = velaJson("points lister b.dxf --table Voirie");
+    ASSERT_EQ(liste["points"].size(), 36u);
+    EXPECT_EQ(liste["points"][0], json({{"nom", "S1"}, {"x", 1020.678}, {"y", -1814.522}, {"z", 101.532}, {"code", 100}}));
+    EXPECT_EQ(liste["points"][34]["z"], nullptr);
+    EXPECT_EQ(velaJson("info b.dxf")["entitesParClasse"]["INSERT"],
+              velaJson("info chantier.dxf")["entitesParClasse"]["INSERT"].get<int>() + 36);
+
+    EXPECT_EQ(vela("points exporter b.dxf -o s.xyz --table Voirie --codes 30,45-100").statut, 0);
+    EXPECT_EQ(vela("points importer b.dxf s.xyz --table Retour").statut, 0);
+    EXPECT_EQ(velaJson("points lister b.dxf --table Retour")["points"].size(), 12u);
+    EXPECT_EQ(vela("points exporter b.dxf -o s.geojson --table Voirie --projection EPSG:3946").statut, 0);
+    const json carte = json::parse(lire("s.geojson"));
+    EXPECT_EQ(carte["features"].size(), 36u);
+    EXPECT_EQ(carte["features"][0]["properties"]["observation"], "clou");
+    EXPECT_EQ(carte["features"][34]["geometry"]["coordinates"].size(), 2u) << "an unknown altitude is none";
+}
+
+TEST_F(points, TellsBadLinesAndWritesNothingWhenStrict)
+{
+    ecrire("m.xyz", "P1 1 2 3\nP2 abc 20\nP3 4 5 6 9\n");
+    const execution stricte = vela("points importer chantier.dxf m.xyz --strict --enregistrer b.dxf");
+    EXPECT_EQ(stricte.statut, 1);
+    EXPECT_NE(stricte.erreurs.find("m.xyz, ligne 2 : X absent ou illisible."), std::string::npos) << stricte.erreurs;
+    EXPECT_EQ(vela("points lister b.dxf").statut, 1);
+    const execution entree = vela("points importer chantier.dxf m.xyz --code 7 --table T --enregistrer b.dxf");
+    EXPECT_EQ(entree.statut, 0);
+    EXPECT_NE(entree.erreurs.find("ligne 2"), std::string::npos);
+    const json liste = velaJson("points lister b.dxf --table T")["points"];
+    ASSERT_EQ(liste.size(), 2u);
+    EXPECT_EQ(liste[0]["code"], 7);
+    EXPECT_EQ(liste[1]["code"], 9);
+    ecrire("vide.csv", "rien\n");
+    for (const char* const refusee :
+         {"importer chantier.dxf vide.csv --enregistrer c.dxf", "importer chantier.dxf absent.xyz --enregistrer c.dxf",
+          "importer chantier.dxf m.xyz --enregistrer c.dwg", "importer chantier.dxf m.xyz --code 0",
+          "exporter b.dxf -o s.kml", "exporter b.dxf -o s.kml --projection EPSG:99", "exporter b.dxf -o s.xyz --codes 1-",
+          "exporter b.dxf -o absent/s.xyz", "lister b.dxf --table Absente"})
+        EXPECT_EQ(vela(std::string("points ") + refusee).statut, 1) << refusee;
+}

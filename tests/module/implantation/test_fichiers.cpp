@@ -1,0 +1,77 @@
+// Files of a job, byte for byte.
+
+#include <gtest/gtest.h>
+
+#include "implantation/fichiersAppareil.h"
+#include "implantation/rapportImplantation.h"
+
+namespace {
+
+resultatImplantation travail()
+{
+    resultatImplantation r;
+    r.hauteurMin = 1.0;
+    blocStation bloc;
+    bloc.station.station = {L"S;1", 1000.0, -2000.5, 100.0};
+    pointImplante p;
+    static_cast<lieuNomme&>(p) = {L"A12", 1003.0, -1996.5, 112.0};
+    p.verifie = true;
+    p.hauteurVisible = 1.25;
+    p.pire = obstruction{1.25, 1.3, 2.0, {}, leSol};
+    p.cause = L"le terrain";
+    bloc.points.push_back(p);
+    r.blocs.push_back(bloc);
+    pointImplante seul;
+    static_cast<lieuNomme&>(seul) = {L"\u00e9\"", 12345.0004, inconnu, inconnu};
+    r.sansStation.push_back(seul);
+    return r;
+}
+
+} // namespace
+
+TEST(FichiersImplantation, WriteColumns)
+{
+    EXPECT_EQ(colonnesImplantation(travail()),
+              "Type;Nom;X;Y;Z;Station;Reference;Angle (gr);Distance;Distance pente;Denivelee\n"
+              "S;\"S;1\";1000.0000;-2000.5000;100.0000;;NORD;;;;\n"
+              "P;A12;1003.0000;-1996.5000;112.0000;\"S;1\";NORD;40.9666;5.0000;13.0000;12.0000\n"
+              "P;\"\xE9\"\"\";12345.0004;;;;;;;;\n");
+}
+
+TEST(FichiersImplantation, WriteWordsOfInstruments)
+{
+    std::vector<std::wstring> ecartes;
+    EXPECT_EQ(motsImplantation(travail(), false, ecartes),
+              "110001+00000S;1 84..00+01000000 85..00-02000500 86..00+00100000 \n"
+              "110001+00000A12 81..00+01003000 82..00-01996500 83..00+00112000 \n");
+    EXPECT_EQ(ecartes, (std::vector<std::wstring>{L"\u00e9\""})) << "no Y";
+    ecartes.clear();
+    EXPECT_EQ(motsImplantation(travail(), true, ecartes).substr(0, 93),
+              "*110001+0000000000000S;1 84..06+0000000010000000 85..06-0000000020005000 86..06+0000000001000");
+    resultatImplantation grand = travail();
+    grand.blocs[0].points[0].y = 6600000.0; // Lambert: in mm beyond 8 digits
+    ecartes.clear();
+    EXPECT_EQ(motsImplantation(grand, false, ecartes),
+              "110001+00000S;1 84..00+01000000 85..00-02000500 86..00+00100000 \n");
+    EXPECT_EQ(ecartes.size(), 2U);
+}
+
+TEST(FichiersImplantation, WriteJsonAndTheReport)
+{
+    EXPECT_EQ(jsonImplantation(travail()),
+              "{\"points\":[{\"nom\":\"A12\",\"station\":\"S;1\",\"angle\":40.966553,\"distance\":5.000000,"
+              "\"reference\":\"NORD\",\"visible\":false,\"hauteurVisible\":1.250000,\"distancePente\":13.000000,"
+              "\"denivelee\":12.000000,\"x\":1003.000000,\"y\":-1996.500000,\"z\":112.000000},\n"
+              "{\"nom\":\"\xC3\xA9\\\"\",\"station\":null,\"angle\":null,\"distance\":null,\"reference\":null,"
+              "\"visible\":null,\"hauteurVisible\":null,\"distancePente\":null,\"denivelee\":null,"
+              "\"x\":12345.000400,\"y\":null,\"z\":null}]}\n");
+    htmlDocument rapport;
+    rapporterImplantation(travail(), {}, rapport);
+    const std::string texte = rapport.text();
+    for (const char* const partie : {"<title>Implantations</title>", "Station: <b>S;1</b>  (X=1000.0000Y=-2000.5000)",
+                                     ">Angle (gr)<", ">Distance<", ">40.9666<", ">13.0000<",
+                                     "cach\xE9 par le terrain : 1.30 au-dessus de la vis\xE9"
+                                     "e, \xE0 2.00",
+                                     "<svg ", "Points sans mise en station"})
+        EXPECT_NE(texte.find(partie), std::string::npos) << partie;
+}

@@ -1,0 +1,72 @@
+// Spreading over stations, points along axes.
+
+#include <map>
+#include <set>
+
+#include <gtest/gtest.h>
+
+#include "implantation/pointsAxe.h"
+#include "implantation/repartition.h"
+
+namespace {
+
+/// Points and stations on a line, and pairs that do not see each other.
+struct ligne {
+    std::vector<double> points, stations;
+    std::map<std::pair<std::size_t, std::size_t>, double> caches; ///< and what is missing
+
+    repartition repartir(double portee, bool equilibree) const
+    {
+        return ::repartir(
+            points.size(), stations.size(), {portee, equilibree},
+            [this](std::size_t p, std::size_t s) { return std::abs(points[p] - stations[s]); },
+            [this](std::size_t p, std::size_t s) {
+                const auto cache = caches.find({p, s});
+                return cache == caches.end() ? vueDuPoint{true, inconnu} : vueDuPoint{false, cache->second};
+            });
+    }
+};
+
+constexpr std::size_t aucune = repartition::aucune;
+
+} // namespace
+
+TEST(Repartition, GivesEachPointToTheNearestStationThatSeesIt)
+{
+    const ligne l{{0.0, 4.0, 9.0, 30.0, 5.0}, {0.0, 10.0}, {{{1, 0}, 0.4}, {{4, 0}, 0.7}, {{4, 1}, 0.3}}};
+    const repartition r = l.repartir(12.0, false);
+    EXPECT_EQ(r.stations, (std::vector<std::size_t>{0, 1, 1, aucune, aucune}));
+    EXPECT_EQ(r.manques[3], inconnu) << "out of range";
+    EXPECT_EQ(r.manques[4], 0.3) << "the least that is missing";
+}
+
+TEST(Repartition, BalancesAsFarAsSightsAllow)
+{
+    // All are near the first station; the last point sees only that one.
+    const ligne l{{0.0, 1.0, 2.0, 3.0}, {0.0, 50.0}, {{{3, 1}, 0.1}}};
+    EXPECT_EQ(l.repartir(inconnu, false).stations, (std::vector<std::size_t>{0, 0, 0, 0}));
+    const repartition r = l.repartir(inconnu, true);
+    EXPECT_EQ(std::ranges::count(r.stations, 0U), 2);
+    EXPECT_EQ(r.stations[3], 0U);
+    const ligne cache{{0.0, 1.0}, {0.0}, {{{1, 0}, 0.5}}};
+    EXPECT_EQ(cache.repartir(inconnu, true).stations, (std::vector<std::size_t>{0, aucune}));
+}
+
+TEST(PointsAxe, StandAtStepsOrWithinTheError)
+{
+    const point3 a{0.0, 0.0, inconnu}, b{25.0, 0.0, inconnu}, c{25.0, 20.0, inconnu};
+    const sommetAxe sommets[] = {{a, 0.0}, {b, 1.0}, {c, 0.0}}; // a straight of 25, then half a circle of radius 10
+    const axe ouvert = axe::deSommets(sommets, false);
+    EXPECT_EQ(longueursAImplanter(ouvert, {false, 10.0}).size(), 7U); // 0 to 50, and the end
+    const std::vector<double> fins = longueursAImplanter(ouvert, {true, 0.05});
+    EXPECT_EQ(fins.front(), 0.0);
+    EXPECT_EQ(fins[1], 25.0) << "a straight needs nothing between its ends";
+    for (std::size_t i = 2; i < fins.size(); ++i) {
+        const double demiAngle = (fins[i] - fins[i - 1]) / 10.0 / 2.0;
+        EXPECT_LE(10.0 * (1.0 - std::cos(demiAngle)), 0.05);
+    }
+    const axe ferme = axe::deSommets(std::span(sommets, 2), true);
+    EXPECT_LT(longueursAImplanter(ferme, {true, 0.05}).back(), ferme.longueur()) << "does not come back to its start";
+    EXPECT_TRUE(longueursAImplanter(ouvert, {false, 0.0}).empty());
+    EXPECT_TRUE(longueursAImplanter(ouvert, {false, 1e-9}).empty()) << "too many";
+}
