@@ -41,13 +41,15 @@ RULES = (
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),
     # The web engine's library, which asks the system who runs it.
     (r"module/reports", r"vueWeb", (OWN, "std", "posix", "qt")),
+    # The library of map formats, and whom it asks.
+    (r"module/exchange", r"ecrireCarte", (OWN, "std", "posix", BELOW)),
     # Where the module's own file lies only the system knows.
     (r"module/services", r"dossierModule|bibliothequeModule", (OWN, "std", "posix")),
     # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.
     (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
     # Of other people's libraries they see two, each in one place: Eigen orders matrices, Expat reads XML.
-    (r"module/calculs", r"matriceNormale|lectureGkf", (OWN, "std", "posix", "module/services")),
+    (r"module/calculs", r"matriceNormale|lectureGkf", (OWN, "std", "posix", "expat", "module/services")),
     (r"module/geometrie", r"(?!axeDeCourbe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
