@@ -15,7 +15,8 @@ DlgSourcesTerrain::DlgSourcesTerrain(const std::wstring& nomPropose) : m_ui(std:
     m_ui->nom->setText(QString::fromStdWString(nomPropose));
     m_ui->areteMax->setText("0");
     for (int t = 0; tablesPoints && t < tablesPoints->nbTables(); ++t) {
-        auto* const ligne = new QListWidgetItem(texteQt(tablesPoints->getTable(t)->getNomTable()), m_ui->tables);
+        auto* const ligne =
+            new QListWidgetItem(texteQt(tablesPoints->getTable(t)->getNomTable().GetString()), m_ui->tables);
         ligne->setFlags(ligne->flags() | Qt::ItemIsUserCheckable);
         ligne->setCheckState(Qt::Unchecked);
     }

@@ -2,7 +2,7 @@
 
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
-#include "services/formatNombres.h"
+#include "services/nombreFixe.h"
 
 #include "aced.h"
 #include "creationTerrain.h"
@@ -21,9 +21,7 @@ enum colonne { nom, courant, etat };
 
 QString fixe(double valeur)
 {
-    CString texte;
-    formaterFixe(valeur, 3, texte);
-    return texteQt(texte);
+    return QString::fromStdString(nombreFixe(valeur, 3));
 }
 
 } // namespace

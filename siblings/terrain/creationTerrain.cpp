@@ -4,13 +4,13 @@
 #include <exception>
 
 #include "points/projetDansDessin.h"
+#include "services/lettres.h"
 #include "services/selection.h"
 #include "sol/triangulation.h"
 
 #include "aced.h"
 #include "acutads.h"
 #include "acutmem.h"
-#include "afx.h"
 #include "recolteTerrain.h"
 #include "terrainsOuverts.h"
 
@@ -63,7 +63,7 @@ std::optional<std::wstring> demanderNom()
     ACHAR* texte = nullptr;
     if (acedGetFullString(0, (L"\nNom du mod\u00e8le <" + propose + L"> :").c_str(), texte) != RTNORM)
         return std::nullopt;
-    std::wstring nom = CString(texte).Trim().GetString();
+    const std::wstring nom(sansBlancs(std::wstring_view(texte), L" \t"));
     acutDelString(texte);
     return nom.empty() ? propose : nom;
 }
@@ -87,8 +87,9 @@ std::wstring nomLibre()
     const modelesRanges modeles = dessin ? modelesDuDessin(dessin->base()) : modelesRanges();
     for (int n = 1;; ++n) {
         const std::wstring nom = L"MNT" + std::to_wstring(n);
-        if (std::none_of(modeles.begin(), modeles.end(),
-                         [&nom](const auto& m) { return CString(m.first.c_str()).CompareNoCase(nom.c_str()) == 0; }))
+        if (std::none_of(modeles.begin(), modeles.end(), [&nom](const auto& m) {
+                return memesLettres(std::wstring_view(m.first), std::wstring_view(nom));
+            }))
             return nom;
     }
 }

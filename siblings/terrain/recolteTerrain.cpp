@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <cwctype>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -11,10 +10,10 @@
 #include "points/attribsPoints.h"
 #include "points/projetDansDessin.h"
 #include "services/grandeur.h"
+#include "services/lettres.h"
 #include "services/lireNombre.h"
 
 #include "acutmem.h"
-#include "afx.h"
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbmtext.h"
@@ -45,13 +44,18 @@ pointsParSymbole symbolesDesTables()
     return symboles;
 }
 
-std::wstring calqueDe(const AcDbEntity& entite)
+/// A text that the host hands over.
+std::wstring repris(ACHAR* remis)
 {
-    ACHAR* nom = entite.layer();
-    std::wstring calque = nom ? nom : L"";
-    acutDelString(nom);
-    std::transform(calque.begin(), calque.end(), calque.begin(), std::towupper);
-    return calque;
+    std::wstring texte = remis ? remis : L"";
+    acutDelString(remis);
+    return texte;
+}
+
+/// Without the blanks around it.
+std::wstring depouille(std::wstring_view texte)
+{
+    return std::wstring(sansBlancs(texte, L" \t\r\n"));
 }
 
 sommetSol sommetDe(const AcGePoint3d& p)
@@ -114,10 +118,10 @@ std::vector<sommetSol> sommetsDe3d(const AcDb3dPolyline& ligne)
 }
 
 /// A text that is a number with decimals: whole ones are numbers of points, of plots, of houses.
-std::optional<double> altitudeLue(const CString& texte)
+std::optional<double> altitudeLue(const std::wstring& texte)
 {
     double valeur = 0.0;
-    if (texte.Find(L'.') < 0 || !lireNombre(texte.GetString(), valeur) || !std::isfinite(valeur))
+    if (texte.find(L'.') == std::wstring::npos || !lireNombre(texte.c_str(), valeur) || !std::isfinite(valeur))
         return std::nullopt;
     return valeur;
 }
@@ -197,15 +201,17 @@ private:
         else if (const auto* const texte = AcDbText::cast(&entite))
             prendreTexte(texte->textStringConst(), texte->position(), texte->height());
         else if (const auto* const lignes = AcDbMText::cast(&entite))
-            prendreTexte(lignes->text(), lignes->location(), lignes->textHeight());
+            prendreTexte(repris(lignes->text()), lignes->location(), lignes->textHeight());
         else
             ++recolte.inutiles;
     }
 
     static genre natureParCalque(const AcDbEntity& entite)
     {
-        const std::wstring calque = calqueDe(entite);
-        return calque == calqueLimites ? genre::limite : calque == calqueTrous ? genre::trou : genre::rupture;
+        const std::wstring calque = repris(entite.layer());
+        return memesLettres(calque, calqueLimites) ? genre::limite
+               : memesLettres(calque, calqueTrous) ? genre::trou
+                                                   : genre::rupture;
     }
 
     void prendreCourbe(const AcDbCurve& courbe, genre nature)
@@ -245,10 +251,12 @@ private:
         const std::unique_ptr<AcDbObjectIterator> it(bloc.attributeIterator());
         for (; !it->done(); it->step()) {
             const AcDbObjectPointer<AcDbAttribute> attribut(it->objectId());
-            if (attribut.openStatus() != Acad::eOk || attribsDuModule.altitude.CompareNoCase(attribut->tag()) != 0)
+            if (attribut.openStatus() != Acad::eOk ||
+                !memesLettres(std::wstring_view(attribut->tagConst()),
+                              std::wstring_view(attribsDuModule.altitude.GetString())))
                 continue;
             double z = 0.0;
-            if (lireNombre(CString(attribut->textString()).Trim().GetString(), z) != 0 && std::isfinite(z))
+            if (lireNombre(depouille(attribut->textStringConst()).c_str(), z) != 0 && std::isfinite(z))
                 return ajouterPoint({{bloc.position().x, bloc.position().y}, z});
             ++recolte.sansAltitude;
             return;
@@ -256,14 +264,15 @@ private:
         ajouterPoint(sommetDe(bloc.position()));
     }
 
-    void prendreTexte(CString texte, const AcGePoint3d& position, double hauteur)
+    void prendreTexte(const std::wstring& brut, const AcGePoint3d& position, double hauteur)
     {
-        const auto z = altitudeLue(texte.Trim());
+        const std::wstring texte = depouille(brut);
+        const auto z = altitudeLue(texte);
         if (!z) {
             ++recolte.textesLus;
             return;
         }
-        const int decimales = texte.GetLength() - texte.Find(L'.') - 1;
+        const auto decimales = static_cast<double>(texte.size() - texte.find(L'.') - 1);
         cotes.push_back({{{position.x, position.y}, *z}, hauteur, 0.5000001 * std::pow(10.0, -decimales)});
     }
 

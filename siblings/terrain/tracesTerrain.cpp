@@ -5,8 +5,8 @@
 #include <cmath>
 #include <memory>
 
+#include "services/ajoutEntites.h"
 #include "services/chaineResbuf.h"
-#include "services/espaceCourant.h"
 #include "services/formatNombres.h"
 #include "services/selection.h"
 #include "sol/cotesCourbes.h"
@@ -84,7 +84,7 @@ public:
         entite->setLayer(surCalque);
         marquer(espace.ajouter(std::move(entite)));
     }
-    void ecrire(const lieuSol& place, const CString& texte, double hauteur, double angle, AcDbObjectId surCalque,
+    void ecrire(const lieuSol& place, const std::wstring& texte, double hauteur, double angle, AcDbObjectId surCalque,
                 calageTexte calage)
     {
         dessiner(texteCale({place.x, place.y, 0.0}, texte, hauteur, angle, calage), surCalque);
@@ -98,7 +98,7 @@ private:
             entite->setXData(marque.tete());
     }
 
-    espaceCourant espace;
+    ajoutEntites espace;
     chaineResbuf marque;
 };
 
@@ -112,11 +112,11 @@ bool estTrace(const AcDbEntity& entite, const std::wstring& modele, trace nature
            genre->restype == AcDb::kDxfXdInteger16 && genre->resval.rint == static_cast<short>(nature);
 }
 
-std::vector<AcDbObjectId> traces(AcDbObjectId modele, trace nature, const wchar_t* type)
+std::vector<AcDbObjectId> traces(AcDbObjectId modele, trace nature)
 {
     const std::wstring nom = poignee(modele);
     std::vector<AcDbObjectId> trouvees;
-    for (const AcDbObjectId& id : selectionDuDessin(type)) {
+    for (const AcDbObjectId& id : selectionAvecDonnees(application)) {
         const AcDbObjectPointer<AcDbEntity> entite(id);
         if (entite.openStatus() == Acad::eOk && estTrace(*entite.object(), nom, nature))
             trouvees.push_back(id);
@@ -137,13 +137,6 @@ int effacer(const std::vector<AcDbObjectId>& ids)
 AcGePoint3d position(const sommetSol& s)
 {
     return {s.x, s.y, s.z};
-}
-
-CString texteFixe(double valeur, int decimales)
-{
-    CString texte;
-    formaterFixe(valeur, decimales, texte);
-    return texte;
 }
 
 /// Decimals that tell the multiples of an interval apart.
@@ -188,12 +181,12 @@ int dessinerTriangles(AcDbObjectId modele, const std::wstring& nom, const mailla
 
 int effacerTriangles(AcDbObjectId modele)
 {
-    return effacer(traces(modele, trace::triangle, L"3DFACE"));
+    return effacer(traces(modele, trace::triangle));
 }
 
 bool trianglesDessines(AcDbObjectId modele)
 {
-    return !traces(modele, trace::triangle, L"3DFACE").empty();
+    return !traces(modele, trace::triangle).empty();
 }
 
 // ---- contours
@@ -202,7 +195,7 @@ bilanCourbes dessinerCourbes(AcDbObjectId modele, const maillageTerrain& sol, co
 {
     constexpr Adesk::UInt16 bistre = 32, bistreFonce = 34;
     if (reglages.remplacer)
-        effacer(traces(modele, trace::courbe, L"LWPOLYLINE,TEXT"));
+        effacer(traces(modele, trace::courbe));
     const AcDbObjectId courantes = calque(L"MNT_COURBES", bistre);
     const AcDbObjectId maitresses = calque(L"MNT_COURBES_MAITRESSES", bistreFonce);
     const AcDbObjectId textes = calque(L"MNT_COURBES_COTES", bistreFonce);
@@ -218,8 +211,8 @@ bilanCourbes dessinerCourbes(AcDbObjectId modele, const maillageTerrain& sol, co
             plume.dessiner(polyligne(courbe.points, courbe.fermee, courbe.altitude), sur);
             continue;
         }
-        const CString texte = texteFixe(courbe.altitude, decimales);
-        const double largeur = (0.8 * texte.GetLength() + 1.0) * reglages.hauteurTexte;
+        const std::wstring texte = formaterFixe(courbe.altitude, decimales);
+        const double largeur = (0.8 * static_cast<double>(texte.size()) + 1.0) * reglages.hauteurTexte;
         const courbeCotee cotee = coter(courbe, largeur, reglages.espacement);
         for (const courbeNiveau& troncon : cotee.troncons)
             plume.dessiner(polyligne(troncon.points, troncon.fermee, courbe.altitude), sur);
@@ -271,7 +264,7 @@ void dessinerProfil(AcDbObjectId modele, const parcoursTerrain::polylignes& prof
     };
     titre(0, L"Distances");
     titre(1, L"Altitudes");
-    plume.ecrire({bas.x - hauteurTexte, echelle.bas.y + hauteurTexte}, L"PC " + texteFixe(echelle.plan, 2),
+    plume.ecrire({bas.x - hauteurTexte, echelle.bas.y + hauteurTexte}, L"PC " + formaterFixe(echelle.plan, 2),
                  hauteurTexte, 0.0, sur, calageTexte::droite);
     double dernierTexte = -1e30;
     for (const auto& troncon : profil) {
@@ -285,8 +278,8 @@ void dessinerProfil(AcDbObjectId modele, const parcoursTerrain::polylignes& prof
             dernierTexte = p.x;
             ligne({p.x, bas.y + 2.0 * bande}, p);
             const auto colonne = [&](int rang, double valeur) {
-                plume.ecrire({p.x, bas.y + (rang + 0.5) * bande}, texteFixe(valeur, 2), hauteurTexte, quartDeTour, sur,
-                             calageTexte::milieu);
+                plume.ecrire({p.x, bas.y + (rang + 0.5) * bande}, formaterFixe(valeur, 2), hauteurTexte, quartDeTour,
+                             sur, calageTexte::milieu);
             };
             colonne(0, echelle.abscisse(troncon[i]));
             colonne(1, troncon[i].z);
