@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <iostream>
 
+#include "calculs/reseau/rapportReseau.h"
 #include "platform/CodePage.h"
 
 #include "lignesConsole.h"
@@ -20,16 +21,6 @@ constexpr std::size_t montres = 20;
 double enMillimetres(double metres)
 {
     return estConnue(metres) ? metres / milli : inconnu;
-}
-
-/// Grades or metres of a residual, in the sense of the file.
-double residuAffiche(const reseau& r, const observationReseau& o, double residu)
-{
-    if (o.genre == genreObservation::zenithal)
-        return residu / gradeEnRadians;
-    if (estAngulaire(o.genre))
-        return r.axes.angle(residu) / gradeEnRadians;
-    return mesureAffichee(r, o, residu);
 }
 
 std::string nomDe(const reseau& r, int point)
@@ -149,16 +140,8 @@ void afficherSuspects(const traitementReseau& t)
     if (t.resultat.suspects.empty())
         return;
     std::cout << "\nObservations suspectes, la plus probable d'abord\n";
-    for (const suspectReseau& s : t.resultat.suspects) {
-        const observationReseau& o = t.r.observations[static_cast<std::size_t>(s.observation)];
-        std::cout << "  " << utf8FromWide(nomObservation(t.r, o)) << " : faute de "
-                  << nombreTexte(residuAffiche(t.r, o, s.faute), decimalesMetres)
-                  << (estAngulaire(o.genre) ? " gr" : " m") << ", s0 sans elle " << nombreTexte(s.s0Sans, 3)
-                  << (o.ligne > 0 ? ", ligne " + std::to_string(o.ligne) : "");
-        if (!s.cause.empty())
-            std::cout << " (" << utf8FromWide(s.cause) << ")";
-        std::cout << '\n';
-    }
+    for (const suspectReseau& s : t.resultat.suspects)
+        std::cout << "  " << utf8FromWide(phraseSuspect(t.r, s)) << '\n';
 }
 
 objetJson fichierJson(const std::string& nom)
@@ -180,12 +163,7 @@ void afficherTexte(const demandeReseau& demande, const traitementReseau& t)
               << r.observations << " observations, " << r.inconnues << " inconnues, " << r.degresDeLiberte
               << " degrés de liberté, " << r.iterations << " itérations, " << utf8FromWide(nomEstimateur(r.methode))
               << (r.libre ? ", réseau libre" : "") << '\n';
-    if (estConnue(r.s0))
-        std::cout << "s0 = " << nombreTexte(r.s0, 4) << " (annoncé " << nombreTexte(t.r.sigma, 4) << " ; "
-                  << (r.horsTolerance ? "REFUSÉ" : "admis") << " entre " << nombreTexte(r.s0Bas, 4) << " et "
-                  << nombreTexte(r.s0Haut, 4) << ")\n";
-    else
-        std::cout << "s0 n'est pas défini : aucune redondance\n";
+    std::cout << utf8FromWide(phraseTestGlobal(t.r, r)) << '\n';
     afficherPoints(t);
     afficherSuspects(t);
     if (!t.rapport.empty())

@@ -9,6 +9,7 @@ class App;
 
 void ajouterCommandePolygonale(CLI::App& programme);
 void ajouterCommandePoints(CLI::App& programme);
+void ajouterCommandeImplantation(CLI::App& programme);
 void ajouterCommandeReseau(CLI::App& programme);
 void ajouterCommandeInfo(CLI::App& programme);
 void ajouterCommandeConvertir(CLI::App& programme);

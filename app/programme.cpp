@@ -45,6 +45,7 @@ int lancerProgramme(int argc, const char* const* argv)
     programme.require_subcommand(0, 1);
     ajouterCommandePolygonale(programme);
     ajouterCommandePoints(programme);
+    ajouterCommandeImplantation(programme);
     ajouterCommandeReseau(programme);
     ajouterCommandeInfo(programme);
     ajouterCommandeConvertir(programme);

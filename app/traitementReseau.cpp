@@ -1,12 +1,19 @@
 #include "traitementReseau.h"
 
 #include <filesystem>
+#include <iostream>
 
+#include "calculs/placerPolygonale.h"
 #include "calculs/reseau/compensation.h"
+#include "calculs/reseau/placerReseau.h"
+#include "calculs/reseau/rapportReseau.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
+#include "points/projetDansDessin.h"
 
 #include "erreurProgramme.h"
+#include "fichierDessin.h"
+#include "sessionHote.h"
 
 namespace fs = std::filesystem;
 using platform::utf8FromWide;
@@ -48,18 +55,89 @@ optionsCompensation optionsDe(const demandeReseau& demande)
     return options;
 }
 
+/// A result never takes the place of the data it comes from.
+void refuserMemeFichier(const std::string& resultat, const std::string& source)
+{
+    std::error_code absent;
+    if (!resultat.empty() && !source.empty() && fs::equivalent(cheminNatif(resultat), cheminNatif(source), absent))
+        throw erreurProgramme("« " + resultat + " » est un fichier de données : choisissez un autre nom.");
+}
+
+bool dessine(const demandeReseau& demande)
+{
+    return demande.placer || demande.ellipses;
+}
+
+const std::string& dessinAEcrire(const demandeReseau& demande)
+{
+    return demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
+}
+
+void verifierNoms(const demandeReseau& demande)
+{
+    refuserMemeFichier(demande.rapport, demande.fichier);
+    refuserMemeFichier(demande.rapport, demande.dessin);
+    refuserMemeFichier(demande.enregistrer, demande.fichier);
+    if (!dessine(demande)) {
+        if (!demande.dessin.empty() || !demande.enregistrer.empty())
+            throw erreurProgramme("que faire du dessin ? Ajoutez --placer, --ellipses ou les deux.");
+        return;
+    }
+    if (dessinAEcrire(demande).empty())
+        throw erreurProgramme(
+            "pour placer ou dessiner, nommez un dessin (--dessin) ou, pour un dessin neuf, le fichier "
+            "à écrire (--enregistrer).");
+    exigerExtensionDxf(dessinAEcrire(demande));
+}
+
+void ecrireRapport(const demandeReseau& demande, traitementReseau& t)
+{
+    htmlDocument document;
+    rapporterReseau(t.r, t.resultat, document);
+    document.setFileName(cheminNatif(demande.rapport));
+    if (!document.write())
+        throw erreurProgramme(demande.rapport + " : le rapport n'a pas pu être écrit.");
+    t.rapport = demande.rapport;
+}
+
+void dessiner(const demandeReseau& demande, traitementReseau& t)
+{
+    sessionHote session(std::cerr);
+    Document& document = demande.dessin.empty() ? session.creer() : session.ouvrir(demande.dessin);
+    avertirDesProblemes(*document.database());
+    if (demande.placer && !tablesPoints)
+        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+    placementReseau placement;
+    placement.code = codeDesStations(demande.code);
+    placement.points = demande.placer;
+    placement.ellipses = demande.ellipses;
+    t.pointsPlaces = placerReseau(t.r, t.resultat, figureDe(t.r, t.resultat, demande.echelle), placement);
+    if (demande.placer)
+        t.table = utf8FromWide(tablesPoints->currTable()->getNomTable().GetString());
+    t.dessin = dessinAEcrire(demande);
+    const bool remplace = fs::exists(cheminNatif(t.dessin));
+    session.enregistrer(document, t.dessin);
+    if (remplace)
+        t.ancienDessin = nomAncienDessin(t.dessin);
+}
+
 } // namespace
 
 void traiterReseau(const demandeReseau& demande)
 {
     traitementReseau t;
     const optionsCompensation options = optionsDe(demande);
+    verifierNoms(demande);
     lire(demande, t);
     try {
         t.resultat = compenser(t.r, options);
     } catch (const erreurReseau& faute) {
         throw erreurProgramme(demande.fichier + " : " + utf8FromWide(faute.phrase()));
     }
+    if (!demande.rapport.empty())
+        ecrireRapport(demande, t);
+    if (dessine(demande))
+        dessiner(demande, t);
     if (demande.json)
         afficherJson(demande, t);
     else

@@ -51,6 +51,14 @@ std::string written(std::wstring_view name, const Registry::Value& value)
     return shown + " = \"" + utf8FromWide(std::get<std::wstring>(value)) + '"';
 }
 
+/// Throws for a key that its line in the file would not give back.
+void checkKey(std::wstring_view key)
+{
+    const std::string text = utf8FromWide(key);
+    if (text.empty() || text.find('\n') != std::string::npos || wideFromUtf8(text) != key)
+        throw std::invalid_argument("nom de clé qui ne tient pas sur une ligne");
+}
+
 } // namespace
 
 Registry& Registry::ofUser()
@@ -127,8 +135,7 @@ std::optional<Registry::Value> Registry::value(std::wstring_view key, std::wstri
 
 void Registry::createKey(std::wstring_view key)
 {
-    if (key.find(L'\n') != std::wstring_view::npos)
-        throw std::invalid_argument("nom de clé sur plusieurs lignes");
+    checkKey(key);
     if (hasKey(key))
         return;
     std::vector<Section> sections = m_sections;
@@ -139,6 +146,7 @@ void Registry::createKey(std::wstring_view key)
 
 void Registry::setValue(std::wstring_view key, std::wstring_view name, const Value& value)
 {
+    checkKey(key);
     const std::string text = written(name, value);
     const std::optional<Line> readBack = parseLine(text);
     if (text.find('\n') != std::string::npos || !readBack || readBack->name != name || readBack->value != value)

@@ -7,6 +7,8 @@
 #include "points/ptsEn3d.h"
 #include "tools/commandeCarroyage.h"
 #include "tools/commandeRectangle.h"
+#include "tools/DlgSuperpositions.h"
+#include "tools/DlgTransformer.h"
 
 #include "accmd.h"
 
@@ -34,6 +36,18 @@ constexpr commande commandes[] = {
     {L"PTSEN3D", ACRX_CMD_MODAL, ptsEn3d},
 };
 
+/// The first group keeps its thirteen: what came later stands here.
+constexpr commande commandesVela[] = {
+    {L"VLTRANSFORMER", ACRX_CMD_MODAL, commandeTransformer},
+    {L"VLSUPERPOS", ACRX_CMD_MODAL, commandeSuperpositions},
+};
+
+void enregistrer(AcEdCommandStack& pile, const wchar_t* groupe, std::span<const commande> table)
+{
+    for (const commande& c : table)
+        pile.addCommand(groupe, c.nom, c.nom, c.drapeaux, c.executer);
+}
+
 } // namespace
 
 std::span<const commande> tableCommandes()
@@ -41,17 +55,23 @@ std::span<const commande> tableCommandes()
     return commandes;
 }
 
+std::span<const commande> tableCommandesVela()
+{
+    return commandesVela;
+}
+
 void enregistrerCommandes()
 {
-    AcEdCommandStack* const pile = acedRegCmds;
-    if (!pile)
-        return;
-    for (const commande& c : commandes)
-        pile->addCommand(groupeCommandes, c.nom, c.nom, c.drapeaux, c.executer);
+    if (AcEdCommandStack* const pile = acedRegCmds) {
+        enregistrer(*pile, groupeCommandes, commandes);
+        enregistrer(*pile, groupeVela, commandesVela);
+    }
 }
 
 void retirerCommandes()
 {
-    if (AcEdCommandStack* const pile = acedRegCmds)
+    if (AcEdCommandStack* const pile = acedRegCmds) {
         pile->removeGroup(groupeCommandes);
+        pile->removeGroup(groupeVela);
+    }
 }

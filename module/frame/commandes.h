@@ -12,9 +12,12 @@ struct commande {
 };
 
 constexpr const wchar_t* groupeCommandes = L"QUARVEL4";
+constexpr const wchar_t* groupeVela = L"VELA";
 
-/// The commands, in the order of registration.
+/// The commands of the first group, in the order of registration.
 std::span<const commande> tableCommandes();
+/// Those of the group "VELA", which came later.
+std::span<const commande> tableCommandesVela();
 
 void enregistrerCommandes();
 void retirerCommandes();

@@ -21,6 +21,7 @@
 #include "services/fichierEntier.h"
 #include "services/lireNombre.h"
 #include "services/nombreFixe.h"
+#include "services/verrouDocument.h"
 
 #include "acdocman.h"
 #include "aced.h"
@@ -54,18 +55,6 @@ std::wstring enumerer(const std::vector<std::wstring>& noms)
         texte += (i == 0 ? L"" : L", ") + noms[i];
     return noms.size() > montres ? texte + L"..." : texte;
 }
-
-/// Keeps the document locked, whatever ends the job.
-class verrou {
-public:
-    explicit verrou(AcApDocument& document) : m_document(document) { acDocManager->lockDocument(&m_document); }
-    ~verrou() { acDocManager->unlockDocument(&m_document); }
-    verrou(const verrou&) = delete;
-    verrou& operator=(const verrou&) = delete;
-
-private:
-    AcApDocument& m_document;
-};
 
 } // namespace
 
@@ -351,7 +340,7 @@ int lispImplant2()
     AcApDocument* const document = curDoc();
     if (!document || !dialoguesPossibles())
         return acedRetNil();
-    const verrou verrouille(*document);
+    const verrouDocument verrou;
     const CAcadUndoGroup groupe;
     travailImplantation travail;
     reprendreTravail(*document->database(), travail);

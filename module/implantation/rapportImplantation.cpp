@@ -2,8 +2,7 @@
 
 #include "implantation/svgDessin.h"
 #include "implantation/traceImplantation.h"
-#include "reports/htmlStyle.h"
-#include "reports/htmlTable.h"
+#include "reports/classesRapport.h"
 #include "reports/htmlText.h"
 #include "services/codages.h"
 #include "services/nombreFixe.h"
@@ -13,29 +12,7 @@ namespace {
 constexpr int decimales = 4;
 constexpr int largeurPlan = 480;   // pixels
 constexpr double cotePlan = 100.0; // of the small plan, before it is scaled to pixels
-constexpr char celluleNombre[] = "class=celnorm align=right";
-constexpr char celluleNom[] = "class=celnorm align='left'";
 constexpr char celluleEnTete[] = "class=celgris align=center";
-constexpr char vide[] = "&nbsp;";
-
-void declarerClasses(htmlDocument& document)
-{
-    htmlStyle style;
-    style.setFontFamily("Arial");
-    style.setGenericFamily("sans-serif");
-    style.setFontSize({10, htmlSize::pt});
-    document.addStyle(".petit", style.text());
-    style.setFontSize({18, htmlSize::pt});
-    document.addStyle(".grand", style.text());
-    style.setFontSize({10, htmlSize::pt});
-    style.setBorderStyles(htmlBorderStyle(htmlBorderStyle::solid));
-    style.setBorderWidths({1, htmlSize::px});
-    style.setBorderColors({0, 0, 0});
-    style.setPaddings({4, htmlSize::px});
-    document.addStyle(".celnorm", style.text());
-    style.setBackgroundColor({239, 239, 239});
-    document.addStyle(".celgris", style.text());
-}
 
 void ajouterTexte(htmlDocument& document, std::string octets, const char* classe = "class=petit")
 {
@@ -44,10 +21,7 @@ void ajouterTexte(htmlDocument& document, std::string octets, const char* classe
 
 htmlTable tableau(std::initializer_list<std::wstring_view> enTetes)
 {
-    htmlTable table;
-    table.setBorder(0);
-    table.setCellPadding(2);
-    table.setCellSpacing(0);
+    htmlTable table = tableauRapport();
     table.beginRow();
     for (const std::wstring_view enTete : enTetes)
         table.addCell(versAnsi(enTete), celluleEnTete);
@@ -56,12 +30,12 @@ htmlTable tableau(std::initializer_list<std::wstring_view> enTetes)
 
 void ajouterNombre(htmlTable& table, double valeur)
 {
-    table.addCell(valeur == inconnu ? vide : nombreFixe(valeur, decimales), celluleNombre);
+    table.addCell(valeur == inconnu ? celluleVide : nombreFixe(valeur, decimales), celluleNombre);
 }
 
 void ajouterCellule(htmlTable& table, const std::wstring& texte, const char* classe)
 {
-    table.addCell(texte.empty() ? vide : htmlEscaped(versAnsi(texte)), classe);
+    table.addCell(texte.empty() ? celluleVide : htmlEscaped(versAnsi(texte)), classe);
 }
 
 void rapporterBloc(const blocStation& bloc, const resultatImplantation& resultat, const reglagesImplantation& reglages,
@@ -76,12 +50,12 @@ void rapporterBloc(const blocStation& bloc, const resultatImplantation& resultat
     for (const pointImplante& p : bloc.points) {
         const ligneImplantation cellules = ligneDe(p, &bloc.station);
         table.beginRow();
-        ajouterCellule(table, p.nom, celluleNom);
+        ajouterCellule(table, p.nom, celluleNomGauche);
         for (const auto colonne : {colX, colY, colZ, colAngle, colDistance})
             ajouterCellule(table, cellules[colonne], celluleNombre);
         ajouterNombre(table, distanceSuivantPente(bloc.station, p));
         ajouterNombre(table, deniveleeVers(bloc.station, p));
-        ajouterCellule(table, phraseVisibilite(p, resultat.hauteurMin), celluleNom);
+        ajouterCellule(table, phraseVisibilite(p, resultat.hauteurMin), celluleNomGauche);
     }
     document.append(table.render());
     document.append(svgDe(planReduit(bloc, cotePlan, resultat.verification, reglages), largeurPlan));
@@ -93,7 +67,7 @@ void rapporterSansStation(const std::vector<pointImplante>& points, htmlDocument
     htmlTable table = tableau({L"Point", L"X", L"Y", L"Z"});
     for (const pointImplante& p : points) {
         table.beginRow();
-        ajouterCellule(table, p.nom, celluleNom);
+        ajouterCellule(table, p.nom, celluleNomGauche);
         for (const double valeur : {p.x, p.y, p.z})
             ajouterNombre(table, valeur);
     }
@@ -107,7 +81,7 @@ void rapporterImplantation(const resultatImplantation& resultat, const reglagesI
 {
     document.addHeadLine(htmlHeadWindows1252);
     document.addHeadLine("<title>Implantations</title>\n");
-    declarerClasses(document);
+    declarerClassesRapport(document);
     ajouterTexte(document, "Implantations", "class=grand");
     if (resultat.verification)
         ajouterTexte(document, versAnsi(L"Hauteur de l'appareil et de la cible : ") +

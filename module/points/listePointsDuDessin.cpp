@@ -161,6 +161,33 @@ void listePointsDuDessin::supprimerPoint(const wchar_t* nom)
     premierEnAttente = nbPoint();
 }
 
+int listePointsDuDessin::supprimerPositions(const std::vector<int>& positions)
+{
+    std::vector<bool> partent(static_cast<std::size_t>(nbPoint()));
+    int verrouilles = 0, nombre = 0;
+    for (const int i : positions) {
+        const bool verrouille = estVerrouille(points[i].getId()); // a symbol without its point would mislead
+        verrouilles += verrouille;
+        nombre += !verrouille && !partent[static_cast<std::size_t>(i)];
+        partent[static_cast<std::size_t>(i)] = !verrouille;
+    }
+    signalerVerrouilles(verrouilles);
+    if (nombre == 0)
+        return 0;
+    changerTout();
+    tableau restent;
+    restent.SetSize(0, nbPoint() - nombre);
+    for (int i = 0; i < nbPoint(); ++i)
+        if (partent[static_cast<std::size_t>(i)])
+            effacerEntite(points[i].getId());
+        else
+            restent.Add(points[i]);
+    points.Copy(restent);
+    objets.suspecterTout();
+    reindexer();
+    return nombre;
+}
+
 /// The last point takes its place. Names are the caller's affair.
 void listePointsDuDessin::retirer(int position)
 {

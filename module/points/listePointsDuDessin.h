@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <vector>
 
 #include "points/exportation.h"
 #include "points/indexNoms.h"
@@ -58,6 +59,9 @@ public:
     /// The last point of the table takes its place, so the order changes. An earlier point of the same name stays, but
     /// is not found any more.
     void supprimerPoint(const wchar_t* nom);
+    /// Removes the points at these positions and erases the entities that show them; the others keep their order.
+    /// Points whose entity is on a locked layer stay, and are told at the command line. @return how many went.
+    int supprimerPositions(const std::vector<int>& positions);
     /// Keeps one point of each horizontal place (1e-8), the one of lowest code; the entities of the others stay in the
     /// drawing. When some were removed the table ends up sorted by X, Y and code. When none was, the points stay as
     /// they were but the index is emptied: names are not found until it is rebuilt.

@@ -8,6 +8,7 @@
 #include "calculs/reseau/defautsReseau.h"
 #include "calculs/reseau/espaceLibre.h"
 #include "calculs/reseau/fiabiliteReseau.h"
+#include "calculs/reseau/placesRobustes.h"
 #include "calculs/reseau/poidsReseau.h"
 #include "calculs/reseau/suspectsReseau.h"
 
@@ -243,6 +244,31 @@ void testerGlobalement(calcul& k)
     bornesS0(k.r, r);
 }
 
+/// Suspects are looked for around places that gross faults did not pull away: there the equations are near enough to
+/// linear ones for half a turn to be told from a good direction. Changes the system.
+void soupconner(calcul& k, systemeReseau& s, const coordonneesReseau& trouvees, const coordonneesReseau& depart)
+{
+    constexpr double foisGrossier = 4.0;
+    constexpr int pas = 25;
+    coordonneesReseau c = trouvees;
+    if (k.options.methode == estimateur::moindresCarres && k.resultat.s0 > foisGrossier * k.r.sigma) {
+        const auto desaccord = [&](const coordonneesReseau& ou) {
+            return desaccordMedian(k.r, ou, k.ecarts, s.retenues());
+        };
+        coordonneesReseau robustes =
+            placesRobustes(k.r, desaccord(depart) < desaccord(c) ? depart : c, k.ecarts, s.retenues(), pas);
+        if (desaccord(robustes) < desaccord(c))
+            c = std::move(robustes);
+    }
+    std::ranges::fill(s.facteurs(), 1.0);
+    s.evaluer(c);
+    std::vector<double> reste = s.assembler();
+    s.matrice().resoudre(reste);
+    s.expliquer(reste);
+    s.matrice().inverser();
+    chercherSuspects(k.r, s, c, k.resultat);
+}
+
 /// The adjustment proper, of what was chosen.
 void calculer(calcul& k, const std::vector<int>& retenues, approcheReseau& depart)
 {
@@ -281,7 +307,7 @@ void calculer(calcul& k, const std::vector<int>& retenues, approcheReseau& depar
     rendrePrecisions(k.r, s, libre, r);
     rendreFiabilite(k.r, s, r);
     if (k.options.chercherSuspects)
-        chercherSuspects(k.r, s, m.c, r);
+        soupconner(k, s, m.c, depart.c);
     if (!r.converge)
         r.messages.push_back(L"Le calcul ne s'est pas stabilisé : vérifiez les coordonnées approchées et les "
                              L"observations dont le résidu est le plus grand.");

@@ -1,5 +1,6 @@
 #include <charconv>
 
+#include "calculs/formules/fichierFormules.h"
 #include "calculs/reseau/fichierReseau.h"
 #include "services/codages.h"
 
@@ -92,16 +93,6 @@ void ecrirePrecisions(const precisionsParDefaut& p, std::string& texte)
         texte += "Precision: denivelee " + arrondi(p.denivelee / milli) + "\n";
 }
 
-void ecrireFormules(const formulesPoids& f, std::string& texte)
-{
-    for (const auto& [mot, formule] :
-         {std::pair{"angles", &f.angles}, std::pair{"gisements", &f.gisements}, std::pair{"distances", &f.distances}})
-        if (!formule->empty())
-            texte += std::string("Formule: ") + mot + " \"" + *formule + "\"\n";
-    for (const variableFormule& v : f.variables.variables())
-        texte += "Variable: \"" + v.nom + "\" " + court(v.valeur) + " \"" + v.commentaire + "\"\n";
-}
-
 } // namespace
 
 precisionsParDefaut precisionsUsuelles()
@@ -122,7 +113,7 @@ std::string contenuMc(const reseau& r)
     texte += "Angles: grades\nSigma: " + court(r.sigma) + "\nConfiance: " + court(r.confiance) + "\n";
     texte += versAnsi(L"* Écarts-types sans « e= » : angles en dmgr, longueurs en mm (et mm par km)") + "\n";
     ecrirePrecisions(r.precisions, texte);
-    ecrireFormules(r.formules, texte);
+    texte += contenuFormules(r.formules);
     texte += "* Points: nom X= Y= Z= fixe | appui | libre\n";
     for (const pointReseau& p : r.points)
         ecrirePoint(p, texte);

@@ -120,19 +120,23 @@ std::wstring phrase(const reseau& r, const systemeReseau& s, const coordonneesRe
     return qui + L"ne sont déterminés ni en plan ni en altitude par leurs observations.";
 }
 
-/// Whether every coordinate of a kind that is looked for floats.
+/// Whether no point that is looked for is determined, in plan or in height.
 bool toutFlotte(const reseau& r, const systemeReseau& s, const espaceLibre& libre, bool altitude)
 {
-    bool une = false;
-    for (int i = 0; i < s.inconnues(); ++i) {
-        const int rang = s.rang(i);
-        if (rang >= static_cast<int>(3 * r.points.size()) || (rang % 3 == 2) != altitude)
+    const auto flotte = [&](int rang) {
+        const int inconnue = s.inconnueDe(rang);
+        return inconnue >= 0 && !libre.determinee(inconnue);
+    };
+    bool un = false;
+    for (int p = 0; p < static_cast<int>(r.points.size()); ++p) {
+        const int rang = 3 * p + (altitude ? 2 : 0);
+        if (s.inconnueDe(rang) < 0)
             continue;
-        une = true;
-        if (libre.determinee(i))
+        un = true;
+        if (!flotte(rang) && (altitude || !flotte(rang + 1)))
             return false;
     }
-    return une;
+    return un;
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "calculs/decouperLigne.h"
+#include "calculs/formules/fichierFormules.h"
 #include "calculs/reseau/fichierReseau.h"
 #include "calculs/uniteAngulaire.h"
 #include "services/codages.h"
@@ -83,10 +84,8 @@ private:
             avecNombre([this](double v) { m_lu.r.confiance = v < 1.0 ? v : v / 100.0; }, true);
         else if (cle == L"precision")
             precision();
-        else if (cle == L"formule")
-            formuleDePoids();
-        else if (cle == L"variable")
-            variable();
+        else if (cle == L"formule" || cle == L"variable")
+            formule();
         else if (cle == L"point")
             point();
         else if (cle == L"station")
@@ -134,27 +133,11 @@ private:
         }
     }
 
-    void formuleDePoids()
+    void formule()
     {
-        const std::wstring cle = motCle(prendreMot());
-        const std::string texte = versAnsi(prendreMot());
-        if (cle == L"angles")
-            m_lu.r.formules.angles = texte;
-        else if (cle == L"gisements")
-            m_lu.r.formules.gisements = texte;
-        else if (cle == L"distances")
-            m_lu.r.formules.distances = texte;
-        else
-            remarquer(L"« Formule » de « angles », « gisements » ou « distances ».");
-    }
-
-    void variable()
-    {
-        const std::string nom = nomDeVariable(versAnsi(prendreMot()));
-        const auto valeur = nombre();
-        if (nom.empty() || !valeur)
-            return remarquer(L"« Variable » : un nom, une valeur, un commentaire.");
-        m_lu.r.formules.variables.definir({nom, *valeur, versAnsi(prendreMot())});
+        if (!lireLigneFormule(m_mots, m_lu.r.formules))
+            remarquer(L"« Formule » de « angles », « gisements » ou « distances », ou « Variable » avec un nom et une "
+                      L"valeur.");
     }
 
     /// Point  nom  X= Y= Z=  fixe | appui | libre [xy | z]  ex= ey= ez=

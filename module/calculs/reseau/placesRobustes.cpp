@@ -43,3 +43,14 @@ coordonneesReseau placesRobustes(const reseau& r, const coordonneesReseau& depar
     }
     return c;
 }
+
+double desaccordMedian(const reseau& r, const coordonneesReseau& c, const std::vector<double>& ecarts,
+                       const std::vector<int>& retenues)
+{
+    std::vector<double> u;
+    for (const int k : retenues) {
+        const auto o = static_cast<std::size_t>(k);
+        u.push_back(std::abs(equationDe(r.observations[o], c).ecart) / ecarts[o]);
+    }
+    return u.empty() ? 0.0 : mediane(u);
+}

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "calculs/formules/tableVariables.h"
+#include "calculs/formules/formulesPoids.h"
 #include "services/grandeur.h"
 
 // A network of observations, as it was read or typed. Lengths in metres, angles in radians; x runs east, y north,
@@ -87,16 +87,6 @@ struct axesFichier {
     /// Whether the first axis of the file runs east or west, so that its standard deviation is that of x.
     bool premiereEstX() const { return estX != 0.0; }
     double angle(double mesure) const { return antihoraire ? -mesure : mesure; } ///< either way
-};
-
-/// Weight formulas, Windows-1252; an empty one leaves the standard deviations.
-struct formulesPoids {
-    std::string angles; ///< of directions, angles and zenith angles
-    std::string gisements;
-    std::string distances; ///< horizontal and slope ones
-    tableVariables variables;
-
-    bool operator==(const formulesPoids&) const = default;
 };
 
 struct reseau {

@@ -136,10 +136,23 @@ double systemeReseau::evaluer(const coordonneesReseau& c)
 {
     for (std::size_t k = 0; k < m_retenues.size(); ++k)
         m_equations[k] = equationDe(m_reseau.observations[static_cast<std::size_t>(m_retenues[k])], c);
+    return sommePvv();
+}
+
+double systemeReseau::sommePvv() const
+{
     double somme = 0.0;
     for (std::size_t k = 0; k < m_poids.size(); ++k)
         somme += m_equations[k].ecart * residuPese(static_cast<int>(k));
     return somme;
+}
+
+void systemeReseau::expliquer(const std::vector<double>& pas)
+{
+    for (equationObservation& e : m_equations)
+        for (int i = 0; i < e.nombre; ++i)
+            if (const int inconnue = inconnueDe(e.rang[i]); inconnue >= 0)
+                e.ecart -= e.derivee[i] * pas[static_cast<std::size_t>(inconnue)];
 }
 
 /// The factors of robust estimation weigh both sides alike.

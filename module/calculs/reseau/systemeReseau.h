@@ -41,6 +41,11 @@ public:
     /// Places of the observations correlated with one, itself included.
     std::vector<int> correlees(int place) const;
 
+    /// Leaves of the misfits what a step does not explain, as if the equations were linear.
+    void expliquer(const std::vector<double>& pas);
+    /// Sum of weighted squares of the misfits as they stand.
+    double sommePvv() const;
+
     /// Adds a step to the coordinates.
     void avancer(coordonneesReseau& c, const std::vector<double>& pas, double facteur) const;
 

@@ -74,7 +74,10 @@ TEST_F(RegistryFile, WritesWithoutLosingTheRest)
     for (const wchar_t* name : {L"a\nb", L"a=b", L";a", L" a", L"@"})
         EXPECT_THROW(registry.setValue(L"K", name, Registry::Value(L"v")), std::invalid_argument);
     EXPECT_THROW(registry.setValue(L"K", L"n", Registry::Value(L"v\nx = 1")), std::invalid_argument);
-    EXPECT_THROW(registry.createKey(L"K]\n[L"), std::invalid_argument);
+    for (const wchar_t* const key : {L"", L"K]\n[L", L"K\xD800"}) {
+        EXPECT_THROW(registry.createKey(key), std::invalid_argument);
+        EXPECT_THROW(registry.setValue(key, L"n", Registry::Value(L"v")), std::invalid_argument);
+    }
     EXPECT_EQ(read("registre.ini"), expected);
     EXPECT_EQ(textOf(Registry(root / "registre.ini"), L"HKEY_CURRENT_USER\\A", L"x"), L"C:\\d \"e\"");
 }

@@ -27,6 +27,8 @@ bool faitQuelqueChose(const std::string& nom)
     const std::wstring large(nom.begin(), nom.end());
     if (estUneFonction(large))
         return true;
+    if (std::ranges::find(tableCommandesVela(), large, &commande::nom) != tableCommandesVela().end())
+        return true;
     const auto commandeDite = std::ranges::find(table, large, &commande::nom);
     return commandeDite != table.end() && std::ranges::count(table, commandeDite->executer, &commande::executer) == 1;
 }

@@ -1,0 +1,81 @@
+#include "calculs/formules/fichierFormules.h"
+
+#include <charconv>
+
+#include "calculs/decouperLigne.h"
+#include "services/codages.h"
+#include "services/lettres.h"
+#include "services/reelDeTexte.h"
+
+namespace {
+
+std::string court(double valeur)
+{
+    char tampon[32];
+    return {tampon, std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr};
+}
+
+std::string cite(std::string texte)
+{
+    std::erase(texte, '"'); // the files have no way to write it
+    return '"' + texte + '"';
+}
+
+/// The word at a rank, or an empty one.
+std::string mot(const std::vector<std::wstring>& mots, std::size_t rang)
+{
+    return rang < mots.size() ? versAnsi(mots[rang]) : std::string();
+}
+
+} // namespace
+
+std::string contenuFormules(const formulesPoids& f)
+{
+    std::string texte;
+    for (const auto& [genre, formule] :
+         {std::pair{"angles", &f.angles}, std::pair{"gisements", &f.gisements}, std::pair{"distances", &f.distances}})
+        if (!formule->empty())
+            texte += std::string("Formule: ") + genre + " " + cite(*formule) + "\n";
+    for (const variableFormule& v : f.variables.variables())
+        texte += "Variable: " + cite(v.nom) + " " + court(v.valeur) + " " + cite(v.commentaire) + "\n";
+    return texte;
+}
+
+bool lireLigneFormule(const std::vector<std::wstring>& mots, formulesPoids& formules)
+{
+    const std::wstring cle = enMinuscules(mots.front());
+    if (cle == L"formule" && mots.size() >= 2) {
+        const std::wstring genre = enMinuscules(mots[1]);
+        std::string* const formule = genre == L"angles"      ? &formules.angles
+                                     : genre == L"gisements" ? &formules.gisements
+                                     : genre == L"distances" ? &formules.distances
+                                                             : nullptr;
+        if (formule)
+            *formule = mot(mots, 2);
+        return formule;
+    }
+    bool entier = false;
+    const double valeur = mots.size() >= 3 ? reelDeTexte(mots[2], &entier) : 0.0;
+    const std::string nom = mots.size() >= 3 ? nomDeVariable(versAnsi(mots[1])) : std::string();
+    if (cle != L"variable" || !entier || nom.empty())
+        return false;
+    formules.variables.definir({nom, valeur, mot(mots, 3)});
+    return true;
+}
+
+std::vector<remarqueLecture> lireFormules(std::string_view contenu, formulesPoids& formules)
+{
+    std::vector<remarqueLecture> remarques;
+    std::vector<std::wstring> mots;
+    for (std::size_t numero = 1; !contenu.empty(); ++numero) {
+        const std::size_t fin = contenu.find('\n');
+        std::string_view ligne = contenu.substr(0, fin);
+        contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
+        if (!ligne.empty() && ligne.back() == '\r')
+            ligne.remove_suffix(1);
+        decouperLigne(depuisAnsi(ligne), separateursPolygonale, mots);
+        if (!mots.empty() && !lireLigneFormule(mots, formules))
+            remarques.push_back({numero, L"« " + depuisAnsi(ligne.substr(0, 60)) + L" » n'est pas compris."});
+    }
+    return remarques;
+}

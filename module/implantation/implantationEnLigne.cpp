@@ -1,0 +1,137 @@
+#include "implantation/implantationEnLigne.h"
+
+#include <algorithm>
+
+#include "implantation/persistanceImplantation.h"
+#include "implantation/pointsDuProjet.h"
+#include "implantation/sortiesImplantation.h"
+#include "implantation/terrainDuDessin.h"
+#include "points/nomsVoulus.h"
+#include "points/projetDansDessin.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/lettres.h"
+
+#include "dbapserv.h"
+
+namespace {
+
+/// A sentence for the user.
+struct refus {
+    std::wstring phrase;
+};
+
+lieuNomme pointExige(const std::wstring& nom)
+{
+    if (auto lieu = pointNomme(nom)) {
+        if (lieu->planConnu())
+            return *lieu;
+        throw refus{L"le point « " + nom + L" » n'a pas de coordonnées."};
+    }
+    throw refus{L"le point « " + nom + L" » n'est dans aucune table de points du dessin."};
+}
+
+const listePointsDuDessin& tableDemandee(const demandeImplantation& demande)
+{
+    const listePointsDuDessin* const courante = tableCourante();
+    if (!courante)
+        throw refus{L"le dessin n'a pas de projet topographique : le module principal n'est pas chargé."};
+    if (demande.table.empty())
+        return *courante;
+    for (int i = 0; i < tablesPoints->nbTables(); ++i)
+        if (const listePointsDuDessin& table = *tablesPoints->getTable(i);
+            enMinuscules(std::wstring(table.getNomTable())) == enMinuscules(demande.table))
+            return table;
+    throw refus{L"le dessin n'a pas de table de points « " + demande.table + L" »."};
+}
+
+/// The points asked for, but those that are stations: nobody stakes out the station he stands on.
+void prendrePoints(const demandeImplantation& demande, travailImplantation& travail)
+{
+    const listePointsDuDessin& table = tableDemandee(demande);
+    const std::optional<nomsVoulus> voulus =
+        demande.points.empty() ? std::nullopt : std::optional<nomsVoulus>(demande.points);
+    const auto estStation = [&](const std::wstring& nom) {
+        return std::ranges::any_of(travail.stations,
+                                   [&](const auto& s) { return enMinuscules(s->lieu.nom) == enMinuscules(nom); });
+    };
+    for (int i = 0; i < table.nbPoint(); ++i) {
+        const pointDuDessin& point = *table.getData(i);
+        const lieuNomme lieu = lieuDe(point);
+        const bool voulu =
+            (!voulus || voulus->contient(lieu.nom)) && (!demande.code || point.getCode() == *demande.code);
+        if (voulu && !estStation(lieu.nom))
+            travail.ajouterPoint(lieu);
+    }
+    if (travail.points.empty())
+        throw refus{L"aucun point à implanter ne répond à la demande."};
+}
+
+void mettreEnStation(const demandeImplantation& demande, travailImplantation& travail)
+{
+    std::vector<std::wstring> noms = demande.stations;
+    if (!demande.station.empty())
+        noms.insert(noms.begin(), demande.station);
+    if (noms.empty())
+        throw refus{L"donnez la station (--station)."};
+    for (const std::wstring& nom : noms) {
+        const lieuNomme station = pointExige(nom);
+        if (demande.v0)
+            travail.stations.push_back(std::make_unique<observationMiseEnStationOrientee>(station, *demande.v0));
+        else if (demande.reference.empty())
+            travail.stations.push_back(creerMiseEnStation(station, {}, miseEnStationNord));
+        else
+            travail.stations.push_back(creerMiseEnStation(station, pointExige(demande.reference), miseEnStationPoint));
+    }
+}
+
+void repartirOuAffecter(const demandeImplantation& demande, travailImplantation& travail, suitesImplantation& suites)
+{
+    const travailImplantation::positions tous = travail.toutes();
+    if (!demande.repartir)
+        return travail.affecter(tous, travail.stations.front()->identifiant);
+    const auto bilan = travail.repartirPoints(tous, demande.repartition);
+    if (bilan.sansTerrain && !demande.verifier)
+        suites.avertissements.push_back(
+            L"Sans modèle de terrain, les points sont répartis d'après les seules distances.");
+    for (std::size_t i = 0; i < bilan.nonVus.size(); ++i)
+        suites.nonVus.emplace_back(travail.points[bilan.nonVus[i]].nom, bilan.manques[i]);
+}
+
+void garder(travailImplantation& travail)
+{
+    const CAcadUndoGroup groupe;
+    dessinerResultats(travail);
+    if (AcDbDatabase* const dessin = acdbHostApplicationServices()->workingDatabase();
+        !dessin || !garderTravail(*dessin, travail))
+        throw refus{L"le travail n'a pas pu être gardé dans le dessin."};
+}
+
+} // namespace
+
+suitesImplantation implanterEnLigne(const demandeImplantation& demande)
+{
+    suitesImplantation suites;
+    try {
+        reglagesDuProcessus().hauteur = hauteurAdmise(demande.seuil);
+        travailImplantation travail;
+        travail.hauteurStation = hauteurAdmise(demande.hauteur);
+        travail.verifier = demande.verifier;
+        mettreEnStation(demande, travail);
+        prendrePoints(demande, travail);
+        repartirOuAffecter(demande, travail, suites);
+        if (demande.verifier) {
+            if (!terrainDuDessin())
+                suites.avertissements.push_back(
+                    L"Aucun modèle de terrain dans ce dessin : la visibilité n'est pas vérifiée.");
+            travail.verifierVisibilite(travail.toutes());
+        }
+        suites.resultat = travail.resultat();
+        std::vector<std::wstring> aucun;
+        suites.rapport = contenuFichier(travail, formeFichier::html, aucun);
+        if (demande.dessiner)
+            garder(travail);
+    } catch (const refus& r) {
+        suites.erreur = r.phrase;
+    }
+    return suites;
+}

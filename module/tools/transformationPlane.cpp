@@ -1,0 +1,146 @@
+#include "tools/transformationPlane.h"
+
+#include <functional>
+
+namespace {
+
+/// Weighted sums of the active pairs about their centres; u the source, v the target.
+struct sommes {
+    double poids = 0.0;
+    int nombre = 0;
+    point2 centreSource, centreCible;
+    double uxux = 0.0, uxuy = 0.0, uyuy = 0.0, uxvx = 0.0, uyvx = 0.0, uxvy = 0.0, uyvy = 0.0;
+
+    explicit sommes(std::span<const couplePoints> couples)
+    {
+        // Shifted to the first pair, so that the mean of far coordinates keeps its digits.
+        const point2 source = couples.empty() ? point2{} : couples[0].source;
+        const point2 cible = couples.empty() ? point2{} : couples[0].cible;
+        pourActifs(couples, [&](const couplePoints& c) {
+            ++nombre;
+            poids += c.poids;
+            centreSource = centreSource + (c.source - source) * c.poids;
+            centreCible = centreCible + (c.cible - cible) * c.poids;
+        });
+        if (poids > 0.0) {
+            centreSource = source + centreSource * (1.0 / poids);
+            centreCible = cible + centreCible * (1.0 / poids);
+        }
+        pourActifs(couples, [&](const couplePoints& c) { cumuler(c); });
+    }
+
+    double carre() const { return uxux + uyuy; }
+    double determinant() const { return uxux * uyuy - uxuy * uxuy; }
+
+private:
+    static void pourActifs(std::span<const couplePoints> couples, const std::function<void(const couplePoints&)>& pour)
+    {
+        for (const couplePoints& c : couples)
+            if (c.actif)
+                pour(c);
+    }
+    void cumuler(const couplePoints& c)
+    {
+        const point2 u = c.source - centreSource, v = c.cible - centreCible;
+        uxux += c.poids * u.x * u.x;
+        uxuy += c.poids * u.x * u.y;
+        uyuy += c.poids * u.y * u.y;
+        uxvx += c.poids * u.x * v.x;
+        uyvx += c.poids * u.y * v.x;
+        uxvy += c.poids * u.x * v.y;
+        uyvy += c.poids * u.y * v.y;
+    }
+};
+
+int couplesNecessaires(typeTransformation type)
+{
+    return type == typeTransformation::translation ? 1 : type == typeTransformation::similitude ? 2 : 3;
+}
+
+std::wstring refus(const sommes& s, typeTransformation type)
+{
+    const int minimum = couplesNecessaires(type);
+    if (s.nombre < minimum)
+        return L"Il faut au moins " + std::to_wstring(minimum) +
+               (minimum > 1 ? L" couples actifs pour cette transformation." : L" couple actif.");
+    if (type != typeTransformation::translation && !(s.carre() > 0.0))
+        return L"Les points sources sont tous au même endroit.";
+    if (type == typeTransformation::affine && !(s.determinant() > 1e-12 * s.carre() * s.carre()))
+        return L"Les points sources sont alignés : ils ne déterminent pas une transformation affine.";
+    return {};
+}
+
+transformationPlane resoudre(const sommes& s, typeTransformation type)
+{
+    transformationPlane t;
+    t.centre = s.centreSource;
+    t.cible = s.centreCible;
+    if (type == typeTransformation::similitude) {
+        t.xx = t.yy = (s.uxvx + s.uyvy) / s.carre();
+        t.yx = (s.uxvy - s.uyvx) / s.carre();
+        t.xy = -t.yx;
+    } else if (type == typeTransformation::affine) {
+        const double d = s.determinant();
+        t.xx = (s.uxvx * s.uyuy - s.uyvx * s.uxuy) / d;
+        t.xy = (s.uyvx * s.uxux - s.uxvx * s.uxuy) / d;
+        t.yx = (s.uxvy * s.uyuy - s.uyvy * s.uxuy) / d;
+        t.yy = (s.uyvy * s.uxux - s.uxvy * s.uxuy) / d;
+    }
+    return t;
+}
+
+/// How much a pair's own error pulls the transformation along, 0 to 1.
+double entrainement(const couplePoints& c, const sommes& s, typeTransformation type)
+{
+    const point2 u = c.source - s.centreSource;
+    double h = 1.0 / s.poids;
+    if (type == typeTransformation::similitude)
+        h += scalaire(u, u) / s.carre();
+    else if (type == typeTransformation::affine)
+        h += (u.x * u.x * s.uyuy - 2.0 * u.x * u.y * s.uxuy + u.y * u.y * s.uxux) / s.determinant();
+    return c.poids * h;
+}
+
+void juger(std::span<const couplePoints> couples, resultatTransformation& r)
+{
+    double pire = 0.0;
+    for (std::size_t i = 0; i < couples.size(); ++i) {
+        ecartCouple& e = r.ecarts[i];
+        if (!couples[i].actif || !r.s0 || !(*r.s0 > 0.0) || e.redondance < 1e-9)
+            continue;
+        e.normalise = std::hypot(e.vx, e.vy) * std::sqrt(couples[i].poids / e.redondance) / *r.s0;
+        if (*e.normalise > pire) {
+            pire = *e.normalise;
+            r.pire = i;
+        }
+    }
+}
+
+} // namespace
+
+std::variant<resultatTransformation, std::wstring> calculerTransformation(std::span<const couplePoints> couples,
+                                                                          typeTransformation type)
+{
+    const sommes s(couples);
+    if (std::wstring raison = refus(s, type); !raison.empty())
+        return raison;
+    resultatTransformation r;
+    r.transformation = resoudre(s, type);
+    r.degresDeLiberte = 2 * (s.nombre - couplesNecessaires(type));
+    double carres = 0.0;
+    for (const couplePoints& c : couples) {
+        const point2 v = r.transformation.appliquer(c.source) - c.cible;
+        ecartCouple e{v.x, v.y, 0.0, std::nullopt};
+        if (c.actif) {
+            e.redondance = std::max(0.0, 1.0 - entrainement(c, s, type));
+            carres += c.poids * scalaire(v, v);
+        }
+        r.ecarts.push_back(e);
+    }
+    if (r.degresDeLiberte > 0)
+        r.s0 = std::sqrt(carres / r.degresDeLiberte);
+    r.sigmaTranslation = 1.0 / std::sqrt(s.poids);
+    r.sigmaCoefficient = s.carre() > 0.0 ? 1.0 / std::sqrt(s.carre()) : 0.0;
+    juger(couples, r);
+    return r;
+}
