@@ -226,13 +226,13 @@ void DlgTransformer::montrerApercu(bool montrer)
 {
     AcGiTransientManager& transitoires = *acgiGetTransientManager();
     for (const auto& copie : m_apercu)
-        transitoires.eraseTransient(copie.get(), {});
+        transitoires.eraseTransient(copie.get(), AcGeIntArray());
     m_apercu.clear();
     if (!montrer || !m_resultat)
         return;
     m_apercu = copiesTransformees(m_objets, matriceDe(m_resultat->transformation), apercuAuPlus);
     for (const auto& copie : m_apercu)
-        transitoires.addTransient(copie.get(), kAcGiContrast, 0, {});
+        transitoires.addTransient(copie.get(), kAcGiContrast, 0, AcGeIntArray());
 }
 
 void DlgTransformer::montrerRapport()

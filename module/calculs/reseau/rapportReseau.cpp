@@ -26,7 +26,7 @@ void cellule(htmlTable& table, double valeur, int decimalesVoulues)
     if (estConnue(valeur))
         table.addCell(valeur, decimalesVoulues, celluleNombre);
     else
-        table.addCell(vide, celluleNombre);
+        table.addCell(celluleVide, celluleNombre);
 }
 
 void celluleMm(htmlTable& table, double metres)
@@ -36,7 +36,7 @@ void celluleMm(htmlTable& table, double metres)
 
 std::string nomDe(const reseau& r, int point)
 {
-    return point < 0 ? vide : nomHtml(r.points[static_cast<std::size_t>(point)].nom);
+    return point < 0 ? celluleVide : nomHtml(r.points[static_cast<std::size_t>(point)].nom);
 }
 
 void paragraphe(htmlDocument& document, const std::wstring& texte)
@@ -195,7 +195,7 @@ void rapporterResidus(const reseau& r, const resultatReseau& resultat, htmlDocum
         cellule(table, mesureAffichee(r, o, m.compensee), decimalesDe(o));
         cellule(table, residuAffiche(r, o, m.residu) * unite, 1);
         cellule(table, m.redondance, 2);
-        table.addCell(estConnue(m.normalise) ? nombreFixe(m.normalise, 2) : std::string(vide),
+        table.addCell(estConnue(m.normalise) ? nombreFixe(m.normalise, 2) : std::string(celluleVide),
                       m.suspecte ? celluleEnTete : celluleNombre);
         cellule(table,
                 estConnue(m.erreurDetectable) ? m.erreurDetectable / (estAngulaire(o.genre) ? dmgrEnRadians : milli)
@@ -259,7 +259,7 @@ void rapporterReseau(const reseau& r, const resultatReseau& resultat, htmlDocume
 {
     document.addHeadLine(htmlHeadWindows1252);
     document.addHeadLine("<title>" + versAnsi(L"Compensation de réseau") + "</title>\n");
-    declarerClasses(document);
+    declarerClassesRapport(document);
     rapporterDonnees(r, resultat, document);
     rapporterObservations(r, resultat, document);
     rapporterQualite(r, resultat, document);
