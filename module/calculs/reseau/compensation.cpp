@@ -245,13 +245,16 @@ void testerGlobalement(calcul& k)
 }
 
 /// Suspects are looked for around places that gross faults did not pull away: there the equations are near enough to
-/// linear ones for half a turn to be told from a good direction. Changes the system.
+/// linear ones for half a turn to be told from a good direction. May change the system.
 void soupconner(calcul& k, systemeReseau& s, const coordonneesReseau& trouvees, const coordonneesReseau& depart)
 {
     constexpr double foisGrossier = 4.0;
     constexpr int pas = 25;
+    const bool ordinaire = k.options.methode == estimateur::moindresCarres;
+    if (ordinaire && k.resultat.s0 <= foisGrossier * k.r.sigma)
+        return chercherSuspects(k.r, s, trouvees, k.resultat); // the system stands there, inverted
     coordonneesReseau c = trouvees;
-    if (k.options.methode == estimateur::moindresCarres && k.resultat.s0 > foisGrossier * k.r.sigma) {
+    if (ordinaire) {
         const auto desaccord = [&](const coordonneesReseau& ou) {
             return desaccordMedian(k.r, ou, k.ecarts, s.retenues());
         };
