@@ -24,6 +24,7 @@ protected:
     std::string contenu() const override { return contenuPolygonale(donnees()); }
     std::vector<std::wstring> perduALEcriture() const override { return avertissementsEcriture(donnees()); }
     polygonaleCalculee calculee(htmlDocument* rapport) const override { return calculerPolygonale(donnees(), rapport); }
+    polygonaleEnReseau observations() const override { return enReseau(donnees()); }
 
 private:
     std::unique_ptr<Ui::corrPolygoDLG> m_ui;

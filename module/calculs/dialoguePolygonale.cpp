@@ -11,6 +11,7 @@
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/panneauPolygonale.h"
 #include "calculs/placerPolygonale.h"
+#include "calculs/reseau/comparaisonPolygonale.h"
 #include "points/projetDansDessin.h"
 #include "reports/htmlDocument.h"
 #include "reports/resultPolygo.h"
@@ -77,6 +78,7 @@ void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_l
     connect(m_panneau, &panneauPolygonale::charger, this, &dialoguePolygonale::charger);
     connect(m_panneau, &panneauPolygonale::sauvegarder, this, &dialoguePolygonale::sauvegarder);
     connect(m_panneau, &panneauPolygonale::calculer, this, &dialoguePolygonale::calculer);
+    connect(m_panneau, &panneauPolygonale::comparer, this, &dialoguePolygonale::comparerMoindresCarres);
     connect(m_panneau, &panneauPolygonale::placer, this, &dialoguePolygonale::placer);
     connect(m_panneau, &panneauPolygonale::fermer, this, &QDialog::accept);
     const auto dessiner = qOverload<>(&QTimer::start);
@@ -163,6 +165,28 @@ void dialoguePolygonale::calculer()
         suite.push_back(L"Le rapport n'a pas pu être écrit.");
     montrerBilan(p, suite);
     resultPolygo(rapport.fileName().wstring(), remarques(p)).exec();
+}
+
+/// In a report of its own: that of the traverse stays as it is.
+void dialoguePolygonale::comparerMoindresCarres()
+{
+    if (!donneesSuffisantes())
+        return afficherAvertissement(titreCalculs, donneesInsuffisantes);
+    try {
+        const polygonaleCalculee p = calculee(nullptr);
+        const comparaisonPolygonale c = comparer(p.resultat, observations());
+        htmlDocument rapport;
+        rapporterComparaison(c, rapport);
+        std::vector<std::wstring> suite{phraseComparaison(c)};
+        if (!rapport.write())
+            suite.push_back(L"Le rapport n'a pas pu être écrit.");
+        montrerBilan(p, suite);
+        resultPolygo(rapport.fileName().wstring(), suite).exec();
+    } catch (const erreurReseau& faute) {
+        afficherAvertissement(titreCalculs, faute.phrase());
+    } catch (const std::exception&) {
+        afficherAvertissement(titreCalculs, erreurDeCalcul);
+    }
 }
 
 bool dialoguePolygonale::placerQuandMeme(const polygonaleCalculee& calculee) const

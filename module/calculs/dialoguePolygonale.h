@@ -7,6 +7,7 @@
 
 #include "calculs/fichierPolygonale.h"
 #include "calculs/polygonaleCalculee.h"
+#include "calculs/reseau/fichierReseau.h"
 #include "services/dialogueModule.h"
 
 class CParamMisePlaceResultCalcs;
@@ -32,11 +33,13 @@ protected:
     virtual std::string contenu() const = 0;
     virtual std::vector<std::wstring> perduALEcriture() const = 0; ///< see avertissementsEcriture
     virtual polygonaleCalculee calculee(htmlDocument* rapport) const = 0;
+    virtual polygonaleEnReseau observations() const = 0;
 
 private:
     void charger();
     void sauvegarder();
     void calculer();
+    void comparerMoindresCarres();
     void placer();
     bool placerQuandMeme(const polygonaleCalculee& calculee) const;
     void placerStations(const polygonaleCalculee& calculee, const CParamMisePlaceResultCalcs& parametres);

@@ -30,6 +30,7 @@ panneauPolygonale::panneauPolygonale(QWidget* parent) : QWidget(parent), m_ui(st
     connect(m_ui->boutonCharger, &QPushButton::clicked, this, &panneauPolygonale::charger);
     connect(m_ui->boutonSauvegarder, &QPushButton::clicked, this, &panneauPolygonale::sauvegarder);
     connect(m_ui->boutonCalculer, &QPushButton::clicked, this, &panneauPolygonale::calculer);
+    connect(m_ui->boutonComparer, &QPushButton::clicked, this, &panneauPolygonale::comparer);
     connect(m_ui->boutonPlacer, &QPushButton::clicked, this, &panneauPolygonale::placer);
     connect(m_ui->boutonFermer, &QPushButton::clicked, this, &panneauPolygonale::fermer);
     connect(m_ui->liste, &listeObservations::lignesChangees, this, &panneauPolygonale::donneesChangees);

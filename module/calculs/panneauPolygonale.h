@@ -33,6 +33,7 @@ signals:
     void charger();
     void sauvegarder();
     void calculer();
+    void comparer();
     void placer();
     void fermer();
     void donneesChangees();

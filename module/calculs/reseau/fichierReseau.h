@@ -29,6 +29,14 @@ reseauLu lireGkf(std::string_view contenu);
 /// arrival, height differences when there are any.
 reseauLu reseauDePolygonale(std::string_view contenu);
 
+/// A traverse as such a network, and the points of its stations in the order of its computation, departure first.
+struct polygonaleEnReseau {
+    reseau r;
+    std::vector<int> stations;
+};
+polygonaleEnReseau enReseau(const donneesPolygonaleFermee& donnees);
+polygonaleEnReseau enReseau(const donneesPolygonaleOuverte& donnees);
+
 /// By content and extension: XML, traverse, or our own.
 reseauLu lireReseau(std::string_view contenu, std::wstring_view nomFichier);
 reseauLu chargerReseau(const std::filesystem::path& fichier);

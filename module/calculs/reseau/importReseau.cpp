@@ -22,9 +22,10 @@ public:
         m_r.precisions = precisionsUsuelles();
     }
 
-    int fixer(const stationPolygonale& s, bool altitude)
+    /// @param sansNom what a station without a name is called
+    int fixer(const stationPolygonale& s, bool altitude, const std::wstring& sansNom)
     {
-        const int place = m_r.point(s.nom.empty() ? L"(sans nom)" : s.nom);
+        const int place = m_r.point(s.nom.empty() ? sansNom : s.nom);
         pointReseau& p = m_r.points[static_cast<std::size_t>(place)];
         p.x = s.x;
         p.y = s.y;
@@ -100,11 +101,11 @@ bool aDesAltitudes(const std::vector<ligneObservation>& lignes)
 }
 
 /// The bearing of the first leg is held; each angle is measured at the station before, from the one before that.
-void traduire(const donneesPolygonaleFermee& d, reseau& r)
+std::vector<int> traduire(const donneesPolygonaleFermee& d, reseau& r)
 {
     traducteur t(r, d.unite);
     const bool altitude = aDesAltitudes(d.lignes);
-    const int depart = t.fixer(d.depart, altitude);
+    const int depart = t.fixer(d.depart, altitude, L"(départ)");
     std::vector<int> boucle{depart};
     for (std::size_t i = 0; i + 1 < d.lignes.size(); ++i)
         boucle.push_back(t.point(d.lignes[i].station));
@@ -116,18 +117,20 @@ void traduire(const donneesPolygonaleFermee& d, reseau& r)
         t.angleA(station, arriere, avant, reelDeTexte(d.lignes[i].angle));
         t.cote(station, avant, d.lignes[i], altitude);
     }
+    return boucle;
 }
 
 /// The bearing of departure runs to the first station, that of arrival leaves the last: the angles there are bearings.
-void traduire(const donneesPolygonaleOuverte& d, reseau& r)
+std::vector<int> traduire(const donneesPolygonaleOuverte& d, reseau& r)
 {
     traducteur t(r, d.unite);
     const bool altitude = aDesAltitudes(d.lignes);
-    std::vector<int> stations{t.fixer(d.depart, altitude)};
+    std::vector<int> stations{t.fixer(d.depart, altitude, L"(départ)")};
     for (std::size_t i = 0; i + 1 < d.lignes.size(); ++i)
         stations.push_back(t.point(d.lignes[i].station));
-    stations.push_back(t.fixer(d.arrivee, altitude));
     const std::size_t n = d.lignes.size();
+    const std::wstring derniere = n == 0 ? std::wstring() : d.lignes.back().station;
+    stations.push_back(t.fixer(d.arrivee, altitude, derniere.empty() ? L"(arrivée)" : derniere));
     for (std::size_t i = 0; i < n; ++i) {
         const double a = reelDeTexte(d.lignes[i].angle);
         if (i == 0)
@@ -138,6 +141,15 @@ void traduire(const donneesPolygonaleOuverte& d, reseau& r)
     }
     if (n > 0)
         t.gisementDe(stations[n], stations[n - 1], d.arrivee.gisement - d.fermeture, 0.0);
+    return stations;
+}
+
+template <class Donnees>
+polygonaleEnReseau traduite(const Donnees& d)
+{
+    polygonaleEnReseau p;
+    p.stations = traduire(d, p.r);
+    return p;
 }
 
 template <class Donnees>
@@ -178,6 +190,16 @@ bool estXml(std::string_view contenu)
 }
 
 } // namespace
+
+polygonaleEnReseau enReseau(const donneesPolygonaleFermee& donnees)
+{
+    return traduite(donnees);
+}
+
+polygonaleEnReseau enReseau(const donneesPolygonaleOuverte& donnees)
+{
+    return traduite(donnees);
+}
 
 reseauLu reseauDePolygonale(std::string_view contenu)
 {

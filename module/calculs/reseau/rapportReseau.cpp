@@ -207,6 +207,8 @@ void rapporterResidus(const reseau& r, const resultatReseau& resultat, htmlDocum
     document.append(table.render());
 }
 
+} // namespace
+
 void rapporterCroquis(const reseau& r, const resultatReseau& resultat, htmlDocument& document)
 {
     const figurePlane figure = figureDe(r, resultat);
@@ -218,8 +220,6 @@ void rapporterCroquis(const reseau& r, const resultatReseau& resultat, htmlDocum
                              L" fois ; en rouge, les observations suspectes.");
     document.append("<div>" + svg + "</div>\n");
 }
-
-} // namespace
 
 double residuAffiche(const reseau& r, const observationReseau& o, double residu)
 {

@@ -12,3 +12,5 @@ std::wstring phraseTestGlobal(const reseau& r, const resultatReseau& resultat);
 std::wstring phraseSuspect(const reseau& r, const suspectReseau& suspect);
 /// A residual, or an error of a measure: in metres, or grades in the sense of the file.
 double residuAffiche(const reseau& r, const observationReseau& o, double residu);
+/// The sketch of the network under its heading; nothing when no point has a place.
+void rapporterCroquis(const reseau& r, const resultatReseau& resultat, htmlDocument& document);

@@ -1,0 +1,157 @@
+#include "calculs/reseau/comparaisonPolygonale.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "calculs/phrasesConseil.h"
+#include "calculs/rapportPolygonale.h"
+#include "calculs/reseau/compensation.h"
+#include "calculs/reseau/rapportReseau.h"
+#include "reports/htmlText.h"
+#include "services/codages.h"
+#include "services/nombreFixe.h"
+
+using namespace rapportPolygonale;
+
+namespace {
+
+constexpr int decimalesMetres = 4;
+
+std::wstring nombre(double valeur, int decimales)
+{
+    return depuisAnsi(nombreFixe(valeur, decimales));
+}
+
+double difference(double a, double b)
+{
+    return estConnue(a) && estConnue(b) && std::isfinite(a) ? a - b : inconnu;
+}
+
+stationComparee comparerStation(const stationCorrigee& s, const pointReseau& point, const pointCompense& p)
+{
+    stationComparee c;
+    c.nom = s.nom;
+    c.x = p.x;
+    c.y = p.y;
+    c.z = p.z;
+    c.dx = difference(s.x, p.x);
+    c.dy = difference(s.y, p.y);
+    c.dz = difference(s.z, p.z);
+    c.connue = point.plan == tenue::fixe;
+    if (!p.planCherche)
+        return c;
+    c.ellipse = p.ellipse;
+    const double determinant = p.sx * p.sx * p.sy * p.sy - p.cxy * p.cxy;
+    if (determinant > 0.0 && estConnue(c.dx) && estConnue(c.dy))
+        c.norme = std::sqrt((c.dx * c.dx * p.sy * p.sy - 2.0 * c.dx * c.dy * p.cxy + c.dy * c.dy * p.sx * p.sx) /
+                            determinant);
+    return c;
+}
+
+void paragraphe(htmlDocument& document, const std::wstring& texte)
+{
+    ajouterParagraphe(document, htmlEscaped(versAnsi(texte)));
+}
+
+/// An unknown value leaves its cell empty.
+void cellule(htmlTable& table, double valeur, int decimales)
+{
+    if (estConnue(valeur))
+        table.addCell(valeur, decimales, celluleNombre);
+    else
+        table.addCell(celluleVide, celluleNombre);
+}
+
+void celluleMm(htmlTable& table, double metres)
+{
+    cellule(table, estConnue(metres) ? metres / milli : inconnu, 1);
+}
+
+void rapporterPoids(const comparaisonPolygonale& c, htmlDocument& document)
+{
+    paragraphe(document, L"Mêmes observations, avec les écarts-types " + nombre(dmgrUsuels, 0) +
+                             L" dmgr pour un angle ou un gisement, " + nombre(millimetresUsuels, 0) + L" mm + " +
+                             nombre(millimetresParKmUsuels, 0) + L" mm/km pour une distance et " +
+                             nombre(deniveleeUsuelle, 0) +
+                             L" mm × √km pour une dénivelée ; les stations connues sont tenues, et le gisement du "
+                             L"premier côté d'une polygonale fermée.");
+    paragraphe(document, phraseTestGlobal(c.r, c.resultat));
+    for (const suspectReseau& s : c.resultat.suspects)
+        paragraphe(document, phraseSuspect(c.r, s));
+    for (const std::wstring& message : c.resultat.messages)
+        paragraphe(document, message);
+}
+
+void rapporterStations(const comparaisonPolygonale& c, htmlDocument& document)
+{
+    ajouterTitre(document, L"Station par station");
+    paragraphe(document, phraseComparaison(c));
+    paragraphe(document, L"Coordonnées par moindres carrés. Écart = polygonale - moindres carrés, en mm ; a, b et "
+                         L"gisement (en grades) : l'ellipse d'erreur, probabilité 39 %, en mm ; écart normé : l'écart "
+                         L"rapporté à l'ellipse dans sa direction, sur elle il vaut 1.");
+    htmlTable table =
+        tableau({L"Station", L"X", L"Y", L"Z", L"dX", L"dY", L"dZ", L"Écart", L"a", L"b", L"Gisement", L"Écart normé"});
+    for (const stationComparee& s : c.stations) {
+        table.beginRow();
+        table.addCell(nomHtml(s.nom), celluleNomGauche);
+        for (const double valeur : {s.x, s.y, s.z})
+            cellule(table, valeur, decimalesMetres);
+        if (s.connue) {
+            table.addCell("connue", "class=celnorm align=center colspan=8");
+            continue;
+        }
+        for (const double valeur : {s.dx, s.dy, s.dz, s.ecart()})
+            celluleMm(table, valeur);
+        celluleMm(table, estConnue(s.norme) ? s.ellipse.a : inconnu);
+        celluleMm(table, estConnue(s.norme) ? s.ellipse.b : inconnu);
+        cellule(table, estConnue(s.norme) ? s.ellipse.gisement / gradeEnRadians : inconnu, 1);
+        cellule(table, s.norme, 2);
+    }
+    document.append(table.render());
+}
+
+} // namespace
+
+double stationComparee::ecart() const
+{
+    return estConnue(dx) && estConnue(dy) ? std::hypot(dx, dy) : inconnu;
+}
+
+comparaisonPolygonale comparer(const cheminement& resultat, polygonaleEnReseau observations)
+{
+    comparaisonPolygonale c;
+    c.r = std::move(observations.r);
+    c.resultat = compenser(c.r);
+    const std::size_t nombreStations = std::min(resultat.stations.size(), observations.stations.size());
+    for (std::size_t k = 0; k < nombreStations; ++k) {
+        const auto place = static_cast<std::size_t>(observations.stations[k]);
+        c.stations.push_back(comparerStation(resultat.stations[k], c.r.points[place], c.resultat.points[place]));
+    }
+    return c;
+}
+
+std::wstring phraseComparaison(const comparaisonPolygonale& c)
+{
+    const stationComparee* plusLoin = nullptr;
+    for (const stationComparee& s : c.stations)
+        if (!s.connue && estConnue(s.ecart()) && (!plusLoin || s.ecart() > plusLoin->ecart()))
+            plusLoin = &s;
+    std::wstring phrase = L"Moindres carrés : ";
+    phrase += estConnue(c.resultat.s0) ? L"s0 = " + nombre(c.resultat.s0, 2) : L"aucune redondance";
+    if (!plusLoin)
+        return phrase + L" ; aucune station à comparer.";
+    return phrase + L" ; le plus grand écart à la polygonale est de " + nombre(plusLoin->ecart() / milli, 1) +
+           L" mm, à la station " + cite(plusLoin->nom) + L" (ellipse " + nombre(plusLoin->ellipse.a / milli, 1) +
+           L" × " + nombre(plusLoin->ellipse.b / milli, 1) + L" mm).";
+}
+
+void rapporterComparaison(const comparaisonPolygonale& c, htmlDocument& document)
+{
+    document.addHeadLine(htmlHeadWindows1252);
+    document.addHeadLine("<title>" + versAnsi(L"Polygonale et moindres carrés") + "</title>\n");
+    declarerClassesRapport(document);
+    document.append(htmlText(versAnsi(L"Comparaison de la polygonale et des moindres carrés"), "class=grand").render());
+    rapporterPoids(c, document);
+    rapporterStations(c, document);
+    rapporterCroquis(c.r, c.resultat, document);
+}
