@@ -5,7 +5,6 @@
 #include <iostream>
 
 #include "calculs/avertissementsPolygonale.h"
-#include "calculs/conseilAngulaire.h"
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/placerPolygonale.h"
@@ -160,7 +159,7 @@ void refuserHorsTolerance(const demandePolygonale& demande, const Resultat& resu
 template <class Resultat>
 void refuserHorsPratique(const demandePolygonale& demande, const Resultat& resultat)
 {
-    const std::wstring remarque = remarqueFermeture(resultat), conseil = conseilAngulaire(resultat);
+    const std::wstring remarque = remarqueFermeture(resultat), conseil = conseilPolygonale(resultat);
     if (remarque.empty() || demande.quandMeme)
         return;
     throw erreurProgramme(demande.observations + " : " + platform::utf8FromWide(remarque) +

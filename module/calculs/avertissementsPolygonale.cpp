@@ -6,6 +6,7 @@
 #include <set>
 
 #include "calculs/conseilAngulaire.h"
+#include "calculs/fauteUnique.h"
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/phrasesConseil.h"
 #include "services/codages.h"
@@ -100,12 +101,24 @@ std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObse
     return resultat;
 }
 
+std::wstring conseilPolygonale(const resultatPolygonaleFermee& resultat)
+{
+    std::wstring conseil = conseilAngulaire(resultat);
+    return conseil.empty() ? conseilFaute(resultat) : conseil;
+}
+
+std::wstring conseilPolygonale(const resultatPolygonaleOuverte& resultat)
+{
+    std::wstring conseil = conseilAngulaire(resultat);
+    return conseil.empty() ? conseilFaute(resultat) : conseil;
+}
+
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleFermee& resultat)
 {
     if (resultat.cotes.size() < 2)
         return {donneesInsuffisantes};
     return avertissements(resultat, {resultat.depart.nom, L"de départ", L"la boucle doit s'y refermer."},
-                          conseilAngulaire(resultat));
+                          conseilPolygonale(resultat));
 }
 
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuverte& resultat)
@@ -113,7 +126,7 @@ std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuver
     if (resultat.cotes.size() < 2)
         return {donneesInsuffisantes};
     return avertissements(resultat, {resultat.arrivee.nom, L"d'arrivée", L"la polygonale doit y finir."},
-                          conseilAngulaire(resultat));
+                          conseilPolygonale(resultat));
 }
 
 std::vector<std::wstring> avertissementsNoms(const std::vector<std::wstring>& noms, std::size_t longueur,

@@ -16,9 +16,14 @@ inline constexpr wchar_t donneesInsuffisantes[] = L"Erreur , données insuffisan
 /// Cells that are not numbers, such as "217,63" which reads as 217: one sentence a row and column.
 std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObservation>& lignes);
 
+/// What may be behind a traverse that does not close; empty for nothing. A rule of booking, or half a turn, explains
+/// more than one fault does: only where none is told (conseilAngulaire) is a fault looked for (conseilFaute).
+std::wstring conseilPolygonale(const resultatPolygonaleFermee& resultat);
+std::wstring conseilPolygonale(const resultatPolygonaleOuverte& resultat);
+
 /// Lengths and sums that are zero, results that are unknown or not finite, a last row that does not name the station
 /// where the traverse ends, a closure beyond any practice (remarqueFermeture) and what may be behind it
-/// (conseilAngulaire).
+/// (conseilPolygonale).
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleFermee& resultat);
 std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuverte& resultat);
 

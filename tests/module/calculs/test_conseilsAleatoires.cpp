@@ -1,11 +1,13 @@
 // Advice on angles, measured on random traverses whose fault is known: it is followed to the letter, and what comes out
 // is compared with the stations. The rates stand in the test's XML output and in its messages.
 
+#include <cmath>
 #include <map>
 
 #include <gtest/gtest.h>
 
 #include "calculs/conseilAngulaire.h"
+#include "calculs/fauteUnique.h"
 #include "calculs/uniteAngulaire.h"
 
 #include "polygonalesAleatoires.h"
@@ -185,6 +187,67 @@ TEST(ConseilsAleatoires, TwoAnglesThatExplainAlikeAreBothNamed)
         EXPECT_NE(conseil.find(L"« excentrée »"), std::wstring::npos);
         EXPECT_NE(conseil.find(L"Soit "), std::wstring::npos);
     }
+}
+
+/// A lone gross fault in one angle or one length: how often it is the one named, and how often another is.
+TEST(ConseilsAleatoires, OneFaultIsNamedOrNothingIs)
+{
+    Alea alea(1793);
+    constexpr int essais = 2000;
+    int nommees = 0, autres = 0;
+    for (int i = 0; i < essais; ++i) {
+        const bool boucle = i % 2 == 0, angulaire = i % 4 < 2;
+        polygonaleTiree p = boucle ? boucleAleatoire(alea, sensBoucle::horaire) : ouverteAleatoire(alea);
+        const auto k = static_cast<std::size_t>(alea.entre(0.0, static_cast<double>(p.lignes.size())));
+        const double signe = i % 8 < 4 ? 1.0 : -1.0;
+        const double faute =
+            signe * (angulaire ? alea.entre(1.0, 30.0) / 400.0 * tourComplet(p.unite) : alea.entre(3.0, 20.0));
+        (angulaire ? p.lignes[k].angle : p.lignes[k].distance) += faute;
+        const auto f = boucle ? chercherFaute(p.fermee()) : chercherFaute(p.ouverte());
+        if (!f)
+            continue;
+        const double precision = angulaire ? 0.1 / 400.0 * tourComplet(p.unite) : 0.5;
+        const bool juste = f->angulaire == angulaire && f->rang == k && std::abs(f->correction + faute) < precision;
+        ++(juste ? nommees : autres);
+    }
+    std::printf("one fault: named %d, another named %d, of %d\n", nommees, autres, essais);
+    EXPECT_GT(nommees, essais / 2);
+    EXPECT_LE(autres, essais / 1000);
+}
+
+/// Coarse instruments give good data too.
+TEST(ConseilsAleatoires, NoFaultIsFoundInGoodData)
+{
+    for (const double grades : {0.0, 0.02, 0.3}) {
+        Alea alea(1802);
+        int dites = 0;
+        for (int i = 0; i < 2000; ++i) {
+            const bool boucle = i % 2 == 0;
+            polygonaleTiree p = boucle ? boucleAleatoire(alea, sensBoucle::horaire) : ouverteAleatoire(alea);
+            const double ecart = grades / 400.0 * tourComplet(p.unite), relatif = grades / 300.0;
+            for (observationPolygonale& l : p.lignes) {
+                l.angle += alea.entre(-ecart, ecart);
+                l.distance *= 1.0 + alea.entre(-relatif, relatif);
+            }
+            dites += boucle ? chercherFaute(p.fermee()).has_value() : chercherFaute(p.ouverte()).has_value();
+        }
+        EXPECT_EQ(dites, 0) << grades;
+    }
+}
+
+/// A square whose third side is 5 m too long: the first side would explain it as well. Not so once a corner is cut.
+TEST(ConseilsAleatoires, ParallelLegsCannotBeToldApart)
+{
+    const stationPolygonale depart{L"A", 0.0, 0.0, 0.0, 0.0};
+    const auto carre = compenserPolygonaleFermee(
+        depart, 0, uniteGrades,
+        {{L"B", 300.0, 100.0, 0}, {L"C", 300.0, 100.0, 0}, {L"D", 300.0, 105.0, 0}, {L"A", 300.0, 100.0, 0}});
+    EXPECT_EQ(conseilFaute(carre), L"");
+    const auto triangle = compenserPolygonaleFermee(
+        depart, 0, uniteGrades, {{L"B", 350.0, 100.0, 0}, {L"C", 300.0, 105.0, 0}, {L"A", 350.0, 141.421, 0}});
+    EXPECT_EQ(conseilFaute(triangle),
+              L"Une seule faute expliquerait cette fermeture : la longueur du côté « B » - « C », 100.000 au lieu de "
+              L"105.000 à la ligne 2 ; il resterait 0.000 (1/1 375 244). À vérifier sur le carnet ou le terrain.");
 }
 
 } // namespace
