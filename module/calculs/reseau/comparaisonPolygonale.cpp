@@ -16,6 +16,8 @@ using namespace rapportPolygonale;
 namespace {
 
 constexpr int decimalesMetres = 4;
+/// Across a bearing that is held an ellipse has no width, and nothing can be measured by it.
+constexpr double ellipseLaPlusMince = 0.1 * milli;
 
 std::wstring nombre(double valeur, int decimales)
 {
@@ -42,7 +44,7 @@ stationComparee comparerStation(const stationCorrigee& s, const pointReseau& poi
         return c;
     c.ellipse = p.ellipse;
     const double determinant = p.sx * p.sx * p.sy * p.sy - p.cxy * p.cxy;
-    if (determinant > 0.0 && estConnue(c.dx) && estConnue(c.dy))
+    if (c.ellipse.b > ellipseLaPlusMince && determinant > 0.0 && estConnue(c.dx) && estConnue(c.dy))
         c.norme = std::sqrt((c.dx * c.dx * p.sy * p.sy - 2.0 * c.dx * c.dy * p.cxy + c.dy * c.dy * p.sx * p.sx) /
                             determinant);
     return c;
@@ -64,7 +66,8 @@ void cellule(htmlTable& table, double valeur, int decimales)
 
 void celluleMm(htmlTable& table, double metres)
 {
-    cellule(table, estConnue(metres) ? metres / milli : inconnu, 1);
+    constexpr double zero = 0.05 * milli; // has no sign
+    cellule(table, !estConnue(metres) ? inconnu : std::abs(metres) < zero ? 0.0 : metres / milli, 1);
 }
 
 void rapporterPoids(const comparaisonPolygonale& c, htmlDocument& document)
@@ -86,9 +89,10 @@ void rapporterStations(const comparaisonPolygonale& c, htmlDocument& document)
 {
     ajouterTitre(document, L"Station par station");
     paragraphe(document, phraseComparaison(c));
-    paragraphe(document, L"Coordonnées par moindres carrés. Écart = polygonale - moindres carrés, en mm ; a, b et "
-                         L"gisement (en grades) : l'ellipse d'erreur, probabilité 39 %, en mm ; écart normé : l'écart "
-                         L"rapporté à l'ellipse dans sa direction, sur elle il vaut 1.");
+    paragraphe(document,
+               L"Coordonnées par moindres carrés. Écart = polygonale - moindres carrés, en mm ; a, b et "
+               L"gisement (en grades) : l'ellipse d'erreur, probabilité 39 %, en mm ; écart normé : l'écart "
+               L"rapporté à l'ellipse dans sa direction, sur elle il vaut 1 (vide si elle est sans largeur).");
     htmlTable table =
         tableau({L"Station", L"X", L"Y", L"Z", L"dX", L"dY", L"dZ", L"Écart", L"a", L"b", L"Gisement", L"Écart normé"});
     for (const stationComparee& s : c.stations) {
@@ -102,9 +106,9 @@ void rapporterStations(const comparaisonPolygonale& c, htmlDocument& document)
         }
         for (const double valeur : {s.dx, s.dy, s.dz, s.ecart()})
             celluleMm(table, valeur);
-        celluleMm(table, estConnue(s.norme) ? s.ellipse.a : inconnu);
-        celluleMm(table, estConnue(s.norme) ? s.ellipse.b : inconnu);
-        cellule(table, estConnue(s.norme) ? s.ellipse.gisement / gradeEnRadians : inconnu, 1);
+        celluleMm(table, s.ellipse.a > 0.0 ? s.ellipse.a : inconnu);
+        celluleMm(table, s.ellipse.a > 0.0 ? s.ellipse.b : inconnu);
+        cellule(table, s.ellipse.a > 0.0 ? s.ellipse.gisement / gradeEnRadians : inconnu, 1);
         cellule(table, s.norme, 2);
     }
     document.append(table.render());

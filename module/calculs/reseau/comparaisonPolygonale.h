@@ -17,6 +17,7 @@ struct stationComparee {
     bool connue = false;                             ///< held: its shift is none
     ellipseErreur ellipse;
     double norme = inconnu; ///< shift over what its covariance lets expect: √(dᵀ·C⁻¹·d); unknown for a known station
+                            ///< and a flat ellipse
 
     double ecart() const;
 };
