@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <set>
 
 #include "calculs/avertissementsPolygonale.h"
@@ -33,6 +34,8 @@ constexpr wchar_t filtresLecture[] =
 constexpr wchar_t filtresEcriture[] = L"Réseau|*.mc|Tous (*.*)|*.*||";
 constexpr std::size_t phrasesMontrees = 6;
 constexpr std::chrono::milliseconds delaiCalcul{150};
+constexpr int hauteurLigne = 24;
+constexpr int lignesMesurees = 100; // of a long table, to give columns their width
 
 std::set<int, std::greater<>> lignesChoisies(const QTableView& table)
 {
@@ -84,6 +87,10 @@ void CDlgMoindresCarres::brancherTables()
     m_observations = new modeleObservations(m_r, m_resultat, this);
     m_ui->points->setModel(m_points);
     m_ui->observations->setModel(m_observations);
+    for (QTableView* const table : {m_ui->points, m_ui->observations}) {
+        table->verticalHeader()->setDefaultSectionSize(hauteurLigne);
+        table->horizontalHeader()->setResizeContentsPrecision(lignesMesurees);
+    }
     const auto relancer = qOverload<>(&QTimer::start);
     connect(m_points, &modelePointsReseau::change, &m_attente, relancer);
     connect(m_observations, &modeleObservations::change, &m_attente, relancer);
@@ -105,10 +112,18 @@ void CDlgMoindresCarres::dire(const std::vector<std::wstring>& phrases)
     m_ui->bilan->setText(textes.join(u'\n'));
 }
 
+/// To what they hold, so that results show without scrolling.
+void CDlgMoindresCarres::ajusterColonnes()
+{
+    m_ui->points->resizeColumnsToContents();
+    m_ui->observations->resizeColumnsToContents();
+}
+
 void CDlgMoindresCarres::toutMontrer()
 {
     m_points->rafraichir();
     m_observations->rafraichir();
+    ajusterColonnes();
     m_attente.start();
 }
 
@@ -179,6 +194,7 @@ bool CDlgMoindresCarres::recalculer()
     }
     m_points->resultatsChanges();
     m_observations->resultatsChanges();
+    ajusterColonnes();
     m_ui->croquis->montrer(fait ? figureDe(m_r, m_resultat) : figureDe(m_r));
     dire(phrases);
     return fait;

@@ -32,6 +32,7 @@ private:
     bool recalculer();
     void suivre();
     void toutMontrer();
+    void ajusterColonnes();
     void dire(const std::vector<std::wstring>& phrases);
     void ajouterPoint();
     void enleverPoint();

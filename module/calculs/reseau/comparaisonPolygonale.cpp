@@ -72,12 +72,12 @@ void celluleMm(htmlTable& table, double metres)
 
 void rapporterPoids(const comparaisonPolygonale& c, htmlDocument& document)
 {
-    paragraphe(document, L"Mêmes observations, avec les écarts-types " + nombre(dmgrUsuels, 0) +
-                             L" dmgr pour un angle ou un gisement, " + nombre(millimetresUsuels, 0) + L" mm + " +
-                             nombre(millimetresParKmUsuels, 0) + L" mm/km pour une distance et " +
-                             nombre(deniveleeUsuelle, 0) +
-                             L" mm × √km pour une dénivelée ; les stations connues sont tenues, et le gisement du "
-                             L"premier côté d'une polygonale fermée.");
+    paragraphe(document,
+               L"Mêmes observations, avec les écarts-types " + nombre(dmgrUsuels, 0) +
+                   L" dmgr pour un angle ou un gisement, " + nombre(millimetresUsuels, 0) + L" mm + " +
+                   nombre(millimetresParKmUsuels, 0) + L" mm/km pour une distance et " + nombre(deniveleeUsuelle, 0) +
+                   L" mm par racine de km pour une dénivelée ; les stations connues sont tenues, et le gisement du "
+                   L"premier côté d'une polygonale fermée.");
     paragraphe(document, phraseTestGlobal(c.r, c.resultat));
     for (const suspectReseau& s : c.resultat.suspects)
         paragraphe(document, phraseSuspect(c.r, s));
