@@ -16,7 +16,7 @@ double bombementDe(const elementAxe& arc)
     return std::tan(arc.courbureDebut * arc.longueur / 4.0);
 }
 
-std::unique_ptr<AcDbPolyline> polyligneDe(const axe& ligne, double fleche)
+std::unique_ptr<AcDbPolyline> polyligneDessinee(const axe& ligne, double fleche)
 {
     auto polyligne = std::make_unique<AcDbPolyline>();
     polyligne->setDatabaseDefaults();
@@ -79,7 +79,7 @@ bool placerAxe(const axeEnregistre& lAxe, const dessinAxe& dessin)
     AcDbObjectId polyligne;
     {
         ajoutEntites ajout;
-        polyligne = ajout.ajouter(polyligneDe(lAxe.ligne, dessin.fleche));
+        polyligne = ajout.ajouter(polyligneDessinee(lAxe.ligne, dessin.fleche));
         const abscisses numerotation = lAxe.numerotation();
         for (const double lieu : lieuxEcrits(lAxe.ligne, numerotation, dessin.pasEcritures))
             ecrireAbscisse(ajout, lAxe.ligne, numerotation, lieu, dessin.tailleTextes);
