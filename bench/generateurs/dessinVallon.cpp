@@ -145,7 +145,7 @@ private:
         std::vector<lieu> etang;
         for (int i = 0; i < 16; ++i) {
             const double a = i * 0.39269908169872414; // a sixteenth of a turn
-            etang.push_back({250.0 + 14.0 * std::cos(a), 40.0 + 9.0 * std::sin(a)});
+            etang.push_back({255.0 + 14.0 * std::cos(a), 122.0 + 9.0 * std::sin(a)});
         }
         contour("MNT_TROU", etang);
     }

@@ -28,7 +28,7 @@ using triangulation = CGAL::Constrained_triangulation_plus_2<delaunay>;
 using poignee = triangulation::Vertex_handle;
 
 /// Inserts every vertex, in an order in which each is near the one before it.
-std::vector<poignee> inserer(triangulation& t, const std::vector<sommetSol>& sommets)
+std::vector<poignee> inserer(triangulation& t, const std::vector<sommetSol>& sommets, std::vector<int>& suite)
 {
     std::vector<noyau::Point_2> lieux;
     lieux.reserve(sommets.size());
@@ -47,6 +47,7 @@ std::vector<poignee> inserer(triangulation& t, const std::vector<sommetSol>& som
         v->info().valeur = static_cast<int>(i) + 1;
         voisine = v->face();
         poignees[i] = v;
+        suite.push_back(static_cast<int>(i));
     }
     return poignees;
 }
@@ -79,25 +80,11 @@ std::vector<passageSol> contraindre(triangulation& t, std::vector<poignee>& poig
     return passages;
 }
 
-std::vector<triangleSol> extraire(const triangulation& t, std::size_t nombreSommets)
+std::vector<triangleSol> extraire(const triangulation& t)
 {
-    // Triangles are numbered by their first vertex, so that neighbours lie near each other in memory.
-    std::vector<int> debut(nombreSommets + 1, 0);
-    const auto premier = [](const auto& face) {
-        return static_cast<std::size_t>(
-            std::min({face->vertex(0)->info().valeur, face->vertex(1)->info().valeur, face->vertex(2)->info().valeur}));
-    };
-    for (auto f = t.finite_faces_begin(); f != t.finite_faces_end(); ++f)
-        ++debut[premier(f)];
     int somme = 0;
-    for (int& d : debut) {
-        const int combien = d;
-        d = somme;
-        somme += combien;
-    }
     for (auto f = t.all_faces_begin(); f != t.all_faces_end(); ++f)
-        f->info() = t.is_infinite(f) ? -1 : debut[premier(f)]++;
-
+        f->info() = t.is_infinite(f) ? -1 : somme++;
     std::vector<triangleSol> triangles(static_cast<std::size_t>(somme));
     for (auto f = t.finite_faces_begin(); f != t.finite_faces_end(); ++f) {
         triangleSol& triangle = triangles[static_cast<std::size_t>(f->info())];
@@ -117,12 +104,14 @@ std::vector<triangleSol> extraire(const triangulation& t, std::size_t nombreSomm
 delaunayFait delaunayContraint(std::vector<sommetSol> sommets, const std::vector<contrainteSol>& contraintes)
 {
     triangulation t;
-    std::vector<poignee> poignees = inserer(t, sommets);
     delaunayFait fait;
+    std::vector<poignee> poignees = inserer(t, sommets, fait.ordre);
     fait.donnes = static_cast<int>(sommets.size());
     fait.passages = contraindre(t, poignees, contraintes, sommets);
+    for (auto i = static_cast<int>(fait.ordre.size()); i < static_cast<int>(sommets.size()); ++i)
+        fait.ordre.push_back(i);
     if (t.dimension() == 2)
-        fait.triangles = extraire(t, sommets.size());
+        fait.triangles = extraire(t);
     fait.sommets = std::move(sommets);
     return fait;
 }

@@ -20,6 +20,7 @@ struct delaunayFait {
     std::vector<sommetSol> sommets; ///< those given, in their order, then those where constraints cross
     int donnes = 0;                 ///< how many were given
     std::vector<triangleSol> triangles;
+    std::vector<int> ordre;           ///< the vertices so that each is near the one before it, those of crossings last
     std::vector<passageSol> passages; ///< every vertex inside a constraint, in the order of the constraints
 };
 

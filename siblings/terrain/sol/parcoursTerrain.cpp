@@ -101,16 +101,20 @@ struct parcoursTerrain::traversee {
         return -1;
     }
 
-    /// Where the way crosses a side that has an end on either hand.
-    sommetSol croisement(const sommetSol& u, const sommetSol& w) const
+    /// Where the way crosses the side from u to w, which lie that far on either hand.
+    static sommetSol croisement(const sommetSol& u, double enU, const sommetSol& w, double enW)
     {
-        const double enU = cote(u), enW = cote(w);
         if (enU == 0.0)
             return u;
         if (enW == 0.0)
             return w;
         const double part = enU / (enU - enW);
         return {{u.x + part * (w.x - u.x), u.y + part * (w.y - u.y)}, u.z + part * (w.z - u.z)};
+    }
+    sommetSol croisement(const coteSol& c) const
+    {
+        const sommetSol &u = sol.debut(c.triangle, c.cote), &w = sol.fin(c.triangle, c.cote);
+        return croisement(u, cote(u), w, cote(w));
     }
 
     /// Whether a stretch within a triangle is on the model: by itself, or along a side whose other triangle is.
@@ -144,20 +148,37 @@ struct parcoursTerrain::traversee {
         enCours.clear();
     }
 
+    /// Whether the end of the way lies this side of where it crosses a triangle's side, at q. Near the end the exact
+    /// test decides.
+    bool finit(const sommetSol& u, const sommetSol& w, const sommetSol& q) const
+    {
+        const double dx = vers.x - de.x, dy = vers.y - de.y;
+        const double reste = (vers.x - q.x) * dx + (vers.y - q.y) * dy;
+        return reste < 1e-6 * (dx * dx + dy * dy) && orientation(u, w, vers) >= 0.0;
+    }
+
+    /// From a place in a triangle on.
     void suivre(int t, sommetSol p)
     {
+        int i = sortie(t);
+        double enU = cote(sol.debut(t, i)), enW = cote(sol.fin(t, i));
         for (;;) {
-            const int i = sortie(t);
             const sommetSol &u = sol.debut(t, i), &w = sol.fin(t, i);
-            if (orientation(u, w, vers) >= 0.0) { // the end lies within
+            const sommetSol q = croisement(u, enU, w, enW);
+            if (finit(u, w, q)) {
                 ajouter(t, p, {{vers.x, vers.y}, sol.altitudeDans(t, vers)});
                 return clore();
             }
-            const sommetSol q = croisement(u, w);
             ajouter(t, p, q);
             const int suivant = sol.voisin(t, i);
             if (suivant < 0)
                 return clore();
+            // The way comes in between w, on its left, and u; the third corner says by which side it goes on.
+            const int venuPar = sol.coteEnFace(t, i);
+            const double enFace = cote(sol.coin(suivant, venuPar));
+            const bool aGauche = gauche(enFace);
+            (aGauche ? enW : enU) = enFace;
+            i = (venuPar + (aGauche ? 1 : 2)) % 3;
             t = suivant;
             p = q;
         }
@@ -202,8 +223,7 @@ void parcoursTerrain::profil(const lieuSol& de, const lieuSol& vers, polylignes&
             if (depart >= 0)
                 voie.suivre(depart, {{de.x, de.y}, sol.altitudeDans(depart, de)});
         } else if (const coteSol entree = voie.entreeEnveloppe(); entree.triangle >= 0) {
-            voie.suivre(entree.triangle, voie.croisement(sol.debut(entree.triangle, entree.cote),
-                                                         sol.fin(entree.triangle, entree.cote)));
+            voie.suivre(entree.triangle, voie.croisement(entree));
         }
         if (!troncons.empty())
             return;

@@ -7,6 +7,7 @@
 #include "sol/delaunayContraint.h"
 #include "sol/etendueModele.h"
 #include "sol/lieuxDistincts.h"
+#include "sol/ordreVoisinage.h"
 #include "sol/parcoursTerrain.h"
 
 namespace {
@@ -51,6 +52,7 @@ public:
     {
         delaunayFait fait = delaunayContraint(std::move(lieux.sommets()), contraintes);
         poserCroisements(fait);
+        rapprocher(fait.sommets, fait.triangles, fait.ordre);
         return {std::move(fait.sommets), std::move(fait.triangles)};
     }
 
