@@ -307,7 +307,6 @@ std::vector<int> lignesChoisies(const QTableView& vue)
         for (int ligne = plage.top(); ligne <= plage.bottom(); ++ligne)
             lignes.push_back(ligne);
     std::ranges::sort(lignes);
-    const auto doubles = std::ranges::unique(lignes);
-    lignes.erase(doubles.begin(), doubles.end());
+    lignes.erase(std::unique(lignes.begin(), lignes.end()), lignes.end());
     return lignes;
 }

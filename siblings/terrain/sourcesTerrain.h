@@ -12,6 +12,4 @@ struct sourcesTerrain {
     std::vector<AcDbObjectId> trous;   ///< closed lines
     std::vector<std::wstring> tables;  ///< names of point tables
     double areteMax = 0.0;             ///< as in semisTerrain
-
-    bool vides() const { return objets.empty() && tables.empty(); }
 };
