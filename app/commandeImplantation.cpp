@@ -22,15 +22,15 @@ void declarerStation(CLI::App& commande, demandeProgrammeImplantation& demande)
         ->type_name("nord|NOM|gisement=G");
     CLI::Option* const stations =
         commande.add_option("--stations", demande.stations, "Stations entre lesquelles répartir les points");
-    stations->type_name("A,B,C")->delimiter(',');
+    stations->delimiter(',');
     CLI::Option* const repartir =
         commande.add_flag("--repartir", demande.repartir, "Donne chaque point à la station la plus proche qui le voit");
-    stations->needs(repartir);
+    stations->needs(repartir)->option_text("A,B,C");
     commande.add_option("--portee", demande.portee, "Distance que nul point ne dépasse")
-        ->type_name("D")
         ->needs(repartir)
-        ->check(CLI::PositiveNumber);
-    commande.add_flag("--equilibrer", demande.equilibrer, "Donne autant de points à chaque station")->needs(repartir);
+        ->check(CLI::PositiveNumber)
+        ->option_text("D");
+    commande.add_flag("--equilibrer", demande.equilibrer, "Donne autant de points à chaque station")->needs(repartir)->option_text(" ");
 }
 
 void declarerPoints(CLI::App& commande, demandeProgrammeImplantation& demande)
@@ -57,8 +57,8 @@ void declarerSorties(CLI::App& commande, choixImplantation& c)
     commande
         .add_option("--enregistrer", c.demande.enregistrer,
                     "Dessin à écrire (sans lui, DESSIN est remplacé ; l'ancien est gardé en « .bak »)")
-        ->type_name("B.dxf")
-        ->needs(dessiner);
+        ->needs(dessiner)
+        ->option_text("B.dxf");
 }
 
 } // namespace

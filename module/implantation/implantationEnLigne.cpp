@@ -66,6 +66,19 @@ void prendrePoints(const demandeImplantation& demande, travailImplantation& trav
         throw refus{L"aucun point à implanter ne répond à la demande."};
 }
 
+/// Names, as ranges and patterns may well find nothing.
+void signalerAbsents(const demandeImplantation& demande, suitesImplantation& suites)
+{
+    std::wstring_view reste = demande.points;
+    while (!reste.empty()) {
+        const std::size_t virgule = std::min(reste.find(L','), reste.size());
+        const std::wstring nom(sansBlancs(reste.substr(0, virgule), L" \t"));
+        reste.remove_prefix(std::min(virgule + 1, reste.size()));
+        if (!nom.empty() && nom.find_first_of(L"*?#@.[~`-") == std::wstring::npos && !pointNomme(nom))
+            suites.avertissements.push_back(L"Le point « " + nom + L" » n'est dans aucune table de points du dessin.");
+    }
+}
+
 void mettreEnStation(const demandeImplantation& demande, travailImplantation& travail)
 {
     std::vector<std::wstring> noms = demande.stations;
@@ -118,6 +131,7 @@ suitesImplantation implanterEnLigne(const demandeImplantation& demande)
         travail.verifier = demande.verifier;
         mettreEnStation(demande, travail);
         prendrePoints(demande, travail);
+        signalerAbsents(demande, suites);
         repartirOuAffecter(demande, travail, suites);
         if (demande.verifier) {
             if (!terrainDuDessin())
