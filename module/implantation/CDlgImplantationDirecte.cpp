@@ -131,9 +131,13 @@ void CDlgImplantationDirecte::selectionner(const travailImplantation::positions&
     m_ui->liste->selectionModel()->select(toutes, QItemSelectionModel::ClearAndSelect);
 }
 
+/// Rows that are still there stay selected.
 void CDlgImplantationDirecte::rafraichir()
 {
+    travailImplantation::positions avant = selection();
     m_modele->rafraichir();
+    std::erase_if(avant, [this](std::size_t i) { return i >= m_travail.points.size(); });
+    selectionner(avant);
     const bool vide = m_travail.points.empty();
     m_ui->boutonNumerotation->setEnabled(vide);
     direVisee();
@@ -201,7 +205,9 @@ void CDlgImplantationDirecte::ajouter()
 
 void CDlgImplantationDirecte::enlever()
 {
-    m_travail.enlever(selection());
+    const travailImplantation::positions lignes = selection();
+    m_ui->liste->clearSelection();
+    m_travail.enlever(lignes);
     rafraichir();
 }
 
