@@ -33,7 +33,8 @@ void ajouterImporter(CLI::App& points)
     commande.group(groupeCommandes);
     const auto d = std::make_shared<importPoints>();
     commande.add_option("DESSIN", d->dessin, "Dessin (DXF ou DWG)")->type_name("")->required();
-    commande.add_option("FICHIER", d->fichier, "Points : .xyz, .txt, colonnes séparées, LandXML, coordonnées d'appareil")
+    commande
+        .add_option("FICHIER", d->fichier, "Points : .xyz, .txt, colonnes séparées, LandXML, coordonnées d'appareil")
         ->type_name("")
         ->required();
     commande.add_option("--table", d->table, "Table de points, créée s'il le faut (la table courante sans elle)")
@@ -42,8 +43,9 @@ void ajouterImporter(CLI::App& points)
         ->type_name("N")
         ->check(CLI::Range(1, 9999));
     commande.add_flag("--placer", d->placer, "Dessine les symboles des points");
-    commande.add_option("--enregistrer", d->enregistrer,
-                        "Dessin à écrire (sans lui, DESSIN est remplacé ; l'ancien est gardé en « .bak »)")
+    commande
+        .add_option("--enregistrer", d->enregistrer,
+                    "Dessin à écrire (sans lui, DESSIN est remplacé ; l'ancien est gardé en « .bak »)")
         ->type_name("B.dxf");
     commande.add_flag("--strict", d->strict, "N'écrit rien quand une ligne du fichier est mauvaise");
     commande.callback([d] { afficherImport(*d, importer(*d)); });
@@ -85,11 +87,8 @@ void afficherJsonPoints(const std::vector<pointListe>& points)
 {
     auto liste = nlohmann::ordered_json::array();
     for (const pointListe& p : points)
-        liste.push_back({{"nom", p.nom},
-                         {"x", nombreJson(p.x)},
-                         {"y", nombreJson(p.y)},
-                         {"z", nombreJson(p.z)},
-                         {"code", p.code}});
+        liste.push_back(
+            {{"nom", p.nom}, {"x", nombreJson(p.x)}, {"y", nombreJson(p.y)}, {"z", nombreJson(p.z)}, {"code", p.code}});
     ecrireJson({{"points", std::move(liste)}});
 }
 

@@ -176,8 +176,7 @@ int exporter(const exportPointsDemande& demande)
     session.ouvrir(demande.dessin);
     const listePointsDuDessin& table = tableExistante(demande.table);
     const std::vector<int> places = placesDesCodes(table, demande.codes);
-    const issueExport issue =
-        exporterTable(table, places, codificationDuModule(), fichier, demande.projection, [] {});
+    const issueExport issue = exporterTable(table, places, codificationDuModule(), fichier, demande.projection, [] {});
     if (issue.issue != issueEcriture::ecrit)
         throw erreurProgramme(utf8FromWide(issue.raison));
     return static_cast<int>(places.size());
@@ -192,8 +191,7 @@ std::vector<pointListe> lister(const std::string& dessin, const std::string& nom
     points.reserve(static_cast<std::size_t>(table.nbPoint()));
     for (int i = 0; i < table.nbPoint(); ++i) {
         const pointDuDessin& p = *table.getData(i);
-        points.push_back(
-            {versUtf8(depuisAnsi(p.getNomPoint())), p.getX(), p.getY(), p.getZ(), p.getCode()});
+        points.push_back({versUtf8(depuisAnsi(p.getNomPoint())), p.getX(), p.getY(), p.getZ(), p.getCode()});
     }
     return points;
 }

@@ -2,9 +2,9 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <QTableView>
 
 #include <CLI/CLI.hpp>
-#include <QTableView>
 #include <unistd.h>
 
 #include "codification/modelePoints.h"
@@ -30,10 +30,10 @@ std::string texteXYZ(int nombre)
     std::string texte;
     char ligne[128];
     for (int i = 0; i < nombre; ++i)
-        texte.append(ligne, static_cast<std::size_t>(std::snprintf(
-                                ligne, sizeof ligne, "%10d\t%14.6f\t%14.6f\t%14.6f\t%6d\n", i + 1,
-                                1650000.0 + i % 1000 * 1.237, 8180000.0 + i / 1000 * 1.111, 100.0 + i % 77 * 0.01,
-                                1 + i % 20)));
+        texte.append(ligne, static_cast<std::size_t>(
+                                std::snprintf(ligne, sizeof ligne, "%10d\t%14.6f\t%14.6f\t%14.6f\t%6d\n", i + 1,
+                                              1650000.0 + i % 1000 * 1.237, 8180000.0 + i / 1000 * 1.111,
+                                              100.0 + i % 77 * 0.01, 1 + i % 20)));
     return texte;
 }
 
@@ -111,21 +111,22 @@ private:
         std::unique_ptr<modelePoints> modele;
         QTableView vue;
         const double ouverture = mediane(m_passes, rien, [&] {
-            modele = std::make_unique<modelePoints>(*m_table, codes,
-                                                    QStringList{"N°", "X", "Y", "Z", "Code", "Libellé"});
+            modele =
+                std::make_unique<modelePoints>(*m_table, codes, QStringList{"N°", "X", "Y", "Z", "Code", "Libellé"});
             preparerVue(vue, *modele);
             vue.grab();
         });
         m_tableau.rapport("open the list / 1 s", ouverture, 1.0, 1.0);
-        m_tableau.rapport("one code of it / 0.3 s", mediane(m_passes, rien, [&] {
-                              modele->filtrer(7, {});
-                              vue.grab();
-                          }),
+        m_tableau.rapport("one code of it / 0.3 s",
+                          mediane(m_passes, rien,
+                                  [&] {
+                                      modele->filtrer(7, {});
+                                      vue.grab();
+                                  }),
                           0.3, 1.0);
         modele->filtrer({}, {});
-        m_tableau.rapport("sort by name / 1 s", mediane(m_passes, rien, [&] {
-                              modele->sort(modelePoints::numero, Qt::DescendingOrder);
-                          }),
+        m_tableau.rapport("sort by name / 1 s",
+                          mediane(m_passes, rien, [&] { modele->sort(modelePoints::numero, Qt::DescendingOrder); }),
                           1.0, 0.0);
         vue.setModel(nullptr);
     }

@@ -87,9 +87,8 @@ std::map<int, double> rangsDesLibelles(const tableCodification& codes)
     for (int i = 0; i < codes.nombre(); ++i)
         if (codes.indexCode(codes[i].code) == i)
             premiers.push_back(i);
-    std::ranges::stable_sort(premiers, [&](int a, int b) {
-        return enMinuscules(codes[a].libelle) < enMinuscules(codes[b].libelle);
-    });
+    std::ranges::stable_sort(
+        premiers, [&](int a, int b) { return enMinuscules(codes[a].libelle) < enMinuscules(codes[b].libelle); });
     std::map<int, double> rangs;
     for (std::size_t i = 0; i < premiers.size(); ++i)
         rangs[codes[premiers[i]].code] = static_cast<double>(i);
@@ -308,7 +307,6 @@ std::vector<int> lignesChoisies(const QTableView& vue)
         for (int ligne = plage.top(); ligne <= plage.bottom(); ++ligne)
             lignes.push_back(ligne);
     std::ranges::sort(lignes);
-    const auto doubles = std::ranges::unique(lignes);
-    lignes.erase(doubles.begin(), doubles.end());
+    lignes.erase(std::unique(lignes.begin(), lignes.end()), lignes.end());
     return lignes;
 }

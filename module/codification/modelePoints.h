@@ -1,10 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <vector>
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <string>
+#include <vector>
 
 class listePointsDuDessin;
 class tableCodification;

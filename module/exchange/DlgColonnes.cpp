@@ -132,8 +132,7 @@ private:
             const auto& cellules = apercu[static_cast<std::size_t>(ligne)];
             for (int c = 0; c < m_ui.liste->columnCount() && c < static_cast<int>(cellules.size()); ++c)
                 m_ui.liste->setItem(
-                    ligne, c,
-                    new QTableWidgetItem(QString::fromStdWString(cellules[static_cast<std::size_t>(c)])));
+                    ligne, c, new QTableWidgetItem(QString::fromStdWString(cellules[static_cast<std::size_t>(c)])));
         }
     }
 

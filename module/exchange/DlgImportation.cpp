@@ -92,9 +92,8 @@ void DlgImportation::configurer()
     dialogueModule dialogue(this);
     Ui::DlgAttributs ui;
     ui.setupUi(&dialogue);
-    const std::array<std::pair<QComboBox*, etiquette>, 3> champs{{{ui.comboNumero, etiquetteNumero},
-                                                                  {ui.comboAltitude, etiquetteAltitude},
-                                                                  {ui.comboCode, etiquetteCode}}};
+    const std::array<std::pair<QComboBox*, etiquette>, 3> champs{
+        {{ui.comboNumero, etiquetteNumero}, {ui.comboAltitude, etiquetteAltitude}, {ui.comboCode, etiquetteCode}}};
     const std::vector<std::wstring> presentes = etiquettesDuDessin();
     for (const auto& champ : champs) {
         for (const std::wstring& presente : presentes)

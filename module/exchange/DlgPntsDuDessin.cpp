@@ -4,10 +4,10 @@
 
 #include "codification/codificationDuModule.h"
 #include "codification/modelePoints.h"
-#include "exchange/DlgImportation.h"
-#include "exchange/DlgParamsTable.h"
 #include "exchange/dialogueExportPoints.h"
 #include "exchange/dialogueImportPoints.h"
+#include "exchange/DlgImportation.h"
+#include "exchange/DlgParamsTable.h"
 #include "exchange/placerPoints.h"
 #include "exchange/placerTableau.h"
 #include "points/projetDansDessin.h"
@@ -70,7 +70,8 @@ void DlgPntsDuDessin::remplirCodes()
             ajouter(m_codes[i].code, m_codes[i].libelle);
     const listePointsDuDessin& lue = m_table;
     for (int i = 0, precedent = -1; i < lue.nbPoint(); ++i)
-        if (const int code = lue.getData(i)->getCode(); code != std::exchange(precedent, code) && !connus.contains(code))
+        if (const int code = lue.getData(i)->getCode();
+            code != std::exchange(precedent, code) && !connus.contains(code))
             autres.insert(code);
     for (const int code : autres)
         ajouter(code, {});

@@ -35,9 +35,8 @@ std::optional<std::string> demanderProjection()
 
 } // namespace
 
-std::optional<std::vector<std::wstring>> exporterFichierPoints(const listePointsDuDessin& table,
-                                                               std::span<const int> places,
-                                                               const tableCodification& codes)
+std::optional<std::vector<std::wstring>>
+exporterFichierPoints(const listePointsDuDessin& table, std::span<const int> places, const tableCodification& codes)
 {
     demandeFichier demande;
     demande.titre = L"Exporter des points";

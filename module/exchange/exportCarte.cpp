@@ -93,8 +93,7 @@ issueExport exporterCarte(const fs::path& fichier, const std::string& projection
                           const pointSuivant& suivant)
 {
     const auto refuser = [&fichier](std::wstring raison) {
-        return issueExport{issueEcriture::intact,
-                           depuisUtf8(fichier.filename().string()) + L" : " + std::move(raison)};
+        return issueExport{issueEcriture::intact, depuisUtf8(fichier.filename().string()) + L" : " + std::move(raison)};
     };
     const auto ecrire = reinterpret_cast<ecrireCarte_t>(fonctionBibliotheque("libVelaCarte.so", nomEcrireCarte));
     if (!ecrire)
@@ -102,15 +101,15 @@ issueExport exporterCarte(const fs::path& fichier, const std::string& projection
     const dossierProvisoire dossier(fichier);
     if (!dossier.cree())
         return refuser(L"écriture impossible dans ce dossier ; rien n'a été changé.");
-    const std::string raison =
-        ecrire((dossier.chemin() / fichier.filename()).string(), formatCarte(fichier), projection,
-               [&](pointCarte& carte) {
-                   pointExporte p;
-                   if (!suivant(p))
-                       return false;
-                   carte = pointDeCarte(p, codes);
-                   return true;
-               });
+    const auto pointSurLaCarte = [&](pointCarte& carte) {
+        pointExporte p;
+        if (!suivant(p))
+            return false;
+        carte = pointDeCarte(p, codes);
+        return true;
+    };
+    std::string raison;
+    ecrire((dossier.chemin() / fichier.filename()).string(), formatCarte(fichier), projection, pointSurLaCarte, raison);
     if (!raison.empty())
         return refuser(depuisUtf8(raison));
     if (!dossier.sortir())

@@ -4,8 +4,8 @@
 #include "reports/classesRapport.h"
 #include "reports/htmlText.h"
 #include "services/codages.h"
-#include "services/lettres.h"
 #include "services/grandeur.h"
+#include "services/lettres.h"
 
 namespace {
 

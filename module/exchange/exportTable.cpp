@@ -10,9 +10,9 @@ bool estCarte(const std::filesystem::path& fichier)
     return formatCarte(fichier) != nullptr;
 }
 
-issueExport exporterTable(const listePointsDuDessin& table, std::span<const int> places,
-                          const tableCodification& codes, const std::filesystem::path& fichier,
-                          const std::string& projection, const std::function<void()>& avancer)
+issueExport exporterTable(const listePointsDuDessin& table, std::span<const int> places, const tableCodification& codes,
+                          const std::filesystem::path& fichier, const std::string& projection,
+                          const std::function<void()>& avancer)
 {
     const formatExport format = formatDuFichier(fichier);
     const bool carte = estCarte(fichier), observer = carte || format == formatExport::landXml;

@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr std::string_view blancs = " \t";
-
 /// Takes the next token off the line; empty at its end.
 std::string_view jetonSuivant(std::string_view& ligne)
 {

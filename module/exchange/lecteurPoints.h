@@ -37,5 +37,5 @@ const lecteurPoints& lecteurPour(const std::filesystem::path& fichier, std::stri
 /// @param codeAbsent code of the points whose line tells none
 pointsLus lirePoints(const std::filesystem::path& fichier, const lecteurPoints* lecteur = nullptr, int codeAbsent = 1);
 /// The same from any source. @param fichier decides on the reader
-pointsLus lirePoints(sourceOctets& source, const std::filesystem::path& fichier,
-                     const lecteurPoints* lecteur = nullptr, int codeAbsent = 1);
+pointsLus lirePoints(sourceOctets& source, const std::filesystem::path& fichier, const lecteurPoints* lecteur = nullptr,
+                     int codeAbsent = 1);

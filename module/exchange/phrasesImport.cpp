@@ -5,8 +5,7 @@
 std::vector<std::wstring> phrasesImport(std::wstring_view fichier, const pointsLus& lus, const bilanAjout& bilan)
 {
     std::vector<std::wstring> phrases{std::wstring(fichier) + L" : " + std::to_wstring(lus.points.size()) +
-                                      L" point(s) lu(s), " + std::to_wstring(lus.ecartees) +
-                                      L" ligne(s) écartée(s)."};
+                                      L" point(s) lu(s), " + std::to_wstring(lus.ecartees) + L" ligne(s) écartée(s)."};
     const auto dire = [&phrases](int nombre, const wchar_t* suite) {
         if (nombre > 0)
             phrases.push_back(std::to_wstring(nombre) + suite);

@@ -2,9 +2,9 @@
 
 #include "exchange/formatXYZ.h"
 #include "services/codages.h"
-#include "services/lettres.h"
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
+#include "services/lettres.h"
 
 #include "tchar.h"
 

@@ -16,13 +16,14 @@ constexpr double hauteurLigne = 2.0, piedTexte = 0.5, margeCellule = 0.75, ecart
 template <class Params>
 auto cases(Params& p)
 {
-    return std::array{&p.numeros,  &p.x,             &p.y,              &p.z,            &p.code,   &p.libelle,
-                      &p.encadrer, &p.separerEnTete, &p.separerColonnes, &p.separerLignes, &p.grouper};
+    return std::array{
+        &p.numeros,       &p.x,      &p.y, &p.z, &p.code, &p.libelle, &p.encadrer, &p.separerEnTete, &p.separerColonnes,
+        &p.separerLignes, &p.grouper};
 }
 
 struct colonneTable {
     std::wstring titre;
-    std::wstring rangeeTable::* texte;
+    std::wstring rangeeTable::*texte;
     bool aDroite;
     double largeur;
 };
@@ -30,7 +31,8 @@ struct colonneTable {
 std::vector<colonneTable> colonnesVoulues(const paramsTable& p)
 {
     std::vector<colonneTable> colonnes;
-    const auto ajouter = [&colonnes](bool voulue, const wchar_t* titre, std::wstring rangeeTable::* texte, bool aDroite) {
+    const auto ajouter = [&colonnes](bool voulue, const wchar_t* titre, std::wstring rangeeTable::*texte,
+                                     bool aDroite) {
         if (voulue)
             colonnes.push_back({titre, texte, aDroite, 0.0});
     };

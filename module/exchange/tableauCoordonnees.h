@@ -32,8 +32,8 @@ struct traitTable {
 };
 
 struct texteTable {
-    double x, y;   ///< of the end of the baseline that it is aligned to
-    bool aDroite;  ///< its right end; else its left one
+    double x, y;  ///< of the end of the baseline that it is aligned to
+    bool aDroite; ///< its right end; else its left one
     std::wstring texte;
 };
 

@@ -20,12 +20,6 @@
 
 namespace {
 
-/// The subject of the function is not part of the module yet: it is known and gives no value.
-int aVenir()
-{
-    return RTNORM;
-}
-
 /// The code of each function is its place in this table.
 constexpr fonctionLisp fonctions[] = {
     {L"calctailleblock", lispCalctailleblock},
@@ -66,7 +60,7 @@ constexpr fonctionLisp fonctions[] = {
     {L"c:IMPLANT2", lispImplant2},
     {L"c:VLDEPORTPNTS", lispDeportPoints},
     {L"c:VLAJUSTERZ", lispAjusterZ},
-    {L"c:AllegerDessin", aVenir},
+    {L"c:AllegerDessin", lispAllegerDessin},
 };
 
 constexpr int nombreFonctions = static_cast<int>(std::size(fonctions));

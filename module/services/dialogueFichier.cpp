@@ -117,21 +117,22 @@ void suivreNomTape(QFileDialog& dialogue, const std::vector<filtre>& filtres,
     auto* const champ = dialogue.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     if (!champ)
         return;
-    QObject::connect(champ, &QLineEdit::textChanged, &dialogue, [&dialogue, &filtres, filtreChange](const QString& nom) {
-        const QString choisi = dialogue.selectedNameFilter();
-        const auto courant = std::ranges::find_if(
-            filtres, [&](const filtre& f) { return choisi == f.nom || choisi == nomComplet(f); });
-        if (courant == filtres.end() || convient(*courant, nom) ||
-            !QFileInfo(dialogue.directory().absoluteFilePath(nom)).isFile())
-            return;
-        const auto autre = std::ranges::find_if(filtres, [&](const filtre& f) { return convient(f, nom); });
-        if (autre == filtres.end())
-            return;
-        dialogue.selectNameFilter(nomComplet(*autre));
-        filtreChange(nomComplet(*autre));
-        if (auto* const boutons = dialogue.findChild<QDialogButtonBox*>())
-            boutons->button(QDialogButtonBox::Open)->setEnabled(true); // the dialog has judged by the other filter
-    });
+    QObject::connect(
+        champ, &QLineEdit::textChanged, &dialogue, [&dialogue, &filtres, filtreChange](const QString& nom) {
+            const QString choisi = dialogue.selectedNameFilter();
+            const auto courant = std::ranges::find_if(
+                filtres, [&](const filtre& f) { return choisi == f.nom || choisi == nomComplet(f); });
+            if (courant == filtres.end() || convient(*courant, nom) ||
+                !QFileInfo(dialogue.directory().absoluteFilePath(nom)).isFile())
+                return;
+            const auto autre = std::ranges::find_if(filtres, [&](const filtre& f) { return convient(f, nom); });
+            if (autre == filtres.end())
+                return;
+            dialogue.selectNameFilter(nomComplet(*autre));
+            filtreChange(nomComplet(*autre));
+            if (auto* const boutons = dialogue.findChild<QDialogButtonBox*>())
+                boutons->button(QDialogButtonBox::Open)->setEnabled(true); // the dialog has judged by the other filter
+        });
 }
 
 std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog::AcceptMode mode,

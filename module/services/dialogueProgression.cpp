@@ -16,10 +16,9 @@ dialogueProgression::dialogueProgression(const wchar_t* titre, int dernier, arre
 {
     if (dernier < 1 || !qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
-    dialogue =
-        std::make_unique<QProgressDialog>(QString::fromWCharArray(titre),
-                                          a == arret::permis ? QStringLiteral("Annuler") : QString(), 0, dernier,
-                                          fenetreDevant());
+    dialogue = std::make_unique<QProgressDialog>(QString::fromWCharArray(titre),
+                                                 a == arret::permis ? QStringLiteral("Annuler") : QString(), 0, dernier,
+                                                 fenetreDevant());
     dialogue->setObjectName("progression");
     dialogue->setWindowModality(Qt::ApplicationModal);
 }

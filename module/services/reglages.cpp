@@ -46,5 +46,5 @@ void garderReglage(const wchar_t* nom, const std::wstring& valeur)
         return;
     const cleOuverte garde(cle);
     RegSetValueExW(cle, nom, 0, REG_SZ, reinterpret_cast<const BYTE*>(valeur.c_str()),
-                       static_cast<DWORD>((valeur.size() + 1) * sizeof(wchar_t)));
+                   static_cast<DWORD>((valeur.size() + 1) * sizeof(wchar_t)));
 }

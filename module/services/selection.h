@@ -19,7 +19,6 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_
 std::vector<AcDbObjectId> demanderSelection(const wchar_t* message,
                                             const std::vector<std::pair<short, const wchar_t*>>& filtre);
 
-
 /// The entities whose kind is `type` among those that were selected before the command.
 std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type);
 

@@ -3,6 +3,7 @@
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
 #include "tools/DlgAjusterZ.h"
+#include "tools/DlgAllegerDessin.h"
 #include "tools/DlgDeportPoints.h"
 #include "tools/DlgPointsDecalage.h"
 #include "tools/DlgProjpoly.h"
@@ -55,4 +56,13 @@ int lispDeportPoints()
 int lispAjusterZ()
 {
     return surTableCourante([](listePointsDuDessin& table) { DlgAjusterZ(table).exec(); });
+}
+
+int lispAllegerDessin()
+{
+    if (!argumentsLisp().fini())
+        return refuserParametres();
+    if (dialoguesPossibles())
+        DlgAllegerDessin().exec();
+    return RTNORM;
 }

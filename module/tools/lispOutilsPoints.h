@@ -1,6 +1,7 @@
 #pragma once
 
-/// AutoLISP functions that measure and change points of the current table, each by a dialog. They take no arguments.
+/// AutoLISP functions that measure and change points of the current table, or the drawing, each by a dialog. They take
+/// no arguments.
 
 /// (c:projpoly): points against a polyline.
 int lispProjpoly();
@@ -10,3 +11,5 @@ int lispPointsParDecalage();
 int lispDeportPoints();
 /// (c:VLAJUSTERZ): altitudes of points.
 int lispAjusterZ();
+/// (c:AllegerDessin): what the drawing can do without.
+int lispAllegerDessin();

@@ -22,7 +22,8 @@ TEST_F(points, GoFromAFileIntoADrawingAndOut)
     EXPECT_EQ(entree.statut, 0) << entree.erreurs;
     const json liste = velaJson("points lister b.dxf --table Voirie");
     ASSERT_EQ(liste["points"].size(), 36u);
-    EXPECT_EQ(liste["points"][0], json({{"nom", "S1"}, {"x", 1020.678}, {"y", -1814.522}, {"z", 101.532}, {"code", 100}}));
+    EXPECT_EQ(liste["points"][0],
+              json({{"nom", "S1"}, {"x", 1020.678}, {"y", -1814.522}, {"z", 101.532}, {"code", 100}}));
     EXPECT_EQ(liste["points"][34]["z"], nullptr);
     EXPECT_EQ(velaJson("info b.dxf")["entitesParClasse"]["INSERT"],
               velaJson("info chantier.dxf")["entitesParClasse"]["INSERT"].get<int>() + 36);
@@ -55,7 +56,7 @@ TEST_F(points, TellsBadLinesAndWritesNothingWhenStrict)
     for (const char* const refusee :
          {"importer chantier.dxf vide.csv --enregistrer c.dxf", "importer chantier.dxf absent.xyz --enregistrer c.dxf",
           "importer chantier.dxf m.xyz --enregistrer c.dwg", "importer chantier.dxf m.xyz --code 0",
-          "exporter b.dxf -o s.kml", "exporter b.dxf -o s.kml --projection EPSG:99", "exporter b.dxf -o s.xyz --codes 1-",
-          "exporter b.dxf -o absent/s.xyz", "lister b.dxf --table Absente"})
+          "exporter b.dxf -o s.kml", "exporter b.dxf -o s.kml --projection EPSG:99",
+          "exporter b.dxf -o s.xyz --codes 1-", "exporter b.dxf -o absent/s.xyz", "lister b.dxf --table Absente"})
         EXPECT_EQ(vela(std::string("points ") + refusee).statut, 1) << refusee;
 }

@@ -41,8 +41,8 @@ RULES = (
     (r"host/ui", r".*", (OWN, "std", "qt", INTERFACE, "host/*")),
     # The web engine's library, which asks the system who runs it.
     (r"module/reports", r"vueWeb", (OWN, "std", "posix", "qt")),
-    # The library of map formats, and whom it asks.
-    (r"module/exchange", r"ecrireCarte", (OWN, "std", "posix", BELOW)),
+    # The library of maps, which alone sees GDAL.
+    (r"module/exchange(/carte)?", r"ecrireCarte", (OWN, "std", "posix")),
     # Where the module's own file lies only the system knows.
     (r"module/services", r"dossierModule|bibliothequeModule", (OWN, "std", "posix")),
     # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.

@@ -90,11 +90,8 @@ bool ajouter(OGRLayer& couche, const pointCarte& p)
     return couche.CreateFeature(trait.get()) == OGRERR_NONE;
 }
 
-} // namespace
-
-extern "C" __attribute__((visibility("default"))) std::string
-velaEcrireCarte(const std::string& fichier, const char* format, const std::string& projection,
-                const std::function<bool(pointCarte&)>& suivant)
+std::string ecrire(const std::string& fichier, const char* format, const std::string& projection,
+                   const std::function<bool(pointCarte&)>& suivant)
 {
     const plaintes dites;
     GDALAllRegister();
@@ -122,4 +119,14 @@ velaEcrireCarte(const std::string& fichier, const char* format, const std::strin
         return dites.raison("l'écriture de la carte s'est arrêtée");
     donnees->FlushCache();
     return dites.muettes() ? std::string() : dites.raison("l'écriture de la carte s'est arrêtée");
+}
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) void velaEcrireCarte(const std::string& fichier, const char* format,
+                                                                       const std::string& projection,
+                                                                       const std::function<bool(pointCarte&)>& suivant,
+                                                                       std::string& refus)
+{
+    refus = ecrire(fichier, format, projection, suivant);
 }

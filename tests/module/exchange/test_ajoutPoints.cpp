@@ -35,10 +35,9 @@ TEST(ajoutPoints, treatsNamesThatExistAsTheUserWants)
         const char* noms;
         int ajoutes, autres;
     };
-    for (const Row& r : {Row{nomsExistants::ajouter, "A1 7 a1 12 x ", 3, 0},
-                         Row{nomsExistants::renumeroter, "A1 7 13 12 x ", 3, 1},
-                         Row{nomsExistants::remplacer, "a1 7 12 x ", 2, 1},
-                         Row{nomsExistants::laisser, "A1 7 12 x ", 2, 1}}) {
+    for (const Row& r :
+         {Row{nomsExistants::ajouter, "A1 7 a1 12 x ", 3, 0}, Row{nomsExistants::renumeroter, "A1 7 13 12 x ", 3, 1},
+          Row{nomsExistants::remplacer, "a1 7 12 x ", 2, 1}, Row{nomsExistants::laisser, "A1 7 12 x ", 2, 1}}) {
         listePointsDuDessin table;
         observationsEnAttente observations;
         ajouterPoints(table, pointsLus({L"A1", L"7"}), nomsExistants::ajouter, observations);
@@ -57,9 +56,9 @@ TEST(ajoutPoints, tellsNamesThatATableCuts)
 {
     listePointsDuDessin table;
     observationsEnAttente observations;
-    EXPECT_EQ(ajouterPoints(table, pointsLus({L"123456789", L"1234567890"}), nomsExistants::ajouter, observations)
-                  .nomsCoupes,
-              1);
+    EXPECT_EQ(
+        ajouterPoints(table, pointsLus({L"123456789", L"1234567890"}), nomsExistants::ajouter, observations).nomsCoupes,
+        1);
     EXPECT_EQ(noms(table), "123456789 123456789 ");
 }
 

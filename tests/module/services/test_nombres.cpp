@@ -57,7 +57,6 @@ TEST(lireNombre, isStrict)
         {"letters after", "12m", std::nullopt},
         {"infinity by name", "inf", std::nullopt},
         {"hexadecimal", "0x10", std::nullopt},
-        {"null", nullptr, std::nullopt},
     };
     for (const Row& r : rows) {
         SCOPED_TRACE(r.name);
@@ -67,12 +66,11 @@ TEST(lireNombre, isStrict)
         if (r.value) {
             EXPECT_EQ(std::signbit(value), std::signbit(*r.value));
         }
-        if (!r.text)
-            continue;
         const std::wstring wide(r.text, r.text + std::char_traits<char>::length(r.text));
         EXPECT_EQ(lireNombre(wide.c_str(), value), r.value.has_value());
     }
     double value = 77.0;
+    EXPECT_EQ(lireNombre(static_cast<const wchar_t*>(nullptr), value), 0);
     EXPECT_EQ(lireNombre(L"\u0661\u0662", value), 0) << "digits outside the code page become question marks";
 }
 

@@ -1,0 +1,102 @@
+#include "tools/DlgAllegerDessin.h"
+
+#include "reports/resultPolygo.h"
+#include "services/dialogueChamps.h"
+#include "services/dialogueMessage.h"
+#include "services/selection.h"
+#include "tools/rapportOutils.h"
+
+#include "ui_DlgAllegerDessin.h"
+
+namespace {
+
+std::unique_ptr<Ui::DlgAllegerDessin> faireUi(QDialog& dialogue)
+{
+    auto ui = std::make_unique<Ui::DlgAllegerDessin>();
+    ui->setupUi(&dialogue);
+    return ui;
+}
+
+} // namespace
+
+DlgAllegerDessin::DlgAllegerDessin() :
+    m_ui(faireUi(*this)),
+    m_modele({"Ce qui peut partir", "Nombre"}, 1, [this](int ligne, int colonne) {
+        const compte& c = m_comptes[static_cast<std::size_t>(ligne)];
+        return colonne == 0 ? std::wstring(c.quoi) : std::to_wstring(c.nombre);
+    })
+{
+    preparerTableau(*m_ui->liste, m_modele);
+    m_ui->editCalques->setPlaceholderText(QStringLiteral("tous ; ou BATI*, VOIRIE"));
+    connect(m_ui->boutonObjets, &QPushButton::clicked, this, [this] { designer(); });
+    connect(m_ui->boutonAnalyser, &QPushButton::clicked, this, [this] { analyser(); });
+    connect(m_ui->boutonRapport, &QPushButton::clicked, this, [this] { montrerRapport(); });
+    connect(m_ui->boutonAppliquer, &QPushButton::clicked, this, [this] { appliquer(); });
+    connect(m_ui->boutonFermer, &QPushButton::clicked, this, &QDialog::accept);
+    oublier();
+}
+
+DlgAllegerDessin::~DlgAllegerDessin() = default;
+
+void DlgAllegerDessin::oublier()
+{
+    m_allegement.reset();
+    m_ui->boutonAppliquer->setEnabled(false);
+    m_ui->boutonRapport->setEnabled(!m_comptes.empty());
+}
+
+void DlgAllegerDessin::designer()
+{
+    m_objets = saisirDansDessin([] { return demanderSelection(L"\nSélectionner objets", L"*"); });
+    m_ui->labelObjets->setText(m_objets.empty() ? QStringLiteral("tout le dessin")
+                                                : QStringLiteral("%1 objet(s)").arg(m_objets.size()));
+    oublier();
+}
+
+void DlgAllegerDessin::analyser()
+{
+    optionsAllegement options;
+    if (!lireChamp(*m_ui->editTolerance, L"la tolérance", options.tolerance, 0.0, 1e6))
+        return;
+    options.nuls = m_ui->caseNuls->isChecked();
+    options.repetes = m_ui->caseRepetes->isChecked();
+    options.sommets = m_ui->caseSommets->isChecked();
+    options.segments = m_ui->caseSegments->isChecked();
+    options.objets = m_objets;
+    options.calques = m_ui->editCalques->text().trimmed().toStdWString();
+    m_allegement.emplace(options);
+    const allegementDessin::bilan& b = m_allegement->trouve();
+    m_comptes = {{L"Objets de longueur nulle", b.nuls},
+                 {L"Objets répétés", b.repetes},
+                 {L"Sommets alignés", b.sommets},
+                 {L"Segments superposés", b.segments}};
+    m_modele.montrer(m_comptes.size());
+    m_ui->labelRemarque->setText(
+        b.verrouilles > 0 ? QStringLiteral("%1 objet(s) sur un calque verrouillé : ils resteront.").arg(b.verrouilles)
+                          : QString());
+    m_ui->boutonAppliquer->setEnabled(!m_allegement->vide());
+    m_ui->boutonRapport->setEnabled(true);
+}
+
+void DlgAllegerDessin::montrerRapport()
+{
+    rapportOutils rapport(L"Allègement du dessin");
+    htmlTable table = rapport.tableau({L"Ce qui peut partir", L"Nombre"});
+    for (const compte& c : m_comptes) {
+        table.beginRow();
+        rapportOutils::texte(table, c.quoi);
+        rapportOutils::nombre(table, c.nombre, 0);
+    }
+    rapport.ajouter(table);
+    htmlDocument document = rapport.document();
+    if (!document.write())
+        return avertirErreur(L"Le rapport n'a pas pu être écrit dans le dossier temporaire.");
+    resultPolygo(document.fileName().wstring()).exec();
+}
+
+void DlgAllegerDessin::appliquer()
+{
+    m_allegement->appliquer();
+    oublier();
+    m_ui->labelRemarque->setText(QStringLiteral("Le dessin est allégé."));
+}

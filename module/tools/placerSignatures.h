@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+class AcDbEntity;
+
+/// Equal for entities that show the same at the same place, whatever the sense a line runs in; empty for those whose
+/// kind is not compared (lines, arcs, circles, points, lightweight polylines, texts, references without attributes
+/// are).
+std::string signatureEntite(const AcDbEntity& entite);
