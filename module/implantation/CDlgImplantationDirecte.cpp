@@ -176,7 +176,7 @@ void CDlgImplantationDirecte::mettreEnStation()
 void CDlgImplantationDirecte::obstacles()
 {
     saisirDansDessin([this] { gererObstacles(m_travail); });
-    m_travail.verifierVisibilite(choisis());
+    m_travail.verifierVisibilite(m_travail.toutes()); // any sight may be cut, or free again
     rafraichir();
 }
 
