@@ -5,6 +5,7 @@
 
 #include "aideFrancaise.h"
 #include "commandes.h"
+#include "erreurProgramme.h"
 #include "inventaireDessin.h"
 #include "sessionHote.h"
 
@@ -13,6 +14,7 @@ namespace {
 struct choixInfo {
     std::string dessin;
     bool json = false;
+    bool strict = false;
 };
 
 } // namespace
@@ -24,9 +26,13 @@ void ajouterCommandeInfo(CLI::App& programme)
     const auto choix = std::make_shared<choixInfo>();
     commande.add_option("DESSIN", choix->dessin, "Dessin (DXF ou DWG)")->type_name("")->required();
     commande.add_flag("--json", choix->json, "Donne tout en JSON, et rien d'autre");
+    commande.add_flag("--strict", choix->strict,
+                      "Se termine avec l'état 1 quand le dessin n'a pas pu être repris tel quel");
     commande.callback([choix] {
         sessionHote session(std::cerr);
         const inventaireDessin inventaire = inventorier(session.ouvrir(choix->dessin), choix->dessin);
         (choix->json ? static_cast<void (*)(const inventaireDessin&)>(afficherJson) : afficherTexte)(inventaire);
+        if (choix->strict && !inventaire.sain)
+            throw erreurProgramme("« " + choix->dessin + " » n'a pas pu être repris tel quel.");
     });
 }

@@ -170,5 +170,6 @@ inventaireDessin inventorier(const Document& document, const std::string& fichie
     recensement(dessin, inventaire).recenser();
     listerTables(inventaire);
     inventaire.problemes = dessin.impl().problems();
+    inventaire.sain = dessin.impl().isSound();
     return inventaire;
 }

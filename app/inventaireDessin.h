@@ -36,7 +36,9 @@ struct inventaireDessin {
     std::vector<bloc> blocs;                          ///< but for the spaces, in the order of the table
     std::map<std::string, std::size_t> autresClasses; ///< objects and entities of classes that are kept as they are
     std::vector<table> tables;                        ///< point tables of the project
-    std::vector<std::string> problemes;               ///< found at opening, then by opening every object once
+    std::vector<std::string> problemes;
+    bool sain = true; ///< none of them tells of a loss or a repair               ///< found at opening, then by opening
+                      ///< every object once
 };
 
 /// Of the current document. Opens each object of the drawing once, for reading.

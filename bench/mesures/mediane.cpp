@@ -13,6 +13,20 @@ double tempsProcesseur()
     return static_cast<double>(t.tv_sec) + 1e-9 * static_cast<double>(t.tv_nsec);
 }
 
+double duree(const std::function<void()>& preparer, const std::function<void()>& travail)
+{
+    preparer();
+    const double debut = tempsProcesseur();
+    travail();
+    return tempsProcesseur() - debut;
+}
+
+double milieu(std::vector<double>& secondes)
+{
+    std::ranges::sort(secondes);
+    return secondes[secondes.size() / 2];
+}
+
 } // namespace
 
 double mediane(int passes, const std::function<void()>& preparer, const std::function<void()>& travail)
@@ -20,12 +34,18 @@ double mediane(int passes, const std::function<void()>& preparer, const std::fun
     constexpr double dureeMinimale = 0.1;
     std::vector<double> secondes;
     for (double total = 0.0; secondes.size() < static_cast<std::size_t>(passes) || total < dureeMinimale;
-         total += secondes.back()) {
-        preparer();
-        const double debut = tempsProcesseur();
-        travail();
-        secondes.push_back(tempsProcesseur() - debut);
+         total += secondes.back())
+        secondes.push_back(duree(preparer, travail));
+    return milieu(secondes);
+}
+
+double medianeDesEcarts(int passes, const std::function<void()>& preparer, const std::function<void()>& moindre,
+                        const std::function<void()>& travail)
+{
+    std::vector<double> ecarts;
+    for (int i = 0; i < passes; ++i) {
+        const double premier = duree(preparer, moindre);
+        ecarts.push_back(duree(preparer, travail) - premier);
     }
-    std::ranges::sort(secondes);
-    return secondes[secondes.size() / 2];
+    return milieu(ecarts);
 }

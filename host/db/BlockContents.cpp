@@ -1,5 +1,7 @@
 #include "db/BlockContents.h"
 
+#include <algorithm>
+
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
@@ -113,21 +115,27 @@ void BlockContents::listBlocksSection()
             if (!owner || m_database.typeName(*recordOf(owner)) != "BLOCK_RECORD")
                 owner = m_database.named(NameKind::block, blockName(m_database, records[i]));
             content = owner ? &m_contents[owner] : nullptr;
+            m_ranges.push_back({i, i, owner});
             if (content && !content->begin)
                 content->begin = stubOf(&records[i]);
         } else if (type == "ENDBLK") {
+            if (content)
+                m_ranges.back().last = i;
             if (content && !content->end)
                 content->end = stubOf(&records[i]);
             content = nullptr;
-        } else if (content && records[i].handle != 0 && !isSubentity(type))
-            content->entities.push_back(stubOf(&records[i]));
+        } else if (content) {
+            m_ranges.back().last = i;
+            if (records[i].handle != 0 && !isSubentity(type))
+                content->entities.push_back(stubOf(&records[i]));
+        }
     }
 }
 
 void BlockContents::listEntitiesSection()
 {
-    AcDbStub* model = modelSpace();
-    AcDbStub* paper = paperSpace();
+    AcDbStub* const model = modelSpace();
+    AcDbStub* const paper = paperSpace();
     for (AcDbStub* space : {model, paper})
         if (space)
             m_contents[space].inEntitiesSection = true;
@@ -135,13 +143,35 @@ void BlockContents::listEntitiesSection()
     if (!section)
         return;
     auto& records = m_database.file().records();
-    for (std::uint32_t i = section->first + 1; i <= section->last; ++i) {
-        if (isSubentity(m_database.typeName(records[i])) || records[i].handle == 0)
-            continue;
-        const Place place = placeOf(m_database, records[i]);
-        const bool inPaper = paper && (place.owner == recordOf(paper)->handle ||
-                                       (place.paper && (!model || place.owner != recordOf(model)->handle)));
-        if (AcDbStub* space = inPaper ? paper : model)
-            m_contents[space].entities.push_back(stubOf(&records[i]));
-    }
+    for (std::uint32_t i = section->first + 1; i <= section->last; ++i)
+        if (!isSubentity(m_database.typeName(records[i])) && records[i].handle != 0)
+            if (AcDbStub* space = spaceOf(records[i], model, paper))
+                m_contents[space].entities.push_back(stubOf(&records[i]));
+}
+
+/// Of model space and the active paper space, where an entity of the ENTITIES section stands.
+AcDbStub* BlockContents::spaceOf(const DxfRecord& record, AcDbStub* model, AcDbStub* paper) const
+{
+    const Place place = placeOf(m_database, record);
+    const bool inPaper = paper && (place.owner == recordOf(paper)->handle ||
+                                   (place.paper && (!model || place.owner != recordOf(model)->handle)));
+    return inPaper ? paper : model;
+}
+
+AcDbStub* BlockContents::around(const DxfRecord& record)
+{
+    const std::uint32_t at = m_database.positionOf(record);
+    const auto isIn = [&](const char* name) {
+        const DxfRange* const section = m_database.file().section(name);
+        return section && at > section->first && at < section->last;
+    };
+    if (isNew(record) || !m_database.isLoaded())
+        return nullptr;
+    if (isIn("ENTITIES"))
+        return spaceOf(record, modelSpace(), paperSpace());
+    if (!isIn("BLOCKS"))
+        return nullptr;
+    list();
+    const auto after = std::ranges::upper_bound(m_ranges, at, {}, &Range::first);
+    return after != m_ranges.begin() && at <= std::prev(after)->last ? std::prev(after)->block : nullptr;
 }

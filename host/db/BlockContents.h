@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <unordered_map>
 #include <vector>
 
@@ -25,6 +26,9 @@ public:
 
     /// Content of a block record; an empty one when the file has none.
     BlockContent& of(AcDbStub* blockRecord);
+    /// The block record whose content a record of the file stands in, whatever owner it names; null where there is
+    /// none.
+    AcDbStub* around(const DxfRecord& record);
     void append(AcDbStub* blockRecord, AcDbStub* entity);
     /// A block made since the file was read.
     void addNew(AcDbStub* blockRecord, AcDbStub* begin, AcDbStub* end);
@@ -38,9 +42,17 @@ private:
     void list();
     void listBlocksSection();
     void listEntitiesSection();
+    AcDbStub* spaceOf(const DxfRecord& record, AcDbStub* model, AcDbStub* paper) const;
+
+    /// The records from a BLOCK to its ENDBLK.
+    struct Range {
+        std::uint32_t first, last;
+        AcDbStub* block;
+    };
 
     AcDbDatabaseImpl& m_database;
     bool m_listed = false;
+    std::vector<Range> m_ranges; // of the BLOCKS section, in its order
     std::unordered_map<AcDbStub*, BlockContent> m_contents;
     std::vector<AcDbStub*> m_newBlocks;
     std::vector<AcDbStub*> m_grown;

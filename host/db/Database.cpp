@@ -61,8 +61,9 @@ void loadFile(AcDbDatabaseImpl& database, const fs::path& path)
         return database.load(std::make_unique<DxfFile>(path.string()));
     DwgConversion conversion = DwgConverter().convert(path);
     database.load(std::make_unique<DxfFile>(std::move(conversion.dxf), path.string()));
-    for (const std::string& note : conversion.notes)
-        database.addProblem(note);
+    database.addRemark(conversion.note);
+    for (const std::string& loss : conversion.losses)
+        database.addProblem(loss);
 }
 
 /// Why a file could not be written.

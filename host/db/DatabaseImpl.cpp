@@ -92,7 +92,7 @@ void AcDbDatabaseImpl::load(std::unique_ptr<DxfFile> file)
     for (std::size_t i = 0; i < m_newRecords.size(); ++i)
         m_newRecords[i].flags = RecordFlags::isNew | RecordFlags::madeUp;
     if (m_header.integer("$TILEMODE", 1) == 0)
-        addProblem("dessin enregistré sur une présentation ; c'est l'espace objet qui est montré");
+        addRemark("dessin enregistré sur une présentation ; c'est l'espace objet qui est montré");
 }
 
 void AcDbDatabaseImpl::adoptStructure()
@@ -225,6 +225,12 @@ int AcDbDatabaseImpl::lineOf(const DxfRecord& record)
     m_line += record.offset < m_lineOffset ? -lines : lines;
     m_lineOffset = record.offset;
     return m_line;
+}
+
+void AcDbDatabaseImpl::addRemark(const std::string& what)
+{
+    m_problems.push_back(what);
+    ++m_remarks;
 }
 
 void AcDbDatabaseImpl::addProblem(const DxfRecord& record, const std::string& what)

@@ -145,10 +145,13 @@ public:
     // ---- reactors, messages
 
     std::vector<AcDbDatabaseReactor*>& reactors() { return m_reactors; }
-    /// What was found wrong in the file, in French, at opening and since.
+    /// What was found wrong in the file, in French, at opening and since, and what else its user must know of it.
     const std::vector<std::string>& problems() const { return m_problems; }
+    /// Whether nothing was wrong.
+    bool isSound() const { return m_problems.size() == m_remarks; }
     void addProblem(const DxfRecord& record, const std::string& what);
     void addProblem(const std::string& what) { m_problems.push_back(what); }
+    void addRemark(const std::string& what);
     std::wstring fileName; ///< as given by the caller
     std::wstring lastError;
     bool replacesReadOnly = false; ///< a save may replace a file marked as read-only: its user said so
@@ -172,7 +175,7 @@ private:
     std::vector<std::uint32_t> m_edits; // positions of records of the file that may differ from their bytes
     mutable std::vector<const DxfClass*> m_classByType;
     std::vector<SymbolNames> m_names;
-    BlockContents m_blocks;
+    mutable BlockContents m_blocks; // listed when first asked for
     HeaderVariables m_header;
     UndoRecorder m_undo;
     AcDbStub* m_rootDictionary = nullptr;
@@ -180,6 +183,7 @@ private:
     FileState m_savedState;
     std::vector<AcDbDatabaseReactor*> m_reactors;
     std::vector<std::string> m_problems;
+    std::size_t m_remarks = 0;      // among them
     std::uint64_t m_lineOffset = 0; // where lines were counted to last
     int m_line = 1;
 };

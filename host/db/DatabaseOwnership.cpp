@@ -35,10 +35,19 @@ AcDbStub* AcDbDatabaseImpl::ownerInFile(const DxfRecord& record) const
             break;
         }
     }
-    if (isNew(record) || !isOwnedByPrevious(typeName(record)) || (owner && hasSubentities(*recordOf(owner))))
+    if (isNew(record))
         return owner;
-    AcDbStub* const parent = parentOf(record);
-    return parent ? parent : owner;
+    if (isOwnedByPrevious(typeName(record))) {
+        if (owner && hasSubentities(*recordOf(owner)))
+            return owner;
+        if (AcDbStub* const parent = parentOf(record))
+            return parent;
+    }
+    // Many programs leave the owner out, or name one that is not there: the entity is its block's all the same.
+    if (owner && typeName(*recordOf(owner)) == "BLOCK_RECORD")
+        return owner;
+    AcDbStub* const block = m_blocks.around(record);
+    return block ? block : owner;
 }
 
 /// Files often name the block as the owner of attributes: they belong to the entity that they stand behind.

@@ -108,8 +108,12 @@ std::vector<std::string_view> SavePlan::pieces() const
         const std::size_t at = atEnd ? file.size() : records[edit.position].offset;
         if (at > copied)
             pieces.push_back(file.substr(copied, at - copied));
-        if (edit.to > edit.from)
-            pieces.push_back(std::string_view(m_text).substr(edit.from, edit.to - edit.from));
+        const std::string_view text = std::string_view(m_text).substr(edit.from, edit.to - edit.from);
+        const bool follows = !pieces.empty() && pieces.back().data() + pieces.back().size() == text.data();
+        if (follows) // neighbours that changed are one piece
+            pieces.back() = {pieces.back().data(), pieces.back().size() + text.size()};
+        else if (!text.empty())
+            pieces.push_back(text);
         copied = std::max(copied, edit.place == Place::instead && !atEnd ? at + records[edit.position].length : at);
     }
     if (copied < file.size())

@@ -110,8 +110,8 @@ DwgConversion DwgConverter::convert(const fs::path& drawing) const
     if (end.how != ProcessEnd::How::exited || end.status != 0)
         throw DwgError(drawing, failureOf(end, m_settings));
 
-    DwgConversion conversion{result.contents(), {dwg_texts::converted}};
+    DwgConversion conversion{result.contents(), dwg_texts::converted, {}};
     for (const std::string& line : linesOf(end.message))
-        conversion.notes.push_back(dwg_texts::passedOver(line));
+        conversion.losses.push_back(dwg_texts::passedOver(line));
     return conversion;
 }

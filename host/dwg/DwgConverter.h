@@ -13,10 +13,12 @@ public:
     DwgError(const std::filesystem::path& drawing, const std::string& reason);
 };
 
-/// A drawing converted: the bytes of a DXF file in the DWG's own version, and what was lost on the way, in French.
+/// A drawing converted: the bytes of a DXF file in the DWG's own version, what that means for its user, and what was
+/// lost on the way, in French.
 struct DwgConversion {
     std::string dxf;
-    std::vector<std::string> notes;
+    std::string note;
+    std::vector<std::string> losses;
 };
 
 /// Converts DWG drawings to DXF in a process of its own: whatever a drawing does to the converter, the program and

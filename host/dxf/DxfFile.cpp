@@ -113,7 +113,7 @@ void DxfFile::unmap()
 void DxfFile::load(DxfUpgrade upgrade)
 {
     index();
-    if (m_cut || !m_endsecsWithin.empty())
+    if (m_cut || m_lineOpen || !m_endsecsWithin.empty())
         repair();
     m_versionOnDisk = m_form.version;
     if (m_form.version >= r2000 || upgrade == DxfUpgrade::none) {
@@ -228,8 +228,12 @@ void DxfFile::repair()
         copied = m_records[at].offset + m_records[at].length;
     }
     whole.append(m_bytes, copied, end - copied);
+    DxfTagWriter out(m_form, whole);
+    if (m_lineOpen) {
+        whole += m_form.eol;
+        out.rawText(0, "EOF");
+    }
     if (m_cut) {
-        DxfTagWriter out(m_form, whole);
         const bool inTable = !m_tables.empty() && m_tables.back().last == m_sections.back().last &&
                              m_records[m_tables.back().last].type != DxfIndexer::endtab;
         if (inTable)
@@ -286,6 +290,7 @@ void DxfFile::findRanges()
     if (nothing)
         throw DxfError(m_path, m_problems.front().line, m_problems.front().what + " ; " + dxf_texts::noSection);
     m_cut = open;
+    m_lineOpen = !open && !ended && !m_form.binary && !m_bytes.ends_with('\n') && !m_bytes.ends_with('\r');
     if (open) {
         const bool tailed = (m_records.back().flags & DxfRecord::pseudo) != 0;
         note(m_bytes.size(), dxfBadCode, dxf_texts::sectionCut(m_sections.back().name));

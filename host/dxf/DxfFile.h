@@ -129,6 +129,7 @@ private:
     std::unordered_map<std::string, std::uint16_t> m_typeIds;
     std::vector<std::uint32_t> m_structure;     // positions of the records that open and close sections and tables
     bool m_cut = false;                         // the file ends within a section
+    bool m_lineOpen = false;                    // or behind one, without EOF and within a line
     bool m_repaired = false;                    // the bytes are not those of the disk
     std::vector<std::uint32_t> m_endsecsWithin; // that close nothing
     std::vector<DxfRange> m_sections;

@@ -76,7 +76,10 @@ void onLeaseBroken(int, siginfo_t* info, void*)
         if (watch.descriptor != info->si_fd || !watch.state.compare_exchange_strong(expected, copying))
             continue;
         copyInPlace(watch);
-        fcntl(watch.descriptor, F_SETLEASE, F_UNLCK); // the other program goes on
+        // The other program goes on. One that went on before, because we were stopped for too long, may have written
+        // into what was copied.
+        if (fcntl(watch.descriptor, F_SETLEASE, F_UNLCK) != 0)
+            loseEverything(watch);
         watch.state = copied;
     }
     errno = error;

@@ -4,8 +4,7 @@
 
 namespace {
 
-constexpr int mostPieces = 40000;    // cut of one segment: finer than any view shows
-constexpr double leastLength = 1e-9; // of a dash or a gap, in patterns: less is the rounding of sums
+constexpr int mostPieces = 40000; // cut of one segment: finer than any view shows
 
 double flatLength(const AcGePoint3d& from, const AcGePoint3d& to)
 {
@@ -65,7 +64,7 @@ double DashCutter::lengthOf(std::size_t element) const
 /// Which element of the pattern covers a distance from the start: never a dot, which has no length to stand on.
 DashCutter::Place DashCutter::placeAt(double distance) const
 {
-    const double nothing = m_pattern * leastLength;
+    const double nothing = m_pattern * leastDash;
     if (m_lengthened && distance < m_ends - nothing)
         return {0, m_ends - distance, false};
     if (m_lengthened && distance >= m_length - m_ends - nothing)

@@ -146,19 +146,19 @@ void addMultiline(const RecordTags& tags, DisplayList& list)
 
 // ---- tolerances
 
-/// The letters of the symbol font of tolerances, as characters of any other.
-wchar_t symbolOf(wchar_t letter)
+/// The letters of the symbol font of tolerances in characters that the font of pictures has.
+std::wstring symbolOf(wchar_t letter)
 {
-    static const std::map<wchar_t, wchar_t> symbols = {
-        {L'j', L'\u2316'}, {L'r', L'\u25CE'}, {L'i', L'\u232F'}, {L'f', L'\u2225'}, {L'b', L'\u27C2'},
-        {L'a', L'\u2220'}, {L'g', L'\u232D'}, {L'c', L'\u23E5'}, {L'e', L'\u25CB'}, {L'u', L'\u23E4'},
-        {L'd', L'\u2313'}, {L'k', L'\u2312'}, {L'h', L'\u2197'}, {L't', L'\u2330'}, {L'n', L'\u2300'},
-        {L'm', L'\u24C2'}, {L'l', L'\u24C1'}, {L's', L'\u24C8'}, {L'p', L'\u24C5'}};
+    static const std::map<wchar_t, const wchar_t*> symbols = {
+        {L'j', L"\u2295"}, {L'r', L"\u25CE"},   {L'i', L"\u2261"}, {L'f', L"\u2225"},       {L'b', L"\u27C2"},
+        {L'a', L"\u2220"}, {L'g', L"/\u25CB/"}, {L'c', L"\u23E5"}, {L'e', L"\u25CB"},       {L'u', L"\u2014"},
+        {L'd', L"\u25D3"}, {L'k', L"\u25E0"},   {L'h', L"\u2197"}, {L't', L"\u2197\u2197"}, {L'n', L"\u2300"},
+        {L'm', L"(M)"},    {L'l', L"(L)"},      {L's', L"(S)"},    {L'p', L"(P)"}};
     const auto found = symbols.find(letter);
-    return found == symbols.end() ? letter : found->second;
+    return found == symbols.end() ? std::wstring(1, letter) : found->second;
 }
 
-/// Rows of frames, each a text: "{\Fgdt;j}%%v0.1%%vA^J..." has three in its first row.
+/// Rows of frames, each a text: "{\Fgdt;j}%%v0.1%%vA" and what follows its line end have three in the first row.
 std::vector<std::vector<std::wstring>> framesOf(const std::wstring& text)
 {
     std::vector<std::vector<std::wstring>> rows(1, std::vector<std::wstring>(1));
@@ -167,7 +167,9 @@ std::vector<std::vector<std::wstring>> framesOf(const std::wstring& text)
         if (follows(L"%%v")) {
             rows.back().emplace_back();
             i += 2;
-        } else if (follows(L"^J") || follows(L"\\n")) {
+        } else if (text[i] == L'\n') { // "^J" in the file
+            rows.emplace_back(1);
+        } else if (follows(L"\\n")) {
             rows.emplace_back(1);
             ++i;
         } else if (follows(L"{\\F") || follows(L"{\\f")) {

@@ -34,8 +34,13 @@ Dashes usableDashes(std::vector<double> lengths)
         dashes.total += std::fabs(length);
         gap = gap || length < 0.0;
     }
-    if (gap && std::isfinite(dashes.total))
-        dashes.lengths = std::move(lengths);
+    if (!gap || !std::isfinite(dashes.total))
+        return dashes;
+    for (const double length : lengths)
+        if (std::fabs(length) >= dashes.total * leastDash)
+            dashes.lengths.push_back(length);
+        else if (length >= 0.0)
+            dashes.lengths.push_back(0.0);
     return dashes;
 }
 

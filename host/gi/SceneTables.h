@@ -22,7 +22,10 @@ struct Dashes {
     double total = 0.0;
 };
 
-/// Dashes with anything to cut, or no lengths at all.
+/// The least length of a dash or a gap, in lengths of the whole pattern: less is the rounding of sums.
+constexpr double leastDash = 1e-9;
+
+/// Dashes with anything to cut, or no lengths at all. What is shorter than can be drawn is a dot, or no gap.
 Dashes usableDashes(std::vector<double> lengths);
 
 class SceneTables {

@@ -1,6 +1,7 @@
 #include "frame/commandes.h"
 
 #include "calculs/dialoguesPolygonales.h"
+#include "calculs/reseau/commandeReseau.h"
 #include "codification/CformulaireXYZ.h"
 #include "codification/DlgTableCodification.h"
 #include "exchange/DlgPntsDuDessin.h"
@@ -17,16 +18,13 @@ namespace {
 /// Kept empty: menus in use still call the command.
 void importGsi() {}
 
-/// The subject of the command is not part of the module yet: it is known and prints nothing.
-void aVenir() {}
-
 constexpr commande commandes[] = {
     {L"CARROYAGE", ACRX_CMD_USEPICKSET, commandeCarroyage},
     {L"VCODIFICATION", ACRX_CMD_TRANSPARENT, commandeCodification},
     {L"COORDSXYZ", ACRX_CMD_MODAL, commandeCoordonnees},
     {L"CORRPOLFERMEE", ACRX_CMD_MODAL, corrPolFermee},
     {L"CORRPOLOUVERTE", ACRX_CMD_MODAL, corrPolOuverte},
-    {L"CORRMCARRES", ACRX_CMD_MODAL, aVenir},
+    {L"CORRMCARRES", ACRX_CMD_MODAL, corrMCarres},
     {L"IMPORTGSI", ACRX_CMD_MODAL, importGsi},
     {L"RECT3PT", ACRX_CMD_TRANSPARENT | ACRX_CMD_USEPICKSET, commandeRectangle},
     {L"IMPORTPOINTS", ACRX_CMD_USEPICKSET, commandeImportPoints},

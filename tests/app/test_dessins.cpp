@@ -75,6 +75,8 @@ TEST_F(info, OpensACutDrawingAsFarAsItGoes)
     const execution run = vela("info coupe.dxf");
     EXPECT_EQ(run.statut, 0);
     EXPECT_NE(run.sortie.find("ligne 771 : fichier tronqué"), std::string::npos) << run.sortie;
+    EXPECT_EQ(vela("info coupe.dxf --strict").statut, 1);
+    EXPECT_EQ(vela("info chantier.dxf --strict").statut, 0);
     EXPECT_NE(vela("apercu coupe.dxf -o coupe.png").erreurs.find("fichier tronqué"), std::string::npos);
 }
 

@@ -26,7 +26,7 @@ MODULE = "module/(%s)" % "|".join(name for row in LAYERS for name in row)
 #   below                the module's folders below this one
 OWN = "own"
 BELOW = "below"
-DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations|modele.*"
+DIALOGS = r"C?Dlg.*|.*D(LG|lg)|dialogue.*|C?[Ff]ormulaire.*|CParam.*|resultPolygo|croquis.*|panneau.*|listeObservations|modele.*|CDefVariable"
 INTERFACE = "interface(.*)"
 RULES = (
     # The interface itself: plain declarations.

@@ -2,6 +2,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfCursor.h"
+#include "dxf/DxfValue.h"
 #include "dxf/R12Subclasses.h"
 
 #include "dbxrecrd.h"
@@ -225,7 +226,9 @@ private:
         if (tag.code == 330 && !aroundWritten) {
             writeAroundOnce();
             AcDbStub* const owner = object.ownerId().stub();
-            if (!owner || owner == writer.m_database.ownerInFile(record))
+            std::uint64_t named = 0;
+            const bool same = owner && dxfHandle(tag, named) && named == recordOf(owner)->handle;
+            if (!owner || same || owner == writer.m_database.ownerInFile(record))
                 copy(tag);
             else
                 writer.writeOwner(object);

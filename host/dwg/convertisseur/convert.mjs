@@ -5,6 +5,9 @@
 import { appendFileSync, readFileSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
+import { mendAngles } from './angles.mjs';
+import { currentColour, mendCurrentColour } from './colours.mjs';
+import { lostObjects } from './losses.mjs';
 import { mendTables, readTables } from './tables.mjs';
 
 const status = { converted: 0, refused: 10, notInstalled: 11, fileError: 12, badCall: 13 };
@@ -70,7 +73,13 @@ function convert(library, drawing) {
     textsOf(error).forEach((text) => console.error(text));
   const dxf = Buffer.from(library.FS.readFile('dessin.dxf'));
   library.FS.unlink('dessin.dxf');
-  return mendTables(dxf, readTables(library, library.dwg_read_file('dessin.dwg').data));
+  const data = library.dwg_read_file('dessin.dwg').data;
+  const whole = mendAngles(mendCurrentColour(dxf, currentColour(library, data)), library, data);
+  const pieces = mendTables(whole, readTables(library, data));
+  const lost = [...lostObjects(library, data, pieces)].map(([name, count]) => `${count} ${name}`);
+  if (lost.length > 0)
+    console.error(`objets lus, mais non convertis : ${lost.join(', ')}`);
+  return pieces;
 }
 
 function convertOrStop(library, drawing) {

@@ -113,9 +113,14 @@ std::size_t EntityWalk::placeOf(AcDbObjectId entity, AcDbObjectId block)
 
 AcDbObjectId EntityWalk::mainAfter(AcDbObjectId entity)
 {
-    const AcDbObjectId block = ownerOf(entity);
+    AcDbObjectId block = ownerOf(entity);
     if (block.isNull())
         return {};
+    if (placeOf(entity, block) == entitiesOf(block).size()) { // files may name one block and stand in another
+        AcDbDatabaseImpl& database = AcDbDatabaseImpl::of(entity.stub());
+        AcDbStub* const around = database.blocks().around(*recordOf(entity));
+        block = around ? AcDbObjectId(around) : block;
+    }
     const auto& entities = entitiesOf(block);
     for (std::size_t at = placeOf(entity, block) + 1; at < entities.size(); ++at)
         if (!isErased(*recordOf(entities[at])))

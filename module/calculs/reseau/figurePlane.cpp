@@ -48,7 +48,7 @@ double arrondiBas(double valeur)
     return base * (chiffre >= 5.0 ? 5.0 : chiffre >= 2.0 ? 2.0 : 1.0);
 }
 
-/// The larger ellipses become a twelfth of the network, but no longer than half of a usual leg.
+/// The largest half axis becomes a fifth of a usual leg, at most.
 double echelleChoisie(const figurePlane& f, double facteur, const resultatReseau& resultat)
 {
     double plusGrande = 0.0;
@@ -62,7 +62,7 @@ double echelleChoisie(const figurePlane& f, double facteur, const resultatReseau
         longueurs.push_back(std::hypot(c.vers.x - c.de.x, c.vers.y - c.de.y));
     const auto milieu = longueurs.begin() + static_cast<std::ptrdiff_t>(longueurs.size() / 2);
     std::nth_element(longueurs.begin(), milieu, longueurs.end());
-    return std::max(1.0, arrondiBas(0.5 * *milieu / plusGrande));
+    return std::max(1.0, arrondiBas(0.2 * *milieu / plusGrande));
 }
 
 std::string nombre(double valeur)

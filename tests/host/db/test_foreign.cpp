@@ -53,6 +53,27 @@ TEST_F(ForeignTest, whatEveryEntityHasIsReadWhereverItStands)
     }
 }
 
+TEST_F(ForeignTest, anEntityIsItsBlocksWhateverOwnerItNames)
+{
+    const std::string line = "100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 5\n21 5\n31 0\n";
+    for (const char* const owner : {"", "330 0\n", "330 ABCD\n", "330 2\n"}) { // none, nowhere, a table
+        SCOPED_TRACE(owner);
+        SmallDrawing drawing;
+        drawing.blockRecords =
+            "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 B\n340 0\n";
+        const std::string bounds = "330 70\n100 AcDbEntity\n8 0\n100 AcDbBlock";
+        drawing.blocks = "0 BLOCK\n5 72\n" + bounds + "Begin\n2 B\n70 0\n10 0\n20 0\n30 0\n3 B\n1 \n" +
+                         "0 LINE\n5 73\n" + owner + line + "0 ENDBLK\n5 74\n" + bounds + "End\n";
+        drawing.entities = std::string("0 LINE\n5 80\n") + owner + line;
+        const std::string before = drawing.text();
+        const auto database = open(before);
+        EXPECT_EQ(Opened<AcDbEntity>(*database, 0x80)->ownerId(), idOf(*database, 0x1F));
+        EXPECT_EQ(Opened<AcDbEntity>(*database, 0x73)->ownerId(), idOf(*database, 0x70));
+        Opened<AcDbEntity>(*database, 0x80, AcDb::kForWrite)->setColorIndex(5);
+        EXPECT_EQ(changes(before, saved(*database)), (Changes{"+62|5"}));
+    }
+}
+
 TEST_F(ForeignTest, codesThatAClassHasForItselfStayItsOwn)
 {
     // 48 is the width of a column of text; 62 in an object of another kind may be anything.

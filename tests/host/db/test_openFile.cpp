@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <csignal>
 #include <fstream>
 
 #include <fcntl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include "SmallDrawing.h"
@@ -47,13 +49,19 @@ void overwrite(const std::filesystem::path& path, int flags, const std::string& 
 }
 
 /// Gives up the lease on a file, which leaves its map to what happens: as a medium that is unplugged does.
-void abandonLease(const std::filesystem::path& path)
+/// @return the descriptor that had it
+int abandonLease(const std::filesystem::path& path)
 {
+    int found = -1;
     for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
         std::error_code error;
-        if (std::filesystem::read_symlink(entry.path(), error) == path)
-            fcntl(std::stoi(entry.path().filename().string()), F_SETLEASE, F_UNLCK);
+        const int descriptor = std::stoi(entry.path().filename().string());
+        if (std::filesystem::read_symlink(entry.path(), error) == path && fcntl(descriptor, F_GETLEASE) == F_RDLCK) {
+            fcntl(descriptor, F_SETLEASE, F_UNLCK);
+            found = descriptor;
+        }
     }
+    return found;
 }
 
 } // namespace
@@ -128,6 +136,21 @@ TEST_F(OpenFileTest, whatTheMediumLosesIsToldAndWhatWasReadIsRescued)
     EXPECT_EQ(walk(*rescued), lineCount - 3);
     EXPECT_EQ(Opened<AcDbLine>(*rescued, changed)->endPoint(), AcGePoint3d(7, 1, 1));
     EXPECT_TRUE(idOf(*rescued, unread).isNull());
+}
+
+/// A program that is stopped hears of the writer when the system has long let it go on.
+TEST_F(OpenFileTest, toldTooLateNothingIsTakenForTheDrawing)
+{
+    const std::string before = ofLines(mapped).text();
+    const auto database = open(before);
+    siginfo_t told{};
+    told.si_signo = SIGRTMIN + 6;
+    told.si_code = POLL_MSG;
+    told.si_fd = abandonLease(root / "plan.dxf");
+    overwrite(root / "plan.dxf", 0, before); // the same text: what counts is that it may be another
+    ASSERT_EQ(syscall(SYS_rt_sigqueueinfo, getpid(), told.si_signo, &told), 0);
+    EXPECT_EQ(walk(*database), 0U);
+    EXPECT_NE(database->saveAs(path("sortie.dxf").c_str()), Acad::eOk);
 }
 
 TEST_F(OpenFileTest, withoutItsSectionsNothingIsRescued)

@@ -80,8 +80,8 @@ TEST_F(DwgConversionTest, KeepsWhatTheSurveyNeeds)
     };
     for (const Row& row : rows)
         EXPECT_NE(conversion.dxf.find(row.text), std::string::npos) << row.name << ":\n" << row.text;
-    ASSERT_EQ(conversion.notes.size(), 1U);
-    EXPECT_NE(conversion.notes[0].find("dessin DWG converti en DXF"), std::string::npos);
+    EXPECT_NE(conversion.note.find("dessin DWG converti en DXF"), std::string::npos);
+    EXPECT_EQ(conversion.losses, std::vector<std::string>()); // each object of the drawing was written
     EXPECT_TRUE(conversionFolders().empty());
 }
 
@@ -138,7 +138,7 @@ TEST_F(DwgConversionTest, SaysThatItsPackageIsMissing)
 {
     DwgConverter::Settings settings;
     settings.folder = m_folder.path();
-    for (const char* script : {"convert.mjs", "tables.mjs"})
+    for (const char* script : {"convert.mjs", "tables.mjs", "angles.mjs", "colours.mjs", "losses.mjs"})
         fs::copy_file(DwgConverter::installedFolder() / script, m_folder / script);
     EXPECT_EQ(refusal(settings, m_folder.write("plan.dwg", dwgSample())),
               "plan.dwg : le convertisseur de dessins DWG n'est pas installé dans « " + m_folder.path().string() +
@@ -222,6 +222,5 @@ TEST(DwgConverterTest, ListsWhatWasPassedOver)
     settings.node = folder.program("node", "echo 'valeurs hors limites' >&2; printf '0\\nEOF\\n' > \"$4\"");
     const DwgConversion conversion = DwgConverter(settings).convert(folder.write("plan.dwg", dwgSample()));
     EXPECT_EQ(conversion.dxf, "0\nEOF\n");
-    ASSERT_EQ(conversion.notes.size(), 2U);
-    EXPECT_EQ(conversion.notes[1], "conversion du dessin DWG : valeurs hors limites");
+    EXPECT_EQ(conversion.losses, std::vector<std::string>{"conversion du dessin DWG : valeurs hors limites"});
 }

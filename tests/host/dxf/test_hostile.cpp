@@ -142,6 +142,12 @@ TEST(DxfHostileTest, OddEndings)
     const DxfFile without(asciiDxf(text), "plan.dxf");
     ASSERT_EQ(without.problems().size(), 1u);
     EXPECT_EQ(without.problems()[0].what, "la marque de fin « EOF » manque");
+    // What is written behind it must not be taken for more of its last line.
+    std::string lineOpen = asciiDxf(text);
+    lineOpen.erase(lineOpen.find_last_not_of("\r\n") + 1);
+    const DxfFile closed(lineOpen, "plan.dxf");
+    EXPECT_TRUE(closed.bytes().starts_with(lineOpen + "\r\n"));
+    EXPECT_TRUE(closed.bytes().ends_with("0\r\nEOF\r\n"));
 
     const DxfFile unclosed(
         asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 AC1015\n0 SECTION\n2 ENTITIES\n0 ENDSEC\n0 EOF\n"), "plan.dxf");

