@@ -10,6 +10,7 @@
 #include "codification/tableCodification.h"
 #include "points/listePointsDuDessin.h"
 #include "services/codages.h"
+#include "services/dialogueCellules.h"
 #include "services/formatNombres.h"
 #include "services/lettres.h"
 
@@ -88,7 +89,7 @@ std::map<int, double> rangsDesLibelles(const tableCodification& codes)
         if (codes.indexCode(codes[i].code) == i)
             premiers.push_back(i);
     std::ranges::stable_sort(premiers, [&](int a, int b) {
-        return enMinuscules(codes[a].libelle) < enMinuscules(codes[b].libelle);
+        return comparerTextes(texteQt(codes[a].libelle), texteQt(codes[b].libelle)) < 0;
     });
     std::map<int, double> rangs;
     for (std::size_t i = 0; i < premiers.size(); ++i)
