@@ -15,7 +15,7 @@ using platform::utf8FromWide;
 
 namespace {
 
-constexpr int decimalesMetres = 4, decimalesGrades = 5, decimalesMillimetres = 1;
+constexpr int decimalesMetres = 4, decimalesMillimetres = 1;
 constexpr std::size_t montres = 20;
 
 double enMillimetres(double metres)

@@ -11,7 +11,8 @@ export TMPDIR="$dossier"
 bin=build/release/bin
 
 scripts/construire.sh release vela_bench_dessin vela_bench_planchers vela_bench_codec vela_bench_tables \
-    vela_bench_symboles vela_bench_polygonale vela_bench_reseau vela_bench_echange vela_bench_terrain \
+    vela_bench_symboles vela_bench_polygonale vela_bench_reseau vela_bench_outils vela_bench_echange \
+    vela_bench_terrain \
     vela_bench_implantation vela_bench_image vela_bench_scripts vela_bench_lisp
 "$bin/vela_bench_dessin" "$dossier/leve.dxf" --points "$points"
 
@@ -30,6 +31,7 @@ mesurer vela_bench_tables
 mesurer vela_bench_symboles
 mesurer vela_bench_polygonale
 mesurer vela_bench_reseau
+mesurer vela_bench_outils
 mesurer vela_bench_echange
 mesurer vela_bench_terrain
 mesurer vela_bench_implantation

@@ -8,6 +8,7 @@
 #include "points/ptsEn3d.h"
 #include "tools/commandeCarroyage.h"
 #include "tools/commandeRectangle.h"
+#include "tools/DlgAxe.h"
 #include "tools/DlgSuperpositions.h"
 #include "tools/DlgTransformer.h"
 
@@ -38,6 +39,7 @@ constexpr commande commandes[] = {
 constexpr commande commandesVela[] = {
     {L"VLTRANSFORMER", ACRX_CMD_MODAL, commandeTransformer},
     {L"VLSUPERPOS", ACRX_CMD_MODAL, commandeSuperpositions},
+    {L"VLAXE", ACRX_CMD_MODAL, commandeAxe},
 };
 
 void enregistrer(AcEdCommandStack& pile, const wchar_t* groupe, std::span<const commande> table)

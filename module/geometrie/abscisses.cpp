@@ -53,3 +53,11 @@ std::vector<double> abscisses::jalons(double pas, double fin) const
     }
     return longueurs;
 }
+
+std::vector<double> abscisses::sauts() const
+{
+    std::vector<double> longueurs;
+    for (std::size_t i = 1; i < m_troncons.size(); ++i)
+        longueurs.push_back(m_troncons[i].longueur);
+    return longueurs;
+}

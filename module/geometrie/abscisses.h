@@ -23,6 +23,8 @@ public:
     std::vector<double> longueursDe(double abscisse, double fin) const;
     /// Multiples of `pas` (above 0) as lengths, up to `fin`.
     std::vector<double> jalons(double pas, double fin) const;
+    /// Lengths at which the numbering jumps.
+    std::vector<double> sauts() const;
 
 private:
     struct troncon {

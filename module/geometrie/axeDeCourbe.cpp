@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "geometrie/axeEnregistre.h"
+
 #include "dbents.h"
 #include "dbentvrt.h"
 #include "dbpl.h"
@@ -132,6 +134,15 @@ private:
     std::vector<sommetAxe> m_sommets;
 };
 
+bool memesBouts(const AcDbCurve& courbe, const axe& ligne)
+{
+    constexpr double memeLieu = 1e-4;
+    AcGePoint3d debut, fin;
+    return courbe.getStartPoint(debut) == Acad::eOk && courbe.getEndPoint(fin) == Acad::eOk &&
+           norme(pointDe(debut).plan() - ligne.pointA(0.0)) < memeLieu &&
+           norme(pointDe(fin).plan() - ligne.pointA(ligne.longueur())) < memeLieu;
+}
+
 axe axeBrut(const AcDbCurve& courbe, double fleche)
 {
     if (const auto* const ligne = AcDbLine::cast(&courbe))
@@ -173,5 +184,8 @@ axe axeDeEntite(const AcDbObjectId& id, double fleche)
     if (entite.openStatus() != Acad::eOk)
         return {};
     const auto* const courbe = AcDbCurve::cast(entite.object());
-    return courbe ? axeDeCourbe(*courbe, fleche) : axe();
+    if (!courbe)
+        return {};
+    const auto vrai = lireAxeEnregistre(id);
+    return vrai && memesBouts(*courbe, vrai->ligne) ? vrai->ligne : axeDeCourbe(*courbe, fleche);
 }

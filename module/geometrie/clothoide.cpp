@@ -1,5 +1,7 @@
 #include "geometrie/clothoide.h"
 
+#include <iterator>
+
 namespace {
 
 /// Abscissas and weights of the Gauss-Legendre rule of ten points, half of them: it is exact to the degree 19.

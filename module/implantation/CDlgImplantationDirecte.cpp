@@ -131,9 +131,13 @@ void CDlgImplantationDirecte::selectionner(const travailImplantation::positions&
     m_ui->liste->selectionModel()->select(toutes, QItemSelectionModel::ClearAndSelect);
 }
 
+/// Rows that are still there stay selected.
 void CDlgImplantationDirecte::rafraichir()
 {
+    travailImplantation::positions avant = selection();
     m_modele->rafraichir();
+    std::erase_if(avant, [this](std::size_t i) { return i >= m_travail.points.size(); });
+    selectionner(avant);
     const bool vide = m_travail.points.empty();
     m_ui->boutonNumerotation->setEnabled(vide);
     direVisee();
@@ -172,7 +176,7 @@ void CDlgImplantationDirecte::mettreEnStation()
 void CDlgImplantationDirecte::obstacles()
 {
     saisirDansDessin([this] { gererObstacles(m_travail); });
-    m_travail.verifierVisibilite(choisis());
+    m_travail.verifierVisibilite(m_travail.toutes()); // any sight may be cut, or free again
     rafraichir();
 }
 
@@ -201,7 +205,9 @@ void CDlgImplantationDirecte::ajouter()
 
 void CDlgImplantationDirecte::enlever()
 {
-    m_travail.enlever(selection());
+    const travailImplantation::positions lignes = selection();
+    m_ui->liste->clearSelection();
+    m_travail.enlever(lignes);
     rafraichir();
 }
 

@@ -28,7 +28,7 @@ std::wstring observationDe(const pointDecale& p)
 
 DlgPointsDecalage::DlgPointsDecalage(const listePointsDuDessin& table) :
     m_ui(faireUi(*this)),
-    m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne)
+    m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne, m_ui->editOrigine)
 {
     remplirCodes(*m_ui->comboCode);
     m_ui->editPremier->setText(QString::number(table.getMaxNum() + 1));
@@ -92,7 +92,7 @@ void DlgPointsDecalage::accept()
         return;
     if (nombrePointsDecales(*ligne, demande) > pointsAuPlus)
         return avertirErreur(L"Intervalle trop petit : cela ferait plus d'un million de points.");
-    const std::vector<pointDecale> decales = pointsDecales(*ligne, abscisses(origine), demande);
+    const std::vector<pointDecale> decales = pointsDecales(*ligne, m_ligne.numerotation(origine), demande);
     if (decales.empty())
         return avertirErreur(L"La polyligne n'a aucune de ces abscisses.");
     if (nommer(decales))

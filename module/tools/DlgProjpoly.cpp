@@ -52,7 +52,7 @@ DlgProjpoly::DlgProjpoly(listePointsDuDessin& laTable) :
     m_ui(faireUi(*this)),
     m_table(laTable),
     m_points(laTable, *m_ui->editPoints, *m_ui->boutonDesignerPoints, *m_ui->labelPointsDesignes),
-    m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne),
+    m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne, m_ui->editOrigine),
     m_modele({"Point", "Abscisse", "Décalage", "Distance", "Dénivelée", "X du pied", "Y du pied", "Z du pied"}, 1,
              [this](int ligne, int colonne) { return texteDe(m_projetes[static_cast<std::size_t>(ligne)], colonne); })
 {
@@ -78,7 +78,7 @@ void DlgProjpoly::calculer()
     if (positions.empty())
         return;
     m_axe = *ligne;
-    m_numerotation = abscisses(origine);
+    m_numerotation = m_ligne.numerotation(origine);
     m_projetes = projeterPoints(m_axe, m_numerotation, pointsNommes(m_table, positions));
     m_modele.montrer(m_projetes.size());
     m_ui->boutonRapport->setEnabled(true);

@@ -1,47 +1,51 @@
 #include "tools/carroyage.h"
 
+#include <algorithm>
+#include <limits>
 #include <numbers>
 
 #include "services/nombreFixe.h"
 
 namespace {
 
-/// A line of the grid is `numero` steps from 0; steps are multiplied, not added, so that thousands of them do not
-/// drift.
-struct lignesDeGrille {
-    double pas, premiere, derniere; // numbers
-
-    lignesDeGrille(double lePas, double debut, double fin) :
-        pas(lePas),
-        premiere(std::floor(debut / lePas)),
-        derniere(std::ceil(fin / lePas))
+/// The lines of the grid over a stretch, from the first multiple of the step at or below its start to the last at or
+/// above its end.
+class lignesDeGrille {
+public:
+    /// Intended: steps are added, not multiplied, as on plans already drawn; thousands of them drift by microns.
+    lignesDeGrille(double pas, double debut, double fin)
     {
+        const double derniere = std::ceil(fin / pas) * pas;
+        for (double place = std::floor(debut / pas) * pas; place <= derniere; place += pas) {
+            m_places.push_back(place);
+            if (place + pas == place)
+                break; // too far from 0 for steps so small
+        }
+        const double loin = std::max(std::abs(debut), std::abs(fin));
+        const double derive = static_cast<double>(m_places.size()) * std::numeric_limits<double>::epsilon() * loin;
+        m_precision = 1e-12 + 1e-14 * loin + derive;
     }
-    std::size_t nombre() const { return static_cast<std::size_t>(derniere - premiere + 1.0); }
-    double place(std::size_t i) const { return (premiere + static_cast<double>(i)) * pas; }
+    const std::vector<double>& places() const { return m_places; }
     /// The first one at or above a coordinate.
     std::size_t premiereDepuis(double coordonnee) const
     {
-        const double i = std::clamp(std::ceil(coordonnee / pas) - premiere - 1.0, 0.0, derniere - premiere + 1.0);
-        auto rang = static_cast<std::size_t>(i);
-        while (rang < nombre() && place(rang) < coordonnee)
-            ++rang;
-        return rang;
+        return static_cast<std::size_t>(std::ranges::lower_bound(m_places, coordonnee) - m_places.begin());
     }
+    bool confondus(double a, double b) const { return std::abs(a - b) <= m_precision; }
+    /// A coordinate that is as good as on a line, put there.
+    double surLaGrille(double coordonnee) const
+    {
+        const std::size_t apres = premiereDepuis(coordonnee);
+        for (const std::size_t i : {apres, apres - 1}) // 0 - 1 is out of range
+            if (i < m_places.size() && confondus(m_places[i], coordonnee))
+                return m_places[i];
+        return coordonnee;
+    }
+
+private:
+    std::vector<double> m_places;
+    double m_precision = 0.0; ///< what is lost when a coordinate is computed
 };
-
-/// What is lost when a coordinate is computed.
-double precisionDe(double coordonnee)
-{
-    return 1e-12 + 1e-14 * std::abs(coordonnee);
-}
-
-/// A coordinate that is as good as on a line of the grid, put there.
-double surLaGrille(double coordonnee, double pas)
-{
-    const double ligne = std::round(coordonnee / pas) * pas;
-    return std::abs(ligne - coordonnee) <= precisionDe(coordonnee) ? ligne : coordonnee;
-}
 
 /// A piece of outline that rises or falls all along. Seen by the rows, "haut" is Y and "cote" is X; columns see it the
 /// other way round.
@@ -68,10 +72,7 @@ struct brin {
 /// The outline in pieces, which begin and end at the same coordinates as their neighbours.
 class contourEnBrins {
 public:
-    contourEnBrins(const axe& contour, double pasCote, double pasHaut, bool colonnes) :
-        m_pasCote(pasCote),
-        m_pasHaut(pasHaut),
-        m_colonnes(colonnes)
+    contourEnBrins(const axe& contour, bool colonnes) : m_colonnes(colonnes)
     {
         const auto& elements = contour.elements();
         const std::size_t nombre = elements.size();
@@ -79,13 +80,17 @@ public:
             ajouter(elements[i], sommet(elements[i].debut), sommet(elements[(i + 1) % nombre].debut));
     }
     const std::vector<brin>& brins() const { return m_brins; }
+    /// Ends that are as good as on a line of the grid are put there.
+    void poserSur(const lignesDeGrille& lignes)
+    {
+        for (brin& b : m_brins) {
+            b.de.y = lignes.surLaGrille(b.de.y);
+            b.a.y = lignes.surLaGrille(b.a.y);
+        }
+    }
 
 private:
-    point2 sommet(point2 p) const
-    {
-        const point2 vu = m_colonnes ? point2{p.y, p.x} : p;
-        return {surLaGrille(vu.x, m_pasCote), surLaGrille(vu.y, m_pasHaut)};
-    }
+    point2 sommet(point2 p) const { return m_colonnes ? point2{p.y, p.x} : p; }
     void ajouter(const elementAxe& e, point2 de, point2 a)
     {
         if (!e.estArc()) {
@@ -105,8 +110,7 @@ private:
              niveau * std::numbers::pi < fin - 1e-12; niveau += 1.0) {
             const bool pair = std::fmod(std::abs(niveau), 2.0) < 0.5;
             // Turning left it runs towards +cote at its lowest place.
-            const double h = surLaGrille(centre.y + (pair == (sens > 0.0) ? -rayon : rayon), m_pasHaut);
-            const point2 extreme{surLaGrille(centre.x, m_pasCote), h};
+            const point2 extreme{centre.x, centre.y + (pair == (sens > 0.0) ? -rayon : rayon)};
             ajouterArc(debut, extreme, rayon, centre, sens);
             debut = extreme;
         }
@@ -119,7 +123,6 @@ private:
     }
 
     std::vector<brin> m_brins;
-    double m_pasCote, m_pasHaut;
     bool m_colonnes;
 };
 
@@ -130,10 +133,11 @@ struct croisements {
 
 std::vector<croisements> croiser(const std::vector<brin>& brins, const lignesDeGrille& lignes)
 {
-    std::vector<croisements> trouves(lignes.nombre());
+    const std::vector<double>& places = lignes.places();
+    std::vector<croisements> trouves(places.size());
     for (const brin& b : brins)
-        for (std::size_t i = lignes.premiereDepuis(b.bas()); i < lignes.nombre() && lignes.place(i) <= b.haut(); ++i) {
-            const double h = lignes.place(i), cote = b.coteA(h);
+        for (std::size_t i = lignes.premiereDepuis(b.bas()); i < places.size() && places[i] <= b.haut(); ++i) {
+            const double h = places[i], cote = b.coteA(h);
             if (h < b.haut())
                 trouves[i].dessus.push_back(cote);
             if (h > b.bas())
@@ -182,9 +186,9 @@ public:
 
 private:
     template <typename Tracer>
-    void surLignes(double pasCote, double pasHaut, bool colonnes, Tracer&& tracer)
+    void surLignes(double pas, bool colonnes, Tracer&& tracer)
     {
-        const contourEnBrins contour(m_contour, pasCote, pasHaut, colonnes);
+        contourEnBrins contour(m_contour, colonnes);
         if (contour.brins().empty())
             return;
         double bas = std::numeric_limits<double>::infinity(), haut = -bas;
@@ -192,24 +196,24 @@ private:
             bas = std::min(bas, b.bas());
             haut = std::max(haut, b.haut());
         }
-        const lignesDeGrille lignes(pasHaut, bas, haut);
+        const lignesDeGrille lignes(pas, bas, haut);
+        contour.poserSur(lignes);
         const std::vector<croisements> trouves = croiser(contour.brins(), lignes);
         for (std::size_t i = 0; i < trouves.size(); ++i)
             if (const std::vector<intervalle> dedans = interieurs(trouves[i]); !dedans.empty())
-                tracer(lignes.place(i), dedans, bordsDe(trouves[i]));
+                tracer(lignes.places()[i], dedans, bordsDe(trouves[i]));
     }
     void tracerRangees()
     {
-        surLignes(m_p.pasX, m_p.pasY, false,
-                  [&](double y, const std::vector<intervalle>& dedans, const intervalle& bords) {
-                      for (const intervalle& i : dedans)
-                          tracerCroix(y, i);
-                      ecrireRangee(y, bords.de, bords.a);
-                  });
+        surLignes(m_p.pasY, false, [&](double y, const std::vector<intervalle>& dedans, const intervalle& bords) {
+            for (const intervalle& i : dedans)
+                tracerCroix(y, i);
+            ecrireRangee(y, bords.de, bords.a);
+        });
     }
     void tracerColonnes()
     {
-        surLignes(m_p.pasY, m_p.pasX, true, [&](double x, const std::vector<intervalle>&, const intervalle& bords) {
+        surLignes(m_p.pasX, true, [&](double x, const std::vector<intervalle>&, const intervalle& bords) {
             ecrireColonne(x, bords.de, bords.a);
         });
     }
@@ -217,9 +221,8 @@ private:
     {
         const double demi = m_p.tailleCroix / 2.0;
         const lignesDeGrille noeuds(m_p.pasX, dedans.de, dedans.a);
-        for (std::size_t i = 0; i < noeuds.nombre(); ++i) {
-            const double x = noeuds.place(i);
-            if (x - dedans.de <= precisionDe(x) || dedans.a - x <= precisionDe(x))
+        for (const double x : noeuds.places()) {
+            if (x <= dedans.de || x >= dedans.a || noeuds.confondus(x, dedans.de) || noeuds.confondus(x, dedans.a))
                 continue; // on the border
             trait({x - demi, y}, {x + demi, y});
             trait({x, y - demi}, {x, y + demi});

@@ -6,6 +6,7 @@
 #include "codification/codificationDuModule.h"
 #include "codification/regleCode.h"
 #include "geometrie/axeDeCourbe.h"
+#include "geometrie/axeEnregistre.h"
 #include "points/listePointsDuDessin.h"
 #include "points/nomsVoulus.h"
 #include "services/codages.h"
@@ -76,9 +77,9 @@ std::vector<int> panneauPoints::positions() const
     return positions;
 }
 
-panneauLigne::panneauLigne(QPushButton& designer, QLabel& designee) : m_label(designee)
+panneauLigne::panneauLigne(QPushButton& designer, QLabel& designee, QLineEdit* origine) : m_label(designee)
 {
-    QObject::connect(&designer, &QPushButton::clicked, &designee, [this] {
+    QObject::connect(&designer, &QPushButton::clicked, &designee, [this, origine] {
         const AcDbObjectId id =
             dialogueModule::saisirDansDessin([] { return designerEntite(L"\nDésignez une polyligne :"); });
         axe ligne = id.isNull() ? axe() : axeDeEntite(id);
@@ -87,6 +88,10 @@ panneauLigne::panneauLigne(QPushButton& designer, QLabel& designee) : m_label(de
         if (ligne.vide())
             return;
         m_axe = std::move(ligne);
+        const auto enregistre = lireAxeEnregistre(id);
+        m_equations = enregistre ? enregistre->equations : std::vector<equationAbscisse>();
+        if (enregistre && origine)
+            origine->setText(QString::number(enregistre->origine, 'g', 15));
         m_label.setText(texteQt(L"longueur " + formaterFixe(m_axe.longueur(), 3)));
     });
 }

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <vector>
 
+#include "geometrie/abscisses.h"
 #include "geometrie/axe.h"
 
 #include "dbid.h"
@@ -35,14 +36,18 @@ private:
 /// A line or polyline of the drawing, picked.
 class panneauLigne {
 public:
-    panneauLigne(QPushButton& designer, QLabel& designee);
+    /// @param origine receives the chainage at which a line that keeps its axis begins
+    panneauLigne(QPushButton& designer, QLabel& designee, QLineEdit* origine = nullptr);
 
     /// Null, when the user was told that none was picked.
     const axe* choisie() const;
+    /// Its jumps of chainage, from another origin if wanted.
+    abscisses numerotation(double origine) const { return abscisses(origine, m_equations); }
 
 private:
     QLabel& m_label;
     axe m_axe;
+    std::vector<equationAbscisse> m_equations;
 };
 
 /// Fills a list with the codes of the codification; a number may be typed too.

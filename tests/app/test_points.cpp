@@ -23,7 +23,7 @@ TEST_F(points, GoFromAFileIntoADrawingAndOut)
     const json liste = velaJson("points lister b.dxf --table Voirie");
     ASSERT_EQ(liste["points"].size(), 36u);
     EXPECT_EQ(liste["points"][0],
-              json({{"nom", "S1"}, {"x", 1020.678}, {"y", -1814.522}, {"z", 101.532}, {"code", 100}}));
+              json({{"nom", "S1"}, {"x", 1020.678}, {"y", -1814.522}, {"z", 56.532}, {"code", 100}}));
     EXPECT_EQ(liste["points"][34]["z"], nullptr);
     EXPECT_EQ(velaJson("info b.dxf")["entitesParClasse"]["INSERT"],
               velaJson("info chantier.dxf")["entitesParClasse"]["INSERT"].get<int>() + 36);
