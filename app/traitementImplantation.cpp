@@ -1,5 +1,6 @@
 #include "traitementImplantation.h"
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -64,6 +65,9 @@ demandeImplantation demandeDe(const demandeProgrammeImplantation& d)
     m.repartir = d.repartir;
     m.repartition = {d.portee.value_or(inconnu), d.equilibrer};
     m.verifier = d.verifier;
+    for (const double nombre : {d.hauteur, d.seuil, d.portee.value_or(0.0)})
+        if (!std::isfinite(nombre))
+            throw erreurProgramme("--hauteur, --seuil et --portee sont des nombres.");
     m.hauteur = d.hauteur;
     m.seuil = d.seuil;
     m.dessiner = d.dessiner;

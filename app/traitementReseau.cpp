@@ -132,6 +132,8 @@ void traiterReseau(const demandeReseau& demande)
     try {
         t.resultat = compenser(t.r, options);
     } catch (const erreurReseau& faute) {
+        for (const std::string& avertissement : t.avertissements)
+            avertir(avertissement); // why an observation is missing
         throw erreurProgramme(demande.fichier + " : " + utf8FromWide(faute.phrase()));
     }
     if (!demande.rapport.empty())

@@ -51,7 +51,9 @@ def commands():
 
 
 def nearest(header, table):
-    """The command of the source that shares most folders with the header: the interface goes with the module."""
+    """The command of its own source, else of one that shares most folders with it: the interface goes with the module."""
+    if (own := header[:-2] + ".cpp") in table:
+        return table[own]
     folder = Path(header).parent.parts
     if folder[:2] == ("host", "include"):
         folder = ("module",)

@@ -28,7 +28,7 @@ reglagesImplantation& reglagesDuProcessus()
 
 double hauteurAdmise(double hauteur)
 {
-    if (hauteur < 0.0)
+    if (!(hauteur >= 0.0)) // nor what is no number
         return 0.0;
     return hauteur > 1e30 ? 1.2 : hauteur;
 }

@@ -44,7 +44,12 @@ public:
             noter();
     }
     /// Points of this table are handed out.
-    void confier(const memoireTable& memoire) { confiee = &memoire; }
+    void confier(const memoireTable& memoire)
+    {
+        if (ouverte != 0 && limites != CAcadUndoGroup::limites())
+            clore(); // what was open is of a group that is over
+        confiee = &memoire;
+    }
     /// Something else of the drawing changed: maybe in another group than the number that was written last.
     void dessinChange();
     /// A table leaves the project: steps may bring it back.

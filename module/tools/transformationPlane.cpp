@@ -126,6 +126,8 @@ std::variant<resultatTransformation, std::wstring> calculerTransformation(std::s
         return raison;
     resultatTransformation r;
     r.transformation = resoudre(s, type);
+    if (!(std::abs(r.transformation.determinant()) > 1e-18))
+        return L"Les points cibles sont confondus ou alignés : la transformation écraserait les objets.";
     r.degresDeLiberte = 2 * (s.nombre - couplesNecessaires(type));
     double carres = 0.0;
     for (const couplePoints& c : couples) {

@@ -16,6 +16,7 @@ struct transformationPlane {
     point2 centre, cible;                          ///< where the centre goes
     double xx = 1.0, xy = 0.0, yx = 0.0, yy = 1.0; ///< X from x, X from y, Y from x, Y from y
 
+    double determinant() const { return xx * yy - xy * yx; }
     point2 appliquer(point2 p) const
     {
         const point2 d = p - centre;

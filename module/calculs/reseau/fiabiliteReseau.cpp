@@ -115,7 +115,8 @@ void rendreFiabilite(const reseau& r, const systemeReseau& s, resultatReseau& re
         m.erreurDetectable = delta0 * r.sigma / std::sqrt(c.h);
         m.effet = m.erreurDetectable * deplacementParUnite(r, s, place, b);
         if (resultat.degresDeLiberte > 1)
-            m.s0Sans = std::sqrt(std::max(resultat.sommePvv - c.g * c.g / c.h, 0.0) / (resultat.degresDeLiberte - 1));
+            if (const double chute = c.g * c.g / c.h; chuteConnue(resultat.sommePvv, chute))
+                m.s0Sans = std::sqrt((resultat.sommePvv - chute) / (resultat.degresDeLiberte - 1));
     }
 }
 

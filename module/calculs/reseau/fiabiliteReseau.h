@@ -14,6 +14,13 @@ struct controleObservation {
 };
 controleObservation controleDe(const systemeReseau& s, int place);
 
+/// Whether what would remain of a sum of squares is known: a fault that makes up nearly all of it has bent the network
+/// too far for its fall to be linear.
+inline bool chuteConnue(double somme, double chute)
+{
+    return somme - chute > 1e-3 * somme;
+}
+
 /// Redundancy number of each observation of the system, 0 to 1.
 std::vector<double> redondancesDe(const systemeReseau& s);
 

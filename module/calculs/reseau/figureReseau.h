@@ -26,7 +26,8 @@ public:
     figureReseau(const voisinageReseau& v, choix quoi);
 
     void poser(int point, double x, double y);
-    bool pose(int point) const { return m_pose[static_cast<std::size_t>(point)]; }
+    /// Not for the point that an observation of one point alone lacks (-1).
+    bool pose(int point) const { return point >= 0 && m_pose[static_cast<std::size_t>(point)]; }
     double x(int point) const { return m_x[static_cast<std::size_t>(point)]; }
     double y(int point) const { return m_y[static_cast<std::size_t>(point)]; }
     const std::vector<int>& points() const { return m_poses; }

@@ -220,15 +220,16 @@ reseauLu lireReseau(std::string_view contenu, std::wstring_view nomFichier)
 
 reseauLu chargerReseau(const std::filesystem::path& fichier)
 {
+    std::error_code absent;
     std::ifstream flux(fichier, std::ios::binary);
-    if (!flux) {
+    if (!flux || std::filesystem::is_directory(fichier, absent)) {
         reseauLu lu;
         lu.lisible = false;
         lu.remarques.push_back({0, L"le fichier n'a pas pu être ouvert."});
         return lu;
     }
     const std::string contenu{std::istreambuf_iterator<char>(flux), std::istreambuf_iterator<char>()};
-    if (flux.bad() || (contenu.empty() && std::filesystem::is_directory(fichier))) {
+    if (flux.bad()) {
         reseauLu lu;
         lu.lisible = false;
         lu.remarques.push_back({0, L"le fichier n'a pas pu être lu."});

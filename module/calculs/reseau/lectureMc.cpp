@@ -81,7 +81,7 @@ private:
         else if (cle == L"sigma")
             avecNombre([this](double v) { m_lu.r.sigma = v; }, true);
         else if (cle == L"confiance")
-            avecNombre([this](double v) { m_lu.r.confiance = v < 1.0 ? v : v / 100.0; }, true);
+            avecNombre([this](double v) { confiance(v); }, true);
         else if (cle == L"precision")
             precision();
         else if (cle == L"formule" || cle == L"variable")
@@ -131,6 +131,15 @@ private:
         } else {
             remarquer(L"« Precision » d'un genre inconnu, « " + m_mots[1] + L" ».");
         }
+    }
+
+    /// As a share, or in hundredths from 1 on.
+    void confiance(double valeur)
+    {
+        const double part = valeur < 1.0 ? valeur : valeur / 100.0;
+        if (part >= 1.0)
+            return remarquer(L"« Confiance » est entre 0 et 100 % : ignorée.");
+        m_lu.r.confiance = part;
     }
 
     void formule()

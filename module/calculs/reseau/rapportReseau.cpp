@@ -249,7 +249,8 @@ std::wstring phraseSuspect(const reseau& r, const suspectReseau& s)
     const bool angulaire = estAngulaire(o.genre);
     std::wstring phrase = nomObservation(r, o) + (o.ligne > 0 ? L" (ligne " + std::to_wstring(o.ligne) + L")" : L"") +
                           L" : faute probable de " + nombre(residuAffiche(r, o, s.faute), angulaire ? 4 : 3) +
-                          (angulaire ? L" gr" : L" m") + L" ; s0 sans elle " + nombre(s.s0Sans, 3);
+                          (angulaire ? L" gr" : L" m") +
+                          (estConnue(s.s0Sans) ? L" ; s0 sans elle " + nombre(s.s0Sans, 3) : L"");
     if (!s.cause.empty())
         phrase += L" ; " + s.cause;
     return phrase + L".";

@@ -43,16 +43,16 @@ struct observationCompensee {
     double normalise = inconnu;        ///< residual over its standard deviation after adjustment
     double erreurDetectable = inconnu; ///< smallest fault found with a chance of 80 % at a risk of 0.1 %
     double effet = inconnu;            ///< how far such a fault, not found, moves the points of the observation, metres
-    double s0Sans = inconnu;           ///< s0 without it
+    double s0Sans = inconnu;           ///< s0 without it; unknown beyond a fault too large to be linear
     bool suspecte = false;
 };
 
 struct suspectReseau {
     int observation = -1;
-    double faute = 0.0;  ///< measure less what the others say it should be
-    double s0Sans = 0.0; ///< once this one and those before it are left out
-    double risque = 1.0; ///< the chance of such a misfit without a fault
-    std::wstring cause;  ///< French, what would explain it; may be empty
+    double faute = 0.0;      ///< measure less what the others say it should be
+    double s0Sans = inconnu; ///< once this one and those before it are left out; unknown as for an observation
+    double risque = 1.0;     ///< the chance of such a misfit without a fault
+    std::wstring cause;      ///< French, what would explain it; may be empty
 };
 
 struct resultatReseau {

@@ -80,9 +80,10 @@ public:
         m_colonnes.push_back(colonne);
         for (double& v : m_colonnes.back())
             v /= std::sqrt(h);
-        m_pvv = std::max(m_pvv - m.chute, 0.0);
         --m_degres;
-        trouve.s0Sans = std::sqrt(m_pvv / m_degres);
+        if (chuteConnue(m_pvv, m.chute))
+            trouve.s0Sans = std::sqrt((m_pvv - m.chute) / m_degres);
+        m_pvv = std::max(m_pvv - m.chute, 0.0);
         return trouve;
     }
 
@@ -148,9 +149,12 @@ void chercherSuspects(const reseau& r, const systemeReseau& s, const coordonnees
         suspectReseau trouve = reste.retirer(m, risque);
         const observationReseau& o = r.observations[static_cast<std::size_t>(trouve.observation)];
         // As well as the fault is known, by what was announced or by what remains.
-        const double echelle = std::max(1.0, trouve.s0Sans / r.sigma);
+        const bool seule = !estConnue(trouve.s0Sans);
+        const double echelle = seule ? 1.0 : std::max(1.0, trouve.s0Sans / r.sigma);
         trouve.cause = causeProbable(r, resultat, o, c, trouve.faute, 3.0 * echelle * reste.ecart);
         resultat.mesures[static_cast<std::size_t>(trouve.observation)].suspecte = true;
         resultat.suspects.push_back(std::move(trouve));
+        if (seule)
+            break; // what remains is not known to better than this fault bends the network
     }
 }

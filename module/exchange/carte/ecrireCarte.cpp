@@ -1,5 +1,8 @@
 #include "exchange/carte/ecrireCarte.h"
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string_view>
 
@@ -90,6 +93,20 @@ bool ajouter(OGRLayer& couche, const pointCarte& p)
     return couche.CreateFeature(trait.get()) == OGRERR_NONE;
 }
 
+/// The writers of GeoJSON and KML say nothing of a disk that is full: the end of their file tells.
+bool estEntiere(const std::string& fichier, std::string_view format)
+{
+    const std::string_view fin = format == "GeoJSON" ? "}" : format == "KML" ? "</kml>" : "";
+    if (fin.empty())
+        return true;
+    constexpr std::streamoff assez = 64;
+    std::ifstream flux(fichier, std::ios::binary | std::ios::ate);
+    flux.seekg(-std::min<std::streamoff>(assez, flux.tellg()), std::ios::end);
+    std::string reste{std::istreambuf_iterator<char>(flux), {}};
+    reste.resize(reste.find_last_not_of(" \r\n") + 1);
+    return reste.ends_with(fin);
+}
+
 std::string ecrire(const std::string& fichier, const char* format, const std::string& projection,
                    const std::function<bool(pointCarte&)>& suivant)
 {
@@ -102,7 +119,7 @@ std::string ecrire(const std::string& fichier, const char* format, const std::st
     if (repere.SetFromUserInput(projection.c_str()) != OGRERR_NONE)
         return dites.raison("projection « " + projection + " » inconnue");
     GDALDriver* const pilote = GetGDALDriverManager()->GetDriverByName(format);
-    const jeuDonnees donnees(pilote ? pilote->Create(fichier.c_str(), 0, 0, 0, GDT_Unknown, nullptr) : nullptr);
+    jeuDonnees donnees(pilote ? pilote->Create(fichier.c_str(), 0, 0, 0, GDT_Unknown, nullptr) : nullptr);
     if (!donnees)
         return dites.raison("la carte n'a pas pu être créée");
     CPLStringList options = optionsCouche(format);
@@ -117,8 +134,9 @@ std::string ecrire(const std::string& fichier, const char* format, const std::st
     }
     if (transaction && donnees->CommitTransaction() != OGRERR_NONE)
         return dites.raison("l'écriture de la carte s'est arrêtée");
-    donnees->FlushCache();
-    return dites.muettes() ? std::string() : dites.raison("l'écriture de la carte s'est arrêtée");
+    donnees.reset(); // closing writes the end
+    return dites.muettes() && estEntiere(fichier, format) ? std::string()
+                                                          : dites.raison("l'écriture de la carte s'est arrêtée");
 }
 
 } // namespace
