@@ -1,5 +1,6 @@
 #include "calculs/fauteUnique.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "calculs/phrasesConseil.h"
 #include "calculs/rapportPolygonale.h"

@@ -112,7 +112,7 @@ TEST_F(DialoguesPolygonales, TabOrderFollowsTheFields)
     };
     const std::string panneau = "editStation editAngle editDistance editAltitude boutonAjouter boutonEnlever liste "
                                 "comboAngles comboNivellement boutonCharger boutonSauvegarder boutonCalculer "
-                                "boutonPlacer boutonFermer";
+                                "boutonPlacer boutonFermer boutonComparer";
     EXPECT_EQ(ordre(corrPolygoDLG()), "editNumero editX editY editZ editNord " + panneau);
     EXPECT_EQ(ordre(corrPolygoOuverteDLG()),
               "editNumeroDepart editXDepart editYDepart editZDepart editGisementDepart boutonCalDepart "

@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/reseau/approcheReseau.h"
+#include "calculs/reseau/comparaisonPolygonale.h"
 #include "calculs/reseau/loisStatistiques.h"
 #include "calculs/reseau/matriceNormale.h"
 #include "calculs/reseau/symetriquePetite.h"
@@ -413,6 +415,24 @@ TEST(Lois, Tables) // as printed in every table
     EXPECT_NEAR(chanceStudent(2.228, 10), 0.05, 1e-4);
     EXPECT_NEAR(chanceNormale(1.959964), 0.05, 1e-7);
     EXPECT_NEAR(facteurEllipse(0.95, 10), std::sqrt(2.0 * 4.1028), 1e-3);
+}
+
+/// A traverse without a fault is the same by both ways, and stations without a name stay apart.
+TEST(Comparaison, APerfectTraverseIsNotShifted)
+{
+    donneesPolygonaleOuverte d;
+    d.depart = {L"", 0.0, 0.0, 0.0, 0.0};
+    d.arrivee = {L"", 200.0, 100.0, 0.0, 600.0};
+    d.fermeture = 300.0;
+    d.lignes = {{L"B", L"200", L"100", L"0"}, {L"C", L"300", L"100", L"0"}, {L"", L"200", L"100", L"0"}};
+    d.arrivee.gisement += compenserPolygonale(d).erreurAngulaire;
+    const comparaisonPolygonale c = comparer(compenserPolygonale(d), enReseau(d));
+    ASSERT_EQ(c.stations.size(), 4u);
+    EXPECT_TRUE(c.stations.front().connue && c.stations.back().connue);
+    EXPECT_FALSE(c.stations[1].connue || c.stations[2].connue);
+    EXPECT_NEAR(c.stations[2].x, 100.0, 1e-6);
+    for (const stationComparee& s : c.stations)
+        EXPECT_NEAR(s.ecart(), 0.0, 1e-6);
 }
 
 } // namespace
