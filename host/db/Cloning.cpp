@@ -239,7 +239,7 @@ private:
     /// What cannot be carried over is no object here.
     void refuse(DxfRecord& twin)
     {
-        m_to.addProblem(twin, "objet illisible, non copié");
+        m_to.problems().add(twin, "objet illisible, non copié");
         twin.flags |= RecordFlags::erased;
     }
 

@@ -8,6 +8,7 @@
 
 #include "db/AtomicFile.h"
 #include "db/BlockContents.h"
+#include "db/DrawingProblems.h"
 #include "db/fields/NameKind.h"
 #include "db/HeaderVariables.h"
 #include "db/NewRecords.h"
@@ -145,13 +146,8 @@ public:
     // ---- reactors, messages
 
     std::vector<AcDbDatabaseReactor*>& reactors() { return m_reactors; }
-    /// What was found wrong in the file, in French, at opening and since, and what else its user must know of it.
-    const std::vector<std::string>& problems() const { return m_problems; }
-    /// Whether nothing was wrong.
-    bool isSound() const { return m_problems.size() == m_remarks; }
-    void addProblem(const DxfRecord& record, const std::string& what);
-    void addProblem(const std::string& what) { m_problems.push_back(what); }
-    void addRemark(const std::string& what);
+    DrawingProblems& problems() { return m_problems; }
+    const DrawingProblems& problems() const { return m_problems; }
     std::wstring fileName; ///< as given by the caller
     std::wstring lastError;
     bool replacesReadOnly = false; ///< a save may replace a file marked as read-only: its user said so
@@ -164,7 +160,6 @@ private:
     std::unique_ptr<AcDbObject> decode(DxfRecord& record);
     bool hasSubentities(const DxfRecord& record) const;
     AcDbStub* parentOf(const DxfRecord& subentity) const;
-    int lineOf(const DxfRecord& record);
 
     AcDbDatabase& m_self;
     std::unique_ptr<DxfFile> m_file;
@@ -182,8 +177,5 @@ private:
     std::filesystem::path m_savedPath; // where it was saved last
     FileState m_savedState;
     std::vector<AcDbDatabaseReactor*> m_reactors;
-    std::vector<std::string> m_problems;
-    std::size_t m_remarks = 0;      // among them
-    std::uint64_t m_lineOffset = 0; // where lines were counted to last
-    int m_line = 1;
+    DrawingProblems m_problems;
 };
