@@ -6,6 +6,7 @@
 #include "db/fields/DxfObjectReader.h"
 #include "db/fields/NameReferences.h"
 #include "db/ObjectOpening.h"
+#include "db/Ownership.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 #include "platform/CodePage.h"
@@ -232,6 +233,45 @@ void AcDbDatabaseImpl::noteChange(AcDbObject& object)
     m_undo.beforeChange(object);
     record.flags |= RecordFlags::modified;
     noteEdit(record);
+}
+
+bool AcDbDatabaseImpl::isIndispensable(const AcDbObject& object)
+{
+    AcDbStub* const stub = object.m_stub;
+    if (stub == m_rootDictionary)
+        return true;
+    for (const SymbolNames& table : m_names)
+        if (stub == table.table)
+            return true;
+    static constexpr std::pair<NameKind, const wchar_t*> records[] = {
+        {NameKind::block, ACDB_MODEL_SPACE}, {NameKind::block, ACDB_PAPER_SPACE}, {NameKind::layer, L"0"},
+        {NameKind::linetype, L"ByLayer"},    {NameKind::linetype, L"ByBlock"},    {NameKind::linetype, L"Continuous"},
+        {NameKind::textStyle, L"Standard"},  {NameKind::regApp, L"ACAD"}};
+    return object.isKindOf(AcDbSymbolTableRecord::desc()) &&
+           std::ranges::any_of(records, [&](const auto& record) { return named(record.first, record.second) == stub; });
+}
+
+bool AcDbDatabaseImpl::isOnLockedLayer(const AcDbObject& object)
+{
+    const AcDbEntity* const entity = AcDbEntity::cast(&object);
+    if (!entity)
+        return false;
+    AcDbStub* const stub = entity->m_layer ? entity->m_layer : named(NameKind::layer, L"0");
+    const auto* const layer = stub ? AcDbLayerTableRecord::cast(&this->object(*recordOf(stub))) : nullptr;
+    return layer && layer->isLocked();
+}
+
+bool AcDbDatabaseImpl::isNameTaken(const AcDbObject& object)
+{
+    if (!object.isKindOf(AcDbSymbolTableRecord::desc()))
+        return false;
+    const std::wstring name = recordName(object.m_stub);
+    for (SymbolNames& table : m_names)
+        if (ownership().ownerOf(object) == table.table) {
+            const AcDbStub* holder = table.find(name);
+            return holder && holder != object.m_stub;
+        }
+    return false;
 }
 
 AcDbStub* AcDbDatabaseImpl::named(NameKind kind, std::wstring_view name)
