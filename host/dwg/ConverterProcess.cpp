@@ -151,10 +151,12 @@ std::optional<pid_t> Process::start(const std::vector<std::string>& arguments, i
 
 void limitMemory(pid_t id, std::uint64_t bytes)
 {
-    // What it writes to, not its address space: WebAssembly reserves many GB that it never touches.
+    // What it writes to, not its address space: WebAssembly reserves many GB that it never touches. Its result lies in
+    // memory too, as a file without a name.
     const rlimit limit{bytes, bytes};
-    if (prlimit(id, RLIMIT_DATA, &limit, nullptr) != 0 && errno != ESRCH)
-        fail(errno, "prlimit");
+    for (const auto resource : {RLIMIT_DATA, RLIMIT_FSIZE})
+        if (prlimit(id, resource, &limit, nullptr) != 0 && errno != ESRCH)
+            fail(errno, "prlimit");
 }
 
 /// Takes of what is there, and returns though more should come all the time: someone looks at the clock. What comes

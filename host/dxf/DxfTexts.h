@@ -38,7 +38,7 @@ inline constexpr char keepsDamaged[] = "le support ne donne plus tout le dessin 
 inline std::string rescued(std::size_t records)
 {
     return "le support ne donne plus tout le dessin (" + std::to_string(records) +
-           " objets touchés) : seuls ceux qui avaient été lus sont enregistrés";
+           (records > 1 ? " objets touchés" : " objet touché") + ") : seuls ceux qui avaient été lus sont enregistrés";
 }
 
 /// The head of a line that could not be read, whatever its encoding.

@@ -135,8 +135,8 @@ void CommandRunner::runInside(const Called& called, CalledBy caller, CommandOutc
     const CommandFrame frame(DocumentList::instance().current(), called.flags, called.name);
     for (CommandWatcher* const watcher : m_watchers)
         watcher->commandStarts(called.name, called.flags, m_running.size());
-    EditorReactors::instance().tell(&AcEditorReactor::commandWillStart, called.name);
     try {
+        EditorReactors::instance().tell(&AcEditorReactor::commandWillStart, called.name);
         const ModuleTable::Running running(called.module);
         outcome.failure = called.body();
     } catch (...) {

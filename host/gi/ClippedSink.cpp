@@ -8,7 +8,7 @@ namespace {
 
 using Ring = std::vector<AcGePoint3d>;
 
-constexpr std::size_t mostCorners = 2000; // of a ring: beyond, areas are shown whole
+constexpr std::size_t mostCorners = 500; // of a ring, whose cube is the time at worst: beyond, areas are shown whole
 
 /// Twice the area of a triangle, positive when it turns left.
 double turn(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& c)

@@ -7,7 +7,8 @@
 
 #include "dbdim.h"
 
-/// Dimensions whose block is missing, drawn by what they measure: lines, arrows or ticks, text.
+/// Dimensions whose block is missing, drawn by what they measure: lines, arrows or ticks, text. The number is reckoned
+/// from their points: the one that the file keeps does not follow them when they are scaled.
 
 namespace {
 
@@ -119,12 +120,6 @@ AcGePoint3d middle(const AcGePoint3d& a, const AcGePoint3d& b)
     return a + (b - a) * 0.5;
 }
 
-/// What the file says, where it says something.
-double measured(const AcDbDimension& dimension, double reckoned)
-{
-    return dimension.measurement() > 0.0 ? dimension.measurement() : reckoned;
-}
-
 void addLinear(const AcDbDimension& dimension, DimensionPlane& plane, const AcGePoint3d& first,
                const AcGePoint3d& second, const AcGeVector3d& way)
 {
@@ -142,11 +137,10 @@ void addLinear(const AcDbDimension& dimension, DimensionPlane& plane, const AcGe
         plane.arrow(from, run.normal() * -1.0);
         plane.arrow(to, run.normal());
     }
-    plane.text(middle(from, to), along, plane.style().length(measured(dimension, run.length())));
+    plane.text(middle(from, to), along, plane.style().length(run.length()));
 }
 
-void addRound(const AcDbDimension& dimension, DimensionPlane& plane, const AcGePoint3d& from, const AcGePoint3d& to,
-              const wchar_t* sign, bool bothEnds)
+void addRound(DimensionPlane& plane, const AcGePoint3d& from, const AcGePoint3d& to, const wchar_t* sign, bool bothEnds)
 {
     const AcGeVector3d way = to - from;
     if (!(way.length() > 0.0))
@@ -155,12 +149,12 @@ void addRound(const AcDbDimension& dimension, DimensionPlane& plane, const AcGeP
     plane.arrow(to, way.normal());
     if (bothEnds)
         plane.arrow(from, way.normal() * -1.0);
-    plane.text(middle(from, to), way, sign + plane.style().length(measured(dimension, way.length())));
+    plane.text(middle(from, to), way, sign + plane.style().length(way.length()));
 }
 
 /// The arc about `center` from one leg to the other that holds the way to `through`.
-void addAngle(const AcDbDimension& dimension, DimensionPlane& plane, const AcGePoint3d& center,
-              const AcGePoint3d& first, const AcGePoint3d& second, const AcGePoint3d& through)
+void addAngle(DimensionPlane& plane, const AcGePoint3d& center, const AcGePoint3d& first, const AcGePoint3d& second,
+              const AcGePoint3d& through)
 {
     const double radius = (through - center).length();
     if (!(radius > 0.0))
@@ -183,8 +177,7 @@ void addAngle(const AcDbDimension& dimension, DimensionPlane& plane, const AcGeP
             plane.extension(leg, center + way.normal() * radius);
     }
     const double half = from + turn / 2.0;
-    plane.text(center + plane.direction(half) * radius, plane.direction(half - pi / 2.0),
-               plane.style().angle(measured(dimension, turn)));
+    plane.text(center + plane.direction(half) * radius, plane.direction(half - pi / 2.0), plane.style().angle(turn));
 }
 
 /// Where two lines of the plane meet; false when they are parallel.
@@ -220,7 +213,7 @@ void addOrdinate(const AcDbOrdinateDimension& dimension, DimensionPlane& plane)
     const AcGeVector3d along = plane.direction(ofX ? pi / 2.0 : 0.0);
     plane.extension(from, from + along * way.dotProduct(along));
     plane.line(from + along * way.dotProduct(along), to);
-    plane.text(to, along, plane.style().length(dimension.measurement() != 0.0 ? dimension.measurement() : value));
+    plane.text(to, along, plane.style().length(value));
 }
 
 } // namespace
@@ -235,19 +228,18 @@ void addBareDimension(const AcDbDimension& dimension, DisplayList& list)
         addLinear(dimension, plane, aligned->xLine1Point(), aligned->xLine2Point(),
                   aligned->xLine2Point() - aligned->xLine1Point());
     else if (const auto* radial = AcDbRadialDimension::cast(&dimension))
-        addRound(dimension, plane, radial->center(), radial->chordPoint(), L"R", false);
+        addRound(plane, radial->center(), radial->chordPoint(), L"R", false);
     else if (const auto* diameter = AcDbDiametricDimension::cast(&dimension))
-        addRound(dimension, plane, diameter->farChordPoint(), diameter->chordPoint(), L"\u00D8", true);
+        addRound(plane, diameter->farChordPoint(), diameter->chordPoint(), L"\u00D8", true);
     else if (const auto* three = AcDb3PointAngularDimension::cast(&dimension))
-        addAngle(dimension, plane, three->centerPoint(), three->xLine1Point(), three->xLine2Point(),
-                 three->definitionPoint());
+        addAngle(plane, three->centerPoint(), three->xLine1Point(), three->xLine2Point(), three->definitionPoint());
     else if (const auto* ordinate = AcDbOrdinateDimension::cast(&dimension))
         addOrdinate(*ordinate, plane);
     else if (const auto* two = AcDb2LineAngularDimension::cast(&dimension)) {
         AcGePoint3d center;
         const AcGePoint3d through = two->arcPoint();
         if (crossing(*two, center))
-            addAngle(dimension, plane, center, legOf(two->xLine1Start(), two->xLine1End(), center, through),
+            addAngle(plane, center, legOf(two->xLine1Start(), two->xLine1End(), center, through),
                      legOf(two->xLine2Start(), two->xLine2End(), center, through), through);
     }
 }

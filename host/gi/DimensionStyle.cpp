@@ -95,7 +95,7 @@ DimensionStyle styleOf(Values& values)
     style.factor = std::fabs(values.of(144));
     style.rounding = values.of(45);
     style.decimals = static_cast<int>(values.of(271));
-    style.angleDecimals = static_cast<int>(values.of(179));
+    style.angleDecimals = values.of(179) < 0.0 ? style.decimals : static_cast<int>(values.of(179)); // -1: as lengths
     style.ticks = values.of(142) > 0.0;
     style.dropsZeros = (static_cast<int>(values.of(78)) & dropTrailing) != 0;
     style.decimalSign = values.of(278) == L',' ? L',' : L'.';

@@ -82,8 +82,8 @@ Registry::Registry(std::filesystem::path file) : m_file(std::move(file)), m_sect
 
 void Registry::read(std::string_view text)
 {
-    if (text.starts_with(byteOrderMark)) // editors of other platforms begin UTF-8 files so
-        text.remove_prefix(3);
+    while (text.starts_with(byteOrderMark)) // editors of other platforms begin UTF-8 files so, some more than once
+        text.remove_prefix(byteOrderMark.size());
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(line.size() + 1, text.size()));

@@ -20,6 +20,8 @@ void copyEntry(const fs::path& from, const fs::path& to, std::error_code& error)
         return;
     }
     fs::create_directory(to, error);
+    if (error)
+        return;
     for (fs::directory_iterator entry(from, error), end; !error && entry != end; entry.increment(error))
         copyEntry(entry->path(), to / entry->path().filename(), error);
 }

@@ -79,7 +79,7 @@ MTextLayout::MTextLayout(std::wstring_view contents, const Request& request)
     const auto distance = [&](const Line& line) { return line.height * lineDistance * request.spacingFactor; };
     double width = request.lineWidth, height = lines.front().height;
     if (!(width > 0.0))
-        width = std::ranges::max(lines, {}, &Line::width).width;
+        width = std::ranges::max_element(lines, {}, &Line::width)->width;
     for (std::size_t i = 1; i < lines.size(); ++i)
         height += distance(lines[i]);
 

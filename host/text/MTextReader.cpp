@@ -13,6 +13,7 @@ using Kind = MTextPiece::Kind;
 using Side = MTextPiece::Side;
 
 constexpr double mostHeight = 1e9; // of what a code asks for, in heights of the text
+constexpr double mostWidth = 1e9;  // the same, as a factor
 constexpr std::wstring_view stackSigns = L"/^#";
 
 /// Goes through the contents and cuts them into pieces.
@@ -128,7 +129,8 @@ private:
                 look.height = *height;
             return;
         case L'W':
-            look.widthFactor = scaled(argument(), look.widthFactor).value_or(look.widthFactor);
+            if (const auto factor = scaled(argument(), look.widthFactor); factor && *factor < mostWidth)
+                look.widthFactor = *factor;
             return;
         case L'Q':
             look.oblique = std::clamp(std::wcstod(argument().c_str(), nullptr), -85.0, 85.0) * oneDegree;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/decouperLigne.h"
@@ -122,8 +123,9 @@ void remarquerLignes(const std::vector<ligneObservation>& lignes, std::vector<st
 /// A name may stand in several places: what becomes of it is told once.
 void ajouter(const std::vector<std::wstring>& autres, std::vector<std::wstring>& phrases)
 {
+    std::set<std::wstring> dites(phrases.begin(), phrases.end());
     for (const std::wstring& phrase : autres)
-        if (std::ranges::find(phrases, phrase) == phrases.end())
+        if (dites.insert(phrase).second)
             phrases.push_back(phrase);
 }
 

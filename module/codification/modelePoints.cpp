@@ -10,6 +10,7 @@
 #include "codification/tableCodification.h"
 #include "points/listePointsDuDessin.h"
 #include "services/codages.h"
+#include "services/dialogueCellules.h"
 #include "services/formatNombres.h"
 #include "services/lettres.h"
 
@@ -87,8 +88,9 @@ std::map<int, double> rangsDesLibelles(const tableCodification& codes)
     for (int i = 0; i < codes.nombre(); ++i)
         if (codes.indexCode(codes[i].code) == i)
             premiers.push_back(i);
-    std::ranges::stable_sort(
-        premiers, [&](int a, int b) { return enMinuscules(codes[a].libelle) < enMinuscules(codes[b].libelle); });
+    std::ranges::stable_sort(premiers, [&](int a, int b) {
+        return comparerTextes(texteQt(codes[a].libelle), texteQt(codes[b].libelle)) < 0;
+    });
     std::map<int, double> rangs;
     for (std::size_t i = 0; i < premiers.size(); ++i)
         rangs[codes[premiers[i]].code] = static_cast<double>(i);

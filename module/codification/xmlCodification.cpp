@@ -78,19 +78,50 @@ private:
 };
 
 /// The library reads nested elements by recursion: a file may not nest them without end.
-bool peuImbrique(const std::string& xml)
-{
-    constexpr int plusProfond = 100;
-    int profondeur = 0;
-    for (std::size_t i = 0; i + 1 < xml.size() && profondeur <= plusProfond; ++i) {
-        const char c = xml[i], suivant = xml[i + 1];
-        if (c == '<' && suivant != '!' && suivant != '?')
-            profondeur += suivant == '/' ? -1 : 1;
-        else if (c == '/' && suivant == '>')
-            --profondeur;
+class imbrication {
+public:
+    explicit imbrication(std::string_view leTexte) : texte(leTexte) {}
+
+    bool depasse(int plusProfond)
+    {
+        while (!texte.empty() && profondeur <= plusProfond)
+            if (texte.starts_with("<!--"))
+                passer("-->");
+            else if (texte.starts_with("<![CDATA["))
+                passer("]]>");
+            else if (texte.starts_with("<!") || texte.starts_with("<?") || texte.front() != '<')
+                texte.remove_prefix(1);
+            else
+                lireBalise();
+        return profondeur > plusProfond;
     }
-    return profondeur <= plusProfond;
-}
+
+private:
+    void passer(std::string_view fin)
+    {
+        const std::size_t place = texte.find(fin);
+        texte.remove_prefix(place == texte.npos ? texte.size() : place + fin.size());
+    }
+
+    /// Up to its end, which no attribute's value makes.
+    void lireBalise()
+    {
+        profondeur += texte.starts_with("</") ? -1 : 1;
+        char guillemet = '\0', avant = '\0';
+        std::size_t i = 1;
+        for (; i < texte.size() && (guillemet != '\0' || texte[i] != '>'); avant = texte[i++])
+            if (guillemet != '\0')
+                guillemet = texte[i] == guillemet ? '\0' : guillemet;
+            else if (texte[i] == '"' || texte[i] == '\'')
+                guillemet = texte[i];
+        if (avant == '/' && i > 2) // but for "</>"
+            --profondeur;
+        texte.remove_prefix(std::min(i + 1, texte.size()));
+    }
+
+    std::string_view texte; // what is not read yet
+    int profondeur = 0;
+};
 
 /// The library writes what looks like a reference to a character as it stands, so that such a text would come back
 /// changed, or break the file: it goes into a section of plain characters.
@@ -159,7 +190,8 @@ std::string xmlDeCodes(std::span<const codifPoint> codes)
 
 bool codesDeXml(const std::string& octets, std::vector<codifPoint>& codes)
 {
-    if (!peuImbrique(octets))
+    constexpr int plusProfond = 100;
+    if (imbrication(octets).depasse(plusProfond))
         return false;
     const blancsGardes garde;
     TiXmlDocument document;

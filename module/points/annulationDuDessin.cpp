@@ -66,14 +66,22 @@ private:
 
 /// Those of the session, and what they hear of commands while there is one.
 struct registre {
-    std::unordered_map<const projetsTopo*, std::unique_ptr<annulationDuDessin>> parProjet;
-    std::unique_ptr<suiviCommandes> commandes;
     struct commande {
         const AcDbDatabase* dessin;
         int groupe; // 0: it makes no group of its changes
     };
+
+    std::unordered_map<const projetsTopo*, std::unique_ptr<annulationDuDessin>> parProjet;
     std::vector<commande> enCours;
     int dernierGroupe = 0;
+    std::unique_ptr<suiviCommandes> commandes; // goes before those under way, which it forgets
+
+    /// Without a project to follow, commands are not listened to.
+    void cesserSiVide()
+    {
+        if (parProjet.empty())
+            commandes = nullptr;
+    }
 
     static registre& unique()
     {
@@ -216,7 +224,9 @@ AcDbObjectId annulationDuDessin::creerObjet()
 
 void annulationDuDessin::goodbye(const AcDbDatabase*)
 {
-    std::erase_if(registre::unique().parProjet, [this](const auto& suivi) { return suivi.second.get() == this; });
+    registre& r = registre::unique();
+    std::erase_if(r.parProjet, [this](const auto& suivi) { return suivi.second.get() == this; }); // this one goes
+    r.cesserSiVide();
 }
 
 } // namespace
@@ -238,6 +248,6 @@ void suivreAnnulation(AcDbDatabase& dessin, projetsTopo& projet)
 void oublierAnnulation(const projetsTopo& projet)
 {
     registre& r = registre::unique();
-    if (r.parProjet.erase(&projet) > 0 && r.parProjet.empty())
-        r.commandes = nullptr;
+    r.parProjet.erase(&projet);
+    r.cesserSiVide();
 }

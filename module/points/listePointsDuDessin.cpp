@@ -94,7 +94,6 @@ pointDuDessin& listePointsDuDessin::changer(int i)
     return point;
 }
 
-/// Any point is about to change, or to go.
 void listePointsDuDessin::remplacerTout(std::span<const pointDuDessin> nouveaux)
 {
     changerTout();
@@ -105,6 +104,7 @@ void listePointsDuDessin::remplacerTout(std::span<const pointDuDessin> nouveaux)
         Ajouter(point);
 }
 
+/// Any point is about to change, or to go.
 void listePointsDuDessin::changerTout()
 {
     if (memoire)

@@ -72,9 +72,20 @@ void memoireTable::avantDeToutChanger()
 void memoireTable::confier(int position)
 {
     journal.confier(*this);
+    oublierConfiesPerimes();
+    tailleConfiee = table.nbPoint();
     copier(position / taillePage);
     confiees.insert(position / taillePage);
     dernierConfie = position;
+}
+
+/// Pointers end when the table grows or shrinks.
+void memoireTable::oublierConfiesPerimes()
+{
+    if (tailleConfiee == table.nbPoint())
+        return;
+    confiees.clear();
+    dernierConfie = -1;
 }
 
 void memoireTable::confierTout()
@@ -130,10 +141,7 @@ std::optional<changementTable> memoireTable::changement() const
 
 void memoireTable::valider()
 {
-    if (nombre != table.nbPoint()) {
-        confiees.clear(); // their pointers ended with the table's size
-        dernierConfie = -1;
-    }
+    oublierConfiesPerimes();
     nombre = table.nbPoint();
     nom = table.getNomTable();
     if (!toutConfie)
@@ -142,6 +150,8 @@ void memoireTable::valider()
     for (auto& [numero, anciens] : copies)
         if (const auto tels = pointsDePage(numero); !std::ranges::equal(anciens, tels, identiques))
             anciens.assign(tels.begin(), tels.end());
+    for (const int numero : confiees)
+        copier(numero); // those of points that came since were not
     if (toutConfie)
         copierTout();
 }

@@ -56,6 +56,7 @@ private:
 
     std::span<const pointDuDessin> points() const;
     std::span<const pointDuDessin> pointsDePage(int numero) const;
+    void oublierConfiesPerimes();
     void copier(int numero);
     void copierTout();
 
@@ -65,6 +66,7 @@ private:
     int nombre = 0;
     std::map<int, page> copies; // by page number
     std::set<int> confiees;     // pages with points handed out
+    int tailleConfiee = 0;      // of the table when the last of them was
     int dernierConfie = -1;
     bool toutConfie = false;
 };

@@ -150,9 +150,10 @@ void enregistrerInfosTopo()
     if (!tablesPoints || !db)
         return;
     ResbufSerializer s;
-    signalerNonFinis(*tablesPoints);
-    if (sauverInfosTopo)
+    if (sauverInfosTopo) {
+        signalerNonFinis(*tablesPoints);
         enregistrees = tablesPoints->SaveToXRecord(&s); // one that fails says so; what it wrote is stored
+    }
     const sauvegardeEnCours sauvegarde;
     if (!stocker(db, s.chaine())) {
         enregistrees = 0;

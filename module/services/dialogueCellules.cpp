@@ -10,7 +10,6 @@ QString texteQt(std::wstring_view texte)
 
 namespace {
 
-/// As a French dictionary sorts, whatever the user's settings: letter case aside, "école" before "zèbre".
 const QCollator& ordreFrancais()
 {
     static const QCollator ordre = [] {
@@ -23,11 +22,16 @@ const QCollator& ordreFrancais()
 
 } // namespace
 
+int comparerTextes(const QString& a, const QString& b)
+{
+    return ordreFrancais().compare(a, b);
+}
+
 celluleTexte::celluleTexte(std::wstring_view texte) : QTableWidgetItem(texteQt(texte)) {}
 
 bool celluleTexte::operator<(const QTableWidgetItem& autre) const
 {
-    return ordreFrancais().compare(text(), autre.text()) < 0;
+    return comparerTextes(text(), autre.text()) < 0;
 }
 
 celluleNombre::celluleNombre(std::wstring_view texte) : QTableWidgetItem(texteQt(texte))

@@ -11,7 +11,11 @@
 
 QString texteQt(std::wstring_view texte);
 
-/// A cell that sorts by its text as a French dictionary does, letter case aside.
+/// Negative, 0 or positive, as a French dictionary sorts, whatever the user's settings: letter case aside, "école"
+/// before "zèbre".
+int comparerTextes(const QString& a, const QString& b);
+
+/// A cell that sorts by its text as comparerTextes says.
 class celluleTexte : public QTableWidgetItem {
 public:
     explicit celluleTexte(std::wstring_view texte);

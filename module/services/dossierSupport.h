@@ -12,10 +12,10 @@
 /// copy it before asking again.
 const wchar_t* cheminSupport(const wchar_t* fichier, const wchar_t* sousDossier = nullptr);
 
-/// Makes a copy of the support folder among the user's own files the support folder, of this process and, through the
-/// user's registry, of those to come: an installation for all users cannot be written by them.
-/// @return false, with nothing changed, when it could not be made; when the registry could not be written, the copy
-///         serves this process and the next asks again.
+/// Copies the support folder among the user's own files. From then on the copy is the support folder of this process
+/// and, through the user's registry, of those to come: an installation for all users cannot be written by them.
+/// @return false when it could not be made: the folder is the same as before, and what was copied stays unused; when
+///         the registry could not be written, the copy serves this process and the next asks again.
 bool copierDossierSupport();
 
 /// One value of the key. @return 1, or 0 (with `valeur` as it was) when the key or the value cannot be read.

@@ -8,8 +8,9 @@
 #include "dbents.h"
 
 namespace {
-constexpr int most = 1000000; // cells of a reference, and parts in all
-}
+constexpr int most = 1000000;       // cells of a reference, and parts in all
+constexpr int mostSteps = 4 * most; // cells and entities gone through: those without a part take time as well
+} // namespace
 
 Acad::ErrorStatus BlockParts::add(const AcDbBlockReference& reference)
 {
@@ -33,7 +34,7 @@ Acad::ErrorStatus BlockParts::enter(const AcDbBlockReference& reference, const A
     if (!block || std::ranges::find(m_walks, block, &Walk::block) != m_walks.end())
         return Acad::eOk;
     const int rows = std::max<int>(reference.m_rows, 1), columns = std::max<int>(reference.m_columns, 1);
-    if (rows > most / columns)
+    if (rows > most / columns || (m_steps += rows * columns) > mostSteps)
         return Acad::eOutOfRange;
     Walk walk{block, {}, AcDbDatabaseImpl::of(block).blocks().of(block).entities};
     for (int row = 0; row < rows; ++row)
@@ -45,6 +46,8 @@ Acad::ErrorStatus BlockParts::enter(const AcDbBlockReference& reference, const A
 
 Acad::ErrorStatus BlockParts::step()
 {
+    if (++m_steps > mostSteps)
+        return Acad::eOutOfRange;
     Walk& walk = m_walks.back();
     if (walk.next == walk.entities.size()) {
         walk.next = 0;

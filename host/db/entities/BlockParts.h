@@ -34,4 +34,5 @@ private:
 
     std::vector<Walk> m_walks; // each within the one before it
     std::vector<std::unique_ptr<AcDbEntity>> m_made;
+    int m_steps = 0;
 };

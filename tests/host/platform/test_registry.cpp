@@ -33,7 +33,7 @@ TEST_F(RegistryFile, NamesTheSupportFolderByItself)
 
 TEST_F(RegistryFile, ReadsAndReports)
 {
-    write("registre.ini", "\xEF\xBB\xBF; réglages\r\n"
+    write("registre.ini", "\xEF\xBB\xBF\xEF\xBB\xBF; réglages\r\n"
                           "perdu = 1\n"
                           "[HKEY_LOCAL_MACHINE\\Software\\Ostrakon\\Quarvel5]\r\n"
                           "chemin = C:\\Été\\\r\n"

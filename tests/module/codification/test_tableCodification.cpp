@@ -193,9 +193,12 @@ TEST_F(TableCodificationTest, takesOlderBytesForWindows1252)
 
 TEST_F(TableCodificationTest, refusesWhatIsNoTable)
 {
-    std::string profond = "<codifPoints><TBdata>";
-    for (int i = 0; i < 200000; ++i)
-        profond += "<a>";
+    const auto imbrique = [](const char* element) {
+        std::string xml = "<codifPoints><TBdata>";
+        for (int i = 0; i < 200000; ++i)
+            xml += element;
+        return xml;
+    };
     const struct {
         const char* name;
         std::string xml;
@@ -205,7 +208,10 @@ TEST_F(TableCodificationTest, refusesWhatIsNoTable)
         {"another root", "<autre><TBdata/></autre>"},
         {"no table", "<codifPoints><codifPoint/></codifPoints>"},
         {"cut within an element", std::string(unCode).substr(0, 300)},
-        {"nested without end", profond},
+        {"nested without end", imbrique("<a>")},
+        {"what would close it is an attribute", imbrique("<a b='/>' c='</a>'>")},
+        {"what would close it is a text", imbrique("<a>/>")},
+        {"what would close it is a comment", imbrique("<a><!-- </a> -->")},
     };
     for (const auto& r : rows) {
         SCOPED_TRACE(r.name);

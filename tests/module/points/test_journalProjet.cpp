@@ -82,6 +82,20 @@ TEST_F(JournalTest, goesToAnyStateAndBack)
     EXPECT_TRUE(projet.currTable()->existPoint(L"B", position)) << "names are found again";
 }
 
+TEST_F(JournalTest, followsAPointThatIsHandedOutOnceItCame)
+{
+    journalProjet journal(projet, dessin);
+    ajouter(L"A", 300);
+    pointDuDessin* const point = projet.currTable()->getData(299); // theirs until the table grows or shrinks
+    journal.clore();
+    const int avant = dessin.numeros.back();
+    point->setCode(7);
+    journal.clore();
+    ASSERT_NE(dessin.numeros.back(), avant);
+    EXPECT_TRUE(journal.aller(avant));
+    EXPECT_EQ(point->getCode(), 1);
+}
+
 TEST_F(JournalTest, forgetsTheOldestStepsBeyondItsBound)
 {
     constexpr std::size_t plafond = 100000;
