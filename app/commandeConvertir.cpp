@@ -34,7 +34,7 @@ DxfForm formeCible(const DxfForm& source, const choixConvertir& choix)
 
 void afficherBilan(const AcDbDatabaseImpl& dessin, const choixConvertir& choix, const DxfForm& forme)
 {
-    for (const std::string& probleme : dessin.problems())
+    for (const std::string& probleme : dessin.problems().all())
         avertir(probleme);
     const int ancienne = dessin.file().versionOnDisk();
     if (ancienne != forme.version)

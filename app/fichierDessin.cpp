@@ -10,7 +10,7 @@
 
 void avertirDesProblemes(const AcDbDatabase& dessin)
 {
-    for (const std::string& probleme : dessin.impl().problems())
+    for (const std::string& probleme : dessin.impl().problems().all())
         avertir(probleme);
 }
 

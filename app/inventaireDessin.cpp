@@ -169,7 +169,7 @@ inventaireDessin inventorier(const Document& document, const std::string& fichie
     ouvrirTout(dessin, inventaire);
     recensement(dessin, inventaire).recenser();
     listerTables(inventaire);
-    inventaire.problemes = dessin.impl().problems();
-    inventaire.sain = dessin.impl().isSound();
+    inventaire.problemes = dessin.impl().problems().all();
+    inventaire.sain = dessin.impl().problems().isSound();
     return inventaire;
 }

@@ -81,7 +81,7 @@ private:
 void tellProblems(const Document& document)
 {
     constexpr std::size_t most = 5;
-    const auto& problems = document.database()->impl().problems();
+    const auto& problems = document.database()->impl().problems().all();
     if (problems.empty())
         return;
     say(countText(problems.size(), L"anomalie") + L" dans le fichier :");
@@ -108,7 +108,7 @@ void saveTo(const std::wstring& path)
     if (!mayReplace(path))
         throw CommandFailed(path + L" : le fichier est en lecture seule ; il n'est pas remplacé");
     const ReplacingReadOnly allowed(current().database()->impl());
-    const auto& problems = current().database()->impl().problems();
+    const auto& problems = current().database()->impl().problems().all();
     const std::size_t known = problems.size();
     if (const auto failure = DocumentList::instance().saveAs(current(), path))
         throw CommandFailed(*failure);

@@ -10,6 +10,7 @@
 #include "db/fields/NameReferences.h"
 #include "db/ObjectExtras.h"
 #include "db/ObjectOpening.h"
+#include "db/Ownership.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTranscode.h"
 #include "dxf/DxfValue.h"
@@ -86,11 +87,11 @@ private:
     AcDbStub* cloneUnder(AcDbStub* origin, AcDbStub* owner)
     {
         AcDbStub* twin = reserve(origin);
-        if (AcDbStub* oldOwner = m_from.ownerOf(m_from.object(*recordOf(origin))))
+        if (AcDbStub* oldOwner = m_from.ownership().ownerOf(m_from.object(*recordOf(origin))))
             m_handles.emplace(recordOf(oldOwner)->handle, recordOf(owner)->handle);
         if (m_to.typeName(*recordOf(owner)) == "BLOCK_RECORD") {
             m_to.blocks().append(owner, twin);
-            if (m_from.ownerOf(*recordOf(origin)) != owner)
+            if (m_from.ownership().ownerOf(*recordOf(origin)) != owner)
                 m_moved.push_back({twin, owner});
         }
         cloneTree();
@@ -113,8 +114,8 @@ private:
             reserveOnce(dictionary.stub());
         if (AcDbDictionary::cast(&object))
             return cloneEntries(origin);
-        const auto subentities = m_from.subentities(object, false);
-        AcDbStub* end = m_from.sequenceEnd(*recordOf(origin));
+        const auto subentities = m_from.ownership().subentities(object, false);
+        AcDbStub* end = m_from.ownership().sequenceEnd(*recordOf(origin));
         if (!subentities.empty() || end)
             m_sequences.push_back(copy);
         for (AcDbStub* subentity : subentities)
@@ -174,7 +175,7 @@ private:
             const bool paper = block == m_to.blocks().paperSpace() && m_to.blocks().of(block).inEntitiesSection;
             m_to.setPaperSpace(twin, paper);
             if (!isErased(*recordOf(twin)))
-                for (AcDbStub* subentity : m_to.subentities(m_to.object(*recordOf(twin)), false))
+                for (AcDbStub* subentity : m_to.ownership().subentities(m_to.object(*recordOf(twin)), false))
                     m_to.setPaperSpace(subentity, paper);
         }
         m_moved.clear();
@@ -239,7 +240,7 @@ private:
     /// What cannot be carried over is no object here.
     void refuse(DxfRecord& twin)
     {
-        m_to.addProblem(twin, "objet illisible, non copié");
+        m_to.problems().add(twin, "objet illisible, non copié");
         twin.flags |= RecordFlags::erased;
     }
 
@@ -248,10 +249,11 @@ private:
         for (const Copy& copy : m_sequences) {
             AcDbObject& origin = m_from.object(*recordOf(copy.origin));
             std::vector<AcDbStub*> twins;
-            for (AcDbStub* subentity : m_from.subentities(origin, false))
+            for (AcDbStub* subentity : m_from.ownership().subentities(origin, false))
                 twins.push_back(twinOf(subentity));
-            AcDbStub* end = m_from.sequenceEnd(*recordOf(copy.origin));
-            m_to.linkSubentities(m_to.object(*recordOf(copy.twin)), std::move(twins), end ? twinOf(end) : nullptr);
+            AcDbStub* end = m_from.ownership().sequenceEnd(*recordOf(copy.origin));
+            m_to.ownership().linkSubentities(m_to.object(*recordOf(copy.twin)), std::move(twins),
+                                             end ? twinOf(end) : nullptr);
         }
         m_sequences.clear();
     }

@@ -61,9 +61,9 @@ void loadFile(AcDbDatabaseImpl& database, const fs::path& path)
         return database.load(std::make_unique<DxfFile>(path.string()));
     DwgConversion conversion = DwgConverter().convert(path);
     database.load(std::make_unique<DxfFile>(std::move(conversion.dxf), path.string()));
-    database.addRemark(conversion.note);
+    database.problems().addRemark(conversion.note);
     for (const std::string& loss : conversion.losses)
-        database.addProblem(loss);
+        database.problems().add(loss);
 }
 
 /// Why a file could not be written.
@@ -215,7 +215,7 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
         return Acad::eFileInternalErr;
     }
     if (lost > 0)
-        addProblem(dxf_texts::rescued(lost));
+        m_problems.add(dxf_texts::rescued(lost));
     if (overItself)
         m_file->acceptDiskState();
     m_savedPath = path;

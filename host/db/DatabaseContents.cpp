@@ -37,23 +37,6 @@ void AcDbDatabaseImpl::setPaperSpace(AcDbStub* stub, bool paper)
     record.flags |= RecordFlags::modified;
 }
 
-void AcDbDatabaseImpl::linkSubentities(AcDbObject& parent, std::vector<AcDbStub*> subentities, AcDbStub* end)
-{
-    parent.extras().addedSubentities = std::move(subentities);
-    parent.extras().addedSequenceEnd = end;
-}
-
-void AcDbDatabaseImpl::ensureSequenceEnd(AcDbEntity& parent)
-{
-    if (sequenceEnd(*recordOf(parent.m_stub)))
-        return;
-    auto end = std::make_unique<AcDbSequenceEnd>();
-    AcDbSequenceEnd* made = end.get();
-    made->m_layer = parent.m_layer;
-    parent.extras().addedSequenceEnd = adopt(std::move(end), parent.m_stub).stub();
-    made->close();
-}
-
 void AcDbDatabaseImpl::makeBlockBounds(AcDbStub* block)
 {
     const std::wstring name = recordName(block);

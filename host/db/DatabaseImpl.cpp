@@ -6,6 +6,7 @@
 #include "db/fields/DxfObjectReader.h"
 #include "db/fields/NameReferences.h"
 #include "db/ObjectOpening.h"
+#include "db/Ownership.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 #include "platform/CodePage.h"
@@ -28,7 +29,12 @@ std::vector<AcDbDatabaseImpl*>& openDatabases()
 
 } // namespace
 
-AcDbDatabaseImpl::AcDbDatabaseImpl(AcDbDatabase& self) : m_self(self), m_blocks(*this), m_header(*this), m_undo(*this)
+AcDbDatabaseImpl::AcDbDatabaseImpl(AcDbDatabase& self) :
+    m_self(self),
+    m_blocks(*this),
+    m_header(*this),
+    m_undo(*this),
+    m_problems(*this)
 {
     for (const NameKind kind : nameKinds)
         m_names.emplace_back(*this, kind);
@@ -82,8 +88,7 @@ void AcDbDatabaseImpl::load(std::unique_ptr<DxfFile> file)
 {
     m_file = std::move(file);
     for (const DxfProblem& problem : m_file->problems())
-        m_problems.push_back(problem.line > 0 ? "ligne " + std::to_string(problem.line) + " : " + problem.what
-                                              : problem.what);
+        m_problems.add(problem.line, problem.what);
     m_nextHandle = m_file->freeHandle();
     adoptStructure();
     makeMissingTables();
@@ -92,7 +97,7 @@ void AcDbDatabaseImpl::load(std::unique_ptr<DxfFile> file)
     for (std::size_t i = 0; i < m_newRecords.size(); ++i)
         m_newRecords[i].flags = RecordFlags::isNew | RecordFlags::madeUp;
     if (m_header.integer("$TILEMODE", 1) == 0)
-        addRemark("dessin enregistré sur une présentation ; c'est l'espace objet qui est montré");
+        m_problems.addRemark("dessin enregistré sur une présentation ; c'est l'espace objet qui est montré");
 }
 
 void AcDbDatabaseImpl::adoptStructure()
@@ -205,39 +210,13 @@ std::unique_ptr<AcDbObject> AcDbDatabaseImpl::decode(DxfRecord& record)
         const bool lost = !isNew(record) && m_file->isLost(record);
         if (readable && !lost)
             return object;
-        addProblem(record, lost ? dxf_texts::lostOnMedium : reader.complaint());
+        m_problems.add(record, lost ? dxf_texts::lostOnMedium : reader.complaint());
         record.flags |= DxfRecord::spoiled;
     }
     if (typeName(record) == "TABLE") // its records are worth more than its own tags
         return std::unique_ptr<AcDbObject>(dxfClass.create());
     const auto& classes = DxfClasses::all();
     return std::unique_ptr<AcDbObject>((dxfClass.isEntity ? classes.proxyEntity() : classes.proxyObject()).create());
-}
-
-/// Counted on from the last one: a file may have many records that cannot be read.
-int AcDbDatabaseImpl::lineOf(const DxfRecord& record)
-{
-    if (isNew(record) || form().binary)
-        return 0;
-    const auto [from, to] = std::minmax(m_lineOffset, record.offset);
-    const std::string_view between = m_file->bytes().substr(from, to - from);
-    const auto lines = static_cast<int>(std::ranges::count(between, form().lineEnd()));
-    m_line += record.offset < m_lineOffset ? -lines : lines;
-    m_lineOffset = record.offset;
-    return m_line;
-}
-
-void AcDbDatabaseImpl::addRemark(const std::string& what)
-{
-    m_problems.push_back(what);
-    ++m_remarks;
-}
-
-void AcDbDatabaseImpl::addProblem(const DxfRecord& record, const std::string& what)
-{
-    const int line = lineOf(record);
-    m_problems.push_back((line > 0 ? "ligne " + std::to_string(line) + " : " : std::string()) +
-                         dxf_texts::shown(typeName(record)) + " : " + what);
 }
 
 void AcDbDatabaseImpl::noteEdit(DxfRecord& record)
@@ -254,6 +233,45 @@ void AcDbDatabaseImpl::noteChange(AcDbObject& object)
     m_undo.beforeChange(object);
     record.flags |= RecordFlags::modified;
     noteEdit(record);
+}
+
+bool AcDbDatabaseImpl::isIndispensable(const AcDbObject& object)
+{
+    AcDbStub* const stub = object.m_stub;
+    if (stub == m_rootDictionary)
+        return true;
+    for (const SymbolNames& table : m_names)
+        if (stub == table.table)
+            return true;
+    static constexpr std::pair<NameKind, const wchar_t*> records[] = {
+        {NameKind::block, ACDB_MODEL_SPACE}, {NameKind::block, ACDB_PAPER_SPACE}, {NameKind::layer, L"0"},
+        {NameKind::linetype, L"ByLayer"},    {NameKind::linetype, L"ByBlock"},    {NameKind::linetype, L"Continuous"},
+        {NameKind::textStyle, L"Standard"},  {NameKind::regApp, L"ACAD"}};
+    return object.isKindOf(AcDbSymbolTableRecord::desc()) &&
+           std::ranges::any_of(records, [&](const auto& record) { return named(record.first, record.second) == stub; });
+}
+
+bool AcDbDatabaseImpl::isOnLockedLayer(const AcDbObject& object)
+{
+    const AcDbEntity* const entity = AcDbEntity::cast(&object);
+    if (!entity)
+        return false;
+    AcDbStub* const stub = entity->m_layer ? entity->m_layer : named(NameKind::layer, L"0");
+    const auto* const layer = stub ? AcDbLayerTableRecord::cast(&this->object(*recordOf(stub))) : nullptr;
+    return layer && layer->isLocked();
+}
+
+bool AcDbDatabaseImpl::isNameTaken(const AcDbObject& object)
+{
+    if (!object.isKindOf(AcDbSymbolTableRecord::desc()))
+        return false;
+    const std::wstring name = recordName(object.m_stub);
+    for (SymbolNames& table : m_names)
+        if (ownership().ownerOf(object) == table.table) {
+            const AcDbStub* holder = table.find(name);
+            return holder && holder != object.m_stub;
+        }
+    return false;
 }
 
 AcDbStub* AcDbDatabaseImpl::named(NameKind kind, std::wstring_view name)

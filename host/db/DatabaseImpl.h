@@ -8,6 +8,7 @@
 
 #include "db/AtomicFile.h"
 #include "db/BlockContents.h"
+#include "db/DrawingProblems.h"
 #include "db/fields/NameKind.h"
 #include "db/HeaderVariables.h"
 #include "db/NewRecords.h"
@@ -28,6 +29,8 @@ struct DxfClass;
 /// order, which never moves; those of new objects in a deque. An object is decoded when it is first opened.
 class AcDbDatabaseImpl {
 public:
+    class Ownership;
+
     explicit AcDbDatabaseImpl(AcDbDatabase& self);
     ~AcDbDatabaseImpl();
     AcDbDatabaseImpl(const AcDbDatabaseImpl&) = delete;
@@ -92,30 +95,18 @@ public:
     /// The object of a record, decoded now if need be. A record that cannot be decoded gives a proxy and a problem.
     AcDbObject& object(DxfRecord& record);
     const DxfClass& classOf(const DxfRecord& record) const;
-    AcDbStub* ownerOf(const AcDbObject& object) const;
-    /// The object that owns a record of the file, as its tags tell.
-    AcDbStub* ownerInFile(const DxfRecord& record) const;
+    /// Who owns what; see db/Ownership.h.
+    Ownership ownership();
     void noteChange(AcDbObject& object);
     /// Marks a record of the file for the next save.
     void noteEdit(DxfRecord& record);
     const std::vector<std::uint32_t>& edits() const { return m_edits; }
-    /// The same for an object that need not be decoded.
-    AcDbStub* ownerOf(const DxfRecord& record) const;
-    /// Erases or brings back an object and what it owns.
-    void setErased(AcDbObject& object, bool erased);
     /// Whether every drawing needs it: a table, the root dictionary, layer 0, model space and their like.
     bool isIndispensable(const AcDbObject& object);
     /// Whether a record of a symbol table has a name that another one has too.
     bool isNameTaken(const AcDbObject& object);
     /// Whether it is an entity that the user locked against changes, with its layer.
     bool isOnLockedLayer(const AcDbObject& object);
-    /// What is erased with an object.
-    AcDbObjectIdArray ownedBy(const AcDbObject& object);
-    /// Sub-entities of an entity, its SEQEND left out; with `seqEnd` that one alone, null when there is none.
-    std::vector<AcDbStub*> subentities(const AcDbObject& parent, bool withErased) const;
-    AcDbStub* sequenceEnd(const DxfRecord& parent) const;
-    /// Those given to it since the file was read.
-    const std::vector<AcDbStub*>& addedSubentities(const AcDbObject& parent) const;
 
     // ---- names, blocks, header
 
@@ -134,10 +125,6 @@ public:
     AcDbObjectId joinBlock(AcDbStub* block, std::unique_ptr<AcDbEntity> entity);
     /// BLOCK and ENDBLK for a new block record.
     void makeBlockBounds(AcDbStub* block);
-    /// Sub-entities of a copied parent, which are new records too.
-    void linkSubentities(AcDbObject& parent, std::vector<AcDbStub*> subentities, AcDbStub* end);
-    /// Sub-entities end with a SEQEND.
-    void ensureSequenceEnd(AcDbEntity& parent);
     HeaderVariables& header() { return m_header; }
     AcDbStub* rootDictionary() const { return m_rootDictionary; }
     UndoRecorder& undo() { return m_undo; }
@@ -145,13 +132,8 @@ public:
     // ---- reactors, messages
 
     std::vector<AcDbDatabaseReactor*>& reactors() { return m_reactors; }
-    /// What was found wrong in the file, in French, at opening and since, and what else its user must know of it.
-    const std::vector<std::string>& problems() const { return m_problems; }
-    /// Whether nothing was wrong.
-    bool isSound() const { return m_problems.size() == m_remarks; }
-    void addProblem(const DxfRecord& record, const std::string& what);
-    void addProblem(const std::string& what) { m_problems.push_back(what); }
-    void addRemark(const std::string& what);
+    DrawingProblems& problems() { return m_problems; }
+    const DrawingProblems& problems() const { return m_problems; }
     std::wstring fileName; ///< as given by the caller
     std::wstring lastError;
     bool replacesReadOnly = false; ///< a save may replace a file marked as read-only: its user said so
@@ -162,9 +144,6 @@ private:
     void makeMissingRecords();
     AcDbStub* findRootDictionary();
     std::unique_ptr<AcDbObject> decode(DxfRecord& record);
-    bool hasSubentities(const DxfRecord& record) const;
-    AcDbStub* parentOf(const DxfRecord& subentity) const;
-    int lineOf(const DxfRecord& record);
 
     AcDbDatabase& m_self;
     std::unique_ptr<DxfFile> m_file;
@@ -182,8 +161,5 @@ private:
     std::filesystem::path m_savedPath; // where it was saved last
     FileState m_savedState;
     std::vector<AcDbDatabaseReactor*> m_reactors;
-    std::vector<std::string> m_problems;
-    std::size_t m_remarks = 0;      // among them
-    std::uint64_t m_lineOffset = 0; // where lines were counted to last
-    int m_line = 1;
+    DrawingProblems m_problems;
 };

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "db/DatabaseImpl.h"
+#include "db/Ownership.h"
 
 #include "acutmem.h"
 #include "dbdict.h"
@@ -190,7 +191,7 @@ void AcDbDictionary::ownedObjects(AcDbObjectIdArray& ids) const
         const AcDbObjectId id = idOf(entry);
         if (id.isNull())
             continue;
-        const AcDbStub* owner = AcDbDatabaseImpl::of(id.stub()).ownerOf(*recordOf(id));
+        const AcDbStub* owner = AcDbDatabaseImpl::of(id.stub()).ownership().ownerOf(*recordOf(id));
         if (!owner || owner == objectId().stub())
             ids.append(id);
     }

@@ -80,7 +80,7 @@ void AcDbDatabaseImpl::makeMissingRecords()
         if (!m_blocks.of(space).begin)
             makeBlockBounds(space);
     if (!told.empty())
-        addProblem("enregistrements que tout dessin contient, absents et refaits : " + told);
+        m_problems.add("enregistrements que tout dessin contient, absents et refaits : " + told);
 }
 
 AcDbStub* AcDbDatabaseImpl::makeUpLayer(const std::wstring& name)
@@ -96,8 +96,8 @@ AcDbStub* AcDbDatabaseImpl::makeUpLayer(const std::wstring& name)
     m_undo.setRecording(recording);
     recordOf(stub)->flags = RecordFlags::isNew | RecordFlags::madeUp;
     names(NameKind::layer).append(stub);
-    addProblem("calque « " + platform::utf8FromWide(name) +
-               " » absent de la table des calques ; il y est ajouté, en couleur 7");
+    m_problems.add("calque « " + platform::utf8FromWide(name) +
+                   " » absent de la table des calques ; il y est ajouté, en couleur 7");
     return stub;
 }
 

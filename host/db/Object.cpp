@@ -4,6 +4,7 @@
 #include "db/ObjectExtras.h"
 #include "db/ObjectOpening.h"
 #include "db/ObjectTags.h"
+#include "db/Ownership.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
 
@@ -46,7 +47,7 @@ AcDbObjectExtras& AcDbObject::extras()
 
 AcDbObjectId AcDbObject::ownerId() const
 {
-    return AcDbObjectId(m_stub ? AcDbDatabaseImpl::of(m_stub).ownerOf(*this) : m_owner);
+    return AcDbObjectId(m_stub ? AcDbDatabaseImpl::of(m_stub).ownership().ownerOf(*this) : m_owner);
 }
 
 Acad::ErrorStatus AcDbObject::setOwnerId(AcDbObjectId owner)
@@ -170,7 +171,7 @@ Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing)
         return Acad::eCannotBeErasedByCaller;
     if (!erasing && database.isNameTaken(*this))
         return Acad::eDuplicateRecordName;
-    database.setErased(*this, erasing);
+    database.ownership().setErased(*this, erasing);
     return Acad::eOk;
 }
 
@@ -313,7 +314,7 @@ AcDbObjectIdArray AcDbEntity::subentities() const
     AcDbObjectIdArray ids;
     if (!m_stub)
         return ids;
-    for (AcDbStub* stub : AcDbDatabaseImpl::of(m_stub).subentities(*this, false))
+    for (AcDbStub* stub : AcDbDatabaseImpl::of(m_stub).ownership().subentities(*this, false))
         ids.append(AcDbObjectId(stub));
     return ids;
 }
@@ -321,7 +322,7 @@ AcDbObjectIdArray AcDbEntity::subentities() const
 void AcDbEntity::ownedObjects(AcDbObjectIdArray& ids) const
 {
     if (m_stub)
-        for (AcDbStub* stub : AcDbDatabaseImpl::of(m_stub).subentities(*this, true))
+        for (AcDbStub* stub : AcDbDatabaseImpl::of(m_stub).ownership().subentities(*this, true))
             ids.append(AcDbObjectId(stub));
 }
 
@@ -350,6 +351,6 @@ Acad::ErrorStatus AcDbEntity::appendSubentity(AcDbObjectId& id, AcDbEntity* sube
         subentity->m_layer = m_layer;
     id = AcDbDatabaseImpl::of(m_stub).adopt(std::unique_ptr<AcDbObject>(subentity), m_stub);
     extras().addedSubentities.push_back(id.stub());
-    AcDbDatabaseImpl::of(m_stub).ensureSequenceEnd(*this);
+    AcDbDatabaseImpl::of(m_stub).ownership().ensureSequenceEnd(*this);
     return Acad::eOk;
 }

@@ -8,6 +8,7 @@
 #include "db/fields/DxfFields.h"
 #include "db/fields/DxfObjectWriter.h"
 #include "db/ObjectTags.h"
+#include "db/Ownership.h"
 #include "db/SavedExtents.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
@@ -146,7 +147,7 @@ void SavePlan::writeAddedSubentities(AcDbStub* parent)
     const AcDbObject* object = residentObject(*recordOf(parent));
     if (!object)
         return;
-    for (AcDbStub* subentity : m_database.addedSubentities(*object))
+    for (AcDbStub* subentity : m_database.ownership().addedSubentities(*object))
         if (!isErased(*recordOf(subentity)))
             writeObject(*recordOf(subentity));
 }
@@ -157,7 +158,7 @@ void SavePlan::writeWithSubentities(AcDbStub* entity)
         return;
     writeObject(*recordOf(entity));
     writeAddedSubentities(entity);
-    AcDbStub* end = m_database.sequenceEnd(*recordOf(entity));
+    AcDbStub* end = m_database.ownership().sequenceEnd(*recordOf(entity));
     if (end && !isErased(*recordOf(end)))
         writeObject(*recordOf(end));
 }
@@ -208,7 +209,7 @@ void SavePlan::editOwnersOfErased()
         if (!isErased(record) || !standsInObjectsSection(m_database, record))
             continue;
         objectsErased = true;
-        AcDbStub* const owner = m_database.ownerInFile(record);
+        AcDbStub* const owner = m_database.ownership().ownerInFile(record);
         if (owner && ObjectTags(m_database, m_database.object(*recordOf(owner))).extensionDictionary() == record.handle)
             take(owner);
     }
@@ -294,9 +295,9 @@ void SavePlan::addToParents()
     for (std::uint32_t position : m_database.edits()) {
         DxfRecord& record = records[position];
         const AcDbObject* object = residentObject(record);
-        if (isErased(record) || !object || m_database.addedSubentities(*object).empty())
+        if (isErased(record) || !object || m_database.ownership().addedSubentities(*object).empty())
             continue;
-        AcDbStub* end = m_database.sequenceEnd(record);
+        AcDbStub* end = m_database.ownership().sequenceEnd(record);
         const bool endInFile = end && !isNew(*recordOf(end));
         edit(endInFile ? m_database.positionOf(*recordOf(end)) : afterEntity(position), Place::before, [&] {
             writeAddedSubentities(stubOf(&record));

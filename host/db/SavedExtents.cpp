@@ -2,6 +2,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/entities/BlockExtents.h"
+#include "db/Ownership.h"
 
 #include "dbents.h"
 
@@ -59,7 +60,7 @@ std::optional<AcDbExtents> extentsToSave(AcDbDatabaseImpl& database)
     if (stated)
         for (const std::uint32_t position : database.edits()) {
             DxfRecord& record = database.file().records()[position];
-            if ((record.flags & RecordFlags::modified) != 0 && database.ownerOf(record) == model)
+            if ((record.flags & RecordFlags::modified) != 0 && database.ownership().ownerOf(record) == model)
                 growing.add(stubOf(&record));
         }
     if (extents.isEmpty() || (stated && same(extents.minPoint(), least) && same(extents.maxPoint(), most)))

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "db/DatabaseImpl.h"
+#include "db/Ownership.h"
 
 #include "dbents.h"
 #include "dbsymtb.h"
@@ -77,6 +78,6 @@ void SceneChanges::noteEntity(const AcDbEntity& entity)
             return tell();
         }
         shown = owner;
-        owner = AcDbDatabaseImpl::of(owner).ownerOf(*recordOf(owner));
+        owner = AcDbDatabaseImpl::of(owner).ownership().ownerOf(*recordOf(owner));
     }
 }

@@ -1,6 +1,7 @@
 #include "db/fields/DxfObjectWriter.h"
 
 #include "db/DatabaseImpl.h"
+#include "db/Ownership.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfValue.h"
 #include "dxf/R12Subclasses.h"
@@ -228,7 +229,7 @@ private:
             AcDbStub* const owner = object.ownerId().stub();
             std::uint64_t named = 0;
             const bool same = owner && dxfHandle(tag, named) && named == recordOf(owner)->handle;
-            if (!owner || same || owner == writer.m_database.ownerInFile(record))
+            if (!owner || same || owner == writer.m_database.ownership().ownerInFile(record))
                 copy(tag);
             else
                 writer.writeOwner(object);

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "db/Layouts.h"
+#include "db/Ownership.h"
 #include "dxf/DxfValue.h"
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
@@ -288,7 +289,7 @@ bool EntityFilter::Test::takesSubclass(const DxfRecord& record, const EntityTags
 
 bool EntityFilter::Test::takesLayout(const DxfRecord& record, const EntityTags& tags) const
 {
-    AcDbStub* const block = tags.database().ownerOf(record);
+    AcDbStub* const block = tags.database().ownership().ownerOf(record);
     const auto [known, isFirst] = m_knownPlaces.try_emplace(block);
     if (isFirst)
         known->second = matchesText(layoutName(AcDbObjectId(block)));

@@ -4,6 +4,7 @@
 
 #include "ap/DocumentData.h"
 #include "db/DatabaseImpl.h"
+#include "db/Ownership.h"
 #include "lisp/eval/LispError.h"
 #include "lisp/eval/LispTexts.h"
 
@@ -19,7 +20,7 @@ const std::vector<AcDbStub*>& entitiesOf(AcDbObjectId block)
 
 AcDbObjectId ownerOf(AcDbObjectId id)
 {
-    return AcDbObjectId(AcDbDatabaseImpl::of(id.stub()).ownerOf(*recordOf(id)));
+    return AcDbObjectId(AcDbDatabaseImpl::of(id.stub()).ownership().ownerOf(*recordOf(id)));
 }
 
 bool isEntity(AcDbObjectId id)
@@ -92,8 +93,8 @@ void EntityWalk::takeSubentities(AcDbObjectId parent)
     const std::string& type = database.typeName(record);
     if (type != "INSERT" && type != "POLYLINE")
         return;
-    m_subentities = database.subentities(database.object(record), true);
-    if (AcDbStub* const end = database.sequenceEnd(record); end && !m_subentities.empty())
+    m_subentities = database.ownership().subentities(database.object(record), true);
+    if (AcDbStub* const end = database.ownership().sequenceEnd(record); end && !m_subentities.empty())
         m_subentities.push_back(end);
 }
 

@@ -5,6 +5,7 @@
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfObjectWriter.h"
 #include "db/Layouts.h"
+#include "db/Ownership.h"
 #include "db/ResbufTags.h"
 #include "dxf/DxfAngle.h"
 #include "lisp/drawing/LispConversion.h"
@@ -43,7 +44,7 @@ std::wstring layoutOf(const AcDbObject& entity)
     AcDbObjectId owner = entity.ownerId();
     // Of vertices and attributes, one step; a damaged drawing may name owners in a ring.
     for (int steps = 0; steps < 4 && isOfClass(owner, AcDbEntity::desc()); ++steps)
-        owner = AcDbObjectId(AcDbDatabaseImpl::of(owner.stub()).ownerOf(*recordOf(owner)));
+        owner = AcDbObjectId(AcDbDatabaseImpl::of(owner.stub()).ownership().ownerOf(*recordOf(owner)));
     const std::wstring name = isOfClass(owner, AcDbBlockTableRecord::desc()) ? layoutName(owner) : L"";
     return name.empty() ? L"Model" : name;
 }

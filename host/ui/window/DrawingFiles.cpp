@@ -63,7 +63,7 @@ QString proposedPath(const CommandHooks::FileQuestion& question)
 void tellProblems(Document& document)
 {
     constexpr std::size_t most = 20;
-    const auto& problems = document.database()->impl().problems();
+    const auto& problems = document.database()->impl().problems().all();
     for (std::size_t i = 0; i < std::min(most, problems.size()); ++i)
         Console::instance().print(L"\n" + QString::fromStdString(problems[i]).toStdWString());
     if (problems.size() > most)

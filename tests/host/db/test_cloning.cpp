@@ -165,7 +165,7 @@ TEST_F(CloningTest, aDrawingBecomesABlock)
         EXPECT_EQ(saved(*source, "biblio-2.dxf"), library().text());
 
         const auto read = open(after, "relu.dxf");
-        EXPECT_TRUE(read->impl().problems().empty());
+        EXPECT_TRUE(read->impl().problems().all().empty());
         for (AcDbDatabase* each : {database.get(), read.get()}) {
             const AcDbObjectId there = blockNamed(*each, L"biblio");
             AcDbObjectPointer<AcDbBlockTableRecord> opened(there);

@@ -111,8 +111,8 @@ TEST_F(ForeignTest, aDrawingSavedOnALayoutIsDrawnInModelSpace)
     drawing.header = "9 $TILEMODE\n70 0\n";
     const std::string before = drawing.text();
     const auto database = open(before);
-    ASSERT_EQ(database->impl().problems().size(), 1U);
-    EXPECT_NE(database->impl().problems()[0].find("présentation"), std::string::npos);
+    ASSERT_EQ(database->impl().problems().all().size(), 1U);
+    EXPECT_NE(database->impl().problems().all()[0].find("présentation"), std::string::npos);
     EXPECT_EQ(saved(*database), before) << "told, and no change";
     EXPECT_EQ(database->currentSpaceId(), idOf(*database, 0x1F));
 }
@@ -124,15 +124,15 @@ TEST_F(ForeignTest, whatEveryDrawingHasIsMadeAndTold)
                                         "0 SECTION\n2 ENTITIES\n" +
                                         line + "0 ENDSEC\n0 EOF\n");
     const auto database = open(before);
-    ASSERT_EQ(database->impl().problems().size(), 2U);
-    const std::string& told = database->impl().problems()[0];
+    ASSERT_EQ(database->impl().problems().all().size(), 2U);
+    const std::string& told = database->impl().problems().all()[0];
     for (const char* made : {"calque « 0 »", "type de ligne « ByLayer »", "bloc « *Model_Space »",
                              "bloc « *Paper_Space »", "style de texte « Standard »"})
         EXPECT_NE(told.find(made), std::string::npos) << told;
     EXPECT_EQ(saved(*database), before);
     Opened<AcDbLine>(*database, 0xA1, AcDb::kForWrite)->setColorIndex(3);
     const auto again = open(saved(*database), "relu.dxf");
-    EXPECT_EQ(again->impl().problems().size(), 1U) << "of the layout alone: nothing is missing any more";
+    EXPECT_EQ(again->impl().problems().all().size(), 1U) << "of the layout alone: nothing is missing any more";
     EXPECT_FALSE(again->layerZero().isNull());
     EXPECT_EQ(saved(*again, "encore.dxf"), read("relu.dxf"));
 }
@@ -145,13 +145,13 @@ TEST_F(ForeignTest, aCutDrawingIsSavedWholeAndItsOriginalKept)
     const std::string whole = drawing.text(), cut = whole.substr(0, whole.find("81\r\n") + 20);
     const auto database = open(cut);
     EXPECT_EQ(database->impl().blocks().of(database->currentSpaceId().stub()).entities.size(), 1U);
-    EXPECT_EQ(database->impl().problems().size(), 3U);
+    EXPECT_EQ(database->impl().problems().all().size(), 3U);
     Opened<AcDbEntity>(*database, 0x80, AcDb::kForWrite)->setColorIndex(3);
     saved(*database, "plan.dxf");
     const std::string second = saved(*database, "plan.dxf");
     EXPECT_EQ(read("plan.original.dxf"), cut);
     const auto again = open(second, "relu.dxf");
-    EXPECT_TRUE(again->impl().problems().empty());
+    EXPECT_TRUE(again->impl().problems().all().empty());
     EXPECT_EQ(Opened<AcDbEntity>(*again, 0x80)->colorIndex(), 3);
 }
 
@@ -166,7 +166,7 @@ TEST_F(ForeignTest, aSecondSaveOfAnUpgradedDrawingAddsNothing)
         const auto database = open(drawing);
         const std::string first = saved(*database);
         const auto again = open(first, "relu.dxf");
-        EXPECT_TRUE(again->impl().problems().empty());
+        EXPECT_TRUE(again->impl().problems().all().empty());
         EXPECT_EQ(saved(*again, "encore.dxf"), first);
         Opened<AcDbEntity>(*again, 0x80, AcDb::kForWrite)->setColorIndex(3);
         const std::string third = saved(*again, "encore.dxf");

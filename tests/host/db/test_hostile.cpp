@@ -47,10 +47,10 @@ TEST_F(HostileTest, aRecordThatCannotBeReadStaysAsItIs)
         drawing.entities = std::string("0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n") + row.tags;
         const std::string before = drawing.text();
         const auto database = open(before);
-        EXPECT_TRUE(database->impl().problems().empty()) << "not looked at yet";
+        EXPECT_TRUE(database->impl().problems().all().empty()) << "not looked at yet";
         Opened<AcDbProxyEntity>(*database, 0x80, AcDb::kForWrite)->setColorIndex(3);
         Opened<AcDbProxyEntity> again(*database, 0x80);
-        const auto& problems = database->impl().problems();
+        const auto& problems = database->impl().problems().all();
         ASSERT_EQ(problems.size(), 1U);
         const auto line =
             1 +
@@ -228,13 +228,13 @@ TEST_F(HostileTest, handlesMissingOrTwiceAreGivenAnewOnce)
     const std::string tags = "330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 1\n21 1\n31 1\n";
     drawing.entities = "0 LINE\n5 80\n" + tags + "0 LINE\n5 80\n" + tags + "0 LINE\n5 0\n" + tags + "0 LINE\n" + tags;
     const auto database = open(drawing);
-    EXPECT_EQ(database->impl().problems().size(), 1U);
+    EXPECT_EQ(database->impl().problems().all().size(), 1U);
     const auto& entities = database->impl().blocks().of(database->impl().blocks().modelSpace()).entities;
     ASSERT_EQ(entities.size(), 4U);
     AcDbObjectPointer<AcDbLine>(AcDbObjectId(entities[1]), AcDb::kForWrite)->setThickness(5);
     const std::string after = saved(*database);
     const auto again = open(after, "relu.dxf");
-    EXPECT_TRUE(again->impl().problems().empty());
+    EXPECT_TRUE(again->impl().problems().all().empty());
     EXPECT_EQ(changes(drawing.text(), after), (Changes{"-5|80", "+5|FFF", "+39|5.0", "-5|0", "+5|1000", "+5|1001"}));
     EXPECT_EQ(DxfFile(after, "relu.dxf").headerValue("$HANDSEED", 5), "1002");
 }

@@ -121,7 +121,7 @@ TEST_F(OpenFileTest, whatTheMediumLosesIsToldAndWhatWasReadIsRescued)
     ASSERT_EQ(truncate((root / "plan.dxf").c_str(), static_cast<off_t>(start)), 0);
     AcDbObjectPointer<AcDbLine> lost(idOf(*database, unread), AcDb::kForRead);
     EXPECT_NE(lost.openStatus(), Acad::eOk);
-    EXPECT_NE(database->impl().problems().back().find("perdu"), std::string::npos);
+    EXPECT_NE(database->impl().problems().all().back().find("perdu"), std::string::npos);
     for (const std::uint64_t handle : {read, changed})
         EXPECT_GT(std::ranges::count(file.bytes(*recordOf(idOf(*database, handle))), '\0'), 1000000);
     overwrite(root / "plan.dxf", O_APPEND, before.substr(start));
@@ -129,10 +129,10 @@ TEST_F(OpenFileTest, whatTheMediumLosesIsToldAndWhatWasReadIsRescued)
     EXPECT_EQ(database->saveAs(path("plan.dxf").c_str()), Acad::eFileSharingViolation);
     ASSERT_EQ(database->saveAs(path("sortie.dxf").c_str()), Acad::eOk);
     // The page in which the unread line ends holds the beginning of the next one.
-    EXPECT_NE(database->impl().problems().back().find("4 objets"), std::string::npos)
-        << database->impl().problems().back();
+    EXPECT_NE(database->impl().problems().all().back().find("4 objets"), std::string::npos)
+        << database->impl().problems().all().back();
     const auto rescued = open(folder.read("sortie.dxf"), "relu.dxf");
-    EXPECT_EQ(rescued->impl().problems(), std::vector<std::string>());
+    EXPECT_EQ(rescued->impl().problems().all(), std::vector<std::string>());
     EXPECT_EQ(walk(*rescued), lineCount - 3);
     EXPECT_EQ(Opened<AcDbLine>(*rescued, changed)->endPoint(), AcGePoint3d(7, 1, 1));
     EXPECT_TRUE(idOf(*rescued, unread).isNull());

@@ -31,8 +31,8 @@ TEST_F(RepairTest, aLayerThatTheTableLacksIsMade)
     EXPECT_EQ(layerOf(0x80), L"Murs");
     EXPECT_EQ(layerOf(0x81), L"Murs") << "letter case does not count";
     EXPECT_EQ(layerOf(0x82), L"0");
-    ASSERT_EQ(database->impl().problems().size(), 1U);
-    EXPECT_NE(database->impl().problems()[0].find("calque « Murs » absent"), std::string::npos);
+    ASSERT_EQ(database->impl().problems().all().size(), 1U);
+    EXPECT_NE(database->impl().problems().all()[0].find("calque « Murs » absent"), std::string::npos);
     AcDbLayerTable* layers = nullptr;
     ASSERT_EQ(database->getLayerTable(layers, AcDb::kForRead), Acad::eOk);
     EXPECT_TRUE(layers->has(L"murs"));
@@ -45,7 +45,7 @@ TEST_F(RepairTest, aLayerThatTheTableLacksIsMade)
     EXPECT_FALSE(AcDbObjectId(again->impl().named(NameKind::layer, L"Murs")).isNull())
         << "written with the first change";
     Opened<AcDbEntity>(*again, 0x80)->assertReadEnabled();
-    EXPECT_TRUE(again->impl().problems().empty());
+    EXPECT_TRUE(again->impl().problems().all().empty());
 }
 
 TEST_F(RepairTest, aCopyHasTheExtendedDataOfTheFile)

@@ -100,8 +100,8 @@ TEST_F(DwgOpenTest, SurvivesOpeningAndSaving)
     AcDbDatabase opened(false);
     ASSERT_EQ(opened.readDwgFile(wide(drawing).c_str()), Acad::eOk) << platform::utf8FromWide(opened.lastError());
     expectSample(opened);
-    EXPECT_EQ(opened.impl().problems().size(), 1U); // that it was converted
-    EXPECT_TRUE(opened.impl().isSound());
+    EXPECT_EQ(opened.impl().problems().all().size(), 1U); // that it was converted
+    EXPECT_TRUE(opened.impl().problems().isSound());
 
     // Something is changed, so that saving is more than a copy.
     {
