@@ -18,7 +18,7 @@ controleObservation controleDe(const systemeReseau& s, int place);
 /// too far for its fall to be linear.
 inline bool chuteConnue(double somme, double chute)
 {
-    return somme - chute > 1e-3 * somme;
+    return somme - chute > 1e-9 * somme;
 }
 
 /// Redundancy number of each observation of the system, 0 to 1.

@@ -19,7 +19,7 @@ public:
     recherche(const reseau& r, const systemeReseau& s, const resultatReseau& resultat) :
         m_reseau(r),
         m_systeme(s),
-        m_pvv(resultat.sommePvv),
+        m_pvv(s.sommePvv()), // of the places where the equations are linear
         m_degres(resultat.degresDeLiberte)
     {
         for (std::size_t k = 0; k < s.retenues().size(); ++k)

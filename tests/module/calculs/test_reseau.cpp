@@ -293,7 +293,7 @@ TEST(Reseau, PlantedFaultsAreFound)
         fausses += compenser(r).suspects.empty() ? 0 : 1;
         const auto k = std::uniform_int_distribution<std::size_t>(0, r.observations.size() - 1)(alea);
         observationReseau& o = r.observations[k];
-        o.mesure += o.genre == distance ? 1.0 : pi;
+        o.mesure += o.genre != distance ? pi : i % 2 == 0 ? 1.0 : 100.0;
         const resultatReseau resultat = compenser(r);
         if (resultat.suspects.empty() || resultat.suspects.front().observation != static_cast<int>(k))
             continue;
