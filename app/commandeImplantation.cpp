@@ -30,7 +30,9 @@ void declarerStation(CLI::App& commande, demandeProgrammeImplantation& demande)
         ->needs(repartir)
         ->check(CLI::PositiveNumber)
         ->option_text("D");
-    commande.add_flag("--equilibrer", demande.equilibrer, "Donne autant de points à chaque station")->needs(repartir)->option_text(" ");
+    commande.add_flag("--equilibrer", demande.equilibrer, "Donne autant de points à chaque station")
+        ->needs(repartir)
+        ->option_text(" ");
 }
 
 void declarerPoints(CLI::App& commande, demandeProgrammeImplantation& demande)

@@ -17,9 +17,9 @@ struct demandePolygonale {
     bool altitudes = false;
     bool originale = false;
     bool compensee = false;
-    bool strict = false;          ///< a closure beyond practice or tolerance is a failure, and nothing is placed
-    double precisionAngle = 0.0;  ///< standard deviation of an angle, in the file's unit; 0 for no tolerance
-    bool quandMeme = false; ///< place stations whose closure is beyond any practice
+    bool strict = false;         ///< a closure beyond practice or tolerance is a failure, and nothing is placed
+    double precisionAngle = 0.0; ///< standard deviation of an angle, in the file's unit; 0 for no tolerance
+    bool quandMeme = false;      ///< place stations whose closure is beyond any practice
 };
 
 /// What became of it, apart from the figures.

@@ -1,8 +1,8 @@
 #include "services/bibliothequeModule.h"
 
-#include "services/dossierModule.h"
-
 #include <dlfcn.h>
+
+#include "services/dossierModule.h"
 
 void* fonctionBibliotheque(const char* bibliotheque, const char* fonction)
 {

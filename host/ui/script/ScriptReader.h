@@ -10,7 +10,8 @@
 /// other goes on.
 class ScriptReader {
 public:
-    /// "-" is the standard input. @throws ScriptError when the file cannot be read, or scripts call each other without end.
+    /// "-" is the standard input. @throws ScriptError when the file cannot be read, or scripts call each other without
+    /// end.
     void open(const QString& path);
 
     bool atEnd() const;

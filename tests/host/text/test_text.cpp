@@ -153,8 +153,8 @@ TEST(MTextLayout, isBoundedByItsRuns)
     EXPECT_NEAR(three.left, -2.0 * digit * 8.0, 1e-9); // the long word passes the width, to the left
     EXPECT_NEAR(three.right, 0.0, 1e-9);
     EXPECT_NEAR(three.top, 0.0, 1e-9);
-    EXPECT_NEAR(three.bottom, -2.0 - 2.0 * 2.0 * 5.0 / 3.0, 1e-9);             // three lines
-    EXPECT_NEAR(MTextLayout(L"\\S1/2;", request()).bottom, -2.0 * 1.35, 1e-9); // the lower text hangs
+    EXPECT_NEAR(three.bottom, -2.0 - 2.0 * 2.0 * 5.0 / 3.0, 1e-9);                  // three lines
+    EXPECT_NEAR(MTextLayout(L"\\S1/2;", request()).bottom, -2.0 * 1.35, 1e-9);      // the lower text hangs
     EXPECT_NEAR(MTextLayout(L"\\Q45;1", request()).right, 2.0 * digit + 2.0, 1e-9); // tops lean over
     EXPECT_TRUE(MTextLayout(L"\\C1;\\P", request()).isEmpty());
 }

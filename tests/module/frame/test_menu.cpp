@@ -15,9 +15,8 @@ namespace {
 /// A function "C:NAME" is a command too.
 bool estUneFonction(const std::wstring& nom)
 {
-    return std::ranges::any_of(tableFonctionsLisp(), [&](const fonctionLisp& f) {
-        return enMinuscules(f.nom) == L"c:" + enMinuscules(nom);
-    });
+    return std::ranges::any_of(tableFonctionsLisp(),
+                               [&](const fonctionLisp& f) { return enMinuscules(f.nom) == L"c:" + enMinuscules(nom); });
 }
 
 /// Commands to come share one empty handler: each that has one of its own does something.
