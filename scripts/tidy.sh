@@ -7,5 +7,5 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 cmake --preset tidy --log-level=WARNING >/dev/null
 # Sources include what Qt's generators make. They are run by hand: their targets would wait for the libraries linked.
-find build/tidy -name AutogenInfo.json -print0 | xargs -0 -n1 -P"$(nproc)" -I{} cmake -E cmake_autogen {} Debug >/dev/null
+find build/tidy -name AutogenInfo.json -print0 | xargs -0 -P"$(nproc)" -I{} cmake -E cmake_autogen {} Debug >/dev/null
 exec python3 scripts/tidy.py "$@"
