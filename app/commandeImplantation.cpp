@@ -28,7 +28,6 @@ void declarerStation(CLI::App& commande, demandeProgrammeImplantation& demande)
     stations->needs(repartir)->option_text("A,B,C");
     commande.add_option("--portee", demande.portee, "Distance que nul point ne dépasse")
         ->needs(repartir)
-        ->check(CLI::PositiveNumber)
         ->option_text("D");
     commande.add_flag("--equilibrer", demande.equilibrer, "Donne autant de points à chaque station")
         ->needs(repartir)

@@ -65,9 +65,10 @@ demandeImplantation demandeDe(const demandeProgrammeImplantation& d)
     m.repartir = d.repartir;
     m.repartition = {d.portee.value_or(inconnu), d.equilibrer};
     m.verifier = d.verifier;
-    for (const double nombre : {d.hauteur, d.seuil, d.portee.value_or(0.0)})
-        if (!std::isfinite(nombre))
-            throw erreurProgramme("--hauteur, --seuil et --portee sont des nombres.");
+    if (!std::isfinite(d.hauteur) || !std::isfinite(d.seuil))
+        throw erreurProgramme("--hauteur et --seuil sont des nombres.");
+    if (const double portee = d.portee.value_or(1.0); !std::isfinite(portee) || portee <= 0.0)
+        throw erreurProgramme("--portee : une distance positive est attendue.");
     m.hauteur = d.hauteur;
     m.seuil = d.seuil;
     m.dessiner = d.dessiner;
