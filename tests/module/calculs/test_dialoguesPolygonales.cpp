@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QLabel>
