@@ -22,6 +22,8 @@ matriceNormale::matriceNormale(const std::vector<std::vector<int>>& voisins) :
 
 void matriceNormale::ordonner(const std::vector<std::vector<int>>& voisins)
 {
+    if (m_taille == 0) // every point held: Eigen's matrices are not made for it
+        return;
     matriceCreuse motif(m_taille, m_taille);
     Eigen::VectorXi longueurs(m_taille);
     for (int i = 0; i < m_taille; ++i)
@@ -34,8 +36,7 @@ void matriceNormale::ordonner(const std::vector<std::vector<int>>& voisins)
     }
     motif.makeCompressed();
     Eigen::PermutationMatrix<Eigen::Dynamic, Eigen::Dynamic, int> permutation;
-    if (m_taille > 0)
-        Eigen::AMDOrdering<int>()(motif.selfadjointView<Eigen::Lower>(), permutation);
+    Eigen::AMDOrdering<int>()(motif.selfadjointView<Eigen::Lower>(), permutation);
     m_rang.resize(voisins.size());
     m_ordre.resize(voisins.size());
     for (int k = 0; k < m_taille; ++k) {

@@ -283,6 +283,15 @@ TEST(Reseau, NoRedundancyIsSaid)
     EXPECT_TRUE(contient(resultat.messages, L"Aucune redondance"));
 }
 
+TEST(Reseau, NothingToFindIsAControl) // every point held: the measures are compared with the known coordinates
+{
+    const reseau r =
+        lireMc("Point: A X= 0 Y= 0 fixe\nPoint: B X= 0 Y= 100 fixe\nStation: A\nDistance: B 100.01 e= 5\n").r;
+    const resultatReseau resultat = compenser(r);
+    EXPECT_EQ(resultat.degresDeLiberte, 1);
+    EXPECT_NEAR(resultat.s0, 2.0, 1e-9);
+}
+
 TEST(Reseau, PlantedFaultsAreFound)
 {
     constexpr int essais = 60;
