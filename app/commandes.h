@@ -15,6 +15,7 @@ void ajouterCommandeInfo(CLI::App& programme);
 void ajouterCommandeConvertir(CLI::App& programme);
 void ajouterCommandeApercu(CLI::App& programme);
 void ajouterCommandeExecuter(CLI::App& programme);
+void ajouterCommandeVerifier(CLI::App& programme);
 
 /// Without a command, the program opens its window, with the drawings it is given.
 void ajouterFenetre(CLI::App& programme);

@@ -51,6 +51,7 @@ int lancerProgramme(int argc, const char* const* argv)
     ajouterCommandeConvertir(programme);
     ajouterCommandeApercu(programme);
     ajouterCommandeExecuter(programme);
+    ajouterCommandeVerifier(programme);
     ajouterFenetre(programme);
     try {
         if (const int statut = executer(programme, argc, argv); statut != 0)

@@ -36,8 +36,13 @@ install(FILES ${installation}/vela.xml DESTINATION share/mime/packages)
 install(FILES ${installation}/completion.bash DESTINATION share/bash-completion/completions RENAME vela)
 
 # Programs of the build find their documentation where those of an installation do.
-file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/share/doc)
-file(CREATE_LINK ${PROJECT_SOURCE_DIR}/docs ${CMAKE_BINARY_DIR}/share/doc/vela SYMBOLIC)
+file(REMOVE ${CMAKE_BINARY_DIR}/share/doc/vela) # a link to docs, in older trees
+file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/share/doc/vela)
+file(GLOB pages docs/*)
+foreach(page ${pages} ${PROJECT_SOURCE_DIR}/examples)
+    get_filename_component(nom ${page} NAME)
+    file(CREATE_LINK ${page} ${CMAKE_BINARY_DIR}/share/doc/vela/${nom} SYMBOLIC)
+endforeach()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vela)

@@ -15,7 +15,7 @@ from pathlib import Path
 
 # Runtime libraries of C, C++ and Qt give their symbols a version; TinyXML and Expat do not, their names bear a prefix.
 RUNTIME_VERSION = re.compile(r"@+(GLIBC|GLIBCXX|CXXABI|GCC|LIBC|Qt)_[\w.]+$")
-RUNTIME_NAME = re.compile(r"(_ITM_\w+|__gmon_start__|__dso_handle|TiXml\w*(::.*)?|XML_\w+)$")
+RUNTIME_NAME = re.compile(r"(_ITM_\w+|__gmon_start__|__dso_handle|TiXml\w*(::.*)?|XML_\w+|METIS_\w+)$")
 DESCRIPTION = re.compile(r"^(vtable|VTT|typeinfo|typeinfo name|guard variable|non-virtual thunk|"
                          r"virtual thunk|construction vtable|TLS init function|TLS wrapper function) (for|to) ")
 TOKEN = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])*\'|[A-Za-z_]\w*|::|[{}();=\[\],<>:~]|[^\s\w]|\d[\w.]*')

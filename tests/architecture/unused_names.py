@@ -24,6 +24,10 @@ ALLOWED = {
     "value_type": "standard algorithms ask iterators for it",
     "is_transparent": "standard containers ask comparisons for it",
     "m_pickFirst": "works by being there, as long as the kernel",
+    "bearingTo": "an operation of station setups that siblings call by its place",
+    "describeHtml": "an operation of station setups that siblings call by its place",
+    "describeText": "an operation of station setups that siblings call by its place",
+    "intersect": "an operation of obstacles that siblings call by its place",
 }
 HOUSE = ("host", "module", "siblings", "app")
 KEPT = Path(__file__).with_name("interface_kept.txt")

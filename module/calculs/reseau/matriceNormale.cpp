@@ -2,16 +2,10 @@
 
 #include <algorithm>
 #include <limits>
+#include <stdexcept>
+#include <type_traits>
 
-#define EIGEN_MPL2_ONLY
-#include <Eigen/OrderingMethods>
-#include <Eigen/SparseCore>
-
-namespace {
-
-using matriceCreuse = Eigen::SparseMatrix<double, Eigen::ColMajor, int>;
-
-} // namespace
+#include <metis.h>
 
 matriceNormale::matriceNormale(const std::vector<std::vector<int>>& voisins) :
     m_taille(static_cast<int>(voisins.size()))
@@ -20,29 +14,36 @@ matriceNormale::matriceNormale(const std::vector<std::vector<int>>& voisins) :
     preparer(voisins);
 }
 
+/// By nested dissection: unknowns that part the network in two come last, and so on in each half.
 void matriceNormale::ordonner(const std::vector<std::vector<int>>& voisins)
 {
-    if (m_taille == 0) // every point held: Eigen's matrices are not made for it
+    if (m_taille == 0) // every point is held
         return;
-    matriceCreuse motif(m_taille, m_taille);
-    Eigen::VectorXi longueurs(m_taille);
-    for (int i = 0; i < m_taille; ++i)
-        longueurs[i] = static_cast<int>(voisins[static_cast<std::size_t>(i)].size()) + 1;
-    motif.reserve(longueurs);
-    for (int i = 0; i < m_taille; ++i) {
-        motif.insert(i, i) = 1.0;
-        for (const int j : voisins[static_cast<std::size_t>(i)])
-            motif.insert(j, i) = 1.0; // below the diagonal
+    const std::size_t n = voisins.size();
+    std::vector<idx_t> debut(n + 2,
+                             0); // of the neighbours of each, on both sides; one place ahead while they are filled in
+    for (std::size_t i = 0; i < n; ++i) {
+        debut[i + 2] += static_cast<idx_t>(voisins[i].size());
+        for (const int j : voisins[i])
+            ++debut[static_cast<std::size_t>(j) + 2];
     }
-    motif.makeCompressed();
-    Eigen::PermutationMatrix<Eigen::Dynamic, Eigen::Dynamic, int> permutation;
-    Eigen::AMDOrdering<int>()(motif.selfadjointView<Eigen::Lower>(), permutation);
-    m_rang.resize(voisins.size());
-    m_ordre.resize(voisins.size());
-    for (int k = 0; k < m_taille; ++k) {
-        m_ordre[static_cast<std::size_t>(k)] = permutation.indices()[k];
-        m_rang[static_cast<std::size_t>(m_ordre[static_cast<std::size_t>(k)])] = k;
-    }
+    for (std::size_t i = 2; i < debut.size(); ++i)
+        debut[i] += debut[i - 1];
+    std::vector<idx_t> cotes(static_cast<std::size_t>(debut.back()) + 1); // never empty
+    const auto joindre = [&](std::size_t i, std::size_t j) {
+        cotes[static_cast<std::size_t>(debut[i + 1]++)] = static_cast<idx_t>(j);
+    };
+    for (std::size_t i = 0; i < n; ++i)
+        for (const int j : voisins[i]) {
+            joindre(i, static_cast<std::size_t>(j));
+            joindre(static_cast<std::size_t>(j), i);
+        }
+    static_assert(std::is_same_v<idx_t, int>);
+    m_ordre.resize(n);
+    m_rang.resize(n);
+    idx_t taille = m_taille;
+    if (METIS_NodeND(&taille, debut.data(), cotes.data(), nullptr, nullptr, m_ordre.data(), m_rang.data()) != METIS_OK)
+        throw std::runtime_error("METIS_NodeND");
 }
 
 void matriceNormale::preparer(const std::vector<std::vector<int>>& voisins)

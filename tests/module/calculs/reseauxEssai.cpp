@@ -8,7 +8,7 @@
 
 reseau reseauEssai(const char* fichier)
 {
-    const reseauLu lu = chargerReseau(std::string(VELA_SOURCE_DIR "/tests/module/calculs/reseaux/") + fichier);
+    const reseauLu lu = chargerReseau(std::string(VELA_SOURCE_DIR "/examples/publies/") + fichier);
     EXPECT_TRUE(lu.lisible) << fichier;
     EXPECT_TRUE(lu.remarques.empty()) << fichier;
     return lu.r;

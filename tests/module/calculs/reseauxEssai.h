@@ -5,7 +5,7 @@
 #include "calculs/reseau/compensation.h"
 #include "calculs/reseau/fichierReseau.h"
 
-/// A network of reseaux/, by its file name.
+/// A network of examples/publies, by its file name.
 reseau reseauEssai(const char* fichier);
 
 /// A grid of points about 100 m apart seen from each other, four corners held, with directions and distances to the

@@ -1,4 +1,4 @@
-// Closed traverses: published cases, invariances, levelling by hand, oddities kept on purpose, what the user is told.
+// Closed traverses: invariances, levelling by hand, oddities kept on purpose, what the user is told.
 
 #include <algorithm>
 #include <cmath>
@@ -9,34 +9,14 @@
 
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/calculPolygonaleFermee.h"
-#include "calculs/fichierPolygonale.h"
 #include "calculs/uniteAngulaire.h"
 #include "services/grandeur.h"
 
-#include "casConnus.h"
+#include "comparaisons.h"
 
 namespace {
 
 using observations = std::vector<observationPolygonale>;
-
-// --- Known results -------------------------------------------------------------------------------------------------
-
-TEST(PolygonaleFermee, ExamplesGiveTheirKnownResults)
-{
-    const std::vector<casConnu> tous = lireCasConnus("polygonales-fermees.txt");
-    ASSERT_EQ(tous.size(), 3u);
-    for (const casConnu& cas : tous) {
-        donneesPolygonaleFermee donnees;
-        const bilanLecture bilan = chargerPolygonale(cas.fichier, donnees);
-        ASSERT_TRUE(bilan.lisible && bilan.remarques.empty()) << cas.fichier;
-        const resultatPolygonaleFermee r = compenserPolygonale(donnees);
-        grandeurs calculees = grandeursCommunes(r);
-        calculees["exterieurs-corriges"] = colonne(r.angles, &angleFerme::exterieurCorrige);
-        verifier(cas, calculees);
-        EXPECT_TRUE(avertissementsPolygonale(r).empty()) << cas.nom;
-        EXPECT_TRUE(avertissementsObservations(donnees.lignes).empty()) << cas.nom;
-    }
-}
 
 // --- Invariances -----------------------------------------------------------------------------------------------------
 

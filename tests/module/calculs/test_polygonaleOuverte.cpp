@@ -1,4 +1,4 @@
-// Open traverses: published cases, invariances, levelling by hand, rules kept on purpose, what the user is told.
+// Open traverses: invariances, levelling by hand, rules kept on purpose, what the user is told.
 
 #include <algorithm>
 #include <cmath>
@@ -14,25 +14,9 @@
 #include "calculs/uniteAngulaire.h"
 #include "services/grandeur.h"
 
-#include "casConnus.h"
+#include "comparaisons.h"
 
 namespace {
-
-TEST(PolygonaleOuverte, ExamplesGiveTheirKnownResults)
-{
-    const std::vector<casConnu> tous = lireCasConnus("polygonales-ouvertes.txt");
-    ASSERT_EQ(tous.size(), 3u);
-    for (const casConnu& cas : tous) {
-        donneesPolygonaleOuverte donnees;
-        const bilanLecture bilan = chargerPolygonale(cas.fichier, donnees);
-        ASSERT_TRUE(bilan.lisible && bilan.remarques.empty()) << cas.fichier;
-        const resultatPolygonaleOuverte r = compenserPolygonale(donnees);
-        grandeurs calculees = grandeursCommunes(r);
-        calculees["gisements-portes"] = colonne(r.angles, &anglePorte::gisementReduit);
-        verifier(cas, calculees);
-        EXPECT_TRUE(avertissementsPolygonale(r).empty()) << cas.nom;
-    }
-}
 
 // --- A traverse with errors of every kind ----------------------------------------------------------------------------
 

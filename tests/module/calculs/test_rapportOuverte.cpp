@@ -7,7 +7,7 @@
 #include "calculs/uniteAngulaire.h"
 #include "reports/htmlDocument.h"
 
-#include "casConnus.h"
+#include "comparaisons.h"
 
 namespace {
 
