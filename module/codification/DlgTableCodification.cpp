@@ -63,7 +63,6 @@ DlgTableCodification::DlgTableCodification(tableCodification& laTable) :
     m_ui->setupUi(this);
     preparerListe(*m_ui->liste, {"Code", "Libéllé", "PreciZ", "Chemin"});
     afficher();
-    m_ui->liste->resizeColumnsToContents();
     connect(m_ui->liste, &QTableWidget::cellDoubleClicked, this, [this](int ligne) { ouvrir(ligne); });
     connect(m_ui->boutonNouveau, &QPushButton::clicked, this, [this] { nouveau(); });
     connect(m_ui->boutonSupprimer, &QPushButton::clicked, this, [this] { supprimer(); });

@@ -11,6 +11,7 @@
 #include "points/listePointsDuDessin.h"
 #include "services/codages.h"
 #include "services/dialogueCellules.h"
+#include "services/dialogueTableau.h"
 #include "services/formatNombres.h"
 #include "services/lettres.h"
 
@@ -270,11 +271,10 @@ void preparerVue(QTableView& vue, modelePoints& modele)
     vue.verticalHeader()->hide();
     vue.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     vue.verticalHeader()->setDefaultSectionSize(vue.fontMetrics().height() + 6);
-    vue.horizontalHeader()->setStretchLastSection(true);
     vue.setSelectionBehavior(QAbstractItemView::SelectRows);
     vue.setEditTriggers(QAbstractItemView::NoEditTriggers);
     vue.setWordWrap(false);
-    vue.resizeColumnsToContents();
+    ajusterColonnes(vue);
     QHeaderView* const titres = vue.horizontalHeader();
     QObject::connect(titres, &QHeaderView::sectionClicked, &modele, [titres, &modele] {
         titres->setSortIndicatorShown(true);

@@ -53,6 +53,8 @@ void preparerListe(QTableWidget& liste, const QStringList& titres)
     liste.verticalHeader()->hide();
     liste.verticalHeader()->setDefaultSectionSize(liste.fontMetrics().height() + 6); // lists of points are long
     liste.horizontalHeader()->setStretchLastSection(true);
+    liste.horizontalHeader()->setHighlightSections(false); // in bold they would want more room
+    liste.horizontalHeader()->setResizeContentsPrecision(100);
     QObject::connect(liste.horizontalHeader(), &QHeaderView::sectionClicked, &liste, [&liste] {
         liste.horizontalHeader()->setSortIndicatorShown(true);
         trierDeNouveau(liste);
@@ -64,6 +66,7 @@ void trierDeNouveau(QTableWidget& liste)
     const QHeaderView& titres = *liste.horizontalHeader();
     if (titres.isSortIndicatorShown())
         liste.sortItems(titres.sortIndicatorSection(), titres.sortIndicatorOrder());
+    liste.resizeColumnsToContents();
 }
 
 int ligneChoisie(const QTableWidget& liste)

@@ -31,7 +31,7 @@ public:
 
 /// Makes a list of whole rows with these titles; a click on a title sorts by it, another one the other way round.
 void preparerListe(QTableWidget& liste, const QStringList& titres);
-/// Sorts again by the title that was clicked last, if any.
+/// Sorts again by the title that was clicked last, if any; columns fit what they show.
 void trierDeNouveau(QTableWidget& liste);
 
 /// The row selected, or -1.

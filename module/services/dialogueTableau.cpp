@@ -1,5 +1,6 @@
 #include "services/dialogueTableau.h"
 
+#include <algorithm>
 #include <QHeaderView>
 #include <QTableView>
 
@@ -44,10 +45,28 @@ QVariant modeleTableau::headerData(int section, Qt::Orientation sens, int role) 
     return sens == Qt::Horizontal ? QVariant(m_titres.value(section)) : QVariant(section + 1);
 }
 
+void ajusterColonnes(QTableView& vue)
+{
+    constexpr int lignesMesurees = 100; // lists of points are long
+    QHeaderView& titres = *vue.horizontalHeader();
+    titres.setStretchLastSection(true);
+    titres.setHighlightSections(false); // in bold they would want more room
+    titres.setResizeContentsPrecision(lignesMesurees);
+    vue.resizeColumnsToContents();
+    const QAbstractItemView& base = vue;    // where the widths are not hidden
+    const auto ajuster = [&base, &titres] { // none gets narrower than the user has made it
+        for (int i = 0; i + 1 < titres.count(); ++i)
+            titres.resizeSection(
+                i, std::max({titres.sectionSize(i), base.sizeHintForColumn(i), titres.sectionSizeHint(i)}));
+    };
+    QObject::connect(vue.model(), &QAbstractItemModel::modelReset, &vue, ajuster);
+    QObject::connect(vue.model(), &QAbstractItemModel::rowsInserted, &vue, ajuster, Qt::QueuedConnection);
+}
+
 void preparerTableau(QTableView& vue, modeleTableau& modele)
 {
     vue.setModel(&modele);
     vue.setSelectionBehavior(QAbstractItemView::SelectRows);
     vue.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // as high as each other: no row is measured
-    vue.horizontalHeader()->setStretchLastSection(true);
+    ajusterColonnes(vue);
 }

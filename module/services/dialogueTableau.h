@@ -30,5 +30,9 @@ private:
     int m_lignes = 0;
 };
 
-/// Whole rows, plain lines, widths by the titles.
+/// Columns at least as wide as their titles and first rows ask for, now and each time the list is filled anew; the last
+/// takes what is left.
+void ajusterColonnes(QTableView& vue);
+
+/// Whole rows, plain lines, widths by titles and texts.
 void preparerTableau(QTableView& vue, modeleTableau& modele);

@@ -33,6 +33,7 @@ DlgTerrain::DlgTerrain(terrainsDuDessin& leDessin) : m_dessin(leDessin), m_ui(st
     m_ui->liste->setHorizontalHeaderLabels({"Nom", "Courant", "État"});
     m_ui->liste->verticalHeader()->hide();
     m_ui->liste->horizontalHeader()->setStretchLastSection(true);
+    m_ui->liste->horizontalHeader()->setHighlightSections(false);
     m_ui->liste->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     brancher();
     const terrain* const enCours = m_dessin.courant();

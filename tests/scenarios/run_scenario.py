@@ -3,6 +3,7 @@
 
     run_scenario.py PROGRAM SCRIPT.scr         one scenario
     run_scenario.py PROGRAM MANUAL.md          each example of a manual: its blocks that begin with ```script
+    run_scenario.py PROGRAM SCRIPT.scr FOLDER  the pictures that the scenario made go there
 
 The comments at the head of a script say what it is given and how it ends:
 
@@ -45,7 +46,7 @@ def source_of(name, folder):
     sys.exit("%s: no such file for a scenario" % name)
 
 
-def run(program, name, text, folder):
+def run(program, name, text, folder, pictures):
     """Nothing, or what went wrong."""
     drawing, failure = header(text, "dessin"), header(text, "échec")
     with tempfile.TemporaryDirectory(prefix="vela-scenario-") as work:
@@ -63,6 +64,8 @@ def run(program, name, text, folder):
                                   timeout=TIMEOUT)
         except subprocess.TimeoutExpired as late:
             return "still running after %d s\n%s" % (TIMEOUT, (late.stdout or b"").decode("utf-8", "replace"))
+        for picture in work.glob("*.png") if pictures else []:
+            shutil.copyfile(picture, Path(pictures) / picture.name)
     errors = done.stderr.decode("utf-8", "replace")
     shown = "status %d\n%s\n%s" % (done.returncode, done.stdout.decode("utf-8", "replace"), errors)
     if failure:
@@ -77,7 +80,7 @@ def examples(manual):
         yield "ligne%d.scr" % (text.count("\n", 0, match.start()) + 1), match[1]
 
 
-def main(program, source):
+def main(program, source, pictures=None):
     source = Path(source).resolve()
     scripts = list(examples(source)) if source.suffix == ".md" else [(source.name, source.read_text(encoding="utf-8"))]
     if not scripts:
@@ -85,7 +88,7 @@ def main(program, source):
         return 1
     status = 0
     for name, text in scripts:
-        problem = run(str(Path(program).resolve()), name, text, source.parent)
+        problem = run(str(Path(program).resolve()), name, text, source.parent, pictures)
         if problem:
             print("%s: %s: %s" % (source.name, name, problem))
             status = 1

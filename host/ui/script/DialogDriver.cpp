@@ -91,7 +91,7 @@ void DialogDriver::speak(const QString& line, const std::function<void(const QSt
             passedOn(rest);
         return press(text.mid(1, end - 1));
     }
-    if (setField(text) || chooseTab(text) || actOnList(text) || setCell(text))
+    if (savePicture(text) || setField(text) || chooseTab(text) || actOnList(text) || setCell(text))
         return;
     if (auto* const files = qobject_cast<QFileDialog*>(&m_dialog))
         return answerFileDialog(*files, text, m_folder);
@@ -161,6 +161,20 @@ bool DialogDriver::setCell(const QString& line) const
     if (list)
         DialogList(*list).setCell(name->row, name->column, scriptValue(line.mid(at + 1)));
     return list != nullptr;
+}
+
+/// As it stands on the screen, without the frame that the desktop puts around it.
+bool DialogDriver::savePicture(const QString& line) const
+{
+    static const QRegularExpression form(QStringLiteral("^image\\s*:\\s*(.+)$"));
+    const auto match = form.match(line);
+    if (!match.hasMatch())
+        return false;
+    const QString file = scriptPath(match.captured(1), m_folder, false);
+    QCoreApplication::processEvents(); // what was just changed is laid out
+    if (!m_dialog.grab().save(file))
+        throw ScriptError(QStringLiteral("%1 : l'image n'a pas pu être écrite.").arg(file));
+    return true;
 }
 
 bool DialogDriver::chooseTab(const QString& line) const

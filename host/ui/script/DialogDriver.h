@@ -29,6 +29,7 @@ public:
 private:
     void press(const QString& caption) const;
     bool pressMenu(const QString& caption) const;
+    bool savePicture(const QString& line) const;
     bool setField(const QString& line) const;
     bool setCell(const QString& line) const;
     bool actOnList(const QString& line) const;

@@ -75,5 +75,6 @@ private:
     std::vector<int> m_poses;
     std::size_t m_donnes = 0; ///< the first ones were given, or begin the figure: they stay where they are
     std::size_t m_avantReprise = 0, m_reprise = 0; ///< how many were placed when the last parts were adjusted
+    std::size_t m_repriseEntiere = 4000;           ///< how many are placed when all are adjusted next
     std::deque<int> m_file;
 };

@@ -106,9 +106,16 @@ void figureReseau::reprendre(std::size_t depuis)
         }
 }
 
-/// A belt some stations wide around what is placed.
+/// A belt some stations wide around what is placed; and all of it whenever it has doubled, because
+/// belts lean on each other: that costs as much again as the last time.
 void figureReseau::reprendreAuBesoin()
 {
+    if (m_poses.size() >= m_repriseEntiere) {
+        reprendre(0);
+        m_repriseEntiere = 2 * m_poses.size();
+        m_avantReprise = m_reprise = m_poses.size();
+        return;
+    }
     const auto ceinture = static_cast<std::size_t>(10.0 * std::sqrt(static_cast<double>(m_poses.size())));
     if (m_poses.size() < m_reprise + std::max<std::size_t>(ceinture, 200))
         return;
