@@ -84,6 +84,7 @@ void DlgTableCodification::ouvrir(int ligne)
     const int index = indexDeLigne(*m_ui->liste, ligne);
     m_table.modifierCode(index);
     ecrireLigne(*m_ui->liste, ligne, m_table[index], index);
+    m_ui->liste->resizeColumnsToContents();
 }
 
 void DlgTableCodification::nouveau()
@@ -95,6 +96,7 @@ void DlgTableCodification::nouveau()
     const int ligne = m_ui->liste->rowCount();
     m_ui->liste->insertRow(ligne);
     ecrireLigne(*m_ui->liste, ligne, m_table[ligne], ligne);
+    m_ui->liste->resizeColumnsToContents();
     m_ui->liste->selectRow(ligne);
 }
 

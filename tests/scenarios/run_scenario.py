@@ -15,6 +15,7 @@ A script runs in an empty folder of its own, with settings and a support folder 
 drawing object left open is a failure. Prints what the program printed when a script does not end as it should, and
 exits with status 1.
 """
+import contextlib
 import os
 import re
 import shutil
@@ -46,11 +47,25 @@ def source_of(name, folder):
     sys.exit("%s: no such file for a scenario" % name)
 
 
+@contextlib.contextmanager
+def folder_of_its_own(pictures):
+    """Empty, gone afterwards. Pictures show paths: theirs has the same name each time."""
+    if not pictures:
+        with tempfile.TemporaryDirectory(prefix="vela-scenario-") as work:
+            yield Path(work)
+        return
+    work = Path(tempfile.gettempdir()) / "vela"
+    work.mkdir()
+    try:
+        yield work
+    finally:
+        shutil.rmtree(work)
+
+
 def run(program, name, text, folder, pictures):
     """Nothing, or what went wrong."""
     drawing, failure = header(text, "dessin"), header(text, "échec")
-    with tempfile.TemporaryDirectory(prefix="vela-scenario-") as work:
-        work = Path(work)
+    with folder_of_its_own(pictures) as work:
         for file in header(text, "fichiers").split() + ([drawing] if drawing else []):
             shutil.copyfile(source_of(file, folder), work / Path(file).name)
         (work / name).write_text(text, encoding="utf-8")
