@@ -20,7 +20,7 @@ constexpr auto rien = [] {};
 constexpr int coteDeReference = 40; // 1,596 new points, 24,648 observations
 constexpr double secondesAdmises = 1.0, megaoctetsAdmis = 200.0;
 /// Growth of the time with the number of points; the exponent is 1.5 and memory is slower where it is larger.
-constexpr double exposantAdmis = 1.7;
+constexpr double exposantAdmis = 1.6;
 
 struct mesure {
     double lire = 0.0, placer = 0.0, compenser = 0.0, megaoctets = 0.0;

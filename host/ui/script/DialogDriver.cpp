@@ -1,8 +1,11 @@
 #include "ui/script/DialogDriver.h"
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDialog>
 #include <QFileDialog>
 #include <QKeyEvent>
@@ -61,6 +64,18 @@ QString tabNames(const QWidget& dialog)
             names << captionText(tabs->tabText(i));
     return names.isEmpty() ? QStringLiteral("Il n'a pas d'onglet.")
                            : QStringLiteral("Ses onglets : %1.").arg(names.join(QStringLiteral(", ")));
+}
+
+/// What was just changed is laid out; a page of the web is drawn by another process, which says nothing when it has.
+void waitForPages(const QWidget& dialog)
+{
+    constexpr std::chrono::milliseconds drawing{1500};
+    const auto widgets = dialog.findChildren<QWidget*>();
+    const bool web = std::ranges::any_of(widgets, [](const QWidget* w) { return w->inherits("QWebEngineView"); });
+    const QDeadlineTimer end(web ? drawing : std::chrono::milliseconds(0));
+    do
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    while (!end.hasExpired());
 }
 
 } // namespace
@@ -171,7 +186,7 @@ bool DialogDriver::savePicture(const QString& line) const
     if (!match.hasMatch())
         return false;
     const QString file = scriptPath(match.captured(1), m_folder, false);
-    QCoreApplication::processEvents(); // what was just changed is laid out
+    waitForPages(m_dialog);
     if (!m_dialog.grab().save(file))
         throw ScriptError(QStringLiteral("%1 : l'image n'a pas pu être écrite.").arg(file));
     return true;
