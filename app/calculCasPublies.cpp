@@ -53,36 +53,33 @@ grandeurs grandeursCommunes(const cheminement& c)
             {"z", colonne(c.stations, &stationCorrigee::z)}};
 }
 
-template <class Donnees>
-auto polygonale(const casPublie& cas, std::size_t& remarques)
+/// @param ajouter what the kind of traverse has of its own, into the quantities
+template <class Donnees, class Ajouter>
+grandeurs polygonale(const casPublie& cas, const Ajouter& ajouter)
 {
     Donnees donnees;
     const bilanLecture bilan = chargerPolygonale(cas.fichier, donnees);
     if (!bilan.lisible)
         refuser(cas, cas.fichier.string() + " : cette polygonale n'a pas pu être lue.");
-    auto resultat = compenserPolygonale(donnees);
-    remarques = bilan.remarques.size() + avertissementsPolygonale(resultat).size();
-    return resultat;
+    const auto resultat = compenserPolygonale(donnees);
+    grandeurs calculees = grandeursCommunes(resultat);
+    calculees["remarques"] = {static_cast<double>(bilan.remarques.size() + avertissementsPolygonale(resultat).size())};
+    ajouter(resultat, calculees);
+    return calculees;
 }
 
 grandeurs polygonaleFermee(const casPublie& cas)
 {
-    std::size_t remarques = 0;
-    const auto r = polygonale<donneesPolygonaleFermee>(cas, remarques);
-    grandeurs calculees = grandeursCommunes(r);
-    calculees["exterieurs-corriges"] = colonne(r.angles, &angleFerme::exterieurCorrige);
-    calculees["remarques"] = {static_cast<double>(remarques)};
-    return calculees;
+    return polygonale<donneesPolygonaleFermee>(cas, [](const resultatPolygonaleFermee& r, grandeurs& calculees) {
+        calculees["exterieurs-corriges"] = colonne(r.angles, &angleFerme::exterieurCorrige);
+    });
 }
 
 grandeurs polygonaleOuverte(const casPublie& cas)
 {
-    std::size_t remarques = 0;
-    const auto r = polygonale<donneesPolygonaleOuverte>(cas, remarques);
-    grandeurs calculees = grandeursCommunes(r);
-    calculees["gisements-portes"] = colonne(r.angles, &anglePorte::gisementReduit);
-    calculees["remarques"] = {static_cast<double>(remarques)};
-    return calculees;
+    return polygonale<donneesPolygonaleOuverte>(cas, [](const resultatPolygonaleOuverte& r, grandeurs& calculees) {
+        calculees["gisements-portes"] = colonne(r.angles, &anglePorte::gisementReduit);
+    });
 }
 
 /// Of points that were sought; standard deviations in millimetres.
