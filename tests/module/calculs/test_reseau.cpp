@@ -161,6 +161,18 @@ TEST(Reseau, DerivativesAreDifferences)
     }
 }
 
+TEST(Reseau, SightsWithoutADirectionTellNothing) // their derivatives would divide by nothing
+{
+    const coordonneesReseau c{{10.0, 10.0}, {20.0, 20.0}, {5.0, 30.0}, {0.3}};
+    for (const genreObservation genre : {direction, gisement, distance, zenithal}) {
+        observationReseau o;
+        o.genre = genre;
+        o.de = o.serie = 0;
+        o.vers = 1;
+        EXPECT_FALSE(equationDe(o, c).possible) << static_cast<int>(genre);
+    }
+}
+
 bool contient(const std::vector<std::wstring>& phrases, std::wstring_view partie)
 {
     return std::ranges::any_of(phrases, [&](const std::wstring& p) { return p.find(partie) != p.npos; });
