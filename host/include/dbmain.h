@@ -318,6 +318,11 @@ public:
                                          AcDb::DuplicateRecordCloning duplicates = AcDb::kDrcIgnore,
                                          bool deferXlation = false);
 
+    /// Takes out of the array what cannot go: records of symbol tables that something outside the array needs, or that
+    /// every drawing needs, and all that is no such record. What stays may be erased together; a block goes with what
+    /// it holds, so that what only that needs goes too.
+    Acad::ErrorStatus purge(AcDbObjectIdArray& ids);
+
     Acad::ErrorStatus addReactor(AcDbDatabaseReactor* reactor) const;
     Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* reactor) const;
 
