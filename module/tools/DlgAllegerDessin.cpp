@@ -1,5 +1,7 @@
 #include "tools/DlgAllegerDessin.h"
 
+#include <QCheckBox>
+
 #include "reports/resultPolygo.h"
 #include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
@@ -17,13 +19,26 @@ std::unique_ptr<Ui::DlgAllegerDessin> faireUi(QDialog& dialogue)
     return ui;
 }
 
+std::array<QCheckBox*, nombreGenresDefinition> casesDefinitions(const Ui::DlgAllegerDessin& ui)
+{
+    return {ui.caseBlocs, ui.caseCalques, ui.caseStyles, ui.caseTypesLigne};
+}
+
+std::wstring enListe(const std::vector<std::wstring>& noms)
+{
+    std::wstring liste;
+    for (const std::wstring& nom : noms)
+        liste.append(liste.empty() ? L"" : L", ").append(nom);
+    return liste;
+}
+
 } // namespace
 
 DlgAllegerDessin::DlgAllegerDessin() :
     m_ui(faireUi(*this)),
-    m_modele({"Ce qui peut partir", "Nombre"}, 1, [this](int ligne, int colonne) {
+    m_modele({"Ce qui peut partir", "Lesquels", "Nombre"}, 2, [this](int ligne, int colonne) {
         const compte& c = m_comptes[static_cast<std::size_t>(ligne)];
-        return colonne == 0 ? std::wstring(c.quoi) : std::to_wstring(c.nombre);
+        return colonne == 0 ? std::wstring(c.quoi) : colonne == 1 ? c.noms : std::to_wstring(c.nombre);
     })
 {
     preparerTableau(*m_ui->liste, m_modele);
@@ -64,13 +79,23 @@ void DlgAllegerDessin::analyser()
     options.segments = m_ui->caseSegments->isChecked();
     options.objets = m_objets;
     options.calques = m_ui->editCalques->text().trimmed().toStdWString();
+    const auto cases = casesDefinitions(*m_ui);
+    for (std::size_t genre = 0; genre < cases.size(); ++genre)
+        options.definitions[genre] = cases[genre]->isChecked();
     m_allegement.emplace(options);
     const allegementDessin::bilan& b = m_allegement->trouve();
-    m_comptes = {{L"Objets de longueur nulle", b.nuls},
-                 {L"Objets répétés", b.repetes},
-                 {L"Sommets alignés", b.sommets},
-                 {L"Segments superposés", b.segments}};
+    m_comptes = {{L"Objets de longueur nulle", b.nuls, {}},
+                 {L"Objets répétés", b.repetes, {}},
+                 {L"Sommets alignés", b.sommets, {}},
+                 {L"Segments superposés", b.segments, {}}};
+    constexpr std::array<const wchar_t*, nombreGenresDefinition> genres{
+        L"Blocs inutilisés", L"Calques inutilisés", L"Styles de texte inutilisés", L"Types de ligne inutilisés"};
+    for (std::size_t genre = 0; genre < genres.size(); ++genre) {
+        const std::vector<std::wstring>& noms = m_allegement->definitions().noms[genre];
+        m_comptes.push_back({genres[genre], static_cast<int>(noms.size()), enListe(noms)});
+    }
     m_modele.montrer(m_comptes.size());
+    m_ui->liste->resizeColumnsToContents();
     m_ui->labelRemarque->setText(
         b.verrouilles > 0 ? QStringLiteral("%1 objet(s) sur un calque verrouillé : ils resteront.").arg(b.verrouilles)
                           : QString());
@@ -81,11 +106,12 @@ void DlgAllegerDessin::analyser()
 void DlgAllegerDessin::montrerRapport()
 {
     rapportOutils rapport(L"Allègement du dessin");
-    htmlTable table = rapport.tableau({L"Ce qui peut partir", L"Nombre"});
+    htmlTable table = rapport.tableau({L"Ce qui peut partir", L"Nombre", L"Lesquels"});
     for (const compte& c : m_comptes) {
         table.beginRow();
         rapportOutils::texte(table, c.quoi);
         rapportOutils::nombre(table, c.nombre, 0);
+        rapportOutils::texte(table, c.noms);
     }
     rapport.ajouter(table);
     htmlDocument document = rapport.document();

@@ -24,6 +24,7 @@ private:
     struct compte {
         const wchar_t* quoi;
         int nombre;
+        std::wstring noms; ///< of definitions
     };
 
     void designer();

@@ -1,6 +1,7 @@
 #include "tools/DlgTransformer.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QTableWidget>
 
 #include "points/projetDansDessin.h"
@@ -53,6 +54,21 @@ double& valeurDe(couplePoints& couple, int quelle)
     }
 }
 
+/// What must be known of entities that do not follow as they are; nothing when all do.
+std::wstring avertissement(const bilanTransformation& prevu)
+{
+    std::wstring texte;
+    const auto dire = [&texte](int nombre, const wchar_t* suite) {
+        if (nombre > 0)
+            texte += std::to_wstring(nombre) + suite + L"\n";
+    };
+    dire(prevu.refuses, L" objet(s) ne peuvent pas suivre cette transformation : ils resteront.");
+    dire(prevu.verrouilles, L" objet(s) sur un calque verrouillé : ils resteront.");
+    dire(prevu.ellipses, L" cercle(s) ou arc(s) deviendront des ellipses.");
+    dire(prevu.approches, L" objet(s) suivront au plus près (textes et blocs sans être déformés, arcs de polylignes).");
+    return texte;
+}
+
 /// Texts of a row; what is computed is empty without a result.
 QString texteDe(couplePoints couple, const ecartCouple* e, int quelle)
 {
@@ -76,6 +92,7 @@ DlgTransformer::DlgTransformer(projetsTopo& leProjet) : m_ui(std::make_unique<Ui
     preparerListe(*m_ui->liste,
                   {"Couple", "X source", "Y source", "X cible", "Y cible", "Poids", "vX", "vY", "Écart", "Normé"});
     m_ui->liste->setSortingEnabled(false);
+    m_ui->liste->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents); // residuals stay in view
     m_ui->liste->horizontalHeader()->setSectionsClickable(false); // rows stand for pairs, in their order
     m_ui->liste->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_ui->liste->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -248,6 +265,9 @@ void DlgTransformer::appliquer()
 {
     if (m_objets.empty() && !m_ui->casePoints->isChecked())
         return avertirErreur(L"Désignez des objets, ou cochez les points de la table courante.");
+    const std::wstring aSavoir = avertissement(prevoirTransformation(m_projet, m_objets, m_resultat->transformation));
+    if (!aSavoir.empty() && !demanderConfirmation(L"Transformation plane", aSavoir + L"Appliquer ?"))
+        return;
     m_ui->boutonApercu->setChecked(false);
     const bilanTransformation bilan =
         placerTransformation(m_projet, m_objets, m_ui->casePoints->isChecked(), m_resultat->transformation);

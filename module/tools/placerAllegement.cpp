@@ -292,6 +292,7 @@ private:
 allegementDessin::allegementDessin(const optionsAllegement& options)
 {
     analyseAllegement(options, *this).faire();
+    m_definitions = chercherDefinitionsInutiles(options.definitions);
 }
 
 void allegementDessin::appliquer() const
@@ -317,5 +318,10 @@ void allegementDessin::appliquer() const
         const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite);
         if (entite.openStatus() == Acad::eOk)
             entite->erase();
+    }
+    for (const AcDbObjectId& id : m_definitions.ids) {
+        const AcDbObjectPointer<AcDbObject> definition(id, AcDb::kForWrite);
+        if (definition.openStatus() == Acad::eOk)
+            definition->erase();
     }
 }

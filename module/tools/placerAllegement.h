@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "tools/definitionsInutiles.h"
+
 #include "dbid.h"
 
 /// What lightening takes out of model space.
@@ -12,6 +14,8 @@ struct optionsAllegement {
     double tolerance = 0.01;
     std::vector<AcDbObjectId> objets; ///< empty: all
     std::wstring calques;             ///< names and patterns, between commas; empty: all
+    /// Unused definitions, of the whole drawing whatever the choice of entities.
+    std::array<bool, nombreGenresDefinition> definitions{};
 };
 
 /// The changes found, not made yet. Point symbols, and everything that bears data of programs (extended data, records:
@@ -29,7 +33,11 @@ public:
         int verrouilles = 0; ///< of the choice, left alone
     };
     const bilan& trouve() const { return m_bilan; }
-    bool vide() const { return m_effaces.empty() && m_lignes.empty() && m_segments.empty(); }
+    const definitionsInutiles& definitions() const { return m_definitions; }
+    bool vide() const
+    {
+        return m_effaces.empty() && m_lignes.empty() && m_segments.empty() && m_definitions.ids.empty();
+    }
     /// Makes them, as one step of undo.
     void appliquer() const;
 
@@ -48,4 +56,5 @@ private:
     std::vector<AcDbObjectId> m_effaces;
     std::vector<ligneChangee> m_lignes;
     std::vector<segmentChange> m_segments;
+    definitionsInutiles m_definitions;
 };

@@ -8,8 +8,7 @@
 #include "services/calqueVerrouille.h"
 #include "services/dialogueProgression.h"
 #include "tools/placerPoints.h"
-
-#include "dbsymtb.h"
+#include "tools/suiviEntite.h"
 
 namespace {
 
@@ -29,32 +28,24 @@ std::map<AcDbObjectId, std::pair<int, int>> pointsParSymbole(const projetsTopo& 
     return points;
 }
 
-/// An entity that cannot follow as it is may have a twin of another kind that can, as the ellipse of a circle.
-bool remplacer(AcDbEntity& entite, const AcGeMatrix3d& matrice)
+void compter(bilanTransformation& bilan, suivi commeQuoi)
 {
-    AcDbEntity* copie = nullptr;
-    if (entite.getTransformedCopy(matrice, copie) != Acad::eOk || !copie)
-        return false;
-    std::unique_ptr<AcDbEntity> twin(copie);
-    const AcDbObjectPointer<AcDbBlockTableRecord> espace(entite.blockId(), AcDb::kForWrite);
-    if (espace.openStatus() != Acad::eOk || espace->appendAcDbEntity(twin.get()) != Acad::eOk)
-        return false;
-    twin.release()->close();
-    return entite.erase() == Acad::eOk;
+    ++(commeQuoi == suivi::aucun ? bilan.refuses : bilan.objets);
+    bilan.ellipses += commeQuoi == suivi::ellipse;
+    bilan.approches += commeQuoi == suivi::approche;
 }
 
-void transformerEntite(const AcDbObjectId& id, const AcGeMatrix3d& matrice, bilanTransformation& bilan,
-                       int& verrouilles)
+/// Opens an entity and counts what `suivre` made of it.
+template <typename Suivre>
+void suivreEntite(const AcDbObjectId& id, AcDb::OpenMode mode, bilanTransformation& bilan, Suivre&& suivre)
 {
     if (estVerrouille(id)) {
-        ++verrouilles;
+        ++bilan.verrouilles;
         return;
     }
-    const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite);
-    if (entite.openStatus() != Acad::eOk)
-        return;
-    const bool fait = entite->transformBy(matrice) == Acad::eOk || remplacer(*entite.object(), matrice);
-    ++(fait ? bilan.objets : bilan.refuses);
+    const AcDbObjectPointer<AcDbEntity> entite(id, mode);
+    if (entite.openStatus() == Acad::eOk)
+        compter(bilan, suivre(*entite.object()));
 }
 
 int transformerPoints(listePointsDuDessin& table, const std::set<int>& choisis, const transformationPlane& t)
@@ -96,6 +87,18 @@ std::vector<std::unique_ptr<AcDbEntity>> copiesTransformees(std::span<const AcDb
     return copies;
 }
 
+bilanTransformation prevoirTransformation(const projetsTopo& projet, std::span<const AcDbObjectId> ids,
+                                          const transformationPlane& transformation)
+{
+    const auto symboles = pointsParSymbole(projet);
+    const AcGeMatrix3d matrice = matriceDe(transformation);
+    bilanTransformation bilan;
+    for (const AcDbObjectId& id : ids)
+        if (!symboles.contains(id))
+            suivreEntite(id, AcDb::kForRead, bilan, [&](const AcDbEntity& e) { return suiviDe(e, matrice); });
+    return bilan;
+}
+
 bilanTransformation placerTransformation(projetsTopo& projet, std::span<const AcDbObjectId> ids, bool tousPoints,
                                          const transformationPlane& transformation)
 {
@@ -107,7 +110,6 @@ bilanTransformation placerTransformation(projetsTopo& projet, std::span<const Ac
     if (tousPoints)
         for (int i = 0; i < projet.currTable()->nbPoint(); ++i)
             points[projet.getCourante()].insert(i);
-    int verrouilles = 0;
     {
         dialogueProgression progression(L"Transformation", static_cast<int>(ids.size()));
         for (const AcDbObjectId& id : ids) {
@@ -115,12 +117,12 @@ bilanTransformation placerTransformation(projetsTopo& projet, std::span<const Ac
             if (symbole != symboles.end())
                 points[symbole->second.first].insert(symbole->second.second);
             else
-                transformerEntite(id, matrice, bilan, verrouilles);
+                suivreEntite(id, AcDb::kForWrite, bilan, [&](AcDbEntity& e) { return suivre(e, matrice); });
             progression.avancer();
         }
     }
     for (const auto& choix : points)
         bilan.points += transformerPoints(*projet.getTable(choix.first), choix.second, transformation);
-    signalerVerrouilles(verrouilles);
+    signalerVerrouilles(bilan.verrouilles);
     return bilan;
 }

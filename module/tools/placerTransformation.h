@@ -19,10 +19,18 @@ AcGeMatrix3d matriceDe(const transformationPlane& transformation);
 std::vector<std::unique_ptr<AcDbEntity>> copiesTransformees(std::span<const AcDbObjectId> ids,
                                                             const AcGeMatrix3d& matrice, std::size_t auPlus);
 
+/// Counts of entities, but for the points; what stays is not in `objets`.
 struct bilanTransformation {
     int objets = 0, points = 0;
-    int refuses = 0; ///< entities that no such transformation can be applied to
+    int ellipses = 0;    ///< become entities of another kind, among the objets
+    int approches = 0;   ///< follow as near as they can, among the objets
+    int refuses = 0;     ///< cannot follow
+    int verrouilles = 0; ///< are on locked layers
 };
+
+/// What would become of entities, so that it can be told before; without the points.
+bilanTransformation prevoirTransformation(const projetsTopo& projet, std::span<const AcDbObjectId> ids,
+                                          const transformationPlane& transformation);
 
 /// Transforms entities, and points with their symbols, which keep their size and stay readable: a symbol among the
 /// entities stands for its point. With `tousPoints` all points of the current table go too. What is on locked layers
