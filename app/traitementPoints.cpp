@@ -117,6 +117,10 @@ std::vector<std::pair<int, int>> plagesDe(const std::string& codes)
         }
         if (!lu || (p != fin && *p++ != ','))
             throw erreurProgramme("--codes : « " + codes + " » n'est pas une liste de codes, comme 1,5-9.");
+        if (dernier < premier)
+            throw erreurProgramme("--codes : la plage " + std::to_string(premier) + '-' + std::to_string(dernier) +
+                                  " va à rebours ; écrivez " + std::to_string(dernier) + '-' + std::to_string(premier) +
+                                  ".");
         plages.emplace_back(premier, dernier);
     }
     return plages;
@@ -142,7 +146,7 @@ suitesImportPoints importer(const importPoints& demande)
 {
     verifierNoms(demande);
     suitesImportPoints suites;
-    const pointsLus lus = lireFichier(demande, suites);
+    pointsLus lus = lireFichier(demande, suites);
     sessionHote session(std::cerr);
     Document& document = session.ouvrir(demande.dessin);
     avertirDesProblemes(*document.database());
@@ -150,6 +154,7 @@ suitesImportPoints importer(const importPoints& demande)
     const int premiere = table.nbPoint();
     observationsEnAttente observations;
     const bilanAjout bilan = ajouterPoints(table, lus.points, nomsExistants::ajouter, observations);
+    lus.points = {}; // a large file weighs as much as the drawing it goes into
     suites.ajoutes = bilan.ajoutes;
     suites.table = nomDe(table);
     if (bilan.nomsCoupes > 0)

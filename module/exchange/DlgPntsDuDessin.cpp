@@ -122,6 +122,14 @@ void DlgPntsDuDessin::pointsChanges()
     filtrerParCode();
 }
 
+void DlgPntsDuDessin::pointsRefaits(const std::function<void()>& refaire)
+{
+    const std::vector<pointDuDessin> observes = pointsObserves(m_table, m_observations);
+    refaire();
+    m_observations = observationsSuivies(m_table, m_observations, observes);
+    pointsChanges();
+}
+
 void DlgPntsDuDessin::dire(const std::vector<std::wstring>& phrases)
 {
     QStringList lignes;
@@ -150,10 +158,8 @@ void DlgPntsDuDessin::importerDessin()
     DlgImportation dialogue;
     if (dialogue.exec() != QDialog::Accepted)
         return;
-    m_observations.clear(); // the table may be sorted anew
     const int avant = m_table.nbPoint();
-    saisirDansDessin([&] { releverEntites(m_table, dialogue.demande()); });
-    pointsChanges();
+    pointsRefaits([&] { saisirDansDessin([&] { releverEntites(m_table, dialogue.demande()); }); });
     dire({L"Points de la table : " + std::to_wstring(m_table.nbPoint()) + L" (" + std::to_wstring(avant) +
           L" avant l'importation)."});
 }
@@ -189,11 +195,10 @@ void DlgPntsDuDessin::placer()
 
 void DlgPntsDuDessin::raffraichir()
 {
-    const bilanReleve bilan = releverSymboles(m_table);
+    bilanReleve bilan;
+    pointsRefaits([&] { bilan = releverSymboles(m_table); });
     if (bilan.arrete)
         return dire({L"Lecture arrêtée : la table n'a pas changé."});
-    m_observations.clear();
-    pointsChanges();
     std::vector<std::wstring> phrases{std::to_wstring(bilan.lus) + L" symbole(s) lu(s) dans le dessin."};
     if (bilan.sansSymbole > 0)
         phrases.push_back(std::to_wstring(bilan.sansSymbole) + L" point(s) jamais dessiné(s) restent dans la table.");

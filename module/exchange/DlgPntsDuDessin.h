@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -35,6 +36,8 @@ private:
     /// The places of the rows selected, of all when none is, in the order of the list.
     std::vector<int> placesVoulues() const;
     void pointsChanges();
+    /// Runs what may sort the table anew or put it together anew: the observations that wait follow their points.
+    void pointsRefaits(const std::function<void()>& refaire);
     void dire(const std::vector<std::wstring>& phrases);
 
     void importer();

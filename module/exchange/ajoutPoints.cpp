@@ -1,6 +1,7 @@
 #include "exchange/ajoutPoints.h"
 
 #include <algorithm>
+#include <tuple>
 #include <unordered_map>
 
 #include "codification/editionPoint.h"
@@ -79,10 +80,17 @@ private:
         return seuls.getMaxNum();
     }
 
+    void observer(int place, const std::wstring& observation)
+    {
+        if (observation.empty())
+            return;
+        m_observations[place] = observation;
+        ++bilan.observes;
+    }
+
     void ajouter(const pointDuDessin& point, const std::wstring& observation)
     {
-        if (!observation.empty())
-            m_observations[m_table.nbPoint()] = observation;
+        observer(m_table.nbPoint(), observation);
         m_table.Ajouter(point);
         ++bilan.ajoutes;
     }
@@ -91,8 +99,7 @@ private:
     {
         const listePointsDuDessin& lue = m_table;
         ++bilan.remplaces;
-        if (!observation.empty())
-            m_observations[place] = observation;
+        observer(place, observation);
         const AcDbObjectId symbole = lue.getData(place)->getId();
         bool dessine = false;
         if (symbole.isNull() || symbole.isErased())
@@ -130,4 +137,29 @@ bilanAjout ajouterPoints(listePointsDuDessin& table, std::span<const pointXYZ> p
     for (const pointXYZ& lu : points)
         run.prendre(lu);
     return run.bilan;
+}
+
+std::vector<pointDuDessin> pointsObserves(const listePointsDuDessin& table, const observationsEnAttente& observations)
+{
+    std::vector<pointDuDessin> observes;
+    for (const auto& attente : observations)
+        observes.push_back(*table.getData(attente.first));
+    return observes;
+}
+
+observationsEnAttente observationsSuivies(const listePointsDuDessin& table, const observationsEnAttente& observations,
+                                          std::span<const pointDuDessin> anciens)
+{
+    using place = std::tuple<double, double, double, int>;
+    const auto placeDe = [](const pointDuDessin& p) { return place(p.getX(), p.getY(), p.getZ(), p.getCode()); };
+    std::multimap<place, const std::wstring*> textes;
+    for (auto ancien = anciens.begin(); const auto& attente : observations)
+        textes.emplace(placeDe(*ancien++), &attente.second);
+    observationsEnAttente suivies;
+    for (int i = 0; i < table.nbPoint() && !textes.empty(); ++i)
+        if (const auto texte = textes.find(placeDe(*table.getData(i))); texte != textes.end()) {
+            suivies[i] = *texte->second;
+            textes.erase(texte);
+        }
+    return suivies;
 }

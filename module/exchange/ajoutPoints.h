@@ -3,8 +3,10 @@
 #include <map>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "points/exportation.h"
+#include "points/pointDuDessin.h"
 #include "points/pointXYZ.h"
 
 class listePointsDuDessin;
@@ -20,9 +22,18 @@ enum class nomsExistants {
 /// Texts to be written on the symbols of points that are not drawn yet, by the points' places in their table.
 using observationsEnAttente = std::map<int, std::wstring>;
 
+/// The same texts once the table was sorted, cleared of duplicates or put together anew: each follows the point of the
+/// same place, altitude and code. Those of points that went are dropped.
+/// @param anciens the points of `observations`, as they stood, in the order of their places
+observationsEnAttente observationsSuivies(const listePointsDuDessin& table, const observationsEnAttente& observations,
+                                          std::span<const pointDuDessin> anciens);
+/// The points that texts wait for, in the order of their places.
+std::vector<pointDuDessin> pointsObserves(const listePointsDuDessin& table, const observationsEnAttente& observations);
+
 struct bilanAjout {
     int ajoutes = 0, renumerotes = 0, remplaces = 0, laisses = 0;
     int nomsCoupes = 0; ///< names longer than a table keeps
+    int observes = 0;   ///< points whose observation waits for a symbol
 };
 
 /// How many of these points bear a name of the table: as the table keeps it, letter case and blanks around it aside.

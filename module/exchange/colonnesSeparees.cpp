@@ -58,7 +58,8 @@ std::string_view sansMarque(std::string_view ligne)
 std::vector<std::string> premieresLignes(sourceOctets& source, std::size_t nombre)
 {
     std::vector<std::string> premieres;
-    for (lecteurLignes lignes(source, longueurLigne); premieres.size() < nombre && lignes.suivante();) {
+    for (lecteurLignes lignes(source, longueurLigne, finDeLigne(source.debut()));
+         premieres.size() < nombre && lignes.suivante();) {
         const std::string_view ligne = sansMarque(lignes.ligne());
         if (ligne.find_first_not_of(" \t") != std::string_view::npos)
             premieres.emplace_back(ligne);
@@ -185,7 +186,7 @@ public:
     void lire(sourceOctets& source)
     {
         bool enTete = m_format.enTete;
-        for (lecteurLignes lignes(source, longueurLigne); lignes.suivante();) {
+        for (lecteurLignes lignes(source, longueurLigne, finDeLigne(source.debut())); lignes.suivante();) {
             m_ligne = sansMarque(lignes.ligne());
             m_numero = lignes.numero();
             if (lignes.coupee())
@@ -220,11 +221,13 @@ private:
                 yLu = nombre(L"Y", cellule, point.y);
                 break;
             case colonne::z:
-                if (!cellule.empty() && !nombre(L"Z", cellule, point.z))
+                if (!cellule.empty() && cellule != "." && !nombre(L"Z", cellule, point.z))
                     return refuserNombre();
                 break;
             case colonne::nom:
                 point.nom = texte(cellule);
+                if (cellule.empty())
+                    m_remarque = pointSansNom;
                 break;
             case colonne::observation:
                 ajouterMots(point.observation, texte(cellule));
@@ -265,11 +268,13 @@ private:
         point.code = 1;
         const std::wstring code = texte(cellule);
         ajouterMots(point.observation, code);
-        m_remarque = entreGuillemets(L"code", code, L"qui n'est pas un nombre : gardé comme observation, code 1.");
+        ajouterMots(m_remarque,
+                    entreGuillemets(L"code", code, L"qui n'est pas un nombre : gardé comme observation, code 1."));
     }
 
     void garder(pointXYZ&& point)
     {
+        ajouterMots(m_remarque, remarquesSur(point));
         if (!m_remarque.empty())
             remarquer(m_remarque);
         m_lus.points.push_back(std::move(point));

@@ -32,8 +32,9 @@ formatColonnes devinerColonnes(std::string_view debut);
 /// The cells of the first lines of a text that begins so, for a user to choose columns by.
 std::vector<std::vector<std::wstring>> apercuColonnes(std::string_view debut, char separateur, std::size_t lignes);
 
-/// Lines without X or Y in figures, or with a Z that is no number, give no point. An empty Z is unknown, an empty code
-/// 1; a code that is no whole number is kept as observation, and told.
+/// Lines without X or Y in figures, or with a Z that is no number, give no point. An empty Z is unknown, and so
+/// is ".", which lists of points write for it; an empty code is 1; a code that is no whole number is kept as
+/// observation, and told.
 class lecteurColonnes final : public lecteurPoints {
 public:
     /// Guesses the format of each file.

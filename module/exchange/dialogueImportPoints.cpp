@@ -59,5 +59,6 @@ std::optional<std::vector<std::wstring>> importerFichierPoints(listePointsDuDess
             return std::nullopt;
         choix = *voulu;
     }
-    return phrasesImport(nomSansDossier(*fichier), *lus, ajouterPoints(table, lus->points, choix, observations));
+    const bilanAjout bilan = ajouterPoints(table, lus->points, choix, observations);
+    return phrasesImport(nomSansDossier(*fichier), *lus, bilan);
 }

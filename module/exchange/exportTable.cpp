@@ -1,7 +1,7 @@
 #include "exchange/exportTable.h"
 
+#include "codification/observationSymbole.h"
 #include "exchange/exportCarte.h"
-#include "exchange/observationSymbole.h"
 #include "points/listePointsDuDessin.h"
 #include "services/codages.h"
 
@@ -24,7 +24,7 @@ issueExport exporterTable(const listePointsDuDessin& table, std::span<const int>
         const pointDuDessin& point = *table.getData(places[rang++]);
         exporte = {point.getNomPoint(), point.getX(), point.getY(), point.getZ(), point.getCode(), {}};
         if (observer)
-            exporte.observation = observation = observationDuSymbole(point.getId());
+            exporte.observation = observation = versAnsi(observationDe(point.getId()));
         avancer();
         return true;
     };

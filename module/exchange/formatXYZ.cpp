@@ -83,6 +83,8 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
     point.code = code.empty() ? lus.codeAbsent : codeLu(code);
     if (!reste.empty())
         point.observation = observationLue(reste);
+    if (std::wstring remarque = remarquesSur(point); !remarque.empty())
+        lus.remarquer(numero, depuisAnsi(ligne), std::move(remarque));
 }
 
 } // namespace

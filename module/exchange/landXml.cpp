@@ -183,6 +183,9 @@ private:
         m_point.y = coordonnees[0];
         if (m_cellules.size() > 2)
             m_point.z = coordonnees[2];
+        if (m_point.nom.empty())
+            ajouterMots(m_remarque, pointSansNom);
+        ajouterMots(m_remarque, remarquesSur(m_point));
         if (!m_remarque.empty())
             m_lus.remarquer(m_ligne, m_point.nom, m_remarque);
         m_lus.points.push_back(std::move(m_point));

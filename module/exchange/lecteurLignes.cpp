@@ -9,9 +9,10 @@ constexpr std::size_t bloc = 1 << 17;
 
 } // namespace
 
-lecteurLignes::lecteurLignes(sourceOctets& source, std::size_t longueur) :
+lecteurLignes::lecteurLignes(sourceOctets& source, std::size_t longueur, char fin) :
     m_source(source),
     m_longueur(longueur),
+    m_finDeLigne(fin),
     m_tampon(longueur + bloc)
 {
 }
@@ -33,14 +34,14 @@ void lecteurLignes::remplir()
 bool lecteurLignes::suivante()
 {
     const std::size_t voulus = m_longueur + 2; // a carriage return and a line feed
-    const auto finDeLigne = [&] {
+    const auto prochaineFin = [&] {
         return static_cast<const char*>(
-            std::memchr(m_tampon.data() + m_debut, '\n', std::min(m_fin - m_debut, voulus)));
+            std::memchr(m_tampon.data() + m_debut, m_finDeLigne, std::min(m_fin - m_debut, voulus)));
     };
-    const char* fin = finDeLigne();
+    const char* fin = prochaineFin();
     if (!fin && m_fin - m_debut < voulus && !m_epuisee) {
         remplir();
-        fin = finDeLigne();
+        fin = prochaineFin();
     }
     if (m_debut == m_fin) {
         m_coupee = false;
@@ -66,4 +67,9 @@ void lecteurLignes::passerReste()
 {
     while (m_coupee && suivante())
         continue;
+}
+
+char finDeLigne(std::string_view debut)
+{
+    return debut.find('\r') != std::string_view::npos && debut.find('\n') == std::string_view::npos ? '\r' : '\n';
 }

@@ -11,7 +11,8 @@
 class lecteurLignes {
 public:
     /// @param longueur of the longest piece: a longer line comes in several
-    lecteurLignes(sourceOctets& source, std::size_t longueur);
+    /// @param fin what ends a line in place of a line feed
+    lecteurLignes(sourceOctets& source, std::size_t longueur, char fin = '\n');
 
     /// Goes on to the next line, or the next piece of a long one. @return false at the end of the source
     bool suivante();
@@ -29,9 +30,13 @@ private:
 
     sourceOctets& m_source;
     std::size_t m_longueur;
+    char m_finDeLigne;
     std::vector<char> m_tampon;
     std::size_t m_debut = 0, m_fin = 0; // of what is not given yet, in m_tampon
     bool m_epuisee = false, m_coupee = false;
     std::size_t m_numero = 0;
     std::string_view m_ligne;
 };
+
+/// What ends the lines of a text that begins so: a carriage return where it has no line feed, as old programs write.
+char finDeLigne(std::string_view debut);

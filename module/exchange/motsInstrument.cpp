@@ -135,6 +135,9 @@ private:
             ajouterMots(remarque, L"longueurs en pieds, converties en mètres (0,3048).");
         if (vise && station)
             ajouterMots(remarque, L"coordonnées de la station (84 à 86) laissées de côté.");
+        if (m_point.nom.empty())
+            ajouterMots(remarque, pointSansNom);
+        ajouterMots(remarque, remarquesSur(m_point));
         if (!remarque.empty())
             m_lus.remarquer(m_numero, depuisAnsi(m_ligne), std::move(remarque));
         m_lus.points.push_back(std::move(m_point));
@@ -164,7 +167,7 @@ bool lecteurInstrument::reconnait(std::wstring_view extension, std::string_view 
 
 void lecteurInstrument::lire(sourceOctets& source, pointsLus& lus) const
 {
-    for (lecteurLignes lignes(source, longueurLigne); lignes.suivante();) {
+    for (lecteurLignes lignes(source, longueurLigne, finDeLigne(source.debut())); lignes.suivante();) {
         const std::string_view ligne = lignes.ligne();
         if (lignes.coupee())
             lus.ecarter(lignes.numero(), depuisAnsi(ligne), L"ligne trop longue pour un bloc.");

@@ -16,6 +16,7 @@ std::vector<std::wstring> phrasesImport(std::wstring_view fichier, const pointsL
     if (bilan.nomsCoupes > 0)
         phrases.push_back(std::to_wstring(bilan.nomsCoupes) + L" nom(s) coupé(s) à " +
                           std::to_wstring(pointDuDessin::longueurNom) + L" caractères.");
+    dire(bilan.observes, L" observation(s) : « Placer » les écrira sur les symboles.");
     for (std::wstring& phrase : phrasesProblemes(fichier, lus))
         phrases.push_back(std::move(phrase));
     return phrases;

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "codification/observationSymbole.h"
 #include "points/listePointsDuDessin.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/dialogueProgression.h"
@@ -26,10 +27,12 @@ bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> pla
     bilanPlacement bilan;
     for (const int place : places) {
         const auto observation = observations.find(place);
-        table.mettreAJourSymbole(place, observation == observations.end() ? nullptr : observation->second.c_str());
+        const bool observe = observation != observations.end();
+        const bool ancien = estDessine(*lue.getData(place));
+        table.mettreAJourSymbole(place, observe ? observation->second.c_str() : nullptr);
         const bool dessine = estDessine(*lue.getData(place));
         ++(dessine ? bilan.dessines : bilan.sansSymbole);
-        if (dessine && observation != observations.end())
+        if (observe && dessine && (!ancien || ecrireObservation(lue.getData(place)->getId(), observation->second)))
             observations.erase(observation);
         if (!avancement.avancer()) {
             bilan.arrete = true;

@@ -13,8 +13,8 @@ struct bilanPlacement {
     bool arrete = false; ///< by the user
 };
 
-/// Draws the symbols of points, or brings those they have in line with them. Observations that wait go onto the
-/// symbols that are made.
+/// Draws the symbols of points, or brings those they have in line with them. Observations that wait go onto
+/// them.
 VELA_EXPORT bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> places,
                                         observationsEnAttente& observations);
 

@@ -95,8 +95,8 @@ std::optional<AcGePoint3d> placeDe(AcDbEntity& entite)
 {
     if (auto* const ligne = AcDbLine::cast(&entite))
         return ligne->startPoint();
-    if (auto* const texte = AcDbText::cast(&entite))
-        return texte->position();
+    if (auto* const texte = AcDbText::cast(&entite)) // the host moves the position of texts that are aligned otherwise
+        return texte->horizontalMode() == AcDb::kTextLeft ? texte->position() : texte->alignmentPoint();
     if (auto* const bloc = AcDbBlockReference::cast(&entite))
         return bloc->position();
     return std::nullopt;
@@ -207,10 +207,10 @@ std::vector<std::unique_ptr<AcDbEntity>> entitesDuTableau(const tableauCoordonne
     return entites;
 }
 
-void marquer(const AcDbObjectId& id, int numero, const AcGePoint3d& origine)
+/// Of an entity that the drawing has not got yet: one on a locked layer could not be changed any more.
+void marquer(AcDbEntity& entite, int numero, const AcGePoint3d& origine)
 {
-    const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite);
-    const auto place = entite.openStatus() == Acad::eOk ? placeDe(*entite.object()) : std::nullopt;
+    const auto place = placeDe(entite);
     if (!place)
         return;
     const ads_point ecart{place->x - origine.x, place->y - origine.y, place->z - origine.z};
@@ -218,7 +218,7 @@ void marquer(const AcDbObjectId& id, int numero, const AcGePoint3d& origine)
     donnees.ajouter(AcDb::kDxfRegAppName, applicationTable);
     donnees.ajouter(AcDb::kDxfXdInteger32, numero);
     donnees.ajouter(AcDb::kDxfXdXCoord, ecart);
-    entite->setXData(donnees.tete());
+    entite.setXData(donnees.tete());
 }
 
 /// An anonymous block of the entities, about their origin; null when the drawing refuses it.
@@ -249,8 +249,10 @@ bool dessiner(const tableauCoordonnees& tableau, const paramsTable& params, cons
             std::make_unique<AcDbBlockReference>(origine, blocDuTableau(*db, tableau, params.tailleTextes)));
     else
         entites = entitesDuTableau(tableau, params.tailleTextes, origine);
-    for (auto& entite : entites)
-        marquer(ajouterEspaceObjet(std::move(entite)), numero, origine);
+    for (auto& entite : entites) {
+        marquer(*entite, numero, origine);
+        ajouterEspaceObjet(std::move(entite));
+    }
     return !entites.empty();
 }
 

@@ -1,6 +1,9 @@
 #include "exchange/pointsLus.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "codification/regleCode.h"
 
 namespace {
 
@@ -38,6 +41,18 @@ void pointsLus::refuser(std::wstring raison, std::size_t ligne)
     lisible = false;
     // Never left out of a full list: it says why the file ends early.
     problemes.push_back({ligne, {}, std::move(raison), true});
+}
+
+std::wstring remarquesSur(const pointXYZ& point)
+{
+    constexpr double pasUnLeve = 1e9; // a million kilometres
+    const auto demesure = [](double v) { return std::abs(v) > pasUnLeve; };
+    std::wstring remarques;
+    if (!codeValable(point.code))
+        remarques = L"code " + std::to_wstring(point.code) + L" hors de 1 à 9999 : gardé tel quel.";
+    if (demesure(point.x) || demesure(point.y) || (point.z != inconnu && demesure(point.z)))
+        remarques.append(remarques.empty() ? L"" : L" ").append(L"coordonnée démesurée : gardée telle quelle.");
+    return remarques;
 }
 
 std::vector<std::wstring> phrasesProblemes(std::wstring_view fichier, const pointsLus& lus)

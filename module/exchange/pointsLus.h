@@ -34,6 +34,11 @@ struct pointsLus {
     void refuser(std::wstring raison, std::size_t ligne = 0);
 };
 
+/// What looks wrong in the numbers of a point: a code that no table of codes takes, a place where nobody surveys. Empty
+/// when nothing does.
+std::wstring remarquesSur(const pointXYZ& point);
+inline constexpr const wchar_t* pointSansNom = L"point sans nom.";
+
 /// French sentences for the user, "leve.csv, ligne 3 : ...", the last one telling how many are not listed.
 /// @param fichier its name, as the sentences are to show it
 std::vector<std::wstring> phrasesProblemes(std::wstring_view fichier, const pointsLus& lus);

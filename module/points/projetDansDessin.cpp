@@ -102,15 +102,20 @@ bool stocker(AcDbDatabase* db, const resbuf* chaine)
                                                          AcDb::kForWrite);
     if (dictionnaire.openStatus() != Acad::eOk)
         return false;
-    auto enregistrement = std::make_unique<AcDbXrecord>();
-    enregistrement->setXlateReferences(true);
-    if (chaine && enregistrement->setFromRbChain(*chaine, db) != Acad::eOk)
-        return false;
+    // In the drawing before it is filled: a record outside keeps a copy of the chain, which of a large survey is what
+    // weighs most.
+    auto nouveau = std::make_unique<AcDbXrecord>();
     AcDbObjectId id;
-    if (dictionnaire->setAt(cleProjet, enregistrement.get(), id) != Acad::eOk)
+    if (db->addAcDbObject(id, nouveau.get()) != Acad::eOk)
         return false;
-    enregistrement.release()->close(); // the drawing's from now on
-    return true;
+    AcDbXrecord* const enregistrement = nouveau.release();
+    enregistrement->setXlateReferences(true);
+    const bool stocke = (!chaine || enregistrement->setFromRbChain(*chaine, db) == Acad::eOk) &&
+                        dictionnaire->setAt(cleProjet, enregistrement, id) == Acad::eOk;
+    if (!stocke)
+        enregistrement->erase();
+    enregistrement->close();
+    return stocke;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "codification/observationSymbole.h"
 #include "points/projetDansDessin.h"
 #include "points/superpositions.h"
 #include "services/CAcadUndoGroup.h"

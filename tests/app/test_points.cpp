@@ -57,6 +57,7 @@ TEST_F(points, TellsBadLinesAndWritesNothingWhenStrict)
          {"importer chantier.dxf vide.csv --enregistrer c.dxf", "importer chantier.dxf absent.xyz --enregistrer c.dxf",
           "importer chantier.dxf m.xyz --enregistrer c.dwg", "importer chantier.dxf m.xyz --code 0",
           "exporter b.dxf -o s.kml", "exporter b.dxf -o s.kml --projection EPSG:99",
-          "exporter b.dxf -o s.xyz --codes 1-", "exporter b.dxf -o absent/s.xyz", "lister b.dxf --table Absente"})
+          "exporter b.dxf -o s.xyz --codes 1-", "exporter b.dxf -o s.xyz --codes 9-5", "exporter b.dxf -o absent/s.xyz",
+          "lister b.dxf --table Absente"})
         EXPECT_EQ(vela(std::string("points ") + refusee).statut, 1) << refusee;
 }

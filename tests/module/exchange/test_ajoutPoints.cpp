@@ -62,6 +62,20 @@ TEST(ajoutPoints, tellsNamesThatATableCuts)
     EXPECT_EQ(noms(table), "123456789 123456789 ");
 }
 
+TEST(ajoutPoints, waitingObservationsFollowTheirPoints)
+{
+    listePointsDuDessin table;
+    for (const double x : {5.0, 3.0, 3.0, 1.0}) { // the twin of higher code goes
+        pointDuDessin point;
+        point.setParams(L"", {x, 0.0, 1.0}, table.nbPoint() + 1);
+        table.Ajouter(point);
+    }
+    const observationsEnAttente attente{{0, L"cinq"}, {2, L"part"}, {3, L"un"}};
+    const std::vector<pointDuDessin> anciens = pointsObserves(table, attente);
+    table.delDups();
+    EXPECT_EQ(observationsSuivies(table, attente, anciens), (observationsEnAttente{{0, L"un"}, {2, L"cinq"}}));
+}
+
 TEST(fusionTables, keepsNamesThatCanBeReadAgain)
 {
     projetsTopo projet;
