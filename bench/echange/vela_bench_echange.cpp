@@ -9,6 +9,8 @@
 
 #include "codification/modelePoints.h"
 #include "codification/tableCodification.h"
+#include "echange/dessinEchange.h"
+#include "echange/texteXYZ.h"
 #include "exchange/ajoutPoints.h"
 #include "exchange/exportPoints.h"
 #include "exchange/lecteurPoints.h"
@@ -23,19 +25,6 @@
 namespace {
 
 constexpr auto rien = [] {};
-
-/// A survey about Lambert coordinates, one point a line, as the module writes it.
-std::string texteXYZ(int nombre)
-{
-    std::string texte;
-    char ligne[128];
-    for (int i = 0; i < nombre; ++i)
-        texte.append(ligne, static_cast<std::size_t>(
-                                std::snprintf(ligne, sizeof ligne, "%10d\t%14.6f\t%14.6f\t%14.6f\t%6d\n", i + 1,
-                                              1650000.0 + i % 1000 * 1.237, 8180000.0 + i / 1000 * 1.111,
-                                              100.0 + i % 77 * 0.01, 1 + i % 20)));
-    return texte;
-}
 
 std::string texteColonnes(int nombre)
 {
@@ -81,6 +70,7 @@ public:
         });
         mesurerListe();
         mesurerHtml();
+        mesurerDessin(m_tableau, m_passes);
         return m_tableau.tenu();
     }
 

@@ -4,14 +4,33 @@
 #include <stdexcept>
 #include <string>
 
-std::size_t memoireOccupee()
+namespace {
+
+std::size_t octetsDe(const std::string& ligne)
 {
     std::ifstream etat("/proc/self/status");
     for (std::string mot; etat >> mot;)
-        if (mot == "RssAnon:") {
+        if (mot == ligne) {
             std::size_t kilooctets = 0;
             etat >> kilooctets;
             return kilooctets * 1024;
         }
-    throw std::runtime_error("/proc/self/status: RssAnon is missing");
+    throw std::runtime_error("/proc/self/status: " + ligne + " is missing");
+}
+
+} // namespace
+
+std::size_t memoireOccupee()
+{
+    return octetsDe("RssAnon:");
+}
+
+std::size_t sommetMemoire()
+{
+    return octetsDe("VmHWM:");
+}
+
+void oublierSommetMemoire()
+{
+    std::ofstream("/proc/self/clear_refs") << 5; // the mark goes down to what is held now
 }

@@ -1,5 +1,6 @@
 #include "codification/DlgTableLegendes.h"
 
+#include <QHeaderView>
 #include <QItemSelection>
 
 #include "services/dialogueCellules.h"
@@ -51,6 +52,8 @@ void DlgTableLegendes::remplir()
 {
     QTableWidget& liste = *m_ui->liste;
     preparerListe(liste, {"Block", "Description", "Occur", "Taille X", "Taille Y"});
+    liste.horizontalHeader()->setStretchLastSection(false);
+    liste.horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch); // descriptions are long
     liste.setSelectionMode(QAbstractItemView::ExtendedSelection);
     liste.setRowCount(static_cast<int>(m_blocs.size()));
     for (int i = 0; i < liste.rowCount(); ++i) {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "acutads.h"
+#include "dbapserv.h"
 #include "dbents.h"
 #include "dbsymtb.h"
 
@@ -33,6 +34,15 @@ bool estVerrouille(const AcDbObjectId& id)
             return true;
     }
     return false;
+}
+
+void signalerCalqueCourantVerrouille()
+{
+    const AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
+    const AcDbObjectPointer<AcDbLayerTableRecord> calque(db ? db->clayer() : AcDbObjectId());
+    if (calque.openStatus() == Acad::eOk && calque->isLocked())
+        acutPrintf(L"\nLe calque courant est verrouill\u00e9 : ce qui vient d'\u00eatre dessin\u00e9 ne pourra pas "
+                   L"\u00eatre modifi\u00e9.");
 }
 
 void signalerVerrouilles(int nombre)

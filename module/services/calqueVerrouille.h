@@ -8,5 +8,9 @@
 /// An entity that cannot be opened is none.
 bool estVerrouille(const AcDbObjectId& id);
 
+/// Tells at the command line that what a command has just drawn is on a locked layer, the current one; says nothing
+/// when that is not locked.
+void signalerCalqueCourantVerrouille();
+
 /// Tells at the command line how many were left alone; says nothing for none.
 void signalerVerrouilles(int nombre);

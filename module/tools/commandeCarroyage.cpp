@@ -3,6 +3,7 @@
 #include "geometrie/axeDeCourbe.h"
 #include "services/ajoutEntites.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
 #include "services/codages.h"
 #include "services/selection.h"
 #include "tools/DlgCarroyage.h"
@@ -49,4 +50,6 @@ void commandeCarroyage()
         else
             placer(carroyage(contour, parametres), parametres.tailleTextes);
     }
+    if (!dialogue.regions().empty())
+        signalerCalqueCourantVerrouille();
 }

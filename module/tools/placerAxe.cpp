@@ -36,16 +36,23 @@ std::unique_ptr<AcDbPolyline> polyligneDessinee(const axe& ligne, double fleche)
     return polyligne;
 }
 
-/// Lengths at which a chainage is written, each once.
-std::vector<double> lieuxEcrits(const axe& ligne, const abscisses& numerotation, double pas)
+/// Lengths at which a chainage is written, each once: ends, points of tangency, leaps of the chainage, and between them
+/// the round ones whose text would not touch theirs.
+std::vector<double> lieuxEcrits(const axe& ligne, const abscisses& numerotation, const dessinAxe& dessin)
 {
-    std::vector<double> lieux = numerotation.jalons(pas, ligne.longueur());
-    for (const std::vector<double>& autres : {ligne.sommets(), numerotation.sauts()})
-        for (const double lieu : autres)
-            if (lieu <= ligne.longueur())
-                lieux.push_back(lieu);
+    std::vector<double> lieux = ligne.sommets();
+    for (const double saut : numerotation.sauts())
+        if (saut <= ligne.longueur())
+            lieux.push_back(saut);
     std::sort(lieux.begin(), lieux.end());
     lieux.erase(std::unique(lieux.begin(), lieux.end(), [](double a, double b) { return b - a < 0.001; }), lieux.end());
+    const double ecart = 1.25 * dessin.tailleTextes;
+    const std::vector<double> remarquables = lieux;
+    for (const double jalon : numerotation.jalons(dessin.pasEcritures, ligne.longueur())) {
+        const auto apres = std::lower_bound(remarquables.begin(), remarquables.end(), jalon - ecart);
+        if (apres == remarquables.end() || *apres > jalon + ecart)
+            lieux.push_back(jalon);
+    }
     return lieux;
 }
 
@@ -81,7 +88,7 @@ bool placerAxe(const axeEnregistre& lAxe, const dessinAxe& dessin)
         ajoutEntites ajout;
         polyligne = ajout.ajouter(polyligneDessinee(lAxe.ligne, dessin.fleche));
         const abscisses numerotation = lAxe.numerotation();
-        for (const double lieu : lieuxEcrits(lAxe.ligne, numerotation, dessin.pasEcritures))
+        for (const double lieu : lieuxEcrits(lAxe.ligne, numerotation, dessin))
             ecrireAbscisse(ajout, lAxe.ligne, numerotation, lieu, dessin.tailleTextes);
     }
     return !polyligne.isNull() && enregistrerAxe(polyligne, lAxe);

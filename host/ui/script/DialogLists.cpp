@@ -16,6 +16,7 @@
 #include "ui/script/DialogFields.h"
 #include "ui/script/DialogLabels.h"
 #include "ui/script/FieldValue.h"
+#include "ui/script/ScriptCheck.h"
 #include "ui/script/ScriptError.h"
 
 namespace {
@@ -223,7 +224,8 @@ void DialogList::setCell(const QString& row, const QString& column, const QStrin
     if (!(cell.flags() & Qt::ItemIsEditable) || m_view.editTriggers() == QAbstractItemView::NoEditTriggers)
         throw ScriptError(QStringLiteral("la cellule %1,%2 ne se modifie pas.").arg(row, column));
     const QPersistentModelIndex written(cell);
-    if (!m_view.model()->setData(cell, value) || (written.isValid() && cellText(m_view, written) != value))
+    const auto asWritten = [&] { return ScriptCheck{{}, ScriptCheck::Relation::equal, value, {}}; };
+    if (!m_view.model()->setData(cell, value) || (written.isValid() && !asWritten().isMetBy(cellText(m_view, written))))
         throw ScriptError(QStringLiteral("la valeur « %1 » est refusée : la cellule vaut « %2 ».")
                               .arg(value, written.isValid() ? cellText(m_view, written) : QString()));
 }

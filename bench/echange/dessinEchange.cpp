@@ -1,0 +1,203 @@
+#include "echange/dessinEchange.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <optional>
+#include <stdexcept>
+
+#include <unistd.h>
+
+#include "ap/DocumentList.h"
+#include "codification/codificationDuModule.h"
+#include "echange/texteXYZ.h"
+#include "ed/input/EditorInput.h"
+#include "ed/Kernel.h"
+#include "exchange/ajoutPoints.h"
+#include "exchange/importDessin.h"
+#include "exchange/lecteurPoints.h"
+#include "exchange/placerPoints.h"
+#include "mesures/mediane.h"
+#include "mesures/memoire.h"
+#include "mesures/tableauMesures.h"
+#include "points/projetDansDessin.h"
+#include "points/projetsTopo.h"
+#include "rx/Console.h"
+#include "services/espaceObjet.h"
+
+#include "dbents.h"
+#include "dbmtext.h"
+#include "dbpl.h"
+#include "dbsymtb.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr auto rien = [] {};
+
+/// "Everything", then Enter, whenever a selection is asked for.
+class toutSelectionner final : public InputSource {
+public:
+    InputAnswer answer(const InputRequest&) override
+    {
+        InputAnswer reponse;
+        reponse.kind = InputAnswer::Kind::text;
+        reponse.text = m_dit ? L"" : L"_ALL";
+        m_dit = !m_dit;
+        return reponse;
+    }
+    void refused(const InputRequest&, const std::wstring& raison) override
+    {
+        throw std::runtime_error("selecting: " + std::string(raison.begin(), raison.end()));
+    }
+    bool isEchoed() const override { return false; }
+
+private:
+    bool m_dit = false;
+    EditorInput::Source m_source{*this};
+};
+
+/// A drawing with a project, as a command has it.
+class dessinAvecProjet {
+public:
+    dessinAvecProjet() : m_document(DocumentList::instance().create())
+    {
+        setSrcInfosTopo(m_document.database(), &m_projet, 0, 0);
+    }
+    ~dessinAvecProjet()
+    {
+        setSrcInfosTopo(m_document.database(), nullptr, 0, 0);
+        DocumentList::instance().close(m_document);
+    }
+    dessinAvecProjet(const dessinAvecProjet&) = delete;
+    dessinAvecProjet& operator=(const dessinAvecProjet&) = delete;
+
+    listePointsDuDessin& table() { return *m_projet.currTable(); }
+    void enregistrer(const fs::path& fichier)
+    {
+        enregistrerInfosTopo();
+        if (m_document.database()->saveAs(fichier.wstring().c_str()) != Acad::eOk)
+            throw std::runtime_error("saving");
+    }
+
+private:
+    projetsTopo m_projet;
+    Document& m_document;
+};
+
+/// Entities as drawings have them: lines, points, faces, polylines of five vertices, texts of both kinds, in turn.
+void dessinerEntites(int nombre)
+{
+    for (int i = 0; i < nombre; ++i) {
+        const AcGePoint3d p(1650000.0 + i % 1000 * 1.237, 8180000.0 + i / 1000 * 1.111, 100.0 + i % 77 * 0.01);
+        const AcGePoint3d q = p + AcGeVector3d(0.5, 0.25, 0.125);
+        std::unique_ptr<AcDbEntity> entite;
+        if (i % 6 == 0)
+            entite = std::make_unique<AcDbLine>(p, q);
+        else if (i % 6 == 1)
+            entite = std::make_unique<AcDbPoint>(p);
+        else if (i % 6 == 2)
+            entite = std::make_unique<AcDbFace>(p, q, p + AcGeVector3d(0.0, 0.5, 0.0), q);
+        else if (i % 6 == 3)
+            entite = std::make_unique<AcDbText>(p, L"123.45", AcDbObjectId::kNull, 1.0);
+        else if (i % 6 == 4) {
+            auto ligne = std::make_unique<AcDbPolyline>(5);
+            for (unsigned int s = 0; s < 5; ++s)
+                ligne->addVertexAt(s, {p.x + 0.1 * s, p.y});
+            ligne->setElevation(p.z);
+            entite = std::move(ligne);
+        } else {
+            auto texte = std::make_unique<AcDbMText>();
+            texte->setLocation(p);
+            texte->setTextHeight(1.0);
+            texte->setContents(L"123.45");
+            entite = std::move(texte);
+        }
+        ajouterEspaceObjet(std::move(entite));
+    }
+}
+
+/// What any reader of a drawing does: every entity opened and closed.
+int parcourir()
+{
+    int ouvertes = 0;
+    const AcDbObjectPointer<AcDbBlockTableRecord> espace(espaceObjetDuDessin());
+    AcDbBlockTableRecordIterator* cree = nullptr;
+    espace->newIterator(cree);
+    const std::unique_ptr<AcDbBlockTableRecordIterator> it(cree);
+    for (AcDbObjectId id; !it->done(); it->step()) {
+        it->getEntityId(id);
+        const AcDbObjectPointer<AcDbEntity> entite(id);
+        ouvertes += entite.openStatus() == Acad::eOk;
+    }
+    return ouvertes;
+}
+
+void mesurerReleve(tableauMesures& tableau, int passes)
+{
+    constexpr int entites = 100000;
+    std::optional<dessinAvecProjet> dessin;
+    dessin.emplace();
+    dessinerEntites(entites);
+    int vues = 0;
+    const double parcours = mediane(passes, rien, [&] { vues += parcourir(); });
+    toutSelectionner tout;
+    const double releve = mediane(
+        passes, [&] { dessin->table().remplacerTout({}); },
+        [&] { dessin->table().importFromDrawing(tousLesGenres, L"NUM", L"ALT", L"CODE", AcGeVector2d()); });
+    if (dessin->table().nbPoint() < entites / 2 || vues < entites)
+        throw std::runtime_error("harvesting");
+    tableau.rapport("harvest of 100 000 entities / a walk over them", releve, parcours, 3.0);
+}
+
+void mesurerEnregistrement(tableauMesures& tableau, const char* nom, bool placer)
+{
+    const fs::path fichier = fs::temp_directory_path() / ("vela_bench_echange_" + std::to_string(getpid()) + ".dxf");
+    tableau.croissance(nom, [&](int n) {
+        const std::string texte = texteXYZ(n);
+        oublierSommetMemoire();
+        const std::size_t avant = sommetMemoire();
+        const double secondes = mediane(1, rien, [&] {
+            dessinAvecProjet dessin;
+            observationsEnAttente observations;
+            {
+                sourceMemoire source(texte);
+                ajouterPoints(dessin.table(), lirePoints(source, "leve.xyz").points, nomsExistants::ajouter,
+                              observations);
+            }
+            if (placer) {
+                std::vector<int> places(static_cast<std::size_t>(n));
+                for (int i = 0; i < n; ++i)
+                    places[static_cast<std::size_t>(i)] = i;
+                placerPoints(dessin.table(), places, observations);
+            }
+            dessin.enregistrer(fichier);
+        });
+        std::cout << "  " << n << ": at most " << (sommetMemoire() - avant) / static_cast<std::size_t>(n)
+                  << " bytes a point\n";
+        return secondes;
+    });
+    fs::remove(fichier);
+    fs::remove(fs::path(fichier).replace_extension(".bak"));
+}
+
+} // namespace
+
+void mesurerDessin(tableauMesures& tableau, int passes)
+{
+    const fs::path support = fs::temp_directory_path() / ("vela_bench_echange_" + std::to_string(getpid()));
+    fs::create_directories(support);
+    fs::create_directory_symlink(fs::path(VELA_SOURCE_DIR) / "module/resources/biblio", support / "biblio");
+    ::setenv("VELA_SUPPORT", support.c_str(), 1);
+    {
+        const Kernel noyau;
+        Console::instance().setSink([](const std::wstring&) {});
+        mesurerReleve(tableau, passes);
+        mesurerEnregistrement(tableau, "file to table to saved drawing", false);
+        mesurerEnregistrement(tableau, "the same with symbols and attributes", true);
+        DocumentList::instance().closeAll();
+        Console::instance().setSink(nullptr);
+    }
+    fs::remove_all(support);
+}
