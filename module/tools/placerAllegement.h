@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/definitionsInutiles.h"
+#include "tools/placerDefinitions.h"
 
 #include "dbid.h"
 

@@ -8,7 +8,7 @@
 #include "services/calqueVerrouille.h"
 #include "services/dialogueProgression.h"
 #include "tools/placerPoints.h"
-#include "tools/suiviEntite.h"
+#include "tools/placerSuivi.h"
 
 namespace {
 

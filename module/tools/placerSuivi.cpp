@@ -1,4 +1,4 @@
-#include "tools/suiviEntite.h"
+#include "tools/placerSuivi.h"
 
 #include <cmath>
 #include <memory>
@@ -11,6 +11,12 @@
 #include "dbsymtb.h"
 
 namespace {
+
+AcGePoint3d imageDe(const AcGePoint3d& place, const AcGeMatrix3d& matrice)
+{
+    AcGePoint3d image = place;
+    return image.transformBy(matrice);
+}
 
 /// Where the entity stands, of those that may follow by their place.
 std::optional<AcGePoint3d> placeDe(const AcDbEntity& entite)
@@ -29,7 +35,7 @@ AcGeMatrix3d similitudeProche(const AcGeMatrix3d& m, const AcGePoint3d& place)
 {
     const double sens = m(0, 0) * m(1, 1) - m(0, 1) * m(1, 0) < 0.0 ? -1.0 : 1.0;
     const double a = (m(0, 0) + sens * m(1, 1)) / 2.0, b = (m(1, 0) - sens * m(0, 1)) / 2.0;
-    const AcGePoint3d la = m * place;
+    const AcGePoint3d la = imageDe(place, m);
     AcGeMatrix3d proche;
     proche.setCoordSystem({la.x - a * place.x + sens * b * place.y, la.y - b * place.x - sens * a * place.y, 0.0},
                           {a, b, 0.0}, {-sens * b, sens * a, 0.0}, {0.0, 0.0, 1.0});
@@ -53,12 +59,12 @@ void suivreParSesArcs(AcDbPolyline& ligne, const AcGeMatrix3d& matrice)
     for (unsigned int i = 0; i < nombre; ++i) {
         AcGePoint3d la, milieu, fin;
         ligne.getPointAt(i, la);
-        sommets[i] = matrice * la;
+        sommets[i] = imageDe(la, matrice);
         ligne.getBulgeAt(i, bombements[i]);
         if (bombements[i] == 0.0 || ligne.getPointAtParam(i + 0.5, milieu) != Acad::eOk)
             continue; // the last vertex of an open line has no arc
         ligne.getPointAt((i + 1) % nombre, fin);
-        bombements[i] = bombementPar(sommets[i], matrice * milieu, matrice * fin);
+        bombements[i] = bombementPar(sommets[i], imageDe(milieu, matrice), imageDe(fin, matrice));
     }
     for (unsigned int i = 0; i < nombre; ++i) {
         ligne.setPointAt(i, {sommets[i].x, sommets[i].y});

@@ -1,4 +1,4 @@
-#include "tools/definitionsInutiles.h"
+#include "tools/placerDefinitions.h"
 
 #include <memory>
 

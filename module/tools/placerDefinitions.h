@@ -8,7 +8,8 @@
 
 /// Definitions of the drawing that nothing in it uses. What only they use counts as unused with them.
 
-enum genreDefinition : std::size_t { genreBlocs, genreCalques, genreStyles, genreTypesLigne, nombreGenresDefinition };
+/// Their kinds, in this order: blocks, layers, text styles, linetypes.
+inline constexpr std::size_t nombreGenresDefinition = 4;
 
 struct definitionsInutiles {
     std::vector<AcDbObjectId> ids;
