@@ -32,7 +32,7 @@ std::optional<AcGeVector3d> normalOf(AcDbObjectId entity)
     if (!entity.isValid() || entity.isErased())
         return std::nullopt;
     EntityTags tags(entity.database()->impl());
-    tags.read(*recordOf(entity));
+    tags.moveTo(*recordOf(entity));
     double normal[3] = {0.0, 0.0, 1.0};
     for (const DxfTag& tag : tags.tags())
         if (tag.code == 210 || tag.code == 220 || tag.code == 230)

@@ -20,10 +20,6 @@ struct EntityFilter::Node {
     std::vector<Node> inside;
     Test test;
 
-    bool needsTags() const
-    {
-        return kind == Kind::test ? test.needsTags() : std::ranges::any_of(inside, &Node::needsTags);
-    }
     bool takes(DxfRecord& record, const EntityTags& tags) const
     {
         const auto taken = [&](const Node& node) { return node.takes(record, tags); };
@@ -132,11 +128,6 @@ std::optional<EntityFilter> EntityFilter::of(const resbuf* chain)
     if (!FilterReader().read(chain, *filter.m_root))
         return std::nullopt;
     return filter;
-}
-
-bool EntityFilter::needsTags() const
-{
-    return m_root->needsTags();
 }
 
 bool EntityFilter::takes(DxfRecord& record, const EntityTags& tags) const

@@ -22,8 +22,7 @@ public:
     ~EntityFilter();
 
     /// Whether its tags need be read: false when its kind, and its class alone are asked for.
-    bool needsTags() const;
-    /// `tags` are those of the entity when needsTags.
+    /// `tags` are those of the entity.
     bool takes(DxfRecord& record, const EntityTags& tags) const;
 
     struct Node;

@@ -38,7 +38,7 @@ AcDbObjectId EntitySearch::lastVisible(AcDbObjectId block)
         DxfRecord& record = *recordOf(*entity);
         if (isErased(record))
             continue;
-        m_tags.read(record);
+        m_tags.moveTo(record);
         if (layerOf(record).shows)
             return AcDbObjectId(*entity);
     }
@@ -57,8 +57,7 @@ std::vector<AcDbObjectId> EntitySearch::passing(const std::vector<AcDbObjectId>&
 bool EntitySearch::passes(AcDbObjectId entity, Layers layers)
 {
     DxfRecord& record = *recordOf(entity);
-    if (m_filter.needsTags() || layers != Layers::all)
-        m_tags.read(record);
+    m_tags.moveTo(record);
     if (!m_filter.takes(record, m_tags))
         return false;
     if (layers == Layers::all)
@@ -68,16 +67,29 @@ bool EntitySearch::passes(AcDbObjectId entity, Layers layers)
 }
 
 /// The tags must be those of the record.
-const EntitySearch::LayerState& EntitySearch::layerOf(DxfRecord&)
+const EntitySearch::LayerState& EntitySearch::layerOf(DxfRecord& record)
 {
     constexpr int layerCode = 8;
+    // Asking a changed entity costs less than writing its tags; one that is open for changes does not answer.
+    const AcDbObjectPointer<AcDbEntity> changed(m_tags.isChanged() ? AcDbObjectId(stubOf(&record)) : AcDbObjectId());
+    if (changed.openStatus() == Acad::eOk) {
+        const AcDbObjectId layer = changed->layerId();
+        const auto [known, isFirst] = m_layersOfObjects.try_emplace(layer.stub());
+        if (isFirst)
+            known->second = stateOf(layer.isNull() ? m_database.layerZero().stub() : layer.stub());
+        return known->second;
+    }
     const std::string_view bytes = m_tags.bytesOf(layerCode);
     const auto [known, isFirst] = m_layers.try_emplace(std::string(bytes));
-    if (!isFirst)
-        return known->second;
-    AcDbStub* const stub = m_database.impl().named(NameKind::layer, bytes.empty() ? L"0" : m_tags.decoded(bytes));
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(AcDbObjectId(stub), AcDb::kForRead);
-    if (layer.openStatus() == Acad::eOk)
-        known->second = {!layer->isOff() && !layer->isFrozen(), layer->isLocked(), layer->isFrozen()};
+    if (isFirst)
+        known->second = stateOf(m_database.impl().named(NameKind::layer, bytes.empty() ? L"0" : m_tags.decoded(bytes)));
     return known->second;
+}
+
+EntitySearch::LayerState EntitySearch::stateOf(AcDbStub* stub)
+{
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(AcDbObjectId(stub), AcDb::kForRead);
+    if (layer.openStatus() != Acad::eOk)
+        return {};
+    return {!layer->isOff() && !layer->isFrozen(), layer->isLocked(), layer->isFrozen()};
 }

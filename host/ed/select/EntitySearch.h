@@ -36,9 +36,11 @@ private:
     };
     bool passes(AcDbObjectId entity, Layers layers);
     const LayerState& layerOf(DxfRecord& record);
+    static LayerState stateOf(AcDbStub* layer);
 
     AcDbDatabase& m_database;
     const EntityFilter& m_filter;
     EntityTags m_tags;
     std::unordered_map<std::string, LayerState> m_layers; // by the bytes of their names
+    std::unordered_map<AcDbStub*, LayerState> m_layersOfObjects;
 };

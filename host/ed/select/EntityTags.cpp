@@ -1,16 +1,30 @@
 #include "ed/select/EntityTags.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "db/fields/DxfObjectWriter.h"
 #include "dxf/DxfCursor.h"
 
-void EntityTags::read(DxfRecord& record)
+void EntityTags::moveTo(DxfRecord& record)
 {
+    m_record = &record;
+    m_read = false;
+}
+
+bool EntityTags::isChanged() const
+{
+    return isNew(*m_record) || (m_record->flags & (RecordFlags::modified | RecordFlags::edited)) != 0;
+}
+
+const std::vector<DxfTag>& EntityTags::tags() const
+{
+    if (std::exchange(m_read, true))
+        return m_tags;
     m_tags.clear();
-    const bool isChanged = isNew(record) || (record.flags & (RecordFlags::modified | RecordFlags::edited)) != 0;
+    DxfRecord& record = *m_record;
     std::string_view bytes;
-    if (isChanged) {
+    if (isChanged()) {
         m_written.clear();
         DxfObjectWriter(m_database, m_written).write(m_database.object(record));
         bytes = m_written;
@@ -24,11 +38,12 @@ void EntityTags::read(DxfRecord& record)
     DxfTag tag;
     while (cursor.next(tag))
         m_tags.push_back(tag);
+    return m_tags;
 }
 
 std::string_view EntityTags::bytesOf(int code) const
 {
-    const auto found = std::ranges::find(m_tags, code, &DxfTag::code);
+    const auto found = std::ranges::find(tags(), code, &DxfTag::code);
     return found == m_tags.end() ? std::string_view()
                                  : std::string_view(found->begin, static_cast<std::size_t>(found->end - found->begin));
 }

@@ -7,15 +7,18 @@
 #include "db/DatabaseImpl.h"
 #include "dxf/DxfTag.h"
 
-/// The tags of one entity after another, as a drawing file holds them. What did not change is read from the file's
-/// bytes without making an object of it, so that filtering a whole drawing costs little more than a scan.
+/// The tags of one entity after another, as a drawing file holds them, read when they are first asked for. What did not
+/// change is read from the file's bytes without making an object of it, so that filtering a whole drawing costs little
+/// more than a scan.
 class EntityTags {
 public:
     explicit EntityTags(AcDbDatabaseImpl& database) : m_database(database), m_hasRenamed(database.hasRenamed()) {}
 
-    /// Reads the tags of another entity; those read before are gone.
-    void read(DxfRecord& record);
-    const std::vector<DxfTag>& tags() const { return m_tags; }
+    /// Goes on to another entity; the tags of the one before are gone.
+    void moveTo(DxfRecord& record);
+    const std::vector<DxfTag>& tags() const;
+    /// Whether the entity differs from the bytes of the file: its tags have to be written first, which costs most.
+    bool isChanged() const;
     /// The value of the first tag of a code, as its bytes stand; empty when there is none.
     std::string_view bytesOf(int code) const;
 
@@ -27,6 +30,8 @@ public:
 private:
     AcDbDatabaseImpl& m_database;
     bool m_hasRenamed;
-    std::string m_written; ///< of an entity whose bytes are not those of the file
-    std::vector<DxfTag> m_tags;
+    DxfRecord* m_record = nullptr;
+    mutable bool m_read = true;
+    mutable std::string m_written; ///< of an entity whose bytes are not those of the file
+    mutable std::vector<DxfTag> m_tags;
 };

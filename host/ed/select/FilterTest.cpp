@@ -12,6 +12,7 @@
 #include "rx/ResbufValue.h"
 #include "rx/WildcardMatch.h"
 
+#include "dbproxy.h"
 #include "rxclass.h"
 
 namespace {
@@ -128,11 +129,6 @@ bool EntityFilter::Test::readRelations(std::wstring_view relations)
         return place == 1 && (!isBitwise || m_number == std::trunc(m_number));
     return place == 1 && (m_relations[0] == FilterRelation::equal || m_relations[0] == FilterRelation::different ||
                           m_relations[0] == FilterRelation::anything);
-}
-
-bool EntityFilter::Test::needsTags() const
-{
-    return m_kind != Kind::type && m_kind != Kind::layout;
 }
 
 // ---- asking
@@ -279,12 +275,21 @@ bool EntityFilter::Test::takesObject(const EntityTags& tags) const
     return false;
 }
 
+/// The markers of a modelled class are the same for all its entities, so that the first one answers for all.
 bool EntityFilter::Test::takesSubclass(const DxfRecord& record, const EntityTags& tags) const
 {
-    for (const AcRxClass* one = AcDbObjectId(stubOf(&record)).objectClass(); one; one = one->myParent())
-        if (takesBytes(tags, platform::utf8FromWide(one->name())))
-            return true;
-    return takesText(tags); // a class that is not modelled tells its names in its markers
+    const AcRxClass* const itsClass = AcDbObjectId(stubOf(&record)).objectClass();
+    const auto asked = [&] {
+        for (const AcRxClass* one = itsClass; one; one = one->myParent())
+            if (takesBytes(tags, platform::utf8FromWide(one->name())))
+                return true;
+        return takesText(tags); // a class that is not modelled tells its names in its markers
+    };
+    if (!itsClass || itsClass->isDerivedFrom(AcDbProxyEntity::desc()))
+        return asked();
+    if (const auto known = m_knownClasses.find(itsClass); known != m_knownClasses.end())
+        return known->second;
+    return m_knownClasses[itsClass] = asked();
 }
 
 bool EntityFilter::Test::takesLayout(const DxfRecord& record, const EntityTags& tags) const

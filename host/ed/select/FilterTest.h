@@ -18,7 +18,6 @@ struct EntityFilter::Test {
     /// False when the item has no value that entities have, or the relation does not fit it. `relations` is the text of
     /// the -4 item before it, "" for none.
     bool read(const resbuf& item, std::wstring_view relations);
-    bool needsTags() const;
     bool takes(DxfRecord& record, const EntityTags& tags) const;
 
 private:
@@ -46,4 +45,5 @@ private:
     // Names repeat: each is compared once. By bytes, and by place for layouts.
     mutable std::unordered_map<std::string, bool> m_known;
     mutable std::unordered_map<const void*, bool> m_knownPlaces;
+    mutable std::unordered_map<const AcRxClass*, bool> m_knownClasses; // of kinds that the kernel models
 };
