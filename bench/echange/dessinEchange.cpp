@@ -163,14 +163,17 @@ void mesurerEnregistrement(tableauMesures& tableau, const char* nom, bool placer
             observationsEnAttente observations;
             {
                 sourceMemoire source(texte);
-                ajouterPoints(dessin.table(), lirePoints(source, "leve.xyz").points, nomsExistants::ajouter,
-                              observations);
+                pointsLus lus = lirePoints(source, "leve.xyz");
+                for (pointXYZ& point : lus.points)
+                    point.code = 1; // the only one that the module defines by itself, and so draws
+                ajouterPoints(dessin.table(), lus.points, nomsExistants::ajouter, observations);
             }
             if (placer) {
                 std::vector<int> places(static_cast<std::size_t>(n));
                 for (int i = 0; i < n; ++i)
                     places[static_cast<std::size_t>(i)] = i;
-                placerPoints(dessin.table(), places, observations);
+                if (placerPoints(dessin.table(), places, observations).dessines != n)
+                    throw std::runtime_error("drawing symbols");
             }
             dessin.enregistrer(fichier);
         });
@@ -184,20 +187,27 @@ void mesurerEnregistrement(tableauMesures& tableau, const char* nom, bool placer
 
 } // namespace
 
+bibliothequeSymboles::bibliothequeSymboles() :
+    m_dossier(fs::temp_directory_path() / ("vela_bench_echange_" + std::to_string(getpid())))
+{
+    fs::create_directories(m_dossier);
+    fs::create_directory_symlink(fs::path(VELA_SOURCE_DIR) / "module/resources/biblio", m_dossier / "biblio");
+    ::setenv("VELA_SUPPORT", m_dossier.c_str(), 1);
+}
+
+bibliothequeSymboles::~bibliothequeSymboles()
+{
+    std::error_code sansSuite;
+    fs::remove_all(m_dossier, sansSuite);
+}
+
 void mesurerDessin(tableauMesures& tableau, int passes)
 {
-    const fs::path support = fs::temp_directory_path() / ("vela_bench_echange_" + std::to_string(getpid()));
-    fs::create_directories(support);
-    fs::create_directory_symlink(fs::path(VELA_SOURCE_DIR) / "module/resources/biblio", support / "biblio");
-    ::setenv("VELA_SUPPORT", support.c_str(), 1);
-    {
-        const Kernel noyau;
-        Console::instance().setSink([](const std::wstring&) {});
-        mesurerReleve(tableau, passes);
-        mesurerEnregistrement(tableau, "file to table to saved drawing", false);
-        mesurerEnregistrement(tableau, "the same with symbols and attributes", true);
-        DocumentList::instance().closeAll();
-        Console::instance().setSink(nullptr);
-    }
-    fs::remove_all(support);
+    const Kernel noyau;
+    Console::instance().setSink([](const std::wstring&) {});
+    mesurerReleve(tableau, passes);
+    mesurerEnregistrement(tableau, "file to table to saved drawing", false);
+    mesurerEnregistrement(tableau, "the same with symbols and attributes", true);
+    DocumentList::instance().closeAll();
+    Console::instance().setSink(nullptr);
 }

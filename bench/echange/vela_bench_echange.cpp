@@ -159,6 +159,7 @@ int main(int argc, char** argv)
     programme.add_option("--passes", passes, "runs of each measure");
     programme.add_option("--tailles", tailles, "numbers of points");
     CLI11_PARSE(programme, argc, argv);
+    const bibliothequeSymboles symboles;
     const auto application = VelaApplication::make(VelaApplication::Screen::none);
     return banc(passes, tailles).mesurer() ? 0 : 1;
 }
