@@ -1,6 +1,7 @@
 #include "implantation/implantationEnLigne.h"
 
 #include <algorithm>
+#include <map>
 
 #include "implantation/persistanceImplantation.h"
 #include "implantation/pointsDuProjet.h"
@@ -79,6 +80,15 @@ void signalerAbsents(const demandeImplantation& demande, suitesImplantation& sui
     }
 }
 
+lieuNomme referenceExigee(const std::wstring& nom, const lieuNomme& station)
+{
+    lieuNomme reference = pointExige(nom);
+    if (memePlace(reference, station))
+        throw refus{L"la référence « " + nom + L" » est à la place de la station « " + station.nom +
+                    L" » : elle n'oriente rien."};
+    return reference;
+}
+
 void mettreEnStation(const demandeImplantation& demande, travailImplantation& travail)
 {
     std::vector<std::wstring> noms = demande.stations;
@@ -93,7 +103,8 @@ void mettreEnStation(const demandeImplantation& demande, travailImplantation& tr
         else if (demande.reference.empty())
             travail.stations.push_back(creerMiseEnStation(station, {}, miseEnStationNord));
         else
-            travail.stations.push_back(creerMiseEnStation(station, pointExige(demande.reference), miseEnStationPoint));
+            travail.stations.push_back(
+                creerMiseEnStation(station, referenceExigee(demande.reference, station), miseEnStationPoint));
     }
 }
 
@@ -106,8 +117,29 @@ void repartirOuAffecter(const demandeImplantation& demande, travailImplantation&
     if (bilan.sansTerrain && !demande.verifier)
         suites.avertissements.push_back(
             L"Sans modèle de terrain, les points sont répartis d'après les seules distances.");
-    for (std::size_t i = 0; i < bilan.nonVus.size(); ++i)
-        suites.nonVus.emplace_back(travail.points[bilan.nonVus[i]].nom, bilan.manques[i]);
+    for (const auto& [point, refus] : bilan.nonVus)
+        suites.nonVus.push_back({travail.points[point].nom, refus});
+}
+
+/// Sights that nobody knows, by why; one sentence each.
+void signalerNonVerifies(const travailImplantation& travail, suitesImplantation& suites)
+{
+    std::map<std::wstring, std::vector<std::wstring>> parCause;
+    for (const pointDuTravail& p : travail.points)
+        if (!p.verifie && !p.cause.empty())
+            parCause[p.cause].push_back(p.nom);
+    for (const auto& [cause, noms] : parCause)
+        suites.avertissements.push_back(L"Visibilité non vérifiée, " + cause + L" : " + enumererNoms(noms) + L".");
+}
+
+void verifierVisees(travailImplantation& travail, suitesImplantation& suites)
+{
+    if (!terrainDuDessin()) {
+        suites.avertissements.push_back(L"Aucun modèle de terrain dans ce dessin : la visibilité n'est pas vérifiée.");
+        return;
+    }
+    travail.verifierVisibilite(travail.toutes());
+    signalerNonVerifies(travail, suites);
 }
 
 void garder(travailImplantation& travail)
@@ -133,12 +165,8 @@ suitesImplantation implanterEnLigne(const demandeImplantation& demande)
         prendrePoints(demande, travail);
         signalerAbsents(demande, suites);
         repartirOuAffecter(demande, travail, suites);
-        if (demande.verifier) {
-            if (!terrainDuDessin())
-                suites.avertissements.push_back(
-                    L"Aucun modèle de terrain dans ce dessin : la visibilité n'est pas vérifiée.");
-            travail.verifierVisibilite(travail.toutes());
-        }
+        if (demande.verifier)
+            verifierVisees(travail, suites);
         suites.resultat = travail.resultat();
         std::vector<std::wstring> aucun;
         suites.rapport = contenuFichier(travail, formeFichier::html, aucun);

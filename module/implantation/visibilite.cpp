@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <tuple>
 
 namespace {
 
@@ -47,6 +49,28 @@ double hauteurAuDessus(point2 debut, point2 fin, point2 place)
     // Nearer to the origin numbers have more decimals: altitudes and distances are of hundreds and more.
     const point2 origine{std::floor(debut.x + fin.x) / 2.0, std::floor(debut.y + fin.y) / 2.0};
     return distanceALaDroite(debut - origine, fin - origine, place - origine);
+}
+
+double coupeVisee::sansSol() const
+{
+    double reste = fin.x;
+    for (const auto& ligne : sol)
+        reste -= ligne.back().distance - ligne.front().distance;
+    return std::max(reste, 0.0);
+}
+
+std::vector<std::size_t> ordreDesVisees(const std::vector<viseeEnPlan>& visees)
+{
+    std::vector<double> directions;
+    directions.reserve(visees.size());
+    for (const viseeEnPlan& v : visees)
+        directions.push_back(std::atan2(v.point.y - v.station.y, v.point.x - v.station.x));
+    std::vector<std::size_t> ordre(visees.size());
+    std::iota(ordre.begin(), ordre.end(), std::size_t{0});
+    std::ranges::sort(ordre, {}, [&](std::size_t i) {
+        return std::tuple(visees[i].station.x, visees[i].station.y, directions[i], i);
+    });
+    return ordre;
 }
 
 std::optional<coupeVisee> couper(const solImplantation& sol, const obstaclesPlan& obstacles, point3 station,
