@@ -88,7 +88,7 @@ std::optional<coupeVisee> couper(const solImplantation& sol, const obstaclesPlan
         auto& vue = coupe.sol.emplace_back();
         vue.reserve(ligne.size());
         for (const point3& p : ligne)
-            vue.push_back({norme(p.plan() - station.plan()), p});
+            vue.push_back({std::sqrt(carreDistance(p.plan(), station.plan())), p}); // half the time of a hypot
     }
     obstacles.croiser(station.plan(), point.plan(), [&](double part, std::size_t obstacle) {
         const point2 place = station.plan() + (point.plan() - station.plan()) * part;
