@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <numbers>
 
@@ -10,7 +9,7 @@
 #include "implantation/fichiersAppareil.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
-#include "services/nombreFixe.h"
+#include "services/fichierEntier.h"
 #include "services/reelDeTexte.h"
 
 #include "erreurProgramme.h"
@@ -92,9 +91,7 @@ void verifierNoms(const demandeProgrammeImplantation& d)
 
 void ecrireRapport(const std::string& fichier, const std::string& octets)
 {
-    std::ofstream flux(cheminNatif(fichier), std::ios::binary);
-    flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
-    if (!flux.flush())
+    if (!remplacerFichier(wideFromUtf8(fichier).c_str(), octets))
         throw erreurProgramme(fichier + " : le rapport n'a pas pu être écrit.");
 }
 

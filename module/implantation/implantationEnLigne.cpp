@@ -46,7 +46,7 @@ const listePointsDuDessin& tableDemandee(const demandeImplantation& demande)
 }
 
 /// The points asked for, but those that are stations: nobody stakes out the station he stands on.
-void prendrePoints(const demandeImplantation& demande, travailImplantation& travail)
+void prendrePoints(const demandeImplantation& demande, travailImplantation& travail, suitesImplantation& suites)
 {
     const listePointsDuDessin& table = tableDemandee(demande);
     const std::optional<nomsVoulus> voulus =
@@ -60,8 +60,12 @@ void prendrePoints(const demandeImplantation& demande, travailImplantation& trav
         const lieuNomme lieu = lieuDe(point);
         const bool voulu =
             (!voulus || voulus->contient(lieu.nom)) && (!demande.code || point.getCode() == *demande.code);
-        if (voulu && !estStation(lieu.nom))
+        if (!voulu)
+            continue;
+        if (!estStation(lieu.nom))
             travail.ajouterPoint(lieu);
+        else if (voulus)
+            suites.avertissements.push_back(L"Le point « " + lieu.nom + L" » est une station : il n'est pas implanté.");
     }
     if (travail.points.empty())
         throw refus{L"aucun point à implanter ne répond à la demande."};
@@ -162,7 +166,7 @@ suitesImplantation implanterEnLigne(const demandeImplantation& demande)
         travail.hauteurStation = hauteurAdmise(demande.hauteur);
         travail.verifier = demande.verifier;
         mettreEnStation(demande, travail);
-        prendrePoints(demande, travail);
+        prendrePoints(demande, travail, suites);
         signalerAbsents(demande, suites);
         repartirOuAffecter(demande, travail, suites);
         if (demande.verifier)

@@ -59,7 +59,7 @@ struct viseeEnPlan {
 
 /// An order in which each sight runs near the one before it: station by station, round the horizon. Over a large ground
 /// sights wait for memory more than for anything else, and this way most of it is still at hand: over a million
-/// triangles they take a third of the time (bench/implantation).
+/// triangles they take half the time (bench/implantation).
 std::vector<std::size_t> ordreDesVisees(const std::vector<viseeEnPlan>& visees);
 
 /// By how much a place at that distance and height rises above the infinite line through two points, square to it; 0
