@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <numbers>
 
@@ -9,7 +10,6 @@
 #include "implantation/fichiersAppareil.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
-#include "services/fichierEntier.h"
 #include "services/reelDeTexte.h"
 
 #include "erreurProgramme.h"
@@ -91,7 +91,9 @@ void verifierNoms(const demandeProgrammeImplantation& d)
 
 void ecrireRapport(const std::string& fichier, const std::string& octets)
 {
-    if (!remplacerFichier(wideFromUtf8(fichier).c_str(), octets))
+    std::ofstream flux(cheminNatif(fichier), std::ios::binary);
+    flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
+    if (!flux.flush())
         throw erreurProgramme(fichier + " : le rapport n'a pas pu être écrit.");
 }
 
