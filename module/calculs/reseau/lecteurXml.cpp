@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include <expat.h>
+
 #include "services/codages.h"
 
 namespace {

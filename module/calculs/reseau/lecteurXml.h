@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include <expat.h>
+struct XML_ParserStruct; // of expat
 
 /// Reads an XML text in one pass; a format overrides what an element means. Elements nested too deep are refused.
 class lecteurXml {
@@ -37,7 +37,7 @@ private:
     static void fermer(void* moi, const char* nom);
     static void ajouter(void* moi, const char* octets, int nombre);
 
-    XML_Parser m_analyseur;
+    XML_ParserStruct* m_analyseur;
     std::string m_texte;
     int m_profondeur = 0;
     bool m_garderTexte = false, m_arrete = false;
