@@ -12,7 +12,8 @@ constexpr char suite[] =
     "FICHIER : un réseau « .mc », un réseau gama-local « .gkf », ou une polygonale « .obs ».\n"
     "JSON : longueurs en mètres, angles en grades ; sx, sy, sz, les demi-axes a et b des ellipses, l'erreur "
     "détectable\n"
-    "et l'effet des longueurs en mm, a posteriori (a priori sans redondance : s0 est alors null) ; s0 dans l'unité de\n"
+    "et l'effet des longueurs en mm, a posteriori (a priori sans redondance, s0 est alors null, ou si le fichier le "
+    "veut) ; s0 dans l'unité de\n"
     "l'écart-type de l'unité de poids du fichier ; residu = compensee - mesure ; x, y, z d'un « .gkf » dans ses axes.";
 
 void declarerOptions(CLI::App& commande, demandeReseau& demande)

@@ -10,7 +10,6 @@
 #include "implantation/fichiersAppareil.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
-#include "services/nombreFixe.h"
 #include "services/reelDeTexte.h"
 
 #include "erreurProgramme.h"
@@ -98,11 +97,6 @@ void ecrireRapport(const std::string& fichier, const std::string& octets)
         throw erreurProgramme(fichier + " : le rapport n'a pas pu être écrit.");
 }
 
-std::string manqueTexte(double manque)
-{
-    return manque == inconnu ? "hors de portée" : "il manque " + nombreFixe(manque, 2);
-}
-
 std::string visibilite(const pointImplante& p, double seuil)
 {
     return utf8FromWide(phraseVisibilite(p, seuil));
@@ -163,8 +157,8 @@ void montrerImplantation(const demandeProgrammeImplantation& demande, const trai
     afficherPoints(t.suites.resultat);
     if (!t.suites.nonVus.empty())
         std::cout << "\nPoints vus d'aucune station\n";
-    for (const auto& [nom, manque] : t.suites.nonVus)
-        std::cout << "  " << utf8FromWide(nom) << " : " << manqueTexte(manque) << '\n';
+    for (const auto& [nom, refus] : t.suites.nonVus)
+        std::cout << "  " << utf8FromWide(nom) << " : " << utf8FromWide(phraseRefus(refus)) << '\n';
     if (!t.rapport.empty())
         std::cout << "\nRapport : " << t.rapport << '\n';
     if (!t.dessin.empty())
@@ -177,8 +171,10 @@ void montrerImplantationJson(const traitementImplantation& t)
 {
     auto json = nlohmann::ordered_json::parse(jsonImplantation(t.suites.resultat));
     auto& nonVus = json["nonVus"] = nlohmann::ordered_json::array();
-    for (const auto& [nom, manque] : t.suites.nonVus)
-        nonVus.push_back({{"nom", utf8FromWide(nom)}, {"manque", nombreJson(manque)}});
+    for (const auto& [nom, refus] : t.suites.nonVus)
+        nonVus.push_back({{"nom", utf8FromWide(nom)},
+                          {"manque", nombreJson(refus.manque)},
+                          {"raison", utf8FromWide(phraseRefus(refus))}});
     json["avertissements"] = t.avertissements;
     const auto fichier = [](const std::string& nom) {
         return nom.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(nom);

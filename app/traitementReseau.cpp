@@ -1,5 +1,6 @@
 #include "traitementReseau.h"
 
+#include <cmath>
 #include <filesystem>
 #include <iostream>
 
@@ -7,6 +8,7 @@
 #include "calculs/reseau/compensation.h"
 #include "calculs/reseau/placerReseau.h"
 #include "calculs/reseau/rapportReseau.h"
+#include "codification/regleCode.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
 #include "points/projetDansDessin.h"
@@ -73,6 +75,16 @@ const std::string& dessinAEcrire(const demandeReseau& demande)
     return demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
 }
 
+void verifierNombres(const demandeReseau& demande)
+{
+    if (demande.code && !codeValable(*demande.code))
+        throw erreurProgramme("--code : un code de 1 à 9999 est attendu.");
+    if (demande.echelle && !(std::isfinite(*demande.echelle) && *demande.echelle > 0.0))
+        throw erreurProgramme("--echelle : un agrandissement positif est attendu.");
+    if (!dessine(demande) && (demande.code || demande.echelle))
+        throw erreurProgramme("--code et --echelle vont avec --placer ou --ellipses.");
+}
+
 void verifierNoms(const demandeReseau& demande)
 {
     refuserMemeFichier(demande.rapport, demande.fichier);
@@ -108,10 +120,10 @@ void dessiner(const demandeReseau& demande, traitementReseau& t)
     if (demande.placer && !tablesPoints)
         throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
     placementReseau placement;
-    placement.code = codeDesStations(demande.code);
+    placement.code = codeDesStations(demande.code.value_or(0));
     placement.points = demande.placer;
     placement.ellipses = demande.ellipses;
-    t.pointsPlaces = placerReseau(t.r, t.resultat, figureDe(t.r, t.resultat, demande.echelle), placement);
+    t.pointsPlaces = placerReseau(t.r, t.resultat, figureDe(t.r, t.resultat, demande.echelle.value_or(0.0)), placement);
     if (demande.placer)
         t.table = utf8FromWide(tablesPoints->currTable()->getNomTable().GetString());
     t.dessin = dessinAEcrire(demande);
@@ -127,6 +139,7 @@ void traiterReseau(const demandeReseau& demande)
 {
     traitementReseau t;
     const optionsCompensation options = optionsDe(demande);
+    verifierNombres(demande);
     verifierNoms(demande);
     lire(demande, t);
     try {

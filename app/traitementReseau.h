@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,9 @@ struct demandeReseau {
     std::string rapport;
     std::string dessin;
     std::string enregistrer;
-    std::string robuste; ///< "huber", "tukey", or empty
-    int code = 100;
-    double echelle = 0.0; ///< of ellipses; 0: chosen
+    std::string robuste;           ///< "huber", "tukey", or empty
+    std::optional<int> code;       ///< of placed points
+    std::optional<double> echelle; ///< of ellipses; chosen without it
     bool libre = false;
     bool json = false;
     bool placer = false;

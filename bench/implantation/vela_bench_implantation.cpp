@@ -113,27 +113,29 @@ bool mesurer(int passes)
             voir(stations[p % stations.size()], points[p]);
     });
     std::printf("1000 sights, one a point: %.4f s (%zu cut)\n", chacun, caches);
+    std::vector<viseeEnPlan> visees;
+    for (const point3& p : points)
+        for (const point3& s : stations)
+            visees.push_back({s.plan(), p.plan()});
     const double tous = mediane(passes, rien, [&] {
         caches = 0;
-        for (const point3& s : stations)
-            for (const point3& p : points)
-                voir(s, p);
+        for (const std::size_t i : ordreDesVisees(visees))
+            voir(stations[i % stations.size()], points[i / stations.size()]);
     });
     std::printf("10000 sights, every point from every station: %.4f s (%zu cut)\n", tous, caches);
     const double plancher = mediane(passes, rien, [&] {
         sommets = 0;
         std::vector<solImplantation::polyligne> lignes;
-        for (const point3& s : stations)
-            for (const point3& p : points)
-                if (sol.profil(s.plan(), p.plan(), lignes))
-                    for (const auto& ligne : lignes)
-                        sommets += ligne.size();
+        for (const std::size_t i : ordreDesVisees(visees))
+            if (sol.profil(visees[i].station, visees[i].point, lignes))
+                for (const auto& ligne : lignes)
+                    sommets += ligne.size();
     });
     std::printf("their profiles alone: %.4f s, %zu vertices\n", plancher, sommets);
     tableauMesures tableau({1000}, "sight");
     tableau.rapport("sights against the profiles of their ground", tous, plancher, 3.0);
-    std::printf("1000 points within a second: %s\n", chacun <= 1.0 ? "yes" : "NO");
-    return tableau.tenu() && chacun <= 1.0;
+    std::printf("1000 points from 10 stations within a second: %s\n", tous <= 1.0 ? "yes" : "NO");
+    return tableau.tenu() && tous <= 1.0;
 }
 
 } // namespace

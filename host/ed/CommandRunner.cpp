@@ -11,6 +11,9 @@
 #include "rx/HostSession.h"
 #include "rx/ResbufPool.h"
 
+#include "adscodes.h"
+#include "dbads.h"
+
 /// A typed name without its prefixes.
 struct CommandRunner::TypedName {
     std::wstring name;
@@ -131,7 +134,7 @@ CommandOutcome CommandRunner::run(const std::wstring& typedName, CalledBy caller
 
 void CommandRunner::runInside(const Called& called, CalledBy caller, CommandOutcome& outcome)
 {
-    m_running.push_back({called.name, caller}); // before its frame: the group of its changes takes its name
+    m_running.push_back({called.name, caller, {}}); // before its frame: the group of its changes takes its name
     const CommandFrame frame(DocumentList::instance().current(), called.flags, called.name);
     for (CommandWatcher* const watcher : m_watchers)
         watcher->commandStarts(called.name, called.flags, m_running.size());
@@ -140,14 +143,30 @@ void CommandRunner::runInside(const Called& called, CalledBy caller, CommandOutc
         const ModuleTable::Running running(called.module);
         outcome.failure = called.body();
     } catch (...) {
-        outcome.failure = L"La commande « " + called.name + L" » a échoué : " + currentExceptionText() + L".";
+        fail(currentExceptionText());
     }
+    if (const std::wstring& told = m_running.back().failure; outcome.failure.empty() && !told.empty())
+        outcome.failure = L"La commande « " + called.name + L" » a échoué : " + told + L".";
     EditorReactors::instance().tell(
         outcome.failure.empty() ? &AcEditorReactor::commandEnded : &AcEditorReactor::commandFailed, called.name);
     reportLeftBehind(called, frame.leftBehind());
     for (CommandWatcher* const watcher : m_watchers)
         watcher->commandEnds(called.name, called.flags, m_running.size());
     m_running.pop_back();
+}
+
+void CommandRunner::fail(const std::wstring& reason)
+{
+    if (!isRunning())
+        return print(reason);
+    if (m_running.back().failure.empty())
+        m_running.back().failure = reason;
+}
+
+int acdbFail(const ACHAR* reason)
+{
+    CommandRunner::instance().fail(reason ? reason : L"");
+    return RTNORM;
 }
 
 void CommandRunner::reportLeftBehind(const Called& called, const std::wstring& left) const

@@ -54,6 +54,8 @@ public:
     bool isCalledByCode() const { return isRunning() && m_running.back().caller == CalledBy::code; }
     /// Global names of the commands under way, as CMDNAMES shows them: "LINE'ZOOM".
     std::wstring runningNames() const;
+    /// Makes the innermost command a failed one, for the first reason that it gives.
+    void fail(const std::wstring& reason);
 
     /// Tells which objects of the drawings are open, and closes them. Asked when the outermost command ends.
     using OpenObjects = std::function<std::vector<std::wstring>()>;
@@ -80,6 +82,7 @@ private:
     struct Running {
         std::wstring name;
         CalledBy caller;
+        std::wstring failure; ///< as the command itself told it
     };
     std::vector<Running> m_running;
     std::vector<CommandWatcher*> m_watchers;

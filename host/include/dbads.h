@@ -4,6 +4,10 @@
 #include "adsdef.h"
 #include "dbid.h"
 
+/// Tells the host that what was asked for could not be done, and why: the command that runs counts as failed once it
+/// ends, and a script stops there. Prints the reason where no command runs. @return RTNORM.
+int acdbFail(const ACHAR* reason);
+
 /// Entity names: object ids as the C-style interface carries them.
 
 /// eInvalidAdsName for a name that is no object's, eWasErased for an erased one; `id` then stays as it was.

@@ -47,15 +47,6 @@ void ecrireOuAvertir(const std::wstring& fichier, const std::string& octets)
         avertirErreur(L"Le fichier n'a pas pu être écrit :\n" + fichier);
 }
 
-std::wstring enumerer(const std::vector<std::wstring>& noms)
-{
-    constexpr std::size_t montres = 12;
-    std::wstring texte;
-    for (std::size_t i = 0; i < std::min(noms.size(), montres); ++i)
-        texte += (i == 0 ? L"" : L", ") + noms[i];
-    return noms.size() > montres ? texte + L"..." : texte;
-}
-
 } // namespace
 
 CDlgImplantationDirecte::CDlgImplantationDirecte(travailImplantation& leTravail) :
@@ -242,15 +233,12 @@ void CDlgImplantationDirecte::repartirPoints()
     const auto bilan = m_travail.repartirPoints(choisis(), dialogue.choix());
     rafraichir();
     std::vector<std::wstring> nonVus;
-    for (std::size_t i = 0; i < bilan.nonVus.size(); ++i) {
-        const double manque = bilan.manques[i];
-        nonVus.push_back(
-            m_travail.points[bilan.nonVus[i]].nom +
-            (manque == inconnu ? L" (hors de portée)" : L" (il manque " + depuisAnsi(nombreFixe(manque, 2)) + L")"));
-    }
+    for (const auto& [point, refus] : bilan.nonVus)
+        nonVus.push_back(m_travail.points[point].nom + L" (" + phraseRefus(refus) + L")");
     std::wstring phrase = bilan.sansTerrain ? L"Sans terrain : seule la distance compte. " : L"";
-    phrase += nonVus.empty() ? L"Tous les points ont une station."
-                             : std::to_wstring(nonVus.size()) + L" point(s) vus d'aucune station : " + enumerer(nonVus);
+    phrase += nonVus.empty()
+                  ? L"Tous les points ont une station."
+                  : std::to_wstring(nonVus.size()) + L" point(s) vus d'aucune station : " + enumererNoms(nonVus);
     dire(phrase);
 }
 
@@ -300,7 +288,8 @@ void CDlgImplantationDirecte::ecrireFichiers()
     const auto rang = static_cast<std::size_t>(std::clamp(filtre, 1, static_cast<int>(std::size(formesFichiers))) - 1);
     ecrireOuAvertir(*fichier, contenuFichier(m_travail, formesFichiers[rang], ecartes));
     if (!ecartes.empty())
-        afficherAvertissement(L"Fichiers", L"Sans place dans ce format, ou sans coordonnées : " + enumerer(ecartes));
+        afficherAvertissement(L"Fichiers",
+                              L"Sans place dans ce format, ou sans coordonnées : " + enumererNoms(ecartes));
 }
 
 bool CDlgImplantationDirecte::schematiser()

@@ -2,7 +2,7 @@
 
 #include "geometrie/axeDeCourbe.h"
 #include "implantation/pointsDuProjet.h"
-#include "implantation/terrainDuDessin.h"
+#include "points/altitudeDuSol.h"
 
 #include "aced.h"
 #include "dbads.h"
@@ -12,7 +12,7 @@ namespace {
 
 void ajouterLibre(travailImplantation& travail, point2 place, double z = inconnu)
 {
-    travail.ajouterPoint({travail.nomLibre(), place.x, place.y, z == inconnu ? altitudeDuTerrain(place) : z});
+    travail.ajouterPoint({travail.nomLibre(), place.x, place.y, z == inconnu ? altitudeDuSol(place.x, place.y) : z});
 }
 
 /// Ends of straights and arcs, each once.

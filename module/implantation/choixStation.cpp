@@ -3,7 +3,7 @@
 #include <set>
 
 #include "implantation/pointsDuProjet.h"
-#include "implantation/terrainDuDessin.h"
+#include "points/altitudeDuSol.h"
 #include "services/lettres.h"
 #include "services/selection.h"
 
@@ -87,7 +87,7 @@ std::optional<referenceChoisie> choisirReference(const lieuNomme& station)
 {
     const ads_point base{station.x, station.y, 0.0};
     ads_point place;
-    acedInitGet(0, L"Nord Designer ");
+    acedInitGet(RSG_OTHER, L"Nord Designer "); // another word ends the dialogue
     const int statut = acedGetPoint(base, L"\nReference [Nord / Designer] <Nord>:", place);
     if (statut == RTNORM)
         return referenceChoisie{{L"", place[0], place[1], inconnu}, miseEnStationPosition};
@@ -110,6 +110,10 @@ void mettreEnStation(travailImplantation& travail, const travailImplantation::po
     const auto reference = choisirReference(station);
     if (!reference)
         return;
+    if (memePlace(station, reference->lieu)) {
+        acutPrintf(L"\nLa r\u00e9f\u00e9rence est \u00e0 la place de la station : elle n'oriente rien");
+        return;
+    }
     travail.effacerApercu();
     const identifiantImplantation identifiant = travail.ajouterStation(station, reference->lieu, reference->genre);
     travail.affecter(choisis, identifiant);
@@ -127,7 +131,8 @@ void choisirMiseEnStation(travailImplantation& travail, travailImplantation::pos
     const int statut = acedGetPoint(nullptr, L"\nIndiquer la station ou [Restreindre/Designer/Proche/Annuler]", place);
     if (statut == RTNORM) {
         const point2 libre{place[0], place[1]};
-        return mettreEnStation(travail, choisis, {travail.nomDeStation(), libre.x, libre.y, altitudeDuTerrain(libre)});
+        return mettreEnStation(travail, choisis,
+                               {travail.nomDeStation(), libre.x, libre.y, altitudeDuSol(libre.x, libre.y)});
     }
     if (statut != RTKWORD)
         return;

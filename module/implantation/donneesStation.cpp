@@ -26,6 +26,12 @@ std::wstring nombreLarge(double valeur)
 
 } // namespace
 
+bool memePlace(const lieuNomme& a, const lieuNomme& b)
+{
+    constexpr double tolerance = 1e-4;
+    return std::abs(a.x - b.x) < tolerance && std::abs(a.y - b.y) < tolerance;
+}
+
 double enGrades(double radians)
 {
     return radians == inconnu ? inconnu : radians * 200.0 / std::numbers::pi;

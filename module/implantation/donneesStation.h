@@ -14,6 +14,9 @@ struct lieuNomme {
     point2 plan() const { return {x, y}; }
 };
 
+/// Whether two places are one, seen from above, as points of the tables are compared: within 1e-4.
+bool memePlace(const lieuNomme& a, const lieuNomme& b);
+
 /// A station setup as values: where the instrument stands, and what its zero is on.
 /// Angles in radians, shown in grades; bearings run clockwise from north. What depends on an unknown coordinate is
 /// unknown.
@@ -22,6 +25,7 @@ struct donneesStation {
     bool visee = false;  ///< zero on the reference; else at the orientation V0
     double v0 = 0.0;     ///< 0: the zero points north
     lieuNomme reference; ///< its name may be empty, its altitude unknown
+    int etiquette = 0;   ///< how many setups at the same place have their labels above its own
 };
 
 double enGrades(double radians);

@@ -1,6 +1,7 @@
 #include "implantation/implantationEnLigne.h"
 
 #include <algorithm>
+#include <map>
 
 #include "implantation/persistanceImplantation.h"
 #include "implantation/pointsDuProjet.h"
@@ -45,7 +46,7 @@ const listePointsDuDessin& tableDemandee(const demandeImplantation& demande)
 }
 
 /// The points asked for, but those that are stations: nobody stakes out the station he stands on.
-void prendrePoints(const demandeImplantation& demande, travailImplantation& travail)
+void prendrePoints(const demandeImplantation& demande, travailImplantation& travail, suitesImplantation& suites)
 {
     const listePointsDuDessin& table = tableDemandee(demande);
     const std::optional<nomsVoulus> voulus =
@@ -59,8 +60,12 @@ void prendrePoints(const demandeImplantation& demande, travailImplantation& trav
         const lieuNomme lieu = lieuDe(point);
         const bool voulu =
             (!voulus || voulus->contient(lieu.nom)) && (!demande.code || point.getCode() == *demande.code);
-        if (voulu && !estStation(lieu.nom))
+        if (!voulu)
+            continue;
+        if (!estStation(lieu.nom))
             travail.ajouterPoint(lieu);
+        else if (voulus)
+            suites.avertissements.push_back(L"Le point « " + lieu.nom + L" » est une station : il n'est pas implanté.");
     }
     if (travail.points.empty())
         throw refus{L"aucun point à implanter ne répond à la demande."};
@@ -79,6 +84,15 @@ void signalerAbsents(const demandeImplantation& demande, suitesImplantation& sui
     }
 }
 
+lieuNomme referenceExigee(const std::wstring& nom, const lieuNomme& station)
+{
+    lieuNomme reference = pointExige(nom);
+    if (memePlace(reference, station))
+        throw refus{L"la référence « " + nom + L" » est à la place de la station « " + station.nom +
+                    L" » : elle n'oriente rien."};
+    return reference;
+}
+
 void mettreEnStation(const demandeImplantation& demande, travailImplantation& travail)
 {
     std::vector<std::wstring> noms = demande.stations;
@@ -93,7 +107,8 @@ void mettreEnStation(const demandeImplantation& demande, travailImplantation& tr
         else if (demande.reference.empty())
             travail.stations.push_back(creerMiseEnStation(station, {}, miseEnStationNord));
         else
-            travail.stations.push_back(creerMiseEnStation(station, pointExige(demande.reference), miseEnStationPoint));
+            travail.stations.push_back(
+                creerMiseEnStation(station, referenceExigee(demande.reference, station), miseEnStationPoint));
     }
 }
 
@@ -106,8 +121,29 @@ void repartirOuAffecter(const demandeImplantation& demande, travailImplantation&
     if (bilan.sansTerrain && !demande.verifier)
         suites.avertissements.push_back(
             L"Sans modèle de terrain, les points sont répartis d'après les seules distances.");
-    for (std::size_t i = 0; i < bilan.nonVus.size(); ++i)
-        suites.nonVus.emplace_back(travail.points[bilan.nonVus[i]].nom, bilan.manques[i]);
+    for (const auto& [point, refus] : bilan.nonVus)
+        suites.nonVus.push_back({travail.points[point].nom, refus});
+}
+
+/// Sights that nobody knows, by why; one sentence each.
+void signalerNonVerifies(const travailImplantation& travail, suitesImplantation& suites)
+{
+    std::map<std::wstring, std::vector<std::wstring>> parCause;
+    for (const pointDuTravail& p : travail.points)
+        if (!p.verifie && !p.cause.empty())
+            parCause[p.cause].push_back(p.nom);
+    for (const auto& [cause, noms] : parCause)
+        suites.avertissements.push_back(L"Visibilité non vérifiée, " + cause + L" : " + enumererNoms(noms) + L".");
+}
+
+void verifierVisees(travailImplantation& travail, suitesImplantation& suites)
+{
+    if (!terrainDuDessin()) {
+        suites.avertissements.push_back(L"Aucun modèle de terrain dans ce dessin : la visibilité n'est pas vérifiée.");
+        return;
+    }
+    travail.verifierVisibilite(travail.toutes());
+    signalerNonVerifies(travail, suites);
 }
 
 void garder(travailImplantation& travail)
@@ -130,15 +166,11 @@ suitesImplantation implanterEnLigne(const demandeImplantation& demande)
         travail.hauteurStation = hauteurAdmise(demande.hauteur);
         travail.verifier = demande.verifier;
         mettreEnStation(demande, travail);
-        prendrePoints(demande, travail);
+        prendrePoints(demande, travail, suites);
         signalerAbsents(demande, suites);
         repartirOuAffecter(demande, travail, suites);
-        if (demande.verifier) {
-            if (!terrainDuDessin())
-                suites.avertissements.push_back(
-                    L"Aucun modèle de terrain dans ce dessin : la visibilité n'est pas vérifiée.");
-            travail.verifierVisibilite(travail.toutes());
-        }
+        if (demande.verifier)
+            verifierVisees(travail, suites);
         suites.resultat = travail.resultat();
         std::vector<std::wstring> aucun;
         suites.rapport = contenuFichier(travail, formeFichier::html, aucun);

@@ -30,9 +30,12 @@ struct suitesImplantation {
     std::wstring erreur; ///< empty when all was done
     std::vector<std::wstring> avertissements;
     resultatImplantation resultat;
-    std::vector<std::pair<std::wstring, double>>
-        nonVus;          ///< of a spreading, and what is missing; `inconnu` out of range
-    std::string rapport; ///< page in Windows-1252
+    struct pointNonVu {
+        std::wstring nom;
+        repartition::refus refus;
+    };
+    std::vector<pointNonVu> nonVus; ///< of a spreading
+    std::string rapport;            ///< page in Windows-1252
 };
 
 VELA_EXPORT suitesImplantation implanterEnLigne(const demandeImplantation& demande);

@@ -71,6 +71,7 @@ donneesStation observationMiseEnStationOrientee::donnees() const
     donneesStation d;
     d.station = lieu;
     d.v0 = V0;
+    d.etiquette = etiquette;
     return d;
 }
 
@@ -102,6 +103,7 @@ donneesStation observationMiseEnStationVisee::donnees() const
     d.station = lieu;
     d.visee = true;
     d.reference = reference.lieu;
+    d.etiquette = etiquette;
     return d;
 }
 

@@ -46,6 +46,7 @@ public:
     virtual ~observationMiseEnStation() = default;
 
     identifiantImplantation identifiant = nouvelIdentifiant();
+    int etiquette = 0; ///< see donneesStation
 
 protected:
     explicit observationMiseEnStation(const lieuNomme& station) : uneStationReference(station) {}

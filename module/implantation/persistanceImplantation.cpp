@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int formeEcrite = 1; // of the layout below
+constexpr int formeEcrite = 2; // of the layout below; 1 kept neither why a sight is not checked nor ground that lacks
 
 /// Writes items of three kinds: whole numbers, reals, texts.
 class ecriture {
@@ -118,16 +118,17 @@ void ecrirePoint(const pointDuTravail& p, int station, ecriture& e)
     e.entier(station);
     e.entier(p.verifie);
     e.reel(p.hauteurVisible);
+    e.texte(p.cause);
+    e.reel(p.sansSol);
     e.entier(p.pire.has_value());
     if (!p.pire)
         return;
-    e.texte(p.cause);
     const obstruction& o = *p.pire;
     for (const double valeur : {o.hauteur, o.depassement, o.distance, o.place.x, o.place.y, o.place.z})
         e.reel(valeur);
 }
 
-pointDuTravail lirePoint(const std::vector<std::unique_ptr<observationMiseEnStation>>& stations, lecture& l)
+pointDuTravail lirePoint(const std::vector<std::unique_ptr<observationMiseEnStation>>& stations, int forme, lecture& l)
 {
     pointDuTravail p;
     static_cast<lieuNomme&>(p) = l.lieu();
@@ -137,9 +138,14 @@ pointDuTravail lirePoint(const std::vector<std::unique_ptr<observationMiseEnStat
         p.station = stations[static_cast<std::size_t>(rang)]->identifiant;
     p.verifie = l.entier() != 0;
     p.hauteurVisible = l.reel();
+    if (forme > 1) {
+        p.cause = l.texte();
+        p.sansSol = l.reel();
+    }
     if (l.entier() == 0)
         return p;
-    p.cause = l.texte();
+    if (forme == 1)
+        p.cause = l.texte();
     obstruction o;
     for (double* const valeur : {&o.hauteur, &o.depassement, &o.distance, &o.place.x, &o.place.y, &o.place.z})
         *valeur = l.reel();
@@ -184,14 +190,15 @@ void lireOptions(lu& t, lecture& l)
 bool lire(const resbuf* chaine, travailImplantation& travail)
 {
     lecture l(chaine);
-    if (l.entier() != formeEcrite)
+    const int forme = l.entier();
+    if (forme < 1 || forme > formeEcrite)
         return false;
     lu tout;
     lireOptions(tout, l);
     for (std::size_t n = l.nombre(); n > 0 && l.bon(); --n)
         tout.stations.push_back(lireStation(l));
     for (std::size_t n = l.nombre(); n > 0 && l.bon(); --n)
-        tout.points.push_back(lirePoint(tout.stations, l));
+        tout.points.push_back(lirePoint(tout.stations, forme, l));
     if (!l.bon() || !l.fini())
         return false;
     travail.options = tout.options;

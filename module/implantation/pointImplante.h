@@ -14,7 +14,8 @@ struct pointImplante : lieuNomme {
     bool verifie = false;                               ///< whether its sight was checked
     double hauteurVisible = inconnu; ///< by how much the worst obstruction rises above the sight; 0 when none does
     std::optional<obstruction> pire; ///< that obstruction
-    std::wstring cause;              ///< what it is: "le terrain", "un obstacle..."
+    std::wstring cause;              ///< what it is: "le terrain", "un obstacle..."; not checked: why, when known
+    double sansSol = 0.0;            ///< length of the sight under which there is no ground
 };
 
 enum class etatVisibilite { nonVerifie, visible, nonVisible };

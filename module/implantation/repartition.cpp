@@ -4,25 +4,7 @@
 
 namespace {
 
-/// Stations within range of each point, the nearest first.
-using candidates = std::vector<std::vector<std::size_t>>;
-
-candidates aPortee(std::size_t points, std::size_t stations, double portee,
-                   const std::function<double(std::size_t, std::size_t)>& distance)
-{
-    candidates listes(points);
-    std::vector<std::pair<double, std::size_t>> tri;
-    for (std::size_t p = 0; p < points; ++p) {
-        tri.clear();
-        for (std::size_t s = 0; s < stations; ++s)
-            if (const double d = distance(p, s); d != inconnu && d <= portee)
-                tri.emplace_back(d, s);
-        std::ranges::sort(tri);
-        for (const auto& proche : tri)
-            listes[p].push_back(proche.second);
-    }
-    return listes;
-}
+using candidates = std::vector<std::vector<std::size_t>>; // stations of each point, the nearest first
 
 /// Gives points to stations that have room; a point may push another one on to a further station.
 class affectation {
@@ -98,34 +80,85 @@ std::vector<std::size_t> equilibrer(const candidates& vues, std::size_t stations
     return tenter(bas);
 }
 
+/// The spreading while it is made: for each point the stations in range, then those that see it.
+class tri {
+public:
+    tri(std::size_t points, std::size_t stations, double portee,
+        const std::function<double(std::size_t, std::size_t)>& distance) :
+        m_proches(points),
+        m_vues(points),
+        m_refusees(points)
+    {
+        std::vector<std::pair<double, std::size_t>> parDistance;
+        for (std::size_t p = 0; p < points; ++p) {
+            parDistance.clear();
+            for (std::size_t s = 0; s < stations; ++s)
+                if (const double d = distance(p, s); d == 0.0)
+                    refuser(p, {false, refusStation::memeLieu, inconnu});
+                else if (d != inconnu && d <= portee)
+                    parDistance.emplace_back(d, s);
+            std::ranges::sort(parDistance);
+            for (const auto& proche : parDistance)
+                m_proches[p].push_back(proche.second);
+        }
+    }
+
+    /// The pairs to look at next: of every point without station so far its next one, or all of them at once.
+    std::vector<paireRepartition> aVoir(std::size_t tour, bool toutes) const
+    {
+        std::vector<paireRepartition> paires;
+        for (std::size_t p = 0; p < m_proches.size(); ++p) {
+            if (!m_vues[p].empty())
+                continue;
+            const std::size_t fin = toutes ? m_proches[p].size() : std::min(tour + 1, m_proches[p].size());
+            for (std::size_t s = tour; s < fin; ++s)
+                paires.push_back({p, m_proches[p][s]});
+        }
+        return paires;
+    }
+    void noter(const std::vector<paireRepartition>& paires, const std::vector<vueDuPoint>& vues)
+    {
+        for (std::size_t i = 0; i < paires.size(); ++i) {
+            if (vues[i].vu)
+                m_vues[paires[i].point].push_back(paires[i].station);
+            else
+                refuser(paires[i].point, vues[i]);
+        }
+    }
+    const candidates& vues() const { return m_vues; }
+    const std::vector<repartition::refus>& refusees() const { return m_refusees; }
+
+private:
+    void refuser(std::size_t point, const vueDuPoint& vue)
+    {
+        repartition::refus& r = m_refusees[point];
+        r.pourquoi = std::max(r.pourquoi, vue.refus);
+        r.manque = std::min(r.manque, vue.manque);
+    }
+
+    candidates m_proches, m_vues;
+    std::vector<repartition::refus> m_refusees;
+};
+
 } // namespace
 
 repartition repartir(std::size_t points, std::size_t stations, const choixRepartition& choix,
                      const std::function<double(std::size_t, std::size_t)>& distance,
-                     const std::function<vueDuPoint(std::size_t, std::size_t)>& voir)
+                     const std::function<std::vector<vueDuPoint>(const std::vector<paireRepartition>&)>& voir)
 {
-    const candidates proches = aPortee(points, stations, choix.portee, distance);
-    candidates vues(points);
-    repartition r;
-    r.stations.assign(points, repartition::aucune);
-    r.manques.assign(points, inconnu);
-    for (std::size_t p = 0; p < points; ++p) {
-        for (const std::size_t s : proches[p]) {
-            const vueDuPoint vue = voir(p, s);
-            if (!vue.vu) {
-                r.manques[p] = std::min(r.manques[p], vue.manque);
-                continue;
-            }
-            vues[p].push_back(s);
-            if (!choix.equilibree)
-                break;
-        }
-        if (!vues[p].empty()) {
-            r.stations[p] = vues[p].front();
-            r.manques[p] = inconnu;
-        }
+    tri t(points, stations, choix.portee, distance);
+    const std::size_t tours = choix.equilibree ? std::min<std::size_t>(stations, 1) : stations;
+    for (std::size_t tour = 0; tour < tours; ++tour) {
+        const std::vector<paireRepartition> paires = t.aVoir(tour, choix.equilibree);
+        t.noter(paires, voir(paires));
     }
-    if (choix.equilibree && points > 0)
-        r.stations = equilibrer(vues, stations);
+    repartition r;
+    r.refusees = t.refusees();
+    if (choix.equilibree && points > 0) {
+        r.stations = equilibrer(t.vues(), stations);
+    } else {
+        for (const auto& vues : t.vues())
+            r.stations.push_back(vues.empty() ? repartition::aucune : vues.front());
+    }
     return r;
 }

@@ -1,5 +1,7 @@
 #include "implantation/resultatImplantation.h"
 
+#include <algorithm>
+
 #include "services/codages.h"
 #include "services/nombreFixe.h"
 
@@ -13,15 +15,50 @@ double distanceSuivantPente(const donneesStation& station, const pointImplante& 
     return hypot(grandeur(distanceVers(station, point.x, point.y)), deniveleeVers(station, point)).valeur();
 }
 
+namespace {
+
+std::wstring metres(double valeur)
+{
+    return depuisAnsi(nombreFixe(valeur, 2));
+}
+
+} // namespace
+
 std::wstring phraseVisibilite(const pointImplante& point, double hauteurMin)
 {
+    constexpr double negligeable = 0.005; // nothing that two decimals would show
     const etatVisibilite etat = etatDe(point, hauteurMin);
     if (etat == etatVisibilite::nonVerifie)
-        return L"non vérifié";
+        return L"non vérifié" + (point.cause.empty() ? L"" : L" : " + point.cause);
+    const std::wstring reserve =
+        point.sansSol > negligeable ? L" (terrain inconnu sur " + metres(point.sansSol) + L" de la visée)" : L"";
     if (!point.pire)
-        return L"vu";
-    const auto metres = [](double valeur) { return depuisAnsi(nombreFixe(valeur, 2)); };
+        return L"vu" + reserve;
     return (etat == etatVisibilite::visible ? L"vu malgré " : L"caché par ") + point.cause + L" : " +
            metres(point.pire->depassement) + L" au-dessus de la visée, à " + metres(point.pire->distance) +
-           L" de la station";
+           L" de la station" + reserve;
+}
+
+std::wstring enumererNoms(const std::vector<std::wstring>& noms)
+{
+    constexpr std::size_t montres = 12;
+    std::wstring texte;
+    for (std::size_t i = 0; i < std::min(noms.size(), montres); ++i)
+        texte += (i == 0 ? L"" : L", ") + noms[i];
+    return noms.size() > montres ? texte + L"..." : texte;
+}
+
+std::wstring phraseRefus(const repartition::refus& refus)
+{
+    switch (refus.pourquoi) {
+    case refusStation::memeLieu:
+        return L"seule une station est à portée, et elle est à sa place";
+    case refusStation::sansSol:
+        return L"hors du terrain";
+    case refusStation::obstruee:
+        return L"il manque " + metres(refus.manque);
+    case refusStation::horsDePortee:
+        break;
+    }
+    return L"hors de portée";
 }

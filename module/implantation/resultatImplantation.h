@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "implantation/pointImplante.h"
+#include "implantation/repartition.h"
 
 /// A job as values, for its reports, drawings and files.
 
@@ -24,5 +25,9 @@ struct resultatImplantation {
 double deniveleeVers(const donneesStation& station, const pointImplante& point);
 double distanceSuivantPente(const donneesStation& station, const pointImplante& point);
 
-/// Sentence on a sight: "vu", "caché par ... : il dépasse de 0.35 m à 12.40 m de la station"; "non vérifié".
+/// Sentence on a sight: "vu", "caché par ... : 0.35 au-dessus de la visée, à 12.40 de la station"; "non vérifié".
 std::wstring phraseVisibilite(const pointImplante& point, double hauteurMin);
+/// "A, B, C"; of many the first dozen.
+std::wstring enumererNoms(const std::vector<std::wstring>& noms);
+/// Why no station serves a point: "hors de portée", "il manque 0.35"...
+std::wstring phraseRefus(const repartition::refus& refus);

@@ -1,52 +1,17 @@
 #include "implantation/terrainDuDessin.h"
 
-#include "points/terrainVoisin.h"
-
-#include "windows.h"
+#include "points/altitudeDuSol.h"
 
 namespace {
 
-/// Looked up once, and kept as long as the terrain module is the one it was.
-struct fonctionsTerrain {
-    HMODULE module = nullptr;
-    fonctionCurrDwgData currDwgData = nullptr;
-    fonctionCalcZPoint calcZPoint = nullptr;
-    fonctionTinExtractPath tinExtractPath = nullptr;
-
-    bool entieres() const { return currDwgData && calcZPoint && tinExtractPath; }
-};
-
-template <typename Fonction>
-void chercher(HMODULE module, const char* nom, Fonction& fonction)
-{
-    // By way of the one function type that converts to any other without a warning.
-    fonction = reinterpret_cast<Fonction>(reinterpret_cast<void (*)()>(GetProcAddress(module, nom)));
-}
-
-const fonctionsTerrain& fonctionsDuVoisin()
-{
-    static fonctionsTerrain f;
-    const HMODULE module = GetModuleHandleW(moduleTerrain);
-    if (module == f.module)
-        return f;
-    f = {};
-    if (!module)
-        return f;
-    f.module = module;
-    chercher(module, "currDwgData", f.currDwgData);
-    chercher(module, "calcZPoint", f.calcZPoint);
-    chercher(module, "tinExtractPath", f.tinExtractPath);
-    return f;
-}
-
 class solDuVoisin final : public solImplantation {
 public:
-    solDuVoisin(const fonctionsTerrain& fonctions, terrain* modele) : m_fonctions(fonctions), m_modele(modele) {}
+    explicit solDuVoisin(const solCourant& sol) : m_sol(sol) {}
 
     bool altitude(point2 place, double& z) const override
     {
         AcGePoint3d point(place.x, place.y, 0.0);
-        if (!m_fonctions.calcZPoint(m_modele, point))
+        if (!m_sol.calcZPoint(m_sol.modele, point))
             return false;
         z = point.z;
         return true;
@@ -55,7 +20,7 @@ public:
     {
         lignes.clear();
         m_profil.clear();
-        if (!m_fonctions.tinExtractPath(m_modele, {de.x, de.y, 0.0}, {vers.x, vers.y, 0.0}, m_profil))
+        if (!m_sol.tinExtractPath(m_sol.modele, {de.x, de.y, 0.0}, {vers.x, vers.y, 0.0}, m_profil))
             return false;
         for (const auto& ligne : m_profil) {
             auto& lue = lignes.emplace_back();
@@ -67,8 +32,7 @@ public:
     }
 
 private:
-    fonctionsTerrain m_fonctions;
-    terrain* m_modele;
+    solCourant m_sol;
     mutable profilTerrain m_profil; // filled anew at each sight
 };
 
@@ -76,20 +40,6 @@ private:
 
 std::unique_ptr<const solImplantation> terrainDuDessin()
 {
-    const fonctionsTerrain& f = fonctionsDuVoisin();
-    donneesTerrain* const donnees = f.entieres() ? f.currDwgData() : nullptr;
-    if (!donnees || donnees->modeles.empty())
-        return nullptr;
-    if (donnees->courant < 0 || donnees->courant >= static_cast<int>(donnees->modeles.size()))
-        donnees->courant = 0;
-    terrain* const modele = donnees->modeles[static_cast<std::size_t>(donnees->courant)];
-    return modele ? std::make_unique<solDuVoisin>(f, modele) : nullptr;
-}
-
-double altitudeDuTerrain(point2 place)
-{
-    double z = inconnu;
-    if (const auto sol = terrainDuDessin(); sol && place.x != inconnu && place.y != inconnu)
-        sol->altitude(place, z);
-    return z;
+    const auto sol = solDuDessin();
+    return sol ? std::make_unique<solDuVoisin>(*sol) : nullptr;
 }

@@ -7,6 +7,3 @@
 /// The ground of the current drawing: the current model of the family's terrain module, when the host has loaded it.
 /// @return null without that module, one of its functions, or a model
 std::unique_ptr<const solImplantation> terrainDuDessin();
-
-/// Altitude of that ground; `inconnu` where there is none.
-double altitudeDuTerrain(point2 place);

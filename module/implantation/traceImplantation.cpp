@@ -114,7 +114,9 @@ dessinPlan traceStation(const donneesStation& s, unsigned masque, const reglages
     if ((masque & masqueNumero) == 0)
         return dessin;
     point2 ligne = place + point2{reglages.tailleStations, -reglages.tailleStations};
-    for (const std::wstring& texte : lignesStation(s)) {
+    const std::vector<std::wstring> lignes = lignesStation(s);
+    ligne.y -= s.etiquette * static_cast<double>(lignes.size()) * interligne * reglages.tailleTextes;
+    for (const std::wstring& texte : lignes) {
         dessin.textes.push_back({ligne, texte, reglages.tailleTextes, reglages.station});
         ligne.y -= interligne * reglages.tailleTextes;
     }

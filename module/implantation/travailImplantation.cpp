@@ -10,11 +10,17 @@
 
 namespace {
 
-constexpr double memePlace = 1e-4; // as points of the tables are compared
-
 bool memePoint(const lieuNomme& a, const lieuNomme& b)
 {
-    return a.nom == b.nom && std::abs(a.x - b.x) < memePlace && std::abs(a.y - b.y) < memePlace;
+    return a.nom == b.nom && memePlace(a, b);
+}
+
+/// Labels of setups at one place stand below one another.
+void rangerEtiquettes(const std::vector<std::unique_ptr<observationMiseEnStation>>& stations)
+{
+    for (auto s = stations.begin(); s != stations.end(); ++s)
+        (*s)->etiquette = static_cast<int>(
+            std::count_if(stations.begin(), s, [&](const auto& avant) { return memePlace(avant->lieu, (*s)->lieu); }));
 }
 
 /// Obstacles of the job as sights meet them.
@@ -43,6 +49,7 @@ void oublierVue(pointImplante& point)
     point.hauteurVisible = inconnu;
     point.pire.reset();
     point.cause.clear();
+    point.sansSol = 0.0;
 }
 
 /// What one pass over many sights holds on to.
@@ -57,18 +64,24 @@ public:
     {
     }
 
-    /// @param station with a known altitude
     void verifier(const lieuNomme& station, pointImplante& point) const
     {
         oublierVue(point);
-        if (!completerAltitude(m_sol, point))
+        const bool stationConnue = station.z != inconnu;
+        const auto coupe = stationConnue && completerAltitude(m_sol, point)
+                               ? couper(m_sol, m_plan, place(station), place(point), m_hauteur)
+                               : std::nullopt;
+        if (!coupe) {
+            point.cause = !stationConnue                   ? L"la station est hors du terrain"
+                          : point.z == inconnu             ? L"le point est hors du terrain"
+                          : station.plan() == point.plan() ? L"le point est sous la station"
+                                                           : L"la vis\u00e9e est hors du terrain";
             return;
-        const auto coupe = couper(m_sol, m_plan, place(station), place(point), m_hauteur);
-        if (!coupe)
-            return;
+        }
         point.pire = pireObstruction(*coupe);
         point.verifie = true;
         point.hauteurVisible = point.pire ? point.pire->hauteur : 0.0;
+        point.sansSol = coupe->sansSol();
         if (point.pire)
             point.cause = point.pire->obstacle == leSol ? L"le terrain" : m_obstacles[point.pire->obstacle]->nom();
     }
@@ -137,6 +150,7 @@ identifiantImplantation travailImplantation::ajouterStation(const lieuNomme& lie
     if (!creee)
         return aucunIdentifiant;
     stations.push_back(std::move(creee));
+    rangerEtiquettes(stations);
     if (options.stations)
         stations.back()->draw(masqueDe(options));
     return stations.back()->identifiant;
@@ -176,13 +190,19 @@ void travailImplantation::verifierVisibilite(const positions& choisis)
     if (!sol)
         return;
     const passe p(*sol, obstacles, hauteurStation);
+    std::vector<viseeEnPlan> visees;
+    std::vector<std::pair<observationMiseEnStation*, pointImplante*>> paires;
     for (const std::size_t i : choisis) {
         observationMiseEnStation* const s = station(points[i].station);
-        if (!s || !completerAltitude(*sol, s->lieu))
+        if (!s)
             continue;
-        if (verifier)
-            p.verifier(s->lieu, points[i]);
+        completerAltitude(*sol, s->lieu);
+        visees.push_back({s->lieu.plan(), points[i].plan()});
+        paires.emplace_back(s, &points[i]);
     }
+    if (verifier)
+        for (const std::size_t i : ordreDesVisees(visees))
+            p.verifier(paires[i].first->lieu, *paires[i].second);
 }
 
 std::optional<coupeVisee> travailImplantation::coupeDe(const pointImplante& point) const
@@ -210,24 +230,28 @@ travailImplantation::bilanRepartition travailImplantation::repartirPoints(const 
         const lieuNomme& lieu = points[choisis[point]];
         return distanceVers(stations[s]->donnees(), lieu.x, lieu.y);
     };
-    const auto voir = [&](std::size_t point, std::size_t s) {
-        if (!p)
-            return vueDuPoint{true, inconnu};
-        pointImplante essai = points[choisis[point]];
-        if (stations[s]->lieu.z != inconnu)
-            p->verifier(stations[s]->lieu, essai);
-        const double seuil = reglagesDuProcessus().hauteur;
-        const bool vu = etatDe(essai, seuil) == etatVisibilite::visible;
-        return vueDuPoint{vu, essai.verifie && !vu ? essai.hauteurVisible - seuil : inconnu};
+    const double seuil = reglagesDuProcessus().hauteur;
+    const auto voir = [&](const std::vector<paireRepartition>& paires) {
+        std::vector<vueDuPoint> vues(paires.size(), {true});
+        std::vector<viseeEnPlan> visees;
+        for (const auto& [point, s] : paires)
+            visees.push_back({stations[s]->lieu.plan(), points[choisis[point]].plan()});
+        if (p)
+            for (const std::size_t i : ordreDesVisees(visees)) {
+                pointImplante essai = points[choisis[paires[i].point]];
+                p->verifier(stations[paires[i].station]->lieu, essai);
+                vues[i].vu = etatDe(essai, seuil) == etatVisibilite::visible;
+                if (essai.verifie && !vues[i].vu)
+                    vues[i] = {false, refusStation::obstruee, essai.hauteurVisible - seuil};
+            }
+        return vues;
     };
     const repartition r = repartir(choisis.size(), stations.size(), choix, distance, voir);
     for (std::size_t i = 0; i < choisis.size(); ++i) {
         const bool vu = r.stations[i] != repartition::aucune;
         affecter({choisis[i]}, vu ? stations[r.stations[i]]->identifiant : aucunIdentifiant);
-        if (vu)
-            continue;
-        bilan.nonVus.push_back(choisis[i]);
-        bilan.manques.push_back(r.manques[i]);
+        if (!vu)
+            bilan.nonVus.push_back({choisis[i], r.refusees[i]});
     }
     verifierVisibilite(choisis);
     return bilan;
@@ -240,6 +264,7 @@ resultatImplantation travailImplantation::resultat() const
     r.hauteurMin = reglagesDuProcessus().hauteur;
     r.hauteurStation = hauteurStation;
     std::unordered_map<identifiantImplantation, std::size_t> rangs;
+    rangerEtiquettes(stations);
     for (const auto& s : stations) {
         rangs[s->identifiant] = r.blocs.size();
         r.blocs.push_back({s->donnees(), {}});
@@ -254,6 +279,7 @@ resultatImplantation travailImplantation::resultat() const
 
 void travailImplantation::dessinerStations()
 {
+    rangerEtiquettes(stations);
     for (const auto& s : stations) {
         if (options.stations)
             s->draw(masqueDe(options));

@@ -57,8 +57,11 @@ public:
 
     struct bilanRepartition {
         bool sansTerrain = false; ///< no ground: all within range is taken as seen
-        positions nonVus;
-        std::vector<double> manques; ///< of these, see repartition
+        struct pointNonVu {
+            std::size_t point;
+            repartition::refus refus;
+        };
+        std::vector<pointNonVu> nonVus;
     };
     /// Spreads points over all setups; those that no station sees keep none.
     bilanRepartition repartirPoints(const positions& choisis, const choixRepartition& choix);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <tuple>
 
 namespace {
 
@@ -49,6 +51,28 @@ double hauteurAuDessus(point2 debut, point2 fin, point2 place)
     return distanceALaDroite(debut - origine, fin - origine, place - origine);
 }
 
+double coupeVisee::sansSol() const
+{
+    double reste = fin.x;
+    for (const auto& ligne : sol)
+        reste -= ligne.back().distance - ligne.front().distance;
+    return std::max(reste, 0.0);
+}
+
+std::vector<std::size_t> ordreDesVisees(const std::vector<viseeEnPlan>& visees)
+{
+    std::vector<double> directions;
+    directions.reserve(visees.size());
+    for (const viseeEnPlan& v : visees)
+        directions.push_back(std::atan2(v.point.y - v.station.y, v.point.x - v.station.x));
+    std::vector<std::size_t> ordre(visees.size());
+    std::iota(ordre.begin(), ordre.end(), std::size_t{0});
+    std::ranges::sort(ordre, {}, [&](std::size_t i) {
+        return std::tuple(visees[i].station.x, visees[i].station.y, directions[i], i);
+    });
+    return ordre;
+}
+
 std::optional<coupeVisee> couper(const solImplantation& sol, const obstaclesPlan& obstacles, point3 station,
                                  point3 point, double hauteur)
 {
@@ -64,7 +88,7 @@ std::optional<coupeVisee> couper(const solImplantation& sol, const obstaclesPlan
         auto& vue = coupe.sol.emplace_back();
         vue.reserve(ligne.size());
         for (const point3& p : ligne)
-            vue.push_back({norme(p.plan() - station.plan()), p});
+            vue.push_back({std::sqrt(carreDistance(p.plan(), station.plan())), p}); // half the time of a hypot
     }
     obstacles.croiser(station.plan(), point.plan(), [&](double part, std::size_t obstacle) {
         const point2 place = station.plan() + (point.plan() - station.plan()) * part;

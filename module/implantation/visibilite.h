@@ -47,7 +47,20 @@ struct coupeVisee {
     point2 debut, fin; ///< of the line of sight: distance, height
     std::vector<std::vector<sommet>> sol;
     std::vector<traversee> obstacles;
+
+    /// Length of the sight under which there is no ground.
+    double sansSol() const;
 };
+
+/// A sight, seen from above.
+struct viseeEnPlan {
+    point2 station, point;
+};
+
+/// An order in which each sight runs near the one before it: station by station, round the horizon. Over a large ground
+/// sights wait for memory more than for anything else, and this way most of it is still at hand: over a million
+/// triangles they take half the time (bench/implantation).
+std::vector<std::size_t> ordreDesVisees(const std::vector<viseeEnPlan>& visees);
 
 /// By how much a place at that distance and height rises above the infinite line through two points, square to it; 0
 /// for one that is on it or below. `debut` lies left of `fin`, or both are one place, which nothing rises above.

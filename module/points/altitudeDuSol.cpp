@@ -1,42 +1,61 @@
 #include "points/altitudeDuSol.h"
 
-#include "points/terrainVoisin.h"
 #include "services/grandeur.h"
 
 #include "windows.h"
 
 namespace {
 
+/// Looked up once, and kept as long as the terrain module is the one it was.
+struct fonctionsTerrain {
+    HMODULE module = nullptr;
+    fonctionCurrDwgData currDwgData = nullptr;
+    fonctionCalcZPoint calcZPoint = nullptr;
+    fonctionTinExtractPath tinExtractPath = nullptr;
+
+    bool entieres() const { return currDwgData && calcZPoint && tinExtractPath; }
+};
+
 template <typename Fonction>
-Fonction fonctionDuTerrain(const char* nom)
+void chercher(HMODULE module, const char* nom, Fonction& fonction)
 {
-    const HMODULE module = GetModuleHandleW(moduleTerrain);
     // By way of the one function type that converts to any other without a warning.
-    return module ? reinterpret_cast<Fonction>(reinterpret_cast<void (*)()>(GetProcAddress(module, nom))) : nullptr;
+    fonction = reinterpret_cast<Fonction>(reinterpret_cast<void (*)()>(GetProcAddress(module, nom)));
 }
 
-/// Asked for at each use: the terrain module may come and go.
-terrain* modeleCourant()
+const fonctionsTerrain& fonctionsDuVoisin()
 {
-    const auto donneesCourantes = fonctionDuTerrain<fonctionCurrDwgData>("currDwgData");
-    const donneesTerrain* const donnees = donneesCourantes ? donneesCourantes() : nullptr;
-    if (!donnees || donnees->modeles.empty())
-        return nullptr;
-    const auto rang = static_cast<std::size_t>(donnees->courant);
-    return rang < donnees->modeles.size() ? donnees->modeles[rang] : donnees->modeles.front();
+    static fonctionsTerrain f;
+    const HMODULE module = GetModuleHandleW(moduleTerrain);
+    if (module == f.module)
+        return f;
+    f = {};
+    if (!module)
+        return f;
+    f.module = module;
+    chercher(module, "currDwgData", f.currDwgData);
+    chercher(module, "calcZPoint", f.calcZPoint);
+    chercher(module, "tinExtractPath", f.tinExtractPath);
+    return f;
 }
 
 } // namespace
 
-bool solPresent()
+std::optional<solCourant> solDuDessin()
 {
-    return modeleCourant() && fonctionDuTerrain<fonctionCalcZPoint>("calcZPoint");
+    const fonctionsTerrain& f = fonctionsDuVoisin();
+    donneesTerrain* const donnees = f.entieres() ? f.currDwgData() : nullptr;
+    if (!donnees || donnees->modeles.empty())
+        return std::nullopt;
+    if (donnees->courant < 0 || donnees->courant >= static_cast<int>(donnees->modeles.size()))
+        donnees->courant = 0;
+    terrain* const modele = donnees->modeles[static_cast<std::size_t>(donnees->courant)];
+    return modele ? std::optional(solCourant{modele, f.calcZPoint, f.tinExtractPath}) : std::nullopt;
 }
 
 double altitudeDuSol(double x, double y)
 {
-    terrain* const sol = modeleCourant();
-    const auto altitude = fonctionDuTerrain<fonctionCalcZPoint>("calcZPoint");
+    const auto sol = x != inconnu && y != inconnu ? solDuDessin() : std::nullopt;
     AcGePoint3d place(x, y, 0.0);
-    return sol && altitude && altitude(sol, place) ? place.z : inconnu;
+    return sol && sol->calcZPoint(sol->modele, place) ? place.z : inconnu;
 }

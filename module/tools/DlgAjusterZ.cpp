@@ -112,7 +112,7 @@ std::vector<double> DlgAjusterZ::altitudes(const std::vector<pointNomme>& points
                    ? altitudesVoisines(points, cotesDuDessin(), valeur)
                    : std::vector<double>();
     default:
-        if (solPresent())
+        if (solDuDessin())
             return altitudesDuSol(points);
         avertirErreur(L"Le dessin n'a pas de modèle de terrain.");
         return {};

@@ -11,6 +11,7 @@
 #include "aced.h"
 #include "acutads.h"
 #include "acutmem.h"
+#include "dbads.h"
 #include "recolteTerrain.h"
 #include "terrainsOuverts.h"
 
@@ -104,5 +105,6 @@ void commandeMntScript()
         L"\nPoints, textes et lignes de rupture, ou Entr\u00e9e pour les points de la table courante :", L"*");
     if (sources.objets.empty() && tablesPoints)
         sources.tables.emplace_back(tablesPoints->currTable()->getNomTable().GetString());
-    creerModele(*nom, sources);
+    if (creerModele(*nom, sources).isNull())
+        acdbFail((L"le mod\u00e8le de terrain \u00ab " + *nom + L" \u00bb n'est pas fait").c_str());
 }

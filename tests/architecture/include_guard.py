@@ -49,7 +49,7 @@ RULES = (
     (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
     # Of other people's libraries they see two, each in one place: Eigen orders matrices, Expat reads XML.
-    (r"module/calculs", r"matriceNormale|lectureGkf", (OWN, "std", "posix", "expat", "module/services")),
+    (r"module/calculs", r"matriceNormale|lecteurXml", (OWN, "std", "posix", "expat", "module/services")),
     (r"module/geometrie", r"(?!axeDeCourbe|axeEnregistre).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),

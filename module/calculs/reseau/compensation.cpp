@@ -250,6 +250,8 @@ void soupconner(calcul& k, systemeReseau& s, const coordonneesReseau& trouvees, 
 {
     constexpr double foisGrossier = 4.0;
     constexpr int pas = 25;
+    if (estConnue(k.resultat.s0) && k.resultat.s0 < k.resultat.s0Bas)
+        return; // better than announced as a whole: what stands out among such residuals is noise
     const bool ordinaire = k.options.methode == estimateur::moindresCarres;
     if (ordinaire && k.resultat.s0 <= foisGrossier * k.r.sigma)
         return chercherSuspects(k.r, s, trouvees, k.resultat); // the system stands there, inverted

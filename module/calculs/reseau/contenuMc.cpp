@@ -110,7 +110,8 @@ std::string contenuMc(const reseau& r)
     std::string texte = "* " + versAnsi(L"Réseau à compenser par moindres carrés") + "\n";
     if (!r.titre.empty())
         texte += "Titre: " + cite(r.titre) + "\n";
-    texte += "Angles: grades\nSigma: " + court(r.sigma) + "\nConfiance: " + court(r.confiance) + "\n";
+    texte += "Angles: grades\nSigma: " + court(r.sigma) + (r.ecartsAPriori ? " apriori" : "") +
+             "\nConfiance: " + court(r.confiance) + "\n";
     texte += versAnsi(L"* Écarts-types sans « e= » : angles en dmgr, longueurs en mm (et mm par km)") + "\n";
     ecrirePrecisions(r.precisions, texte);
     texte += contenuFormules(r.formules);

@@ -1,7 +1,10 @@
 #include "calculs/reseau/defautsReseau.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <iterator>
+#include <optional>
 #include <set>
 
 #include "calculs/reseau/resultatReseau.h"
@@ -12,7 +15,7 @@ constexpr double partNulle = 1e-6;
 
 /// The move of one free vector, by point.
 struct mouvement {
-    std::vector<int> points; ///< those that move
+    std::vector<int> points; ///< those that move, in order
     std::vector<double> dx, dy, dz;
     bool plan = false, altitude = false;
 };
@@ -44,49 +47,157 @@ mouvement mouvementDe(const reseau& r, const systemeReseau& s, const std::vector
     return m;
 }
 
-/// Several points that move as one: d = t + s·p + w·(turned p). What the move is, in words.
-std::wstring natureEnPlan(const mouvement& m, const coordonneesReseau& c)
+/// Moves that share points, and the points of all of them.
+struct groupeFlottant {
+    std::vector<mouvement> mouvements;
+    std::vector<int> points;
+    bool plan = false, altitude = false;
+};
+
+std::vector<groupeFlottant> regrouper(std::vector<mouvement> mouvements)
 {
-    const double n = static_cast<double>(m.points.size());
-    double mx = 0.0, my = 0.0, tx = 0.0, ty = 0.0;
-    for (std::size_t i = 0; i < m.points.size(); ++i) {
-        const auto p = static_cast<std::size_t>(m.points[i]);
-        mx += c.x[p] / n;
-        my += c.y[p] / n;
-        tx += m.dx[i] / n;
-        ty += m.dy[i] / n;
+    std::vector<groupeFlottant> groupes;
+    for (mouvement& m : mouvements) {
+        groupeFlottant neuf;
+        neuf.points = m.points;
+        neuf.plan = m.plan;
+        neuf.altitude = m.altitude;
+        neuf.mouvements.push_back(std::move(m));
+        for (auto g = groupes.begin(); g != groupes.end();) {
+            const bool touche = std::ranges::any_of(
+                g->points, [&](int point) { return std::ranges::binary_search(neuf.points, point); });
+            // Heights and plan are told apart: they lack different things.
+            if (!touche || g->plan != neuf.plan || g->altitude != neuf.altitude) {
+                ++g;
+                continue;
+            }
+            std::vector<int> tous;
+            std::ranges::set_union(g->points, neuf.points, std::back_inserter(tous));
+            neuf.points = std::move(tous);
+            std::ranges::move(g->mouvements, std::back_inserter(neuf.mouvements));
+            g = groupes.erase(g);
+        }
+        groupes.push_back(std::move(neuf));
     }
-    double carres = 0.0, tour = 0.0, echelle = 0.0, taille = 0.0;
-    for (std::size_t i = 0; i < m.points.size(); ++i) {
-        const auto p = static_cast<std::size_t>(m.points[i]);
-        const double x = c.x[p] - mx, y = c.y[p] - my;
-        carres += x * x + y * y;
-        tour += m.dx[i] * y - m.dy[i] * x; // clockwise
-        echelle += m.dx[i] * x + m.dy[i] * y;
-        taille += m.dx[i] * m.dx[i] + m.dy[i] * m.dy[i];
+    return groupes;
+}
+
+/// How a block moves: what it can do by itself, whatever basis its moves came in.
+struct mouvementDeBloc {
+    int glisse = 0; ///< directions in which it only slides
+    bool tourne = false, grandit = false;
+};
+
+/// A move of a block as slide, turn and growth about the middle of its points, each in metres; nothing when it bends.
+std::optional<std::array<double, 4>> similitude(const mouvement& m, const std::vector<int>& points,
+                                                const coordonneesReseau& c)
+{
+    const double n = static_cast<double>(points.size());
+    double mx = 0.0, my = 0.0;
+    for (const int p : points) {
+        mx += c.x[static_cast<std::size_t>(p)] / n;
+        my += c.y[static_cast<std::size_t>(p)] / n;
     }
+    struct place {
+        double x, y, dx, dy;
+    };
+    std::vector<place> places;
+    double tx = 0.0, ty = 0.0, carres = 0.0, tour = 0.0, echelle = 0.0, taille = 0.0;
+    for (const int p : points) {
+        const auto rang = std::ranges::lower_bound(m.points, p);
+        const bool bouge = rang != m.points.end() && *rang == p;
+        const auto i = static_cast<std::size_t>(rang - m.points.begin());
+        const place l{c.x[static_cast<std::size_t>(p)] - mx, c.y[static_cast<std::size_t>(p)] - my,
+                      bouge ? m.dx[i] : 0.0, bouge ? m.dy[i] : 0.0};
+        places.push_back(l);
+        tx += l.dx / n;
+        ty += l.dy / n;
+        carres += l.x * l.x + l.y * l.y;
+        tour += l.dx * l.y - l.dy * l.x; // clockwise
+        echelle += l.dx * l.x + l.dy * l.y;
+        taille += l.dx * l.dx + l.dy * l.dy;
+    }
+    if (!(carres > 0.0))
+        return std::nullopt;
     tour /= carres;
     echelle /= carres;
     double reste = 0.0;
-    for (std::size_t i = 0; i < m.points.size(); ++i) {
-        const auto p = static_cast<std::size_t>(m.points[i]);
-        const double x = c.x[p] - mx, y = c.y[p] - my;
-        reste +=
-            std::pow(m.dx[i] - tx - tour * y - echelle * x, 2.0) + std::pow(m.dy[i] - ty + tour * x - echelle * y, 2.0);
-    }
+    for (const place& l : places)
+        reste += std::pow(l.dx - tx - tour * l.y - echelle * l.x, 2.0) +
+                 std::pow(l.dy - ty + tour * l.x - echelle * l.y, 2.0);
     if (!(reste < 1e-8 * taille))
-        return L"se déforment ensemble sans changer une mesure";
-    const double tourne = std::abs(tour) * std::sqrt(carres), grandit = std::abs(echelle) * std::sqrt(carres);
-    const double glisse = std::hypot(tx, ty) * std::sqrt(n);
-    if (tourne > 1e-4 * glisse && tourne > 1e-4 * grandit)
-        return L"peuvent tourner d'un bloc : il manque un gisement, ou un second point connu";
-    if (grandit > 1e-4 * glisse)
-        return L"peuvent grandir d'un bloc : il manque une distance, ou un second point connu";
-    return L"peuvent glisser d'un bloc : il manque un point connu";
+        return std::nullopt;
+    const double bras = std::sqrt(carres / taille), poids = std::sqrt(n / taille);
+    return std::array{tour * bras, echelle * bras, tx * poids, ty * poids};
+}
+
+/// What is left of the moves once turning and growing are taken out slides.
+mouvementDeBloc blocDe(std::vector<std::array<double, 4>> moves)
+{
+    constexpr double nul = 1e-4;
+    mouvementDeBloc b;
+    for (const auto& m : moves) {
+        b.tourne |= std::abs(m[0]) > nul;
+        b.grandit |= std::abs(m[1]) > nul;
+    }
+    std::size_t fait = 0;
+    for (const std::size_t colonne : {0U, 1U}) {
+        const auto pivot = std::ranges::max_element(moves.begin() + static_cast<std::ptrdiff_t>(fait), moves.end(), {},
+                                                    [&](const auto& m) { return std::abs(m[colonne]); });
+        if (pivot == moves.end() || std::abs((*pivot)[colonne]) <= nul)
+            continue;
+        std::swap(moves[fait], *pivot);
+        for (std::size_t k = fait + 1; k < moves.size(); ++k) {
+            const double part = moves[k][colonne] / moves[fait][colonne];
+            for (std::size_t i = 0; i < 4; ++i)
+                moves[k][i] -= part * moves[fait][i];
+        }
+        ++fait;
+    }
+    b.glisse = static_cast<int>(moves.size() - fait);
+    return b;
+}
+
+/// What such a block can do, and what it lacks.
+std::wstring phraseDeBloc(const mouvementDeBloc& b)
+{
+    std::vector<const wchar_t*> verbes;
+    if (b.glisse > 0)
+        verbes.push_back(L"glisser");
+    if (b.tourne)
+        verbes.push_back(L"tourner");
+    if (b.grandit)
+        verbes.push_back(L"grandir");
+    std::wstring peuvent;
+    for (std::size_t i = 0; i < verbes.size(); ++i)
+        peuvent += std::wstring(i == 0 ? L"" : i + 1 == verbes.size() ? L" et " : L", ") + verbes[i];
+    const wchar_t* const manque =
+        b.tourne && b.grandit ? (b.glisse > 0 ? L"deux points connus" : L"un second point connu")
+        : b.tourne            ? (b.glisse > 0 ? L"un point connu, et un gisement ou un second point connu"
+                                              : L"un gisement, ou un second point connu")
+        : b.grandit           ? (b.glisse > 0 ? L"un point connu, et une distance ou un second point connu"
+                                              : L"une distance, ou un second point connu")
+                              : L"un point connu";
+    return L"peuvent " + peuvent + L" d'un bloc : il manque " + manque;
+}
+
+/// Several points that move together. What their moves are, in words.
+std::wstring natureEnPlan(const groupeFlottant& g, const coordonneesReseau& c)
+{
+    std::vector<std::array<double, 4>> moves;
+    for (const mouvement& m : g.mouvements)
+        if (const auto s = similitude(m, g.points, c))
+            moves.push_back(*s);
+    if (moves.size() == g.mouvements.size())
+        return phraseDeBloc(blocDe(std::move(moves)));
+    const std::size_t n = g.mouvements.size();
+    return L"se déplacent les uns par rapport aux autres sans changer une mesure : il manque " +
+           (n == 1 ? std::wstring(L"une observation") : std::to_wstring(n) + L" observations") +
+           L" entre eux ou vers des points connus";
 }
 
 /// One point that moves alone: which observations see it, and what they leave.
-std::wstring raisonDuPoint(const reseau& r, const systemeReseau& s, int point, const mouvement& m)
+std::wstring raisonDuPoint(const reseau& r, const systemeReseau& s, int point, const groupeFlottant& m)
 {
     std::vector<const observationReseau*> visees;
     for (const int k : s.retenues()) {
@@ -107,16 +218,16 @@ std::wstring raisonDuPoint(const reseau& r, const systemeReseau& s, int point, c
                             : L" (il manque une dénivelée depuis un point connu)");
 }
 
-std::wstring phrase(const reseau& r, const systemeReseau& s, const coordonneesReseau& c, const mouvement& m)
+std::wstring phrase(const reseau& r, const systemeReseau& s, const coordonneesReseau& c, const groupeFlottant& g)
 {
-    if (m.points.size() == 1)
-        return L"Le point « " + r.points[static_cast<std::size_t>(m.points.front())].nom + L" » flotte : il " +
-               raisonDuPoint(r, s, m.points.front(), m) + L".";
-    const std::wstring qui = L"Les points " + listeDeNoms(r, m.points) + L" flottent : ils ";
-    if (m.altitude && !m.plan)
+    if (g.points.size() == 1)
+        return L"Le point « " + r.points[static_cast<std::size_t>(g.points.front())].nom + L" » flotte : il " +
+               raisonDuPoint(r, s, g.points.front(), g) + L".";
+    const std::wstring qui = L"Les points " + listeDeNoms(r, g.points) + L" flottent : ils ";
+    if (g.altitude && !g.plan)
         return qui + L"peuvent monter ensemble : il manque une altitude connue.";
-    if (m.plan && !m.altitude)
-        return qui + natureEnPlan(m, c) + L".";
+    if (g.plan && !g.altitude)
+        return qui + natureEnPlan(g, c) + L".";
     return qui + L"ne sont déterminés ni en plan ni en altitude par leurs observations.";
 }
 
@@ -155,10 +266,13 @@ std::wstring listeDeNoms(const reseau& r, const std::vector<int>& points)
 void nommerFlottements(const reseau& r, const systemeReseau& s, const espaceLibre& libre, const coordonneesReseau& c,
                        std::vector<std::wstring>& messages)
 {
-    std::set<std::wstring> phrases;
+    std::vector<mouvement> mouvements;
     for (const std::vector<double>& z : libre.flottements())
-        if (const mouvement m = mouvementDe(r, s, z); !m.points.empty())
-            phrases.insert(phrase(r, s, c, m));
+        if (mouvement m = mouvementDe(r, s, z); !m.points.empty())
+            mouvements.push_back(std::move(m));
+    std::set<std::wstring> phrases;
+    for (const groupeFlottant& g : regrouper(std::move(mouvements)))
+        phrases.insert(phrase(r, s, c, g));
     const bool plan = toutFlotte(r, s, libre, false), altitude = toutFlotte(r, s, libre, true);
     std::wstring toutes;
     for (const std::wstring& p : phrases)

@@ -66,6 +66,9 @@ bool genreDe(std::wstring_view texte, genreObservation& genre)
     for (wchar_t& c : mot)
         if (c == L'é' || c == L'è')
             c = L'e';
+    for (const std::wstring_view devant : {L"distance ", L"angle "}) // as the table shows them
+        if (mot.starts_with(devant))
+            mot.erase(0, devant.size());
     const auto trouve = std::ranges::find_if(genres, [&](genreObservation g) {
         return !mot.empty() && std::wstring_view(motObservation(g)).starts_with(mot);
     });
@@ -190,7 +193,7 @@ std::wstring texteObservation(const reseau& r, int observation, colonneObservati
     const observationReseau& o = r.observations[static_cast<std::size_t>(observation)];
     switch (colonne) {
     case colonneObservation::genre:
-        return motObservation(o.genre);
+        return nomGenre(o.genre);
     case colonneObservation::station:
         return nomDe(r, o.de);
     case colonneObservation::vise:

@@ -1,140 +1,47 @@
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <map>
 #include <optional>
 
-#include <expat.h>
-
 #include "calculs/reseau/fichierReseau.h"
+#include "calculs/reseau/lecteurXml.h"
+#include "calculs/reseau/motsGkf.h"
 #include "services/codages.h"
-#include "services/lettres.h"
 
 namespace {
 
 using enum genreObservation;
 
 constexpr std::size_t remarquesGardees = 1000;
-constexpr int profondeurMax = 64;
 /// A covariance matrix beyond that is no survey's, and would fill the memory.
 constexpr std::size_t dimensionMax = 3000;
 constexpr double secondeEnRadians = pi / 180.0 / 3600.0;
 
-using attributs = std::map<std::string, std::string, std::less<>>;
-
-std::string_view rogner(std::string_view texte)
-{
-    return sansBlancs(texte, " \t\r\n");
-}
-
-std::optional<double> reel(std::string_view texte)
-{
-    texte = rogner(texte);
-    if (texte.starts_with('+'))
-        texte.remove_prefix(1);
-    double valeur = 0.0;
-    const auto [fin, faute] = std::from_chars(texte.data(), texte.data() + texte.size(), valeur);
-    if (faute != std::errc() || fin != texte.data() + texte.size() || !std::isfinite(valeur))
-        return std::nullopt;
-    return valeur;
-}
-
-/// "12-34-56.78": degrees, minutes, seconds.
-std::optional<double> degresDeTexte(std::string_view texte)
-{
-    texte = rogner(texte);
-    const bool negatif = texte.starts_with('-');
-    if (negatif)
-        texte.remove_prefix(1);
-    const std::size_t a = texte.find('-'), b = a == texte.npos ? a : texte.find('-', a + 1);
-    if (b == texte.npos)
-        return std::nullopt;
-    const auto d = reel(texte.substr(0, a)), m = reel(texte.substr(a + 1, b - a - 1)), s = reel(texte.substr(b + 1));
-    if (!d || !m || !s || *d < 0.0 || *m < 0.0 || *m >= 60.0 || *s < 0.0 || *s >= 60.0)
-        return std::nullopt;
-    const double degres = *d + *m / 60.0 + *s / 3600.0;
-    return negatif ? -degres : degres;
-}
-
-struct axesNommes {
-    const char* nom;
-    axesFichier axes;
-};
-/// Where the two axes point: n, e, s, w.
-constexpr axesNommes systemesDAxes[] = {
-    {"ne", {0, 1, 1, 0}}, {"sw", {0, -1, -1, 0}}, {"es", {1, 0, 0, -1}}, {"wn", {-1, 0, 0, 1}},
-    {"en", {1, 0, 0, 1}}, {"nw", {0, -1, 1, 0}},  {"se", {0, 1, -1, 0}}, {"ws", {-1, 0, 0, -1}},
-};
-
 /// Reads the file in one pass of the XML parser.
-class lecteurGkf {
+class lecteurGkf : private lecteurXml {
 public:
     explicit lecteurGkf(reseauLu& lu) : m_lu(lu)
     {
         m_lu.r.sigma = 10.0;
         m_lu.r.toleranceAbsolue = 1.0;
-        m_lu.r.axes = systemesDAxes[0].axes;
+        m_lu.r.axes = *axesNommes("ne");
     }
 
     void lire(std::string_view contenu)
     {
-        m_analyseur = XML_ParserCreate(nullptr);
-        XML_SetUserData(m_analyseur, this);
-        XML_SetElementHandler(m_analyseur, ouvrir, fermer);
-        XML_SetCharacterDataHandler(m_analyseur, texte);
-        constexpr std::size_t morceau = 1 << 20;
-        bool juste = true;
-        do {
-            const std::string_view partie = contenu.substr(0, morceau);
-            contenu.remove_prefix(partie.size());
-            juste = XML_Parse(m_analyseur, partie.data(), static_cast<int>(partie.size()), contenu.empty()) ==
-                    XML_STATUS_OK;
-        } while (juste && !contenu.empty() && !m_refus);
-        if (!juste && !m_refus)
-            refuser(L"XML mal formé : " + depuisAnsi(XML_ErrorString(XML_GetErrorCode(m_analyseur))) + L".");
-        else if (!m_racine && !m_refus)
+        analyser(contenu);
+        if (!m_racine && !arrete())
             refuser(L"ce n'est pas un fichier « gama-local ».");
-        XML_ParserFree(m_analyseur);
         ignorerNonDeclares();
     }
 
 private:
-    // --- The parser's calls --------------------------------------------------------------------------------------
-
-    static void ouvrir(void* moi, const char* nom, const char** paires)
-    {
-        auto& l = *static_cast<lecteurGkf*>(moi);
-        if (l.m_refus)
-            return;
-        if (++l.m_profondeur > profondeurMax)
-            return l.refuser(L"éléments trop imbriqués.");
-        attributs a;
-        for (; paires[0]; paires += 2)
-            a[paires[0]] = paires[1];
-        l.m_texte.clear();
-        l.debut(nom, a);
-    }
-
-    static void fermer(void* moi, const char* nom)
-    {
-        auto& l = *static_cast<lecteurGkf*>(moi);
-        --l.m_profondeur;
-        if (!l.m_refus)
-            l.fin(nom);
-    }
-
-    static void texte(void* moi, const char* octets, int nombre)
-    {
-        auto& l = *static_cast<lecteurGkf*>(moi);
-        if (l.m_profondeur > 0 && l.m_garderTexte)
-            l.m_texte.append(octets, static_cast<std::size_t>(nombre));
-    }
+    void malForme(std::wstring phrase) override { refuser(std::move(phrase)); }
 
     // --- Elements ------------------------------------------------------------------------------------------------
 
-    void debut(std::string_view nom, const attributs& a)
+    void debut(std::string_view nom, const attributs& a) override
     {
-        m_garderTexte = nom == "description" || nom == "cov-mat";
+        verifierAttributs(nom, a);
         if (nom == "gama-local" || nom == "gama-xml")
             m_racine = true;
         else if (!m_racine)
@@ -147,38 +54,63 @@ private:
             debutPrecisions(a);
         else if (nom == "point")
             point(a);
-        else if (nom == "obs" || nom == "height-differences" || nom == "coordinates")
+        else if (nom == "obs" || nom == "height-differences" || nom == "coordinates" || nom == "vectors")
             debutGroupe(nom, a);
-        else if (nom == "vectors" || nom == "vec")
-            vecteur(nom);
         else if (nom == "cov-mat")
             debutCovariances(a);
-        else if (nom != "description")
+        else if (nom == "description")
+            garderTexte();
+        else if (nom != "vec")
             observation(nom, a);
     }
 
-    void fin(std::string_view nom)
+    void fin(std::string_view nom, std::string_view texte) override
     {
         if (nom == "description")
-            m_lu.r.titre = depuisUtf8(std::string(rogner(m_texte)));
+            m_lu.r.titre = large(rogner(texte));
         else if (nom == "cov-mat")
-            covariances();
-        else if (nom == "obs" || nom == "height-differences" || nom == "coordinates")
+            covariances(texte);
+        else if (nom == "obs" || nom == "height-differences" || nom == "coordinates" || nom == "vectors")
             finGroupe();
-        if (nom == "description" || nom == "cov-mat")
-            m_garderTexte = false;
+    }
+
+    void verifierAttributs(std::string_view nom, const attributs& a)
+    {
+        const auto* const connus = attributsConnus(nom);
+        for (const auto& [attribut, valeur] : a)
+            if (connus && std::ranges::find(*connus, attribut) == connus->end())
+                remarquer(L"« " + large(attribut) + L" » n'est pas un attribut de « " + large(nom) + L" » : ignoré.");
+    }
+
+    static std::string_view valeurDe(const attributs& a, const char* nom)
+    {
+        const auto v = a.find(nom);
+        return v == a.end() ? std::string_view() : std::string_view(v->second);
+    }
+
+    /// Which of two words an attribute is; nothing when it is absent, and told when it is another.
+    std::optional<bool> unDeDeux(const attributs& a, const char* nom, std::string_view oui, std::string_view non)
+    {
+        if (!a.contains(nom))
+            return std::nullopt;
+        const std::string_view valeur = valeurDe(a, nom);
+        if (valeur == oui || valeur == non)
+            return valeur == oui;
+        remarquer(L"« " + large(nom) + L" = " + large(valeur) + L" » n'est ni « " + large(oui) + L" » ni « " +
+                  large(non) + L" » : ignoré.");
+        return std::nullopt;
     }
 
     void debutReseau(const attributs& a)
     {
-        if (const auto axes = a.find("axes-xy"); axes != a.end()) {
-            const auto connu = std::ranges::find(systemesDAxes, axes->second, &axesNommes::nom);
-            if (connu == std::end(systemesDAxes))
-                return refuser(L"axes « " + large(axes->second) + L" » inconnus.");
-            m_lu.r.axes = connu->axes;
+        if (const std::string_view nom = valeurDe(a, "axes-xy"); a.contains("axes-xy")) {
+            const axesFichier* const axes = axesNommes(nom);
+            if (!axes)
+                return refuser(L"axes « " + large(nom) + L" » inconnus.");
+            m_lu.r.axes = *axes;
         }
-        if (const auto sens = a.find("angles"); sens != a.end())
-            m_lu.r.axes.antihoraire = sens->second == "right-handed";
+        if (const auto antihoraire = unDeDeux(a, "angles", "right-handed", "left-handed"))
+            m_lu.r.axes.antihoraire = *antihoraire;
     }
 
     void debutParametres(const attributs& a)
@@ -186,9 +118,12 @@ private:
         positif(a, "sigma-apr", [this](double v) { m_lu.r.sigma = v; });
         positif(a, "tol-abs", [this](double v) { m_lu.r.toleranceAbsolue = v * milli; });
         positif(a, "conf-pr", [this](double v) {
-            if (v < 1.0)
-                m_lu.r.confiance = v;
+            if (v >= 1.0)
+                return remarquer(L"« conf-pr » est entre 0 et 1 : ignoré.");
+            m_lu.r.confiance = v;
         });
+        if (const auto aPriori = unDeDeux(a, "sigma-act", "apriori", "aposteriori"))
+            m_lu.r.ecartsAPriori = *aPriori;
         for (const char* const ignore : {"latitude", "ellipsoid"})
             if (a.contains(ignore))
                 remarquer(L"« " + large(ignore) + L" » n'est pas pris en compte : le calcul reste plan.");
@@ -213,8 +148,9 @@ private:
         const auto d = a.find("distance-stdev");
         if (d == a.end())
             return;
-        const auto nombres = liste(d->second);
-        if (!nombres || nombres->empty() || nombres->size() > 3)
+        const auto nombres = reelsXml(d->second);
+        if (!nombres || nombres->empty() || nombres->size() > 3 || nombres->front() <= 0.0 ||
+            (nombres->size() > 1 && (*nombres)[1] < 0.0))
             return remarquer(L"distance-stdev « " + large(d->second) + L" » n'est pas « a », « a b » ou « a b c ».");
         m_precisions.distance = (*nombres)[0];
         m_precisions.distanceKm = nombres->size() > 1 ? (*nombres)[1] : 0.0;
@@ -232,6 +168,8 @@ private:
         const auto x = coordonnee(a, "x"), y = coordonnee(a, "y"), z = coordonnee(a, "z");
         if (x && y)
             m_lu.r.axes.versTerrain(*x, *y, p.x, p.y);
+        else if (x || y)
+            remarquer(L"point « " + p.nom + L" » : il manque « " + (x ? L"y" : L"x") + L" » ; sa place est cherchée.");
         if (z)
             p.z = *z;
         tenir(p, a);
@@ -239,11 +177,10 @@ private:
 
     void tenir(pointReseau& p, const attributs& a)
     {
-        const auto texteDe = [&](const char* nom) {
-            const auto v = a.find(nom);
-            return v == a.end() ? std::string_view() : std::string_view(v->second);
-        };
-        const std::string_view cherche = texteDe("adj"), tenu = texteDe("fix");
+        const std::string_view cherche = valeurDe(a, "adj"), tenu = valeurDe(a, "fix");
+        for (const std::string_view mot : {cherche, tenu})
+            if (mot.find_first_not_of("xyzXYZ") != mot.npos)
+                remarquer(L"point « " + p.nom + L" » : « " + large(mot) + L" » n'est pas fait de x, y et z.");
         const auto contient = [](std::string_view t, char c) { return t.find(c) != t.npos; };
         if (contient(cherche, 'x') || contient(cherche, 'y'))
             p.plan = tenue::libre;
@@ -291,13 +228,21 @@ private:
             o.mesure = *z;
             ajouter(o, milli);
         }
+        if (!(x && y) && !z)
+            remarquer(L"coordonnées observées de « " + large(nom) + L" » sans x et y ni z : ignorées.");
     }
 
-    enum class groupe { aucun, visees, denivelees, coordonnees };
+    enum class groupe { aucun, visees, denivelees, coordonnees, vecteurs };
 
     void debutGroupe(std::string_view nom, const attributs& a)
     {
-        m_groupe = nom == "obs" ? groupe::visees : nom == "coordinates" ? groupe::coordonnees : groupe::denivelees;
+        m_groupe = nom == "obs"           ? groupe::visees
+                   : nom == "coordinates" ? groupe::coordonnees
+                   : nom == "vectors"     ? groupe::vecteurs
+                                          : groupe::denivelees;
+        if (m_groupe == groupe::vecteurs)
+            remarquer(L"les vecteurs GNSS ne sont pas calculés : ignorés.");
+        m_covariancesLues = false;
         m_duGroupe.clear();
         m_serie = -1;
         m_station.clear();
@@ -310,14 +255,10 @@ private:
 
     void finGroupe()
     {
+        if (m_groupe == groupe::coordonnees && !m_covariancesLues && !m_duGroupe.empty())
+            remarquer(L"« coordinates » sans « cov-mat » : un écart-type de 1 mm est pris.");
         m_groupe = groupe::aucun;
         m_duGroupe.clear();
-    }
-
-    void vecteur(std::string_view nom)
-    {
-        if (nom == "vectors")
-            remarquer(L"les vecteurs GNSS ne sont pas calculés : ignorés.");
     }
 
     void observation(std::string_view nom, const attributs& a)
@@ -336,6 +277,8 @@ private:
         o.genre = genre->genre;
         o.ligne = ligne();
         const auto de = a.find("from"), vers = a.find(o.genre == angle ? "bs" : "to"), avant = a.find("fs");
+        if (o.genre == direction && de != a.end() && de->second != m_station)
+            return remarquer(L"direction d'une autre station que son « obs » : ignorée.");
         const std::string station = de != a.end() ? de->second : m_station;
         if (station.empty() || vers == a.end() || (o.genre == angle && avant == a.end()))
             return remarquer(large(nom) + L" sans station ou sans point visé : ignorée.");
@@ -354,8 +297,7 @@ private:
         const auto h = nombre(a, "from_dh"), hv = nombre(a, "to_dh");
         o.hauteurDe = h ? *h : m_hauteurStation;
         o.hauteurVers = hv ? *hv : 0.0;
-        if (const auto km = nombre(a, "dist"))
-            o.longueur = *km;
+        positif(a, "dist", [&o](double km) { o.longueur = km; });
         if (o.genre == direction) {
             if (m_serie < 0)
                 m_serie = m_lu.r.series++;
@@ -369,13 +311,13 @@ private:
     bool mesurer(observationReseau& o, std::string_view valeur, double& unite) const
     {
         if (!estAngulaire(o.genre)) {
-            const auto v = reel(valeur);
+            const auto v = reelXml(valeur);
             if (!v || (o.genre != denivelee && *v <= 0.0))
                 return false;
             o.mesure = *v;
             return true;
         }
-        const auto degres = degresDeTexte(valeur), gons = reel(valeur);
+        const auto degres = degresDeTexte(valeur), gons = reelXml(valeur);
         if (!degres && !gons)
             return false;
         o.mesure = degres ? *degres * pi / 180.0 : *gons * gradeEnRadians;
@@ -390,8 +332,10 @@ private:
     double ecartDe(const observationReseau& o, const attributs& a, double unite)
     {
         unite = std::abs(unite);
-        if (const auto s = nombre(a, "stdev"); s && *s > 0.0)
-            return *s * unite;
+        double donne = 0.0;
+        positif(a, "stdev", [&donne](double s) { donne = s; });
+        if (donne > 0.0)
+            return donne * unite;
         const precisions& p = m_precisions;
         const std::optional<double>& defaut = o.genre == direction  ? p.direction
                                               : o.genre == angle    ? p.angle
@@ -418,6 +362,7 @@ private:
 
     void debutCovariances(const attributs& a)
     {
+        garderTexte();
         const auto entier = [&](const char* nom) {
             const auto v = nombre(a, nom);
             return v && *v >= 0.0 && *v <= static_cast<double>(dimensionMax) ? static_cast<std::size_t>(*v)
@@ -425,31 +370,27 @@ private:
         };
         m_dimension = entier("dim");
         m_bande = entier("band");
-        if (m_dimension > dimensionMax || m_bande > dimensionMax)
+        if (m_groupe != groupe::vecteurs && (m_dimension > dimensionMax || m_bande > dimensionMax))
             refuser(L"« cov-mat » sans « dim » et « band » qui conviennent.");
     }
 
-    void covariances()
+    void covariances(std::string_view texte)
     {
+        if (m_groupe == groupe::vecteurs)
+            return;
+        m_covariancesLues = true;
         const std::size_t n = m_duGroupe.size();
         if (m_dimension != n)
             return refuser(L"« cov-mat » de " + std::to_wstring(m_dimension) + L" ligne(s) pour " + std::to_wstring(n) +
                            L" observation(s).");
-        const auto nombres = liste(m_texte);
-        std::size_t attendus = 0;
-        for (std::size_t i = 0; i < n; ++i)
-            attendus += std::min(m_bande, n - 1 - i) + 1;
-        if (!nombres || nombres->size() != attendus)
-            return refuser(L"« cov-mat » : " + std::to_wstring(attendus) + L" nombres attendus.");
         blocCovariance b;
-        b.matrice.assign(n * n, 0.0);
-        std::size_t suivant = 0;
-        for (std::size_t i = 0; i < n; ++i) {
-            b.observations.push_back(m_duGroupe[i].observation);
-            for (std::size_t j = i; j <= std::min(i + m_bande, n - 1); ++j)
-                b.matrice[i * n + j] = b.matrice[j * n + i] =
-                    (*nombres)[suivant++] * m_duGroupe[i].unite * m_duGroupe[j].unite;
+        std::vector<double> unites;
+        for (const membre& m : m_duGroupe) {
+            b.observations.push_back(m.observation);
+            unites.push_back(m.unite);
         }
+        if (!lireBande(texte, m_bande, unites, b.matrice))
+            return refuser(L"« cov-mat » : un nombre manque, est de trop, ou n'en est pas un.");
         for (std::size_t i = 0; i < n; ++i) {
             const double variance = b.matrice[i * n + i];
             if (!(variance > 0.0))
@@ -487,28 +428,12 @@ private:
                 m_lu.r.points[i].plan = m_lu.r.points[i].altitude = tenue::ignoree;
     }
 
-    static std::optional<std::vector<double>> liste(std::string_view texte)
-    {
-        std::vector<double> nombres;
-        for (;;) {
-            texte = rogner(texte);
-            if (texte.empty())
-                return nombres;
-            const std::size_t fin = std::min(texte.find_first_of(" \t\r\n"), texte.size());
-            const auto v = reel(texte.substr(0, fin));
-            if (!v)
-                return std::nullopt;
-            nombres.push_back(*v);
-            texte.remove_prefix(fin);
-        }
-    }
-
     std::optional<double> nombre(const attributs& a, const char* nom)
     {
         const auto v = a.find(nom);
         if (v == a.end())
             return std::nullopt;
-        const auto valeur = reel(v->second);
+        const auto valeur = reelXml(v->second);
         if (!valeur)
             remarquer(L"« " + large(nom) + L" = " + large(v->second) + L" » n'est pas un nombre.");
         return valeur;
@@ -525,8 +450,6 @@ private:
             remarquer(L"« " + large(nom) + L" » doit être positif.");
     }
 
-    int ligne() const { return static_cast<int>(XML_GetCurrentLineNumber(m_analyseur)); }
-
     void remarquer(std::wstring phrase)
     {
         if (m_lu.remarques.size() < remarquesGardees)
@@ -536,10 +459,9 @@ private:
     /// Nothing more is read.
     void refuser(std::wstring phrase)
     {
-        m_refus = true;
         m_lu.lisible = false;
         m_lu.remarques.insert(m_lu.remarques.begin(), {static_cast<std::size_t>(ligne()), std::move(phrase)});
-        XML_StopParser(m_analyseur, XML_FALSE);
+        arreter();
     }
 
     struct membre {
@@ -548,16 +470,15 @@ private:
     };
 
     reseauLu& m_lu;
-    XML_Parser m_analyseur = nullptr;
     precisions m_precisions;
     groupe m_groupe = groupe::aucun;
     std::vector<membre> m_duGroupe;
     std::vector<bool> m_declares; ///< by point
-    std::string m_station, m_texte;
+    std::string m_station;
     double m_hauteurStation = 0.0;
     std::size_t m_dimension = 0, m_bande = 0;
-    int m_serie = -1, m_profondeur = 0;
-    bool m_racine = false, m_refus = false, m_garderTexte = false;
+    int m_serie = -1;
+    bool m_racine = false, m_covariancesLues = false;
 };
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "calculs/decouperLigne.h"
 #include "calculs/formules/fichierFormules.h"
 #include "calculs/reseau/fichierReseau.h"
+#include "calculs/reseau/poidsReseau.h"
 #include "calculs/uniteAngulaire.h"
 #include "services/codages.h"
 #include "services/lettres.h"
@@ -63,6 +64,7 @@ public:
             if (!m_mots.empty())
                 lireLigne();
         }
+        verifierFormules();
         if (m_lu.r.observations.empty()) {
             m_lu.lisible = !m_lu.r.points.empty();
             m_lu.remarques.insert(m_lu.remarques.begin(), {0, L"aucune observation dans ce fichier."});
@@ -79,9 +81,9 @@ private:
         else if (cle == L"angles")
             unite();
         else if (cle == L"sigma")
-            avecNombre([this](double v) { m_lu.r.sigma = v; }, true);
+            sigma();
         else if (cle == L"confiance")
-            avecNombre([this](double v) { confiance(v); }, true);
+            avecNombre([this](double v) { confiance(v); });
         else if (cle == L"precision")
             precision();
         else if (cle == L"formule" || cle == L"variable")
@@ -92,6 +94,16 @@ private:
             station();
         else
             observation(cle);
+    }
+
+    /// Sigma  nombre [apriori]
+    void sigma()
+    {
+        avecNombre([this](double v) { m_lu.r.sigma = v; });
+        if (const std::wstring mot = prendreMot(); motCle(mot) == L"apriori")
+            m_lu.r.ecartsAPriori = true;
+        else if (!mot.empty())
+            remarquer(L"« " + mot + L" » n'est pas compris après « Sigma » : « apriori » ou rien.");
     }
 
     void unite()
@@ -115,8 +127,10 @@ private:
             return remarquer(L"« Precision » d'un genre d'observation, puis un écart-type positif.");
         if (cle == L"distance" || cle == L"inclinee") {
             p.distance = *premier * milli;
-            const auto parKm = m_suivant < m_mots.size() ? nombre() : std::optional(0.0);
-            p.distanceKm = parKm.value_or(0.0) * milli;
+            const double parKm = m_suivant < m_mots.size() ? nombre().value_or(0.0) : 0.0;
+            if (parKm < 0.0)
+                remarquer(L"« Precision » : des mm par kilomètre ne sont pas négatifs ; 0 est pris.");
+            p.distanceKm = std::max(parKm, 0.0) * milli;
             p.distanceExposant = 1.0;
         } else if (cle == L"denivelee") {
             p.denivelee = *premier * milli;
@@ -145,8 +159,21 @@ private:
     void formule()
     {
         if (!lireLigneFormule(m_mots, m_lu.r.formules))
-            remarquer(L"« Formule » de « angles », « gisements » ou « distances », ou « Variable » avec un nom et une "
-                      L"valeur.");
+            return remarquer(
+                L"« Formule » de « angles », « gisements » ou « distances », ou « Variable » avec un nom et une "
+                L"valeur.");
+        if (motCle(m_mots[0]) == L"formule")
+            m_formules.emplace_back(m_ligne, m_mots.size() > 2 ? versAnsi(m_mots[2]) : std::string());
+    }
+
+    /// Once all variables are known.
+    void verifierFormules()
+    {
+        for (const auto& [ligne, texte] : m_formules) {
+            m_ligne = ligne;
+            if (std::wstring defaut = defautDeFormule(texte, m_lu.r.formules.variables); !defaut.empty())
+                remarquer(std::move(defaut));
+        }
     }
 
     /// Point  nom  X= Y= Z=  fixe | appui | libre [xy | z]  ex= ey= ez=
@@ -161,16 +188,16 @@ private:
         while (m_suivant < m_mots.size()) {
             const std::wstring brut = prendreMot(), cle = motCle(brut);
             if (cle == L"x")
-                lireNombre(x);
+                lireNombre(brut, x);
             else if (cle == L"y")
-                lireNombre(y);
+                lireNombre(brut, y);
             else if (cle == L"z")
-                lireNombre(z);
+                lireNombre(brut, z);
             else if (cle == L"ex" || cle == L"ey" || cle == L"ez")
-                lireNombre(ecarts[static_cast<std::size_t>(cle[1] - L'x')]);
+                lirePositif(brut, ecarts[static_cast<std::size_t>(cle[1] - L'x')]);
             else if (cle == L"ecart" || cle == L"e") {
                 double tous = 0.0;
-                lireNombre(tous);
+                lirePositif(brut, tous);
                 ecarts = {tous, tous, z == inconnu ? 0.0 : tous};
             } else if (cle == L"fixe" || cle == L"appui" || cle == L"libre")
                 tenir(p, cle == L"fixe" ? tenue::fixe : cle == L"appui" ? tenue::appui : tenue::libre);
@@ -180,8 +207,12 @@ private:
         p.x = x;
         p.y = y;
         p.z = z;
-        if (p.plan == tenue::fixe && !p.enPlan())
+        // "fixe" alone holds what is given; what it names must be.
+        if (p.plan == tenue::fixe && !p.enPlan()) {
             p.plan = tenue::libre;
+            if (!estConnue(z) || x != inconnu || y != inconnu)
+                remarquer(L"le point « " + nom + L" » est fixe sans X et Y : il est cherché en plan.");
+        }
         if (p.altitude == tenue::fixe && !estConnue(z))
             p.altitude = tenue::libre;
         observerCoordonnees(m_lu.r.chercher(nom), ecarts);
@@ -239,7 +270,7 @@ private:
         while (m_suivant < m_mots.size()) {
             const std::wstring brut = prendreMot();
             if (motCle(brut) == L"hi")
-                lireNombre(m_hauteur);
+                lireNombre(brut, m_hauteur);
             else
                 remarquer(L"« " + brut + L" » n'est pas compris dans la ligne de la station « " + nom + L" ».");
         }
@@ -288,14 +319,14 @@ private:
     {
         const std::wstring brut = prendreMot(), cle = motCle(brut);
         if (cle == L"e" || cle == L"ecart")
-            lireNombre(ecart);
+            lirePositif(brut, ecart);
         else if (cle == L"ht")
-            lireNombre(o.hauteurVers);
+            lireNombre(brut, o.hauteurVers);
         else if (cle == L"hi")
-            lireNombre(hi);
+            lireNombre(brut, hi);
         else if (cle == L"km")
-            lireNombre(o.longueur);
-        else if (cle == L"de")
+            lirePositif(brut, o.longueur);
+        else if (cle == L"de" && m_suivant < m_mots.size())
             o.de = m_lu.r.point(prendreMot());
         else if (cle == L"hors")
             o.active = false;
@@ -327,17 +358,31 @@ private:
         return !mot.empty() && entier && std::isfinite(v) ? std::optional(v) : std::nullopt;
     }
 
-    void lireNombre(double& ou)
+    /// What follows a word like "ht="; a missing one is told, as one that is no number is.
+    void lireNombre(const std::wstring& mot, double& ou)
     {
-        if (const auto v = nombre())
+        if (m_suivant >= m_mots.size())
+            remarquer(L"« " + mot + L"= » sans nombre.");
+        else if (const auto v = nombre())
             ou = *v;
     }
 
+    /// The same of what has to be positive: deviations, lengths.
+    void lirePositif(const std::wstring& mot, double& ou)
+    {
+        double lu = inconnu;
+        lireNombre(mot, lu);
+        if (lu != inconnu && lu > 0.0)
+            ou = lu;
+        else if (lu != inconnu)
+            remarquer(L"« " + mot + L"= » doit être positif : ignoré.");
+    }
+
     template <class Faire>
-    void avecNombre(Faire faire, bool positif)
+    void avecNombre(Faire faire)
     {
         const auto v = nombre();
-        if (v && (!positif || *v > 0.0))
+        if (v && *v > 0.0)
             faire(*v);
         else
             remarquer(L"« " + m_mots[0] + L" » demande un nombre positif.");
@@ -352,6 +397,7 @@ private:
     reseauLu& m_lu;
     std::vector<std::wstring> m_mots;
     std::size_t m_suivant = 1;
+    std::vector<std::pair<int, std::string>> m_formules; // with their lines
     int m_ligne = 0, m_unite = uniteGrades;
     int m_station = -1, m_serie = -1, m_stationDeLaSerie = -1;
     double m_hauteur = 0.0;

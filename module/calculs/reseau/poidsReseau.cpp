@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "calculs/formules/formule.h"
+#include "services/codages.h"
 
 namespace {
 
@@ -85,6 +86,19 @@ const std::string* formuleDe(const reseau& r, genreObservation genre)
     else if (genre == distance || genre == distanceInclinee)
         f = &r.formules.distances;
     return f && !f->empty() ? f : nullptr;
+}
+
+std::wstring defautDeFormule(const std::string& formule, const tableVariables& utilisateur)
+{
+    class formule lue;
+    if (!lue.analyser(formule))
+        return L"formule « " + depuisAnsi(formule) + L" » qui ne se comprend pas : les écarts-types sont gardés.";
+    const tableVariables connues = variablesDe({}, utilisateur);
+    for (const noeudFormule& n : lue.noeuds())
+        if ((n.genre == genreNoeud::variable || n.genre == genreNoeud::variableOpposee) && connues.indice(n.nom) < 0)
+            return L"formule « " + depuisAnsi(formule) + L" » : la variable « " + depuisAnsi(n.nom) +
+                   L" » n'est pas définie et vaut 0.";
+    return {};
 }
 
 std::vector<double> ecartsDesObservations(const reseau& r, const coordonneesReseau& c)

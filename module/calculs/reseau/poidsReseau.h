@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "calculs/reseau/approcheReseau.h"
@@ -16,6 +17,10 @@ valeursFormule valeursDe(const reseau& r, const observationReseau& o, const coor
 
 /// The formula that weighs a kind of observation; none for kinds without.
 const std::string* formuleDe(const reseau& r, genreObservation genre);
+
+/// What is wrong with a formula, French: it does not parse, or names a variable that nobody defined (which counts 0).
+/// Empty when nothing is.
+std::wstring defautDeFormule(const std::string& formule, const tableVariables& utilisateur);
 
 /// Standard deviation of each observation, in radians or metres: its formula's, its own, or the default.
 /// A weight that is not positive, or no standard deviation at all, gives 0: the observation cannot take part.

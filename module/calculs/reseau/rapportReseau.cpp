@@ -64,7 +64,7 @@ void cellulesPlan(const reseau& r, htmlTable& table, double x, double y)
 void ouvrirObservation(const reseau& r, const observationReseau& o, htmlTable& table)
 {
     table.beginRow();
-    table.addCell(versAnsi(motObservation(o.genre)), celluleNomGauche);
+    table.addCell(versAnsi(nomGenre(o.genre)), celluleNomGauche);
     for (const int point : {o.de, o.vers, o.vers2})
         table.addCell(nomDe(r, point), celluleNomCentre);
 }
@@ -143,6 +143,8 @@ void rapporterQualite(const reseau& r, const resultatReseau& resultat, htmlDocum
 void rapporterSuspects(const reseau& r, const resultatReseau& resultat, htmlDocument& document)
 {
     ajouterTitre(document, L"Observations suspectes");
+    if (estConnue(resultat.s0) && resultat.s0 < resultat.s0Bas)
+        return paragraphe(document, L"L'ensemble s'accorde mieux qu'annoncé : aucune observation n'est suspectée.");
     if (resultat.suspects.empty())
         return paragraphe(document, L"Aucune observation ne se distingue des autres.");
     paragraphe(document, L"Chacune est jugée sans celles qui la précèdent, de la plus probable à la moins probable.");
@@ -153,7 +155,10 @@ void rapporterSuspects(const reseau& r, const resultatReseau& resultat, htmlDocu
 void rapporterPoints(const reseau& r, const resultatReseau& resultat, htmlDocument& document)
 {
     ajouterTitre(document, L"Coordonnées compensées");
-    paragraphe(document, L"Écarts-types et demi-axes des ellipses (probabilité 39 %) en mm, gisements en grades.");
+    paragraphe(document,
+               std::wstring(L"Écarts-types et demi-axes des ellipses (probabilité 39 %) en mm, ") +
+                   (estConnue(resultat.s0) && !r.ecartsAPriori ? L"d'après s0" : L"d'après ce qui est annoncé") +
+                   L" ; gisements en grades.");
     htmlTable table =
         tableau({L"Point", L"X", L"Y", L"Z", L"sX", L"sY", L"sZ", L"a", L"b", L"Gisement", L"dX", L"dY", L"dZ"});
     for (std::size_t i = 0; i < r.points.size(); ++i) {

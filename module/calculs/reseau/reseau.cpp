@@ -26,6 +26,13 @@ const wchar_t* motObservation(genreObservation genre)
     return mots[static_cast<int>(genre)];
 }
 
+const wchar_t* nomGenre(genreObservation genre)
+{
+    constexpr const wchar_t* noms[] = {L"direction",      L"angle",     L"gisement", L"distance", L"distance inclinée",
+                                       L"angle zénithal", L"dénivelée", L"X",        L"Y",        L"Z"};
+    return noms[static_cast<int>(genre)];
+}
+
 void axesFichier::versTerrain(double premiere, double seconde, double& x, double& y) const
 {
     x = estX * premiere + estY * seconde;
@@ -97,7 +104,7 @@ double mesureAffichee(const reseau& r, const observationReseau& o, double valeur
 std::wstring nomObservation(const reseau& r, const observationReseau& o)
 {
     const auto nom = [&](int p) { return p < 0 ? std::wstring(L"?") : r.points[static_cast<std::size_t>(p)].nom; };
-    std::wstring texte = motObservation(o.genre);
+    std::wstring texte = nomGenre(o.genre);
     texte += L" " + nom(o.de);
     if (o.genre == genreObservation::angle)
         texte += L" : " + nom(o.vers) + L", " + nom(o.vers2);

@@ -33,6 +33,8 @@ bool estPlanimetrique(genreObservation genre);
 /// Word of the kind in files and results: "direction", "angle", "gisement", "distance", "inclinee", "zenithal",
 /// "denivelee", "x", "y", "z".
 const wchar_t* motObservation(genreObservation genre);
+/// The same for people: "distance inclinée", "angle zénithal", "dénivelée", "X"...
+const wchar_t* nomGenre(genreObservation genre);
 
 /// What becomes of a coordinate.
 enum class tenue : unsigned char {
@@ -96,6 +98,7 @@ struct reseau {
     std::vector<blocCovariance> covariances;
     int series = 0;
     double sigma = 1.0; ///< standard deviation of unit weight, in the file's unit: a weight is (sigma / ecart)²
+    bool ecartsAPriori = false; ///< standard deviations of results are made with sigma, not with s0
     double confiance = 0.95;
     double toleranceAbsolue = inconnu; ///< an observation farther from the approximate place of its points is set aside
     precisionsParDefaut precisions;

@@ -72,8 +72,8 @@ struct resultatReseau {
     std::vector<suspectReseau> suspects;
     std::vector<std::wstring> messages; ///< French: what was left out, what floats, what to look at
 
-    /// What standard deviations are made with: s0, or the one announced when there is no redundancy.
-    double s0Pris(const reseau& r) const { return estConnue(s0) ? s0 : r.sigma; }
+    /// What standard deviations are made with: s0, or the one announced when it is asked for, or without redundancy.
+    double s0Pris(const reseau& r) const { return estConnue(s0) && !r.ecartsAPriori ? s0 : r.sigma; }
 };
 
 /// The network cannot be computed. The text is for the user: French sentences.

@@ -175,6 +175,7 @@ struct parcoursTerrain::traversee {
                 return clore();
             // The way comes in between w, on its left, and u; the third corner says by which side it goes on.
             const int venuPar = sol.coteEnFace(t, i);
+            sol.annoncerVoisins(suivant);
             const double enFace = cote(sol.coin(suivant, venuPar));
             const bool aGauche = gauche(enFace);
             (aGauche ? enW : enU) = enFace;

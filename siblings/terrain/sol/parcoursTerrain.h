@@ -11,7 +11,7 @@
 /// few steps. Not for two threads at once; the ground must outlive it.
 class parcoursTerrain {
 public:
-    explicit parcoursTerrain(const maillageTerrain& leSol) : sol(leSol) {}
+    explicit parcoursTerrain(const maillageTerrain& leMaillage) : sol(leMaillage) {}
 
     /// A triangle whose closed area holds the place, part of the model or not; -1 outside the hull.
     int triangleEn(const lieuSol& lieu);

@@ -9,6 +9,7 @@
 #include "acedads.h"
 #include "acutmem.h"
 #include "afx.h"
+#include "dbads.h"
 #include "FakeDatabase.h"
 #include "moduleActions.h"
 
@@ -234,6 +235,12 @@ TEST_F(Runner, sessionCommandsMayCloseTheirDocument)
     });
     EXPECT_EQ(runner.run(L"CORPS").failure, L"");
     EXPECT_EQ(list.documentCount(), 0);
+
+    addBody(ACRX_CMD_SESSION, [] {
+        acdbFail(L"rien à faire");
+        acdbFail(L"autre chose");
+    });
+    EXPECT_EQ(runner.run(L"CORPS").failure, L"La commande « CORPS » a échoué : rien à faire.");
 
     addBody(ACRX_CMD_SESSION, [this] { list.create(); });
     EXPECT_EQ(runner.run(L"CORPS").failure, L"");

@@ -82,6 +82,14 @@ TEST(FichierMc, TellsTheLine)
         {"an angle with one point", "Angle: B 10"},
         {"an option that is none", "Distance: B 10 ecar= 3"},
         {"a deviation that is no number", "Distance: B 10 e= x"},
+        {"a deviation that is missing", "Distance: B 10 e="},
+        {"a deviation below zero", "Distance: B 10 e= -3"},
+        {"a line without length", "Denivelee: B 1 km= 0"},
+        {"a height that is missing", "Station: A hi="},
+        {"millimetres a kilometre below zero", "Precision: distance 3 -2"},
+        {"a formula that does not parse", "Formule: angles \"1/(3+\""},
+        {"a formula of a variable that nobody defined", "Formule: distances \"1/(3+k)\""},
+        {"a word after sigma", "Sigma: 1 aposteriori"},
     };
     for (const auto& f : fautes) {
         SCOPED_TRACE(f.nom);
@@ -196,7 +204,24 @@ TEST(FichierGkf, DamagedFilesSayWhere)
              pied,
          3, false},
         {"huge matrix", std::string(tete) + "<obs from='A'><cov-mat dim='99999999' band='0'/></obs>" + pied, 2, false},
-        {"baselines", std::string(tete) + "<vectors><vec from='A' to='B' dx='1' dy='1' dz='1'/></vectors>" + pied, 2,
+        {"baselines",
+         std::string(tete) +
+             "<vectors><vec from='A' to='B' dx='1' dy='1' dz='1'/>"
+             "<cov-mat dim='3' band='0'>1 1 1</cov-mat></vectors>" +
+             pied,
+         2, true},
+        {"an attribute misspelt",
+         std::string(tete) + "<obs from='A'>\n<distance to='B' val='5' stdv='3'/></obs>" + pied, 3, true},
+        {"a deviation below zero",
+         std::string(tete) + "<obs from='A'>\n<distance to='B' val='5' stdev='-3'/></obs>" + pied, 3, true},
+        {"letters that are no axes", std::string(tete) + "\n<point id='A' adj='xw'/>" + pied, 3, true},
+        {"half a place", std::string(tete) + "\n<point id='A' x='1' adj='xy'/>" + pied, 3, true},
+        {"a direction from elsewhere",
+         std::string(tete) + "<obs from='A'>\n<direction from='C' to='B' val='5'/></obs>" + pied, 3, true},
+        {"angles of neither hand", "<gama-local>\n<network angles='left'/></gama-local>", 2, true},
+        {"a confidence beyond one", "<gama-local><network>\n<parameters conf-pr='95'/></network></gama-local>", 2,
+         true},
+        {"a sigma of another kind", "<gama-local><network>\n<parameters sigma-act='s0'/></network></gama-local>", 2,
          true},
         {"entities that grow", "<!DOCTYPE g [<!ENTITY a 'aaaaaaaaaa'>]>\n<gama-local>&b;</gama-local>", 2, false},
     };

@@ -214,9 +214,15 @@ TEST(Reseau, WhatFloatsIsNamed)
         const char* texte;
         const wchar_t* phrase;
     } entiers[] = {
-        {"Station: A\nDistance: B 100\nDistance: C 141.42\nStation: B\nDistance: C 100\n", L"glisser d'un bloc"},
+        {"Station: A\nDistance: B 100\nDistance: C 141.42\nStation: B\nDistance: C 100\n",
+         L"Les points A, B et C flottent : ils peuvent glisser et tourner d'un bloc : il manque un point connu, et un"},
+        {"Point: A X= 0 Y= 0\nPoint: B X= 100 Y= 0\nPoint: C X= 50 Y= 80\nStation: A\nDirection: B 100\nDirection: C "
+         "35\n"
+         "Station: B\nDirection: A 300\nDirection: C 365\n",
+         L"\nLes points A, B et C flottent : ils peuvent glisser, tourner et grandir d'un bloc : il manque deux points "
+         L"connus.\nTenez"},
         {"Point: A X= 0 Y= 0 fixe\nStation: A\nDistance: B 100\nDistance: C 141.42\nStation: B\nDistance: C 100\n",
-         L"tourner d'un bloc"},
+         L"\nLes points B et C flottent : ils peuvent tourner d'un bloc : il manque un gisement"},
         {"Station: A\nDenivelee: B 1\nStation: B\nDenivelee: A -1\n", L"monter ensemble"},
         {"Point: A X= 0 Y= 0 fixe\n", L"aucune observation"},
     };
@@ -228,6 +234,32 @@ TEST(Reseau, WhatFloatsIsNamed)
             EXPECT_NE(faute.phrase().find(c.phrase), std::wstring::npos) << c.texte;
         }
     }
+}
+
+TEST(Reseau, DeviationsMayBeTheAnnouncedOnes)
+{
+    constexpr char mesures[] = "Precision: denivelee 2\nPoint: A Z= 0 fixe\nStation: A\nDenivelee: B 1.000\n"
+                               "Denivelee: B 1.006\n";
+    const reseau r = lireMc(std::string("Sigma: 1\n") + mesures).r;
+    const reseau annonce = lireMc(contenuMc(lireMc(std::string("Sigma: 1 apriori\n") + mesures).r)).r;
+    const resultatReseau parS0 = compenser(r), aPriori = compenser(annonce);
+    EXPECT_NEAR(parS0.s0, std::sqrt(18.0) / 2.0, 1e-9); // 3 mm of residual, twice, for 2 mm announced
+    EXPECT_NEAR(pointNomme(annonce, aPriori, L"B").sz, 2e-3 / std::sqrt(2.0), 1e-9);
+    EXPECT_NEAR(pointNomme(r, parS0, L"B").sz, parS0.s0 * 2e-3 / std::sqrt(2.0), 1e-9);
+}
+
+TEST(Reseau, DataBetterThanAnnouncedHaveNoSuspects)
+{
+    // Twelve times the same within a hundredth of what is announced, one a little apart.
+    std::string texte = "Point: A Z= 0 fixe\nStation: A\n";
+    for (int i = 0; i < 12; ++i)
+        texte += i == 11 ? "Denivelee: B 1.0010 e= 10\n"
+                 : i % 2 ? "Denivelee: B 1.0001 e= 10\n"
+                         : "Denivelee: B 1 e= 10\n";
+    const reseau r = lireMc(texte).r;
+    const resultatReseau resultat = compenser(r);
+    EXPECT_LT(resultat.s0, resultat.s0Bas);
+    EXPECT_TRUE(resultat.suspects.empty());
 }
 
 TEST(Reseau, NoRedundancyIsSaid)

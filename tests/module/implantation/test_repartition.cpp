@@ -20,9 +20,14 @@ struct ligne {
         return ::repartir(
             points.size(), stations.size(), {portee, equilibree},
             [this](std::size_t p, std::size_t s) { return std::abs(points[p] - stations[s]); },
-            [this](std::size_t p, std::size_t s) {
-                const auto cache = caches.find({p, s});
-                return cache == caches.end() ? vueDuPoint{true, inconnu} : vueDuPoint{false, cache->second};
+            [this](const std::vector<paireRepartition>& paires) {
+                std::vector<vueDuPoint> vues;
+                for (const auto& [p, s] : paires) {
+                    const auto cache = caches.find({p, s});
+                    vues.push_back(cache == caches.end() ? vueDuPoint{true}
+                                                         : vueDuPoint{false, refusStation::obstruee, cache->second});
+                }
+                return vues;
             });
     }
 };
@@ -33,22 +38,24 @@ constexpr std::size_t aucune = repartition::aucune;
 
 TEST(Repartition, GivesEachPointToTheNearestStationThatSeesIt)
 {
-    const ligne l{{0.0, 4.0, 9.0, 30.0, 5.0}, {0.0, 10.0}, {{{1, 0}, 0.4}, {{4, 0}, 0.7}, {{4, 1}, 0.3}}};
+    const ligne l{{1.0, 4.0, 9.0, 30.0, 5.0, 10.0}, {0.0, 10.0}, {{{1, 0}, 0.4}, {{4, 0}, 0.7}, {{4, 1}, 0.3}}};
     const repartition r = l.repartir(12.0, false);
-    EXPECT_EQ(r.stations, (std::vector<std::size_t>{0, 1, 1, aucune, aucune}));
-    EXPECT_EQ(r.manques[3], inconnu) << "out of range";
-    EXPECT_EQ(r.manques[4], 0.3) << "the least that is missing";
+    EXPECT_EQ(r.stations, (std::vector<std::size_t>{0, 1, 1, aucune, aucune, 0})) << "the last is not seen from itself";
+    EXPECT_EQ(r.refusees[3].pourquoi, refusStation::horsDePortee);
+    EXPECT_EQ(r.refusees[4].pourquoi, refusStation::obstruee);
+    EXPECT_EQ(r.refusees[4].manque, 0.3) << "the least that is missing";
+    EXPECT_EQ((ligne{{5.0}, {5.0, 90.0}, {}}.repartir(12.0, false).refusees[0].pourquoi), refusStation::memeLieu);
 }
 
 TEST(Repartition, BalancesAsFarAsSightsAllow)
 {
     // All are near the first station; the last point sees only that one.
-    const ligne l{{0.0, 1.0, 2.0, 3.0}, {0.0, 50.0}, {{{3, 1}, 0.1}}};
+    const ligne l{{0.5, 1.0, 2.0, 3.0}, {0.0, 50.0}, {{{3, 1}, 0.1}}};
     EXPECT_EQ(l.repartir(inconnu, false).stations, (std::vector<std::size_t>{0, 0, 0, 0}));
     const repartition r = l.repartir(inconnu, true);
     EXPECT_EQ(std::ranges::count(r.stations, 0U), 2);
     EXPECT_EQ(r.stations[3], 0U);
-    const ligne cache{{0.0, 1.0}, {0.0}, {{{1, 0}, 0.5}}};
+    const ligne cache{{0.5, 1.0}, {0.0}, {{{1, 0}, 0.5}}};
     EXPECT_EQ(cache.repartir(inconnu, true).stations, (std::vector<std::size_t>{0, aucune}));
 }
 

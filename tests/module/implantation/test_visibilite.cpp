@@ -110,6 +110,14 @@ TEST(Visibilite, TellsWhereTheSightIsCut)
     EXPECT_NEAR(pire->depassement, 2.5, 1e-12);
 }
 
+TEST(Visibilite, LooksRoundTheHorizonOfEachStation)
+{
+    const point2 a{0.0, 0.0}, b{5.0, 0.0};
+    const std::vector<viseeEnPlan> visees{{a, {0.0, 9.0}}, {b, {9.0, 0.0}},  {a, {9.0, 1.0}},
+                                          {b, {5.0, 9.0}}, {a, {9.0, -1.0}}, {a, {9.0, 1.0}}};
+    EXPECT_EQ(ordreDesVisees(visees), (std::vector<std::size_t>{4, 2, 5, 0, 1, 3}));
+}
+
 TEST(Visibilite, KeepsItsPrecisionFarFromTheOrigin)
 {
     const point2 loin{700000.25, 6600000.75};

@@ -5,6 +5,7 @@
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
 #include "ed/Kernel.h"
+#include "implantation/implantationEnLigne.h"
 #include "points/projetDansDessin.h"
 #include "points/terrainVoisin.h"
 #include "rx/Console.h"
@@ -168,6 +169,37 @@ TEST_F(TerrainTest, takesPointsOfTablesAsTheyAre)
     tablesPoints->currTable()->getData(1)->setZ(11.0);
     e.donnees();
     EXPECT_NE(affiche.find(L"n'est plus \u00e0 jour"), std::wstring::npos);
+}
+
+TEST_F(TerrainTest, comesAndGoesBetweenTheSightsOfAJob)
+{
+    dessinAvecModele();
+    const auto ajouter = [](const wchar_t* nom, double x, double y) {
+        pointDuDessin p;
+        p.setParams(nom, AcGePoint3d(x, y, 1e38), 1);
+        tablesPoints->currTable()->Ajouter(p);
+    };
+    ajouter(L"S", 1.0, 1.0);
+    ajouter(L"1", 9.0, 8.0);
+    ajouter(L"2", 90.0, 80.0);
+    demandeImplantation demande;
+    demande.station = L"S";
+    demande.points = L"1,2";
+    demande.verifier = true;
+    const auto verifies = [&] {
+        const suitesImplantation suites = implanterEnLigne(demande);
+        EXPECT_EQ(suites.erreur, L"");
+        int nombre = 0;
+        for (const pointImplante& p : suites.resultat.blocs.at(0).points)
+            nombre += p.verifie ? 1 : 0;
+        EXPECT_EQ(suites.avertissements.size(), 1U) << "a point off the ground, or no ground at all";
+        return nombre;
+    };
+    EXPECT_EQ(verifies(), 1);
+    ASSERT_FALSE(ModuleTable::instance().unload(large(TERRAIN_ARX)));
+    EXPECT_EQ(verifies(), 0);
+    ASSERT_FALSE(ModuleTable::instance().load(large(TERRAIN_ARX)));
+    EXPECT_EQ(verifies(), 1);
 }
 
 TEST_F(TerrainTest, unloadsInEitherOrder)
