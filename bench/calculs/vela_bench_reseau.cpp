@@ -20,7 +20,7 @@
 namespace {
 
 constexpr auto rien = [] {};
-constexpr int coteDeReference = 40;    // 1,596 new points, 24,648 observations
+constexpr int coteDeReference = 40;   // 1,596 new points, 24,648 observations
 constexpr double admisParTri = 390.0; // times the sort of one number an observation: 1 s where the bar was set
 constexpr double megaoctetsAdmis = 200.0;
 /// Growth of the time with the number of points; the exponent is 1.5 and memory is slower where it is larger.
