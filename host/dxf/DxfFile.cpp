@@ -132,11 +132,12 @@ void DxfFile::load(DxfUpgrade upgrade)
     m_problems = std::move(found);
 }
 
-/// Whether objects lack the markers of their classes throughout a section: the form of R12, whatever version is stated.
+/// Whether the objects of the TABLES or BLOCKS section lack the markers of their classes: the form of R12, whatever
+/// version is stated.
 bool DxfFile::isBare() const
 {
     return std::ranges::any_of(m_sections, [this](const DxfRange& range) {
-        if (!holdsObjects(range.name) || range.name == "OBJECTS" || range.last <= range.first + 1)
+        if ((range.name != "TABLES" && range.name != "BLOCKS") || range.last <= range.first + 1)
             return false;
         const std::uint64_t begin = m_records[range.first].offset, end = m_records[range.last].offset;
         return m_bytes.substr(begin, end - begin).find("AcDb") == m_bytes.npos;
