@@ -41,8 +41,7 @@ public:
 
     void add(const AcGeVector3d& shift)
     {
-        m_sets.push_back(copyObjects(m_originals));
-        transformObjects(m_sets.back(), AcGeMatrix3d::translation(shift));
+        m_sets.push_back(transformCopies(m_originals, AcGeMatrix3d::translation(shift)));
     }
     void takeBack()
     {

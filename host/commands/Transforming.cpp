@@ -100,6 +100,21 @@ void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix
     tellRefused(refused, objects.size(), L" ne peut être transformé.", L" ne peuvent être transformés.");
 }
 
+std::vector<AcDbObjectId> transformCopies(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix)
+{
+    std::vector<AcDbObjectId> copies = copyObjects(objects);
+    const std::size_t all = copies.size();
+    const std::size_t refused = std::erase_if(copies, [&](AcDbObjectId id) {
+        const bool stays =
+            change<AcDbEntity>(id, [&](AcDbEntity& entity) { return transformed(entity, matrix); }) != Acad::eOk;
+        if (stays)
+            eraseObject(id);
+        return stays;
+    });
+    tellRefused(refused, all, L" ne peut être transformé.", L" ne peuvent être transformés.");
+    return copies;
+}
+
 Ghost::Ghost(const std::vector<AcDbObjectId>& objects, const AcGePoint3d& base,
              std::function<AcGeMatrix3d(const AcGePoint3d& place)> moved) :
     m_transients(Transients::of(*curDoc()))

@@ -20,6 +20,9 @@ Acad::ErrorStatus transformed(AcDbEntity& entity, const AcGeMatrix3d& matrix);
 /// Moves entities through a matrix. What cannot go through it, such as a text that would be slanted, stays and is told.
 void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix);
 
+/// Copies entities and moves the copies through a matrix. What cannot go through it leaves no copy, and is told.
+std::vector<AcDbObjectId> transformCopies(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix);
+
 /// While it lives, a window shows objects where the place that is asked for from `base` would take them.
 class Ghost {
 public:

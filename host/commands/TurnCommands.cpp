@@ -20,11 +20,20 @@ namespace {
 struct AboutBase {
     std::vector<AcDbObjectId> objects;
     AcGePoint3d base;
+    bool copies = false; ///< the objects stay, copies of them go
+
+    void transform(const AcGeMatrix3d& matrix) const
+    {
+        if (copies)
+            transformCopies(objects, matrix);
+        else
+            transformObjects(objects, matrix);
+    }
 };
 
 AboutBase askObjectsAndBase()
 {
-    AboutBase about{askEditable(), {}};
+    AboutBase about{askEditable(), {}, false};
     about.base = askPoint(L"Spécifiez le point de base : ");
     return about;
 }
@@ -56,7 +65,7 @@ double askAngle(AboutBase& about)
                                .from(about.base)
                                .angle();
         if (given.is(L"Copy")) {
-            about.objects = copyObjects(about.objects);
+            about.copies = true;
             continue;
         }
         if (!given.is(L"Reference"))
@@ -78,7 +87,7 @@ double askFactor(AboutBase& about)
                                .from(about.base)
                                .distance();
         if (given.is(L"Copy")) {
-            about.objects = copyObjects(about.objects);
+            about.copies = true;
             continue;
         }
         if (!given.is(L"Reference"))
@@ -140,14 +149,14 @@ void commands::rotate()
 {
     AboutBase about = askObjectsAndBase();
     const double angle = askAngle(about);
-    transformObjects(about.objects, AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis, about.base));
+    about.transform(AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis, about.base));
 }
 
 void commands::scale()
 {
     AboutBase about = askObjectsAndBase();
     const double factor = askFactor(about);
-    transformObjects(about.objects, AcGeMatrix3d::scaling(factor, about.base));
+    about.transform(AcGeMatrix3d::scaling(factor, about.base));
 }
 
 void commands::mirror()
@@ -160,8 +169,12 @@ void commands::mirror()
     const bool replaces = askYes(L"Effacer les objets source ?", false);
     const auto objects = replaces ? originals : copyObjects(originals);
     std::size_t refused = 0;
-    for (const AcDbObjectId id : objects)
-        refused +=
-            change<AcDbEntity>(id, [&](AcDbEntity& entity) { return mirrorObject(entity, *mirror); }) != Acad::eOk;
+    for (const AcDbObjectId id : objects) {
+        if (change<AcDbEntity>(id, [&](AcDbEntity& entity) { return mirrorObject(entity, *mirror); }) == Acad::eOk)
+            continue;
+        ++refused;
+        if (!replaces) // its copy would lie on it
+            eraseObject(id);
+    }
     tellRefused(refused, objects.size(), L" sans symétrique.", L" sans symétrique.");
 }

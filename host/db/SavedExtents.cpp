@@ -11,6 +11,15 @@ namespace {
 constexpr const char* kLeast = "$EXTMIN";
 constexpr const char* kMost = "$EXTMAX";
 
+bool holds(const AcDbExtents& outer, const AcDbExtents& inner)
+{
+    if (outer.isEmpty())
+        return false;
+    const AcGePoint3d low = outer.minPoint(), high = outer.maxPoint();
+    const AcGePoint3d from = inner.minPoint(), to = inner.maxPoint();
+    return low.x <= from.x && low.y <= from.y && low.z <= from.z && to.x <= high.x && to.y <= high.y && to.z <= high.z;
+}
+
 /// Adds entities up. The boxes of blocks are kept from one reference to the next: a survey has few and shows them
 /// often.
 class GrowingExtents {
@@ -24,7 +33,7 @@ public:
         const AcDbObjectPointer<AcDbEntity> entity{AcDbObjectId(stub)};
         AcDbExtents own;
         if (const auto* reference = AcDbBlockReference::cast(entity.object()))
-            own = m_blocks.of(*reference);
+            own = boxOf(*reference);
         else if (!entity.object() || entity->getGeomExtents(own) != Acad::eOk)
             return;
         if (!own.isEmpty())
@@ -32,6 +41,13 @@ public:
     }
 
 private:
+    /// The smallest box is worth its walk only where it may reach out of what is known.
+    AcDbExtents boxOf(const AcDbBlockReference& reference)
+    {
+        const AcDbExtents around = m_blocks.around(reference);
+        return around.isEmpty() || holds(m_extents, around) ? around : m_blocks.of(reference);
+    }
+
     AcDbExtents& m_extents;
     BlockExtents m_blocks;
 };

@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int r2000 = 1015;
 constexpr int r2007 = 1021; // the first to write UTF-8
 constexpr int r12 = 1009;
 
@@ -116,8 +115,11 @@ void DxfFile::load(DxfUpgrade upgrade)
     if (m_cut || m_lineOpen || !m_endsecsWithin.empty())
         repair();
     m_versionOnDisk = m_form.version;
-    if (m_form.version >= r2000 || upgrade == DxfUpgrade::none) {
-        enterHandles(m_form.version >= r2000);
+    const bool bare = m_form.version >= firstMarkedVersion && isBare();
+    if (bare)
+        note(0, dxfBadCode, dxf_texts::noMarkers);
+    if ((m_form.version >= firstMarkedVersion && !bare) || upgrade == DxfUpgrade::none) {
+        enterHandles(m_form.version >= firstMarkedVersion);
         return;
     }
     enterHandles(false);
@@ -128,6 +130,18 @@ void DxfFile::load(DxfUpgrade upgrade)
     index();
     enterHandles(true);
     m_problems = std::move(found);
+}
+
+/// Whether the objects of the TABLES or BLOCKS section lack the markers of their classes: the form of R12, whatever
+/// version is stated.
+bool DxfFile::isBare() const
+{
+    return std::ranges::any_of(m_sections, [this](const DxfRange& range) {
+        if ((range.name != "TABLES" && range.name != "BLOCKS") || range.last <= range.first + 1)
+            return false;
+        const std::uint64_t begin = m_records[range.first].offset, end = m_records[range.last].offset;
+        return m_bytes.substr(begin, end - begin).find("AcDb") == m_bytes.npos;
+    });
 }
 
 void DxfFile::index()

@@ -29,7 +29,7 @@ R2000Upgrade::R2000Upgrade(const DxfFile& old) :
     m_lastHandle(std::max<std::uint64_t>(old.freeHandle(), 0x20) - 1), // low handles are the fixed objects' by custom
     m_skeleton([this] { return newHandle(); })
 {
-    m_form.version = 1015;
+    m_form.version = std::max(m_form.version, firstMarkedVersion);
     m_form.oneByteCodes = false;
 }
 
@@ -267,7 +267,8 @@ std::string R2000Upgrade::run()
     const DxfRecord& last = m_old.records().back();
     if (first.flags & DxfRecord::pseudo)
         putHead(m_old.bytes(first));
-    headerVariables("AC1015");
+    const bool stated = m_old.form().version >= firstMarkedVersion; // and its texts are encoded by it
+    headerVariables(stated ? m_old.headerValue("$ACADVER", 1) : "AC1015");
     m_out += body;
     if ((last.flags & DxfRecord::pseudo) && &last != &first)
         m_write.raw(m_old.bytes(last));

@@ -70,8 +70,10 @@ std::optional<std::wstring> DrawingChanges::writeCopy(Document& document, const 
     std::optional<std::wstring> failure;
     DocumentList::instance().withCurrent(document, [&] {
         const UndoTrial trial(document.database()->impl().undo());
-        ModuleTable::instance().tellAll(AcRx::kSaveMsg);
+        const std::vector<std::wstring> failed = ModuleTable::instance().tellAll(AcRx::kSaveMsg);
         failure = document.database()->impl().writeCopy(path);
+        if (!failure && !failed.empty())
+            failure = L"la copie est sans les données du module « " + failed.front() + L" »";
     });
     return failure;
 }

@@ -29,7 +29,7 @@ public:
 
     /// Writes what saving would write, modules told and all, to another file, whole or not at all. The document, its
     /// history and its own file stay as they are. No object of the drawing may be open.
-    /// @return why it failed, in French; nothing when it did not.
+    /// @return why it failed, or what the copy lacks, in French; nothing when it is whole.
     static std::optional<std::wstring> writeCopy(Document& document, const std::filesystem::path& path);
 
 private:

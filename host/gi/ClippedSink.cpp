@@ -16,12 +16,20 @@ double turn(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& c)
     return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
 
+/// Turns left everywhere, and once in all: a star drawn in one stroke turns twice.
 bool isConvex(const Ring& ring)
 {
-    for (std::size_t i = 0; i < ring.size(); ++i)
-        if (turn(ring[i], ring[(i + 1) % ring.size()], ring[(i + 2) % ring.size()]) < 0.0)
+    int turnsBack = 0; // from eastward to westward and back
+    double last = 0.0;
+    for (std::size_t i = 0; i < 2 * ring.size(); ++i) {
+        const AcGePoint3d &a = ring[i % ring.size()], &b = ring[(i + 1) % ring.size()];
+        if (turn(a, b, ring[(i + 2) % ring.size()]) < 0.0)
             return false;
-    return true;
+        const double east = b.x - a.x;
+        turnsBack += i >= ring.size() && east * last < 0.0; // the first round finds where it comes from
+        last = east != 0.0 ? east : last;
+    }
+    return turnsBack <= 2;
 }
 
 bool isEar(const Ring& ring, std::size_t tip)
@@ -77,21 +85,21 @@ Ring leftOf(const Ring& ring, const AcGePoint3d& a, const AcGePoint3d& b)
 
 } // namespace
 
-ClippedSink::ClippedSink(GraphicsSink& sink, Ring ring) : m_sink(sink), m_ring(std::move(ring))
-{
-    if (m_ring.size() <= mostCorners)
-        m_convex = convexParts(m_ring);
-}
-
-bool ClippedSink::holds(const AcGePoint3d& point) const
+bool isWithin(std::span<const AcGePoint3d> ring, const AcGePoint3d& point)
 {
     bool inside = false;
-    for (std::size_t i = 0; i < m_ring.size(); ++i) {
-        const AcGePoint3d &a = m_ring[i], &b = m_ring[(i + 1) % m_ring.size()];
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const AcGePoint3d &a = ring[i], &b = ring[(i + 1) % ring.size()];
         if ((a.y > point.y) != (b.y > point.y) && point.x < a.x + (b.x - a.x) * (point.y - a.y) / (b.y - a.y))
             inside = !inside;
     }
     return inside;
+}
+
+ClippedSink::ClippedSink(GraphicsSink& sink, Ring ring) : m_sink(sink), m_ring(std::move(ring))
+{
+    if (m_ring.size() <= mostCorners)
+        m_convex = convexParts(m_ring);
 }
 
 std::vector<double> ClippedSink::crossings(const AcGePoint3d& from, const AcGePoint3d& to) const

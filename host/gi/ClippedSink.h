@@ -2,6 +2,9 @@
 
 #include "gi/GraphicsSink.h"
 
+/// Whether a point lies within a ring, as seen from above; a part that the ring goes about twice is outside.
+bool isWithin(std::span<const AcGePoint3d> ring, const AcGePoint3d& point);
+
 /// Hands on what lies within a ring, as seen from above: lines and areas are cut at it, a text shows when its middle
 /// lies within.
 class ClippedSink : public GraphicsSink {
@@ -20,7 +23,7 @@ public:
 private:
     using Ring = std::vector<AcGePoint3d>;
 
-    bool holds(const AcGePoint3d& point) const;
+    bool holds(const AcGePoint3d& point) const { return isWithin(m_ring, point); }
     /// Shares of the way between two points where it crosses the ring, from 0 to 1, in order.
     std::vector<double> crossings(const AcGePoint3d& from, const AcGePoint3d& to) const;
 

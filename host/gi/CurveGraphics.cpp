@@ -91,15 +91,17 @@ void addSpline(const AcDbSpline& spline, DisplayList& list)
     if (spline.getStartParam(from) != Acad::eOk || spline.getEndParam(to) != Acad::eOk ||
         spline.getPointAtParam(from, point) != Acad::eOk)
         return;
+    const int controls = spline.numControlPoints(), fits = spline.numFitPoints();
     AcDbExtents box;
-    for (int i = 0; i < spline.numControlPoints(); ++i)
-        if (AcGePoint3d control; spline.getControlPointAt(i, control) == Acad::eOk)
-            box.addPoint(control);
-    const double deviation = box.isEmpty() ? 0.0 : relativeDeviation * (box.maxPoint() - box.minPoint()).length();
-    // Without control points it is the lines between its fit points: steps of its parameter meet them all.
-    const int fitSpans = std::max(spline.numFitPoints() - 1, 1);
-    const int spans = box.isEmpty() ? fitSpans : std::clamp(spline.numControlPoints(), 2, 1000) * chordsOfSpan / 4;
-    path.smooth = !box.isEmpty();
+    for (int i = 0; i < (controls > 0 ? controls : fits); ++i)
+        if ((controls > 0 ? spline.getControlPointAt(i, point) : spline.getFitPointAt(i, point)) == Acad::eOk)
+            box.addPoint(point);
+    const double deviation = relativeDeviation * (box.maxPoint() - box.minPoint()).length();
+    // Without control points, steps of its parameter meet all the points that it runs through.
+    const int stretches = controls > 0 ? std::clamp(controls, 2, 1000) : static_cast<int>(to - from);
+    const int spans = std::min(stretches * chordsOfSpan / 4, static_cast<int>(mostChords));
+    path.smooth = true;
+    spline.getPointAtParam(from, point);
     path.points.push_back(point);
     SplineChords chords(spline, deviation, path.points);
     for (int i = 0; i < spans; ++i) {
@@ -107,7 +109,7 @@ void addSpline(const AcDbSpline& spline, DisplayList& list)
         const double end = i + 1 == spans ? to : from + (to - from) * (i + 1) / spans;
         const AcGePoint3d reached = path.points.back();
         if (spline.getPointAtParam(end, point) == Acad::eOk)
-            chords.follow(start, reached, end, point, box.isEmpty() ? 0 : mostHalvings);
+            chords.follow(start, reached, end, point, mostHalvings);
     }
     list.add(std::move(path));
 }

@@ -4,6 +4,7 @@
 
 #include "db/entities/PieceIntersection.h"
 #include "ge/Angles.h"
+#include "gi/ClippedSink.h"
 #include "gi/PathFlattening.h"
 #include "gi/SceneContents.h"
 #include "gi/ViewClip.h"
@@ -12,6 +13,8 @@ namespace {
 
 constexpr std::size_t mostPieces = 400; // near the cursor, tried for intersections
 constexpr std::size_t mostCandidates = 20000;
+
+using Ring = std::vector<AcGePoint3d>;
 
 /// Finds snap points among what a walk shows near the cursor.
 class SnapSearch : public SceneWalk {
@@ -50,6 +53,8 @@ protected:
         offer(SnapKind::insertion, place(anchor.point));
     }
     void shrunk(const AcGePoint3d&, const Pen&) override {}
+    void beginClip(Ring ring) override { m_clips.push_back(std::move(ring)); }
+    void endClip() override { m_clips.pop_back(); }
 
 private:
     bool wants(SnapKind kind) const { return (m_kinds & static_cast<unsigned>(kind)) != 0; }
@@ -70,8 +75,10 @@ private:
     struct Near {
         CurvePiece piece;
         AcDbObjectId entity;
+        std::vector<Ring> clips;
     };
     std::vector<Near> m_pieces;
+    std::vector<Ring> m_clips; // what lies out of one of them does not show
     std::optional<SnapPoint> m_best;
     double m_bestDistance = 0.0;
     int m_bestRank = 0;
@@ -84,6 +91,8 @@ void SnapSearch::offer(SnapKind kind, const AcGePoint3d& point, double distance,
     if (!wants(kind) || !(distance <= m_aperture) || !std::isfinite(point.x + point.y + point.z))
         return;
     if (m_best && (rank > m_bestRank || (rank == m_bestRank && distance >= m_bestDistance - same)))
+        return;
+    if (!std::ranges::all_of(m_clips, [&](const Ring& ring) { return isWithin(ring, point); }))
         return;
     m_best = SnapPoint{kind, point, m_entity};
     m_bestDistance = distance;
@@ -218,7 +227,7 @@ void SnapSearch::addPiece(const AcGePoint3d& from, const AcGePoint3d& to, const 
         const double sense = arc->toStart.x * arc->across.y - arc->toStart.y * arc->across.x;
         piece.turn = sense < 0.0 ? -arc->turn : arc->turn;
     }
-    m_pieces.push_back({piece, m_entity});
+    m_pieces.push_back({piece, m_entity, m_clips});
 }
 
 /// Where the pieces near the cursor meet, seen from above; the altitude is that of the piece met first.
@@ -227,6 +236,8 @@ void SnapSearch::meetPieces()
     for (std::size_t i = 0; i < m_pieces.size(); ++i)
         for (std::size_t k = i + 1; k < m_pieces.size(); ++k) {
             const CurvePiece &first = m_pieces[i].piece, &second = m_pieces[k].piece;
+            m_clips = m_pieces[i].clips;
+            m_clips.insert(m_clips.end(), m_pieces[k].clips.begin(), m_pieces[k].clips.end());
             const PieceMeetings meetings = meetingsOf(first, second, 1e-9);
             for (int m = 0; m < meetings.count; ++m) {
                 const double t = meetings.at[m].onFirst;

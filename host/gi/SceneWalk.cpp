@@ -7,7 +7,9 @@ namespace {
 
 constexpr std::size_t deepest = 100; // blocks within blocks; more would be no drawing, and much of the stack
 constexpr long mostWithinBlocks = 4000000;
-constexpr double mostCells = 250000; // of rows and columns, in one view
+constexpr long mostOutlined = 100000; // of blocks shown as their boxes when that is used up
+constexpr std::size_t usualDepth = 8; // of blocks within blocks
+constexpr double mostCells = 250000;  // of rows and columns, in one view
 
 void setColor(Appearance& look, int index, std::int32_t trueColor)
 {
@@ -115,7 +117,14 @@ SceneWalk::Resolved SceneWalk::resolve(const EntityLook& look, const Reference* 
 
 bool SceneWalk::isSpent() const
 {
-    return m_left < -mostWithinBlocks;
+    return m_left < -mostOutlined;
+}
+
+/// Blocks that hold each other several times, level after level, are without number: what is deep costs more.
+long SceneWalk::cost() const
+{
+    const std::size_t depth = m_entered.size();
+    return depth <= usualDepth ? 1 : static_cast<long>(depth * depth);
 }
 
 bool SceneWalk::isSmall(const Box2d& box) const
@@ -145,7 +154,9 @@ void SceneWalk::walkParts(const DisplayList& list, const Placement& place, const
         }
         if (entered)
             leave();
-        if (within && --m_left < 0)
+        if (within && m_left >= 0)
+            m_left -= cost();
+        if (within && m_left < 0)
             return;
     }
 }

@@ -76,6 +76,7 @@ private:
     void showCell(const BlockGraphics::Block& block, const Placement& place, const Resolved& resolved);
     bool isSmall(const Box2d& box) const;
     bool isSpent() const;
+    long cost() const;
 
     SceneTables& m_tables;
     BlockGraphics& m_blocks;

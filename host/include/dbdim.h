@@ -24,7 +24,7 @@ public:
     /// The definition point that all kinds have: where the dimension line stands.
     AcGePoint3d definitionPoint() const { return m_definition; }
 
-    /// What its block shows.
+    /// What its block shows; without one, what it measures.
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// What is more than a move gives it a block of its own, which shows the former one turned or scaled; a dimension
     /// in no drawing keeps its block as it is. The text that the block shows stays what it says.

@@ -151,6 +151,8 @@ int dessinerLegende(std::span<const blocDuDessin> blocs, const parametresLegende
         return static_cast<int>(lignes.size());
     }
     const AcDbObjectId bloc = creerBlocLegende(*db);
+    if (bloc.isNull())
+        return 0;
     remplir(bloc, lignes, parametres, AcGePoint3d::kOrigin);
     auto reference = std::make_unique<AcDbBlockReference>(place, bloc);
     reference->setDatabaseDefaults();

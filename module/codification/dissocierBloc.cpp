@@ -53,6 +53,25 @@ bool parties(const AcDbBlockReference& reference, entites& trouvees)
     return true;
 }
 
+/// All of them or none.
+bool ajouterTout(AcDbBlockTableRecord& espace, entites& nouvelles)
+{
+    std::vector<AcDbObjectId> ajoutees;
+    for (std::unique_ptr<AcDbEntity>& entite : nouvelles) {
+        AcDbObjectId id;
+        if (espace.appendAcDbEntity(id, entite.get()) != Acad::eOk) {
+            for (const AcDbObjectId& ajoutee : ajoutees)
+                if (const AcDbObjectPointer<AcDbEntity> ouverte(ajoutee, AcDb::kForWrite, false, true);
+                    ouverte.openStatus() == Acad::eOk)
+                    ouverte->erase();
+            return false;
+        }
+        entite.release()->close();
+        ajoutees.push_back(id);
+    }
+    return true;
+}
+
 } // namespace
 
 bool dissocierBloc(const AcDbObjectId& id)
@@ -64,8 +83,5 @@ bool dissocierBloc(const AcDbObjectId& id)
     const AcDbObjectPointer<AcDbBlockTableRecord> espace(reference->ownerId(), AcDb::kForWrite);
     if (espace.openStatus() != Acad::eOk)
         return false;
-    for (std::unique_ptr<AcDbEntity>& entite : trouvees)
-        if (espace->appendAcDbEntity(entite.get()) == Acad::eOk)
-            entite.release()->close();
-    return reference->erase() == Acad::eOk;
+    return ajouterTout(*espace.object(), trouvees) && reference->erase() == Acad::eOk;
 }

@@ -88,7 +88,7 @@ int lispResetcodespts()
     if (!table)
         return rendreNil();
     const CAcadUndoGroup groupe;
-    int changes = 0, verrouilles = 0;
+    int changes = 0, verrouilles = 0, sansAspect = 0;
     for (int i = 0; i < table->nbPoint(); ++i) {
         const pointDuDessin& point = *std::as_const(*table).getData(i);
         if (point.getCode() == code)
@@ -98,10 +98,15 @@ int lispResetcodespts()
             continue;
         }
         table->changerCode(i, code);
-        conformerSymbole(point.getId(), code, codificationDuModule());
+        const bool dessine = !point.getId().isNull() && !point.getId().isErased();
+        if (dessine && !conformerSymbole(point.getId(), code, codificationDuModule()))
+            ++sansAspect;
         ++changes;
     }
     signalerVerrouilles(verrouilles);
+    if (sansAspect > 0)
+        acutPrintf(L"\n%d symbole(s) gardent leur aspect : le block « %s » du code %d n'a pas pu être lu.", sansAspect,
+                   codificationDuModule().getCodif(code).chemin.c_str(), code);
     return acedRetInt(changes);
 }
 

@@ -33,7 +33,7 @@ std::vector<AcDbObjectId> symbolesDe(const listePointsDuDessin& table)
 }
 
 struct bilan {
-    int changes = 0, verrouilles = 0;
+    int changes = 0, verrouilles = 0, echecs = 0;
 };
 
 void montrerAttributs(const AcDbObjectId& id, std::wstring_view etiquette, bool visible, bilan& attributs)
@@ -91,7 +91,7 @@ int lispTpcdaddpt()
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
         (!arguments.fini() && !arguments.lireEntier(code)) ||
-        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini())
+        (!arguments.fini() && !arguments.lireTexte(observation)) || !arguments.fini() || !codeValable(code))
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)
@@ -229,9 +229,11 @@ int lispDissocblock()
     for (const AcDbObjectId& id : demanderSelection(L"\nSelectionnez les elements a dissocier", L"INSERT"))
         if (estVerrouille(id))
             ++blocs.verrouilles;
-        else if (dissocierBloc(id))
-            ++blocs.changes;
+        else
+            ++(dissocierBloc(id) ? blocs.changes : blocs.echecs);
     signalerVerrouilles(blocs.verrouilles);
     acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", blocs.changes);
+    if (blocs.echecs > 0)
+        acutPrintf(L"\n%d bloc(s) n'ont pas pu \u00eatre dissoci\u00e9s et restent tels quels", blocs.echecs);
     return RTNORM;
 }

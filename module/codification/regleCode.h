@@ -4,16 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "points/codeValable.h"
+
 struct codifPoint;
 class tableCodification;
 
 // What a code may hold. The dialogs, the AutoLISP functions and the readers of files keep to the same rules.
-
-/// Whether a new code may have the number: 1 to 9999.
-constexpr bool codeValable(int code)
-{
-    return code >= 1 && code <= 9999;
-}
 
 /// Whether symbols may have that size: 1e-6 to 1e6.
 bool tailleValable(double taille);

@@ -1,6 +1,7 @@
 #include <vector>
 
 #include "points/listePointsDuDessin.h"
+#include "services/CAcadUndoGroup.h"
 #include "services/dialogueProgression.h"
 #include "services/selection.h"
 
@@ -11,6 +12,7 @@ void listePointsDuDessin::renumeroter(bool tout)
 {
     if (!tout)
         return nommerSansNom();
+    const CAcadUndoGroup groupe;
     nommerParPlace();
     for (int i = 0; i < nbPoint(); ++i)
         mettreAJourSymbole(i);
@@ -32,6 +34,7 @@ void listePointsDuDessin::mettreAJourSymbole(int i, const wchar_t* observation)
 
 void listePointsDuDessin::updateDrawing()
 {
+    const CAcadUndoGroup groupe;
     dialogueProgression avancement(L"Mise \u00e0 jour du dessin", nbPoint() - 1);
     for (int i = 0; i < nbPoint(); ++i) {
         mettreAJourSymbole(i);

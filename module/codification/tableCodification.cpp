@@ -36,15 +36,23 @@ void signaler(const std::wstring& message)
 
 constexpr const wchar_t* nomFichier = L"defcodif";
 
+// Intended: another label for the records of getLibelle; users tell by it how a code came to be.
+constexpr const wchar_t* debutCodif = L"Code ";
+constexpr const wchar_t* debutLibelle = L"Code N\u00b0 ";
+
+codifPoint codifNeuve(int code, const wchar_t* debut)
+{
+    codifPoint neuve;
+    neuve.libelle = debut + std::to_wstring(code);
+    neuve.code = code;
+    return neuve;
+}
+
 /// @return whether the file may be replaced.
 bool garderFichierRefuse(const std::wstring& chemin)
 {
     const auto copie = mettreDeCote(chemin.c_str());
-    if (!copie)
-        signaler(
-            entreCrochets(chemin) +
-            L" est illisible et n'a pas pu être copié ; il est laissé tel quel, les codes ne sont pas enregistrés.");
-    else if (!copie->empty())
+    if (copie && !copie->empty())
         journaliser(entreCrochets(chemin) + L" est illisible ; il est gardé sous " + entreCrochets(*copie) + L".");
     return copie.has_value();
 }
@@ -102,16 +110,38 @@ tableCodification::lecture tableCodification::lireCodes(const std::wstring& chem
     }
 }
 
+/// Codes that files or siblings gave points beyond what codes may be are drawn like any other, but the shared file
+/// does not fill with them: who changed such a record keeps it.
+std::vector<codifPoint> tableCodification::codesAEnregistrer() const
+{
+    const auto estRefait = [](const codifPoint& c, const wchar_t* debutLibelle) {
+        const codifPoint refait = codifNeuve(c.code, debutLibelle);
+        return xmlDeCodes({&c, 1}) == xmlDeCodes({&refait, 1});
+    };
+    std::vector<codifPoint> gardes;
+    for (const codifPoint& c : codes)
+        if (codeValable(c.code) || !(estRefait(c, debutCodif) || estRefait(c, debutLibelle)))
+            gardes.push_back(c);
+    return gardes;
+}
+
 int tableCodification::sauver(const wchar_t* fichier)
 {
-    const std::string xml = xmlDeCodes(codes);
+    const std::string xml = xmlDeCodes(codesAEnregistrer());
     if (fichier) {
         if (!remplacerFichier(fichier, xml))
             signaler(entreCrochets(fichier) + L" n'a pas pu être écrit.");
         return 1;
     }
-    if (derniere == lecture::refusee && !garderFichierRefuse(cheminFichier))
+    if (derniere == lecture::refusee && !garderFichierRefuse(cheminFichier)) {
+        // A file that can be read, where none can be written: the user's own folder is another place.
+        if (!lireFichier(cheminFichier.c_str()) || !sauverDansDossierPersonnel(xml))
+            signaler(entreCrochets(cheminFichier) + L" est illisible et n'a pas pu être copié ; il est laissé tel "
+                                                    L"quel, les codes ne sont pas enregistrés.");
+        else
+            derniere = lecture::aucune;
         return 1;
+    }
     derniere = lecture::aucune; // what was there is kept
     if (!remplacerFichier(cheminFichier.c_str(), xml) && !sauverDansDossierPersonnel(xml))
         signaler(entreCrochets(cheminFichier) +
@@ -165,22 +195,13 @@ int tableCodification::indexCode(int code) const
 codifPoint& tableCodification::getCodif(int code)
 {
     const int index = indexCode(code);
-    return index >= 0 ? (*this)[index] : creerCodif(code, L"Code ");
+    return index >= 0 ? (*this)[index] : codes.emplace_back(codifNeuve(code, debutCodif));
 }
 
 std::wstring tableCodification::getLibelle(int code)
 {
     const int index = indexCode(code);
-    // Intended: another label than that of getCodif; users tell by it how a code came to be.
-    return index >= 0 ? (*this)[index].libelle : creerCodif(code, L"Code N\u00b0 ").libelle;
-}
-
-codifPoint& tableCodification::creerCodif(int code, const wchar_t* debutLibelle)
-{
-    codifPoint& cree = codes.emplace_back();
-    cree.libelle = debutLibelle + std::to_wstring(code);
-    cree.code = code;
-    return cree;
+    return index >= 0 ? (*this)[index].libelle : codes.emplace_back(codifNeuve(code, debutLibelle)).libelle;
 }
 
 int tableCodification::supprimer(int index)

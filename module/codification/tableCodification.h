@@ -58,7 +58,7 @@ private:
 
     lecture lireCodes(const std::wstring& chemin);
     bool sauverDansDossierPersonnel(const std::string& xml);
-    codifPoint& creerCodif(int code, const wchar_t* debutLibelle);
+    std::vector<codifPoint> codesAEnregistrer() const;
 
     std::wstring cheminFichier;
     std::vector<codifPoint> codes;

@@ -16,6 +16,19 @@ namespace {
 
 constexpr int groupeNumero = 90;
 
+/// Does something at its end, also when that is an exception.
+template <class Fin>
+class enAttendant {
+public:
+    explicit enAttendant(Fin laFin) : fin(laFin) {}
+    ~enAttendant() { fin(); }
+    enAttendant(const enAttendant&) = delete;
+    enAttendant& operator=(const enAttendant&) = delete;
+
+private:
+    Fin fin;
+};
+
 /// Tells when one command ends and another begins.
 class suiviCommandes : public AcEditorReactor, public AcApDocManagerReactor {
 public:
@@ -135,8 +148,10 @@ void suiviCommandes::commandWillStart(const ACHAR* nom)
 void suiviCommandes::finir()
 {
     clore(dessinDeTravail());
-    if (auto& enCours = registre::unique().enCours; !enCours.empty()) // it may have begun before this was there
+    if (auto& enCours = registre::unique().enCours; !enCours.empty()) { // it may have begun before this was there
+        clore(enCours.back().dessin);                                   // it may have passed on to another
         enCours.pop_back();
+    }
 }
 
 /// A lock comes before the changes that someone makes outside commands.
@@ -191,24 +206,21 @@ void annulationDuDessin::objectModified(const AcDbDatabase*, const AcDbObject* o
 
 bool annulationDuDessin::ecrire(int numero)
 {
+    const enAttendant sien([this] { ecriture = false; });
     ecriture = true;
     if (objetNumero.isNull())
         objetNumero = creerObjet();
-    bool ecrit = false;
-    {
-        const AcDbObjectPointer<AcDbXrecord> objet(objetNumero, AcDb::kForWrite, true);
-        resbuf item{nullptr, groupeNumero, {}};
-        item.resval.rlong = numero;
-        ecrit = objet.openStatus() == Acad::eOk && objet->setFromRbChain(item) == Acad::eOk;
-    }
-    ecriture = false;
-    return ecrit;
+    const AcDbObjectPointer<AcDbXrecord> objet(objetNumero, AcDb::kForWrite, true);
+    resbuf item{nullptr, groupeNumero, {}};
+    item.resval.rlong = numero;
+    return objet.openStatus() == Acad::eOk && objet->setFromRbChain(item) == Acad::eOk;
 }
 
 /// Outside the history: taking back the first change does not take back the object that tells of it.
 AcDbObjectId annulationDuDessin::creerObjet()
 {
     const bool enregistre = dessin.undoRecording();
+    const enAttendant sansHistorique([&] { dessin.disableUndoRecording(!enregistre); });
     dessin.disableUndoRecording(true);
     auto objet = std::make_unique<AcDbXrecord>();
     resbuf item{nullptr, groupeNumero, {}};
@@ -218,7 +230,6 @@ AcDbObjectId annulationDuDessin::creerObjet()
         objet->erase();
         objet.release()->close();
     }
-    dessin.disableUndoRecording(!enregistre);
     return id;
 }
 

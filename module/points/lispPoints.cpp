@@ -1,5 +1,6 @@
 #include "points/lispPoints.h"
 
+#include "points/codeValable.h"
 #include "points/etendueDesPoints.h"
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
@@ -15,7 +16,7 @@ int lispAddPt()
     AcGePoint3d position;
     int code = 1;
     if (!arguments.lireTexte(nom) || !arguments.lirePoint(position) ||
-        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini())
+        (!arguments.fini() && !arguments.lireEntier(code)) || !arguments.fini() || !codeValable(code))
         return refuserParametres();
     listePointsDuDessin* const table = tableCourante();
     if (!table)

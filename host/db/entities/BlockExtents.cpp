@@ -24,6 +24,14 @@ bool keepsAxes(const AcGeMatrix3d& matrix)
     return true;
 }
 
+std::array<double, 9> turnOf(const AcGeMatrix3d& matrix)
+{
+    std::array<double, 9> turn{};
+    for (unsigned int i = 0; i < 9; ++i)
+        turn.at(i) = matrix(i / 3, i % 3);
+    return turn;
+}
+
 /// Factors of blocks in blocks multiply, past all numbers where they are many: such a box tells nothing.
 void addMoved(AcDbExtents box, const AcGeMatrix3d& matrix, AcDbExtents& extents)
 {
@@ -52,6 +60,18 @@ void addMoved(const AcDbEntity& entity, const AcGeMatrix3d& matrix, AcDbExtents&
 AcDbExtents BlockExtents::of(const AcDbBlockReference& reference)
 {
     m_left = mostWalked;
+    return walked(reference);
+}
+
+AcDbExtents BlockExtents::around(const AcDbBlockReference& reference)
+{
+    m_left = 0;
+    return walked(reference);
+}
+
+AcDbExtents BlockExtents::walked(const AcDbBlockReference& reference)
+{
+    m_turned.clear();
     m_walks.emplace_back();
     addReference(reference, m_walks.back());
     for (;;) {
@@ -95,15 +115,30 @@ void BlockExtents::enter(const Use& use)
 {
     if (m_entered.contains(use.block))
         return;
-    const bool keeps = keepsAxes(use.matrix) || m_left <= 0;
-    if (const auto known = m_boxes.find(use.block); keeps && known != m_boxes.end())
-        return addMoved(known->second, use.matrix, m_walks.back().box);
-    Walk& walk = m_walks.emplace_back();
+    Walk walk;
     walk.block = use.block;
-    walk.keeps = keeps;
-    (keeps ? walk.toOuter : walk.matrix) = use.matrix;
+    walk.isTurned = m_left > 0 && !keepsAxes(use.matrix);
+    walk.toOuter = use.matrix;
+    if (walk.isTurned) {
+        walk.toOuter = AcGeMatrix3d::translation(use.matrix.translation());
+        walk.matrix = use.matrix;
+        walk.matrix.setTranslation(AcGeVector3d(0.0, 0.0, 0.0));
+    }
+    if (const AcDbExtents* const box = known(walk))
+        return addMoved(*box, walk.toOuter, m_walks.back().box);
     walk.entities = AcDbDatabaseImpl::of(use.block).blocks().of(use.block).entities;
     m_entered.insert(use.block);
+    m_walks.push_back(std::move(walk));
+}
+
+const AcDbExtents* BlockExtents::known(const Walk& walk) const
+{
+    if (walk.isTurned) {
+        const auto found = m_turned.find({walk.block, turnOf(walk.matrix)});
+        return found == m_turned.end() ? nullptr : &found->second;
+    }
+    const auto found = m_boxes.find(walk.block);
+    return found == m_boxes.end() ? nullptr : &found->second;
 }
 
 void BlockExtents::step()
@@ -124,7 +159,7 @@ void BlockExtents::addEntity(const AcDbEntity& entity, Walk& walk)
         return;
     if (const auto* nested = AcDbBlockReference::cast(&entity))
         return addReference(*nested, walk);
-    if (const auto* dimension = AcDbDimension::cast(&entity))
+    if (const auto* dimension = AcDbDimension::cast(&entity); dimension && !dimension->dimBlockId().isNull())
         return addReference(AcDbBlockReference(dimension->dimBlockPosition(), dimension->dimBlockId()), walk);
     addMoved(entity, walk.matrix, walk.box);
 }
@@ -134,7 +169,9 @@ void BlockExtents::leave()
     const Walk walk = std::move(m_walks.back());
     m_walks.pop_back();
     m_entered.erase(walk.block);
-    if (walk.keeps)
+    if (walk.isTurned)
+        m_turned.emplace(std::pair(walk.block, turnOf(walk.matrix)), walk.box);
+    else
         m_boxes.emplace(walk.block, walk.box);
     addMoved(walk.box, walk.toOuter, m_walks.back().box);
 }

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <memory>
 
 #include "db/DatabaseImpl.h"
@@ -17,6 +18,44 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbDiametricDimension, AcDbDimension, DIMENSION)
 ACRX_DXF_DEFINE_MEMBERS(AcDb2LineAngularDimension, AcDbDimension, DIMENSION)
 ACRX_DXF_DEFINE_MEMBERS(AcDb3PointAngularDimension, AcDbDimension, DIMENSION)
 ACRX_DXF_DEFINE_MEMBERS(AcDbOrdinateDimension, AcDbDimension, DIMENSION)
+
+namespace {
+
+/// What one without a block reaches: the points that it measures, its dimension line and its text's place. Lengths of
+/// arrows and texts, which styles give, are left out.
+AcDbExtents ownExtents(const AcDbDimension& dimension)
+{
+    AcDbExtents box;
+    const auto add = [&](std::initializer_list<AcGePoint3d> points) {
+        for (const AcGePoint3d& point : points)
+            box.addPoint(point);
+    };
+    const auto addLinear = [&](const AcGePoint3d& first, const AcGePoint3d& second, const AcGeVector3d& way) {
+        const AcGeVector3d out = dimension.normal().crossProduct(way).normal();
+        const AcGePoint3d on = dimension.definitionPoint();
+        add({first, second, first + out * (on - first).dotProduct(out), second + out * (on - second).dotProduct(out)});
+    };
+    if (const auto* rotated = AcDbRotatedDimension::cast(&dimension)) {
+        const AcGeVector3d way(std::cos(rotated->rotation()), std::sin(rotated->rotation()), 0.0);
+        addLinear(rotated->xLine1Point(), rotated->xLine2Point(), AcGeMatrix3d::planeToWorld(dimension.normal()) * way);
+    } else if (const auto* aligned = AcDbAlignedDimension::cast(&dimension))
+        addLinear(aligned->xLine1Point(), aligned->xLine2Point(), aligned->xLine2Point() - aligned->xLine1Point());
+    else if (const auto* radial = AcDbRadialDimension::cast(&dimension))
+        add({radial->center(), radial->chordPoint()});
+    else if (const auto* diameter = AcDbDiametricDimension::cast(&dimension))
+        add({diameter->farChordPoint(), diameter->chordPoint()});
+    else if (const auto* three = AcDb3PointAngularDimension::cast(&dimension))
+        add({three->xLine1Point(), three->xLine2Point(), three->centerPoint(), three->definitionPoint()});
+    else if (const auto* two = AcDb2LineAngularDimension::cast(&dimension))
+        add({two->xLine1Start(), two->xLine1End(), two->xLine2Start(), two->xLine2End(), two->arcPoint()});
+    else if (const auto* ordinate = AcDbOrdinateDimension::cast(&dimension))
+        add({ordinate->definingPoint(), ordinate->leaderEndPoint()});
+    if (const AcGePoint3d text = dimension.textPosition(); !box.isEmpty() && text != AcGePoint3d::kOrigin)
+        box.addPoint(text);
+    return box;
+}
+
+} // namespace
 
 AcGePoint3d AcDbDimension::textPosition() const
 {
@@ -41,7 +80,9 @@ Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text)
 Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const
 {
     assertReadEnabled();
-    const AcDbExtents box = BlockExtents().of(AcDbBlockReference(dimBlockPosition(), AcDbObjectId(m_block)));
+    AcDbExtents box = BlockExtents().of(AcDbBlockReference(dimBlockPosition(), dimBlockId()));
+    if (box.isEmpty())
+        box = ownExtents(*this);
     if (box.isEmpty())
         return Acad::eInvalidExtents;
     extents = box;

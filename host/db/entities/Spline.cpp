@@ -1,3 +1,4 @@
+#include "db/entities/FitCurve.h"
 #include "db/entities/OnCurve.h"
 #include "db/entities/SampledCurve.h"
 
@@ -46,7 +47,8 @@ void AcDbSpline::domain(double& from, double& to) const
 {
     const bool nurbs = isNurbs();
     from = nurbs ? m_knots[static_cast<std::size_t>(m_degree)] : 0.0;
-    to = nurbs ? m_knots[m_controlPoints.size()] : static_cast<double>(m_fitPoints.size()) - 1.0;
+    to = nurbs ? m_knots[m_controlPoints.size()]
+               : FitCurve(m_fitPoints, isClosed(), m_startTangent, m_endTangent).spans();
 }
 
 /// The domain, when the numbers make a curve. Walks the knots: once a call, not once a point.
@@ -63,10 +65,8 @@ int AcDbSpline::panels() const
 
 AcGePoint3d AcDbSpline::at(double t) const
 {
-    if (!isNurbs()) {
-        const auto span = std::min(static_cast<std::size_t>(t), m_fitPoints.size() - 2);
-        return m_fitPoints[span] + (m_fitPoints[span + 1] - m_fitPoints[span]) * (t - static_cast<double>(span));
-    }
+    if (!isNurbs())
+        return FitCurve(m_fitPoints, isClosed(), m_startTangent, m_endTangent).at(t);
     // de Boor's algorithm, in homogeneous coordinates
     const auto degree = static_cast<std::size_t>(m_degree);
     const auto above = std::upper_bound(m_knots.begin() + m_degree, m_knots.begin() + numControlPoints(), t);

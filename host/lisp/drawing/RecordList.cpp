@@ -63,6 +63,30 @@ void addPlace(const AcDbObject& entity, std::vector<LispValue>& pairs)
     pairs.insert(coded(paperSpace) + 1, LispValue::pair(LispValue(layout), LispValue(layoutOf(entity))));
 }
 
+/// Files may leave the owner of an entity out, or give none: where it stands tells it.
+void addOwner(const AcDbObject& entity, std::vector<LispValue>& pairs)
+{
+    constexpr std::int32_t marker = 100, group = 102, owner = 330;
+    if (entity.ownerId().isNull())
+        return;
+    const LispValue pair = LispValue::pair(LispValue(owner), objectName(entity.ownerId()));
+    bool inGroup = false; // of reactors, which are references too
+    for (auto at = pairs.begin(); at != pairs.end(); ++at) {
+        const std::int32_t code = at->car().integer();
+        if (code == group)
+            inGroup = at->cdr().text().starts_with(L'{');
+        if (code == owner && !inGroup) {
+            if (const LispName* const given = at->cdr().name(); !given || given->words[0] == 0)
+                *at = pair;
+            return;
+        }
+        if (code == marker) {
+            pairs.insert(at, pair);
+            return;
+        }
+    }
+}
+
 LispValue pairOf(LispContext& context, const resbuf& item, bool inPlane, bool rawAngles)
 {
     LispValue value = valueOfBuffer(context, item);
@@ -120,8 +144,10 @@ LispValue recordList(LispContext& context, AcDbObjectId id, const std::vector<st
     const resbuf* item = tags.get();
     for (; item && item->restype < kFirstExtendedData; item = item->rbnext)
         pairs.push_back(pairOf(context, *item, inPlane, rawAngles));
-    if (object->isKindOf(AcDbEntity::desc()))
+    if (object->isKindOf(AcDbEntity::desc())) {
+        addOwner(*object.object(), pairs);
         addPlace(*object.object(), pairs);
+    }
     if (LispValue data = extendedData(context, item, applications); !data.isNil())
         pairs.push_back(std::move(data));
     return listOf(pairs);

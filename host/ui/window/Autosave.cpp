@@ -60,10 +60,10 @@ void Autosave::keep(Document& document)
     const QString file = document.isNamedDrawing() ? QString::fromWCharArray(document.fileName()) : QString();
     if (const auto failure = m_folder->describe(kept.number, file, title))
         return tell(title, *failure);
+    kept.there = true; // described, if nothing more
     if (const auto failure = DrawingChanges::writeCopy(document, m_folder->copyOf(kept.number)))
         return tell(title, QString::fromStdWString(*failure));
     kept.state = state;
-    kept.there = true;
 }
 
 void Autosave::forget(Kept& kept)

@@ -57,6 +57,9 @@ const Row rows[] = {
 
     {"scale beyond all numbers", kLine, L"ECHELLE | _L |  | 0,0 | 1e308", {"LINE 0,0 10,0"}, L"transformé"},
 
+    {"a copy scaled beyond all numbers", kLine, L"EC | _L |  | 0,0 | C | 1e308", {"LINE 0,0 10,0"}, L"transformé"},
+    {"a copy that was cancelled", kLine, L"RO | _L |  | 0,0 | C | ESC", {"LINE 0,0 10,0"}},
+
     {"copy many", kLine, L"COPIER | _L |  | 0,0 | 0,1 | 0,2 | ", {"LINE 0,0 10,0", "LINE 0,1 10,1", "LINE 0,2 10,2"}},
     {"a copy taken back", kLine, L"CO | _L |  | 0,0 | 0,1 | 0,2 | U | Q", {"LINE 0,0 10,0", "LINE 0,1 10,1"}},
     {"copy by a displacement", kLine, L"CO | _L |  | 0,3 | ", {"LINE 0,0 10,0", "LINE 0,3 10,3"}},

@@ -50,8 +50,8 @@ std::string common(const std::string& type, int handle, const std::string& owner
 }
 
 /// Block "Bn" shows B(n-1), with the tags `placed`, or by a dimension; B0 holds a line from (0, 0) to (1, 0). Model
-/// space shows the outermost one.
-SmallDrawing nested(int levels, const std::string& placed, bool byDimension = false)
+/// space shows the outermost one. Each block may show the next one twice.
+SmallDrawing nested(int levels, const std::string& placed, bool byDimension = false, bool twice = false)
 {
     const auto shown = [&](int handle, const std::string& owner, const std::string& block) {
         return byDimension ? common("DIMENSION", handle, owner) + "100 AcDbDimension\n2 " + block +
@@ -71,6 +71,8 @@ SmallDrawing nested(int levels, const std::string& placed, bool byDimension = fa
         drawing.blocks += i == 0 ? common("LINE", handle + 2, owner) +
                                        "100 AcDbLine\n10 0.0\n20 0.0\n30 0.0\n11 1.0\n21 0.0\n31 0.0\n"
                                  : shown(handle + 2, owner, "B" + std::to_string(i - 1));
+        if (twice && i > 0)
+            drawing.blocks += shown(handle + 4, owner, "B" + std::to_string(i - 1));
         drawing.blocks += common("ENDBLK", handle + 3, owner) + "100 AcDbBlockEnd\n";
     }
     drawing.entities = shown(0x80, "1F", "B" + std::to_string(levels - 1));
@@ -104,6 +106,19 @@ TEST_F(NestingTest, everyWalkEnds)
         const std::string bytes = nested(levels, row.placed, row.byDimension).text();
         withSmallStack([&] { exerciseDrawing(bytes); });
     }
+}
+
+/// Twice as many at each level as at the one before it: no walk counts them one by one.
+TEST_F(NestingTest, everyWalkOfDoubledBlocksEnds)
+{
+    constexpr int doublings = 200;
+    for (const char* placed : {"", "50 30.0\n"}) {
+        SCOPED_TRACE(placed);
+        const std::string bytes = nested(doublings, placed, false, true).text();
+        exerciseDrawing(bytes);
+    }
+    const auto database = open(nested(doublings, "", false, true));
+    EXPECT_EQ(extentsOf(idOf(*database, 0x80)).maxPoint().x, doublings + 1.0);
 }
 
 TEST_F(NestingTest, theInnermostIsWhereItIsShown)

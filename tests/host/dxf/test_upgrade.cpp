@@ -90,6 +90,26 @@ TEST(DxfUpgradeTest, EntitiesOfR12InEveryForm)
     }
 }
 
+/// Programs state a version of which they write but the entities: these are read like those of R12, in their encoding.
+TEST(DxfUpgradeTest, NewerDrawingsWithoutMarkersAreOfTheFormOfR12)
+{
+    const std::string rest = "0 SECTION\n2 TABLES\n0 TABLE\n2 LAYER\n70 1\n0 LAYER\n2 Fossé\n70 0\n62 3\n6 CONTINUOUS\n"
+                             "0 ENDTAB\n0 ENDSEC\n0 SECTION\n2 ENTITIES\n0 LINE\n8 Fossé\n10 0\n20 0\n11 1\n21 0\n"
+                             "0 ENDSEC\n0 EOF\n";
+    for (const char* version : {"AC1015", "AC1032"}) {
+        const DxfFile file(
+            asciiDxf("0 SECTION\n2 HEADER\n9 $ACADVER\n1 " + std::string(version) + "\n0 ENDSEC\n" + rest), "plan.dxf");
+        EXPECT_EQ(file.headerValue("$ACADVER", 1), version);
+        ASSERT_FALSE(file.problems().empty());
+        std::string all;
+        for (const DxfRecord& record : file.records())
+            all += tagsOf(file, record);
+        EXPECT_NE(all.find("100 AcDbLayerTableRecord\n2 Fossé\n70 0\n62 3"), std::string::npos);
+        EXPECT_NE(all.find("100 AcDbEntity\n8 Fossé\n100 AcDbLine\n10 0"), std::string::npos);
+        EXPECT_EQ(all.find("2 Fossé", all.find("2 Fossé") + 1), std::string::npos) << "one layer of that name";
+    }
+}
+
 TEST(DxfUpgradeTest, SpacesOwnTheirEntities)
 {
     const DxfFile file(asciiDxf(r12), "plan.dxf");

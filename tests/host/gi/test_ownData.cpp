@@ -1,3 +1,9 @@
+#include <algorithm>
+#include <tuple>
+
+#include "gi/ObjectSnap.h"
+
+#include "dbdim.h"
 #include "DrawingWithEntities.h"
 #include "SceneTest.h"
 #include "SmallDrawing.h"
@@ -106,12 +112,40 @@ TEST(OwnData, isDrawn)
     }
 }
 
+TEST(OwnData, dimensionsWithoutBlockHaveABox)
+{
+    for (const auto& [row, low, high] : {std::tuple(0, AcGePoint3d(0, 0, 0), AcGePoint3d(10, 5, 0)),
+                                         std::tuple(1, AcGePoint3d(0, 0, 0), AcGePoint3d(5, 4, 0)),
+                                         std::tuple(2, AcGePoint3d(0, 0, 0), AcGePoint3d(3, 4, 0)),
+                                         std::tuple(3, AcGePoint3d(0, 0, 0), AcGePoint3d(3, 3, 0))}) {
+        SCOPED_TRACE(rows[row].name);
+        const DrawingWithEntities drawing(rows[row].records);
+        AcDbExtents box;
+        ASSERT_EQ(drawing.open<AcDbDimension>(0)->getGeomExtents(box), Acad::eOk);
+        EXPECT_TRUE(box.minPoint().isEqualTo(low) && box.maxPoint().isEqualTo(high))
+            << box.maxPoint().x << " " << box.maxPoint().y;
+    }
+}
+
 TEST(OwnData, linesWithoutEndSayNothingOfTheSize)
 {
     const std::string line = "0 LINE\n100 AcDbLine\n10 1\n20 1\n30 0\n11 2\n21 3\n31 0\n";
     DrawingWithEntities with(rows[5].records + line), alone(rows[5].records);
     EXPECT_EQ(Scene::of(with.database()).extents().maxY, 3.0);
     EXPECT_EQ(Scene::of(alone.database()).extents().maxY, 100000.0) << "its base";
+}
+
+TEST(OwnData, whatIsCutAwayDoesNotSnap)
+{
+    AcDbDatabase database(false);
+    database.impl().load(
+        std::make_unique<DxfFile>(clipped("70 2\n10 2\n20 2\n10 7\n20 8\n", true).text(), "essai.dxf"));
+    Scene& scene = Scene::of(database);
+    const unsigned ends = static_cast<unsigned>(SnapKind::end), nearest = static_cast<unsigned>(SnapKind::nearest);
+    EXPECT_FALSE(snapAt(scene, {20, 5}, 0.5, ends));
+    EXPECT_FALSE(snapAt(scene, {21, 5}, 0.5, nearest));
+    EXPECT_TRUE(snapAt(scene, {24, 5}, 0.5, nearest));
+    EXPECT_TRUE(snapAt(scene, {25, 7}, 0.5, ends)) << "a corner of the area";
 }
 
 TEST(OwnData, clippedReferencesAreCut)
@@ -127,4 +161,9 @@ TEST(OwnData, clippedReferencesAreCut)
     ASSERT_GE(arms.size(), 2U);
     EXPECT_EQ(arms[0], "line 7: 21,5 23,5");
     EXPECT_EQ(arms[1], "line 7: 27,5 29,5");
+    // A star in one stroke about (6, 6.5): the area reaches into its arms, beyond the pentagon in its middle.
+    const Lines star = linesOf(clipped("70 5\n10 6\n20 9.5\n10 4.24\n20 4.07\n10 8.85\n20 7.43\n10 3.15\n20 7.43\n"
+                                       "10 7.76\n20 4.07\n",
+                                       true));
+    EXPECT_GT(std::ranges::count_if(star, [](const std::string& line) { return line.starts_with("area"); }), 1);
 }

@@ -7,6 +7,7 @@
 #include "platform/CodePage.h"
 
 #include "InputTest.h"
+#include "SmallDrawing.h"
 
 using platform::utf8FromWide;
 using platform::wideFromUtf8;
@@ -32,6 +33,21 @@ TEST_F(Session, eachDocumentHasItsOwnSymbols)
     EXPECT_EQ(value("a"), "nil");
     list.setCurDocument(first, AcAp::kNone, false);
     EXPECT_EQ(value("a"), "5");
+}
+
+/// What stands in a block is its, whether its file says so, says nothing or gives no object.
+TEST_F(Session, eachEntityHasAnOwner)
+{
+    SmallDrawing drawing;
+    for (const char* owner : {"330 1F\n", "", "330 0\n", "102 {ACAD_REACTORS\n330 C\n102 }\n"})
+        drawing.entities += std::string("0 POINT\n") + owner + "100 AcDbEntity\n8 0\n100 AcDbPoint\n10 0\n20 0\n30 0\n";
+    const TestFolder folder;
+    folder.write("plan.dxf", drawing.text());
+    DocumentList::instance().open((folder / "plan.dxf").wstring());
+    EXPECT_EQ(value("(setq e nil n 0) (while (setq e (if e (entnext e) (entnext))) (setq n (1+ n) l (entget e)) "
+                    "(if (/= (cdr (assoc 2 (entget (cdr (assoc 330 (member '(100 . \"AcDbEntity\") (reverse l))))))) "
+                    "\"*Model_Space\") (princ n))) n"),
+              "4");
 }
 
 TEST_F(Session, functionsCalledCAreCommands)

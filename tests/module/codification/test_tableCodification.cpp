@@ -322,6 +322,19 @@ TEST_F(TableCodificationTest, findsOrCreatesCodes)
     EXPECT_EQ(tableCodification().nombre(), 2) << "what was created is not saved by itself";
 }
 
+TEST_F(TableCodificationTest, keepsImpossibleCodesOutOfTheSharedFileUntilTheyAreEdited)
+{
+    tableCodification table;
+    table.getCodif(8);
+    table.getCodif(-5); // that of a point that a file gave it
+    table.getLibelle(70000);
+    table.getCodif(12000).libelle = L"Regard";
+    table.sauver();
+    const tableCodification relue;
+    EXPECT_EQ(relue.nombre(), 4) << "the two of a fresh installation, 8 and what was edited";
+    EXPECT_GE(relue.indexCode(12000), 0);
+}
+
 TEST_F(TableCodificationTest, savesWholeFilesOnly)
 {
     tableCodification table;
@@ -338,25 +351,25 @@ TEST_F(TableCodificationTest, savesWholeFilesOnly)
 }
 
 /// In a process of its own: the support folder is another one from then on.
-[[noreturn]] void sauverDansUnDossierInterdit()
+[[noreturn]] void sauverDansUnDossierInterdit(const char* avant)
 {
     const fs::path perso = supportEssai::dossier().string() + "-perso", copie = perso / "Quarvel5/support";
     fs::create_directories(perso);
     fs::permissions(perso, fs::perms::all);
     ::setenv("VELA_REGISTRY", (perso / "registre.ini").c_str(), 1);
-    tableCodification table;
-    table.getCodif(8);
     const bool administrateur = geteuid() == 0; // whom permissions do not stop
     fs::permissions(supportEssai::dossier(), fs::perms(0555));
     if (administrateur && seteuid(65534) != 0)
         std::exit(2);
+    tableCodification table;
+    table.getCodif(8);
     table.sauver();
     if (administrateur && seteuid(0) != 0)
         std::exit(2);
     fs::permissions(supportEssai::dossier(), fs::perms(0755));
     const bool bon = contents(copie / "defcodif").find("<code>8</code>") != std::string::npos &&
-                     fs::exists(copie / "biblio/velablk1.dxf") && contents(defcodif) == unCode &&
-                     tableCodification().nombre() == 2 && table.getFichier() == cheminSupport(L"defcodif");
+                     fs::exists(copie / "biblio/velablk1.dxf") && contents(defcodif) == avant &&
+                     tableCodification().nombre() == table.nombre() && table.getFichier() == cheminSupport(L"defcodif");
     fs::remove_all(perso);
     std::exit(bon ? 0 : 1);
 }
@@ -364,9 +377,11 @@ TEST_F(TableCodificationTest, savesWholeFilesOnly)
 TEST_F(TableCodificationTest, savesToACopyOfASupportFolderThatCannotBeWritten)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    ecrireDans(defcodif, unCode);
-    EXPECT_EXIT(sauverDansUnDossierInterdit(), testing::ExitedWithCode(0), "");
-    EXPECT_EQ(contents(defcodif), unCode);
+    for (const char* avant : {unCode, "illisible"}) {
+        ecrireDans(defcodif, avant);
+        EXPECT_EXIT(sauverDansUnDossierInterdit(avant), testing::ExitedWithCode(0), "") << avant;
+        EXPECT_EQ(contents(defcodif), avant);
+    }
 }
 
 TEST_F(TableCodificationTest, makesTheLayersOfAllItsCodes)

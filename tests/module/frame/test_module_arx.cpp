@@ -130,8 +130,10 @@ TEST_F(ModuleTest, keepsWhatFunctionsAreGiven)
     const ads_point p2 = {1.5, 2.5, 9.0}, p3 = {1.5, 2.5, 3.5};
     EXPECT_EQ(appeler(L"add_pt", acutBuildList(RTSTR, L"12", RT3DPOINT, p3, RTSHORT, 7, 0)), L"T");
     EXPECT_EQ(appeler(L"ADD_PT", acutBuildList(RTSTR, L"7B", RTPOINT, p2, 0)), L"T");
-    EXPECT_EQ(appeler(L"add_pt", acutBuildList(RTSTR, L"A", RTLB, RTSHORT, 1, RTREAL, 2.5, RTLE, RTLONG, 70000L, 0)),
+    EXPECT_EQ(appeler(L"add_pt", acutBuildList(RTSTR, L"A", RTLB, RTSHORT, 1, RTREAL, 2.5, RTLE, RTLONG, 9999L, 0)),
               L"T");
+    EXPECT_EQ(appeler(L"add_pt", acutBuildList(RTSTR, L"B", RT3DPOINT, p3, RTLONG, 70000L, 0)), L"nil")
+        << "not a code, nor is what a short integer would make of it";
     const listePointsDuDessin& table = *projet.currTable();
     ASSERT_EQ(table.nbPoint(), 3);
     EXPECT_EQ(table.getData(0)->getZ(), 3.5);
@@ -139,7 +141,7 @@ TEST_F(ModuleTest, keepsWhatFunctionsAreGiven)
     EXPECT_EQ(table.getData(1)->getZ(), 1e38);
     EXPECT_EQ(table.getData(1)->getCode(), 1);
     EXPECT_EQ(table.getData(2)->getY(), 2.5);
-    EXPECT_EQ(table.getData(2)->getCode(), 70000);
+    EXPECT_EQ(table.getData(2)->getCode(), 9999);
 
     const TestFolder dossier;
     const auto chemin = dossier.write("x.txt");

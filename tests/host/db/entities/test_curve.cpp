@@ -4,6 +4,7 @@
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbspline.h"
+#include "DrawingWithEntities.h"
 #include "gemat3d.h"
 #include "geplane.h"
 #include "Near.h"
@@ -30,6 +31,17 @@ std::unique_ptr<AcDbCurve> bulgedPolyline()
     polyline->setElevation(3.0);
     polyline->setNormal({0.3, -0.5, 0.8});
     return polyline;
+}
+
+/// The points of a circle of radius 5, closed: only those that it runs through are known.
+std::unique_ptr<AcDbCurve> circleThroughPoints()
+{
+    std::string points;
+    for (int i = 0; i < 100; ++i)
+        points += "11 " + std::to_string(5 * std::cos(i * pi / 50)) + "\n21 " +
+                  std::to_string(5 * std::sin(i * pi / 50)) + "\n31 0\n";
+    const DrawingWithEntities drawing("0 SPLINE\n100 AcDbSpline\n70 9\n71 3\n72 0\n73 0\n74 100\n" + points);
+    return std::unique_ptr<AcDbCurve>(static_cast<AcDbCurve*>(drawing.open<AcDbSpline>(0)->clone()));
 }
 
 /// Two quarter turns: a quadratic rational spline draws circles exactly.
@@ -81,6 +93,7 @@ const Row rows[] = {
          return std::make_unique<AcDbEllipse>(AcGePoint3d(0, 0, 2), AcGeVector3d(0, 0, 1), AcGeVector3d(4, 0, 0), 0.75);
      },
      22.103492160709504, 1e-5},
+    {"circle through points", circleThroughPoints, 10 * pi, 1e-4},
     {"half circle as a spline", halfCircleSpline, 5 * pi, 1e-4},
 };
 
@@ -211,6 +224,35 @@ TEST(Curves, droppedOnThePlan)
     EXPECT_NEAR(ellipse->majorAxis().length(), 4.0, 1e-9);
     EXPECT_NEAR(ellipse->radiusRatio(), std::sqrt(0.5), 1e-9);
     expectNear(ellipse->center(), {1, 2, 0});
+}
+
+/// One arch of a cubic, which the spline of its points and end tangents is itself.
+TEST(Curves, splinesRunThroughTheirFitPointsAlongTheirTangents)
+{
+    const auto cubic = [](double x) { return x * x * x - 3.0 * x; };
+    std::string points;
+    for (const double x : {-1.0, -0.4, 0.5, 1.0})
+        points += "11 " + std::to_string(x) + "\n21 " + std::to_string(cubic(x)) + "\n31 0\n";
+    const std::string head = "0 SPLINE\n100 AcDbSpline\n70 8\n71 3\n72 0\n73 0\n74 4\n";
+    DrawingWithEntities along(head + "12 1\n22 0\n32 0\n13 1\n23 0\n33 0\n" + points), alone(head + points);
+    AcDbExtents box;
+    ASSERT_EQ(along.open<AcDbSpline>(0)->getGeomExtents(box), Acad::eOk);
+    EXPECT_NEAR(box.maxPoint().y, 2.0, 0.02) << "level at both ends";
+    ASSERT_EQ(alone.open<AcDbSpline>(0)->getGeomExtents(box), Acad::eOk);
+    EXPECT_NEAR(box.maxPoint().y, 2.0, 1e-6);
+    for (int i = 0; i < 4; ++i) {
+        AcGePoint3d fit, on;
+        const auto spline = alone.open<AcDbSpline>(0);
+        ASSERT_EQ(spline->getFitPointAt(i, fit), Acad::eOk);
+        ASSERT_EQ(spline->getPointAtParam(i, on), Acad::eOk);
+        expectNear(on, fit, 1e-12);
+    }
+    AcGePoint3d between;
+    ASSERT_EQ(alone.open<AcDbSpline>(0)->getPointAtParam(1.5, between), Acad::eOk);
+    EXPECT_NEAR(between.y, cubic(between.x), 0.1) << "not the chord, which is half a unit off";
+    DrawingWithEntities same(head + "11 1\n21 1\n31 0\n11 1\n21 1\n31 0\n11 1\n21 1\n31 0\n11 1\n21 1\n31 0\n");
+    ASSERT_EQ(same.open<AcDbSpline>(0)->getPointAtParam(1.5, between), Acad::eOk);
+    expectNear(between, {1, 1, 0}, 1e-12);
 }
 
 TEST(Curves, hostileSplinesAnswerWithAStatus)

@@ -2,7 +2,8 @@
 (maxnum) ; => 1
 (add_pt "12" '(1.5 2.5 3.5) 7) ; => T
 (ADD_PT "7B" '(1.5 2.5)) ; => T
-(add_pt "A" '(1 2.5) 70000) ; => T
+(add_pt "A" (list 1 2.5) 9999) ; => T
+(add_pt "B" (list 1 2.5) 70000) ; >> \nparametres incorrects.
 (maxnum) ; => 13
 (maxnum 1) ; >> \nparametres incorrects.
 (null (maxnum 1)) ; => T

@@ -21,6 +21,9 @@
 (tpcdaddpt "x") ; >> \nparametres incorrects.
 (tpcdaddpt "x" '(1 2 3) 1 "o" 2) ; >> \nparametres incorrects.
 (tpcdaddpt "x" '(1 2 3) "1") ; >> \nparametres incorrects.
+(tpcdaddpt "x" '(1 2 3) -5) ; >> \nparametres incorrects.
+(tpcdaddpt "x" '(1 2 3) 10000) ; >> \nparametres incorrects.
+(add_pt "x" '(1 2 3) 0) ; >> \nparametres incorrects.
 
 ; Sizes of blocks: the symbol of a new code is a cross of 0.35 on each side.
 (calctailleblock "VELABLK1") ; => (0.7 0.7)
