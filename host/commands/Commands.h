@@ -45,6 +45,8 @@ void newDrawing();
 void saveAs();
 void quickSave();
 void close();
+void recover();
+void auditDrawing();
 void plot();
 
 // history

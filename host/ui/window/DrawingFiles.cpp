@@ -172,5 +172,8 @@ bool DrawingFiles::closeAll()
 
 void DrawingFiles::tellFailure(const std::wstring& failure)
 {
-    QMessageBox::critical(&m_window, QStringLiteral("Vela"), QString::fromStdWString(failure));
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Vela"), QString::fromStdWString(failure), QMessageBox::Ok,
+                    &m_window);
+    box.setObjectName(QStringLiteral("echecFichier"));
+    box.exec();
 }

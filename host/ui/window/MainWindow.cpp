@@ -94,6 +94,7 @@ MainWindow::~MainWindow()
 {
     DrawingChanges::instance().setModuleState(nullptr);
     CommandHooks::instance().chooseFile = nullptr;
+    CommandHooks::instance().tellFailure = nullptr;
     CommandHooks::instance().regenerate = nullptr;
     LispHooks::instance().interrupted = nullptr;
     CurrentView::onChange(nullptr);
@@ -208,6 +209,7 @@ void MainWindow::followKernel()
     CommandHooks::instance().chooseFile = [this](const CommandHooks::FileQuestion& question) {
         return m_files->choose(question);
     };
+    CommandHooks::instance().tellFailure = [this](const std::wstring& reason) { m_files->tellFailure(reason); };
     CommandHooks::instance().regenerate = [this](AcApDocument&) { m_canvas->refresh(); };
     LispHooks::instance().interrupted = [this] { return m_input.interrupted(); };
     CurrentView::onChange([this](AcApDocument&) { m_canvas->followView(); });
