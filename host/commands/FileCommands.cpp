@@ -11,6 +11,7 @@
 #include "db/DatabaseImpl.h"
 #include "db/DrawingAudit.h"
 #include "ed/DrawingChanges.h"
+#include "gi/EntityGraphics.h"
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "platform/Paths.h"
@@ -98,6 +99,8 @@ void tellEach(const std::vector<std::string>& lines, std::size_t most)
 void tellProblems(const Document& document)
 {
     constexpr std::size_t most = 5;
+    if (const std::string notDrawn = notDrawnSentence(*document.database()); !notDrawn.empty())
+        say(platform::wideFromUtf8(notDrawn) + L".");
     const auto& problems = document.database()->impl().problems().all();
     if (problems.empty())
         return;

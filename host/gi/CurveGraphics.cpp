@@ -95,11 +95,15 @@ void addSpline(const AcDbSpline& spline, DisplayList& list)
     for (int i = 0; i < spline.numControlPoints(); ++i)
         if (AcGePoint3d control; spline.getControlPointAt(i, control) == Acad::eOk)
             box.addPoint(control);
+    const bool byFitPoints = box.isEmpty();
+    for (int i = 0; byFitPoints && i < spline.numFitPoints(); ++i)
+        if (AcGePoint3d fit; spline.getFitPointAt(i, fit) == Acad::eOk)
+            box.addPoint(fit);
     const double deviation = box.isEmpty() ? 0.0 : relativeDeviation * (box.maxPoint() - box.minPoint()).length();
-    // Without control points it is the lines between its fit points: steps of its parameter meet them all.
-    const int fitSpans = std::max(spline.numFitPoints() - 1, 1);
-    const int spans = box.isEmpty() ? fitSpans : std::clamp(spline.numControlPoints(), 2, 1000) * chordsOfSpan / 4;
-    path.smooth = !box.isEmpty();
+    // A spline through fit points is halved within each of their spans, where it may be straight as well as curved.
+    const int fitSpans = std::max(spline.numFitPoints() - 1, 1) * chordsOfSpan / 4;
+    const int spans = byFitPoints ? fitSpans : std::clamp(spline.numControlPoints(), 2, 1000) * chordsOfSpan / 4;
+    path.smooth = true;
     path.points.push_back(point);
     SplineChords chords(spline, deviation, path.points);
     for (int i = 0; i < spans; ++i) {
@@ -107,7 +111,7 @@ void addSpline(const AcDbSpline& spline, DisplayList& list)
         const double end = i + 1 == spans ? to : from + (to - from) * (i + 1) / spans;
         const AcGePoint3d reached = path.points.back();
         if (spline.getPointAtParam(end, point) == Acad::eOk)
-            chords.follow(start, reached, end, point, box.isEmpty() ? 0 : mostHalvings);
+            chords.follow(start, reached, end, point, mostHalvings);
     }
     list.add(std::move(path));
 }

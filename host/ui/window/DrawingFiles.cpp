@@ -9,6 +9,7 @@
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
 #include "ed/DrawingChanges.h"
+#include "gi/EntityGraphics.h"
 #include "rx/Console.h"
 #include "ui/window/WindowSettings.h"
 
@@ -62,6 +63,8 @@ QString proposedPath(const CommandHooks::FileQuestion& question)
 /// What was repaired or found wrong when the drawing was read.
 void tellProblems(Document& document)
 {
+    if (const std::string notDrawn = notDrawnSentence(*document.database()); !notDrawn.empty())
+        Console::instance().print(L"\n" + QString::fromStdString(notDrawn).toStdWString() + L".");
     constexpr std::size_t most = 20;
     const auto& problems = document.database()->impl().problems().all();
     for (std::size_t i = 0; i < std::min(most, problems.size()); ++i)

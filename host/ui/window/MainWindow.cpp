@@ -36,6 +36,8 @@
 #include "ui/window/DrawingSelection.h"
 #include "ui/window/HelpPages.h"
 #include "ui/window/LayerPanel.h"
+#include "ui/window/LayoutTabs.h"
+#include "ui/window/LayoutView.h"
 #include "ui/window/PointPanel.h"
 #include "ui/window/PointTables.h"
 #include "ui/window/PropertyPanel.h"
@@ -102,6 +104,7 @@ MainWindow::~MainWindow()
     Transients::onChange(nullptr);
     Console::instance().setSink({});
     m_canvas->setDocument(nullptr);
+    m_layout->show(nullptr, AcDbObjectId());
 }
 
 // ---- assembling
@@ -110,12 +113,16 @@ void MainWindow::makeCenter()
 {
     m_tabs = new DocumentTabs;
     m_canvas = new Canvas(m_input);
+    m_layout = new LayoutView;
+    m_layouts = new LayoutTabs;
     auto* const center = new QWidget;
     auto* const column = new QVBoxLayout(center);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_tabs);
     column->addWidget(m_canvas, 1);
+    column->addWidget(m_layout, 1);
+    column->addWidget(m_layouts);
     setCentralWidget(center);
 }
 
@@ -185,6 +192,7 @@ void MainWindow::connectParts()
         });
     });
     connect(m_canvas, &Canvas::cursorAt, this, &MainWindow::showCoordinates);
+    connect(m_layouts, &LayoutTabs::chosen, this, &MainWindow::showLayout);
     connect(m_canvas, &Canvas::menuAsked, this, &MainWindow::showCanvasMenu);
     connect(m_canvas, &Canvas::clicked, this, [this] { m_commands->edit().setFocus(); });
     connect(m_layers, &LayerPanel::edited, this, &MainWindow::followDrawing);
@@ -282,6 +290,7 @@ void MainWindow::typeInput(const QString& input)
 void MainWindow::setDarkGround(bool dark)
 {
     m_canvas->setDarkGround(dark);
+    m_layout->setDarkGround(dark);
     m_menus->action(":fondSombre")->setChecked(dark);
     windowSettings::setText(L"fond", dark ? QStringLiteral("sombre") : QStringLiteral("clair"));
 }
@@ -353,9 +362,18 @@ void MainWindow::dropEvent(QDropEvent* event)
 void MainWindow::showDocument(Document* document)
 {
     m_canvas->setDocument(document);
+    m_layouts->setDocument(document);
     m_layers->setDocument(document);
     m_properties->setDocument(document);
     followDrawing();
+}
+
+void MainWindow::showLayout(AcDbObjectId block)
+{
+    Document* const document = DocumentList::instance().current();
+    m_layout->show(document ? document->database() : nullptr, block);
+    m_layout->setVisible(!block.isNull());
+    m_canvas->setVisible(block.isNull());
 }
 
 void MainWindow::closeDocument(Document* document)

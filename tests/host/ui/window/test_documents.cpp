@@ -46,17 +46,6 @@ protected:
     }
 };
 
-TEST_F(DocumentsTest, whatCannotBeOpenedShowsABox)
-{
-    QString said;
-    whenDialog([&](QDialog& dialog) {
-        said = dialog.objectName() == u"echecFichier" ? static_cast<QMessageBox&>(dialog).text() : QString();
-        press(dialog, "OK");
-    });
-    play({type("_FILEDIA 0"), type("OUVRIR"), type("absent.dxf")});
-    EXPECT_TRUE(said.endsWith(QStringLiteral("absent.dxf : fichier introuvable"))) << said.toStdString();
-}
-
 TEST_F(DocumentsTest, tabsFollowTheDocuments)
 {
     std::string one, other;
