@@ -32,10 +32,12 @@ FileNotes& notesOf(Document& document)
     return notes.of(document);
 }
 
-/// Where files were opened and saved last.
-QString lastFolder()
+/// That of the drawing in hand; of one without a file, where files were opened and saved last.
+QString startFolder()
 {
-    return windowSettings::text(L"dossier");
+    const Document* const document = DocumentList::instance().current();
+    return document && document->isNamedDrawing() ? QFileInfo(QString::fromWCharArray(document->fileName())).path()
+                                                  : windowSettings::text(L"dossier");
 }
 
 /// "dxf;dwg" as Qt wants it.
@@ -55,7 +57,7 @@ QString proposedPath(const CommandHooks::FileQuestion& question)
     if (document && !document->isNamedDrawing() && name == QString::fromWCharArray(document->docTitle()))
         name = notesOf(*document).proposed.isEmpty() ? name : notesOf(*document).proposed;
     const QFileInfo file(name);
-    const QString folder = file.isAbsolute() ? file.path() : lastFolder();
+    const QString folder = file.isAbsolute() ? file.path() : startFolder();
     const QString extension = QString::fromStdWString(question.extensions).section(u';', 0, 0);
     return name.isEmpty() ? QString() : folder + u'/' + file.completeBaseName() + u'.' + extension;
 }
@@ -79,7 +81,8 @@ DrawingFiles::DrawingFiles(QWidget& window) : QObject(&window), m_window(window)
 
 std::optional<std::wstring> DrawingFiles::choose(const CommandHooks::FileQuestion& question)
 {
-    QFileDialog dialog(&m_window, QString::fromStdWString(question.title), lastFolder(), filterOf(question.extensions));
+    QFileDialog dialog(&m_window, QString::fromStdWString(question.title), startFolder(),
+                       filterOf(question.extensions));
     dialog.setFileMode(question.toSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setAcceptMode(question.toSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     if (question.toSave)

@@ -133,6 +133,13 @@ TEST_F(HostCommands, whatFailsIsShownToo)
     EXPECT_EQ(shown.size(), 4U);
 }
 
+TEST_F(HostCommands, bearingsAreClockwiseFromNorthInGrades)
+{
+    says(L"DI | 0,0 | 10,0", L"Gisement = 100.0000 gr");
+    says(L"DI | 0,0 | -1,1", L"Gisement = 350.0000 gr");
+    says(L"DI | 0,0 | 0,-3", L"Gisement = 200.0000 gr");
+}
+
 TEST_F(HostCommands, recoversWhatCanBeReadAndSaysTheRest)
 {
     typed(L"PO | 1,1 | PO | 2,2 | PO | 3,3 | SAUVENOM | " + path("plan.dxf") + L" | FERMER");
