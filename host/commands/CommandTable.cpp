@@ -75,6 +75,7 @@ constexpr CommandRow kCommands[] = {
     {L"MREDO", L"MRETABLIR", L"MR", kHistory, cancellable<commands::redoMany>},
     {L"SCRIPT", L"SCRIPT", L"SC", kHistory, cancellable<commands::script>},
     {L"APPLOAD", L"CHARGAPPLI", L"AP", kHistory, cancellable<commands::loadApplication>},
+    {L"OSNAP", L"ACCROBJ", L"OS -OSNAP -ACCROBJ", ACRX_CMD_TRANSPARENT, cancellable<commands::objectSnaps>},
     {L"SETVAR", L"MODIFVAR", L"MV", ACRX_CMD_TRANSPARENT, cancellable<commands::setVariable>},
 };
 

@@ -59,5 +59,6 @@ void redoMany();
 void script();
 void loadApplication();
 void setVariable();
+void objectSnaps();
 
 } // namespace commands

@@ -80,7 +80,10 @@ void panneauPolygonale::afficher(const std::vector<ligneObservation>& lignes, in
 
 void panneauPolygonale::dessiner(const polygonaleCalculee& calculee)
 {
-    m_ui->croquis->montrer(calculee.originelle, calculee.compensee);
+    std::vector<croquisPolygonale::nomPlace> noms;
+    for (const stationCorrigee& s : calculee.resultat.stations)
+        noms.push_back({QString::fromStdWString(s.nom), {s.x, s.y}});
+    m_ui->croquis->montrer(calculee.originelle, calculee.compensee, std::move(noms));
 }
 
 void panneauPolygonale::montrerBilan(const std::vector<std::wstring>& phrases)

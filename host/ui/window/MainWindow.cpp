@@ -250,6 +250,9 @@ void MainWindow::savePlaces() const
 
 // ---- orders
 
+/// Bits of OSMODE, an item of the menu each.
+constexpr int snapModes[] = {1, 2, 4, 8, 16, 32, 64, 128, 512};
+
 void MainWindow::registerOrders()
 {
     const auto whenIdle = [this](auto action) { return [this, action] { m_input.whenIdle(action); }; };
@@ -275,6 +278,8 @@ void MainWindow::registerOrders()
         {":commandes", [this] { help_pages::showCommands(*this); }},
         {":apropos", [this] { help_pages::showAbout(*this); }},
     };
+    for (const int mode : snapModes)
+        m_orders.emplace(":accroche" + std::to_string(mode), [this, mode] { toggleSetting(L"OSMODE", mode); });
 }
 
 void MainWindow::typeInput(const QString& input)
@@ -403,6 +408,8 @@ void MainWindow::followSwitches()
 {
     const int snaps = settingOf(L"OSMODE");
     m_menus->action(":accrochage")->setChecked((snaps & kNoSnap) == 0 && snaps != 0);
+    for (const int mode : snapModes)
+        m_menus->action(":accroche" + std::to_string(mode))->setChecked((snaps & mode) != 0);
     m_menus->action(":ortho")->setChecked(settingOf(L"ORTHOMODE") != 0);
     m_menus->action(":historique")->setChecked(!m_commands->isHistoryHidden());
 }

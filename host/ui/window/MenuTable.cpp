@@ -33,7 +33,7 @@ const std::vector<MenuItem> edition{
     {"Renseignements sur des &objets", "_LIST"},
     {"&Coordonnées d'un point", "'_ID"},
     {"D&istance", "'_DIST"},
-    {"Ai&re", "_AREA"},
+    {"Air&e", "_AREA"},
     separator,
     {"&Variable système...", "'_SETVAR"},
 };
@@ -53,8 +53,16 @@ const std::vector<MenuItem> display{
     {"Mode &ortho", ":ortho", "F8"},
     separator,
     {"&Calques", ":panneauCalques", "Ctrl+1"},
-    {"Pr&opriétés", ":panneauProprietes", "Ctrl+2"},
+    {"Propr&iétés", ":panneauProprietes", "Ctrl+2"},
     {"&Tables de points", ":panneauPoints", "Ctrl+3"},
+};
+
+const std::vector<MenuItem> snaps{
+    {"&Extrémité", ":accroche1"},  {"&Milieu", ":accroche2"},
+    {"&Centre", ":accroche4"},     {"&Nodal (points)", ":accroche8"},
+    {"&Quadrant", ":accroche16"},  {"&Intersection", ":accroche32"},
+    {"In&sertion", ":accroche64"}, {"&Perpendiculaire", ":accroche128"},
+    {"P&roche", ":accroche512"},
 };
 
 const std::vector<MenuItem> drawing{
@@ -88,14 +96,14 @@ const std::vector<MenuItem> help{
 const std::vector<Menu>& menuTable()
 {
     static const std::vector<Menu> menus{
-        {"&Fichier", file},   {"É&dition", edition},           {"&Affichage", display},
-        {"&Dessin", drawing}, {"&Modification", modification},
+        {"&Fichier", file},     {"Éd&ition", edition}, {"&Affichage", display},
+        {"Acc&rochage", snaps}, {"&Dessin", drawing},  {"&Modification", modification},
     };
     return menus;
 }
 
 const Menu& helpMenu()
 {
-    static const Menu menu{"Ai&de", help};
+    static const Menu menu{"Aid&e", help};
     return menu;
 }

@@ -140,6 +140,15 @@ TEST_F(HostCommands, bearingsAreClockwiseFromNorthInGrades)
     says(L"DI | 0,0 | 0,-3", L"Gisement = 200.0000 gr");
 }
 
+TEST_F(HostCommands, snapsAreChosenByTheirNames)
+{
+    typed(L"OSNAP | EXT,MIL");
+    EXPECT_EQ(variable<short>(L"OSMODE"), 3);
+    says(L"_OSNAP | MIL,XYZ", L"inconnu");
+    typed(L"ACCROBJ | _non");
+    EXPECT_EQ(variable<short>(L"OSMODE"), 0);
+}
+
 TEST_F(HostCommands, recoversWhatCanBeReadAndSaysTheRest)
 {
     typed(L"PO | 1,1 | PO | 2,2 | PO | 3,3 | SAUVENOM | " + path("plan.dxf") + L" | FERMER");
