@@ -76,7 +76,7 @@ const std::vector<MenuItem> modification{
     {"&Déplacer", "_MOVE", "", "deplacer"},
     {"&Copier", "_COPY", "", "copier"},
     {"&Rotation", "_ROTATE", "", "rotation"},
-    {"É&chelle", "_SCALE"},
+    {"Éc&helle", "_SCALE"},
     {"&Miroir", "_MIRROR"},
     {"Déc&omposer", "_EXPLODE"},
     separator,
