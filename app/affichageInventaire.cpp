@@ -92,6 +92,11 @@ void afficherTexte(const inventaireDessin& inventaire)
     afficherComptes("Entités par calque", inventaire.parCalque);
     afficherBlocs(inventaire.blocs);
     afficherComptes("Objets d'autres classes, gardés tels quels", inventaire.autresClasses);
+    afficherComptes("Entités qui ne sont pas dessinées", inventaire.nonDessinees);
+    if (!inventaire.presentations.empty())
+        std::cout << "\nPrésentations\n";
+    for (const std::string& presentation : inventaire.presentations)
+        std::cout << "  " << presentation << '\n';
     afficherTables(inventaire.tables);
     if (!inventaire.problemes.empty())
         std::cout << "\nProblèmes\n";
@@ -112,7 +117,9 @@ void afficherJson(const inventaireDessin& inventaire)
                                 {"entitesPresentations", inventaire.entitesPapier},
                                 {"entitesParClasse", comptesJson(inventaire.parClasse)},
                                 {"entitesParCalque", comptesJson(inventaire.parCalque)},
-                                {"autresClasses", comptesJson(inventaire.autresClasses)}};
+                                {"autresClasses", comptesJson(inventaire.autresClasses)},
+                                {"nonDessinees", comptesJson(inventaire.nonDessinees)},
+                                {"presentations", inventaire.presentations}};
     auto& blocs = json["blocs"] = nlohmann::ordered_json::array();
     for (const auto& bloc : inventaire.blocs)
         blocs.push_back({{"nom", bloc.nom}, {"entites", bloc.entites}, {"insertions", bloc.insertions}});

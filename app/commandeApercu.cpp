@@ -7,7 +7,10 @@
 #include <CLI/CLI.hpp>
 
 #include "db/DatabaseImpl.h"
+#include "gi/EntityGraphics.h"
+#include "gi/LayoutDrawing.h"
 #include "platform/CodePage.h"
+#include "platform/LetterCase.h"
 #include "ui/application/VelaApplication.h"
 #include "ui/render/DrawingPicture.h"
 
@@ -25,6 +28,7 @@ struct choixApercu {
     std::string taille;
     std::string fenetre;
     std::string fond = "clair";
+    std::string presentation;
 };
 
 /// Numbers parted by one character, all of them; nothing when the text is anything else.
@@ -77,14 +81,31 @@ OverviewRequest demande(const choixApercu& choix)
     return image;
 }
 
+/// The block of the layout of that name; the names that there are when there is no such one.
+AcDbObjectId presentationNommee(AcDbDatabase& base, const std::string& nom)
+{
+    std::string noms;
+    for (const LayoutTab& onglet : paperLayouts(base)) {
+        if (platform::equalNoCase(onglet.name, platform::wideFromUtf8(nom)))
+            return onglet.block;
+        noms += (noms.empty() ? "« " : ", « ") + platform::utf8FromWide(onglet.name) + " »";
+    }
+    throw erreurProgramme("pas de présentation « " + nom + " » dans ce dessin" +
+                          (noms.empty() ? ", qui n'en a aucune." : " : il y a " + noms + "."));
+}
+
 /// The drawing is opened without its modules: its picture needs none.
 void dessinerApercu(const choixApercu& choix)
 {
-    const OverviewRequest image = demande(choix);
+    OverviewRequest image = demande(choix);
     AcDbDatabase base(false);
     if (base.readDwgFile(platform::wideFromUtf8(choix.dessin).c_str()) != Acad::eOk)
         throw erreurProgramme(platform::utf8FromWide(base.lastError()));
     avertirDesProblemes(base);
+    if (!choix.presentation.empty())
+        image.layout = presentationNommee(base, choix.presentation);
+    if (const std::string absents = notDrawnSentence(base); !absents.empty())
+        avertir(absents);
     const std::unique_ptr<VelaApplication> application = VelaApplication::make(VelaApplication::Screen::none);
     if (const QString refus = writeOverview(base, image); !refus.isEmpty())
         throw erreurProgramme(refus.toStdString());
@@ -95,7 +116,8 @@ void dessinerApercu(const choixApercu& choix)
 
 void ajouterCommandeApercu(CLI::App& programme)
 {
-    CLI::App& commande = *programme.add_subcommand("apercu", "Dessine l'espace objet dans une image");
+    CLI::App& commande =
+        *programme.add_subcommand("apercu", "Dessine l'espace objet, ou une présentation, dans une image");
     commande.group(groupeCommandes);
     const auto choix = std::make_shared<choixApercu>();
     commande.add_option("DESSIN", choix->dessin, "Dessin à lire")->type_name("")->required();
@@ -105,6 +127,8 @@ void ajouterCommandeApercu(CLI::App& programme)
     commande.add_option("--taille", choix->taille, "Largeur et hauteur en pixels (1200x800)")->type_name("LxH");
     commande.add_option("--fenetre", choix->fenetre, "Deux coins de ce qui est vu (le dessin entier)")
         ->type_name("X0,Y0,X1,Y1");
+    commande.add_option("--presentation", choix->presentation, "Présentation à dessiner, au lieu de l'espace objet")
+        ->type_name("NOM");
     commande.add_option("--fond", choix->fond, "sombre ou clair")->type_name("FOND")->capture_default_str();
     commande.callback([choix] { dessinerApercu(*choix); });
 }

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include "db/DatabaseImpl.h"
+#include "db/DrawingAudit.h"
 #include "platform/CodePage.h"
 
 #include "aideFrancaise.h"
@@ -19,6 +20,7 @@ struct choixConvertir {
     std::string cible;
     bool binaire = false;
     bool ascii = false;
+    bool reparer = false;
 };
 
 /// The form of the new file: that of the old one unless asked otherwise.
@@ -43,6 +45,18 @@ void afficherBilan(const AcDbDatabaseImpl& dessin, const choixConvertir& choix, 
               << " (AC" << forme.version << ")\n";
 }
 
+/// Tells what is wrong and takes out what cannot be read; what opening found is told when all is done.
+void reparer(AcDbDatabase& base)
+{
+    const DrawingAudit controle = audit(base);
+    const std::vector<std::string> perdus = removeDamaged(base);
+    for (std::size_t i = base.impl().problems().all().size(); i < controle.faults.size(); ++i)
+        avertir(controle.faults[i]);
+    for (const std::string& perdu : perdus)
+        avertir(perdu);
+    std::cout << controle.objects - perdus.size() << " objets repris sur " << controle.objects << ".\n";
+}
+
 /// The drawing is opened without its modules: they would store their data in it.
 void convertir(const choixConvertir& choix)
 {
@@ -51,6 +65,8 @@ void convertir(const choixConvertir& choix)
     const auto refuser = [&base] { throw erreurProgramme(platform::utf8FromWide(base.lastError())); };
     if (base.readDwgFile(platform::wideFromUtf8(choix.source).c_str()) != Acad::eOk)
         refuser();
+    if (choix.reparer)
+        reparer(base);
     const DxfForm forme = formeCible(base.impl().form(), choix);
     if (base.impl().save(platform::wideFromUtf8(choix.cible), forme) != Acad::eOk)
         refuser();
@@ -69,6 +85,8 @@ void ajouterCommandeConvertir(CLI::App& programme)
         ->type_name("")
         ->required();
     CLI::Option* const binaire = commande.add_flag("--binaire", choix->binaire, "Écrit du DXF binaire");
+    commande.add_flag("--reparer", choix->reparer,
+                      "Reprend d'un dessin abîmé tout ce qui peut se lire, laisse le reste et en donne la liste");
     commande.add_flag("--ascii", choix->ascii, "Écrit du DXF texte")->excludes(binaire);
     commande.callback([choix] { convertir(*choix); });
 }

@@ -5,6 +5,8 @@
 
 #include "ap/Document.h"
 #include "db/DatabaseImpl.h"
+#include "gi/EntityGraphics.h"
+#include "gi/LayoutDrawing.h"
 #include "platform/CodePage.h"
 #include "points/projetDansDessin.h"
 
@@ -169,6 +171,9 @@ inventaireDessin inventorier(const Document& document, const std::string& fichie
     ouvrirTout(dessin, inventaire);
     recensement(dessin, inventaire).recenser();
     listerTables(inventaire);
+    inventaire.nonDessinees = entitiesNotDrawn(dessin);
+    for (const LayoutTab& onglet : paperLayouts(dessin))
+        inventaire.presentations.push_back(utf8FromWide(onglet.name));
     inventaire.problemes = dessin.impl().problems().all();
     inventaire.sain = dessin.impl().problems().isSound();
     return inventaire;

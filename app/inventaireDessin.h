@@ -35,6 +35,8 @@ struct inventaireDessin {
     std::map<std::string, std::size_t> parCalque;     ///< the same, by layer; layers without entities are there too
     std::vector<bloc> blocs;                          ///< but for the spaces, in the order of the table
     std::map<std::string, std::size_t> autresClasses; ///< objects and entities of classes that are kept as they are
+    std::map<std::string, std::size_t> nonDessinees;  ///< entities that no picture shows, by their name in DXF
+    std::vector<std::string> presentations;           ///< names of the layouts on paper
     std::vector<table> tables;                        ///< point tables of the project
     std::vector<std::string> problemes;
     bool sain = true; ///< none of them tells of a loss or a repair               ///< found at opening, then by opening

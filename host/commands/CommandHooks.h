@@ -20,6 +20,9 @@ struct CommandHooks {
     /// Asks for a file in a dialog, when FILEDIA is 1. Nothing when the user gives up.
     std::function<std::optional<std::wstring>(const FileQuestion&)> chooseFile;
 
+    /// Shows why a drawing could not be opened or saved, where it cannot be missed. Not set while a script answers.
+    std::function<void(const std::wstring& reason)> tellFailure;
+
     /// Runs a script: its lines are typed once the command that called it has ended. Gives what went wrong, in French.
     std::function<std::wstring(const std::wstring& path)> runScript;
 

@@ -66,6 +66,8 @@ constexpr CommandRow kCommands[] = {
     {L"SAVEAS", L"SAUVENOM", L"SN", kDraws, cancellable<commands::saveAs>},
     {L"QSAVE", L"SAUVERAP", L"SR", kDraws, cancellable<commands::quickSave>},
     {L"CLOSE", L"FERMER", L"", kSession, cancellable<commands::close>},
+    {L"RECOVER", L"RECUPERER", L"", kSession, cancellable<commands::recover>},
+    {L"AUDIT", L"CONTROLER", L"", kHistory, cancellable<commands::auditDrawing>},
     {L"PLOT", L"TRACEUR", L"IMPRIMER", kHistory, cancellable<commands::plot>},
     {L"U", L"U", L"", kHistory, cancellable<commands::undoOne>},
     {L"UNDO", L"ANNULER", L"AN", kHistory, cancellable<commands::undo>},
@@ -73,6 +75,7 @@ constexpr CommandRow kCommands[] = {
     {L"MREDO", L"MRETABLIR", L"MR", kHistory, cancellable<commands::redoMany>},
     {L"SCRIPT", L"SCRIPT", L"SC", kHistory, cancellable<commands::script>},
     {L"APPLOAD", L"CHARGAPPLI", L"AP", kHistory, cancellable<commands::loadApplication>},
+    {L"OSNAP", L"ACCROBJ", L"OS -OSNAP -ACCROBJ", ACRX_CMD_TRANSPARENT, cancellable<commands::objectSnaps>},
     {L"SETVAR", L"MODIFVAR", L"MV", ACRX_CMD_TRANSPARENT, cancellable<commands::setVariable>},
 };
 

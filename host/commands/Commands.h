@@ -45,6 +45,8 @@ void newDrawing();
 void saveAs();
 void quickSave();
 void close();
+void recover();
+void auditDrawing();
 void plot();
 
 // history
@@ -57,5 +59,6 @@ void redoMany();
 void script();
 void loadApplication();
 void setVariable();
+void objectSnaps();
 
 } // namespace commands

@@ -9,7 +9,9 @@
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
 #include "db/DatabaseImpl.h"
+#include "db/DrawingAudit.h"
 #include "ed/DrawingChanges.h"
+#include "gi/EntityGraphics.h"
 #include "platform/CodePage.h"
 #include "platform/LetterCase.h"
 #include "platform/Paths.h"
@@ -78,17 +80,32 @@ private:
     AcDbDatabaseImpl& m_database;
 };
 
+/// For a drawing that could not be opened or saved: its user has to see it, whatever becomes of the command line.
+[[noreturn]] void refuse(const std::wstring& reason)
+{
+    if (const auto& tell = CommandHooks::instance().tellFailure)
+        tell(reason);
+    throw CommandFailed(reason);
+}
+
+void tellEach(const std::vector<std::string>& lines, std::size_t most)
+{
+    for (std::size_t i = 0; i < lines.size() && i < most; ++i)
+        say(L"  " + platform::wideFromUtf8(lines[i]));
+    if (lines.size() > most)
+        say(L"  ... et " + countText(lines.size() - most, L"autre"));
+}
+
 void tellProblems(const Document& document)
 {
     constexpr std::size_t most = 5;
+    if (const std::string notDrawn = notDrawnSentence(*document.database()); !notDrawn.empty())
+        say(platform::wideFromUtf8(notDrawn) + L".");
     const auto& problems = document.database()->impl().problems().all();
     if (problems.empty())
         return;
     say(countText(problems.size(), L"anomalie") + L" dans le fichier :");
-    for (std::size_t i = 0; i < problems.size() && i < most; ++i)
-        say(L"  " + platform::wideFromUtf8(problems[i]));
-    if (problems.size() > most)
-        say(L"  ...");
+    tellEach(problems, most);
 }
 
 Document& current()
@@ -106,12 +123,12 @@ bool mayReplace(const std::wstring& path)
 void saveTo(const std::wstring& path)
 {
     if (!mayReplace(path))
-        throw CommandFailed(path + L" : le fichier est en lecture seule ; il n'est pas remplacé");
+        refuse(path + L" : le fichier est en lecture seule ; il n'est pas remplacé");
     const ReplacingReadOnly allowed(current().database()->impl());
     const auto& problems = current().database()->impl().problems().all();
     const std::size_t known = problems.size();
     if (const auto failure = DocumentList::instance().saveAs(current(), path))
-        throw CommandFailed(*failure);
+        refuse(*failure);
     say(L"Dessin enregistré : " + std::wstring(current().fileName()));
     for (std::size_t i = known; i < problems.size(); ++i)
         say(platform::wideFromUtf8(problems[i]));
@@ -131,9 +148,34 @@ void commands::open()
     const std::wstring path = askFile({L"Entrez le nom du dessin à ouvrir", L"", L"dxf;dwg"});
     const auto opened = DocumentList::instance().open(openable(path));
     if (!opened.document)
-        throw CommandFailed(opened.failure);
+        refuse(opened.failure);
     say(L"Dessin ouvert : " + std::wstring(opened.document->fileName()));
     tellProblems(*opened.document);
+}
+
+void commands::recover()
+{
+    const std::wstring path = askFile({L"Entrez le nom du dessin à récupérer", L"", L"dxf;dwg"});
+    const auto opened = DocumentList::instance().open(openable(path));
+    if (!opened.document)
+        refuse(opened.failure);
+    AcDbDatabase& drawing = *opened.document->database();
+    const DrawingAudit found = audit(drawing);
+    const std::vector<std::string> gone = removeDamaged(drawing);
+    say(L"Dessin récupéré : " + std::wstring(opened.document->fileName()) + L", " +
+        countText(found.objects - gone.size(), L"objet") + L" sur " + std::to_wstring(found.objects));
+    say(found.faults.empty() ? L"Rien n'était abîmé." : countText(found.faults.size(), L"anomalie") + L" :");
+    tellEach(found.faults, found.faults.size());
+    tellEach(gone, gone.size());
+}
+
+void commands::auditDrawing()
+{
+    constexpr std::size_t most = 100;
+    const DrawingAudit found = audit(*current().database());
+    say(countText(found.objects, L"objet") + L" contrôlés, " +
+        (found.faults.empty() ? L"aucune anomalie." : countText(found.faults.size(), L"anomalie") + L" :"));
+    tellEach(found.faults, most);
 }
 
 void commands::newDrawing()
@@ -146,7 +188,7 @@ void commands::saveAs()
     CommandHooks::FileQuestion question{L"Enregistrer le dessin sous", current().fileName(), L"dxf", true};
     const std::wstring path = asDrawing(askFile(question));
     if (extensionOf(path) == L"dwg")
-        throw CommandFailed(path + L" : les dessins s'enregistrent en DXF, donnez un nom en « .dxf »");
+        refuse(path + L" : les dessins s'enregistrent en DXF, donnez un nom en « .dxf »");
     const bool asked = CommandHooks::instance().chooseFile && variable<short>(L"FILEDIA") != 0;
     const bool itself = platform::equalNoCase(path, current().fileName());
     if (!asked && !itself && isThere(path) && !askYes(L"Le fichier « " + path + L" » existe. Le remplacer ?", false))

@@ -16,6 +16,8 @@ void commands::distance()
     say(L"Distance = " + lengthText(between.length()) + L",  Angle dans le plan XY = " +
         directionText(std::atan2(between.y, between.x)) + L",  Angle au-dessus du plan XY = " +
         angleText(std::atan2(between.z, plane)));
+    if (plane > 0.0)
+        say(L"Gisement = " + bearingText(between.x, between.y));
     say(L"Delta X = " + lengthText(between.x) + L",  Delta Y = " + lengthText(between.y) + L",  Delta Z = " +
         lengthText(between.z));
     ::setVariable(L"DISTANCE", between.length());

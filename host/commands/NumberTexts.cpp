@@ -62,3 +62,12 @@ std::wstring countText(std::size_t count, const wchar_t* noun)
 {
     return std::to_wstring(count) + L" " + noun + (count > 1 ? L"s" : L"");
 }
+
+std::wstring bearingText(double east, double north)
+{
+    constexpr double turn = 400.0, pi = 3.141592653589793;
+    const double grades = std::atan2(east, north) * (turn / 2.0) / pi;
+    wchar_t text[32];
+    std::swprintf(text, std::size(text), L"%.4f gr", grades < 0.0 ? grades + turn : grades);
+    return text;
+}

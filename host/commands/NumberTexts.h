@@ -9,6 +9,8 @@
 std::wstring lengthText(double length);
 /// An angle of the drawing, counted from ANGBASE in the sense of ANGDIR; radians, counter-clockwise from the east.
 std::wstring directionText(double angle);
+/// Of a way in the plane, whatever the drawing's unit: clockwise from north, "123.4568 gr".
+std::wstring bearingText(double east, double north);
 /// An angle between two directions, radians.
 std::wstring angleText(double angle);
 /// The unit that AUNITS tells, in radians.

@@ -66,6 +66,14 @@ void askScale(PlotRequest& request)
     request.scale = given.value ? 1000.0 / *given.value : 0.0;
 }
 
+/// Beside the drawing, under its name.
+std::wstring proposedFile()
+{
+    const AcApDocument& document = *acDocManager->curDocument();
+    const std::wstring name = document.fileName();
+    return document.isNamedDrawing() ? name.substr(0, name.find_last_of(L'.')) + L".pdf" : std::wstring();
+}
+
 } // namespace
 
 void commands::plot()
@@ -74,7 +82,8 @@ void commands::plot()
     if (!paint)
         throw CommandFailed(L"Le tracé n'est pas disponible ici");
     PlotRequest request;
-    request.file = askFile({L"Entrez le nom du fichier de tracé (.pdf, .svg ou .png)", L"", L"pdf;svg;png", true});
+    request.file =
+        askFile({L"Entrez le nom du fichier de tracé (.pdf, .svg ou .png)", proposedFile(), L"pdf;svg;png", true});
     request.window = askArea();
     askPaper(request);
     askScale(request);

@@ -5,6 +5,7 @@
 #include "commands/NumberTexts.h"
 #include "commands/Prompt.h"
 #include "commands/Variables.h"
+#include "ed/input/SnapWords.h"
 #include "lisp/drawing/LispSession.h"
 #include "platform/LetterCase.h"
 #include "rx/ModuleTable.h"
@@ -140,4 +141,16 @@ void commands::setVariable()
         return say(name + L" = " + std::visit(ValueText(), *value) + L" (lecture seule)");
     if (const auto given = std::visit(ask, *value))
         tellAnswer(SystemVariables::instance().set(name, *given), name);
+}
+
+void commands::objectSnaps()
+{
+    const std::wstring words =
+        Prompt(
+            L"Entrez les modes d'accrochage, séparés par des virgules (EXT,MIL,CEN,NOD,QUA,INT,INS,PER,PRO ou AUC) : ")
+            .text();
+    const int modes = snapModesOf(words);
+    if (modes == 0)
+        throw CommandFailed(L"« " + words + L" » : mode d'accrochage inconnu");
+    ::setVariable(L"OSMODE", static_cast<short>(modes == kNoSnap ? 0 : modes));
 }

@@ -1,6 +1,10 @@
+#include <cwchar>
+#include <filesystem>
 #include <limits>
 
 #include "ed/SystemVariables.h"
+#include "platform/CodePage.h"
+#include "platform/Paths.h"
 
 #include "acedads.h"
 #include "acutmem.h"
@@ -82,4 +86,17 @@ int acedSetVar(const ACHAR* name, const resbuf* value)
     if (!given)
         return RTERROR;
     return SystemVariables::instance().set(name, *given) == SystemVariables::Answer::done ? RTNORM : RTERROR;
+}
+
+int acedFindFile(const ACHAR* name, ACHAR* result, size_t size)
+{
+    if (!name || !result)
+        return RTERROR;
+    std::error_code noMatter; // a place that cannot be looked at holds no file
+    const std::filesystem::path file = std::filesystem::absolute(platform::nativePath(name), noMatter);
+    const std::wstring path = platform::wideFromUtf8(file.string());
+    if (!std::filesystem::is_regular_file(file, noMatter) || path.size() >= size)
+        return RTERROR;
+    std::wmemcpy(result, path.c_str(), path.size() + 1);
+    return RTNORM;
 }

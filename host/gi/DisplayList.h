@@ -57,6 +57,7 @@ struct WidePath {
 struct Area {
     std::vector<Path> rings;
     bool hasCorners = false; ///< object snaps find its corners: a solid's, not a hatch's
+    bool hides = false;      ///< filled in the colour of the ground: what was drawn before is not seen
 };
 
 /// Parallel lines: all that lie k steps of `offset` from `base`, along `direction`, with dashes as in linetypes.

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <map>
+#include <string>
+
 #include "gi/DisplayList.h"
 
 #include "dbents.h"
@@ -39,6 +42,10 @@ void addBareDimension(const class AcDbDimension& dimension, DisplayList& list);
 // ForeignGraphics.cpp: of classes that are not modelled, by the tags of their file
 bool isShownByTags(const AcDbEntity& entity);
 void addByTags(const AcDbEntity& entity, DisplayList& list);
+/// How many entities of the file no picture shows, by the name of their class in DXF. Nothing is decoded.
+std::map<std::string, std::size_t> entitiesNotDrawn(const AcDbDatabase& database);
+/// The same as a sentence for the user, in French and UTF-8; empty when all of it is drawn.
+std::string notDrawnSentence(const AcDbDatabase& database);
 
 /// A plane path of vertices with bulges, shown through `toOwner`.
 struct BulgedVertex {

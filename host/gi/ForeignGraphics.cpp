@@ -1,10 +1,14 @@
 #include <map>
 
 #include "db/DatabaseImpl.h"
+#include "db/fields/DxfFields.h"
 #include "gi/DimensionStyle.h"
 #include "gi/EntityGraphics.h"
+#include "gi/ForeignKinds.h"
 #include "gi/RecordTags.h"
 #include "text/TextMetrics.h"
+
+#include "dbproxy.h"
 
 /// Entities whose classes are not modelled, drawn from the tags of their file.
 
@@ -218,15 +222,32 @@ void addTolerance(const RecordTags& tags, DisplayList& list)
     }
 }
 
-AddTags kindOf(const AcDbEntity& entity)
+AddTags kindNamed(std::string_view name)
 {
     static const std::map<std::string, AddTags, std::less<>> kinds = {
-        {"RAY", addRay}, {"XLINE", addConstructionLine}, {"MLINE", addMultiline}, {"TOLERANCE", addTolerance}};
-    const AcDbObjectId id = entity.objectId();
-    if (id.isNull())
-        return nullptr;
-    const auto found = kinds.find(AcDbDatabaseImpl::of(id.stub()).typeName(*recordOf(id)));
+        {"RAY", addRay},
+        {"XLINE", addConstructionLine},
+        {"MLINE", addMultiline},
+        {"TOLERANCE", addTolerance},
+        {"LEADER", addLeader},
+        {"MULTILEADER", addMultileader},
+        {"MLEADER", addMultileader},
+        {"ACAD_TABLE", addTable},
+        {"IMAGE", addImage},
+        {"WIPEOUT", addWipeout},
+        {"VIEWPORT", addViewportFrame},
+        {"PDFUNDERLAY", addUnderlay},
+        {"DWFUNDERLAY", addUnderlay},
+        {"DGNUNDERLAY", addUnderlay},
+    };
+    const auto found = kinds.find(name);
     return found == kinds.end() ? nullptr : found->second;
+}
+
+AddTags kindOf(const AcDbEntity& entity)
+{
+    const AcDbObjectId id = entity.objectId();
+    return id.isNull() ? nullptr : kindNamed(AcDbDatabaseImpl::of(id.stub()).typeName(*recordOf(id)));
 }
 
 } // namespace
@@ -239,4 +260,33 @@ bool isShownByTags(const AcDbEntity& entity)
 void addByTags(const AcDbEntity& entity, DisplayList& list)
 {
     kindOf(entity)(RecordTags(entity.objectId()), list);
+}
+
+std::map<std::string, std::size_t> entitiesNotDrawn(const AcDbDatabase& database)
+{
+    const AcDbDatabaseImpl& drawing = database.impl();
+    std::map<std::string, std::size_t> kinds;
+    for (const DxfRecord& record : drawing.file().records()) {
+        if (!drawing.holdsObject(record) || isErased(record))
+            continue;
+        const DxfClass& dxfClass = drawing.classOf(record);
+        const std::string& name = drawing.typeName(record);
+        if (dxfClass.isEntity && dxfClass.rxClass == AcDbProxyEntity::desc() && !kindNamed(name))
+            ++kinds[name];
+    }
+    return kinds;
+}
+
+std::string notDrawnSentence(const AcDbDatabase& database)
+{
+    std::string kinds;
+    std::size_t all = 0;
+    for (const auto& [name, count] : entitiesNotDrawn(database)) {
+        all += count;
+        kinds += (kinds.empty() ? "" : ", ") + std::to_string(count) + " " + name;
+    }
+    if (all == 0)
+        return {};
+    return (all == 1 ? "1 entité n'est pas dessinée : " : std::to_string(all) + " entités ne sont pas dessinées : ") +
+           kinds;
 }

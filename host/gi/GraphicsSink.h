@@ -12,6 +12,7 @@
 struct Appearance {
     std::uint32_t rgb = 0xFFFFFF; ///< 0xRRGGBB
     bool contrasting = true;      ///< colour 7: white on a dark ground, black on a light one; `rgb` does not count
+    bool ground = false;          ///< the colour of the ground, whatever else: hides what was drawn before
     int lineWeight = -3;          ///< hundredths of a millimetre; -3 for the usual one
     bool operator==(const Appearance&) const = default;
 };

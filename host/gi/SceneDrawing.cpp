@@ -164,8 +164,12 @@ void SceneDrawing::show(const WidePath& path, const Placement& place, const Pen&
 
 void SceneDrawing::show(const Area& area, const Placement& place, const Pen& pen)
 {
-    if (auto rings = flattened(area.rings, place); !rings.empty())
-        fill(std::move(rings), pen);
+    auto rings = flattened(area.rings, place);
+    if (rings.empty())
+        return;
+    Pen filling = pen;
+    filling.look.ground = area.hides;
+    fill(std::move(rings), filling);
 }
 
 void SceneDrawing::show(const Pattern& pattern, const Placement& place, const Pen& pen)

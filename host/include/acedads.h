@@ -51,6 +51,14 @@ int acedGetVar(const ACHAR* name, resbuf* result);
 /// An integer is taken where a real is expected.
 int acedSetVar(const ACHAR* name, const resbuf* value);
 
+// ---- files
+
+/// Where a file is: as named, from the current folder, in any letter case. Writes its full path as the system has it,
+/// which programs that know nothing of Windows-style paths read too.
+/// @param size of `result`, in characters
+/// @return RTNORM; RTERROR when there is no such file or its path is longer.
+int acedFindFile(const ACHAR* name, ACHAR* result, size_t size);
+
 // ---- asking the user
 //
 // Points are in the coordinates of the user's coordinate system, which is the world's here; lengths in drawing units;

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr double marge = 10.0; // pixels
+constexpr double marge = 18.0; // pixels
 
 bool dessinable(const tracePolygonale& trace)
 {
@@ -29,8 +29,9 @@ croquisPolygonale::croquisPolygonale(QWidget* parent) : QWidget(parent)
     setToolTip(QStringLiteral("Polygonale observée (rouge) et compensée (vert)"));
 }
 
-void croquisPolygonale::montrer(tracePolygonale originelle, tracePolygonale compensee)
+void croquisPolygonale::montrer(tracePolygonale originelle, tracePolygonale compensee, std::vector<nomPlace> noms)
 {
+    m_noms = std::move(noms);
     m_originelle = std::move(originelle);
     m_compensee = std::move(compensee);
     update();
@@ -69,5 +70,8 @@ void croquisPolygonale::paintEvent(QPaintEvent*)
         peintre.drawPolyline(ligne);
     }
     peintre.setPen(palette().text().color());
+    for (const nomPlace& station : m_noms)
+        if (estConnue(station.place.x) && estConnue(station.place.y))
+            peintre.drawText(place(station.place) + QPointF(4, -4), station.nom);
     peintre.drawRect(QRectF(place(traces.front().first->sommets.front()) - QPointF(3, 3), QSizeF(6, 6)));
 }

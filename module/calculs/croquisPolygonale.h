@@ -12,11 +12,17 @@ class croquisPolygonale : public QWidget {
 public:
     explicit croquisPolygonale(QWidget* parent = nullptr);
 
-    void montrer(tracePolygonale originelle, tracePolygonale compensee);
+    struct nomPlace {
+        QString nom;
+        tracePolygonale::sommet place;
+    };
+    /// @param noms of stations, written beside them
+    void montrer(tracePolygonale originelle, tracePolygonale compensee, std::vector<nomPlace> noms = {});
 
 protected:
     void paintEvent(QPaintEvent* evenement) override;
 
 private:
     tracePolygonale m_originelle, m_compensee;
+    std::vector<nomPlace> m_noms;
 };

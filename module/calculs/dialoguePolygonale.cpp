@@ -8,6 +8,7 @@
 
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/CParamMisePlaceResultCalcs.h"
+#include "calculs/dialogueBrouillon.h"
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/panneauPolygonale.h"
 #include "calculs/placerPolygonale.h"
@@ -30,6 +31,7 @@ constexpr wchar_t erreurDeCalcul[] = L"Erreur !";
 constexpr wchar_t ouvertureImpossible[] = L"Ouverture impossible du fichier";
 constexpr wchar_t filtresPolygonale[] = L"Observations|*.obs|Sans extension|*.|Tous|*.*|Text|*.TXT||";
 constexpr std::size_t remarquesMontrees = 6;
+constexpr std::chrono::milliseconds delaiGarde{1000};  // what a crash may cost
 constexpr std::chrono::milliseconds delaiCroquis{100}; // what is typed fast is drawn once
 
 bool existe(const std::wstring& fichier)
@@ -69,6 +71,9 @@ dialoguePolygonale::dialoguePolygonale()
     m_croquis.setSingleShot(true);
     m_croquis.setInterval(delaiCroquis);
     connect(&m_croquis, &QTimer::timeout, this, &dialoguePolygonale::rafraichirCroquis);
+    m_garde.setSingleShot(true);
+    m_garde.setInterval(delaiGarde);
+    connect(&m_garde, &QTimer::timeout, this, &dialoguePolygonale::garder);
 }
 
 void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_list<champNombre> champs)
@@ -85,6 +90,57 @@ void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_l
     connect(m_panneau, &panneauPolygonale::donneesChangees, &m_croquis, dessiner);
     for (const champNombre& c : m_champs)
         connect(c.champ, &QLineEdit::textChanged, &m_croquis, dessiner);
+    connect(m_panneau, &panneauPolygonale::reprendre, this, &dialoguePolygonale::reprendre);
+    connect(m_panneau, &panneauPolygonale::donneesChangees, &m_garde, dessiner);
+    for (const auto* const champ : findChildren<QLineEdit*>())
+        connect(champ, &QLineEdit::textChanged, &m_garde, dessiner);
+    QTimer::singleShot(0, this, &dialoguePolygonale::noterEnregistre); // once the fields show what they begin with
+    m_panneau->proposerReprise(!brouillonGarde(metaObject()->className()).isEmpty());
+}
+
+/// The fields, then the rows: a blank field a tab.
+QString dialoguePolygonale::brouillon() const
+{
+    QString texte = brouillonDesChamps(*this);
+    for (const ligneObservation& ligne : m_panneau->lignes()) {
+        texte += u'\n';
+        for (const std::wstring* const cellule : {&ligne.station, &ligne.angle, &ligne.distance, &ligne.altitude})
+            texte += u'\t' + QString::fromStdWString(*cellule);
+    }
+    return texte;
+}
+
+void dialoguePolygonale::noterEnregistre()
+{
+    m_enregistre = brouillon();
+}
+
+void dialoguePolygonale::garder()
+{
+    if (!m_enregistre.isNull() && brouillon() != m_enregistre)
+        garderBrouillon(metaObject()->className(), brouillon());
+}
+
+void dialoguePolygonale::reprendre()
+{
+    const QString garde = brouillonGarde(metaObject()->className());
+    std::vector<ligneObservation> lignes;
+    for (const QString& ligne : garde.split(u'\n')) {
+        const QStringList cellules = ligne.split(u'\t');
+        if (cellules.size() == 5 && cellules[0].isEmpty())
+            lignes.push_back({cellules[1].toStdWString(), cellules[2].toStdWString(), cellules[3].toStdWString(),
+                              cellules[4].toStdWString()});
+    }
+    m_panneau->afficher(lignes, m_panneau->unite(), m_panneau->nivellement());
+    reprendreChamps(*this, garde);
+    m_panneau->proposerReprise(false);
+    m_panneau->montrerBilan({L"Observations reprises ; elles ne sont pas enregistrées."});
+}
+
+void dialoguePolygonale::done(int resultat)
+{
+    garder();
+    dialogueModule::done(resultat);
 }
 
 bool dialoguePolygonale::donneesSuffisantes() const
@@ -124,9 +180,11 @@ void dialoguePolygonale::charger()
     if (!fichier)
         return;
     try {
-        if (const auto octets = lireFichier(fichier->c_str()))
+        if (const auto octets = lireFichier(fichier->c_str())) {
             m_panneau->montrerBilan(
                 premieresPhrases(avertissementsLecture(*fichier, lire(*octets)), remarquesMontrees));
+            noterEnregistre();
+        }
     } catch (const std::exception&) {
         avertirErreur(ouvertureImpossible);
     }
@@ -143,10 +201,12 @@ void dialoguePolygonale::sauvegarder()
     const std::wstring nom = nomEcrit(*choisi, filtre);
     if (!remplacementAccepte(*choisi, nom))
         return;
-    if (remplacerFichier(nom.c_str(), contenu()))
-        m_panneau->montrerBilan(premieresPhrases(perduALEcriture(), remarquesMontrees));
-    else
-        avertirErreur(ouvertureImpossible);
+    if (!remplacerFichier(nom.c_str(), contenu()))
+        return avertirErreur(ouvertureImpossible);
+    m_panneau->montrerBilan(premieresPhrases(perduALEcriture(), remarquesMontrees));
+    noterEnregistre();
+    garderBrouillon(metaObject()->className(), QString());
+    m_panneau->proposerReprise(false);
 }
 
 void dialoguePolygonale::calculer()

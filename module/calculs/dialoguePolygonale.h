@@ -15,8 +15,12 @@ class QLineEdit;
 class panneauPolygonale;
 
 /// A traverse dialog: what the buttons do. The two kinds of traverse differ in their data only.
+/// What was typed and not saved outlives it, however it ends: the next one of its kind offers it.
 class dialoguePolygonale : public dialogueModule {
     Q_OBJECT
+
+public:
+    void done(int resultat) override;
 
 protected:
     dialoguePolygonale();
@@ -44,13 +48,19 @@ private:
     bool placerQuandMeme(const polygonaleCalculee& calculee) const;
     void placerStations(const polygonaleCalculee& calculee, const CParamMisePlaceResultCalcs& parametres);
     void rafraichirCroquis();
+    QString brouillon() const;
+    void garder();
+    void reprendre();
+    void noterEnregistre();
     bool donneesSuffisantes() const;
     std::vector<std::wstring> remarques(const polygonaleCalculee& calculee) const;
     void montrerBilan(const polygonaleCalculee& calculee, const std::vector<std::wstring>& suite = {}) const;
 
     panneauPolygonale* m_panneau = nullptr;
     std::vector<champNombre> m_champs;
-    QTimer m_croquis; ///< one drawing for a run of changes
+    QTimer m_croquis;     ///< one drawing for a run of changes
+    QTimer m_garde;       ///< and one writing of what is not saved
+    QString m_enregistre; ///< what a file, or nothing at all, has given
 };
 
 // Fields of traverse dialogs.

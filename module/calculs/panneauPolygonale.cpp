@@ -28,6 +28,7 @@ panneauPolygonale::panneauPolygonale(QWidget* parent) : QWidget(parent), m_ui(st
         connect(champ, &QLineEdit::returnPressed, this, &panneauPolygonale::ajouter);
     connect(m_ui->boutonEnlever, &QPushButton::clicked, m_ui->liste, &listeObservations::enlever);
     connect(m_ui->boutonCharger, &QPushButton::clicked, this, &panneauPolygonale::charger);
+    connect(m_ui->boutonReprendre, &QPushButton::clicked, this, &panneauPolygonale::reprendre);
     connect(m_ui->boutonSauvegarder, &QPushButton::clicked, this, &panneauPolygonale::sauvegarder);
     connect(m_ui->boutonCalculer, &QPushButton::clicked, this, &panneauPolygonale::calculer);
     connect(m_ui->boutonComparer, &QPushButton::clicked, this, &panneauPolygonale::comparer);
@@ -79,7 +80,10 @@ void panneauPolygonale::afficher(const std::vector<ligneObservation>& lignes, in
 
 void panneauPolygonale::dessiner(const polygonaleCalculee& calculee)
 {
-    m_ui->croquis->montrer(calculee.originelle, calculee.compensee);
+    std::vector<croquisPolygonale::nomPlace> noms;
+    for (const stationCorrigee& s : calculee.resultat.stations)
+        noms.push_back({QString::fromStdWString(s.nom), {s.x, s.y}});
+    m_ui->croquis->montrer(calculee.originelle, calculee.compensee, std::move(noms));
 }
 
 void panneauPolygonale::montrerBilan(const std::vector<std::wstring>& phrases)
@@ -88,4 +92,9 @@ void panneauPolygonale::montrerBilan(const std::vector<std::wstring>& phrases)
     for (const std::wstring& phrase : phrases)
         textes << QString::fromStdWString(phrase);
     m_ui->bilan->setText(textes.join(u'\n'));
+}
+
+void panneauPolygonale::proposerReprise(bool possible)
+{
+    m_ui->boutonReprendre->setVisible(possible);
 }

@@ -28,8 +28,11 @@ public:
     void dessiner(const polygonaleCalculee& calculee);
     /// Replaces what stands under the list.
     void montrerBilan(const std::vector<std::wstring>& phrases);
+    /// Shows "Reprendre", with what was typed last and not saved behind it.
+    void proposerReprise(bool possible);
 
 signals:
+    void reprendre();
     void charger();
     void sauvegarder();
     void calculer();

@@ -3,15 +3,18 @@
 #include <algorithm>
 #include <QLocale>
 
+#include "codification/apparenceSymbole.h"
 #include "codification/codificationDuModule.h"
 #include "codification/editionPoint.h"
 #include "codification/regleCode.h"
 #include "points/projetDansDessin.h"
+#include "services/blocFichier.h"
 #include "services/calqueVerrouille.h"
 #include "services/codages.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/grandeur.h"
+#include "services/lettres.h"
 #include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
@@ -88,6 +91,7 @@ void CformulaireXYZ::connecter()
     connect(m_ui->boutonEnregistrer, &QPushButton::clicked, this, [this] { enregistrer(); });
     connect(m_ui->boutonSupprimer, &QPushButton::clicked, this, [this] { supprimer(); });
     connect(m_ui->boutonFermer, &QPushButton::clicked, this, &CformulaireXYZ::reject);
+    connect(m_ui->comboCode, &QComboBox::editTextChanged, this, [this] { direBlocGarde(); });
 }
 
 void CformulaireXYZ::montrer(int position)
@@ -121,7 +125,22 @@ void CformulaireXYZ::afficher(const pointDuDessin& point)
     m_ui->comboCode->setCurrentIndex(rang);
     if (rang < 0)
         m_ui->comboCode->setEditText(QString::number(point.getCode()));
+    direBlocGarde();
     m_affiche = textes();
+}
+
+/// A symbol takes a block when its point is given a code, and keeps it whatever becomes of the code's.
+void CformulaireXYZ::direBlocGarde()
+{
+    const listePointsDuDessin& table = m_table;
+    const bool place = m_position >= 0 && m_position < table.nbPoint();
+    const int code = place ? table.getData(m_position)->getCode() : 0;
+    const std::wstring block = place ? nomBlocSymbole(table.getData(m_position)->getId()) : std::wstring();
+    const int choisi = entierDeTexte(m_ui->comboCode->currentText().toStdWString());
+    const int rang = m_codes.indexCode(code);
+    const bool garde = !block.empty() && choisi == code && rang >= 0 &&
+                       !memesLettres(block, nomBlocDeFichier(sansBlancs(m_codes[rang].chemin, blancsSaisie)));
+    m_ui->labelBlock->setText(garde ? texteQt(L"Le symbole placé garde son block « " + block + L" ».") : QString());
 }
 
 QStringList CformulaireXYZ::textes() const

@@ -31,6 +31,7 @@ private:
     void montrer(int position);
     void afficher(const pointDuDessin& point);
     void aller(int position);
+    void direBlocGarde();
     void designer();
     bool refuserVerrouille() const;
     void supprimer();

@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QSpinBox>
 
+#include "codification/apparenceSymbole.h"
+#include "codification/dialogueImageBloc.h"
 #include "codification/regleCode.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueFichier.h"
@@ -156,12 +158,15 @@ void DlgCodification::choisirBlock()
     demandeFichier demande;
     demande.titre = L"Block du code";
     demande.filtres = L"Dessins (.dwg, .dxf)|*.dwg; *.dxf||";
-    demande.nom = m_code.chemin;
+    demande.nom = fichierDuBloc(m_code.chemin);
+    demande.image = imageBloc;
     const auto choisi = demanderFichierALire(demande);
     if (!choisi)
         return;
     m_code.chemin = cheminDeBloc(*choisi).value_or(*choisi);
     m_ui->labelChemin->setText(texteQt(m_code.chemin));
+    m_ui->labelRedessin->setText(
+        m_mode == mode::creation ? QString() : texteQt(annonce(symbolesARedessiner(m_code.code, m_code.chemin))));
 }
 
 int tableCodification::modifierCode(int index)
@@ -171,7 +176,12 @@ int tableCodification::modifierCode(int index)
     if (!dialoguesPossibles())
         return 1;
     DlgCodification dialogue((*this)[index], *this, DlgCodification::mode::edition);
-    if (dialogue.exec() == QDialog::Accepted)
-        (*this)[index] = dialogue.code();
+    if (dialogue.exec() != QDialog::Accepted)
+        return 1;
+    codifPoint& code = (*this)[index];
+    const bool blocChange = dialogue.code().chemin != code.chemin;
+    code = dialogue.code();
+    if (blocChange && !redessiner(symbolesARedessiner(code.code, code.chemin), code))
+        avertirErreur(L"Les symboles placés gardent leur block : ce dessin ne peut être lu\n" + code.chemin);
     return 1;
 }

@@ -5,6 +5,14 @@
 
 #include "codification/attributsBloc.h"
 #include "points/attribsPoints.h"
+#include "points/projetDansDessin.h"
+#include "services/blocFichier.h"
+#include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
+#include "services/lettres.h"
+
+#include "dbapserv.h"
+#include "dbsymtb.h"
 
 namespace {
 
@@ -63,4 +71,65 @@ bool conformerSymbole(const AcDbObjectId& id, int code, tableCodification& table
     donnerCalque(*reference.object(), codif.idCalques[calqueBlock]);
     conformerAttributs(*reference.object(), codif);
     return retaillerSymbole(*reference.object(), tailleSymbole(codif));
+}
+
+std::wstring nomBlocSymbole(const AcDbObjectId& id)
+{
+    const AcDbObjectPointer<AcDbBlockReference> reference(id);
+    if (reference.openStatus() != Acad::eOk)
+        return {};
+    const AcDbObjectPointer<AcDbBlockTableRecord> bloc(reference->blockTableRecord());
+    const wchar_t* nom = L"";
+    if (bloc.openStatus() == Acad::eOk)
+        bloc->getName(nom);
+    return nom;
+}
+
+symbolesDuCode symbolesARedessiner(int code, const std::wstring& chemin)
+{
+    symbolesDuCode symboles;
+    const std::wstring nom = nomBlocDeFichier(sansBlancs(chemin, blancsSaisie));
+    for (int t = 0; tablesPoints && t < tablesPoints->nbTables(); ++t) {
+        const listePointsDuDessin& table = *tablesPoints->getTable(t);
+        for (int i = 0; i < table.nbPoint(); ++i) {
+            const AcDbObjectId id = table.getData(i)->getId();
+            if (table.getData(i)->getCode() != code || id.isNull())
+                continue;
+            const std::wstring present = nomBlocSymbole(id);
+            if (present.empty() || memesLettres(present, nom))
+                continue;
+            if (estVerrouille(id))
+                ++symboles.verrouilles;
+            else
+                symboles.aRedessiner.push_back(id);
+        }
+    }
+    return symboles;
+}
+
+std::wstring annonce(const symbolesDuCode& symboles)
+{
+    std::wstring texte;
+    if (const std::size_t nombre = symboles.aRedessiner.size(); nombre == 1)
+        texte = L"1 point placé sera redessiné avec ce block.";
+    else if (nombre > 1)
+        texte = std::to_wstring(nombre) + L" points placés seront redessinés avec ce block.";
+    if (symboles.verrouilles > 0)
+        texte += (texte.empty() ? L"" : L" ") + std::to_wstring(symboles.verrouilles) +
+                 L" sur un calque verrouillé : le leur est gardé.";
+    return texte;
+}
+
+bool redessiner(const symbolesDuCode& symboles, const codifPoint& codif)
+{
+    AcDbDatabase* const dessin = acdbHostApplicationServices()->workingDatabase();
+    if (symboles.aRedessiner.empty() || !dessin)
+        return true;
+    const CAcadUndoGroup groupe;
+    const AcDbObjectId bloc = blocDuCode(*dessin, codif);
+    if (bloc.isNull())
+        return false;
+    for (const AcDbObjectId& id : symboles.aRedessiner)
+        changerBlocSymbole(id, bloc);
+    return true;
 }

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "codification/descriptionBloc.h"
+#include "codification/parcoursBloc.h"
 #include "services/lettres.h"
 
 #include "dbapserv.h"
@@ -20,26 +21,10 @@ AcDbDatabase* dessin()
 }
 
 template <typename Pour>
-void pourChaqueEntite(const AcDbBlockTableRecord& bloc, Pour&& pour)
-{
-    AcDbBlockTableRecordIterator* entites = nullptr;
-    if (bloc.newIterator(entites) != Acad::eOk)
-        return;
-    const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
-    for (AcDbObjectId id; !it->done(); it->step()) {
-        it->getEntityId(id);
-        const AcDbObjectPointer<AcDbEntity> entite(id);
-        if (entite.openStatus() == Acad::eOk)
-            pour(*entite.object());
-    }
-}
-
-template <typename Pour>
 void dansEspaceObjet(Pour&& pour)
 {
-    const AcDbObjectPointer<AcDbBlockTableRecord> espace(blocNomme(ACDB_MODEL_SPACE));
-    if (espace.openStatus() == Acad::eOk)
-        pourChaqueEntite(*espace.object(), pour);
+    if (dessin())
+        pourChaqueEntite(*dessin(), pour);
 }
 
 std::map<AcDbObjectId, int> occurrencesParBloc()

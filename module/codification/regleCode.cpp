@@ -1,11 +1,13 @@
 #include "codification/regleCode.h"
 
 #include <algorithm>
+#include <array>
 
 #include "codification/tableCodification.h"
 #include "services/lettres.h"
 #include "services/nombresTexte.h"
 
+#include "acedads.h"
 #include "acutads.h"
 #include "io.h"
 
@@ -42,6 +44,15 @@ bool oterExtension(std::wstring& chemin, std::wstring_view extension)
         return false;
     chemin.resize(chemin.size() - extension.size());
     return true;
+}
+
+/// The drawing file of that stem; empty when there is none.
+std::wstring dessinPresent(const std::wstring& stem)
+{
+    for (const wchar_t* const extension : {L".dwg", L".dxf"})
+        if (_waccess((stem + extension).c_str(), 0) == 0)
+            return stem + extension;
+    return {};
 }
 
 } // namespace
@@ -84,10 +95,19 @@ std::optional<std::wstring> cheminDeBloc(std::wstring_view saisi)
         return chemin;
     oterExtension(chemin, L".dwg");
     const std::wstring stem = cheminBiblio(chemin.c_str());
-    for (const wchar_t* const extension : {L".dwg", L".dxf"})
-        if (_waccess((stem + extension).c_str(), 0) == 0)
-            return stem + L".dwg";
-    return std::nullopt;
+    return dessinPresent(stem).empty() ? std::nullopt : std::optional(stem + L".dwg");
+}
+
+std::wstring fichierDuBloc(const std::wstring& chemin)
+{
+    std::array<wchar_t, 2048> fichier{};
+    for (std::wstring stem : {chemin, codifPoint().chemin}) {
+        oterExtension(stem, L".dwg");
+        const std::wstring present = dessinPresent(stem);
+        if (!present.empty() && acedFindFile(present.c_str(), fichier.data(), fichier.size()) == RTNORM)
+            return fichier.data();
+    }
+    return {};
 }
 
 avisCode validerCode(std::wstring_view saisie, const tableCodification& table, bool creation)

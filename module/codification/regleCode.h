@@ -27,6 +27,10 @@ void reparerCalques(codifPoint& code, const std::wstring& fichier = {});
 /// @return nothing for a relative path that is no block of the library: only this session could find its file.
 std::optional<std::wstring> cheminDeBloc(std::wstring_view saisi);
 
+/// The file that is read for a block's path, as the system names it: it may be a ".dxf" where the path says ".dwg".
+/// Where there is none, the first block of the module's library, for its folder; empty without a library.
+std::wstring fichierDuBloc(const std::wstring& chemin);
+
 /// What the user reads of a code that is not.
 inline constexpr const wchar_t* messageCodeIncorrect = L"Code incorrect\nTapez un nombre compris entre 1 et 9999";
 

@@ -2,19 +2,25 @@
 
 #include <algorithm>
 #include <functional>
+#include <QAbstractItemView>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
+#include <QHash>
+#include <QIcon>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
 #include <QStringList>
 
 #include "services/dialogueMessage.h"
 #include "services/dialogueModule.h"
+#include "services/variablesHote.h"
 
 namespace {
+
+constexpr int tailleImages = 40; // pixels
 
 /// "*." stands for names without an extension, which no pattern of the dialog can say.
 constexpr QLatin1StringView sansExtension("*.");
@@ -46,10 +52,26 @@ QString nomComplet(const filtre& f)
     return QStringLiteral("%1 (%2)").arg(f.nom, f.modeles.join(u' '));
 }
 
-/// Hides the files with an extension while names without one are asked for.
+using imageDeFichier = std::function<QIcon(const QString&)>;
+
+/// Hides the files with an extension while names without one are asked for, and gives files their pictures.
 class vueFichiers : public QSortFilterProxyModel {
 public:
-    using QSortFilterProxyModel::QSortFilterProxyModel;
+    vueFichiers(QObject* parent, imageDeFichier image) : QSortFilterProxyModel(parent), m_image(std::move(image)) {}
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        const auto* const fichiers = qobject_cast<const QFileSystemModel*>(sourceModel());
+        const QModelIndex source = mapToSource(index);
+        if (m_image && role == Qt::DecorationRole && index.column() == 0 && fichiers && !fichiers->isDir(source)) {
+            const QString fichier = fichiers->filePath(source);
+            const auto connue =
+                m_images.contains(fichier) ? m_images.find(fichier) : m_images.insert(fichier, m_image(fichier));
+            if (!connue->isNull())
+                return *connue;
+        }
+        return QSortFilterProxyModel::data(index, role);
+    }
 
     void montrerSansExtension(bool seuls)
     {
@@ -67,6 +89,8 @@ protected:
     }
 
 private:
+    imageDeFichier m_image;
+    mutable QHash<QString, QIcon> m_images;
     bool m_seuls = false;
 };
 
@@ -77,9 +101,13 @@ QString extensionDe(const filtre& f)
     return extension.contains(u'*') ? QString() : extension;
 }
 
-/// The name proposed stands in its folder, which is shown.
-void proposer(QFileDialog& dialogue, const QString& nom)
+/// The name proposed stands in its folder, which is shown; without one, the folder of the drawing is.
+void proposer(QFileDialog& dialogue, const std::wstring& propose)
 {
+    const QString nom = QString::fromStdWString(propose).replace(u'\\', u'/');
+    std::wstring dossier;
+    if (lireVariable(L"DWGPREFIX", dossier) && QFileInfo(QString::fromStdWString(dossier)).isDir())
+        dialogue.setDirectory(QString::fromStdWString(dossier));
     if (nom.isEmpty())
         return;
     const QFileInfo fichier(nom);
@@ -158,8 +186,12 @@ std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog:
     QStringList noms;
     for (const filtre& f : filtres)
         noms << nomComplet(f);
-    auto* const vue = new vueFichiers(&dialogue);
+    auto* const vue = new vueFichiers(&dialogue, demande.image);
     dialogue.setProxyModel(vue);
+    if (demande.image)
+        for (auto* const liste : dialogue.findChildren<QAbstractItemView*>())
+            if (liste->objectName() == u"listView" || liste->objectName() == u"treeView")
+                liste->setIconSize({tailleImages, tailleImages});
     const auto suivreFiltre = [&](const QString& choisi) {
         // The dialog may leave out the patterns that it does not show.
         const auto f = std::ranges::find_if(
@@ -176,7 +208,7 @@ std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog:
     QObject::connect(&dialogue, &QFileDialog::filterSelected, &dialogue, suivreFiltre);
     if (!ecrire)
         suivreNomTape(dialogue, filtres, suivreFiltre);
-    proposer(dialogue, QString::fromStdWString(demande.nom));
+    proposer(dialogue, demande.nom);
 
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty())
         return std::nullopt;

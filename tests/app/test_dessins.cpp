@@ -105,6 +105,21 @@ TEST_F(convertir, CopiesByteForByteWhatItDoesNotChange)
     EXPECT_EQ(lire("copie.dxf"), lire("chantier.dxf"));
 }
 
+TEST_F(convertir, RepairsWhatItCan)
+{
+    copierExemple("chantier.dxf");
+    std::string abime = lire("chantier.dxf");
+    abime.insert(abime.find("\n", abime.find("AcDbPolyline")) + 1, "#@!\n");
+    ecrire("chantier.dxf", abime);
+    ASSERT_EQ(vela("convertir chantier.dxf garde.dxf").statut, 0);
+    EXPECT_EQ(vela("info garde.dxf --strict").statut, 1) << "without the option nothing is dropped";
+    const execution run = vela("convertir --reparer chantier.dxf repare.dxf");
+    EXPECT_EQ(run.statut, 0);
+    EXPECT_NE(run.erreurs.find("abîmé, il n'est pas repris"), std::string::npos) << run.erreurs;
+    EXPECT_NE(run.sortie.find("816 objets repris sur 817"), std::string::npos) << run.sortie;
+    EXPECT_EQ(vela("info repare.dxf --strict").statut, 0);
+}
+
 TEST_F(convertir, SaysThatAnOldDrawingIsUpgraded)
 {
     ecrire("r12.dxf", "0\nSECTION\n2\nENTITIES\n0\nPOINT\n8\n0\n10\n1.0\n20\n2.0\n30\n3.0\n0\nENDSEC\n0\nEOF\n");

@@ -35,11 +35,16 @@ QString writeOverview(AcDbDatabase& database, const OverviewRequest& request)
         constexpr double thinnest = 0.18; // millimetres; what a line without a weight of its own should weigh
         style.pixelsPerMillimetre = finerThanScreen / (0.25 / thinnest);
     }
-    Scene& scene = Scene::of(database);
+    std::optional<Scene> paper;
+    if (!request.layout.isNull())
+        paper.emplace(database, request.layout);
+    Scene& scene = paper ? *paper : Scene::of(database);
     const SceneView view = request.window
                                ? SceneView::showing(*request.window, file.width, file.height)
                                : SceneView::showing(scene.extents(), file.width, file.height, overviewMargin);
-    return file.write([&](QPainter& painter) { paintScene(painter, scene, view, style); });
+    return file.write([&](QPainter& painter) {
+        paper ? paintLayout(painter, scene, view, style) : paintScene(painter, scene, view, style);
+    });
 }
 
 QString writePlot(AcDbDatabase& database, const PlotRequest& request)

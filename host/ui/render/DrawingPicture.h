@@ -6,14 +6,18 @@
 #include "ed/PlotHook.h"
 #include "gi/Box2d.h"
 
+#include "dbid.h"
+
 class AcDbDatabase;
 
-/// What `vela apercu` makes: model space as a picture of so many pixels. A VelaApplication must live: fonts need it.
+/// What `vela apercu` makes: model space, or a layout, as a picture of so many pixels. A VelaApplication must live:
+/// fonts need it.
 struct OverviewRequest {
     QString file;
     int width = 1200, height = 800; ///< pixels; of a vector picture, at 96 to an inch
     std::optional<Box2d> window;    ///< what is seen at least; the extents when there is none
     bool darkGround = false;
+    AcDbObjectId layout; ///< block of the layout that is seen; null for model space
 };
 
 /// @return what went wrong, in French; empty when all went well

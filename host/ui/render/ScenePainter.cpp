@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "gi/Scene.h"
+#include "gi/LayoutDrawing.h"
 #include "text/TextMetrics.h"
 #include "ui/render/GlyphShapes.h"
 
@@ -103,9 +103,12 @@ public:
         flush();
         m_look = look;
         m_hasLook = true;
-        m_color = m_style.only ? *m_style.only : look.contrasting ? contrastTo(m_style.ground) : QColor(QRgb(look.rgb));
+        m_color = look.ground        ? m_style.ground
+                  : m_style.only     ? *m_style.only
+                  : look.contrasting ? contrastTo(m_style.ground)
+                                     : QColor(QRgb(look.rgb));
         m_area = m_color;
-        if (!m_style.only && isLostOn(m_style.ground, m_color))
+        if (!m_style.only && !look.ground && isLostOn(m_style.ground, m_color))
             m_color = contrastTo(m_style.ground);
         const double weight = (look.lineWeight >= 0 ? look.lineWeight : usualWeight) / 100.0;
         m_pen =
@@ -116,6 +119,9 @@ public:
         if (m_style.dashed)
             m_pen.setDashPattern({4.0, 3.0});
     }
+
+    /// Highlights lie above the picture: they must not hide it.
+    bool leavesOut(const Appearance& look) const { return look.ground && m_style.dashed; }
 
     void line(const QPointF& from, const QPointF& to)
     {
@@ -289,6 +295,8 @@ void ScenePainter::polyline(Points points, const Appearance& look)
 
 void ScenePainter::polygon(std::span<const std::vector<AcGePoint3d>> rings, const Appearance& look)
 {
+    if (m_strokes->leavesOut(look))
+        return;
     m_strokes->take(look);
     QPainterPath path;
     path.setFillRule(Qt::OddEvenFill);
@@ -330,9 +338,25 @@ void ScenePainter::text(const TextItem& item, const Appearance& look)
         m_strokes->fill(place.map(path));
 }
 
-void paintScene(QPainter& painter, Scene& scene, const SceneView& view, const PaintStyle& style)
+namespace {
+
+void paintGround(QPainter& painter, const SceneView& view, const PaintStyle& style)
 {
     painter.fillRect(QRectF(0.0, 0.0, view.width / view.pixel, view.height / view.pixel), style.ground);
+}
+
+} // namespace
+
+void paintScene(QPainter& painter, Scene& scene, const SceneView& view, const PaintStyle& style)
+{
+    paintGround(painter, view, style);
     ScenePainter sink(painter, view, style);
     scene.draw(view, sink);
+}
+
+void paintLayout(QPainter& painter, Scene& paper, const SceneView& view, const PaintStyle& style)
+{
+    paintGround(painter, view, style);
+    ScenePainter sink(painter, view, style);
+    drawLayout(paper, view, sink);
 }

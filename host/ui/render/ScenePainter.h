@@ -42,3 +42,5 @@ private:
 
 /// The whole of it: ground, then the scene. The view's box is shown in the whole of the painter's device.
 void paintScene(QPainter& painter, Scene& scene, const SceneView& view, const PaintStyle& style);
+/// The same of a layout, model space in its viewports; `paper` is the scene of its block.
+void paintLayout(QPainter& painter, Scene& paper, const SceneView& view, const PaintStyle& style);

@@ -75,11 +75,13 @@ std::optional<QString> ScriptRunner::run(const QString& path)
     }
     const EditorInput::Source source(*this);
     // Commands ask for files at the command line, where lines answer.
-    auto& chooseFile = CommandHooks::instance().chooseFile;
-    const auto dialogs = std::exchange(chooseFile, nullptr);
+    CommandHooks& hooks = CommandHooks::instance();
+    const auto chooseFile = std::exchange(hooks.chooseFile, nullptr);
+    const auto tellFailure = std::exchange(hooks.tellFailure, nullptr);
     while (!m_failure && !m_reader.atEnd())
         runCommand();
-    chooseFile = dialogs;
+    hooks.chooseFile = chooseFile;
+    hooks.tellFailure = tellFailure;
     return m_failure;
 }
 

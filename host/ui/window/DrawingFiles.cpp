@@ -9,6 +9,7 @@
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
 #include "ed/DrawingChanges.h"
+#include "gi/EntityGraphics.h"
 #include "rx/Console.h"
 #include "ui/window/WindowSettings.h"
 
@@ -31,10 +32,12 @@ FileNotes& notesOf(Document& document)
     return notes.of(document);
 }
 
-/// Where files were opened and saved last.
-QString lastFolder()
+/// That of the drawing in hand; of one without a file, where files were opened and saved last.
+QString startFolder()
 {
-    return windowSettings::text(L"dossier");
+    const Document* const document = DocumentList::instance().current();
+    return document && document->isNamedDrawing() ? QFileInfo(QString::fromWCharArray(document->fileName())).path()
+                                                  : windowSettings::text(L"dossier");
 }
 
 /// "dxf;dwg" as Qt wants it.
@@ -54,7 +57,7 @@ QString proposedPath(const CommandHooks::FileQuestion& question)
     if (document && !document->isNamedDrawing() && name == QString::fromWCharArray(document->docTitle()))
         name = notesOf(*document).proposed.isEmpty() ? name : notesOf(*document).proposed;
     const QFileInfo file(name);
-    const QString folder = file.isAbsolute() ? file.path() : lastFolder();
+    const QString folder = file.isAbsolute() ? file.path() : startFolder();
     const QString extension = QString::fromStdWString(question.extensions).section(u';', 0, 0);
     return name.isEmpty() ? QString() : folder + u'/' + file.completeBaseName() + u'.' + extension;
 }
@@ -62,6 +65,8 @@ QString proposedPath(const CommandHooks::FileQuestion& question)
 /// What was repaired or found wrong when the drawing was read.
 void tellProblems(Document& document)
 {
+    if (const std::string notDrawn = notDrawnSentence(*document.database()); !notDrawn.empty())
+        Console::instance().print(L"\n" + QString::fromStdString(notDrawn).toStdWString() + L".");
     constexpr std::size_t most = 20;
     const auto& problems = document.database()->impl().problems().all();
     for (std::size_t i = 0; i < std::min(most, problems.size()); ++i)
@@ -76,7 +81,8 @@ DrawingFiles::DrawingFiles(QWidget& window) : QObject(&window), m_window(window)
 
 std::optional<std::wstring> DrawingFiles::choose(const CommandHooks::FileQuestion& question)
 {
-    QFileDialog dialog(&m_window, QString::fromStdWString(question.title), lastFolder(), filterOf(question.extensions));
+    QFileDialog dialog(&m_window, QString::fromStdWString(question.title), startFolder(),
+                       filterOf(question.extensions));
     dialog.setFileMode(question.toSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setAcceptMode(question.toSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     if (question.toSave)
@@ -172,5 +178,8 @@ bool DrawingFiles::closeAll()
 
 void DrawingFiles::tellFailure(const std::wstring& failure)
 {
-    QMessageBox::critical(&m_window, QStringLiteral("Vela"), QString::fromStdWString(failure));
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Vela"), QString::fromStdWString(failure), QMessageBox::Ok,
+                    &m_window);
+    box.setObjectName(QStringLiteral("echecFichier"));
+    box.exec();
 }

@@ -23,6 +23,8 @@ public:
     /// Asks what to do with changes. False when the drawing stays open.
     bool close(Document& document);
     bool closeAll();
+    /// In a box that waits for its button: the history of commands may be hidden.
+    void tellFailure(const std::wstring& failure);
 
     /// The name that saving proposes for a drawing that has no file.
     static void propose(Document& document, const QString& path);
@@ -33,7 +35,6 @@ private:
     /// Asks for a name when there is none yet. False when it was not saved.
     bool save(Document& document);
     bool mayClose(Document& document);
-    void tellFailure(const std::wstring& failure);
 
     QWidget& m_window;
 };

@@ -36,6 +36,8 @@
 #include "ui/window/DrawingSelection.h"
 #include "ui/window/HelpPages.h"
 #include "ui/window/LayerPanel.h"
+#include "ui/window/LayoutTabs.h"
+#include "ui/window/LayoutView.h"
 #include "ui/window/PointPanel.h"
 #include "ui/window/PointTables.h"
 #include "ui/window/PropertyPanel.h"
@@ -94,6 +96,7 @@ MainWindow::~MainWindow()
 {
     DrawingChanges::instance().setModuleState(nullptr);
     CommandHooks::instance().chooseFile = nullptr;
+    CommandHooks::instance().tellFailure = nullptr;
     CommandHooks::instance().regenerate = nullptr;
     LispHooks::instance().interrupted = nullptr;
     CurrentView::onChange(nullptr);
@@ -101,6 +104,7 @@ MainWindow::~MainWindow()
     Transients::onChange(nullptr);
     Console::instance().setSink({});
     m_canvas->setDocument(nullptr);
+    m_layout->show(nullptr, AcDbObjectId());
 }
 
 // ---- assembling
@@ -109,12 +113,16 @@ void MainWindow::makeCenter()
 {
     m_tabs = new DocumentTabs;
     m_canvas = new Canvas(m_input);
+    m_layout = new LayoutView;
+    m_layouts = new LayoutTabs;
     auto* const center = new QWidget;
     auto* const column = new QVBoxLayout(center);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_tabs);
     column->addWidget(m_canvas, 1);
+    column->addWidget(m_layout, 1);
+    column->addWidget(m_layouts);
     setCentralWidget(center);
 }
 
@@ -184,6 +192,7 @@ void MainWindow::connectParts()
         });
     });
     connect(m_canvas, &Canvas::cursorAt, this, &MainWindow::showCoordinates);
+    connect(m_layouts, &LayoutTabs::chosen, this, &MainWindow::showLayout);
     connect(m_canvas, &Canvas::menuAsked, this, &MainWindow::showCanvasMenu);
     connect(m_canvas, &Canvas::clicked, this, [this] { m_commands->edit().setFocus(); });
     connect(m_layers, &LayerPanel::edited, this, &MainWindow::followDrawing);
@@ -208,6 +217,7 @@ void MainWindow::followKernel()
     CommandHooks::instance().chooseFile = [this](const CommandHooks::FileQuestion& question) {
         return m_files->choose(question);
     };
+    CommandHooks::instance().tellFailure = [this](const std::wstring& reason) { m_files->tellFailure(reason); };
     CommandHooks::instance().regenerate = [this](AcApDocument&) { m_canvas->refresh(); };
     LispHooks::instance().interrupted = [this] { return m_input.interrupted(); };
     CurrentView::onChange([this](AcApDocument&) { m_canvas->followView(); });
@@ -240,6 +250,9 @@ void MainWindow::savePlaces() const
 
 // ---- orders
 
+/// Bits of OSMODE, an item of the menu each.
+constexpr int snapModes[] = {1, 2, 4, 8, 16, 32, 64, 128, 512};
+
 void MainWindow::registerOrders()
 {
     const auto whenIdle = [this](auto action) { return [this, action] { m_input.whenIdle(action); }; };
@@ -265,6 +278,8 @@ void MainWindow::registerOrders()
         {":commandes", [this] { help_pages::showCommands(*this); }},
         {":apropos", [this] { help_pages::showAbout(*this); }},
     };
+    for (const int mode : snapModes)
+        m_orders.emplace(":accroche" + std::to_string(mode), [this, mode] { toggleSetting(L"OSMODE", mode); });
 }
 
 void MainWindow::typeInput(const QString& input)
@@ -280,6 +295,7 @@ void MainWindow::typeInput(const QString& input)
 void MainWindow::setDarkGround(bool dark)
 {
     m_canvas->setDarkGround(dark);
+    m_layout->setDarkGround(dark);
     m_menus->action(":fondSombre")->setChecked(dark);
     windowSettings::setText(L"fond", dark ? QStringLiteral("sombre") : QStringLiteral("clair"));
 }
@@ -351,9 +367,18 @@ void MainWindow::dropEvent(QDropEvent* event)
 void MainWindow::showDocument(Document* document)
 {
     m_canvas->setDocument(document);
+    m_layouts->setDocument(document);
     m_layers->setDocument(document);
     m_properties->setDocument(document);
     followDrawing();
+}
+
+void MainWindow::showLayout(AcDbObjectId block)
+{
+    Document* const document = DocumentList::instance().current();
+    m_layout->show(document ? document->database() : nullptr, block);
+    m_layout->setVisible(!block.isNull());
+    m_canvas->setVisible(block.isNull());
 }
 
 void MainWindow::closeDocument(Document* document)
@@ -383,6 +408,8 @@ void MainWindow::followSwitches()
 {
     const int snaps = settingOf(L"OSMODE");
     m_menus->action(":accrochage")->setChecked((snaps & kNoSnap) == 0 && snaps != 0);
+    for (const int mode : snapModes)
+        m_menus->action(":accroche" + std::to_string(mode))->setChecked((snaps & mode) != 0);
     m_menus->action(":ortho")->setChecked(settingOf(L"ORTHOMODE") != 0);
     m_menus->action(":historique")->setChecked(!m_commands->isHistoryHidden());
 }

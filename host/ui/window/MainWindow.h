@@ -15,6 +15,8 @@ class Document;
 class DocumentTabs;
 class DrawingFiles;
 class LayerPanel;
+class LayoutTabs;
+class LayoutView;
 class PointPanel;
 class PointTables;
 class PropertyPanel;
@@ -69,6 +71,8 @@ private:
     void openFiles(const QStringList& paths);
 
     void showDocument(Document* document);
+    /// Model space for the null id: the place where commands draw.
+    void showLayout(AcDbObjectId block);
     void closeDocument(Document* document);
     /// The drawing may have changed: titles, panels, states of switches.
     void followDrawing();
@@ -82,6 +86,8 @@ private:
     WindowMenus* m_menus;
     DocumentTabs* m_tabs = nullptr;
     Canvas* m_canvas = nullptr;
+    LayoutView* m_layout = nullptr;
+    LayoutTabs* m_layouts = nullptr;
     CommandPanel* m_commands = nullptr;
     LayerPanel* m_layers = nullptr;
     PropertyPanel* m_properties = nullptr;

@@ -7,14 +7,17 @@ const MenuItem separator;
 const std::vector<MenuItem> file{
     {"&Nouveau", "_NEW", "Ctrl+N", "nouveau"},
     {"&Ouvrir...", "_OPEN", "Ctrl+O", "ouvrir"},
-    {"Fichiers &récents", ":recents"},
+    {"Fichiers ré&cents", ":recents"},
     {"&Fermer", ":fermer", "Ctrl+W"},
     separator,
     {"&Enregistrer", "_QSAVE", "Ctrl+S", "enregistrer"},
     {"Enregistrer &sous...", "_SAVEAS", "Ctrl+Shift+S"},
     separator,
+    {"Récupé&rer un dessin abîmé...", "_RECOVER"},
+    {"Con&trôler le dessin", "_AUDIT"},
+    separator,
     {"&Imprimer dans un fichier...", "_PLOT", "Ctrl+P"},
-    {"Exécuter un s&cript...", "_SCRIPT"},
+    {"Exécuter un scri&pt...", "_SCRIPT"},
     {"Charger une &application...", "_APPLOAD"},
     separator,
     {"&Quitter", ":quitter", "Ctrl+Q"},
@@ -30,7 +33,7 @@ const std::vector<MenuItem> edition{
     {"Renseignements sur des &objets", "_LIST"},
     {"&Coordonnées d'un point", "'_ID"},
     {"D&istance", "'_DIST"},
-    {"Ai&re", "_AREA"},
+    {"Air&e", "_AREA"},
     separator,
     {"&Variable système...", "'_SETVAR"},
 };
@@ -50,8 +53,16 @@ const std::vector<MenuItem> display{
     {"Mode &ortho", ":ortho", "F8"},
     separator,
     {"&Calques", ":panneauCalques", "Ctrl+1"},
-    {"Pr&opriétés", ":panneauProprietes", "Ctrl+2"},
+    {"Propr&iétés", ":panneauProprietes", "Ctrl+2"},
     {"&Tables de points", ":panneauPoints", "Ctrl+3"},
+};
+
+const std::vector<MenuItem> snaps{
+    {"&Extrémité", ":accroche1"},  {"&Milieu", ":accroche2"},
+    {"&Centre", ":accroche4"},     {"&Nodal (points)", ":accroche8"},
+    {"&Quadrant", ":accroche16"},  {"&Intersection", ":accroche32"},
+    {"In&sertion", ":accroche64"}, {"&Perpendiculaire", ":accroche128"},
+    {"P&roche", ":accroche512"},
 };
 
 const std::vector<MenuItem> drawing{
@@ -65,7 +76,7 @@ const std::vector<MenuItem> modification{
     {"&Déplacer", "_MOVE", "", "deplacer"},
     {"&Copier", "_COPY", "", "copier"},
     {"&Rotation", "_ROTATE", "", "rotation"},
-    {"É&chelle", "_SCALE"},
+    {"Éc&helle", "_SCALE"},
     {"&Miroir", "_MIRROR"},
     {"Déc&omposer", "_EXPLODE"},
     separator,
@@ -85,14 +96,14 @@ const std::vector<MenuItem> help{
 const std::vector<Menu>& menuTable()
 {
     static const std::vector<Menu> menus{
-        {"&Fichier", file},   {"É&dition", edition},           {"&Affichage", display},
-        {"&Dessin", drawing}, {"&Modification", modification},
+        {"&Fichier", file},     {"Éd&ition", edition}, {"&Affichage", display},
+        {"Acc&rochage", snaps}, {"&Dessin", drawing},  {"&Modification", modification},
     };
     return menus;
 }
 
 const Menu& helpMenu()
 {
-    static const Menu menu{"Ai&de", help};
+    static const Menu menu{"Aid&e", help};
     return menu;
 }

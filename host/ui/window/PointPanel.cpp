@@ -90,9 +90,13 @@ PointPanel::PointPanel(PointTables* tables, QWidget* parent) :
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->setDefaultSectionSize(20);
-    for (const auto& [column, width] :
-         {std::pair{PointModel::name, 70}, {PointModel::code, 44}, {PointModel::x, 82}, {PointModel::y, 82}})
-        m_table->setColumnWidth(column, width);
+    constexpr int air = 14; // pixels around a text
+    for (const auto& [column, widest] : {std::pair{PointModel::name, "MMMMMM"},
+                                         {PointModel::code, "99999"},
+                                         {PointModel::x, "1234567.890"}, // Lambert coordinates, to the millimetre
+                                         {PointModel::y, "6234567.890"}})
+        m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(QLatin1String(widest)) + air);
+    m_table->verticalHeader()->hide(); // room for Z
     m_table->horizontalHeader()->setStretchLastSection(true);
 
     auto* const current = new QPushButton(QStringLiteral("Rendre courante"));

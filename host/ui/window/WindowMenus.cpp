@@ -150,7 +150,7 @@ void WindowMenus::addItem(Part& part, QMenu& menu, const MenuItem& item)
         connect(action, &QAction::triggered, this, [this, typedInput] { emit typed(typedInput); });
         return;
     }
-    action->setCheckable(std::ranges::find(switches, input) != switches.end());
+    action->setCheckable(std::ranges::find(switches, input) != switches.end() || input.starts_with(":accroche"));
     m_orders.emplace(input, action);
     connect(action, &QAction::triggered, this, [this, input] { emit ordered(input); });
 }

@@ -122,6 +122,55 @@ TEST_F(HostCommands, whatCannotBeOpenedIsTold)
     EXPECT_EQ(DocumentList::instance().documents().size(), 1U);
 }
 
+TEST_F(HostCommands, whatFailsIsShownToo)
+{
+    std::vector<std::wstring> shown;
+    CommandHooks::instance().tellFailure = [&](const std::wstring& reason) { shown.push_back(reason); };
+    says(L"OUVRIR | " + path("absent.dxf"), L"introuvable");
+    says(L"RECUPERER | " + path("absent.dxf"), L"introuvable");
+    says(L"SAUVENOM | " + path("plan.dwg"), L"en DXF");
+    says(L"SAUVENOM | " + path("absent/plan.dxf"), L"absent");
+    EXPECT_EQ(shown.size(), 4U);
+}
+
+TEST_F(HostCommands, bearingsAreClockwiseFromNorthInGrades)
+{
+    says(L"DI | 0,0 | 10,0", L"Gisement = 100.0000 gr");
+    says(L"DI | 0,0 | -1,1", L"Gisement = 350.0000 gr");
+    says(L"DI | 0,0 | 0,-3", L"Gisement = 200.0000 gr");
+}
+
+TEST_F(HostCommands, snapsAreChosenByTheirNames)
+{
+    typed(L"OSNAP | EXT,MIL");
+    EXPECT_EQ(variable<short>(L"OSMODE"), 3);
+    says(L"_OSNAP | MIL,XYZ", L"inconnu");
+    typed(L"ACCROBJ | _non");
+    EXPECT_EQ(variable<short>(L"OSMODE"), 0);
+}
+
+TEST_F(HostCommands, recoversWhatCanBeReadAndSaysTheRest)
+{
+    typed(L"PO | 1,1 | PO | 2,2 | PO | 3,3 | SAUVENOM | " + path("plan.dxf") + L" | FERMER");
+    std::string damaged = read("plan.dxf");
+    const auto second = damaged.find("AcDbPoint", damaged.find("AcDbPoint") + 1);
+    damaged.insert(damaged.find('\n', second) + 1, "#@!\n");
+    write("plan.dxf", damaged);
+    says(L"RECUPERER | " + path("plan.dxf"), L"code de groupe illisible « #@! »");
+    EXPECT_EQ(entities(), Texts({"POINT 1,1", "POINT 3,3"}));
+    EXPECT_EQ(variable<short>(L"DBMOD"), 1) << "the mended drawing is to be saved";
+    typed(L"SAUVERAP | FERMER | OUVRIR | " + path("plan.dxf"));
+    says(L"CONTROLER", L"aucune anomalie");
+    EXPECT_EQ(entities(), Texts({"POINT 1,1", "POINT 3,3"}));
+}
+
+TEST_F(HostCommands, auditsAnOpenDrawing)
+{
+    write("r12.dxf", "0\nSECTION\n2\nENTITIES\n0\nINSERT\n8\n0\n2\nABSENT\n10\n1\n20\n1\n0\nENDSEC\n0\nEOF\n");
+    typed(L"OUVRIR | " + path("r12.dxf") + L" | PO | 0,0");
+    says(L"_AUDIT", L"son bloc n'existe pas");
+}
+
 TEST_F(HostCommands, closingAsksWhenSomethingWouldBeLost)
 {
     typed(L"NOUVEAU | FERMER");

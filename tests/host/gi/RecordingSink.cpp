@@ -28,7 +28,7 @@ std::string color(const Appearance& look)
 {
     char text[16];
     std::snprintf(text, sizeof text, "%06X", static_cast<unsigned>(look.rgb));
-    return look.contrasting ? "7" : text;
+    return look.ground ? "ground" : look.contrasting ? "7" : text;
 }
 
 template <class Points>

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "gi/EntityGraphics.h"
+#include "gi/LayoutDrawing.h"
 #include "gi/ObjectSnap.h"
 
 #include "dbdim.h"
@@ -65,6 +67,24 @@ const Row rows[] = {
      "0\n",
      {"line 7: 1,", "text 7: <\xE2\x8A\x95>", "line 7:", "text 7: <0.1>", "line 7:", "text 7: <A>", "line 7: 1,0.46",
       "text 7: <\xE2\x97\x8E>", "line 7:", "text 7: <B>"}},
+    {"leader",
+     "0 LEADER\n100 AcDbLeader\n71 0\n72 0\n76 3\n10 0\n20 0\n30 0\n10 5\n20 5\n30 0\n10 9\n20 5\n30 0\n",
+     {"line 7: 0,0 5,5 9,5"}},
+    {"multileader: line, arrow, landing, text",
+     "0 MULTILEADER\n100 AcDbMLeader\n300 CONTEXT_DATA{\n40 1\n41 1\n140 1\n290 1\n304 N\n12 10\n22 5\n32 0\n13 1\n"
+     "23 0\n33 0\n171 1\n302 LEADER{\n10 5\n20 5\n30 0\n11 1\n21 0\n31 0\n40 4\n304 LEADER_LINE{\n10 5\n20 0\n30 0\n"
+     "305 }\n303 }\n301 }\n170 1\n",
+     {"line 7: 5,0 5,5", "area 7: 5,0 4.833,1 5.167,1", "line 7: 5,5 9,5", "<N>"}},
+    {"image: a frame; its definition is missing",
+     "0 IMAGE\n100 AcDbRasterImage\n10 1\n20 2\n30 0\n11 0.5\n21 0\n31 0\n12 0\n22 0.5\n32 0\n13 20\n23 10\n280 0\n",
+     {"line 7: 1,2 11,2 11,7 1,7 1,2"}},
+    {"wipeout, clipped: hides, then its frame",
+     "0 WIPEOUT\n100 AcDbWipeout\n10 0\n20 0\n30 0\n11 10\n21 0\n31 0\n12 0\n22 10\n32 0\n13 1\n23 1\n71 2\n91 4\n"
+     "14 -0.5\n24 -0.5\n14 0.5\n24 -0.5\n14 0\n24 0.5\n14 -0.5\n24 -0.5\n",
+     {"area ground: 0,10 10,10 5,0", "line 7: 0,10 10,10 5,0 0,10"}},
+    {"underlay, turned by a right angle, within its clipping line",
+     "0 PDFUNDERLAY\n100 AcDbUnderlayReference\n10 0\n20 0\n30 0\n41 2\n42 2\n43 2\n50 90\n11 0\n21 0\n11 4\n21 3\n",
+     {"line 7: 0,0 0,8 -6,8 -6,0 0,0"}},
 };
 
 /// A line and a filled square in a block, shown at (20, 0) within the ring that is given.
@@ -125,6 +145,44 @@ TEST(OwnData, dimensionsWithoutBlockHaveABox)
         EXPECT_TRUE(box.minPoint().isEqualTo(low) && box.maxPoint().isEqualTo(high))
             << box.maxPoint().x << " " << box.maxPoint().y;
     }
+}
+
+TEST(OwnData, whatIsNotDrawnIsTold)
+{
+    DrawingWithEntities drawing("0 REGION\n100 AcDbModelerGeometry\n0 3DSOLID\n100 AcDbModelerGeometry\n"
+                                "0 3DSOLID\n100 AcDbModelerGeometry\n0 RAY\n100 AcDbRay\n");
+    EXPECT_EQ(notDrawnSentence(drawing.database()), "3 entités ne sont pas dessinées : 2 3DSOLID, 1 REGION");
+    EXPECT_EQ(notDrawnSentence(DrawingWithEntities("0 RAY\n100 AcDbRay\n").database()), "");
+}
+
+/// A layout shows model space turned and scaled through its viewports, cut at them, without the layers they freeze.
+TEST(OwnData, layoutsShowModelSpaceInTheirViewports)
+{
+    SmallDrawing drawing;
+    const std::string paper = "330 1B\n100 AcDbEntity\n67 1\n8 0\n";
+    const auto viewport = [&](const char* handle, const char* rest) {
+        return std::string("0 VIEWPORT\n5 ") + handle + "\n" + paper +
+               "100 AcDbViewport\n30 0\n16 0\n26 0\n36 1\n17 0\n" + "27 0\n37 0\n12 0\n22 0\n" + rest;
+    };
+    drawing.entities =
+        "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 100\n21 0\n31 0\n" +
+        viewport("81", "10 50\n20 50\n40 90\n41 90\n68 1\n69 1\n45 90\n") +
+        viewport("82", "10 20\n20 20\n40 10\n41 10\n68 2\n69 2\n45 20\n") +
+        viewport("83", "10 60\n20 20\n40 10\n41 10\n68 3\n69 3\n45 20\n51 90\n") +
+        viewport("84", "10 90\n20 20\n40 10\n41 10\n68 4\n69 4\n45 20\n331 10\n") +
+        viewport("85", "10 90\n20 60\n40 10\n41 10\n68 0\n69 5\n45 20\n");
+    AcDbDatabase database(false);
+    database.impl().load(std::make_unique<DxfFile>(drawing.text(), "essai.dxf"));
+    const std::vector<LayoutTab> tabs = paperLayouts(database);
+    ASSERT_EQ(tabs.size(), 1U);
+    Scene scene(database, tabs.front().block);
+    RecordingSink sink;
+    drawLayout(scene, wideView(), sink);
+    const auto count = [&](const char* line) { return std::ranges::count(sink.lines, line); };
+    EXPECT_EQ(count("line 7: 15,15 25,15 25,25 15,25 15,15"), 1) << "a frame";
+    EXPECT_EQ(count("line 7: 20,20 25,20"), 1) << "half the size, cut at the frame";
+    EXPECT_EQ(count("line 7: 60,20 60,25"), 1) << "turned";
+    EXPECT_EQ(sink.lines.size(), 4U + 2U) << "one layer is frozen, one viewport off, one the paper itself";
 }
 
 TEST(OwnData, linesWithoutEndSayNothingOfTheSize)

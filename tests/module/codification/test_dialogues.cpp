@@ -3,8 +3,11 @@
 #include <functional>
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QSpinBox>
 #include <QTimer>
 
@@ -121,6 +124,39 @@ TEST_F(DialoguesCodesTest, editsACodeAndKeepsWhatItDoesNotShow)
     });
     EXPECT_EQ(table.modifierCode(1), 1);
     EXPECT_TRUE(table[1].libelle == L"Stations");
+}
+
+TEST_F(DialoguesCodesTest, choosesABlockByItsPicture)
+{
+    QString dossier;
+    QStringList images, sansImage;
+    QSize taille;
+    ensuite([&] {
+        ensuite([&] {
+            auto* const fichiers = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(fichiers, nullptr);
+            dossier = fichiers->directory().dirName();
+            const auto* const liste = fichiers->findChild<QListView*>("listView");
+            QAbstractItemModel& modele = *liste->model();
+            const QDeadlineTimer delai(5000); // the folder is read by a thread of its own
+            while (modele.rowCount(liste->rootIndex()) < 22 && !delai.hasExpired())
+                QApplication::processEvents(QEventLoop::AllEvents, 20);
+            taille = liste->iconSize();
+            for (int i = 0; i < modele.rowCount(liste->rootIndex()); ++i) {
+                const QModelIndex index = modele.index(i, 0, liste->rootIndex());
+                const QImage image = index.data(Qt::DecorationRole).value<QIcon>().pixmap(64, 64).toImage();
+                const bool symbole = image.width() == 64 && image.pixelColor(0, 0).alpha() == 0;
+                (symbole ? images : sansImage) << index.data().toString();
+            }
+            fichiers->reject();
+        });
+        presser("Block...");
+        presser("Cancel");
+    });
+    EXPECT_EQ(codificationDuModule().modifierCode(1), 1);
+    EXPECT_EQ(dossier.toStdString(), "biblio");
+    EXPECT_GE(taille.width(), 32);
+    EXPECT_GE(images.size(), 22) << sansImage.join(' ').toStdString();
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include <cctype>
 #include <fstream>
 #include <QMenu>
 #include <QMenuBar>
@@ -5,6 +6,7 @@
 
 #include "ap/DocumentList.h"
 #include "rx/ModuleTable.h"
+#include "ui/window/MenuTable.h"
 #include "ui/window/ModuleMenus.h"
 
 #include "WindowTest.h"
@@ -20,6 +22,36 @@ extern "C" AcRx::AppRetCode moduleHeard(const char*, AcRx::AppMsgCode, void*)
 }
 
 namespace {
+
+/// The letters behind "&", of one menu: Alt and a letter must lead to one place.
+std::string clashes(const std::vector<std::string>& captions)
+{
+    std::string seen, twice;
+    for (const std::string& caption : captions) {
+        const auto mark = caption.find('&');
+        if (mark == caption.npos)
+            continue;
+        const char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(caption[mark + 1])));
+        if (static_cast<unsigned char>(letter) < 128)
+            (seen.find(letter) == seen.npos ? seen : twice) += letter;
+    }
+    return twice;
+}
+
+TEST(MenuTableKeys, doNotClash)
+{
+    std::vector<Menu> menus = menuTable();
+    menus.push_back(helpMenu());
+    std::vector<std::string> titles{"&Topographie", "&Outils topo", "Terrai&n"}; // those of the family's modules
+    for (const Menu& menu : menus) {
+        titles.push_back(menu.caption);
+        std::vector<std::string> captions;
+        for (const MenuItem& item : menu.items)
+            captions.push_back(item.caption);
+        EXPECT_EQ(clashes(captions), "") << menu.caption;
+    }
+    EXPECT_EQ(clashes(titles), "");
+}
 
 TEST(ModuleMenusText, SaysWhatItLeavesOut)
 {
@@ -89,8 +121,9 @@ protected:
     {
         std::string shown;
         const auto titles = window->menuBar()->actions();
-        EXPECT_EQ(titles.last()->text(), "Ai&de");
-        for (const QAction* const title : titles.mid(5, titles.size() - 6)) {
+        const auto own = static_cast<qsizetype>(menuTable().size());
+        EXPECT_EQ(titles.last()->text(), "Aid&e");
+        for (const QAction* const title : titles.mid(own, titles.size() - own - 1)) {
             if (!title->isVisible())
                 continue;
             shown += title->text().toStdString() + "(";

@@ -1,0 +1,94 @@
+#include "db/DrawingAudit.h"
+
+#include <cmath>
+#include <cstdio>
+#include <functional>
+
+#include "db/DatabaseImpl.h"
+
+#include "dbents.h"
+
+namespace {
+
+/// "INSERT 1F3": as users find it, by its handle.
+std::string nameOf(const AcDbDatabaseImpl& drawing, const DxfRecord& record)
+{
+    char handle[20];
+    std::snprintf(handle, sizeof handle, "%llX", static_cast<unsigned long long>(record.handle));
+    return drawing.typeName(record) + " " + handle;
+}
+
+void forEachRecord(AcDbDatabaseImpl& drawing, const std::function<void(DxfRecord&)>& look)
+{
+    const std::size_t count = drawing.file().records().size(); // decoding may add some
+    for (std::size_t i = 0; i < count; ++i) {
+        DxfRecord& record = drawing.file().records()[i];
+        if (drawing.holdsObject(record) && !isErased(record))
+            look(record);
+    }
+    const NewRecords& made = drawing.newRecords();
+    for (std::size_t i = 0; i < made.size(); ++i)
+        if (!isErased(made[i]))
+            look(made[i]);
+}
+
+bool leadsNowhere(AcDbObjectId id)
+{
+    return id.isNull() || isErased(*recordOf(id));
+}
+
+bool isFinite(const AcGePoint3d& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
+/// What is wrong with an entity that was read; empty when nothing is.
+std::string faultOf(const AcDbEntity& entity)
+{
+    if (leadsNowhere(entity.layerId()))
+        return "son calque n'existe pas";
+    if (const auto* const reference = AcDbBlockReference::cast(&entity); reference) {
+        if (leadsNowhere(reference->blockTableRecord()))
+            return "son bloc n'existe pas";
+        const AcGeScale3d scale = reference->scaleFactors();
+        if (scale.sx == 0.0 || scale.sy == 0.0 || scale.sz == 0.0)
+            return "une de ses échelles est nulle";
+    }
+    AcDbExtents box;
+    if (entity.getGeomExtents(box) == Acad::eOk && !(isFinite(box.minPoint()) && isFinite(box.maxPoint())))
+        return "ses coordonnées ne sont pas des nombres";
+    return {};
+}
+
+} // namespace
+
+DrawingAudit audit(AcDbDatabase& drawing)
+{
+    AcDbDatabaseImpl& inner = drawing.impl();
+    DrawingAudit found;
+    std::vector<std::string> own;
+    forEachRecord(inner, [&](DxfRecord& record) {
+        ++found.objects;
+        const AcDbObjectPointer<AcDbObject> object{AcDbObjectId(stubOf(&record))};
+        const AcDbEntity* const entity = object.object() ? AcDbEntity::cast(object.object()) : nullptr;
+        if (const std::string fault = entity ? faultOf(*entity) : std::string(); !fault.empty())
+            own.push_back(nameOf(inner, record) + " : " + fault);
+    });
+    found.faults = inner.problems().all(); // reading adds to them
+    found.faults.insert(found.faults.end(), own.begin(), own.end());
+    return found;
+}
+
+std::vector<std::string> removeDamaged(AcDbDatabase& drawing)
+{
+    AcDbDatabaseImpl& inner = drawing.impl();
+    std::vector<std::string> gone;
+    forEachRecord(inner, [&](DxfRecord& record) {
+        if ((record.flags & DxfRecord::spoiled) == 0)
+            return;
+        const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(stubOf(&record)), AcDb::kForWrite, false, true);
+        if (object.openStatus() == Acad::eOk && object->erase() == Acad::eOk)
+            gone.push_back(nameOf(inner, record) + " : abîmé, il n'est pas repris");
+    });
+    return gone;
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "gi/DisplayList.h"
+#include "gi/RecordTags.h"
+
+/// What ForeignGraphics.cpp calls by the name of a class, where a file of its own draws it. Each adds to the part that
+/// was begun.
+
+// LeaderGraphics.cpp
+void addLeader(const RecordTags& tags, DisplayList& list);
+void addMultileader(const RecordTags& tags, DisplayList& list);
+// FrameGraphics.cpp: what is not painted itself shows as a frame with its name
+void addTable(const RecordTags& tags, DisplayList& list);
+void addImage(const RecordTags& tags, DisplayList& list);
+void addWipeout(const RecordTags& tags, DisplayList& list);
+void addUnderlay(const RecordTags& tags, DisplayList& list);
+/// The frame of a window of a layout; what it shows is drawn by LayoutDrawing.
+void addViewportFrame(const RecordTags& tags, DisplayList& list);

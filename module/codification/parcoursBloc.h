@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+
+#include "dbmain.h"
+#include "dbsymtb.h"
+
+/// Calls `pour` with each entity of a block, open for reading, in drawing order.
+template <typename Pour>
+void pourChaqueEntite(const AcDbBlockTableRecord& bloc, Pour&& pour)
+{
+    AcDbBlockTableRecordIterator* entites = nullptr;
+    if (bloc.newIterator(entites) != Acad::eOk)
+        return;
+    const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
+    for (AcDbObjectId id; !it->done(); it->step()) {
+        it->getEntityId(id);
+        const AcDbObjectPointer<AcDbEntity> entite(id);
+        if (entite.openStatus() == Acad::eOk)
+            pour(*entite.object());
+    }
+}
+
+/// The same in the model space of a drawing.
+template <typename Pour>
+void pourChaqueEntite(AcDbDatabase& dessin, Pour&& pour)
+{
+    AcDbBlockTable* blocs = nullptr;
+    AcDbObjectId id;
+    if (dessin.getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
+        return;
+    blocs->getAt(ACDB_MODEL_SPACE, id);
+    blocs->close();
+    const AcDbObjectPointer<AcDbBlockTableRecord> espace(id);
+    if (espace.openStatus() == Acad::eOk)
+        pourChaqueEntite(*espace.object(), pour);
+}
