@@ -115,7 +115,9 @@ void proposer(QFileDialog& dialogue, const std::wstring& propose)
         return dialogue.setDirectory(nom);
     if (nom.contains(u'/'))
         dialogue.setDirectory(fichier.path());
-    dialogue.selectFile(fichier.fileName());
+    // Of files to open the dialog would take those selected together with the one that is typed.
+    if (dialogue.acceptMode() == QFileDialog::AcceptSave)
+        dialogue.selectFile(fichier.fileName());
 }
 
 /// Files are found whatever the letter case of their names: one that differs by it alone is the one written, and the
