@@ -27,7 +27,8 @@ enum class DxfUpgrade { toR2000, none };
 ///
 /// The records, one after the other, are the file, byte for byte. Those of TABLES, BLOCKS, ENTITIES and OBJECTS all
 /// have a handle of their own: where the file gives none, or one twice, the (later) record is given a new one.
-/// Files older than R2000, or of their form, are turned into R2000 first: bytes, form and records are then those of the R2000 text.
+/// Files older than R2000, or of their form, are turned into R2000 first: bytes, form and records are then those of the
+/// R2000 text.
 /// What was repaired is listed in `problems`; what cannot be read at all throws DxfError.
 ///
 /// The bytes stay what they were at opening, whatever other programs do to the file meanwhile (FileBytes).
