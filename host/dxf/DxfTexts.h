@@ -29,8 +29,9 @@ inline constexpr char strayRecords[] = "enregistrements hors de toute section";
 inline constexpr char strayEndsec[] = "« ENDSEC » sans section ouverte";
 inline constexpr char endsecWithin[] = "« ENDSEC » au milieu d'une section, retiré";
 inline constexpr char originalKept[] = "au premier enregistrement, l'original est gardé sous un nom en « .original »";
-inline constexpr char noMarkers[] = "les objets n'ont pas les marques de leurs classes (code de groupe 100) ; elles sont "
-                                    "ajoutées, comme à un dessin R12";
+inline constexpr char noMarkers[] =
+    "les objets n'ont pas les marques de leurs classes (code de groupe 100) ; elles sont "
+    "ajoutées, comme à un dessin R12";
 inline constexpr char tagCut[] = "donnée illisible ou coupée";
 
 inline constexpr char keepsDamaged[] = "le support ne donne plus tout le dessin (retiré ou endommagé), le fichier "

@@ -13,8 +13,8 @@
 #include "dxf/R12Subclasses.h"
 #include "dxf/R2000Skeleton.h"
 
-/// Writes an R2000 text from the records of an older one; a version that is not older stays stated. Records that have subclass markers (R13, R14) stay as they
-/// are but for a few tags added at their end, before their extended data.
+/// Writes an R2000 text from the records of an older one; a version that is not older stays stated. Records that have
+/// subclass markers (R13, R14) stay as they are but for a few tags added at their end, before their extended data.
 class R2000Upgrade {
 public:
     explicit R2000Upgrade(const DxfFile& old);

@@ -4,8 +4,8 @@
 #include <vector>
 
 /// The symmetric matrix of normal equations: sparse, positive, perhaps singular. Its unknowns are put into an order
-/// that keeps the factor sparse (nested dissection), then L·D·Lᵀ is computed, and of the inverse what lies where L is not
-/// zero: whatever two unknowns of one observation need, at the price of one factorisation more.
+/// that keeps the factor sparse (nested dissection), then L·D·Lᵀ is computed, and of the inverse what lies where L is
+/// not zero: whatever two unknowns of one observation need, at the price of one factorisation more.
 ///
 /// A pivot that is lost in rounding marks an unknown that nothing determines but its neighbours: it is held,
 /// the rest is solved, and a null vector says what moves with it.
