@@ -114,8 +114,8 @@ tableCodification::lecture tableCodification::lireCodes(const std::wstring& chem
 /// does not fill with them: who changed such a record keeps it.
 std::vector<codifPoint> tableCodification::codesAEnregistrer() const
 {
-    const auto estRefait = [](const codifPoint& c, const wchar_t* debutLibelle) {
-        const codifPoint refait = codifNeuve(c.code, debutLibelle);
+    const auto estRefait = [](const codifPoint& c, const wchar_t* debut) {
+        const codifPoint refait = codifNeuve(c.code, debut);
         return xmlDeCodes({&c, 1}) == xmlDeCodes({&refait, 1});
     };
     std::vector<codifPoint> gardes;
