@@ -163,6 +163,7 @@ suitesImportPoints importer(const importPoints& demande)
 
 int exporter(const exportPointsDemande& demande)
 {
+    refuserMemeFichier(demande.fichier, demande.dessin);
     const fs::path fichier = cheminNatif(demande.fichier);
     if (estCarte(fichier) && demande.projection.empty())
         throw erreurProgramme("une carte demande la projection du dessin (--projection EPSG:2154, par exemple).");
