@@ -6,6 +6,7 @@
 #include "calculs/uniteAngulaire.h"
 #include "platform/CodePage.h"
 
+#include "fichierDessin.h"
 #include "lignesConsole.h"
 #include "nombres.h"
 #include "tableTexte.h"
@@ -206,8 +207,7 @@ void montrerTexte(const demandePolygonale& demande, const cheminement& c, const 
         return;
     std::cout << "\nDessin : " << suites.dessin << " (" << suites.pointsPlaces << " points placés dans la table « "
               << suites.table << " », code " << suites.code << ")\n";
-    if (!suites.ancienDessin.empty())
-        std::cout << "Le dessin d'avant est gardé : " << suites.ancienDessin << '\n';
+    direAncienDessin(suites.ancienDessin);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "calculs/reseau/rapportReseau.h"
 #include "platform/CodePage.h"
 
+#include "fichierDessin.h"
 #include "lignesConsole.h"
 #include "nombres.h"
 #include "tableTexte.h"
@@ -174,8 +175,7 @@ void afficherTexte(const demandeReseau& demande, const traitementReseau& t)
     if (demande.placer)
         std::cout << " (" << t.pointsPlaces << " points placés dans la table « " << t.table << " »)";
     std::cout << '\n';
-    if (!t.ancienDessin.empty())
-        std::cout << "Le dessin d'avant est gardé : " << t.ancienDessin << '\n';
+    direAncienDessin(t.ancienDessin);
 }
 
 void afficherJson(const demandeReseau& demande, const traitementReseau& t)

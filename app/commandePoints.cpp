@@ -5,6 +5,7 @@
 
 #include "aideFrancaise.h"
 #include "commandes.h"
+#include "fichierDessin.h"
 #include "lignesConsole.h"
 #include "nombres.h"
 #include "tableTexte.h"
@@ -23,8 +24,7 @@ void afficherImport(const importPoints& demande, const suitesImportPoints& suite
     if (demande.placer)
         std::cout << ", " << suites.dessines << " dessiné(s)";
     std::cout << "\nDessin enregistré : " << suites.dessin << '\n';
-    if (!suites.ancienDessin.empty())
-        std::cout << "L'ancien est gardé : " << suites.ancienDessin << '\n';
+    direAncienDessin(suites.ancienDessin);
 }
 
 void ajouterImporter(CLI::App& points)

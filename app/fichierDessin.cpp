@@ -2,8 +2,10 @@
 
 #include <array>
 #include <filesystem>
+#include <iostream>
 
 #include "db/DatabaseImpl.h"
+#include "points/projetDansDessin.h"
 
 #include "erreurProgramme.h"
 #include "lignesConsole.h"
@@ -22,9 +24,17 @@ void exigerExtensionDxf(const std::string& chemin)
         throw erreurProgramme("« " + chemin + " » : un dessin s'enregistre en DXF, donnez un nom en « .dxf ».");
 }
 
-std::string nomAncienDessin(const std::string& chemin)
+void direAncienDessin(const std::string& ancien)
 {
-    return std::filesystem::path(chemin).replace_extension(".bak").string();
+    if (!ancien.empty())
+        std::cout << "Le dessin d'avant est gardé : " << ancien << '\n';
+}
+
+projetsTopo& projetDuDessin()
+{
+    if (!tablesPoints)
+        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+    return *tablesPoints;
 }
 
 std::string nomVersion(int version)

@@ -12,6 +12,7 @@
 #include "rx/ModuleTable.h"
 
 #include "erreurProgramme.h"
+#include "fichiersDemandes.h"
 
 namespace fs = std::filesystem;
 
@@ -30,17 +31,17 @@ fs::path fichierModule(const char* nom)
     return fs::exists(aCote) ? aCote : (dossier / "../lib/vela" / nom).lexically_normal();
 }
 
+void exigerReussite(const std::optional<std::wstring>& refus)
+{
+    if (refus)
+        throw erreurProgramme(platform::utf8FromWide(*refus));
+}
+
 /// The module's messages go to a folder that an installation makes on the original platform. Without it they are lost.
 void preparerJournal()
 {
     std::error_code sansJournal; // the session goes on
     fs::create_directories(platform::nativePath(L"C:\\QUARVEL4\\SUPPORT"), sansJournal);
-}
-
-void exigerReussite(const std::optional<std::wstring>& refus)
-{
-    if (refus)
-        throw erreurProgramme(platform::utf8FromWide(*refus));
 }
 
 void charger(const fs::path& module)
@@ -97,16 +98,11 @@ Document& sessionHote::creer()
     return document;
 }
 
-void sessionHote::enregistrer(Document& document, const std::string& chemin)
+std::string sessionHote::enregistrer(Document& document, const std::string& chemin)
 {
+    const bool remplace = fs::exists(cheminNatif(chemin));
     const auto refus = DocumentList::instance().saveAs(document, platform::wideFromUtf8(chemin));
     lignes.terminer();
     exigerReussite(refus);
-}
-
-void sessionHote::enregistrer(Document& document)
-{
-    const auto refus = DocumentList::instance().save(document);
-    lignes.terminer();
-    exigerReussite(refus);
+    return remplace ? fs::path(chemin).replace_extension(".bak").string() : "";
 }

@@ -25,10 +25,9 @@ public:
     /// A new, empty drawing, which becomes the current one.
     Document& creer();
     /// Saves in the form the drawing has; an older file of that name stays as ".bak".
+    /// @return name of that older file, empty without one
     /// @throws erreurProgramme: the old file then still stands.
-    void enregistrer(Document& document, const std::string& chemin);
-    /// To its own file; a drawing that has none is refused.
-    void enregistrer(Document& document);
+    std::string enregistrer(Document& document, const std::string& chemin);
 
     lignesConsole& console() { return lignes; }
 

@@ -1,7 +1,6 @@
 #include "traitementImplantation.h"
 
 #include <cmath>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <numbers>
@@ -9,26 +8,20 @@
 #include "ap/DocumentList.h"
 #include "implantation/fichiersAppareil.h"
 #include "platform/CodePage.h"
-#include "platform/Paths.h"
 #include "services/reelDeTexte.h"
 
 #include "erreurProgramme.h"
 #include "fichierDessin.h"
+#include "fichiersDemandes.h"
 #include "nombres.h"
 #include "sessionHote.h"
 #include "tableTexte.h"
 
-namespace fs = std::filesystem;
 using cote = tableTexte::cote;
 using platform::utf8FromWide;
 using platform::wideFromUtf8;
 
 namespace {
-
-fs::path cheminNatif(const std::string& chemin)
-{
-    return platform::nativePath(wideFromUtf8(chemin));
-}
 
 /// "nord", "gisement=G" (grades) or the name of a point.
 void lireReference(const std::string& texte, demandeImplantation& demande)
@@ -83,18 +76,16 @@ void verifierNoms(const demandeProgrammeImplantation& d)
 {
     if (d.dessiner)
         exigerExtensionDxf(dessinAEcrire(d));
-    std::error_code absent;
-    if (!d.rapport.empty() && (fs::equivalent(cheminNatif(d.rapport), cheminNatif(d.dessin), absent) ||
-                               (d.dessiner && d.rapport == dessinAEcrire(d))))
-        throw erreurProgramme("le rapport et le dessin ont le même nom, « " + d.rapport + " ».");
+    refuserMemeFichier(d.rapport, d.dessin);
+    if (d.dessiner)
+        refuserRapportSurDessin(d.rapport, dessinAEcrire(d));
 }
 
 void ecrireRapport(const std::string& fichier, const std::string& octets)
 {
     std::ofstream flux(cheminNatif(fichier), std::ios::binary);
     flux.write(octets.data(), static_cast<std::streamsize>(octets.size()));
-    if (!flux.flush())
-        throw erreurProgramme(fichier + " : le rapport n'a pas pu être écrit.");
+    exigerRapportEcrit(static_cast<bool>(flux.flush()), fichier);
 }
 
 std::string visibilite(const pointImplante& p, double seuil)
@@ -141,10 +132,7 @@ traitementImplantation traiterImplantation(const demandeProgrammeImplantation& d
     }
     if (demande.dessiner) {
         t.dessin = dessinAEcrire(demande);
-        const bool remplace = fs::exists(cheminNatif(t.dessin));
-        session.enregistrer(document, t.dessin);
-        if (remplace)
-            t.ancienDessin = nomAncienDessin(t.dessin);
+        t.ancienDessin = session.enregistrer(document, t.dessin);
     }
     return t;
 }
@@ -163,8 +151,7 @@ void montrerImplantation(const demandeProgrammeImplantation& demande, const trai
         std::cout << "\nRapport : " << t.rapport << '\n';
     if (!t.dessin.empty())
         std::cout << "\nDessin : " << t.dessin << '\n';
-    if (!t.ancienDessin.empty())
-        std::cout << "Le dessin d'avant est gardé : " << t.ancienDessin << '\n';
+    direAncienDessin(t.ancienDessin);
 }
 
 void montrerImplantationJson(const traitementImplantation& t)

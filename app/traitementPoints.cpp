@@ -11,12 +11,12 @@
 #include "exchange/lecteurPoints.h"
 #include "exchange/placerPoints.h"
 #include "platform/CodePage.h"
-#include "platform/Paths.h"
-#include "points/projetDansDessin.h"
+#include "points/projetsTopo.h"
 #include "services/codages.h"
 
 #include "erreurProgramme.h"
 #include "fichierDessin.h"
+#include "fichiersDemandes.h"
 #include "sessionHote.h"
 
 namespace fs = std::filesystem;
@@ -24,11 +24,6 @@ using platform::utf8FromWide;
 using platform::wideFromUtf8;
 
 namespace {
-
-fs::path cheminNatif(const std::string& chemin)
-{
-    return platform::nativePath(wideFromUtf8(chemin));
-}
 
 std::string nomDe(const listePointsDuDessin& table)
 {
@@ -38,13 +33,12 @@ std::string nomDe(const listePointsDuDessin& table)
 /// The table of that name, the current one for an empty name; null without one.
 listePointsDuDessin* tableNommee(const std::string& nom)
 {
-    if (!tablesPoints)
-        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+    projetsTopo& projet = projetDuDessin();
     if (nom.empty())
-        return tablesPoints->currTable();
-    for (int i = 0; i < tablesPoints->nbTables(); ++i)
-        if (nomDe(*tablesPoints->getTable(i)) == nom)
-            return tablesPoints->getTable(i);
+        return projet.currTable();
+    for (int i = 0; i < projet.nbTables(); ++i)
+        if (nomDe(*projet.getTable(i)) == nom)
+            return projet.getTable(i);
     return nullptr;
 }
 
@@ -59,8 +53,9 @@ listePointsDuDessin& tableOuNouvelle(const std::string& nom)
 {
     if (listePointsDuDessin* const table = tableNommee(nom))
         return *table;
-    tablesPoints->creerTablePoints(wideFromUtf8(nom).c_str());
-    return *tablesPoints->getTable(tablesPoints->nbTables() - 1);
+    projetsTopo& projet = projetDuDessin();
+    projet.creerTablePoints(wideFromUtf8(nom).c_str());
+    return *projet.getTable(projet.nbTables() - 1);
 }
 
 pointsLus lireFichier(const importPoints& demande, suitesImportPoints& suites)
@@ -79,10 +74,7 @@ pointsLus lireFichier(const importPoints& demande, suitesImportPoints& suites)
 void verifierNoms(const importPoints& demande)
 {
     exigerExtensionDxf(demande.enregistrer.empty() ? demande.dessin : demande.enregistrer);
-    std::error_code absent;
-    if (!demande.enregistrer.empty() &&
-        fs::equivalent(cheminNatif(demande.enregistrer), cheminNatif(demande.fichier), absent))
-        throw erreurProgramme("« " + demande.enregistrer + " » est le fichier de points : choisissez un autre nom.");
+    refuserMemeFichier(demande.enregistrer, demande.fichier);
 }
 
 void placer(listePointsDuDessin& table, int premiere, observationsEnAttente& observations, suitesImportPoints& suites)
@@ -165,15 +157,13 @@ suitesImportPoints importer(const importPoints& demande)
         suites.avertissements.push_back(std::to_string(observations.size()) +
                                         " observation(s) non gardée(s) : seul un symbole en porte (--placer).");
     suites.dessin = demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
-    const bool remplace = fs::exists(cheminNatif(suites.dessin));
-    session.enregistrer(document, suites.dessin);
-    if (remplace)
-        suites.ancienDessin = nomAncienDessin(suites.dessin);
+    suites.ancienDessin = session.enregistrer(document, suites.dessin);
     return suites;
 }
 
 int exporter(const exportPointsDemande& demande)
 {
+    refuserMemeFichier(demande.fichier, demande.dessin);
     const fs::path fichier = cheminNatif(demande.fichier);
     if (estCarte(fichier) && demande.projection.empty())
         throw erreurProgramme("une carte demande la projection du dessin (--projection EPSG:2154, par exemple).");

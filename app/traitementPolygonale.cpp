@@ -1,7 +1,6 @@
 #include "traitementPolygonale.h"
 
 #include <cmath>
-#include <filesystem>
 #include <iostream>
 
 #include "calculs/avertissementsPolygonale.h"
@@ -12,22 +11,15 @@
 #include "calculs/rapportPolygonaleFermee.h"
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "platform/CodePage.h"
-#include "platform/Paths.h"
-#include "points/projetDansDessin.h"
+#include "points/projetsTopo.h"
 #include "reports/htmlDocument.h"
 
 #include "erreurProgramme.h"
 #include "fichierDessin.h"
+#include "fichiersDemandes.h"
 #include "sessionHote.h"
 
-namespace fs = std::filesystem;
-
 namespace {
-
-fs::path cheminNatif(const std::string& chemin)
-{
-    return platform::nativePath(platform::wideFromUtf8(chemin));
-}
 
 void avertir(suitesPolygonale& suites, const std::vector<std::wstring>& phrases)
 {
@@ -52,14 +44,6 @@ Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
     return donnees;
 }
 
-/// A result never takes the place of the data it comes from.
-void refuserMemeFichier(const std::string& resultat, const std::string& source)
-{
-    std::error_code absent;
-    if (!resultat.empty() && !source.empty() && fs::equivalent(cheminNatif(resultat), cheminNatif(source), absent))
-        throw erreurProgramme("« " + resultat + " » est un fichier de données : choisissez un autre nom.");
-}
-
 const std::string& dessinAEcrire(const demandePolygonale& demande)
 {
     return demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
@@ -76,9 +60,7 @@ void verifierNoms(const demandePolygonale& demande)
         throw erreurProgramme("pour placer les stations, nommez un dessin (--dessin) ou, pour un dessin neuf, le "
                               "fichier à écrire (--enregistrer).");
     exigerExtensionDxf(dessinAEcrire(demande));
-    if (!demande.rapport.empty() && fs::absolute(cheminNatif(demande.rapport)).lexically_normal() ==
-                                        fs::absolute(cheminNatif(dessinAEcrire(demande))).lexically_normal())
-        throw erreurProgramme("le rapport et le dessin ont le même nom, « " + demande.rapport + " ».");
+    refuserRapportSurDessin(demande.rapport, dessinAEcrire(demande));
 }
 
 template <class Resultat>
@@ -88,8 +70,7 @@ void ecrireRapport(const demandePolygonale& demande, const Resultat& resultat, s
     rapportPolygonale::ajouterEnTetes(document);
     rapporterPolygonale(resultat, document);
     document.setFileName(cheminNatif(demande.rapport));
-    if (!document.write())
-        throw erreurProgramme(demande.rapport + " : le rapport n'a pas pu être écrit.");
+    exigerRapportEcrit(document.write(), demande.rapport);
     suites.rapport = demande.rapport;
 }
 
@@ -120,19 +101,15 @@ void placer(const demandePolygonale& demande, const std::vector<stationCorrigee>
     sessionHote session(std::cerr);
     Document& document = demande.dessin.empty() ? session.creer() : session.ouvrir(demande.dessin);
     avertirDesProblemes(*document.database());
-    if (!tablesPoints)
-        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+    projetsTopo& projet = projetDuDessin();
     suites.pointsPlaces = placerPolygonale(stations, {suites.code, demande.altitudes}, traces);
     if (suites.pointsPlaces == 0)
         throw erreurProgramme("aucune station n'a pu être placée : les coordonnées ne sont pas finies.");
-    suites.table = platform::utf8FromWide(tablesPoints->currTable()->getNomTable().GetString());
+    suites.table = platform::utf8FromWide(projet.currTable()->getNomTable().GetString());
     avertirPlacement(stations, suites);
 
     suites.dessin = dessinAEcrire(demande);
-    const bool remplace = fs::exists(cheminNatif(suites.dessin));
-    session.enregistrer(document, suites.dessin);
-    if (remplace)
-        suites.ancienDessin = nomAncienDessin(suites.dessin);
+    suites.ancienDessin = session.enregistrer(document, suites.dessin);
 }
 
 void choisirCode(const demandePolygonale& demande, suitesPolygonale& suites)
@@ -146,10 +123,11 @@ void choisirCode(const demandePolygonale& demande, suitesPolygonale& suites)
 template <class Resultat>
 void refuserHorsTolerance(const demandePolygonale& demande, const Resultat& resultat)
 {
-    const std::wstring pratique = remarqueFermeture(resultat);
-    const std::wstring tolerance =
-        demande.precisionAngle > 0.0 ? remarqueTolerance(resultat, demande.precisionAngle) : L"";
-    const std::wstring& remarque = pratique.empty() ? tolerance : pratique;
+    std::wstring remarque = remarqueFermeture(resultat);
+    if (remarque.empty() && !fermetureAdmise(resultat))
+        remarque = L"La fermeture ne peut pas être calculée : vérifiez les distances et les angles.";
+    if (remarque.empty() && demande.precisionAngle > 0.0)
+        remarque = remarqueTolerance(resultat, demande.precisionAngle);
     if (demande.strict && !remarque.empty())
         throw erreurProgramme(demande.observations + " : " + platform::utf8FromWide(remarque) +
                               (demande.placer ? " Rien n'est placé." : ""));

@@ -1,7 +1,6 @@
 #include "traitementReseau.h"
 
 #include <cmath>
-#include <filesystem>
 #include <iostream>
 
 #include "calculs/placerPolygonale.h"
@@ -10,22 +9,16 @@
 #include "calculs/reseau/rapportReseau.h"
 #include "codification/regleCode.h"
 #include "platform/CodePage.h"
-#include "platform/Paths.h"
-#include "points/projetDansDessin.h"
+#include "points/projetsTopo.h"
 
 #include "erreurProgramme.h"
 #include "fichierDessin.h"
+#include "fichiersDemandes.h"
 #include "sessionHote.h"
 
-namespace fs = std::filesystem;
 using platform::utf8FromWide;
 
 namespace {
-
-fs::path cheminNatif(const std::string& chemin)
-{
-    return platform::nativePath(platform::wideFromUtf8(chemin));
-}
 
 std::string phraseLecture(const std::string& fichier, const remarqueLecture& remarque)
 {
@@ -55,14 +48,6 @@ optionsCompensation optionsDe(const demandeReseau& demande)
     else if (!demande.robuste.empty())
         throw erreurProgramme("--robuste : « " + demande.robuste + " » n'est ni « huber » ni « tukey ».");
     return options;
-}
-
-/// A result never takes the place of the data it comes from.
-void refuserMemeFichier(const std::string& resultat, const std::string& source)
-{
-    std::error_code absent;
-    if (!resultat.empty() && !source.empty() && fs::equivalent(cheminNatif(resultat), cheminNatif(source), absent))
-        throw erreurProgramme("« " + resultat + " » est un fichier de données : choisissez un autre nom.");
 }
 
 bool dessine(const demandeReseau& demande)
@@ -100,6 +85,7 @@ void verifierNoms(const demandeReseau& demande)
             "pour placer ou dessiner, nommez un dessin (--dessin) ou, pour un dessin neuf, le fichier "
             "à écrire (--enregistrer).");
     exigerExtensionDxf(dessinAEcrire(demande));
+    refuserRapportSurDessin(demande.rapport, dessinAEcrire(demande));
 }
 
 void ecrireRapport(const demandeReseau& demande, traitementReseau& t)
@@ -107,8 +93,7 @@ void ecrireRapport(const demandeReseau& demande, traitementReseau& t)
     htmlDocument document;
     rapporterReseau(t.r, t.resultat, document);
     document.setFileName(cheminNatif(demande.rapport));
-    if (!document.write())
-        throw erreurProgramme(demande.rapport + " : le rapport n'a pas pu être écrit.");
+    exigerRapportEcrit(document.write(), demande.rapport);
     t.rapport = demande.rapport;
 }
 
@@ -117,20 +102,15 @@ void dessiner(const demandeReseau& demande, traitementReseau& t)
     sessionHote session(std::cerr);
     Document& document = demande.dessin.empty() ? session.creer() : session.ouvrir(demande.dessin);
     avertirDesProblemes(*document.database());
-    if (demande.placer && !tablesPoints)
-        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+    if (demande.placer)
+        t.table = utf8FromWide(projetDuDessin().currTable()->getNomTable().GetString());
     placementReseau placement;
     placement.code = codeDesStations(demande.code.value_or(0));
     placement.points = demande.placer;
     placement.ellipses = demande.ellipses;
     t.pointsPlaces = placerReseau(t.r, t.resultat, figureDe(t.r, t.resultat, demande.echelle.value_or(0.0)), placement);
-    if (demande.placer)
-        t.table = utf8FromWide(tablesPoints->currTable()->getNomTable().GetString());
     t.dessin = dessinAEcrire(demande);
-    const bool remplace = fs::exists(cheminNatif(t.dessin));
-    session.enregistrer(document, t.dessin);
-    if (remplace)
-        t.ancienDessin = nomAncienDessin(t.dessin);
+    t.ancienDessin = session.enregistrer(document, t.dessin);
 }
 
 } // namespace

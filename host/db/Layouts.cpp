@@ -15,9 +15,11 @@ bool startsNoCase(std::wstring_view text, std::wstring_view start)
     return text.size() >= start.size() && platform::equalNoCase(text.substr(0, start.size()), start);
 }
 
-/// The block that a LAYOUT names: the last 330 of its own part.
+/// The block that a LAYOUT names: the last 330 of its own part. Null for a layout that the file lost.
 AcDbStub* blockOf(AcDbDatabaseImpl& database, AcDbObjectId layout)
 {
+    if (layout.isNull())
+        return nullptr;
     DxfCursor cursor(database.form(), database.bytes(*recordOf(layout)));
     constexpr int reference = 330;
     AcDbStub* block = nullptr;

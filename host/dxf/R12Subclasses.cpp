@@ -110,6 +110,14 @@ const std::vector<R12Subclass>& r12Subclasses(std::string_view entity, std::int6
     return found == plain.end() ? none : found->second;
 }
 
+std::int64_t polylineFlagsOf(std::int64_t vertexFlags)
+{
+    constexpr std::int64_t vertexOf3d = 32, vertexOfMesh = 64;
+    if (vertexFlags & flagFaceRecord)
+        return flagPolyface;
+    return vertexFlags & vertexOfMesh ? flagMesh : vertexFlags & vertexOf3d ? flag3d : 0;
+}
+
 bool isCommonEntityCode(int code)
 {
     constexpr int codes[] = {6, 8, 48, 60, 62, 67};

@@ -18,6 +18,9 @@ struct R12Subclass {
 /// `flags` is its group 70; `polylineFlags` that of the POLYLINE a VERTEX belongs to.
 const std::vector<R12Subclass>& r12Subclasses(std::string_view entity, std::int64_t flags, std::int64_t polylineFlags);
 
+/// What the POLYLINE of a VERTEX says in its group 70, as far as the vertex's own tells.
+std::int64_t polylineFlagsOf(std::int64_t vertexFlags);
+
 /// Whether a tag of an entity goes below AcDbEntity: layer, linetype, colour, space, visibility, linetype scale.
 bool isCommonEntityCode(int code);
 

@@ -50,9 +50,9 @@ int genresCoches(const Ui::DlgImportation& ui)
     return genres;
 }
 
-CString lire(const etiquette& e)
+std::wstring lire(const etiquette& e)
 {
-    return lireReglage(e.reglage, e.defaut).c_str();
+    return lireReglage(e.reglage, e.defaut);
 }
 
 double nombreDe(const QLineEdit& champ)
@@ -98,7 +98,7 @@ void DlgImportation::configurer()
     for (const auto& champ : champs) {
         for (const std::wstring& presente : presentes)
             champ.first->addItem(QString::fromStdWString(presente));
-        champ.first->setEditText(texteQt(lire(champ.second).GetString()));
+        champ.first->setEditText(texteQt(lire(champ.second)));
     }
     connect(ui.boutonOk, &QPushButton::clicked, &dialogue, &QDialog::accept);
     connect(ui.boutonCancel, &QPushButton::clicked, &dialogue, &QDialog::reject);

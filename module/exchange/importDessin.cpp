@@ -11,6 +11,7 @@
 #include "points/attribsPoints.h"
 #include "points/listePointsDuDessin.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/lettres.h"
 #include "services/lireNombre.h"
 #include "services/nombresTexte.h"
 
@@ -78,22 +79,22 @@ public:
         });
     }
 
-    const CString* texte(const CString& tag) const
+    const std::wstring* texte(std::wstring_view tag) const
     {
         for (const auto& [nom, valeur] : m_lus)
-            if (nom.CompareNoCase(tag.GetString()) == 0)
+            if (memesLettres(nom, tag))
                 return &valeur;
         return nullptr;
     }
 
 private:
-    std::vector<std::pair<CString, CString>> m_lus;
+    std::vector<std::pair<std::wstring, std::wstring>> m_lus;
 };
 
-double altitudeDe(const CString& texte)
+double altitudeDe(const std::wstring& texte)
 {
     double z = inconnu;
-    return lireNombre(texte.GetString(), z) ? z : inconnu;
+    return lireNombre(texte.c_str(), z) ? z : inconnu;
 }
 
 /// What is visible of a multi-line text, without the line breaks at its end.
@@ -110,16 +111,7 @@ std::wstring texteVisible(const AcDbMText& texte)
 /// One run over the entities of a selection.
 class releve {
 public:
-    releve(listePointsDuDessin& table, int genres, const CString& numero, const CString& altitude, const CString& code,
-           const AcGeVector2d& decalage) :
-        m_table(table),
-        m_genres(genres),
-        m_numero(numero),
-        m_altitude(altitude),
-        m_code(code),
-        m_decalage(decalage)
-    {
-    }
+    releve(listePointsDuDessin& table, const demandeImportation& demande) : m_table(table), m_demande(demande) {}
 
     void prendre(const AcDbObjectId& id)
     {
@@ -153,7 +145,7 @@ public:
     }
 
 private:
-    bool voulu(int genre) const { return (m_genres & genre) != 0; }
+    bool voulu(int genre) const { return (m_demande.genres & genre) != 0; }
 
     /// The code of a kind is entered when its first point is made.
     int codeDuGenre(rangCode rang)
@@ -230,12 +222,12 @@ private:
     /// A symbol that tells no code has that of the symbol before it.
     bool prendreSymbole(const AcDbObjectId& id, const AcGePoint3d& place, const attributsLus& attributs)
     {
-        const CString* const nom = attributs.texte(attribsDuModule.numero);
-        const CString* const altitude = attributs.texte(attribsDuModule.altitude);
+        const std::wstring* const nom = attributs.texte(attribsDuModule.numero.GetString());
+        const std::wstring* const altitude = attributs.texte(attribsDuModule.altitude.GetString());
         if (!nom || !altitude)
             return false;
-        if (const CString* const code = attributs.texte(attribsDuModule.code))
-            m_codeSymbole = entierDeTexte(code->GetString());
+        if (const std::wstring* const code = attributs.texte(attribsDuModule.code.GetString()))
+            m_codeSymbole = entierDeTexte(*code);
         const auto rang = static_cast<std::size_t>(rangSymbole);
         if (!codeValable(m_codeSymbole))
             m_codeSymbole = codesImportation[rang];
@@ -243,7 +235,7 @@ private:
             inscrireCode(m_codeSymbole, libelles[rang]);
         m_inscrits[rang] = true;
         pointDuDessin point;
-        point.setParams(nom->GetString(), {place.x, place.y, altitudeDe(*altitude)}, m_codeSymbole);
+        point.setParams(nom->c_str(), {place.x, place.y, altitudeDe(*altitude)}, m_codeSymbole);
         point.setId(id);
         m_table.Ajouter(point);
         return true;
@@ -251,17 +243,17 @@ private:
 
     bool prendreAttributs(const AcGePoint3d& place, const attributsLus& attributs)
     {
-        const CString* const nom = attributs.texte(m_numero);
-        const CString* const altitude = attributs.texte(m_altitude);
+        const std::wstring* const nom = attributs.texte(m_demande.tagNumero);
+        const std::wstring* const altitude = attributs.texte(m_demande.tagAltitude);
         if (!nom || !altitude)
             return false;
-        const CString* const texteCode = attributs.texte(m_code);
-        int code = texteCode ? entierDeTexte(texteCode->GetString()) : 0;
+        const std::wstring* const texteCode = attributs.texte(m_demande.tagCode);
+        int code = texteCode ? entierDeTexte(*texteCode) : 0;
         if (code != 0)
             inscrireCode(code, L"Import Code");
         else
             code = codeDuGenre(rangBlocAttributs);
-        m_table.CreerPoint({place.x, place.y, altitudeDe(*altitude)}, code, nom->GetString());
+        m_table.CreerPoint({place.x, place.y, altitudeDe(*altitude)}, code, nom->c_str());
         return true;
     }
 
@@ -270,7 +262,7 @@ private:
         double z = 0.0;
         const AcGePoint3d place = texte.position();
         if (lireNombre(texte.textStringConst(), z))
-            poser({place.x + m_decalage.x, place.y + m_decalage.y, z}, rangTexte);
+            poser({place.x + m_demande.decalage.x, place.y + m_demande.decalage.y, z}, rangTexte);
     }
 
     // Intended: the offset is that of single-line texts alone.
@@ -283,9 +275,7 @@ private:
     }
 
     listePointsDuDessin& m_table;
-    int m_genres;
-    CString m_numero, m_altitude, m_code;
-    AcGeVector2d m_decalage;
+    const demandeImportation& m_demande;
     std::array<bool, 12> m_inscrits{};
     int m_codeSymbole = codesImportation[rangSymbole];
 };
@@ -295,19 +285,19 @@ private:
 void listePointsDuDessin::importFromDrawing(int genres, const wchar_t* tagNumero, const wchar_t* tagAltitude,
                                             const wchar_t* tagCode, const AcGeVector2d& decalage)
 {
-    const std::vector<AcDbObjectId> choisies = selectionnerGenres(genres);
-    if (choisies.empty())
-        return;
-    const CAcadUndoGroup groupe;
-    releve run(*this, genres, tagNumero, tagAltitude, tagCode, decalage);
-    for (const AcDbObjectId& id : choisies)
-        run.prendre(id);
-    delDups();
-    renumeroter(false);
+    const auto texte = [](const wchar_t* tag) { return std::wstring(tag ? tag : L""); };
+    releverEntites(*this, {genres, texte(tagNumero), texte(tagAltitude), texte(tagCode), decalage});
 }
 
 void releverEntites(listePointsDuDessin& table, const demandeImportation& demande)
 {
-    table.importFromDrawing(demande.genres, demande.tagNumero.GetString(), demande.tagAltitude.GetString(),
-                            demande.tagCode.GetString(), demande.decalage);
+    const std::vector<AcDbObjectId> choisies = selectionnerGenres(demande.genres);
+    if (choisies.empty())
+        return;
+    const CAcadUndoGroup groupe;
+    releve run(table, demande);
+    for (const AcDbObjectId& id : choisies)
+        run.prendre(id);
+    table.delDups();
+    table.renumeroter(false);
 }

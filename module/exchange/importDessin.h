@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
+#include <string>
 
-#include "afx.h"
 #include "gevec2d.h"
 
 class listePointsDuDessin;
@@ -31,8 +31,8 @@ extern std::array<int, 12> codesImportation;
 
 struct demandeImportation {
     int genres = 0;
-    CString tagNumero, tagAltitude, tagCode; ///< of genreBlocAttributs
-    AcGeVector2d decalage;                   ///< of single-line texts
+    std::wstring tagNumero, tagAltitude, tagCode; ///< of genreBlocAttributs
+    AcGeVector2d decalage;                        ///< of single-line texts
 };
 
 /// Runs the import on the table, as one undo group.

@@ -103,15 +103,15 @@ void marquer(const AcDbObjectId& id, const marqueImplantation& marque)
     entite->setXData(donnees.tete());
 }
 
-CString nomLibre(const AcDbBlockTable& table, const std::wstring& voulu)
+std::wstring nomLibre(const AcDbBlockTable& table, const std::wstring& voulu)
 {
     std::wstring propre = voulu;
     for (wchar_t& c : propre)
         if (c < L' ' || std::wstring_view(L"<>/\\\":;?*|,=`").find(c) != std::wstring_view::npos)
             c = L'_';
-    CString nom(propre.c_str());
-    for (int i = 2; table.has(nom); ++i)
-        nom.Format(L"%s-%d", propre.c_str(), i);
+    std::wstring nom = propre;
+    for (int i = 2; table.has(nom.c_str()); ++i)
+        nom = propre + L'-' + std::to_wstring(i);
     return nom;
 }
 
@@ -121,7 +121,7 @@ AcDbObjectId definirBloc(AcDbDatabase& db, const std::wstring& nom, entites list
     if (db.getBlockTable(table, AcDb::kForWrite) != Acad::eOk)
         return {};
     auto bloc = std::make_unique<AcDbBlockTableRecord>();
-    bloc->setName(nomLibre(*table, nom));
+    bloc->setName(nomLibre(*table, nom).c_str());
     AcDbObjectId id;
     if (table->add(id, bloc.get()) == Acad::eOk) {
         for (auto& entite : liste) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "acutads.h"
 #include "io.h"
 #include "shellapi.h"
 #include "shlobj.h"
@@ -56,12 +57,18 @@ std::optional<std::wstring> lireTexte(HKEY racine, const wchar_t* nom, REGSAM ac
     return std::wstring(texte.data()); // up to its first zero
 }
 
+/// A personal folder that someone cleared away, or on a disk that is not there, leaves its place to the installed one.
 std::wstring dossierDuRegistre()
 {
-    auto dossier = lireTexte(HKEY_CURRENT_USER, valeurDossier, KEY_READ);
-    if (!dossier)
-        dossier = lireTexte(HKEY_LOCAL_MACHINE, valeurDossier, KEY_READ);
-    return dossier.value_or(L"").substr(0, longueurDossier);
+    const auto personnel = lireTexte(HKEY_CURRENT_USER, valeurDossier, KEY_READ);
+    if (personnel && _waccess(personnel->c_str(), 0) == 0)
+        return personnel->substr(0, longueurDossier);
+    const auto installe = lireTexte(HKEY_LOCAL_MACHINE, valeurDossier, KEY_READ);
+    if (personnel && installe)
+        acutPrintf(L"\nVotre dossier de codes et de blocs, [%ls], n'est plus là : celui de l'installation, [%ls], est "
+                   L"pris.",
+                   personnel->c_str(), installe->c_str());
+    return (installe ? installe : personnel).value_or(L"").substr(0, longueurDossier);
 }
 
 /// Looked up once, whatever the outcome.

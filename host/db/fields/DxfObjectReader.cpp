@@ -4,6 +4,8 @@
 #include "db/fields/EntityFields.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
+#include "dxf/DxfValue.h"
+#include "dxf/R12Subclasses.h"
 
 DxfObjectReader::DxfObjectReader(AcDbDatabaseImpl& database) :
     m_database(database),
@@ -20,6 +22,10 @@ const DxfClass& DxfObjectReader::classOf(const DxfRecord& record, bool& sharedNa
         return *candidates.front();
     for (const DxfClass* candidate : candidates)
         if (!candidate->distinctive || hasMarker(record, candidate->distinctive))
+            return *candidate;
+    const std::string_view implied = candidates.empty() ? std::string_view() : impliedMarker(record);
+    for (const DxfClass* candidate : candidates)
+        if (candidate->distinctive == implied)
             return *candidate;
     return isInEntitySections(record) ? classes.proxyEntity() : classes.proxyObject();
 }
@@ -39,6 +45,24 @@ bool DxfObjectReader::hasMarker(const DxfRecord& record, std::string_view marker
         else if (tag.code >= 1000)
             break;
     return false;
+}
+
+/// The marker that a polyline, a vertex or a dimension would bear whose own tags stand before any marker: empty for
+/// others. What every entity has may follow below its marker: we add a colour so.
+std::string_view DxfObjectReader::impliedMarker(const DxfRecord& record) const
+{
+    constexpr int place = 10, flagsCode = 70;
+    DxfCursor cursor(m_database.form(), m_database.bytes(record));
+    DxfTag tag;
+    std::int64_t flags = 0;
+    bool hasOwn = false;
+    while (cursor.next(tag) && tag.code < extendedDataCode && tag.code != 100) {
+        hasOwn = hasOwn || tag.code == place || tag.code == flagsCode;
+        if (tag.code == flagsCode && !dxfInteger(m_database.form(), tag, flags))
+            return {};
+    }
+    const auto& markers = r12Subclasses(m_database.typeName(record), flags, polylineFlagsOf(flags));
+    return !hasOwn || markers.empty() ? std::string_view() : markers.back().marker;
 }
 
 bool DxfSubclassWalk::isCommonHere(int code) const

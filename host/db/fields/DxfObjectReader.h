@@ -12,6 +12,7 @@ public:
     explicit DxfObjectReader(AcDbDatabaseImpl& database);
 
     /// Class of a record, told by its name and, where several classes share the name, by its markers (`sharedName`).
+    /// Without any marker, by its flags, as before R13.
     /// The proxy classes for what the kernel does not know.
     const DxfClass& classOf(const DxfRecord& record, bool& sharedName) const;
 
@@ -24,6 +25,7 @@ public:
 private:
     bool isInEntitySections(const DxfRecord& record) const;
     bool hasMarker(const DxfRecord& record, std::string_view marker) const;
+    std::string_view impliedMarker(const DxfRecord& record) const;
 
     AcDbDatabaseImpl& m_database;
     DxfReadContext m_context;

@@ -53,6 +53,35 @@ TEST_F(ForeignTest, whatEveryEntityHasIsReadWhereverItStands)
     }
 }
 
+TEST_F(ForeignTest, flagsTellTheClassOfWhatBearsNoMarker)
+{
+    struct Row {
+        const char* polyline; ///< its flags
+        const char* vertex;
+        const wchar_t* classes[2];
+    };
+    const Row rows[] = {
+        {"0", "0", {L"AcDb2dPolyline", L"AcDb2dVertex"}},
+        {"9", "32", {L"AcDb3dPolyline", L"AcDb3dPolylineVertex"}},
+        {"16", "64", {L"AcDbPolygonMesh", L"AcDbPolygonMeshVertex"}},
+        {"64", "192", {L"AcDbPolyFaceMesh", L"AcDbPolyFaceMeshVertex"}},
+        {"64", "128", {L"AcDbPolyFaceMesh", L"AcDbFaceRecord"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.classes[1]);
+        SmallDrawing drawing;
+        drawing.entities = std::string("0 POLYLINE\n5 80\n8 0\n66 1\n70 ") + row.polyline +
+                           "\n0 VERTEX\n5 81\n8 0\n10 4\n20 5\n30 6\n70 " + row.vertex + "\n0 SEQEND\n5 82\n8 0\n";
+        const auto database = open(drawing.text());
+        EXPECT_STREQ(Opened<AcDbEntity>(*database, 0x80)->isA()->name(), row.classes[0]);
+        EXPECT_STREQ(Opened<AcDbEntity>(*database, 0x81)->isA()->name(), row.classes[1]);
+        Opened<AcDbEntity>(*database, 0x81, AcDb::kForWrite)->setColorIndex(5);
+        const auto again = open(saved(*database));
+        EXPECT_STREQ(Opened<AcDbVertex>(*again, 0x81)->isA()->name(), row.classes[1]);
+        EXPECT_EQ(Opened<AcDbVertex>(*again, 0x81)->position(), AcGePoint3d(4, 5, 6));
+    }
+}
+
 TEST_F(ForeignTest, anEntityIsItsBlocksWhateverOwnerItNames)
 {
     const std::string line = "100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 5\n21 5\n31 0\n";

@@ -185,6 +185,19 @@ TEST(OwnData, layoutsShowModelSpaceInTheirViewports)
     EXPECT_EQ(sink.lines.size(), 4U + 2U) << "one layer is frozen, one viewport off, one the paper itself";
 }
 
+/// Of a file cut in its objects, the dictionary names layouts that are not there.
+TEST(OwnData, aLayoutThatTheFileLostHasTheUsualName)
+{
+    SmallDrawing drawing;
+    drawing.rootEntries = "3 ACAD_LAYOUT\n350 90\n";
+    drawing.objects = "0 DICTIONARY\n5 90\n330 C\n100 AcDbDictionary\n3 Plan\n350 91\n";
+    AcDbDatabase database(false);
+    database.impl().load(std::make_unique<DxfFile>(drawing.text(), "essai.dxf"));
+    const std::vector<LayoutTab> tabs = paperLayouts(database);
+    ASSERT_EQ(tabs.size(), 1U);
+    EXPECT_EQ(tabs.front().name, L"Layout1");
+}
+
 TEST(OwnData, linesWithoutEndSayNothingOfTheSize)
 {
     const std::string line = "0 LINE\n100 AcDbLine\n10 1\n20 1\n30 0\n11 2\n21 3\n31 0\n";

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+/// The files that a command line names: UTF-8, as typed.
+
+std::filesystem::path cheminNatif(const std::string& chemin);
+
+/// A result never takes the place of the data it comes from. An empty name is no file. @throws erreurProgramme
+void refuserMemeFichier(const std::string& resultat, const std::string& source);
+
+/// A report and the drawing that is to be saved, which may not exist yet. @throws erreurProgramme when they are one
+/// file.
+void refuserRapportSurDessin(const std::string& rapport, const std::string& dessin);
+
+/// @throws erreurProgramme unless writing the report went well.
+void exigerRapportEcrit(bool ecrit, const std::string& rapport);
