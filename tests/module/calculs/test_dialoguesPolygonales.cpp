@@ -113,7 +113,7 @@ TEST_F(DialoguesPolygonales, TabOrderFollowsTheFields)
     };
     const std::string panneau = "editStation editAngle editDistance editAltitude boutonAjouter boutonEnlever liste "
                                 "comboAngles comboNivellement boutonCharger boutonSauvegarder boutonCalculer "
-                                "boutonPlacer boutonFermer boutonComparer";
+                                "boutonPlacer boutonFermer boutonComparer boutonReprendre";
     EXPECT_EQ(ordre(corrPolygoDLG()), "editNumero editX editY editZ editNord " + panneau);
     EXPECT_EQ(ordre(corrPolygoOuverteDLG()),
               "editNumeroDepart editXDepart editYDepart editZDepart editGisementDepart boutonCalDepart "
