@@ -1,6 +1,7 @@
 #include "calculs/reseau/CDlgMoindresCarres.h"
 
 #include <algorithm>
+#include <cmath>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -174,12 +175,15 @@ void CDlgMoindresCarres::ouvrirFormules()
 bool CDlgMoindresCarres::recalculer()
 {
     m_attente.stop();
-    if (const double sigma = reelDeTexte(m_ui->editSigma->text().toStdWString()); sigma > 0.0)
+    std::vector<std::wstring> phrases;
+    if (const double sigma = reelDeTexte(m_ui->editSigma->text().toStdWString()); sigma > 0.0 && std::isfinite(sigma))
         m_r.sigma = sigma;
+    else
+        phrases.push_back(L"Sigma est un nombre plus grand que 0 : " + QString::number(m_r.sigma).toStdWString() +
+                          L" est gardé.");
     optionsCompensation options;
     options.methode = static_cast<estimateur>(m_ui->comboEstimation->currentIndex());
     options.libre = m_ui->caseLibre->isChecked();
-    std::vector<std::wstring> phrases;
     bool fait = true;
     try {
         m_resultat = compenser(m_r, options);

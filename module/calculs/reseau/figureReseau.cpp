@@ -355,6 +355,25 @@ double figureReseau::desaccord(int point, const place& p) const
     return somme;
 }
 
+/// Whether observations tell one place from the other.
+bool figureReseau::departages(int point, const place& a, const place& b) const
+{
+    return std::abs(desaccord(point, a) - desaccord(point, b)) >= 0.2 * std::hypot(a.x - b.x, a.y - b.y);
+}
+
+std::vector<figureReseau::autrePlace> figureReseau::autresPlaces() const
+{
+    constexpr double memeLieu = 0.01; // circles that touch
+    std::vector<autrePlace> restantes;
+    for (const autrePlace& autre : m_autresPlaces) {
+        const place ici{x(autre.point), y(autre.point)};
+        if (std::hypot(autre.x - ici.x, autre.y - ici.y) > memeLieu &&
+            !departages(autre.point, ici, {autre.x, autre.y}))
+            restantes.push_back(autre);
+    }
+    return restantes;
+}
+
 bool figureReseau::tenter(int point, bool ambigu)
 {
     const lieux l = lieuxDe(point);
@@ -366,11 +385,14 @@ bool figureReseau::tenter(int point, bool ambigu)
         return false;
     place choisie = places.front();
     if (places.size() > 1) {
-        const double a = desaccord(point, places[0]), b = desaccord(point, places[1]);
-        const double ecart = std::hypot(places[0].x - places[1].x, places[0].y - places[1].y);
-        if (!ambigu && std::abs(a - b) < 0.2 * ecart)
+        const bool surs = departages(point, places[0], places[1]);
+        if (!ambigu && !surs)
             return false;
-        choisie = a <= b ? places[0] : places[1];
+        if (desaccord(point, places[1]) < desaccord(point, places[0]))
+            std::swap(places[0], places[1]);
+        choisie = places[0];
+        if (!surs)
+            m_autresPlaces.push_back({point, places[1].x, places[1].y});
     }
     poser(point, choisie.x, choisie.y);
     return true;
