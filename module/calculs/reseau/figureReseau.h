@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "calculs/reseau/equationsObservation.h"
+#include "calculs/reseau/relevement.h"
 
 /// What joins points in plan, ready to be walked: for each point the observations that name it.
 struct voisinageReseau {
@@ -68,7 +69,12 @@ private:
     void lieuDeDirection(const observationReseau& o, int point, lieux& l) const;
     void lieuDAngle(const observationReseau& o, int point, lieux& l) const;
     std::vector<place> intersections(const lieux& l) const;
-    bool relever(int point, place& trouve) const;
+    std::vector<place> rayonnees(const lieux& l) const;
+    std::vector<place> croiserDroites(const lieux& l) const;
+    std::vector<place> croiserDroiteEtCercle(const lieux& l) const;
+    std::vector<place> croiserCercles(const lieux& l) const;
+    std::vector<repereVise> reperesDe(int point) const;
+    std::vector<repereVise> enchainer(const std::vector<const observationReseau*>& angles) const;
     double desaccord(int point, const place& p) const;
     bool departages(int point, const place& a, const place& b) const;
     double gisementVers(int de, int vers) const;
