@@ -187,6 +187,7 @@ void CDlgImplantationDirecte::lireHauteur(QLineEdit& champ, double& hauteur, QLi
         return;
     hauteur = hauteurAdmise(lue);
     montree.setText(deuxDecimales(hauteur));
+    direVisee(); // seen or hidden by that height
 }
 
 void CDlgImplantationDirecte::ajouter()

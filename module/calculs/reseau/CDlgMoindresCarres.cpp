@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cwctype>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -194,6 +195,7 @@ bool CDlgMoindresCarres::recalculer()
     } catch (const erreurReseau& faute) {
         m_resultat = {};
         phrases = {faute.phrase()};
+        phrases.front().front() = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(phrases.front().front())));
         fait = false;
     }
     m_points->resultatsChanges();
@@ -236,6 +238,8 @@ void CDlgMoindresCarres::placer()
     placement.points = m_ui->casePoints->isChecked();
     placement.altitudes = m_ui->caseAltitudes->isChecked();
     placement.ellipses = m_ui->caseEllipses->isChecked();
+    if (!placement.points && !placement.ellipses)
+        return dire({L"Rien à placer : cochez les points, ou les ellipses."});
     if (placement.points && !tableCourante())
         return afficherAvertissement(titreCalculs, L"Le dessin n'a pas de table de points : rien n'est placé.");
     const figurePlane figure = figureDe(m_r, m_resultat, reelDeTexte(m_ui->editEchelle->text().toStdWString()));
