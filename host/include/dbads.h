@@ -4,8 +4,8 @@
 #include "adsdef.h"
 #include "dbid.h"
 
-/// Tells the host that what was asked for could not be done, and why: the command that runs counts as failed once it
-/// ends, and a script stops there. Prints the reason where no command runs. @return RTNORM.
+/// Prints an error message. In this host the command that runs also counts as failed: the message is printed once it
+/// ends, as its reason, and a script stops there. @return RTNORM.
 int acdbFail(const ACHAR* reason);
 
 /// Entity names: object ids as the C-style interface carries them.

@@ -18,15 +18,6 @@ std::wstring sansBords(std::wstring_view texte)
     return std::wstring(texte.substr(debut, texte.find_last_not_of(bords) + 1 - debut));
 }
 
-/// "1 234,50" as "1234.50": how spreadsheets show numbers in French.
-std::wstring nombreSaisi(std::wstring cellule)
-{
-    std::erase_if(cellule, [](wchar_t c) { return c == L' ' || c == espaceInsecable || c == espaceFine; });
-    if (std::count(cellule.begin(), cellule.end(), L',') == 1 && cellule.find(L'.') == std::wstring::npos)
-        std::replace(cellule.begin(), cellule.end(), L',', L'.');
-    return cellule;
-}
-
 bool estNombre(const std::wstring& cellule)
 {
     bool entier = false;
@@ -34,7 +25,17 @@ bool estNombre(const std::wstring& cellule)
     return entier;
 }
 
-std::vector<std::wstring> cellulesDe(std::wstring_view ligne)
+} // namespace
+
+std::wstring nombreColle(std::wstring cellule)
+{
+    std::erase_if(cellule, [](wchar_t c) { return c == L' ' || c == espaceInsecable || c == espaceFine; });
+    if (std::count(cellule.begin(), cellule.end(), L',') == 1 && cellule.find(L'.') == std::wstring::npos)
+        std::replace(cellule.begin(), cellule.end(), L',', L'.');
+    return cellule;
+}
+
+std::vector<std::wstring> cellulesCollees(std::wstring_view ligne)
 {
     const wchar_t separateur = ligne.find(L'\t') != std::wstring_view::npos ? L'\t' : L';';
     std::vector<std::wstring> cellules;
@@ -46,8 +47,6 @@ std::vector<std::wstring> cellulesDe(std::wstring_view ligne)
     return cellules;
 }
 
-} // namespace
-
 collage lignesCollees(std::wstring_view texte)
 {
     collage colle;
@@ -55,11 +54,11 @@ collage lignesCollees(std::wstring_view texte)
         const std::size_t fin = std::min(texte.find(L'\n', debut), texte.size());
         const std::wstring_view ligne = texte.substr(debut, fin - debut);
         debut = fin + 1;
-        std::vector<std::wstring> cellules = cellulesDe(ligne);
+        std::vector<std::wstring> cellules = cellulesCollees(ligne);
         cellules.resize(std::max<std::size_t>(cellules.size(), 4));
-        const std::wstring angle = nombreSaisi(cellules[1]), distance = nombreSaisi(cellules[2]);
+        const std::wstring angle = nombreColle(cellules[1]), distance = nombreColle(cellules[2]);
         if (estNombre(angle) && estNombre(distance)) {
-            const std::wstring altitude = nombreSaisi(cellules[3]);
+            const std::wstring altitude = nombreColle(cellules[3]);
             colle.lignes.push_back({cellules[0], angle, distance, altitude.empty() ? L"0" : altitude});
         } else if (std::wstring vue = sansBords(ligne); !vue.empty() && colle.laissees++ == 0) {
             std::ranges::replace(vue, L'\t', L' ');

@@ -7,6 +7,12 @@
 
 #include "calculs/donneesPolygonale.h"
 
+/// Cells of one line that a spreadsheet or a list puts on the clipboard, between tabs or, where there is none,
+/// semicolons; without the blanks around them.
+std::vector<std::wstring> cellulesCollees(std::wstring_view ligne);
+/// "1 234,50" as "1234.50": how spreadsheets show numbers in French.
+std::wstring nombreColle(std::wstring cellule);
+
 /// Rows of a traverse, from the text that a spreadsheet or a list puts on the clipboard: station, angle, distance and,
 /// if there is one, height difference, between tabs or semicolons, one row a line. Columns beyond the fourth do not
 /// count. A comma inside a number becomes a full stop, blanks inside it go; an empty height is 0. Lines without an

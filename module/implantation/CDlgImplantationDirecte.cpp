@@ -18,6 +18,7 @@
 #include "services/codages.h"
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
+#include "services/dialogueTableau.h"
 #include "services/fichierEntier.h"
 #include "services/lireNombre.h"
 #include "services/nombreFixe.h"
@@ -58,7 +59,7 @@ CDlgImplantationDirecte::CDlgImplantationDirecte(travailImplantation& leTravail)
     m_ui->liste->setModel(m_modele);
     m_ui->liste->verticalHeader()->hide();
     m_ui->liste->verticalHeader()->setDefaultSectionSize(m_ui->liste->fontMetrics().height() + 6);
-    m_ui->liste->horizontalHeader()->setStretchLastSection(true);
+    ajusterColonnes(*m_ui->liste);
     m_ui->caseVerifier->setChecked(m_travail.verifier);
     m_ui->editHMin->setText(deuxDecimales(reglagesDuProcessus().hauteur));
     m_ui->editHStat->setText(deuxDecimales(m_travail.hauteurStation));
@@ -186,6 +187,7 @@ void CDlgImplantationDirecte::lireHauteur(QLineEdit& champ, double& hauteur, QLi
         return;
     hauteur = hauteurAdmise(lue);
     montree.setText(deuxDecimales(hauteur));
+    direVisee(); // seen or hidden by that height
 }
 
 void CDlgImplantationDirecte::ajouter()

@@ -1,6 +1,8 @@
 #include "calculs/reseau/CDlgMoindresCarres.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cwctype>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -175,12 +177,15 @@ void CDlgMoindresCarres::ouvrirFormules()
 bool CDlgMoindresCarres::recalculer()
 {
     m_attente.stop();
-    if (const double sigma = reelDeTexte(m_ui->editSigma->text().toStdWString()); sigma > 0.0)
+    std::vector<std::wstring> phrases;
+    if (const double sigma = reelDeTexte(m_ui->editSigma->text().toStdWString()); sigma > 0.0 && std::isfinite(sigma))
         m_r.sigma = sigma;
+    else
+        phrases.push_back(L"Sigma est un nombre plus grand que 0 : " + QString::number(m_r.sigma).toStdWString() +
+                          L" est gardé.");
     optionsCompensation options;
     options.methode = static_cast<estimateur>(m_ui->comboEstimation->currentIndex());
     options.libre = m_ui->caseLibre->isChecked();
-    std::vector<std::wstring> phrases;
     bool fait = true;
     try {
         m_resultat = compenser(m_r, options);
@@ -191,6 +196,7 @@ bool CDlgMoindresCarres::recalculer()
     } catch (const erreurReseau& faute) {
         m_resultat = {};
         phrases = {faute.phrase()};
+        phrases.front().front() = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(phrases.front().front())));
         fait = false;
     }
     m_points->resultatsChanges();
@@ -233,6 +239,8 @@ void CDlgMoindresCarres::placer()
     placement.points = m_ui->casePoints->isChecked();
     placement.altitudes = m_ui->caseAltitudes->isChecked();
     placement.ellipses = m_ui->caseEllipses->isChecked();
+    if (!placement.points && !placement.ellipses)
+        return dire({L"Rien à placer : cochez les points, ou les ellipses."});
     if (placement.points && !tableCourante())
         return afficherAvertissement(titreCalculs, L"Le dessin n'a pas de table de points : rien n'est placé.");
     const figurePlane figure = figureDe(m_r, m_resultat, reelDeTexte(m_ui->editEchelle->text().toStdWString()));

@@ -5,6 +5,8 @@
 #include <complex>
 
 #include "calculs/reseau/figureReseau.h"
+#include "services/codages.h"
+#include "services/nombreFixe.h"
 
 namespace {
 
@@ -83,10 +85,23 @@ public:
             m_a.c.x[static_cast<std::size_t>(p)] = m_grande.x(p);
             m_a.c.y[static_cast<std::size_t>(p)] = m_grande.y(p);
         }
+        for (const figureReseau::autrePlace& autre : m_grande.autresPlaces())
+            direAutrePlace(autre);
     }
 
 private:
     static constexpr int essaisAuPlus = 200;
+
+    void direAutrePlace(const figureReseau::autrePlace& autre)
+    {
+        double a = 0.0, b = 0.0;
+        m_r.axes.versFichier(autre.x, autre.y, a, b);
+        m_a.messages.push_back(L"Le point « " + m_r.points[static_cast<std::size_t>(autre.point)].nom +
+                               L" » a deux places possibles : (" + depuisAnsi(nombreFixe(a, 2)) + L", " +
+                               depuisAnsi(nombreFixe(b, 2)) +
+                               L") convient aussi bien que celle qui est prise. Donnez-lui des coordonnées "
+                               L"approchées, ou une observation de plus.");
+    }
 
     void coordonneesObservees()
     {

@@ -278,9 +278,13 @@ void nommerFlottements(const reseau& r, const systemeReseau& s, const espaceLibr
     for (const std::wstring& p : phrases)
         toutes += L"\n" + p;
     const auto seulement = [&](bool celui, const wchar_t* lequel) {
-        if (celui)
-            throw erreurReseau(std::wstring(L"le réseau flotte ") + lequel + L"." + toutes +
-                               L"\nTenez des points fixes ou d'appui, ou demandez un calcul libre.");
+        if (!celui)
+            return;
+        std::wstring phrase = std::wstring(L"le réseau flotte ") + lequel + L"." + toutes +
+                              L"\nTenez des points fixes ou d'appui, ou demandez un calcul libre.";
+        for (const std::wstring& m : messages) // what was left out may be what lacks
+            phrase += L"\n" + m;
+        throw erreurReseau(phrase);
     };
     seulement(plan, L"en plan");
     seulement(altitude, L"en altitude");

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <vector>
 
+#include "calculs/lignesCollees.h"
 #include "services/codages.h"
 #include "services/lettres.h"
 #include "services/reelDeTexte.h"
@@ -69,9 +70,11 @@ bool genreDe(std::wstring_view texte, genreObservation& genre)
     for (const std::wstring_view devant : {L"distance ", L"angle "}) // as the table shows them
         if (mot.starts_with(devant))
             mot.erase(0, devant.size());
-    const auto trouve = std::ranges::find_if(genres, [&](genreObservation g) {
-        return !mot.empty() && std::wstring_view(motObservation(g)).starts_with(mot);
-    });
+    auto trouve = std::ranges::find(genres, mot, motObservation); // "z" is not the beginning of "zenithal"
+    if (trouve == std::end(genres))
+        trouve = std::ranges::find_if(genres, [&](genreObservation g) {
+            return !mot.empty() && std::wstring_view(motObservation(g)).starts_with(mot);
+        });
     if (trouve == std::end(genres))
         return false;
     genre = *trouve;
@@ -100,7 +103,16 @@ std::wstring mesurer(const reseau& r, observationReseau& o, std::wstring_view te
     double v = 0.0;
     if (!lire(texte, v))
         return pasUnNombre(texte);
-    o.mesure = !estAngulaire(o.genre) ? v : o.genre == zenithal ? v * gradeEnRadians : r.axes.angle(v * gradeEnRadians);
+    if (o.genre == coordonneeX || o.genre == coordonneeY) { // typed in the file's axes, as they are shown
+        const bool premiere = (o.genre == coordonneeX) == r.axes.premiereEstX();
+        double x = 0.0, y = 0.0;
+        r.axes.versTerrain(premiere ? v : 0.0, premiere ? 0.0 : v, x, y);
+        o.mesure = o.genre == coordonneeX ? x : y;
+    } else if (o.genre == zenithal) {
+        o.mesure = v * gradeEnRadians;
+    } else {
+        o.mesure = estAngulaire(o.genre) ? r.axes.angle(v * gradeEnRadians) : v;
+    }
     return {};
 }
 
@@ -147,17 +159,13 @@ bool tenueDe(std::wstring_view texte, tenue& t)
     return false;
 }
 
-std::vector<std::wstring> cellules(std::wstring_view ligne)
+/// Takes back the points that a refused row has made.
+void oublierPoints(reseau& r, std::size_t gardes)
 {
-    std::vector<std::wstring> toutes;
-    const wchar_t separateur = ligne.find(L'\t') != ligne.npos ? L'\t' : L';';
-    for (;;) {
-        const std::size_t fin = ligne.find(separateur);
-        toutes.push_back(nomSaisi(ligne.substr(0, fin)));
-        if (fin == ligne.npos)
-            return toutes;
-        ligne.remove_prefix(fin + 1);
-    }
+    if (r.points.size() == gardes)
+        return;
+    r.points.resize(gardes);
+    r.indexer();
 }
 
 /// Calls `prendre` with the cells of each row; it says why one is refused.
@@ -169,13 +177,12 @@ std::wstring chaqueLigne(std::wstring_view texte, Prendre prendre)
     while (!texte.empty()) {
         ++numero;
         const std::size_t fin = texte.find(L'\n');
-        std::wstring_view ligne = texte.substr(0, fin);
+        const std::wstring_view ligne = texte.substr(0, fin);
         texte.remove_prefix(fin == texte.npos ? texte.size() : fin + 1);
-        if (!ligne.empty() && ligne.back() == L'\r')
-            ligne.remove_suffix(1);
-        if (sansBlancs(ligne, L" \t;").empty())
+        const std::vector<std::wstring> cellules = cellulesCollees(ligne);
+        if (std::ranges::all_of(cellules, &std::wstring::empty))
             continue;
-        const std::wstring faute = prendre(cellules(ligne));
+        const std::wstring faute = prendre(cellules);
         if (faute.empty()) {
             ++prises;
         } else if (++refusees == 1) {
@@ -211,6 +218,7 @@ std::wstring texteObservation(const reseau& r, int observation, colonneObservati
 std::wstring changerObservation(reseau& r, int observation, colonneObservation colonne, std::wstring_view texte)
 {
     observationReseau o = r.observations[static_cast<std::size_t>(observation)];
+    const std::size_t avant = r.points.size();
     std::wstring faute;
     switch (colonne) {
     case colonneObservation::genre: {
@@ -244,7 +252,11 @@ std::wstring changerObservation(reseau& r, int observation, colonneObservation c
         faute = peser(o, texte);
         break;
     }
-    return faute.empty() ? essayer(r, observation, o) : faute;
+    if (faute.empty())
+        faute = essayer(r, observation, o);
+    if (!faute.empty())
+        oublierPoints(r, avant);
+    return faute;
 }
 
 std::wstring textePoint(const reseau& r, int point, colonnePoint colonne)
@@ -312,18 +324,21 @@ std::wstring collerObservations(reseau& r, std::wstring_view texte)
             return L"« " + c[0] + L" » n'est pas un genre d'observation.";
         if (c.size() < 5)
             return L"il faut genre, station, visé, second visé, mesure.";
-        std::wstring faute = mesurer(r, o, c[4]);
+        std::wstring faute = mesurer(r, o, nombreColle(c[4]));
         if (faute.empty() && c.size() > 5)
-            faute = peser(o, c[5]);
+            faute = peser(o, nombreColle(c[5]));
         if (!faute.empty())
             return faute;
+        const std::size_t avant = r.points.size();
         const auto point = [&](const std::wstring& nom) { return nom.empty() ? -1 : r.point(nom); };
         o.de = point(c[1]);
         o.vers = deCoordonnee(o.genre) ? -1 : point(c[2]);
         o.vers2 = o.genre == angle ? point(c[3]) : -1;
         faute = defaut(o);
-        if (!faute.empty())
+        if (!faute.empty()) {
+            oublierPoints(r, avant);
             return faute;
+        }
         o.serie = o.genre == direction ? serieDe(r, o.de) : -1;
         r.observations.push_back(o);
         return {};
@@ -335,15 +350,19 @@ std::wstring collerPoints(reseau& r, std::wstring_view texte)
     return chaqueLigne(texte, [&](const std::vector<std::wstring>& c) -> std::wstring {
         if (c[0].empty())
             return L"il manque un nom.";
-        pointReseau lu;
+        const int deja = r.chercher(c[0]);
+        pointReseau lu = deja < 0 ? pointReseau() : r.points[static_cast<std::size_t>(deja)];
         lu.nom = c[0];
         double valeurs[3] = {inconnu, inconnu, inconnu};
         for (std::size_t i = 0; i < 3 && i + 1 < c.size(); ++i)
-            if (!c[i + 1].empty() && !lire(c[i + 1], valeurs[i]))
+            if (!c[i + 1].empty() && !lire(nombreColle(c[i + 1]), valeurs[i]))
                 return pasUnNombre(c[i + 1]);
         if (estConnue(valeurs[0]) && estConnue(valeurs[1]))
             r.axes.versTerrain(valeurs[0], valeurs[1], lu.x, lu.y);
-        lu.z = valeurs[2];
+        if (estConnue(valeurs[0]) != estConnue(valeurs[1]))
+            return L"il faut X et Y, ou aucun des deux.";
+        if (estConnue(valeurs[2]))
+            lu.z = valeurs[2];
         if (c.size() > 4 && !c[4].empty()) {
             if (!tenueDe(c[4], lu.plan))
                 return L"« " + c[4] + L" » n'est ni « fixe », ni « appui », ni « libre ».";

@@ -19,9 +19,11 @@ std::wstring textePoint(const reseau& r, int point, colonnePoint colonne);
 std::wstring changerPoint(reseau& r, int point, colonnePoint colonne, std::wstring_view texte);
 
 /// Rows of a spreadsheet: kind, station, point sighted, second one (angles; may be empty), measure, deviation (may be
-/// missing), separated by tabs or semicolons. @return how many were added, and which row was not
+/// missing), separated by tabs or semicolons, numbers as French spreadsheets show them too. @return how many were
+/// added, and which row was not
 std::wstring collerObservations(reseau& r, std::wstring_view texte);
-/// Rows: name, X, Y, Z (may be empty), "fixe", "appui" or "libre". A point of that name is changed.
+/// Rows: name, X, Y, Z (may be empty), "fixe", "appui" or "libre". A point of that name
+/// is changed, and keeps what is not given.
 std::wstring collerPoints(reseau& r, std::wstring_view texte);
 
 /// Takes an observation away; covariances with others go with it.

@@ -158,11 +158,21 @@ figureReseau::lieux figureReseau::lieuxDe(int point) const
     return l;
 }
 
-/// The places where two of the lines and circles meet, from the first pair that meets well: one, or two.
+/// The places where two of the lines and circles meet: one, or two.
 std::vector<figureReseau::place> figureReseau::intersections(const lieux& l) const
 {
-    // Along a bearing at a distance from the same point: from several points, in their middle, so that errors do not
-    // grow from one to the next.
+    using maniere = std::vector<place> (figureReseau::*)(const lieux&) const;
+    for (const maniere m : {&figureReseau::rayonnees, &figureReseau::croiserDroites,
+                            &figureReseau::croiserDroiteEtCercle, &figureReseau::croiserCercles})
+        if (std::vector<place> trouvees = (this->*m)(l); !trouvees.empty())
+            return trouvees;
+    return {};
+}
+
+/// Along a bearing at a distance from the same point: from several points, in their middle, so that errors do not grow
+/// from one to the next.
+std::vector<figureReseau::place> figureReseau::rayonnees(const lieux& l) const
+{
     std::vector<double> xs, ys;
     for (const droite& d : l.droites)
         for (const cercle& c : l.cercles)
@@ -170,8 +180,14 @@ std::vector<figureReseau::place> figureReseau::intersections(const lieux& l) con
                 xs.push_back(x(d.de) + c.rayon * std::sin(d.gisement));
                 ys.push_back(y(d.de) + c.rayon * std::cos(d.gisement));
             }
-    if (!xs.empty())
-        return {{mediane(xs), mediane(ys)}};
+    if (xs.empty())
+        return {};
+    return {{mediane(xs), mediane(ys)}};
+}
+
+/// From the pair that crosses best, in front of the instrument.
+std::vector<figureReseau::place> figureReseau::croiserDroites(const lieux& l) const
+{
     double meilleur = croisementMinimal;
     std::vector<place> trouvees;
     for (std::size_t i = 0; i < l.droites.size(); ++i)
@@ -183,12 +199,17 @@ std::vector<figureReseau::place> figureReseau::intersections(const lieux& l) con
             const double dx = x(b.de) - x(a.de), dy = y(b.de) - y(a.de);
             const double t = (dx * std::cos(b.gisement) - dy * std::sin(b.gisement)) / -sinus;
             if (t <= 0.0)
-                continue; // behind the instrument
+                continue;
             meilleur = std::abs(sinus);
             trouvees = {{x(a.de) + t * std::sin(a.gisement), y(a.de) + t * std::cos(a.gisement)}};
         }
-    if (!trouvees.empty())
-        return trouvees;
+    return trouvees;
+}
+
+/// From the first pair that meets in front of the instrument.
+std::vector<figureReseau::place> figureReseau::croiserDroiteEtCercle(const lieux& l) const
+{
+    std::vector<place> trouvees;
     for (const droite& d : l.droites)
         for (const cercle& c : l.cercles) {
             const double sx = std::sin(d.gisement), sy = std::cos(d.gisement);
@@ -201,6 +222,14 @@ std::vector<figureReseau::place> figureReseau::intersections(const lieux& l) con
             if (!trouvees.empty())
                 return trouvees;
         }
+    return {};
+}
+
+/// From the pair of circles that cross best.
+std::vector<figureReseau::place> figureReseau::croiserCercles(const lieux& l) const
+{
+    double meilleur = -1.0;
+    std::vector<place> trouvees;
     for (std::size_t i = 0; i < l.cercles.size(); ++i)
         for (std::size_t j = 0; j < i; ++j) {
             const cercle &a = l.cercles[i], &b = l.cercles[j];
@@ -209,112 +238,62 @@ std::vector<figureReseau::place> figureReseau::intersections(const lieux& l) con
                 continue;
             const double pied = (base * base + a.rayon * a.rayon - b.rayon * b.rayon) / (2.0 * base);
             const double hauteur = std::sqrt(std::max(0.0, a.rayon * a.rayon - pied * pied));
-            const double ux = dx / base, uy = dy / base;
-            const place p1{x(a.de) + pied * ux - hauteur * uy, y(a.de) + pied * uy + hauteur * ux};
-            const place p2{x(a.de) + pied * ux + hauteur * uy, y(a.de) + pied * uy - hauteur * ux};
-            // The pair whose circles cross best.
-            if (trouvees.empty() || hauteur / std::max(a.rayon, b.rayon) > meilleur) {
-                meilleur = hauteur / std::max(a.rayon, b.rayon);
-                trouvees = {p1, p2};
-            }
+            const double ux = dx / base, uy = dy / base, croisement = hauteur / std::max(a.rayon, b.rayon);
+            if (croisement <= meilleur)
+                continue;
+            meilleur = croisement;
+            const place p{x(a.de) + pied * ux, y(a.de) + pied * uy};
+            trouvees = {{p.x - hauteur * uy, p.y + hauteur * ux}, {p.x + hauteur * uy, p.y - hauteur * ux}};
         }
     return trouvees;
 }
 
-/// Resection: three directions of one set of the point to placed points, or two angles that share a side. The place is
-/// found from the two circles through pairs of them.
-bool figureReseau::relever(int point, place& trouve) const
+/// What the point reads towards placed points: the set of directions that has most of them, or else its angles.
+std::vector<repereVise> figureReseau::reperesDe(int point) const
 {
-    struct visee {
-        int vers;
-        double lecture;
-    };
-    std::vector<visee> meilleures;
-    std::map<int, std::vector<visee>> parSerie;
+    constexpr std::size_t reperesEtudies = 6;
+    std::map<int, std::vector<repereVise>> parSerie;
     std::vector<const observationReseau*> angles;
     for (const int k : m_v.parPoint[static_cast<std::size_t>(point)]) {
         const observationReseau& o = m_v.r.observations[static_cast<std::size_t>(k)];
         if (o.de != point || !pose(o.vers))
             continue;
         if (o.genre == direction)
-            parSerie[o.serie].push_back({o.vers, o.mesure});
+            parSerie[o.serie].push_back({x(o.vers), y(o.vers), o.mesure});
         else if (o.genre == angle && pose(o.vers2))
             angles.push_back(&o);
     }
-    for (auto& [serie, visees] : parSerie)
-        if (visees.size() > meilleures.size())
-            meilleures = visees;
-    if (meilleures.size() < 3) {
-        // Angles chained by the points that they share: readings in one circle.
-        meilleures.clear();
-        std::map<int, double> lectures;
-        for (bool change = !angles.empty(); change;) {
-            change = false;
-            for (const observationReseau* const o : angles) {
-                if (lectures.empty())
-                    lectures[o->vers] = 0.0;
-                const auto a = lectures.find(o->vers), b = lectures.find(o->vers2);
-                if (a != lectures.end() && b == lectures.end())
-                    change = lectures.emplace(o->vers2, a->second + o->mesure).second;
-                else if (b != lectures.end() && a == lectures.end())
-                    change = lectures.emplace(o->vers, b->second - o->mesure).second;
-            }
-        }
-        for (const auto& [vers, lecture] : lectures)
-            meilleures.push_back({vers, lecture});
-    }
-    if (meilleures.size() < 3)
-        return false;
-    if (meilleures.size() > 6)
-        meilleures.resize(6);
-    // With bearing φ + reading to each point, (x − xi)·cos − (y − yi)·sin = 0: linear in x, y for a given φ. Two points
-    // give the place as a function of φ; a third one is met where its misfit changes sign.
-    const auto placeSelon = [&](double phi, const visee& a, const visee& b) {
-        const double ga = phi + a.lecture, gb = phi + b.lecture;
-        const double determinant = std::sin(gb - ga);
-        const double ka = x(a.vers) * std::cos(ga) - y(a.vers) * std::sin(ga);
-        const double kb = x(b.vers) * std::cos(gb) - y(b.vers) * std::sin(gb);
-        return place{(ka * std::sin(gb) - kb * std::sin(ga)) / determinant,
-                     (ka * std::cos(gb) - kb * std::cos(ga)) / determinant};
-    };
-    // The base pair that crosses best.
-    std::size_t ia = 0, ib = 1;
-    for (std::size_t i = 0; i < meilleures.size(); ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            if (std::abs(std::sin(meilleures[i].lecture - meilleures[j].lecture)) >
-                std::abs(std::sin(meilleures[ia].lecture - meilleures[ib].lecture))) {
-                ia = j;
-                ib = i;
-            }
-    if (std::abs(std::sin(meilleures[ia].lecture - meilleures[ib].lecture)) < 0.05)
-        return false;
-    const auto defaut = [&](double phi) {
-        const place p = placeSelon(phi, meilleures[ia], meilleures[ib]);
-        double somme = 0.0;
-        for (const visee& v : meilleures)
-            somme += std::pow(ecartAngulaire(gisementDe(x(v.vers) - p.x, y(v.vers) - p.y) - phi - v.lecture), 2.0);
-        return somme;
-    };
-    constexpr int essais = 720;
-    double phi = 0.0, moindre = inconnu;
-    for (int i = 0; i < essais; ++i) {
-        const double essai = 2.0 * pi * i / essais;
-        if (const double d = defaut(essai); d < moindre) {
-            moindre = d;
-            phi = essai;
+    std::vector<repereVise> reperes;
+    for (auto& [serie, vus] : parSerie)
+        if (vus.size() > reperes.size())
+            reperes = vus;
+    if (reperes.size() < 3)
+        reperes = enchainer(angles);
+    if (reperes.size() > reperesEtudies)
+        reperes.resize(reperesEtudies);
+    return reperes;
+}
+
+/// Angles of a station, chained by the points that they share, as readings of one circle.
+std::vector<repereVise> figureReseau::enchainer(const std::vector<const observationReseau*>& angles) const
+{
+    std::map<int, double> lectures;
+    for (bool change = !angles.empty(); change;) {
+        change = false;
+        for (const observationReseau* const o : angles) {
+            if (lectures.empty())
+                lectures[o->vers] = 0.0;
+            const auto a = lectures.find(o->vers), b = lectures.find(o->vers2);
+            if (a != lectures.end() && b == lectures.end())
+                change = lectures.emplace(o->vers2, a->second + o->mesure).second;
+            else if (b != lectures.end() && a == lectures.end())
+                change = lectures.emplace(o->vers, b->second - o->mesure).second;
         }
     }
-    // The least misfit around the best try, by thirds.
-    double bas = phi - 2.0 * pi / essais, haut = phi + 2.0 * pi / essais;
-    for (int i = 0; i < 80; ++i) {
-        const double a = bas + (haut - bas) / 3.0, b = haut - (haut - bas) / 3.0;
-        (defaut(a) < defaut(b) ? haut : bas) = defaut(a) < defaut(b) ? b : a;
-    }
-    phi = 0.5 * (bas + haut);
-    if (!(defaut(phi) < 1e-3))
-        return false;
-    trouve = placeSelon(phi, meilleures[ia], meilleures[ib]);
-    return std::isfinite(trouve.x) && std::isfinite(trouve.y);
+    std::vector<repereVise> reperes;
+    for (const auto& [vers, lecture] : lectures)
+        reperes.push_back({x(vers), y(vers), lecture});
+    return reperes;
 }
 
 /// How badly the observations to placed points agree with a place, in metres.
@@ -355,22 +334,44 @@ double figureReseau::desaccord(int point, const place& p) const
     return somme;
 }
 
+/// Whether observations tell one place from the other.
+bool figureReseau::departages(int point, const place& a, const place& b) const
+{
+    return std::abs(desaccord(point, a) - desaccord(point, b)) >= 0.2 * std::hypot(a.x - b.x, a.y - b.y);
+}
+
+std::vector<figureReseau::autrePlace> figureReseau::autresPlaces() const
+{
+    constexpr double memeLieu = 0.01; // circles that touch
+    std::vector<autrePlace> restantes;
+    for (const autrePlace& autre : m_autresPlaces) {
+        const place ici{x(autre.point), y(autre.point)};
+        if (std::hypot(autre.x - ici.x, autre.y - ici.y) > memeLieu &&
+            !departages(autre.point, ici, {autre.x, autre.y}))
+            restantes.push_back(autre);
+    }
+    return restantes;
+}
+
 bool figureReseau::tenter(int point, bool ambigu)
 {
     const lieux l = lieuxDe(point);
     std::vector<place> places = intersections(l);
-    place releve{};
-    if (places.size() != 1 && relever(point, releve))
-        places = {releve};
+    if (places.size() != 1)
+        if (const auto releve = relever(reperesDe(point)))
+            places = {{releve->x, releve->y}};
     if (places.empty())
         return false;
     place choisie = places.front();
     if (places.size() > 1) {
-        const double a = desaccord(point, places[0]), b = desaccord(point, places[1]);
-        const double ecart = std::hypot(places[0].x - places[1].x, places[0].y - places[1].y);
-        if (!ambigu && std::abs(a - b) < 0.2 * ecart)
+        const bool surs = departages(point, places[0], places[1]);
+        if (!ambigu && !surs)
             return false;
-        choisie = a <= b ? places[0] : places[1];
+        if (desaccord(point, places[1]) < desaccord(point, places[0]))
+            std::swap(places[0], places[1]);
+        choisie = places[0];
+        if (!surs)
+            m_autresPlaces.push_back({point, places[1].x, places[1].y});
     }
     poser(point, choisie.x, choisie.y);
     return true;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "calculs/reseau/equationsObservation.h"
+#include "calculs/reseau/relevement.h"
 
 /// What joins points in plan, ready to be walked: for each point the observations that name it.
 struct voisinageReseau {
@@ -35,6 +36,14 @@ public:
     /// Places all it can: what has one place first; of two places that nothing tells apart, one in the end.
     void grandir();
 
+    /// A point that was placed at one of two places, and the other one.
+    struct autrePlace {
+        int point;
+        double x, y;
+    };
+    /// Those whose other place agrees as well with all that is placed now.
+    std::vector<autrePlace> autresPlaces() const;
+
     /// Bearing of the zero of a set whose station is placed, from what its directions say; unknown without one.
     double orientation(int serie) const;
 
@@ -60,8 +69,14 @@ private:
     void lieuDeDirection(const observationReseau& o, int point, lieux& l) const;
     void lieuDAngle(const observationReseau& o, int point, lieux& l) const;
     std::vector<place> intersections(const lieux& l) const;
-    bool relever(int point, place& trouve) const;
+    std::vector<place> rayonnees(const lieux& l) const;
+    std::vector<place> croiserDroites(const lieux& l) const;
+    std::vector<place> croiserDroiteEtCercle(const lieux& l) const;
+    std::vector<place> croiserCercles(const lieux& l) const;
+    std::vector<repereVise> reperesDe(int point) const;
+    std::vector<repereVise> enchainer(const std::vector<const observationReseau*>& angles) const;
     double desaccord(int point, const place& p) const;
+    bool departages(int point, const place& a, const place& b) const;
     double gisementVers(int de, int vers) const;
     struct partie;
     void ajouterAPartie(partie& p, int observation) const;
@@ -73,6 +88,7 @@ private:
     std::vector<double> m_x, m_y;
     std::vector<bool> m_pose, m_enFile;
     std::vector<int> m_poses;
+    std::vector<autrePlace> m_autresPlaces; ///< when they were placed
     std::size_t m_donnes = 0; ///< the first ones were given, or begin the figure: they stay where they are
     std::size_t m_avantReprise = 0, m_reprise = 0; ///< how many were placed when the last parts were adjusted
     std::size_t m_repriseEntiere = 4000;           ///< how many are placed when all are adjusted next
