@@ -222,7 +222,7 @@ void dialoguePolygonale::calculer()
     }
     std::vector<std::wstring> suite;
     if (!rapport.write())
-        suite.push_back(L"Le rapport n'a pas pu être écrit.");
+        suite.emplace_back(rapportNonEcrit);
     montrerBilan(p, suite);
     resultPolygo(rapport.fileName().wstring(), remarques(p)).exec();
 }
@@ -239,7 +239,7 @@ void dialoguePolygonale::comparerMoindresCarres()
         rapporterComparaison(c, rapport);
         std::vector<std::wstring> suite{phraseComparaison(c)};
         if (!rapport.write())
-            suite.push_back(L"Le rapport n'a pas pu être écrit.");
+            suite.emplace_back(rapportNonEcrit);
         montrerBilan(p, suite);
         resultPolygo(rapport.fileName().wstring(), suite).exec();
     } catch (const erreurReseau& faute) {
