@@ -226,7 +226,7 @@ void dialoguePolygonale::calculer()
     }
     std::vector<std::wstring> suite;
     if (!rapport.write())
-        suite.push_back(L"Le rapport n'a pas pu être écrit.");
+        suite.emplace_back(rapportNonEcrit);
     montrerBilan(p, suite);
     resultPolygo(rapport.fileName().wstring(), remarques(p)).exec();
 }
@@ -243,7 +243,7 @@ void dialoguePolygonale::comparerMoindresCarres()
         rapporterComparaison(c, rapport);
         std::vector<std::wstring> suite{phraseComparaison(c)};
         if (!rapport.write())
-            suite.push_back(L"Le rapport n'a pas pu être écrit.");
+            suite.emplace_back(rapportNonEcrit);
         montrerBilan(p, suite);
         resultPolygo(rapport.fileName().wstring(), suite).exec();
     } catch (const erreurReseau& faute) {

@@ -1,5 +1,6 @@
 #include "exchange/formatXYZ.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -87,6 +88,18 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
         lus.remarquer(numero, depuisAnsi(ligne), std::move(remarque));
 }
 
+/// Memory for about as many points as there are lines, so that a long file's points do not move as they come. Where
+/// the beginning misleads, what is kept too much is never touched.
+void prevoirPoints(sourceOctets& source, std::vector<pointXYZ>& points)
+{
+    constexpr std::size_t plusPrevus = 1 << 20;
+    const std::string_view debut = source.debut();
+    if (debut.empty())
+        return;
+    const auto lignes = static_cast<std::size_t>(std::ranges::count(debut, '\n')) + 1;
+    points.reserve(points.size() + std::min(plusPrevus, lignes + source.resteEstime() / debut.size() * lignes));
+}
+
 } // namespace
 
 bool lecteurXYZ::reconnait(std::wstring_view extension, std::string_view) const
@@ -97,6 +110,7 @@ bool lecteurXYZ::reconnait(std::wstring_view extension, std::string_view) const
 void lecteurXYZ::lire(sourceOctets& source, pointsLus& lus) const
 {
     constexpr std::size_t longueurLigne = 1024;
+    prevoirPoints(source, lus.points);
     for (lecteurLignes lignes(source, longueurLigne); lignes.suivante();)
         lireLigne(lignes.ligne(), lignes.numero(), lus);
 }

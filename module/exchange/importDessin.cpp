@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "codification/attributsBloc.h"
@@ -118,33 +119,46 @@ public:
         const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForRead);
         if (entite.openStatus() != Acad::eOk)
             return;
-        AcDbEntity* const e = entite.object();
-        if (auto* const ancienne = AcDb2dPolyline::cast(e))
-            sommetsAnciens(*ancienne);
-        else if (auto* const polyface = AcDbPolyFaceMesh::cast(e))
-            sommets<AcDbPolyFaceMeshVertex>(*polyface, rangPolyface);
-        else if (auto* const polyligne3d = AcDb3dPolyline::cast(e))
-            sommets<AcDb3dPolylineVertex>(*polyligne3d, rangPolyligne3d);
-        else if (auto* const maillage = AcDbPolygonMesh::cast(e))
-            sommets<AcDbPolygonMeshVertex>(*maillage, rangMaillage);
-        else if (auto* const bloc = AcDbBlockReference::cast(e))
-            prendreBloc(*bloc);
-        else if (auto* const point = AcDbPoint::cast(e))
-            poser(point->position(), rangPoint);
-        else if (auto* const face = AcDbFace::cast(e))
-            coins(*face);
-        else if (auto* const ligne = AcDbLine::cast(e)) {
-            poser(ligne->startPoint(), rangLigne);
-            poser(ligne->endPoint(), rangLigne);
-        } else if (auto* const polyligne = AcDbPolyline::cast(e))
-            sommetsLegers(*polyligne);
-        else if (auto* const texte = AcDbText::cast(e))
-            prendreTexte(*texte);
-        else if (auto* const paragraphe = AcDbMText::cast(e))
-            prendreParagraphe(*paragraphe);
+        if (const preneur prend = preneurDe(entite->isA()))
+            (this->*prend)(*entite.object());
     }
 
 private:
+    using preneur = void (releve::*)(const AcDbEntity&);
+
+    /// What takes entities of a class, found once for all of them; null: nothing does.
+    preneur preneurDe(const AcRxClass* classe)
+    {
+        if (classe == m_classe)
+            return m_preneur;
+        const auto [connu, premier] = m_preneurs.try_emplace(classe, nullptr);
+        if (premier)
+            connu->second = premierPreneur(*classe);
+        m_classe = classe;
+        return m_preneur = connu->second;
+    }
+
+    /// The first of the kinds, in their order, that the class is of.
+    static preneur premierPreneur(const AcRxClass& classe)
+    {
+        const std::pair<const AcRxClass*, preneur> genres[] = {
+            {AcDb2dPolyline::desc(), &releve::sommetsAnciens},
+            {AcDbPolyFaceMesh::desc(), &releve::sommets<AcDbPolyFaceMesh, AcDbPolyFaceMeshVertex, rangPolyface>},
+            {AcDb3dPolyline::desc(), &releve::sommets<AcDb3dPolyline, AcDb3dPolylineVertex, rangPolyligne3d>},
+            {AcDbPolygonMesh::desc(), &releve::sommets<AcDbPolygonMesh, AcDbPolygonMeshVertex, rangMaillage>},
+            {AcDbBlockReference::desc(), &releve::prendreBloc},
+            {AcDbPoint::desc(), &releve::prendrePoint},
+            {AcDbFace::desc(), &releve::coins},
+            {AcDbLine::desc(), &releve::bouts},
+            {AcDbPolyline::desc(), &releve::sommetsLegers},
+            {AcDbText::desc(), &releve::prendreTexte},
+            {AcDbMText::desc(), &releve::prendreParagraphe}};
+        for (const auto& [genre, prend] : genres)
+            if (classe.isDerivedFrom(genre))
+                return prend;
+        return nullptr;
+    }
+
     bool voulu(int genre) const { return (m_demande.genres & genre) != 0; }
 
     /// The code of a kind is entered when its first point is made.
@@ -164,10 +178,19 @@ private:
             m_table.CreerPoint(position, codeDuGenre(rang), nullptr);
     }
 
-    template <class Sommet, class Porteur>
-    void sommets(const Porteur& porteur, rangCode rang)
+    void prendrePoint(const AcDbEntity& entite) { poser(static_cast<const AcDbPoint&>(entite).position(), rangPoint); }
+
+    void bouts(const AcDbEntity& entite)
     {
-        const std::unique_ptr<AcDbObjectIterator> it(porteur.vertexIterator());
+        const auto& ligne = static_cast<const AcDbLine&>(entite);
+        poser(ligne.startPoint(), rangLigne);
+        poser(ligne.endPoint(), rangLigne);
+    }
+
+    template <class Porteur, class Sommet, rangCode rang>
+    void sommets(const AcDbEntity& entite)
+    {
+        const std::unique_ptr<AcDbObjectIterator> it(static_cast<const Porteur&>(entite).vertexIterator());
         for (it->start(); !it->done(); it->step()) {
             const AcDbObjectPointer<AcDbVertex> sommet(it->objectId(), AcDb::kForRead);
             if (sommet.openStatus() == Acad::eOk && Sommet::cast(sommet.object()))
@@ -175,8 +198,9 @@ private:
         }
     }
 
-    void sommetsAnciens(const AcDb2dPolyline& polyligne)
+    void sommetsAnciens(const AcDbEntity& entite)
     {
+        const auto& polyligne = static_cast<const AcDb2dPolyline&>(entite);
         const std::unique_ptr<AcDbObjectIterator> it(polyligne.vertexIterator());
         for (it->start(); !it->done(); it->step()) {
             const AcDbObjectPointer<AcDb2dVertex> sommet(it->objectId(), AcDb::kForRead);
@@ -185,16 +209,18 @@ private:
         }
     }
 
-    void sommetsLegers(const AcDbPolyline& polyligne)
+    void sommetsLegers(const AcDbEntity& entite)
     {
+        const auto& polyligne = static_cast<const AcDbPolyline&>(entite);
         AcGePoint3d sommet;
         for (unsigned int i = 0; i < polyligne.numVerts(); ++i)
             if (polyligne.getPointAt(i, sommet) == Acad::eOk)
                 poser(sommet, rangPolyligne);
     }
 
-    void coins(const AcDbFace& face)
+    void coins(const AcDbEntity& entite)
     {
+        const auto& face = static_cast<const AcDbFace&>(entite);
         constexpr Adesk::UInt16 nombre = 4;
         AcGePoint3d coin;
         for (Adesk::UInt16 i = 0; i < nombre; ++i)
@@ -202,8 +228,9 @@ private:
                 poser(coin, rangFacette);
     }
 
-    void prendreBloc(const AcDbBlockReference& bloc)
+    void prendreBloc(const AcDbEntity& entite)
     {
+        const auto& bloc = static_cast<const AcDbBlockReference&>(entite);
         const AcGePoint3d place = bloc.position();
         if (voulu(genreSymbole | genreBlocAttributs)) {
             const attributsLus attributs(bloc);
@@ -257,8 +284,9 @@ private:
         return true;
     }
 
-    void prendreTexte(const AcDbText& texte)
+    void prendreTexte(const AcDbEntity& entite)
     {
+        const auto& texte = static_cast<const AcDbText&>(entite);
         double z = 0.0;
         const AcGePoint3d place = texte.position();
         if (lireNombre(texte.textStringConst(), z))
@@ -266,8 +294,9 @@ private:
     }
 
     // Intended: the offset is that of single-line texts alone.
-    void prendreParagraphe(const AcDbMText& texte)
+    void prendreParagraphe(const AcDbEntity& entite)
     {
+        const auto& texte = static_cast<const AcDbMText&>(entite);
         double z = 0.0;
         AcDbExtents etendue;
         if (lireNombre(texteVisible(texte).c_str(), z) && z != 0.0 && texte.getGeomExtents(etendue) == Acad::eOk)
@@ -278,6 +307,9 @@ private:
     const demandeImportation& m_demande;
     std::array<bool, 12> m_inscrits{};
     int m_codeSymbole = codesImportation[rangSymbole];
+    std::unordered_map<const AcRxClass*, preneur> m_preneurs;
+    const AcRxClass* m_classe = nullptr; // the last one: neighbours in a drawing are mostly of one kind
+    preneur m_preneur = nullptr;
 };
 
 } // namespace

@@ -57,6 +57,16 @@ std::size_t sourceFichier::lireSuite(char* cible, std::size_t taille)
     return m_fichier ? std::fread(cible, 1, taille, m_fichier.get()) : 0;
 }
 
+std::size_t sourceFichier::resteEstime() const
+{
+    const long ici = m_fichier ? std::ftell(m_fichier.get()) : -1;
+    if (ici < 0 || std::fseek(m_fichier.get(), 0, SEEK_END) != 0)
+        return 0; // a pipe
+    const long fin = std::ftell(m_fichier.get());
+    std::fseek(m_fichier.get(), ici, SEEK_SET);
+    return fin > ici ? static_cast<std::size_t>(fin - ici) : 0;
+}
+
 std::size_t sourceUtf16::lireSuite(char* cible, std::size_t taille)
 {
     constexpr std::size_t bloc = 1 << 15;

@@ -22,6 +22,8 @@ public:
     std::size_t lire(char* cible, std::size_t taille);
     /// Whether reading failed: what was given is not all there was.
     virtual bool enEchec() const = 0;
+    /// About how many bytes are still to come after debut(); 0 when nobody knows.
+    virtual std::size_t resteEstime() const { return 0; }
 
 private:
     virtual std::size_t lireSuite(char* cible, std::size_t taille) = 0;
@@ -35,6 +37,7 @@ class sourceMemoire final : public sourceOctets {
 public:
     explicit sourceMemoire(std::string_view octets) : m_octets(octets) {}
     bool enEchec() const override { return false; }
+    std::size_t resteEstime() const override { return m_octets.size(); }
 
 private:
     std::size_t lireSuite(char* cible, std::size_t taille) override;
@@ -49,6 +52,7 @@ public:
     explicit sourceFichier(const std::filesystem::path& fichier);
     /// A folder opens as a file on some systems; only reading it fails.
     bool enEchec() const override { return !m_fichier || std::ferror(m_fichier.get()) != 0; }
+    std::size_t resteEstime() const override;
 
 private:
     struct fermeture {

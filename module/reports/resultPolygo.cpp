@@ -5,8 +5,10 @@
 #include <QTextBrowser>
 #include <QUrl>
 
+#include "reports/htmlDocument.h"
 #include "reports/navigateur/vueWeb.h"
 #include "services/dialogueFichier.h"
+#include "services/dialogueMessage.h"
 #include "services/dossierModule.h"
 
 #include "ui_resultPolygo.h"
@@ -68,4 +70,11 @@ void resultPolygo::sauvegarder() const
     demande.extension = L"html";
     if (const auto copie = demanderFichierAEcrire(demande))
         CopyFileW(m_rapport.c_str(), copie->c_str(), FALSE);
+}
+
+void ecrireEtMontrer(htmlDocument& rapport, const std::vector<std::wstring>& remarques)
+{
+    if (!rapport.write())
+        return avertirErreur(rapportNonEcrit);
+    resultPolygo(rapport.fileName().wstring(), remarques).exec();
 }

@@ -5,6 +5,8 @@
 
 #include "services/dialogueModule.h"
 
+class htmlDocument;
+
 namespace Ui {
 class resultPolygo;
 }
@@ -25,3 +27,8 @@ private:
     std::unique_ptr<Ui::resultPolygo> m_ui;
     QWidget* m_page = nullptr;
 };
+
+inline constexpr const wchar_t* rapportNonEcrit = L"Le rapport n'a pas pu être écrit dans le dossier temporaire.";
+
+/// Writes a report and shows it; says so when it cannot be written.
+void ecrireEtMontrer(htmlDocument& rapport, const std::vector<std::wstring>& remarques = {});

@@ -77,10 +77,27 @@ double valeurDe(std::string_view nombre)
     return reelDeTexte(std::wstring(nombre.begin(), nombre.end())); // beyond a double: infinite, or 0
 }
 
+/// Plain decimal numbers, which nearly all are, at the price of from_chars: digits on both sides of the point, if any.
+bool lireDecimal(std::string_view texte, double& valeur)
+{
+    const std::size_t premier = !texte.empty() && texte.front() == '-' ? 1 : 0;
+    if (premier == texte.size() || !estChiffre(texte[premier]) || !estChiffre(texte.back()))
+        return false;
+    double lue = 0.0;
+    const char* const fin = texte.data() + texte.size();
+    const auto [arret, erreur] = std::from_chars(texte.data(), fin, lue, std::chars_format::fixed);
+    if (arret != fin || erreur != std::errc())
+        return false;
+    valeur = lue;
+    return true;
+}
+
 } // namespace
 
 int lireNombre(std::string_view texte, double& valeur)
 {
+    if (lireDecimal(texte, valeur))
+        return 1;
     const std::size_t debut = std::min(texte.find_first_not_of(' '), texte.size());
     std::size_t fin = debut;
     etat e = etat::depart;

@@ -115,9 +115,7 @@ void DlgAllegerDessin::montrerRapport()
     }
     rapport.ajouter(table);
     htmlDocument document = rapport.document();
-    if (!document.write())
-        return avertirErreur(L"Le rapport n'a pas pu être écrit dans le dossier temporaire.");
-    resultPolygo(document.fileName().wstring()).exec();
+    ecrireEtMontrer(document);
 }
 
 void DlgAllegerDessin::appliquer()

@@ -25,12 +25,14 @@ std::vector<point2> sommetsDesignes()
 {
     std::vector<point2> places;
     ads_point place{}, precedent{};
-    while (acedGetPoint(places.empty() ? nullptr : precedent,
-                        places.empty() ? L"\nPremier sommet :" : L"\nSommet suivant <fin> :", place) == RTNORM) {
+    int statut = RTNORM;
+    while ((statut = acedGetPoint(places.empty() ? nullptr : precedent,
+                                  places.empty() ? L"\nPremier sommet :" : L"\nSommet suivant <fin> :", place)) ==
+           RTNORM) {
         places.push_back({place[0], place[1]});
         ads_point_set(place, precedent);
     }
-    return places;
+    return statut == RTCAN ? std::vector<point2>() : places;
 }
 
 double& valeurDe(sommetAlignement& s, int colonne)
@@ -196,9 +198,7 @@ void DlgAxe::montrerRapport()
     if (!lireNumerotation(complet))
         return;
     htmlDocument rapport = rapportAxe(complet.ligne, complet.numerotation());
-    if (!rapport.write())
-        return avertirErreur(L"Le rapport n'a pas pu être écrit dans le dossier temporaire.");
-    resultPolygo(rapport.fileName().wstring()).exec();
+    ecrireEtMontrer(rapport);
 }
 
 void DlgAxe::dessiner()

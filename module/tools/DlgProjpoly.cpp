@@ -88,9 +88,7 @@ void DlgProjpoly::calculer()
 void DlgProjpoly::montrerRapport()
 {
     htmlDocument rapport = rapportProjection(m_axe, m_numerotation, m_projetes);
-    if (!rapport.write())
-        return avertirErreur(L"Le rapport n'a pas pu être écrit dans le dossier temporaire.");
-    resultPolygo(rapport.fileName().wstring()).exec();
+    ecrireEtMontrer(rapport);
 }
 
 void DlgProjpoly::placerPieds()

@@ -256,9 +256,7 @@ void DlgTransformer::montrerRapport()
 {
     htmlDocument rapport =
         rapportTransformation(m_couples, typeTransformation(m_ui->comboType->currentIndex()), *m_resultat);
-    if (!rapport.write())
-        return avertirErreur(L"Le rapport n'a pas pu être écrit dans le dossier temporaire.");
-    resultPolygo(rapport.fileName().wstring()).exec();
+    ecrireEtMontrer(rapport);
 }
 
 void DlgTransformer::appliquer()

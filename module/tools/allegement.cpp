@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <limits>
 #include <numeric>
 #include <tuple>
 #include <unordered_map>
@@ -14,16 +15,45 @@ namespace {
 
 using lieu = std::uint32_t; // number of a place where vertices stand
 
-struct hachageLieu {
-    std::size_t operator()(const std::array<double, 3>& p) const
+/// Numbers places in the order in which they first come. Open addressing on numbers alone: what one vertex costs does
+/// not grow with the drawing, as it does where every place has memory of its own.
+class numerosDeLieux {
+public:
+    /// @param nombre of places at most
+    explicit numerosDeLieux(std::size_t nombre) : m_numeros(std::bit_ceil(2 * nombre + 2), vide)
+    {
+        m_places.reserve(nombre);
+    }
+
+    lieu numero(const point3& p)
+    {
+        const std::size_t masque = m_numeros.size() - 1;
+        std::size_t i = hachage(p) & masque;
+        for (; m_numeros[i] != vide; i = (i + 1) & masque)
+            if (memePlace(m_places[m_numeros[i]], p))
+                return m_numeros[i];
+        m_numeros[i] = static_cast<lieu>(m_places.size());
+        m_places.push_back(p);
+        return m_numeros[i];
+    }
+    std::vector<point3>& places() { return m_places; }
+
+private:
+    static constexpr lieu vide = std::numeric_limits<lieu>::max();
+
+    static bool memePlace(const point3& a, const point3& b) { return a.x == b.x && a.y == b.y && a.z == b.z; }
+    static std::size_t hachage(const point3& p)
     {
         std::uint64_t h = 0;
-        for (const double c : p) {
+        for (const double c : {p.x, p.y, p.z}) { // + 0.0: minus zero is the same place
             h = (h ^ std::bit_cast<std::uint64_t>(c + 0.0)) * 0x9e3779b97f4a7c15u;
             h ^= h >> 29;
         }
-        return static_cast<std::size_t>(h);
+        return static_cast<std::size_t>(h ^ h >> 32);
     }
+
+    std::vector<lieu> m_numeros;
+    std::vector<point3> m_places;
 };
 
 bool avant(const point3& a, const point3& b)
@@ -36,19 +66,19 @@ class reseauLignes {
 public:
     explicit reseauLignes(std::span<const ligneAllegee> lignes)
     {
-        std::unordered_map<std::array<double, 3>, lieu, hachageLieu> numeros;
+        std::size_t nombre = 0;
+        for (const ligneAllegee& ligne : lignes)
+            nombre += ligne.sommets.size();
+        numerosDeLieux numeros(nombre);
+        m_suites.reserve(lignes.size());
         for (const ligneAllegee& ligne : lignes) {
             std::vector<lieu>& suite = m_suites.emplace_back();
-            for (const sommetAxe& s : ligne.sommets) {
-                const auto pose = numeros.try_emplace({s.place.x + 0.0, s.place.y + 0.0, s.place.z + 0.0},
-                                                      static_cast<lieu>(m_places.size()));
-                if (pose.second) {
-                    m_places.push_back(s.place);
-                    m_noeuds.emplace_back();
-                }
-                suite.push_back(pose.first->second);
-            }
+            suite.reserve(ligne.sommets.size());
+            for (const sommetAxe& s : ligne.sommets)
+                suite.push_back(numeros.numero(s.place));
         }
+        m_places = std::move(numeros.places());
+        m_noeuds.resize(m_places.size());
         for (std::size_t i = 0; i < lignes.size(); ++i)
             relier(lignes[i], m_suites[i]);
     }
@@ -106,6 +136,8 @@ public:
         m_reseau(reseau),
         m_tolerance(tolerance)
     {
+        m_rangs.reserve(suite.size());
+        m_suite.reserve(suite.size());
         // Of vertices at one place the last stays: its segment is the one with a length.
         for (std::size_t i = 0; i < suite.size(); ++i) {
             const bool dernier = i + 1 == suite.size();
@@ -163,7 +195,8 @@ private:
     }
     void alleger(std::size_t de, std::size_t a)
     {
-        std::vector<point3> ligne;
+        std::vector<point3>& ligne = m_troncon;
+        ligne.clear();
         for (std::size_t i = de; i <= a; ++i)
             ligne.push_back(m_reseau.place(en(i)));
         const bool anneau = en(de) == en(a);
@@ -181,6 +214,7 @@ private:
     std::vector<lieu> m_suite;
     bool m_fermee = false;
     std::vector<bool> m_restent;
+    std::vector<point3> m_troncon; // its memory serves the next stretch
 };
 
 } // namespace

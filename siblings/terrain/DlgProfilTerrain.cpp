@@ -66,9 +66,7 @@ void DlgProfilTerrain::montrer()
 void DlgProfilTerrain::tableau()
 {
     htmlDocument rapport = rapportProfil(m_nom, m_de, m_vers, m_profil);
-    if (!rapport.write())
-        return avertirErreur(L"Le rapport n'a pas pu \u00eatre \u00e9crit.");
-    resultPolygo(rapport.fileName().wstring()).exec();
+    ecrireEtMontrer(rapport);
 }
 
 void DlgProfilTerrain::dessiner()

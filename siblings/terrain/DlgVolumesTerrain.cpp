@@ -67,7 +67,5 @@ void DlgVolumesTerrain::calculer()
 void DlgVolumesTerrain::rapport()
 {
     htmlDocument document = rapportVolumes(m_nom, m_reference, *m_volumes);
-    if (!document.write())
-        return avertirErreur(L"Le rapport n'a pas pu \u00eatre \u00e9crit.");
-    resultPolygo(document.fileName().wstring()).exec();
+    ecrireEtMontrer(document);
 }

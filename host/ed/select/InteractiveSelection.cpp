@@ -227,6 +227,8 @@ void InteractiveSelection::take(const std::vector<AcDbObjectId>& entities)
 std::size_t InteractiveSelection::change(const std::vector<AcDbObjectId>& entities, bool removes)
 {
     Change change{{}, removes};
+    if (!removes)
+        m_selection.reserve(entities.size());
     for (const AcDbObjectId entity : entities)
         if (removes ? m_selection.remove(entity) : m_selection.add(entity))
             change.entities.push_back(entity);

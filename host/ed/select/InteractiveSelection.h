@@ -28,7 +28,8 @@ public:
 
     /// @return RTNORM when the user is done, RTCAN, RTKWORD.
     int ask();
-    const SelectionSet& selection() const { return m_selection; }
+    /// What was selected, once: sets of whole drawings are too large to be copied about.
+    SelectionSet takeSelection() { return std::move(m_selection); }
 
 private:
     /// What one answer changed, so that it can be taken back.

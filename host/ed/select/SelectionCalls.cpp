@@ -71,11 +71,12 @@ public:
         }
         return RTNORM;
     }
-    const SelectionSet& found() const { return m_found; }
+    SelectionSet& found() { return m_found; }
 
 private:
     void take(const std::vector<AcDbObjectId>& entities)
     {
+        m_found.reserve(entities.size());
         for (const AcDbObjectId entity : entities)
             m_found.add(entity);
     }
@@ -101,7 +102,7 @@ private:
                                     [this](const auto& entities) { return passing(entities); });
         const int status = asking.ask();
         if (status == RTNORM)
-            m_found = asking.selection();
+            m_found = asking.takeSelection();
         return status;
     }
 
@@ -180,7 +181,7 @@ int acedSSGet(const ACHAR* how, const void* first, const void* second, const res
     SelectionSet* const made = SelectionSets::instance().make(set);
     if (!made)
         return RTREJ;
-    *made = selecting.found();
+    *made = std::move(selecting.found());
     previousSelection() = made->objects();
     return RTNORM;
 }

@@ -2,9 +2,17 @@
 
 #include "rx/HostSession.h"
 
+void SelectionSet::reserve(std::size_t more)
+{
+    if (more < m_objects.size())
+        return; // growing by halves does: entities may join in many small lots
+    m_objects.reserve(m_objects.size() + more);
+    m_places.reserve(m_places.size() + more);
+}
+
 bool SelectionSet::add(AcDbObjectId entity)
 {
-    if (!m_places.emplace(entity.stub(), m_objects.size()).second)
+    if (!m_places.try_emplace(entity.stub(), m_objects.size()).second)
         return false;
     m_objects.push_back(entity.stub());
     return true;

@@ -10,6 +10,8 @@
 /// Entities, each once, in the order of joining. Joining, leaving and asking take constant time.
 class SelectionSet {
 public:
+    /// Makes room for as many more.
+    void reserve(std::size_t more);
     /// False when it is in already.
     bool add(AcDbObjectId entity);
     /// False when it is not in.

@@ -222,12 +222,10 @@ void CDlgMoindresCarres::calculer()
         return afficherAvertissement(titreCalculs, m_ui->bilan->text().toStdWString());
     htmlDocument rapport;
     rapporterReseau(m_r, m_resultat, rapport);
-    if (!rapport.write())
-        return avertirErreur(L"Le rapport n'a pas pu être écrit.");
     std::vector<std::wstring> remarques{phraseTestGlobal(m_r, m_resultat)};
     for (const suspectReseau& s : m_resultat.suspects)
         remarques.push_back(phraseSuspect(m_r, s));
-    resultPolygo(rapport.fileName().wstring(), premieresPhrases(remarques, phrasesMontrees)).exec();
+    ecrireEtMontrer(rapport, premieresPhrases(remarques, phrasesMontrees));
 }
 
 void CDlgMoindresCarres::placer()
