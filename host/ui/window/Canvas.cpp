@@ -7,6 +7,7 @@
 
 #include "ap/DocumentData.h"
 #include "ap/DocumentList.h"
+#include "commands/NumberTexts.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
 #include "ed/input/SnapWords.h"
@@ -71,6 +72,22 @@ bool takesSnaps(const InputRequest& request)
     return CommandInput::takesPoint(request) && request.kind != Kind::entity && request.kind != Kind::selection;
 }
 
+/// Whether the place given is seen from the base: a corner is not.
+bool takesBearing(const InputRequest& request)
+{
+    using Kind = InputRequest::Kind;
+    return request.kind == Kind::point || request.kind == Kind::distance || request.kind == Kind::angle;
+}
+
+/// What a leg measures in the plane; empty while the cursor is on its base.
+QString legText(const AcGeVector3d& leg)
+{
+    const double length = std::hypot(leg.x, leg.y);
+    if (length == 0.0)
+        return {};
+    return QString::fromStdWString(lengthText(length) + L"   " + bearingText(leg.x, leg.y));
+}
+
 } // namespace
 
 Canvas::Canvas(CommandInput& input, QWidget* parent) :
@@ -113,6 +130,7 @@ void Canvas::setDocument(Document* document)
     m_document = document;
     m_boxFrom.reset();
     m_snap.reset();
+    m_marked.reset();
     m_drawing.forget();
     m_above.forget();
     if (document) {
@@ -177,6 +195,12 @@ void Canvas::zoom(double factor, const QPointF& about)
     const AcGePoint2d fixed = now.toWorld(about);
     setView({fixed.x + (now.center.x - fixed.x) / factor, fixed.y + (now.center.y - fixed.y) / factor},
             now.height() / factor);
+}
+
+void Canvas::mark(const AcGePoint2d& place)
+{
+    m_marked = place;
+    update();
 }
 
 void Canvas::refresh()
@@ -250,6 +274,8 @@ void Canvas::paintEvent(QPaintEvent*)
     m_drawing.draw(painter, shown);
     m_above.draw(painter, shown);
     paintDragged(painter, shown);
+    if (m_marked)
+        drawPlaceMark(painter, shown.toCanvas(*m_marked), MarkColors::on(m_dark).snap);
     paintMarks(painter, shown);
 }
 
@@ -299,6 +325,8 @@ void Canvas::paintMarks(QPainter& painter, const CanvasView& view)
     drawCrosshair(painter, *m_cursor, picks ? pickAperture() : 0, idle || !picks, colors.lines);
     if (m_snap)
         drawSnapMarker(painter, cursor, m_snap->kind, colors.snap);
+    if (request && request->base && takesBearing(*request))
+        drawCursorText(painter, *m_cursor, legText(m_place - *request->base), colors.lines);
 }
 
 void Canvas::resizeEvent(QResizeEvent*)
@@ -360,6 +388,7 @@ AcGePoint3d Canvas::orthogonal(const AcGePoint3d& at) const
 
 void Canvas::mousePressEvent(QMouseEvent* event)
 {
+    m_marked.reset();
     follow(event->position());
     emit clicked();
     switch (event->button()) {
@@ -482,6 +511,7 @@ void Canvas::choose(const std::vector<AcDbObjectId>& found, bool withShift)
 
 void Canvas::endSelecting()
 {
+    m_marked.reset();
     if (m_boxFrom)
         m_boxFrom.reset();
     else if (m_document)

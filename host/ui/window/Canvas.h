@@ -35,6 +35,8 @@ public:
     void showExtents();
     /// By a factor, about a place of the canvas.
     void zoom(double factor, const QPointF& about);
+    /// Shows which place is meant, until the next click or Escape.
+    void mark(const AcGePoint2d& place);
     /// All of the drawing is to be painted anew.
     void refresh();
     /// The document's view changed.
@@ -89,6 +91,7 @@ private:
     std::optional<QPointF> m_cursor;
     AcGePoint3d m_place; // of the cursor, snapped
     std::optional<SnapPoint> m_snap;
+    std::optional<AcGePoint2d> m_marked;
     std::optional<QPointF> m_panFrom;     // while the middle button is down
     std::optional<AcGePoint2d> m_boxFrom; // first corner of a box that selects
     QPointF m_pressed;                    // where the left button went down

@@ -99,6 +99,32 @@ void drawSnapMarker(QPainter& painter, const QPointF& at, SnapKind kind, const Q
     painter.restore();
 }
 
+void drawPlaceMark(QPainter& painter, const QPointF& at, const QColor& color)
+{
+    constexpr double ring = 14.0, tick = 8.0; // pixels: about a symbol, not over it
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(color, 2.5));
+    painter.drawEllipse(at, ring, ring);
+    for (const QPointF& way : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)})
+        painter.drawLine(at + way * ring, at + way * (ring + tick));
+    painter.restore();
+}
+
+void drawCursorText(QPainter& painter, const QPointF& at, const QString& text, const QColor& color)
+{
+    constexpr double aside = 14.0;
+    if (text.isEmpty())
+        return;
+    const double width = painter.fontMetrics().horizontalAdvance(text);
+    const double space = painter.viewport().width() / painter.device()->devicePixelRatioF();
+    const bool fits = at.x() + aside + width < space; // else to the left
+    const double top = at.y() < 2.0 * aside ? 3.0 * aside : -aside;
+    painter.setPen(color);
+    painter.drawText(at + QPointF(fits ? aside : -aside - width, top), text);
+}
+
 QString snapName(SnapKind kind)
 {
     switch (kind) {

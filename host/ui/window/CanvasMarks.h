@@ -24,6 +24,10 @@ struct MarkColors {
 void drawCrosshair(QPainter& painter, const QPointF& at, int aperture, bool cross, const QColor& color);
 /// Each kind of snap has its own shape.
 void drawSnapMarker(QPainter& painter, const QPointF& at, SnapKind kind, const QColor& color);
+/// A ring about a place that a panel has pointed out.
+void drawPlaceMark(QPainter& painter, const QPointF& at, const QColor& color);
+/// A text beside the cursor; above it, for the names of snaps stand below.
+void drawCursorText(QPainter& painter, const QPointF& at, const QString& text, const QColor& color);
 /// The name of a kind of snap, in French.
 QString snapName(SnapKind kind);
 /// The line or box from the base of a request to the cursor.

@@ -68,6 +68,8 @@ InputAnswer CommandInput::answer(const InputRequest& request)
     m_request = outer;
     if (outer)
         emit asked(); // a script stood above; it is the window's turn again
+    else
+        emit answered();
     return given;
 }
 

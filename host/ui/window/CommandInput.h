@@ -52,7 +52,8 @@ public:
 
 signals:
     void asked();
-    void escaped(); ///< cancelled while nothing ran
+    void answered(); ///< and nothing is asked now: a command works, or a dialog of its own shows
+    void escaped();  ///< cancelled while nothing ran
 
 private:
     InputAnswer next(const InputRequest& request);

@@ -59,6 +59,7 @@ CommandPanel::CommandPanel(CommandInput& input, QWidget* parent) : QWidget(paren
     connect(m_edit, &CommandEdit::cancelled, this, &CommandPanel::cancel);
     connect(m_prompt, &QLabel::linkActivated, &m_input, &CommandInput::type);
     connect(&m_input, &CommandInput::asked, this, &CommandPanel::showPrompt);
+    connect(&m_input, &CommandInput::answered, m_prompt, &QLabel::clear);
 }
 
 /// An AutoLISP expression may run over several lines: it is sent once its parentheses are closed.

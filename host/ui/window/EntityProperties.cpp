@@ -8,6 +8,7 @@
 #include "ui/window/PropertyRows.h"
 
 #include "dbents.h"
+#include "dbentvrt.h"
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
@@ -63,6 +64,85 @@ void addAttributes(AcDbObjectId id, std::vector<EntityProperty>& properties)
     }
 }
 
+/// Beyond, a list of vertices is of no help.
+constexpr unsigned mostVertices = 200;
+
+using VertexSetter = std::function<Acad::ErrorStatus(AcDbEntity& entity, double value)>;
+
+void addVertexRow(AcDbObjectId id, unsigned vertex, const char* axis, double value, VertexSetter set,
+                  std::vector<EntityProperty>& properties)
+{
+    EntityProperty property{QStringLiteral("Sommets"),
+                            QStringLiteral("Sommet %1 %2").arg(vertex + 1).arg(QLatin1String(axis)),
+                            EntityProperty::Kind::number};
+    property.value = numberText(value);
+    property.set = [set = std::move(set)](AcDbEntity& entity, const QString& text) {
+        double number = 0.0;
+        const Acad::ErrorStatus status = readNumber(text, number);
+        return status == Acad::eOk ? set(entity, number) : status;
+    };
+    property.entities = {id};
+    properties.push_back(std::move(property));
+}
+
+/// In the polyline's own plane; its elevation is a row for all.
+void addVertices(AcDbObjectId id, const AcDbPolyline& polyline, std::vector<EntityProperty>& properties)
+{
+    for (unsigned i = 0; i < std::min(polyline.numVerts(), mostVertices); ++i) {
+        AcGePoint2d place;
+        polyline.getPointAt(i, place);
+        for (const auto& [axis, member] : {std::pair{"X", &AcGePoint2d::x}, {"Y", &AcGePoint2d::y}})
+            addVertexRow(
+                id, i, axis, place.*member,
+                [i, member](AcDbEntity& entity, double value) {
+                    auto& own = static_cast<AcDbPolyline&>(entity);
+                    AcGePoint2d moved;
+                    const Acad::ErrorStatus status = own.getPointAt(i, moved);
+                    moved.*member = value;
+                    return status == Acad::eOk ? own.setPointAt(i, moved) : status;
+                },
+                properties);
+    }
+}
+
+/// Vertices that are entities of their own: of 3D polylines, and of the older 2D ones, whose elevation counts instead
+/// of their Z.
+void addVertices(const AcDbVertexCurve& polyline, std::vector<EntityProperty>& properties)
+{
+    const std::unique_ptr<AcDbObjectIterator> at(polyline.vertexIterator());
+    for (unsigned i = 0; !at->done() && i < mostVertices; at->step(), ++i) {
+        const AcDbObjectPointer<AcDbVertex> vertex(at->objectId());
+        if (vertex.openStatus() != Acad::eOk)
+            continue;
+        const AcGePoint3d place = vertex->position();
+        for (const auto& [axis, member] :
+             {std::pair{"X", &AcGePoint3d::x}, {"Y", &AcGePoint3d::y}, {"Z", &AcGePoint3d::z}}) {
+            if (member == &AcGePoint3d::z && polyline.isKindOf(AcDb2dPolyline::desc()))
+                continue;
+            addVertexRow(
+                at->objectId(), i, axis, place.*member,
+                [member](AcDbEntity& entity, double value) {
+                    auto& own = static_cast<AcDbVertex&>(entity);
+                    AcGePoint3d moved = own.position();
+                    moved.*member = value;
+                    return own.setPosition(moved);
+                },
+                properties);
+        }
+    }
+}
+
+void addVertices(AcDbObjectId id, std::vector<EntityProperty>& properties)
+{
+    const AcDbObjectPointer<AcDbEntity> entity(id);
+    if (entity.openStatus() != Acad::eOk)
+        return;
+    if (const auto* const light = AcDbPolyline::cast(entity.object()))
+        addVertices(id, *light, properties);
+    else if (entity->isKindOf(AcDb3dPolyline::desc()) || entity->isKindOf(AcDb2dPolyline::desc()))
+        addVertices(static_cast<const AcDbVertexCurve&>(*entity.object()), properties);
+}
+
 QString reasonOf(Acad::ErrorStatus status)
 {
     switch (status) {
@@ -109,8 +189,10 @@ std::vector<EntityProperty> propertiesOf(const std::vector<AcDbObjectId>& entiti
     for (const PropertyRow& row : propertyRows())
         if (auto property = gathered(row, entities))
             properties.push_back(std::move(*property));
-    if (entities.size() == 1)
+    if (entities.size() == 1) {
         addAttributes(entities.front(), properties);
+        addVertices(entities.front(), properties);
+    }
     return properties;
 }
 

@@ -24,7 +24,7 @@ struct EntityProperty {
     std::vector<AcDbObjectId> entities = {}; ///< whose property it is
 };
 
-/// What the entities have in common; attributes when there is but one block reference.
+/// What the entities have in common; attributes of one block reference alone, the first 200 vertices of one polyline.
 std::vector<EntityProperty> propertiesOf(const std::vector<AcDbObjectId>& entities);
 /// Changes the property of all of its entities, in one step for U. @return what was refused, in French; empty when
 /// nothing was.

@@ -157,4 +157,62 @@ Refusal create(Document& document, AcDbObjectId& made)
     return refusal(status);
 }
 
+Refusal remove(Document& document, const std::vector<AcDbObjectId>& layers)
+{
+    AcDbDatabase& database = *document.database();
+    AcDbObjectIdArray unneeded;
+    for (const AcDbObjectId id : layers) {
+        if (id == database.layerZero())
+            return QStringLiteral("le calque « 0 » ne peut être supprimé.");
+        if (id == database.clayer())
+            return QStringLiteral("le calque courant ne peut être supprimé.");
+        unneeded.append(id);
+    }
+    if (const Acad::ErrorStatus status = database.purge(unneeded); status != Acad::eOk)
+        return refusal(status);
+    for (const AcDbObjectId id : layers)
+        if (!unneeded.contains(id))
+            return QStringLiteral("le calque « %1 » n'est pas vide : des objets ou des blocs l'utilisent.")
+                .arg(nameOf(id));
+    const DrawingEdit step(document);
+    for (const AcDbObjectId id : layers) {
+        const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
+        const Acad::ErrorStatus status = layer.openStatus() == Acad::eOk ? layer->erase() : layer.openStatus();
+        if (status != Acad::eOk)
+            return refusal(status);
+    }
+    return std::nullopt;
+}
+
+Refusal isolate(Document& document, const std::vector<AcDbObjectId>& layers, std::vector<AcDbObjectId>& hidden)
+{
+    if (layers.empty())
+        return QStringLiteral("choisissez d'abord un calque.");
+    const DrawingEdit step(document);
+    AcDbDatabase& database = *document.database();
+    if (std::ranges::find(layers, database.clayer()) == layers.end())
+        if (const Refusal refused = setCurrent(document, layers.front()))
+            return refused;
+    for (const LayerRow& row : layersOf(database)) {
+        const bool wanted = std::ranges::find(layers, row.id) != layers.end();
+        if (wanted != row.off)
+            continue;
+        const AcDbObjectPointer<AcDbLayerTableRecord> layer(row.id, AcDb::kForWrite);
+        if (layer.openStatus() != Acad::eOk)
+            return refusal(layer.openStatus());
+        layer->setIsOff(!wanted);
+        if (!wanted)
+            hidden.push_back(row.id);
+    }
+    return std::nullopt;
+}
+
+void setShown(Document& document, const std::vector<AcDbObjectId>& layers)
+{
+    const DrawingEdit step(document);
+    for (const AcDbObjectId id : layers)
+        if (const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite); layer.openStatus() == Acad::eOk)
+            layer->setIsOff(false);
+}
+
 } // namespace layerEdits

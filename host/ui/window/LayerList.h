@@ -37,5 +37,12 @@ Refusal setCurrent(Document& document, AcDbObjectId layer);
 Refusal rename(Document& document, AcDbObjectId layer, const QString& name);
 /// A new one, called "Calque1" or the first number that is free; `made` receives it.
 Refusal create(Document& document, AcDbObjectId& made);
+/// Nothing is removed when one of them is "0", current, or used by anything in the drawing.
+Refusal remove(Document& document, const std::vector<AcDbObjectId>& layers);
+/// Switches all others off; the first of them becomes current when the current one is among the others. `hidden`
+/// receives what was switched off, for setShown.
+Refusal isolate(Document& document, const std::vector<AcDbObjectId>& layers, std::vector<AcDbObjectId>& hidden);
+/// Switches them on; those that are gone are left aside.
+void setShown(Document& document, const std::vector<AcDbObjectId>& layers);
 
 } // namespace layerEdits

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <QFont>
+#include <utility>
 
 #include "ap/Document.h"
 
@@ -26,6 +27,8 @@ constexpr std::array<ColumnText, LayerModel::columnCount_> columns{{
 
 void LayerModel::setDocument(Document* document)
 {
+    if (document != m_document)
+        m_hidden.clear();
     m_document = document;
     refresh();
 }
@@ -155,6 +158,34 @@ int LayerModel::create()
     if (!m_document || !done(layerEdits::create(*m_document, made)))
         return -1;
     return rowOf(made);
+}
+
+std::vector<AcDbObjectId> LayerModel::layersAt(const std::vector<int>& rows) const
+{
+    std::vector<AcDbObjectId> layers;
+    for (const int at : rows)
+        layers.push_back(row(at).id);
+    return layers;
+}
+
+void LayerModel::remove(const std::vector<int>& rows)
+{
+    if (m_document && !rows.empty())
+        done(layerEdits::remove(*m_document, layersAt(rows)));
+}
+
+void LayerModel::isolate(const std::vector<int>& rows)
+{
+    if (m_document)
+        done(layerEdits::isolate(*m_document, layersAt(rows), m_hidden));
+}
+
+void LayerModel::endIsolation()
+{
+    if (!m_document)
+        return;
+    layerEdits::setShown(*m_document, std::exchange(m_hidden, {}));
+    done(std::nullopt);
 }
 
 bool LayerModel::done(const layerEdits::Refusal& refusal)

@@ -25,6 +25,11 @@ public:
     void setColor(const QModelIndex& at, int color);
     /// Row of the new layer; -1 when there is none.
     int create();
+    void remove(const std::vector<int>& rows);
+    /// Switches the other layers off, or on again those that this switched off.
+    void isolate(const std::vector<int>& rows);
+    void endIsolation();
+    bool isIsolating() const { return !m_hidden.empty(); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -41,8 +46,10 @@ signals:
 
 private:
     bool done(const layerEdits::Refusal& refusal);
+    std::vector<AcDbObjectId> layersAt(const std::vector<int>& rows) const;
 
     Document* m_document = nullptr;
     std::vector<LayerRow> m_rows;
+    std::vector<AcDbObjectId> m_hidden; ///< by isolating
     LayerIcons m_icons;
 };

@@ -315,6 +315,7 @@ void MainWindow::setSelection(bool all)
 void MainWindow::showPoint(double x, double y)
 {
     CurrentView::set({x, y}, CurrentView::get().height);
+    m_canvas->mark({x, y});
 }
 
 void MainWindow::showCanvasMenu(const QPoint& at)

@@ -7,6 +7,7 @@
 
 #include "acutmem.h"
 #include "dbents.h"
+#include "dbentvrt.h"
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
@@ -321,7 +322,8 @@ const PropertyRow rows[] = {
     ANGLE_ROW(geometry, "Angle de fin", AcDbArc, endAngle, setEndAngle),
     {geometry, "Sommets", Kind::text, isA<AcDbPolyline>, readVertices, nullptr},
     {geometry, "Fermée", Kind::text, isA<AcDbPolyline>, readClosed, writeClosed},
-    LENGTH_ROW(geometry, "Élévation", AcDbPolyline, elevation, setElevation),
+    LENGTH_ROW(geometry, "Élévation (Z)", AcDbPolyline, elevation, setElevation),
+    LENGTH_ROW(geometry, "Élévation (Z)", AcDb2dPolyline, elevation, setElevation),
     {geometry, "Longueur", Kind::number, isA<AcDbCurve>, readCurveLength, nullptr},
     {geometry, "Aire", Kind::number, isA<AcDbCurve>, readArea, nullptr},
 

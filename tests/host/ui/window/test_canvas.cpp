@@ -218,4 +218,36 @@ TEST_F(CanvasTest, whatIsTypedOverAPanelGoesToTheCommandLine)
     });
 }
 
+TEST_F(CanvasTest, aLegIsToldBesideTheCursorAndAPlaceIsMarked)
+{
+    addLineCommand();
+    const auto inked = [this](double x, double y, int right, int down) { // pixels of a box beside a place
+        const QImage all = picture();
+        const QPoint at = pixelOf(x, y);
+        int count = 0;
+        for (int dx = 0; dx < right; ++dx)
+            for (int dy = 0; dy < std::abs(down); ++dy)
+                count += all.pixelColor(at.x() + 14 + dx, at.y() + (down < 0 ? -14 - dy : dy)) != all.pixelColor(3, 3);
+        return count;
+    };
+    play({
+        type("testligne"),
+        [this] { EXPECT_EQ(prompt(), "Premier point : "); },
+        [this] { hover(60, 40); },
+        [&] { EXPECT_EQ(inked(60, 40, 100, -10), 0) << "no base yet"; },
+        type("10,40"),
+        [this] { hover(60, 40); },
+        [&] { EXPECT_GT(inked(60, 40, 100, -10), 60) << "50.0000   100.0000 gr"; },
+        key(Qt::Key_Escape),
+        [&] {
+            EXPECT_EQ(inked(60, 40, 100, -10), 0);
+            canvas().mark({60, 20});
+            EXPECT_FALSE(shows(60, 20)) << "what stands there is to be seen";
+            EXPECT_GT(inked(60, 20, 10, 2), 4);
+        },
+        key(Qt::Key_Escape),
+        [&] { EXPECT_EQ(inked(60, 20, 10, 2), 0); },
+    });
+}
+
 } // namespace

@@ -2,6 +2,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
@@ -19,6 +20,8 @@
 #include "ui/window/PointTables.h"
 #include "ui/window/PropertyRows.h"
 
+#include "dbentvrt.h"
+#include "dbpl.h"
 #include "Drawing.h"
 #include "WindowTest.h"
 
@@ -134,6 +137,104 @@ TEST_F(PanelsTest, layersAreEditedStepByStep)
         [this] {
             EXPECT_EQ(layerModel().row(1).color, 7) << "the colour was one step";
             EXPECT_TRUE(layerModel().row(1).current) << "and the step before it still holds";
+        },
+    });
+}
+
+TEST_F(PanelsTest, layersAreRemovedWhenEmptyFilteredAndIsolated)
+{
+    const auto press = [this](const char* name) { child<QAbstractButton>(name).click(); };
+    const auto rows = [this] {
+        std::string names;
+        for (int i = 0; i < layerModel().rowCount(); ++i)
+            if (!layers().isRowHidden(i))
+                names += layerModel().row(i).name.toStdString() + (layerModel().row(i).off ? "- " : "+ ");
+        return names;
+    };
+    AcDbObjectId line;
+    play({
+        [&] {
+            for (int i = 0; i < 3; ++i)
+                layerModel().create();
+            line = add(new AcDbLine({0, 0, 0}, {3, 4, 0}));
+            AcDbObjectPointer<AcDbLine>(line, AcDb::kForWrite)->setLayer(L"Calque2");
+            layers().selectRow(2);
+            whenDialog([](QDialog& dialog) {
+                EXPECT_TRUE(dialog.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))
+                                ->text()
+                                .contains(QStringLiteral("« Calque2 » n'est pas vide")));
+                WindowTest::press(dialog, "OK");
+            });
+            press("boutonSupprimerCalque");
+            EXPECT_EQ(rows(), "0+ Calque1+ Calque2+ Calque3+ ");
+            layers().selectRow(3);
+            press("boutonSupprimerCalque");
+            EXPECT_EQ(rows(), "0+ Calque1+ Calque2+ ");
+            undo();
+            layerModel().refresh();
+            EXPECT_EQ(rows(), "0+ Calque1+ Calque2+ Calque3+ ") << "one step";
+        },
+        [&] {
+            clickLayer(1, LayerModel::visible);
+            layers().selectRow(2);
+            press("boutonIsolerCalque");
+            EXPECT_EQ(rows(), "0- Calque1- Calque2+ Calque3- ");
+            EXPECT_TRUE(layerModel().row(2).current) << "what is drawn next is seen";
+            press("boutonIsolerCalque");
+            EXPECT_EQ(rows(), "0+ Calque1- Calque2+ Calque3+ ") << "what was off before stays so";
+        },
+        [&] {
+            auto& filter = child<QLineEdit>("filtreCalques");
+            filter.setText(QStringLiteral("CALQUE"));
+            EXPECT_EQ(rows(), "Calque1- Calque2+ Calque3+ ");
+            filter.setText(QStringLiteral("*3"));
+            EXPECT_EQ(rows(), "Calque3+ ");
+            filter.clear();
+        },
+    });
+}
+
+TEST_F(PanelsTest, verticesOfPolylinesAreReadAndChanged)
+{
+    AcDbObjectId light, spatial;
+    play({
+        [&] {
+            auto* const flat = new AcDbPolyline(2);
+            flat->addVertexAt(0, {1, 2});
+            flat->addVertexAt(1, {30, 40});
+            flat->setElevation(7);
+            light = add(flat);
+            AcGePoint3dArray places;
+            places.append({1, 2, 3});
+            places.append({4, 5, 6});
+            spatial = add(new AcDb3dPolyline(AcDb::k3dSimplePoly, places));
+            select({light});
+        },
+        [this] {
+            EXPECT_EQ(valueOf("Élévation (Z)"), "7");
+            EXPECT_EQ(valueOf("Sommet 2 Y"), "40");
+        },
+        change("Sommet 2 X", "31,5"),
+        [&] {
+            AcGePoint2d moved;
+            AcDbObjectPointer<AcDbPolyline>(light)->getPointAt(1, moved);
+            EXPECT_EQ(moved, AcGePoint2d(31.5, 40));
+            select({spatial});
+        },
+        [this] { EXPECT_EQ(valueOf("Sommet 2 Z"), "6"); },
+        change("Sommet 2 Z", "6.25"),
+        [&] {
+            AcGePoint3d end;
+            AcDbObjectPointer<AcDb3dPolyline>(spatial)->getEndPoint(end);
+            EXPECT_EQ(end, AcGePoint3d(4, 5, 6.25));
+        },
+        [] { undo(); },
+        [&] {
+            select({light, spatial});
+        },
+        [this] {
+            EXPECT_TRUE(properties().findItems(QStringLiteral("Sommets"), Qt::MatchExactly).isEmpty())
+                << "of one polyline only";
         },
     });
 }
