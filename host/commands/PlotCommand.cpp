@@ -1,8 +1,11 @@
+#include <cmath>
+
 #include "commands/CommandFailed.h"
 #include "commands/Commands.h"
 #include "commands/Drawing.h"
 #include "commands/FileQuestion.h"
 #include "commands/NumberTexts.h"
+#include "commands/PlotHabits.h"
 #include "commands/Prompt.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/InputTexts.h"
@@ -41,37 +44,64 @@ std::optional<Box2d> askArea()
     return box;
 }
 
-void askPaper(PlotRequest& request)
+void askPaper(PlotRequest& request, PlotHabits& habits)
 {
-    const std::wstring name = Prompt(L"Entrez le format du papier [A4/A3/A2/A1/A0] <A4> : ")
+    const std::wstring name = Prompt(L"Entrez le format du papier [A4/A3/A2/A1/A0] <" + habits.paper + L"> : ")
                                   .keywords(L"A4 A3 A2 A1 A0 _ A4 A3 A2 A1 A0")
                                   .keyword();
-    const bool landscape = Prompt(L"Entrez l'orientation [Portrait/pAysage] <pAysage> : ")
-                               .keywords(L"Portrait pAysage _ Portrait Landscape")
-                               .keyword() != L"Portrait";
+    const std::wstring way = Prompt(std::wstring(L"Entrez l'orientation [Portrait/pAysage] <") +
+                                    (habits.landscape ? L"pAysage" : L"Portrait") + L"> : ")
+                                 .keywords(L"Portrait pAysage _ Portrait Landscape")
+                                 .keyword();
+    if (!name.empty())
+        habits.paper = name;
+    if (!way.empty())
+        habits.landscape = way == L"Landscape";
     for (const Paper& paper : kPapers)
-        if (name == paper.name || (name.empty() && paper.name == kPapers[0].name)) {
-            request.paperWidth = landscape ? paper.height : paper.width;
-            request.paperHeight = landscape ? paper.width : paper.height;
+        if (habits.paper == paper.name) {
+            request.paperWidth = habits.landscape ? paper.height : paper.width;
+            request.paperHeight = habits.landscape ? paper.width : paper.height;
         }
 }
 
-/// A drawing's unit is the metre of the ground.
-void askScale(PlotRequest& request)
+void askPens(PlotHabits& habits)
 {
-    const auto given = Prompt(L"Entrez le dénominateur de l'échelle (500 pour 1/500) ou [Ajuster] <Ajuster> : ")
-                           .positive()
-                           .keywords(L"Ajuster _ Fit")
-                           .real();
-    request.scale = given.value ? 1000.0 / *given.value : 0.0;
+    const std::wstring pens = Prompt(std::wstring(L"Entrez les plumes [Couleurs/Noir] <") +
+                                     (habits.monochrome ? L"Noir" : L"Couleurs") + L"> : ")
+                                  .keywords(L"Couleurs Noir _ Colors Black")
+                                  .keyword();
+    if (!pens.empty())
+        habits.monochrome = pens == L"Black";
 }
 
-/// Beside the drawing, under its name.
+/// A drawing's unit is the metre of the ground.
+void askScale(PlotRequest& request, PlotHabits& habits)
+{
+    for (;;) {
+        const std::wstring usual = habits.denominator > 0 ? std::to_wstring(habits.denominator) : L"Ajuster";
+        const auto given =
+            Prompt(L"Entrez le dénominateur de l'échelle (500 pour 1/500) ou [Ajuster/Plumes] <" + usual + L"> : ")
+                .positive()
+                .keywords(L"Ajuster Plumes _ Fit Pens")
+                .real();
+        if (given.is(L"Pens")) {
+            askPens(habits);
+            continue;
+        }
+        const double denominator = given.value ? *given.value : given.isEmpty() ? habits.denominator : 0.0;
+        request.scale = denominator > 0.0 ? 1000.0 / denominator : 0.0;
+        request.monochrome = habits.monochrome;
+        habits.denominator = static_cast<int>(std::lround(denominator));
+        return;
+    }
+}
+
+/// Beside the drawing, under its name; under its title while it has no file.
 std::wstring proposedFile()
 {
     const AcApDocument& document = *acDocManager->curDocument();
-    const std::wstring name = document.fileName();
-    return document.isNamedDrawing() ? name.substr(0, name.find_last_of(L'.')) + L".pdf" : std::wstring();
+    const std::wstring name = document.isNamedDrawing() ? document.fileName() : document.docTitle();
+    return name.substr(0, name.find_last_of(L'.')) + L".pdf";
 }
 
 } // namespace
@@ -85,10 +115,12 @@ void commands::plot()
     request.file =
         askFile({L"Entrez le nom du fichier de tracé (.pdf, .svg ou .png)", proposedFile(), L"pdf;svg;png", true});
     request.window = askArea();
-    askPaper(request);
-    askScale(request);
+    PlotHabits habits = plotHabits();
+    askPaper(request, habits);
+    askScale(request, habits);
     const std::wstring failure = paint(drawing(), request);
     if (!failure.empty())
         throw CommandFailed(failure);
+    keep(habits);
     say(L"Tracé enregistré : " + request.file);
 }

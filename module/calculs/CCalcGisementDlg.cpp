@@ -7,6 +7,7 @@
 #include "calculs/uniteAngulaire.h"
 #include "points/projetDansDessin.h"
 #include "services/codages.h"
+#include "services/dialogueChamps.h"
 #include "services/nombreFixe.h"
 
 #include "acedads.h"
@@ -75,8 +76,14 @@ void CCalcGisementDlg::afficher(const champsLieu& champs, const lieu& l)
 /// A cancelled pick leaves the fields as they are.
 void CCalcGisementDlg::prelever(const champsLieu& champs)
 {
-    if (const auto designe = lieuDesigne())
-        afficher(champs, *designe);
+    const auto designe = lieuDesigne();
+    if (!designe)
+        return;
+    if (!designe->nom.empty())
+        return afficher(champs, *designe); // as the table has it
+    champs.nom->clear();
+    champs.x->setText(texteDesigne(designe->x));
+    champs.y->setText(texteDesigne(designe->y));
 }
 
 void CCalcGisementDlg::recalculer()

@@ -13,9 +13,11 @@
 #include "calculs/panneauPolygonale.h"
 #include "calculs/placerPolygonale.h"
 #include "calculs/reseau/comparaisonPolygonale.h"
+#include "points/nomsDoubles.h"
 #include "points/projetDansDessin.h"
 #include "reports/htmlDocument.h"
 #include "reports/resultPolygo.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
@@ -88,8 +90,10 @@ void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_l
     connect(m_panneau, &panneauPolygonale::fermer, this, &QDialog::accept);
     const auto dessiner = qOverload<>(&QTimer::start);
     connect(m_panneau, &panneauPolygonale::donneesChangees, &m_croquis, dessiner);
-    for (const champNombre& c : m_champs)
+    for (const champNombre& c : m_champs) {
         connect(c.champ, &QLineEdit::textChanged, &m_croquis, dessiner);
+        surveillerNombre(*c.champ, c.nom);
+    }
     connect(m_panneau, &panneauPolygonale::reprendre, this, &dialoguePolygonale::reprendre);
     connect(m_panneau, &panneauPolygonale::donneesChangees, &m_garde, dessiner);
     for (const auto* const champ : findChildren<QLineEdit*>())
@@ -268,11 +272,15 @@ void dialoguePolygonale::placerStations(const polygonaleCalculee& calculee,
         traces.push_back(calculee.compensee);
     const placementPolygonale placement = parametres.placement();
     const std::vector<stationCorrigee>& stations = calculee.resultat.stations;
+    const int avant = tableCourante() ? tableCourante()->nbPoint() : 0;
     const int placees = placerPolygonale(stations, placement, traces);
     const std::wstring phrase = phrasePlacement(placees, stations.size(), placement.code);
     std::vector<std::wstring> suite{phrase};
     for (const std::wstring& nom : avertissementsPlacement(stations))
         suite.push_back(nom);
+    if (const listePointsDuDessin* const table = tableCourante())
+        if (std::wstring doubles = phraseNomsDoubles(*table, avant); !doubles.empty())
+            suite.push_back(std::move(doubles));
     montrerBilan(calculee, suite);
     if (placees < static_cast<int>(stations.size()))
         afficherAvertissement(titreCalculs, phrase);

@@ -26,7 +26,7 @@ protected:
     dialoguePolygonale();
 
     struct champNombre {
-        const QLineEdit* champ;
+        QLineEdit* champ;
         const wchar_t* nom; ///< as sentences call it: "X", "le dernier angle"
     };
     /// Called once the widgets are there. @param champs numbers that the traverse depends on, beside the panel's

@@ -3,6 +3,7 @@
 #include <QStringList>
 
 #include "calculs/dialoguePolygonale.h"
+#include "services/dialogueChamps.h"
 #include "services/nombreFixe.h"
 
 #include "ui_panneauPolygonale.h"
@@ -26,6 +27,9 @@ panneauPolygonale::panneauPolygonale(QWidget* parent) : QWidget(parent), m_ui(st
     connect(m_ui->boutonAjouter, &QPushButton::clicked, this, &panneauPolygonale::ajouter);
     for (const QLineEdit* const champ : {m_ui->editStation, m_ui->editAngle, m_ui->editDistance, m_ui->editAltitude})
         connect(champ, &QLineEdit::returnPressed, this, &panneauPolygonale::ajouter);
+    surveillerNombre(*m_ui->editAngle, L"l'angle");
+    surveillerNombre(*m_ui->editDistance, L"la distance");
+    surveillerNombre(*m_ui->editAltitude, L"l'altitude");
     connect(m_ui->boutonEnlever, &QPushButton::clicked, m_ui->liste, &listeObservations::enlever);
     connect(m_ui->boutonCharger, &QPushButton::clicked, this, &panneauPolygonale::charger);
     connect(m_ui->boutonReprendre, &QPushButton::clicked, this, &panneauPolygonale::reprendre);

@@ -12,6 +12,7 @@
 #include "services/calqueVerrouille.h"
 #include "services/codages.h"
 #include "services/dialogueCellules.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
 #include "services/grandeur.h"
 #include "services/lettres.h"
@@ -87,6 +88,9 @@ void CformulaireXYZ::connecter()
     connect(m_ui->boutonSuivant, &QPushButton::clicked, this, [this] { aller(m_position + 1); });
     connect(m_ui->boutonDernier, &QPushButton::clicked, this, [this] { aller(m_table.nbPoint() - 1); });
     connect(m_ui->boutonNouveau, &QPushButton::clicked, this, [this] { aller(-1); });
+    surveillerNombre(*m_ui->editX, L"X");
+    surveillerNombre(*m_ui->editY, L"Y");
+    surveillerNombre(*m_ui->editZ, L"Z");
     connect(m_ui->boutonDesigner, &QPushButton::clicked, this, [this] { designer(); });
     connect(m_ui->boutonEnregistrer, &QPushButton::clicked, this, [this] { enregistrer(); });
     connect(m_ui->boutonSupprimer, &QPushButton::clicked, this, [this] { supprimer(); });
@@ -160,8 +164,8 @@ void CformulaireXYZ::designer()
     ads_point designe;
     if (saisirDansDessin([&] { return acedGetPoint(nullptr, L"\nPosition du point", designe); }) != RTNORM)
         return;
-    m_ui->editX->setText(texteCoordonnee(designe[0]));
-    m_ui->editY->setText(texteCoordonnee(designe[1]));
+    m_ui->editX->setText(texteDesigne(designe[0]));
+    m_ui->editY->setText(texteDesigne(designe[1]));
 }
 
 std::optional<pointDuDessin> CformulaireXYZ::saisi() const

@@ -4,6 +4,7 @@
 #include "implantation/pointsDuProjet.h"
 #include "implantation/terrainDuDessin.h"
 #include "implantation/travailImplantation.h"
+#include "points/nomsDoubles.h"
 #include "points/numeroteur.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
@@ -23,6 +24,7 @@ int implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, param
         return 0;
     const CAcadUndoGroup groupe;
     const auto sol = terrainDuDessin();
+    const int avant = table->nbPoint();
     for (const double longueur : longueurs) {
         const point2 place = a.pointA(longueur);
         double z = a.altitudeA(longueur);
@@ -35,6 +37,7 @@ int implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, param
         table->Ajouter(point);
         travail.ajouterPoint(lieuDe(point));
     }
+    direNomsDoubles(*table, avant);
     if (parametres.prefixeSuivant) {
         parametres.noms.prefixe = lettresSuivantes(parametres.noms.prefixe);
         parametres.noms.numero = 1;

@@ -1,7 +1,13 @@
 #include "services/dialogueChamps.h"
 
+#include <QAction>
+#include <QPalette>
+#include <QStyle>
+#include <QToolTip>
+
 #include "services/dialogueMessage.h"
 #include "services/reelDeTexte.h"
+#include "services/variablesHote.h"
 
 namespace {
 
@@ -15,7 +21,44 @@ QString borne(double valeur)
     return texte;
 }
 
+constexpr char signe[] = "signeNombre";
+
+void direNombre(QLineEdit& champ, QAction& faute, const std::wstring& nomme)
+{
+    const QString texte = champ.text().trimmed();
+    const QString remarque =
+        texte.isEmpty() ? QString() : QString::fromStdWString(remarqueNombre(nomme, texte.toStdWString()));
+    faute.setVisible(!remarque.isEmpty());
+    faute.setToolTip(remarque);
+    champ.setToolTip(remarque);
+    QPalette couleurs;
+    if (!remarque.isEmpty())
+        couleurs.setColor(QPalette::Text, Qt::red);
+    champ.setPalette(couleurs);
+    if (!remarque.isEmpty() && champ.hasFocus())
+        QToolTip::showText(champ.mapToGlobal(QPoint(0, champ.height())), remarque, &champ);
+}
+
 } // namespace
+
+void surveillerNombre(QLineEdit& champ, const wchar_t* nomme)
+{
+    if (champ.findChild<QAction*>(signe))
+        return;
+    auto* const faute =
+        champ.addAction(champ.style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+    faute->setObjectName(signe);
+    const auto dire = [&champ, faute, nom = std::wstring(nomme)] { direNombre(champ, *faute, nom); };
+    QObject::connect(&champ, &QLineEdit::textChanged, faute, dire);
+    dire();
+}
+
+QString texteDesigne(double coordonnee)
+{
+    int decimales = 4;
+    lireVariable(L"LUPREC", decimales);
+    return QString::number(coordonnee, 'f', decimales);
+}
 
 bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double min, double max)
 {
@@ -27,6 +70,7 @@ bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double mi
         valeur = lue;
         return true;
     }
+    surveillerNombre(champ, nomme);
     avertirErreur(
         bornee ? remarque
                : QStringLiteral("Entrez un nombre compris entre %1 et %2.").arg(borne(min), borne(max)).toStdWString());

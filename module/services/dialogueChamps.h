@@ -6,4 +6,12 @@
 
 /// Reads a field. One that is not wholly a number, or out of bounds, is told in a message box ("la distance" is what
 /// the sentence calls it), and gets the focus. @return false then, with `valeur` as it was.
+/// From then on the field tells by itself what is wrong with it: see surveillerNombre.
 bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double min = -1e36, double max = 1e36);
+
+/// As long as the text of a field is not wholly a number ("217,63"), a sign stands in the field, which turns red, and
+/// its tooltip says why. A blank field is no fault. Asking twice is as asking once.
+void surveillerNombre(QLineEdit& champ, const wchar_t* nomme);
+
+/// A coordinate picked in the drawing, with as many decimals as the drawing shows (LUPREC).
+QString texteDesigne(double coordonnee);

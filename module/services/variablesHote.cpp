@@ -21,6 +21,15 @@ bool lireVariable(const wchar_t* nom, double& valeur)
     return true;
 }
 
+bool lireVariable(const wchar_t* nom, int& valeur)
+{
+    resbuf lue{};
+    if (acedGetVar(nom, &lue) != RTNORM || lue.restype != RTSHORT)
+        return false;
+    valeur = lue.resval.rint;
+    return true;
+}
+
 bool lireVariable(const wchar_t* nom, AcGePoint3d& valeur)
 {
     resbuf lue{};

@@ -8,5 +8,6 @@
 /// or of another type.
 bool lireVariable(const wchar_t* nom, std::wstring& valeur);
 bool lireVariable(const wchar_t* nom, double& valeur);
+bool lireVariable(const wchar_t* nom, int& valeur);
 /// A variable of two coordinates leaves z at 0.
 bool lireVariable(const wchar_t* nom, AcGePoint3d& valeur);

@@ -27,11 +27,6 @@ std::optional<point3> vecteurDesigne()
     return point3{vers[0] - de[0], vers[1] - de[1], vers[2] - de[2]};
 }
 
-QString texteDe(double valeur)
-{
-    return QString::number(valeur, 'g', 15);
-}
-
 } // namespace
 
 DlgDeportPoints::DlgDeportPoints(const listePointsDuDessin& laTable) :
@@ -53,9 +48,9 @@ void DlgDeportPoints::preleverVecteur()
     if (!vecteur)
         return;
     m_ui->radioVecteur->setChecked(true);
-    m_ui->editDx->setText(texteDe(vecteur->x));
-    m_ui->editDy->setText(texteDe(vecteur->y));
-    m_ui->editDz->setText(texteDe(vecteur->z));
+    m_ui->editDx->setText(texteDesigne(vecteur->x));
+    m_ui->editDy->setText(texteDesigne(vecteur->y));
+    m_ui->editDz->setText(texteDesigne(vecteur->z));
 }
 
 bool DlgDeportPoints::calculer(const std::vector<pointNomme>& points)

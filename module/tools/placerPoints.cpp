@@ -1,6 +1,7 @@
 #include "tools/placerPoints.h"
 
 #include "points/listePointsDuDessin.h"
+#include "points/nomsDoubles.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
 #include "services/codages.h"
@@ -21,6 +22,7 @@ void creerPoints(listePointsDuDessin& table, std::span<const pointACreer> points
 {
     const CAcadUndoGroup groupe;
     dialogueProgression progression(L"Création des points", static_cast<int>(points.size()));
+    const int avant = table.nbPoint();
     for (const pointACreer& voulu : points) {
         const point3& place = voulu.point.place;
         pointDuDessin point;
@@ -29,6 +31,7 @@ void creerPoints(listePointsDuDessin& table, std::span<const pointACreer> points
         table.Ajouter(point);
         progression.avancer();
     }
+    direNomsDoubles(table, avant);
 }
 
 int deplacerPoints(listePointsDuDessin& table, std::span<const int> positions, std::span<const point3> places)

@@ -4,6 +4,7 @@
 #include <array>
 #include <clocale>
 #include <cstdio>
+#include <QFileDialog>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -13,6 +14,7 @@
 #include "lisp/LispHooks.h"
 #include "rx/Console.h"
 #include "rx/ExceptionText.h"
+#include "ui/application/FileDialogTexts.h"
 #include "ui/render/DrawingPicture.h"
 
 namespace {
@@ -74,6 +76,9 @@ VelaApplication::~VelaApplication()
 
 bool VelaApplication::notify(QObject* receiver, QEvent* event)
 {
+    if (event->type() == QEvent::Polish)
+        if (auto* const files = qobject_cast<QFileDialog*>(receiver))
+            tellFilesInFrench(*files);
     try {
         return QApplication::notify(receiver, event);
     } catch (...) {

@@ -17,6 +17,7 @@
 #include "calculs/reseau/modelesReseau.h"
 #include "calculs/reseau/placerReseau.h"
 #include "calculs/reseau/rapportReseau.h"
+#include "points/nomsDoubles.h"
 #include "points/projetDansDessin.h"
 #include "reports/resultPolygo.h"
 #include "services/dialogueFichier.h"
@@ -235,11 +236,15 @@ void CDlgMoindresCarres::placer()
     if (placement.points && !tableCourante())
         return afficherAvertissement(titreCalculs, L"Le dessin n'a pas de table de points : rien n'est placé.");
     const figurePlane figure = figureDe(m_r, m_resultat, reelDeTexte(m_ui->editEchelle->text().toStdWString()));
+    const listePointsDuDessin* const table = tableCourante();
+    const int avant = table ? table->nbPoint() : 0;
     const int places = placerReseau(m_r, m_resultat, figure, placement);
     std::vector<std::wstring> phrases;
     if (placement.points)
         phrases.push_back(std::to_wstring(places) + L" point(s) placé(s), code " + std::to_wstring(placement.code) +
                           L".");
+    if (std::wstring doubles = table ? phraseNomsDoubles(*table, avant) : std::wstring(); !doubles.empty())
+        phrases.push_back(std::move(doubles));
     if (placement.ellipses)
         phrases.push_back(L"Ellipses et vecteurs agrandis " + QString::number(figure.echelle).toStdWString() +
                           L" fois.");

@@ -249,3 +249,25 @@ TEST_F(DialoguesPolygonales, BearingCalculatorTellsWhatIsNoNumber)
     ecrire(calcul, "editXDirection", "300");
     EXPECT_TRUE(remarques.isHidden());
 }
+
+// A comma was told under the list, by a sentence that the next one replaced.
+TEST_F(DialoguesPolygonales, WhatIsNoNumberIsToldInItsFieldUntilMended)
+{
+    corrPolygoDLG dialogue;
+    auto& angle = *dialogue.findChild<QLineEdit*>("editAngle");
+    auto& x = *dialogue.findChild<QLineEdit*>("editX");
+    const auto faute = [](QLineEdit& champ) {
+        const auto* const signe = champ.findChild<QAction*>("signeNombre");
+        return signe && signe->isVisible() ? signe->toolTip() : QString();
+    };
+    EXPECT_EQ(faute(angle), "");
+    angle.setText("217,63");
+    x.setText("100,5");
+    EXPECT_TRUE(faute(angle).contains("Le séparateur décimal est le point")) << faute(angle).toStdString();
+    presser(dialogue, "Ajouter");
+    EXPECT_FALSE(faute(angle).isEmpty()) << "whatever the summary says meanwhile";
+    EXPECT_FALSE(faute(x).isEmpty());
+    angle.setText("217.63");
+    EXPECT_EQ(faute(angle), "");
+    EXPECT_EQ(angle.toolTip(), "");
+}

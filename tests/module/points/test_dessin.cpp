@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "points/listePointsDuDessin.h"
+#include "points/nomsDoubles.h"
 #include "points/projetDansDessin.h"
 #include "rx/Console.h"
 
@@ -89,6 +90,27 @@ protected:
     const TestFolder dossier;
     const std::wstring cheminLarge = (dossier / "plan.dxf").wstring();
 };
+
+TEST_F(DessinTest, tellsNamesThatSeveralPointsBear)
+{
+    listePointsDuDessin table;
+    const auto ajouter = [&table](const wchar_t* nom) {
+        pointDuDessin point;
+        point.setParams(nom, AcGePoint3d(0, 0, 0), 1);
+        table.Ajouter(point);
+    };
+    for (const wchar_t* const nom : {L"A", L"B", L"C", L"C"})
+        ajouter(nom);
+    EXPECT_EQ(phraseNomsDoubles(table, 4), L"") << "nothing was added";
+    ajouter(L"D");
+    EXPECT_EQ(phraseNomsDoubles(table, 4), L"") << "C was there twice before";
+    ajouter(L"b");
+    EXPECT_EQ(phraseNomsDoubles(table, 4), L"Plusieurs points de la table portent le nom « b ».");
+    for (const wchar_t* const nom : {L"E", L"E", L"F", L"F", L"G", L"G", L"H", L"H", L"I", L"I"})
+        ajouter(nom);
+    EXPECT_EQ(phraseNomsDoubles(table, 4), L"Plusieurs points de la table portent chacun de ces 6 noms : « b », « E », "
+                                           L"« F », « G », « H »...");
+}
 
 TEST_F(DessinTest, storesTheProjectAndFindsItAgain)
 {

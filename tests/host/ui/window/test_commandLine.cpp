@@ -4,6 +4,7 @@
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
 #include "ed/CommandRunner.h"
+#include "ed/CommandStack.h"
 #include "ed/input/CurrentView.h"
 #include "ed/input/PickFirst.h"
 #include "ed/SystemVariables.h"
@@ -14,6 +15,7 @@
 #include "ui/window/MainWindow.h"
 #include "ui/window/PromptText.h"
 
+#include "acedads.h"
 #include "Drawing.h"
 #include "WindowTest.h"
 
@@ -55,6 +57,22 @@ TEST_F(CommandLineTest, clicksAndTextsAnswerACommand)
             EXPECT_EQ(entities(), "AcDbLine AcDbLine AcDbLine");
         },
     });
+}
+
+/// What stands on the line while the command that was answered is at work, or shows a dialog of its own.
+std::function<void()> afterPick;
+
+TEST_F(CommandLineTest, thePromptGoesWithItsAnswer)
+{
+    std::string seen = "?";
+    afterPick = [&] { seen = prompt(); };
+    acedRegCmds->addCommand(L"ESSAI", L"TESTPICK", L"TESTPICK", ACRX_CMD_MODAL, [] {
+        ads_point place;
+        acedGetPoint(nullptr, L"\nPosition du point", place);
+        afterPick();
+    });
+    play({type("testpick"), click(10, 20)});
+    EXPECT_EQ(seen, "");
 }
 
 TEST_F(CommandLineTest, escapeCancelsAndClears)

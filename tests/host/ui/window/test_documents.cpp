@@ -1,10 +1,17 @@
+#include <fstream>
+#include <QDateTime>
+#include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QStyledItemDelegate>
 #include <QTest>
+#include <QTreeView>
 
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
 #include "ed/DrawingChanges.h"
+#include "ed/PlotHook.h"
+#include "ed/SystemVariables.h"
 #include "ui/window/CommandEdit.h"
 #include "ui/window/DocumentTabs.h"
 #include "ui/window/DrawingEdit.h"
@@ -174,6 +181,121 @@ TEST_F(DocumentsTest, placesOfTheWindowAreRemembered)
     window = std::make_unique<MainWindow>();
     EXPECT_EQ(window->size(), QSize(1010, 730));
     EXPECT_EQ(edit().sentLines(), QStringList({QStringLiteral("ligne"), QStringLiteral("1,2")}));
+}
+
+/// The texts of a file dialog's list, as they are painted.
+QStringList listed(const QFileDialog& dialog)
+{
+    const auto* const list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    QStringList texts;
+    for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+        for (int column = 0; column < 4; ++column) {
+            const QModelIndex at = list->model()->index(row, column, list->rootIndex());
+            struct Texts : QStyledItemDelegate {
+                using QStyledItemDelegate::initStyleOption;
+            };
+            QStyleOptionViewItem option;
+            static_cast<const Texts*>(qobject_cast<QStyledItemDelegate*>(list->itemDelegateForIndex(at)))
+                ->initStyleOption(&option, at);
+            texts.append(option.text);
+        }
+    return texts;
+}
+
+TEST_F(DocumentsTest, fileDialogsSpeakFrench)
+{
+    saved("plan.dxf");
+    std::filesystem::create_directory(folder / "levés");
+    std::filesystem::resize_file(folder / "plan.dxf", 2048);
+    windowSettings::setText(L"dossier", QString::fromStdString(folder.string()));
+    play({
+        [] {
+            whenDialog([](QDialog& dialog) {
+                auto& files = dynamic_cast<QFileDialog&>(dialog);
+                QTest::qWaitFor([&files] { return listed(files).size() == 8; });
+                const QStringList texts = listed(files);
+                EXPECT_EQ(texts.value(2), QStringLiteral("Dossier"));
+                EXPECT_EQ(texts.value(4), QStringLiteral("plan.dxf"));
+                EXPECT_EQ(texts.value(5), QStringLiteral("2,0 ko"));
+                EXPECT_EQ(texts.value(6), QStringLiteral("Fichier DXF"));
+                EXPECT_TRUE(QDateTime::fromString(texts.value(7), QStringLiteral("dd/MM/yyyy HH:mm")).isValid());
+                dialog.reject();
+            });
+        },
+        choose("_OPEN"),
+    });
+}
+
+TEST_F(DocumentsTest, plottingRemembersTheSheet)
+{
+    PlotRequest asked;
+    const auto paint = std::exchange(PlotHook::instance().plot, [&asked](AcDbDatabase&, const PlotRequest& request) {
+        asked = request;
+        return std::wstring();
+    });
+    SystemVariables::instance().set(L"FILEDIA", short{0});
+    DocumentList::instance().create();
+    const QString name = QString::fromStdString(title()).section(u'.', 0, 0) + QStringLiteral(".pdf");
+    play({
+        type("TRACEUR"),
+        [&] { EXPECT_NE(prompt().find("<" + name.toStdString() + ">"), std::string::npos) << prompt(); },
+        type("plan.pdf"),
+        type(""),
+        type("A3"),
+        type("Portrait"),
+        type("Plumes"),
+        type("Noir"),
+        type("500"),
+        [&] {
+            EXPECT_TRUE(asked.monochrome);
+            EXPECT_EQ(asked.scale, 2.0);
+            asked = {};
+        },
+        type("TRACEUR"),
+        type("plan.pdf"),
+        type(""),
+        type(""),
+        type(""),
+        [&] { EXPECT_NE(prompt().find("<500>"), std::string::npos) << prompt(); },
+        type(""),
+        [&] {
+            EXPECT_TRUE(asked.monochrome);
+            EXPECT_EQ(asked.scale, 2.0);
+            EXPECT_EQ(asked.paperHeight, 420.0) << "A3, upright";
+        },
+    });
+    SystemVariables::instance().set(L"FILEDIA", short{1});
+    PlotHook::instance().plot = paint;
+}
+
+TEST_F(DocumentsTest, whatCannotBeOpenedIsToldInABox)
+{
+    const std::string damaged = (folder / "abime.dxf").string();
+    std::ofstream(damaged) << "0\nSECTION\n2\nENTITIES\nx\n";
+    std::string told;
+    play({
+        [&] {
+            whenDialog([&](QDialog& dialog) {
+                told = dynamic_cast<QMessageBox&>(dialog).text().toStdString();
+                EXPECT_EQ(dialog.objectName(), QStringLiteral("echecFichier"));
+                press(dialog, "OK");
+            });
+            EXPECT_FALSE(window->files().open(QString::fromStdString(damaged)));
+        },
+        [&] { EXPECT_NE(told.find("abime.dxf"), std::string::npos) << told; },
+        [&] {
+            DocumentList::instance().create();
+            whenDialog([&](QDialog& dialog) {
+                told = dynamic_cast<QMessageBox&>(dialog).text().toStdString();
+                press(dialog, "OK");
+            });
+            SystemVariables::instance().set(L"FILEDIA", short{0});
+        },
+        type("_SAVEAS"),
+        type((folder / "absent/plan.dxf").c_str()),
+        [&] { EXPECT_NE(told.find("absent"), std::string::npos) << told; },
+    });
+    SystemVariables::instance().set(L"FILEDIA", short{1});
 }
 
 } // namespace
