@@ -41,7 +41,7 @@ std::wstring phraseNomsDoubles(const listePointsDuDessin& table, int premier)
     if (doubles.empty())
         return {};
     if (doubles.size() > cites)
-        liste += L"...";
+        liste += L", etc";
     return doubles.size() == 1 ? L"Plusieurs points de la table portent le nom " + liste + L"."
                                : L"Plusieurs points de la table portent chacun de ces " +
                                      std::to_wstring(doubles.size()) + L" noms : " + liste + L".";

@@ -212,7 +212,7 @@ TEST_F(DocumentsTest, fileDialogsSpeakFrench)
         [] {
             whenDialog([](QDialog& dialog) {
                 auto& files = dynamic_cast<QFileDialog&>(dialog);
-                QTest::qWaitFor([&files] { return listed(files).size() == 8; });
+                EXPECT_TRUE(QTest::qWaitFor([&files] { return listed(files).size() >= 8; }));
                 const QStringList texts = listed(files);
                 EXPECT_EQ(texts.value(2), QStringLiteral("Dossier"));
                 EXPECT_EQ(texts.value(4), QStringLiteral("plan.dxf"));
@@ -271,7 +271,7 @@ TEST_F(DocumentsTest, plottingRemembersTheSheet)
 TEST_F(DocumentsTest, whatCannotBeOpenedIsToldInABox)
 {
     const std::string damaged = (folder / "abime.dxf").string();
-    std::ofstream(damaged) << "0\nSECTION\n2\nENTITIES\nx\n";
+    std::ofstream(damaged) << "ceci n'est pas un dessin\n";
     std::string told;
     play({
         [&] {
