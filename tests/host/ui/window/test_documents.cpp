@@ -4,11 +4,13 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QStyledItemDelegate>
+#include <QTabBar>
 #include <QTest>
 #include <QTreeView>
 
 #include "ap/DocumentList.h"
 #include "db/DatabaseImpl.h"
+#include "db/Layouts.h"
 #include "ed/DrawingChanges.h"
 #include "ed/PlotHook.h"
 #include "ed/SystemVariables.h"
@@ -19,6 +21,7 @@
 #include "ui/window/MainWindow.h"
 #include "ui/window/WindowSettings.h"
 
+#include "Drawing.h"
 #include "WindowTest.h"
 
 /// Drawings in tabs, their files, and the questions before they close.
@@ -296,6 +299,39 @@ TEST_F(DocumentsTest, whatCannotBeOpenedIsToldInABox)
         [&] { EXPECT_NE(told.find("absent"), std::string::npos) << told; },
     });
     SystemVariables::instance().set(L"FILEDIA", short{1});
+}
+
+TEST_F(DocumentsTest, layoutsThatHoldSomethingHaveTabs)
+{
+    auto& layouts = child<QTabBar>("presentations");
+    auto& paper = child<QWidget>("presentation");
+    play({
+        choose("_NEW"),
+        [&] { EXPECT_TRUE(layouts.isHidden()) << "every drawing has a paper space"; },
+        [&] {
+            AcDbDatabase& database = *document().database();
+            addEntity(layoutBlocks(database)[1], new AcDbCircle({100, 100, 0}, {0, 0, 1}, 50));
+            ASSERT_EQ(DocumentList::instance().saveAs(document(), path("folio.dxf").toStdWString()), std::nullopt);
+            DocumentList::instance().close(document());
+            ASSERT_TRUE(window->files().open(path("folio.dxf")));
+        },
+        [&] {
+            ASSERT_EQ(layouts.count(), 2);
+            EXPECT_EQ(layouts.tabText(0), QStringLiteral("Objet"));
+            EXPECT_TRUE(layouts.isVisible());
+            layouts.setCurrentIndex(1);
+        },
+        [&] {
+            EXPECT_TRUE(paper.isVisible() && !child<QWidget>("canevas").isVisible());
+            const QImage seen = paper.grab().toImage();
+            int inked = 0; // on a line through the middle of the circle
+            for (int x = 0; x < seen.width(); ++x)
+                inked += seen.pixelColor(x, seen.height() / 2) != seen.pixelColor(1, 1);
+            EXPECT_GE(inked, 2);
+            layouts.setCurrentIndex(0);
+            EXPECT_TRUE(child<QWidget>("canevas").isVisible()) << "commands draw there";
+        },
+    });
 }
 
 } // namespace
