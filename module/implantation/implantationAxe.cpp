@@ -30,6 +30,9 @@ int implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, param
         double z = a.altitudeA(longueur);
         if (z == inconnu && sol)
             sol->altitude(place, z);
+        int deja = -1;
+        while (table->existPoint(parametres.noms.nom().c_str(), deja)) // a survey has one point of a name
+            ++parametres.noms.numero;
         pointDuDessin point;
         point.setParams(parametres.noms.nom().c_str(), {place.x, place.y, z}, parametres.code);
         ++parametres.noms.numero;

@@ -117,19 +117,34 @@ observationMiseEnStation* travailImplantation::station(identifiantImplantation i
     return trouvee == stations.end() ? nullptr : trouvee->get();
 }
 
+bool travailImplantation::nomConnu(const std::wstring& nom)
+{
+    if (m_nommes != points.size()) { // some were removed, or read from the drawing
+        m_noms.clear();
+        for (const pointDuTravail& p : points)
+            m_noms.insert(p.nom);
+        m_nommes = points.size();
+    }
+    return m_noms.contains(nom);
+}
+
 bool travailImplantation::ajouterPoint(const lieuNomme& lieu)
 {
-    if (std::ranges::any_of(points, [&](const pointDuTravail& p) { return memePoint(p, lieu); }))
+    if (nomConnu(lieu.nom) && std::ranges::any_of(points, [&](const pointDuTravail& p) { return memePoint(p, lieu); }))
         return false;
     pointDuTravail point;
     static_cast<lieuNomme&>(point) = lieu;
     point.identifiant = nouvelIdentifiant();
     points.push_back(std::move(point));
+    m_noms.insert(lieu.nom);
+    m_nommes = points.size();
     return true;
 }
 
 std::wstring travailImplantation::nomLibre()
 {
+    while (nomConnu(numerotation.nom()))
+        ++numerotation.numero;
     const std::wstring nom = numerotation.nom();
     ++numerotation.numero;
     return nom;

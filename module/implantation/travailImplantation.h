@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "implantation/numerotationImplantation.h"
@@ -37,7 +39,7 @@ public:
 
     /// Appends a point, unless one of that name stands at that place (1e-4). @return whether it was
     bool ajouterPoint(const lieuNomme& lieu);
-    /// The next name of a free point.
+    /// The next name of a free point, that none in the job has.
     std::wstring nomLibre();
     void enlever(const positions& choisis);
 
@@ -75,4 +77,11 @@ public:
     void effacerApercu();
     /// Everything that was only shown goes, the setups too.
     void effacerTout();
+
+private:
+    /// Whether a point of the job may have that name: lists are long, and most points are new.
+    bool nomConnu(const std::wstring& nom);
+
+    std::unordered_set<std::wstring> m_noms;
+    std::size_t m_nommes = 0; ///< how many points there were when the names were taken
 };
