@@ -89,8 +89,9 @@ TEST_F(PlacementTest, StoppedHalfwayLeavesTableAndDrawingAgreeing)
     EXPECT_FALSE(placerPoints(table, places, observations).arrete) << "the rest is drawn";
     annulerBientot();
     const bilanReleve releve = releverSymboles(table);
-    if (releve.arrete)
+    if (releve.arrete) {
         EXPECT_EQ(releve.lus, 0);
+    }
     EXPECT_EQ(table.nbPoint(), nombre);
     EXPECT_EQ(dessines(), nombre);
 }
