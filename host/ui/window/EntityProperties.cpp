@@ -94,7 +94,7 @@ void addVertices(AcDbObjectId id, const AcDbPolyline& polyline, std::vector<Enti
         for (const auto& [axis, member] : {std::pair{"X", &AcGePoint2d::x}, {"Y", &AcGePoint2d::y}})
             addVertexRow(
                 id, i, axis, place.*member,
-                [i, member](AcDbEntity& entity, double value) {
+                [i, member = member](AcDbEntity& entity, double value) {
                     auto& own = static_cast<AcDbPolyline&>(entity);
                     AcGePoint2d moved;
                     const Acad::ErrorStatus status = own.getPointAt(i, moved);
@@ -121,7 +121,7 @@ void addVertices(const AcDbVertexCurve& polyline, std::vector<EntityProperty>& p
                 continue;
             addVertexRow(
                 at->objectId(), i, axis, place.*member,
-                [member](AcDbEntity& entity, double value) {
+                [member = member](AcDbEntity& entity, double value) {
                     auto& own = static_cast<AcDbVertex&>(entity);
                     AcGePoint3d moved = own.position();
                     moved.*member = value;
