@@ -194,12 +194,11 @@ QStringList listed(const QFileDialog& dialog)
     for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
         for (int column = 0; column < 4; ++column) {
             const QModelIndex at = list->model()->index(row, column, list->rootIndex());
-            struct Texts : QStyledItemDelegate {
-                using QStyledItemDelegate::initStyleOption;
+            struct Texts : QStyledItemDelegate { // where the function is within reach
+                static auto filled() { return &Texts::initStyleOption; }
             };
             QStyleOptionViewItem option;
-            static_cast<const Texts*>(qobject_cast<QStyledItemDelegate*>(list->itemDelegateForIndex(at)))
-                ->initStyleOption(&option, at);
+            (qobject_cast<QStyledItemDelegate*>(list->itemDelegateForIndex(at))->*Texts::filled())(&option, at);
             texts.append(option.text);
         }
     return texts;
