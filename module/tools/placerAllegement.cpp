@@ -5,6 +5,7 @@
 #include <set>
 #include <unordered_set>
 
+#include "codification/parcoursBloc.h"
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
@@ -163,16 +164,9 @@ public:
     void faire()
     {
         const AcDbObjectPointer<AcDbBlockTableRecord> espace(espaceObjetDuDessin());
-        AcDbBlockTableRecordIterator* entites = nullptr;
-        if (espace.openStatus() != Acad::eOk || espace->newIterator(entites) != Acad::eOk)
+        if (espace.openStatus() != Acad::eOk)
             return;
-        const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
-        for (AcDbObjectId id; !it->done(); it->step()) {
-            it->getEntityId(id);
-            const AcDbObjectPointer<AcDbEntity> entite(id);
-            if (entite.openStatus() == Acad::eOk)
-                voir(*entite.object());
-        }
+        pourChaqueEntite(*espace.object(), [this](const AcDbEntity& entite) { voir(entite); });
         if (m_options.sommets)
             allegerLignes();
         if (m_options.segments)
