@@ -1,3 +1,4 @@
+// Stays whole: the events of one widget, and the state that each of them shares with the others.
 #include "ui/window/Canvas.h"
 
 #include <algorithm>
