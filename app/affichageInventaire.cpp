@@ -9,11 +9,12 @@ using cote = tableTexte::cote;
 
 namespace {
 
-constexpr int decimales = 3;
+constexpr int decimalesEtendue = 3;
 
 std::string pointTexte(const AcGePoint3d& p)
 {
-    return nombreTexte(p.x, decimales) + " ; " + nombreTexte(p.y, decimales) + " ; " + nombreTexte(p.z, decimales);
+    return nombreTexte(p.x, decimalesEtendue) + " ; " + nombreTexte(p.y, decimalesEtendue) + " ; " +
+           nombreTexte(p.z, decimalesEtendue);
 }
 
 std::string etendueTexte(const std::optional<AcDbExtents>& etendue, const char* sansElle)

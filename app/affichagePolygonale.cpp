@@ -55,11 +55,6 @@ void afficherStations(const cheminement& c)
 
 using objetJson = nlohmann::ordered_json;
 
-objetJson fichierJson(const std::string& nom)
-{
-    return nom.empty() ? objetJson(nullptr) : objetJson(nom);
-}
-
 objetJson stationConnueJson(const stationPolygonale& s)
 {
     return {{"nom", utf8FromWide(s.nom)},

@@ -145,11 +145,6 @@ void afficherSuspects(const traitementReseau& t)
         std::cout << "  " << utf8FromWide(phraseSuspect(t.r, s)) << '\n';
 }
 
-objetJson fichierJson(const std::string& nom)
-{
-    return nom.empty() ? objetJson(nullptr) : objetJson(nom);
-}
-
 } // namespace
 
 void afficherTexte(const demandeReseau& demande, const traitementReseau& t)

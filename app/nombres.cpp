@@ -23,6 +23,11 @@ nlohmann::ordered_json nombreJson(double valeur)
                                                        : nlohmann::ordered_json(valeur);
 }
 
+nlohmann::ordered_json fichierJson(const std::string& nom)
+{
+    return nom.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(nom);
+}
+
 void ecrireJson(const nlohmann::ordered_json& json)
 {
     std::cout << json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';

@@ -16,15 +16,15 @@
 
 namespace {
 
-using phrases = std::vector<std::wstring>;
+using listePhrases = std::vector<std::wstring>;
 
-void signalerCellule(std::size_t ligne, const wchar_t* colonne, const std::wstring& cellule, phrases& resultat)
+void signalerCellule(std::size_t ligne, const wchar_t* colonne, const std::wstring& cellule, listePhrases& resultat)
 {
     if (const std::wstring remarque = remarqueNombre(colonne, cellule); !remarque.empty())
         resultat.push_back(L"Ligne " + std::to_wstring(ligne) + L" : " + remarque);
 }
 
-void signalerDistances(const cheminement& c, phrases& resultat)
+void signalerDistances(const cheminement& c, listePhrases& resultat)
 {
     const auto douteuse = [](const cotePolygonale& cote) { return !(cote.observation.distance > 0.0); };
     const auto premiere = std::find_if(c.cotes.begin(), c.cotes.end(), douteuse);
@@ -36,7 +36,7 @@ void signalerDistances(const cheminement& c, phrases& resultat)
                        L").");
 }
 
-void signalerSommes(const cheminement& c, phrases& resultat)
+void signalerSommes(const cheminement& c, listePhrases& resultat)
 {
     if (c.longueur == 0.0)
         resultat.push_back(L"La longueur totale des côtés est nulle : la fermeture ne peut pas être répartie.");
@@ -45,7 +45,7 @@ void signalerSommes(const cheminement& c, phrases& resultat)
                            L"pas être répartie selon les distances.");
 }
 
-void signalerResultats(const cheminement& c, phrases& resultat)
+void signalerResultats(const cheminement& c, listePhrases& resultat)
 {
     const auto tous = [&c](auto condition) {
         return std::all_of(c.stations.begin(), c.stations.end(), [&](const stationCorrigee& s) {
@@ -65,7 +65,7 @@ struct finAttendue {
     const wchar_t* suite; ///< what the sentence ends with
 };
 
-void signalerFin(const cheminement& c, const finAttendue& fin, phrases& resultat)
+void signalerFin(const cheminement& c, const finAttendue& fin, listePhrases& resultat)
 {
     const std::wstring attendue = fin.nom.substr(0, longueurNomStation);
     const std::wstring& atteinte = c.cotes.back().observation.nom;
@@ -74,9 +74,9 @@ void signalerFin(const cheminement& c, const finAttendue& fin, phrases& resultat
                            cite(attendue) + L" : " + fin.suite);
 }
 
-phrases avertissements(const cheminement& c, const finAttendue& fin, const std::wstring& conseil)
+listePhrases avertissements(const cheminement& c, const finAttendue& fin, const std::wstring& conseil)
 {
-    phrases resultat;
+    listePhrases resultat;
     signalerFin(c, fin, resultat);
     signalerDistances(c, resultat);
     signalerSommes(c, resultat);
@@ -92,7 +92,7 @@ phrases avertissements(const cheminement& c, const finAttendue& fin, const std::
 
 std::vector<std::wstring> avertissementsObservations(const std::vector<ligneObservation>& lignes)
 {
-    phrases resultat;
+    listePhrases resultat;
     for (std::size_t i = 0; i < lignes.size(); ++i) {
         signalerCellule(i + 1, L"l'angle", lignes[i].angle, resultat);
         signalerCellule(i + 1, L"la distance", lignes[i].distance, resultat);
@@ -132,7 +132,7 @@ std::vector<std::wstring> avertissementsPolygonale(const resultatPolygonaleOuver
 std::vector<std::wstring> avertissementsNoms(const std::vector<std::wstring>& noms, std::size_t longueur,
                                              const std::wstring& ou)
 {
-    phrases resultat;
+    listePhrases resultat;
     std::set<std::wstring> vus;
     std::map<std::string, std::wstring> tenus; // the first name that is kept so
     for (const std::wstring& nom : noms) {

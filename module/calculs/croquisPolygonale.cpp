@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr double marge = 18.0; // pixels
+constexpr double margeCroquis = 18.0; // pixels
 
 bool dessinable(const tracePolygonale& trace)
 {
@@ -54,8 +54,8 @@ void croquisPolygonale::paintEvent(QPaintEvent*)
     QRectF monde = etendue(*traces.front().first);
     for (const auto& [trace, couleur] : traces)
         monde = monde.united(etendue(*trace));
-    const double taille = std::max({monde.width() / std::max(1.0, width() - 2 * marge),
-                                    monde.height() / std::max(1.0, height() - 2 * marge), 1e-9});
+    const double taille = std::max({monde.width() / std::max(1.0, width() - 2 * margeCroquis),
+                                    monde.height() / std::max(1.0, height() - 2 * margeCroquis), 1e-9});
     const auto place = [&](const tracePolygonale::sommet& s) {
         return QPointF(width() / 2.0 + (s.x - monde.center().x()) / taille,
                        height() / 2.0 - (s.y - monde.center().y()) / taille);

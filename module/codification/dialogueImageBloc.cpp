@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int cote = 64;                    // pixels
+constexpr int coteImage = 64;               // pixels
 constexpr double marge = 4.0;               // pixels
 constexpr qint64 plusGrosFichier = 1 << 18; // bytes: a symbol has some thousands, a plan is not read for a picture
 
@@ -25,16 +25,16 @@ QPolygonF polygone(const dessinBloc::trace& trace)
 
 QPixmap peindre(const dessinBloc& dessin)
 {
-    QPixmap image(cote, cote);
+    QPixmap image(coteImage, coteImage);
     image.fill(Qt::transparent);
     QRectF monde;
     for (const auto* const traces : {&dessin.lignes, &dessin.aplats})
         for (const dessinBloc::trace& trace : *traces)
             monde = monde.united(polygone(trace).boundingRect().adjusted(-1e-9, -1e-9, 1e-9, 1e-9));
-    const double echelle = (cote - 2 * marge) / std::max({monde.width(), monde.height(), 1e-9});
+    const double echelle = (coteImage - 2 * marge) / std::max({monde.width(), monde.height(), 1e-9});
     QPainter peintre(&image);
     peintre.setRenderHint(QPainter::Antialiasing);
-    peintre.translate(cote / 2.0, cote / 2.0);
+    peintre.translate(coteImage / 2.0, coteImage / 2.0);
     peintre.scale(echelle, echelle);
     peintre.translate(-monde.center());
     QPen trait(QGuiApplication::palette().text().color(), 1.5);

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr const wchar_t* filtres =
+constexpr const wchar_t* filtresImport =
     L"Fichiers de points|*.xyz; *.txt; *.csv; *.tsv; *.asc; *.pts; *.dat; *.xml; *.landxml; *.gsi|"
     L"Fichier N° X Y Z (.xyz)|*.xyz|Fichier Texte N° X Y Z (.TXT)|*.txt|"
     L"Colonnes séparées (.csv)|*.csv; *.tsv; *.asc; *.pts; *.dat|LandXML (.xml)|*.xml; *.landxml|"
@@ -45,7 +45,7 @@ std::optional<std::vector<std::wstring>> importerFichierPoints(listePointsDuDess
 {
     demandeFichier demande;
     demande.titre = L"Importer des points";
-    demande.filtres = filtres;
+    demande.filtres = filtresImport;
     const auto fichier = demanderFichierALire(demande);
     const auto lus = fichier ? lireFichier(*fichier) : std::nullopt;
     if (!lus)

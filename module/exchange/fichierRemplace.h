@@ -2,8 +2,9 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <string_view>
+
+#include "services/fichierOuvert.h"
 
 /// What writing a file came to.
 enum class issueEcriture {
@@ -32,14 +33,10 @@ public:
     issueEcriture terminer();
 
 private:
-    struct fermeture {
-        void operator()(std::FILE* f) const { std::fclose(f); }
-    };
-
     void creerACote();
     void abandonner();
 
     std::filesystem::path m_fichier, m_provisoire; // the second empty: in place
-    std::unique_ptr<std::FILE, fermeture> m_ouvert;
+    fichierOuvert m_ouvert;
     bool m_sain = true, m_entame = false;
 };

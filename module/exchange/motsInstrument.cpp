@@ -71,9 +71,9 @@ std::optional<double> metres(const mot& m)
 }
 
 /// One block being read.
-class bloc {
+class blocLu {
 public:
-    bloc(std::string_view ligne, std::size_t numero, pointsLus& lus) : m_ligne(ligne), m_numero(numero), m_lus(lus)
+    blocLu(std::string_view ligne, std::size_t numero, pointsLus& lus) : m_ligne(ligne), m_numero(numero), m_lus(lus)
     {
         m_point.code = lus.codeAbsent;
     }
@@ -172,7 +172,7 @@ void lecteurInstrument::lire(sourceOctets& source, pointsLus& lus) const
         if (lignes.coupee())
             lus.ecarter(lignes.numero(), depuisAnsi(ligne), L"ligne trop longue pour un bloc.");
         else if (ligne.find_first_not_of(" \t\x1A") != std::string_view::npos) // some end with a control character
-            bloc(ligne, lignes.numero(), lus).lire();
+            blocLu(ligne, lignes.numero(), lus).lire();
         lignes.passerReste();
     }
 }

@@ -3,9 +3,10 @@
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <string_view>
+
+#include "services/fichierOuvert.h"
 
 /// Where a reader of point files takes its bytes, in order and once. Files are never held whole: their size has no
 /// bound.
@@ -55,13 +56,9 @@ public:
     std::size_t resteEstime() const override;
 
 private:
-    struct fermeture {
-        void operator()(std::FILE* f) const { std::fclose(f); }
-    };
-
     std::size_t lireSuite(char* cible, std::size_t taille) override;
 
-    std::unique_ptr<std::FILE, fermeture> m_fichier;
+    fichierOuvert m_fichier;
 };
 
 /// A text in UTF-16, given in UTF-8. Halves of characters that stand alone become "?".

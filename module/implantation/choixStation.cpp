@@ -5,25 +5,15 @@
 #include "implantation/pointsDuProjet.h"
 #include "points/altitudeDuSol.h"
 #include "services/lettres.h"
+#include "services/motSaisi.h"
 #include "services/selection.h"
 
 #include "aced.h"
-#include "acutmem.h"
 #include "dbads.h"
 
 namespace {
 
 constexpr double versLeNord = 10000.0; // where the reference of a setup on the north stands
-
-std::wstring motSaisi()
-{
-    ACHAR* texte = nullptr;
-    if (acedGetFullInput(texte) != RTNORM || !texte)
-        return {};
-    const std::wstring mot = texte;
-    acutDelString(texte);
-    return mot;
-}
 
 bool memeMot(const std::wstring& a, const std::wstring& b)
 {

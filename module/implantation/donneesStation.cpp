@@ -11,11 +11,9 @@
 namespace {
 
 constexpr double tour = 2.0 * std::numbers::pi;
-constexpr int decimales = 4;
-
 std::string nombre(double valeur)
 {
-    return nombreFixe(valeur, decimales);
+    return nombreFixe(valeur, decimalesImplantation);
 }
 
 /// The same in a wide text: digits, sign and period only.

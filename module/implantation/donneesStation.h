@@ -14,6 +14,9 @@ struct lieuNomme {
     point2 plan() const { return {x, y}; }
 };
 
+/// Of the coordinates, lengths and angles in grades that the job writes.
+constexpr int decimalesImplantation = 4;
+
 /// Whether two places are one, seen from above, as points of the tables are compared: within 1e-4.
 bool memePlace(const lieuNomme& a, const lieuNomme& b);
 

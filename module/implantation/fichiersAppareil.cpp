@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int decimales = 4;
-
 /// A cell that holds a separator, a quote or a line break stands between quotes, its own doubled.
 std::string cellule(const std::wstring& texte)
 {
@@ -23,19 +21,19 @@ std::string cellule(const std::wstring& texte)
     return entre + '"';
 }
 
-std::string nombre(double valeur)
+std::string nombreOuVide(double valeur)
 {
-    return valeur == inconnu ? std::string() : nombreFixe(valeur, decimales);
+    return valeur == inconnu ? std::string() : nombreFixe(valeur, decimalesImplantation);
 }
 
 std::string place(const lieuNomme& lieu)
 {
-    return cellule(lieu.nom) + ";" + nombre(lieu.x) + ";" + nombre(lieu.y) + ";" + nombre(lieu.z);
+    return cellule(lieu.nom) + ";" + nombreOuVide(lieu.x) + ";" + nombreOuVide(lieu.y) + ";" + nombreOuVide(lieu.z);
 }
 
 std::string angleEnGrades(const donneesStation& station, const pointImplante& p)
 {
-    return nombre(enGrades(angleVers(station, p.x, p.y)));
+    return nombreOuVide(enGrades(angleVers(station, p.x, p.y)));
 }
 
 /// One block of coordinate words.
@@ -129,8 +127,9 @@ std::string colonnesImplantation(const resultatImplantation& resultat)
         texte += "S;" + place(b.station.station) + ";;" + cellule(texteReference(b.station)) + ";;;;\n";
         for (const pointImplante& p : b.points)
             texte += "P;" + place(p) + ";" + cellule(b.station.station.nom) + ";" + cellule(texteReference(b.station)) +
-                     ";" + angleEnGrades(b.station, p) + ";" + nombre(distanceVers(b.station, p.x, p.y)) + ";" +
-                     nombre(distanceSuivantPente(b.station, p)) + ";" + nombre(deniveleeVers(b.station, p)) + "\n";
+                     ";" + angleEnGrades(b.station, p) + ";" + nombreOuVide(distanceVers(b.station, p.x, p.y)) + ";" +
+                     nombreOuVide(distanceSuivantPente(b.station, p)) + ";" +
+                     nombreOuVide(deniveleeVers(b.station, p)) + "\n";
     }
     for (const pointImplante& p : resultat.sansStation)
         texte += "P;" + place(p) + ";;;;;;\n";

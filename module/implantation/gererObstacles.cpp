@@ -5,10 +5,10 @@
 #include <cwchar>
 
 #include "services/lettres.h"
+#include "services/motSaisi.h"
 #include "services/selection.h"
 
 #include "aced.h"
-#include "acutmem.h"
 #include "dbads.h"
 #include "dbcurve.h"
 #include "dbents.h"
@@ -26,16 +26,6 @@ obstacleCourant& courant()
 {
     static obstacleCourant c;
     return c;
-}
-
-std::wstring motSaisi()
-{
-    ACHAR* texte = nullptr;
-    if (acedGetFullInput(texte) != RTNORM || !texte)
-        return {};
-    std::wstring mot = enMinuscules(texte);
-    acutDelString(texte);
-    return mot;
 }
 
 std::wstring invite(const wchar_t* forme, double valeur)
@@ -216,7 +206,7 @@ void annuler(travailImplantation& travail)
     if (statut != RTKWORD)
         return;
     std::vector<AcDbObjectId> ids;
-    if (motSaisi() == L"tous") {
+    if (enMinuscules(motSaisi()) == L"tous") {
         for (const auto& obstacle : travail.obstacles)
             ids.push_back(obstacle->id);
     } else {
@@ -265,7 +255,7 @@ void gererObstacles(travailImplantation& travail)
         double hauteur = courant().hauteur;
         const int statut = demander(hauteur);
         if (statut == RTKWORD) {
-            s = suivreMot(travail, motSaisi());
+            s = suivreMot(travail, enMinuscules(motSaisi()));
         } else if (statut == RTNORM || statut == RTNONE) {
             if (statut == RTNORM)
                 courant().hauteur = hauteur;

@@ -5,10 +5,9 @@
 
 namespace {
 
-constexpr int decimales = 4;
 constexpr int decimalesHauteur = 2;
 
-std::wstring texte(double valeur, int nombreDecimales = decimales)
+std::wstring texte(double valeur, int nombreDecimales = decimalesImplantation)
 {
     return valeur == inconnu ? std::wstring() : depuisAnsi(nombreFixe(valeur, nombreDecimales));
 }

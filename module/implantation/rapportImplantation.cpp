@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int decimales = 4;
 constexpr int largeurPlan = 480;   // pixels
 constexpr double cotePlan = 100.0; // of the small plan, before it is scaled to pixels
 constexpr char celluleEnTete[] = "class=celgris align=center";
@@ -30,7 +29,7 @@ htmlTable tableau(std::initializer_list<std::wstring_view> enTetes)
 
 void ajouterNombre(htmlTable& table, double valeur)
 {
-    table.addCell(valeur == inconnu ? celluleVide : nombreFixe(valeur, decimales), celluleNombre);
+    table.addCell(valeur == inconnu ? celluleVide : nombreFixe(valeur, decimalesImplantation), celluleNombre);
 }
 
 void ajouterCellule(htmlTable& table, const std::wstring& texte, const char* classe)
@@ -42,8 +41,9 @@ void rapporterBloc(const blocStation& bloc, const resultatImplantation& resultat
                    htmlDocument& document)
 {
     const lieuNomme& s = bloc.station.station;
-    ajouterTexte(document, "Station: <b>" + htmlEscaped(versAnsi(s.nom)) + "</b>  (X=" + nombreFixe(s.x, decimales) +
-                               "Y=" + nombreFixe(s.y, decimales) + ")");
+    ajouterTexte(document, "Station: <b>" + htmlEscaped(versAnsi(s.nom)) +
+                               "</b>  (X=" + nombreFixe(s.x, decimalesImplantation) +
+                               "Y=" + nombreFixe(s.y, decimalesImplantation) + ")");
     ajouterTexte(document, descriptionHtml(bloc.station));
     htmlTable table = tableau({L"Point", L"X", L"Y", L"Z", L"Angle (gr)", L"Distance", L"Distance suivant la pente",
                                L"Dénivelée", L"Visibilité"});

@@ -35,7 +35,7 @@ const char* teinte(int couleur)
     }
 }
 
-std::string nombre(double valeur)
+std::string pixels(double valeur)
 {
     return nombreFixe(valeur, 2);
 }
@@ -49,10 +49,10 @@ std::string svgDe(const dessinPlan& dessin, int largeur)
         return {};
     b = b.elargie(0.08 * std::max({b.xMax - b.xMin, b.yMax - b.yMin, 1e-6})); // texts reach over
     const double echelle = largeur / (b.xMax - b.xMin), hauteur = (b.yMax - b.yMin) * echelle;
-    const auto x = [&](point2 p) { return nombre((p.x - b.xMin) * echelle); };
-    const auto y = [&](point2 p) { return nombre((b.yMax - p.y) * echelle); };
+    const auto x = [&](point2 p) { return pixels((p.x - b.xMin) * echelle); };
+    const auto y = [&](point2 p) { return pixels((b.yMax - p.y) * echelle); };
     std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(largeur) + "\" height=\"" +
-                      nombre(hauteur) + "\" font-family=\"Arial\">\n";
+                      pixels(hauteur) + "\" font-family=\"Arial\">\n";
     const auto ligne = [&](point2 de, point2 vers, int couleur) {
         svg += "<line x1=\"" + x(de) + "\" y1=\"" + y(de) + "\" x2=\"" + x(vers) + "\" y2=\"" + y(vers) +
                "\" stroke=\"" + teinte(couleur) + "\"/>\n";
@@ -68,12 +68,12 @@ std::string svgDe(const dessinPlan& dessin, int largeur)
         svg += "<polygon points=\"" + x(t.coins[0]) + "," + y(t.coins[0]) + " " + x(t.coins[1]) + "," + y(t.coins[1]) +
                " " + x(t.coins[2]) + "," + y(t.coins[2]) + "\" fill=\"" + teinte(t.couleur) + "\"/>\n";
     for (const auto& t : dessin.textes) {
-        svg += "<text x=\"" + x(t.place) + "\" y=\"" + y(t.place) + "\" font-size=\"" + nombre(t.hauteur * echelle) +
+        svg += "<text x=\"" + x(t.place) + "\" y=\"" + y(t.place) + "\" font-size=\"" + pixels(t.hauteur * echelle) +
                "\" fill=\"" + teinte(t.couleur) + "\"";
         if (t.centre)
             svg += " text-anchor=\"middle\"";
         if (t.angle != 0.0)
-            svg += " transform=\"rotate(" + nombre(-t.angle * 180.0 / std::numbers::pi) + " " + x(t.place) + " " +
+            svg += " transform=\"rotate(" + pixels(-t.angle * 180.0 / std::numbers::pi) + " " + x(t.place) + " " +
                    y(t.place) + ")\"";
         svg += ">" + htmlEscaped(versAnsi(t.contenu)) + "</text>\n";
     }

@@ -11,9 +11,7 @@ namespace {
 
 constexpr int couleurSansVerification = 7; // whatever the colour chosen for unchecked points
 constexpr double interligne = 1.5;         // of the height of texts
-constexpr int decimales = 4;
-
-std::wstring nombre(double valeur, int nombreDecimales = decimales)
+std::wstring texteTrace(double valeur, int nombreDecimales = decimalesImplantation)
 {
     return depuisAnsi(nombreFixe(valeur, nombreDecimales));
 }
@@ -76,7 +74,7 @@ void ajouterCoordonnees(dessinPlan& dessin, const pointImplante& point, point2 p
         if ((masque & bit) == 0 || ligne.second == inconnu)
             continue;
         place.y -= interligne * hauteur;
-        dessin.textes.push_back({place, ligne.first + nombre(ligne.second), hauteur, couleur});
+        dessin.textes.push_back({place, ligne.first + texteTrace(ligne.second), hauteur, couleur});
     }
 }
 
@@ -86,10 +84,10 @@ void ajouterMesures(dessinPlan& dessin, const pointImplante& point, const donnee
 {
     std::wstring texte;
     if (masque & masqueDistance)
-        texte = L"d=" + nombre(distanceVers(station, point.x, point.y));
+        texte = L"d=" + texteTrace(distanceVers(station, point.x, point.y));
     const double angle = angleVers(station, point.x, point.y);
     if ((masque & masqueAngle) && angle != inconnu)
-        texte += L" A=" + nombre(enGrades(angle));
+        texte += L" A=" + texteTrace(enGrades(angle));
     if (texte.empty())
         return;
     const point2 de = station.station.plan(), vers = point.plan();
@@ -206,7 +204,7 @@ dessinPlan croquisImplantation(const resultatImplantation& resultat, const regla
             ecrire(colonnes[1], cellules[colAngle], couleur);
             ecrire(colonnes[2], cellules[colDistance], couleur);
             if (denivelee != inconnu)
-                ecrire(colonnes[3], nombre(denivelee, 3), couleur);
+                ecrire(colonnes[3], texteTrace(denivelee, 3), couleur);
             y -= ligne;
         }
         y = std::min(y, haut - cote) - 2.0 * ligne;
@@ -252,8 +250,8 @@ dessinPlan traceCoupe(const coupeVisee& coupe, const pointImplante& point, const
     ecrire(gauche - point2{0.0, 1.5 * h}, station.station.nom, reglages.station, true);
     ecrire(droite - point2{0.0, 1.5 * h}, point.nom, couleur, true);
     ecrire(gauche - point2{0.0, 3.5 * h},
-           L"Base " + nombre(base, 2) + L"  distance " + nombre(coupe.fin.x, 2) + L"  hauteurs x " +
-               nombre(agrandissement, 0),
+           L"Base " + texteTrace(base, 2) + L"  distance " + texteTrace(coupe.fin.x, 2) + L"  hauteurs x " +
+               texteTrace(agrandissement, 0),
            couleurSansVerification, false);
     ecrire(gauche - point2{0.0, 5.5 * h}, phraseVisibilite(point, reglages.hauteur), couleur, false);
     if (point.pire) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdio>
-#include <memory>
 
 #include "points/QuarvelSerializer.h"
+#include "services/fichierOuvert.h"
 
 /// Items in a binary file without header, little-endian. A typed item is a one-byte tag and its payload:
 ///   i  32-bit integer          d  64-bit float          s  16-bit integer
@@ -50,10 +50,6 @@ public:
     int readEnum(int& valeur) override;
 
 private:
-    struct fermeture {
-        void operator()(std::FILE* f) const { std::fclose(f); }
-    };
-
     bool enLecture();
     bool enEcriture();
     bool ecrire(const void* octets, std::size_t longueur);
@@ -64,7 +60,7 @@ private:
     template <class T>
     int lireEtiquete(char etiquette, T& valeur);
 
-    std::unique_ptr<std::FILE, fermeture> fichier;
+    fichierOuvert fichier;
     bool ecriture = false;    // what the stream was last used for
     long positionLecture = 0; // where reading resumes after writing
 };

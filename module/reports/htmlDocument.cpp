@@ -2,25 +2,21 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <memory>
 #include <random>
 #include <string_view>
 #include <system_error>
 
+#include "services/fichierOuvert.h"
+
 namespace {
 
-struct fileCloser {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using filePointer = std::unique_ptr<std::FILE, fileCloser>;
-
-filePointer openFile(const std::filesystem::path& name, const char* mode)
+fichierOuvert openFile(const std::filesystem::path& name, const char* mode)
 {
-    return filePointer(std::fopen(name.string().c_str(), mode));
+    return fichierOuvert(std::fopen(name.string().c_str(), mode));
 }
 
 /// Creates a file that did not exist, so that no two reports and no planted link can share its name.
-filePointer createTemporary(std::filesystem::path& name)
+fichierOuvert createTemporary(std::filesystem::path& name)
 {
     std::error_code noFolder;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(noFolder);
@@ -84,7 +80,7 @@ std::string htmlDocument::text() const
 
 bool htmlDocument::write()
 {
-    filePointer file = m_fileName.empty() ? createTemporary(m_fileName) : openFile(m_fileName, "wb");
+    fichierOuvert file = m_fileName.empty() ? createTemporary(m_fileName) : openFile(m_fileName, "wb");
     if (!file)
         return false;
     bool written = true;

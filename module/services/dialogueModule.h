@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <QDialog>
 #include <QPoint>
 #include <QPointer>
@@ -29,6 +30,15 @@ private:
     };
     std::vector<retire> retires; // the one on top first
 };
+
+/// The widgets of a template, laid in the dialog.
+template <class Ui>
+std::unique_ptr<Ui> disposer(QDialog& dialogue)
+{
+    auto ui = std::make_unique<Ui>();
+    ui->setupUi(&dialogue);
+    return ui;
+}
 
 /// What the dialogs of the module are built on: modal, over the window in front.
 class dialogueModule : public QDialog {

@@ -2,17 +2,13 @@
 
 #include <array>
 #include <cstdio>
-#include <memory>
 #include <random>
+
+#include "services/fichierOuvert.h"
 
 #include "afx.h"
 
 namespace {
-
-struct fermeture {
-    void operator()(std::FILE* f) const { std::fclose(f); }
-};
-using fichierOuvert = std::unique_ptr<std::FILE, fermeture>;
 
 bool ecrire(const wchar_t* chemin, const std::string& octets)
 {

@@ -1,9 +1,9 @@
 #include "services/journaux.h"
 
 #include <cstdio>
-#include <memory>
 
 #include "services/codages.h"
+#include "services/fichierOuvert.h"
 
 #include "afx.h"
 
@@ -11,13 +11,9 @@ namespace {
 
 constexpr char retrait[] = "  ";
 
-struct fermeture {
-    void operator()(std::FILE* f) const { std::fclose(f); }
-};
-
-std::unique_ptr<std::FILE, fermeture> ouvrirEnAjout(const wchar_t* chemin)
+fichierOuvert ouvrirEnAjout(const wchar_t* chemin)
 {
-    return std::unique_ptr<std::FILE, fermeture>(_wfopen(chemin, L"a+t"));
+    return fichierOuvert(_wfopen(chemin, L"a+t"));
 }
 
 } // namespace

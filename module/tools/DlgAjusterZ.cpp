@@ -17,13 +17,6 @@ namespace {
 
 enum modeAltitude { valeurFixe, decalageConstant, pente, lelongDeLigne, texteProche, modeleTerrain };
 
-std::unique_ptr<Ui::DlgAjusterZ> faireUi(QDialog& dialogue)
-{
-    auto ui = std::make_unique<Ui::DlgAjusterZ>();
-    ui->setupUi(&dialogue);
-    return ui;
-}
-
 std::wstring altitude(double z)
 {
     return z == inconnu ? std::wstring() : formaterFixe(z, 3);
@@ -40,7 +33,7 @@ std::vector<double> altitudesDuSol(const std::vector<pointNomme>& points)
 } // namespace
 
 DlgAjusterZ::DlgAjusterZ(listePointsDuDessin& laTable) :
-    m_ui(faireUi(*this)),
+    m_ui(disposer<Ui::DlgAjusterZ>(*this)),
     m_table(laTable),
     m_points(laTable, *m_ui->editPoints, *m_ui->boutonDesignerPoints, *m_ui->labelPointsDesignes),
     m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne),

@@ -12,13 +12,6 @@
 
 namespace {
 
-std::unique_ptr<Ui::DlgAllegerDessin> faireUi(QDialog& dialogue)
-{
-    auto ui = std::make_unique<Ui::DlgAllegerDessin>();
-    ui->setupUi(&dialogue);
-    return ui;
-}
-
 std::array<QCheckBox*, nombreGenresDefinition> casesDefinitions(const Ui::DlgAllegerDessin& ui)
 {
     return {ui.caseBlocs, ui.caseCalques, ui.caseStyles, ui.caseTypesLigne};
@@ -35,7 +28,7 @@ std::wstring enListe(const std::vector<std::wstring>& noms)
 } // namespace
 
 DlgAllegerDessin::DlgAllegerDessin() :
-    m_ui(faireUi(*this)),
+    m_ui(disposer<Ui::DlgAllegerDessin>(*this)),
     m_modele({"Ce qui peut partir", "Lesquels", "Nombre"}, 2, [this](int ligne, int colonne) {
         const compte& c = m_comptes[static_cast<std::size_t>(ligne)];
         return colonne == 0 ? std::wstring(c.quoi) : colonne == 1 ? c.noms : std::to_wstring(c.nombre);

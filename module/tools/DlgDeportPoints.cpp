@@ -11,13 +11,6 @@
 
 namespace {
 
-std::unique_ptr<Ui::DlgDeportPoints> faireUi(QDialog& dialogue)
-{
-    auto ui = std::make_unique<Ui::DlgDeportPoints>();
-    ui->setupUi(&dialogue);
-    return ui;
-}
-
 std::optional<point3> vecteurDesigne()
 {
     ads_point de{}, vers{};
@@ -30,7 +23,7 @@ std::optional<point3> vecteurDesigne()
 } // namespace
 
 DlgDeportPoints::DlgDeportPoints(const listePointsDuDessin& laTable) :
-    m_ui(faireUi(*this)),
+    m_ui(disposer<Ui::DlgDeportPoints>(*this)),
     m_table(laTable),
     m_points(laTable, *m_ui->editPoints, *m_ui->boutonDesignerPoints, *m_ui->labelPointsDesignes),
     m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne)

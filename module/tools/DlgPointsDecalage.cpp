@@ -12,13 +12,6 @@ namespace {
 
 constexpr double pointsAuPlus = 1e6; // a step typed wrong would fill the memory
 
-std::unique_ptr<Ui::DlgPointsDecalage> faireUi(QDialog& dialogue)
-{
-    auto ui = std::make_unique<Ui::DlgPointsDecalage>();
-    ui->setupUi(&dialogue);
-    return ui;
-}
-
 std::wstring observationDe(const pointDecale& p)
 {
     return formaterAbscisse(p.abscisse, 2, 2) + (p.decalage < 0.0 ? L" " : L" +") + formaterFixe(p.decalage, 2);
@@ -27,7 +20,7 @@ std::wstring observationDe(const pointDecale& p)
 } // namespace
 
 DlgPointsDecalage::DlgPointsDecalage(const listePointsDuDessin& table) :
-    m_ui(faireUi(*this)),
+    m_ui(disposer<Ui::DlgPointsDecalage>(*this)),
     m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne, m_ui->editOrigine)
 {
     remplirCodes(*m_ui->comboCode);

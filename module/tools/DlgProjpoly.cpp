@@ -12,13 +12,6 @@
 
 namespace {
 
-std::unique_ptr<Ui::DlgProjpoly> faireUi(QDialog& dialogue)
-{
-    auto ui = std::make_unique<Ui::DlgProjpoly>();
-    ui->setupUi(&dialogue);
-    return ui;
-}
-
 std::wstring nombreConnu(double valeur)
 {
     return valeur == inconnu ? std::wstring() : formaterFixe(valeur, 3);
@@ -49,7 +42,7 @@ std::wstring texteDe(const pointProjete& p, int colonne)
 } // namespace
 
 DlgProjpoly::DlgProjpoly(listePointsDuDessin& laTable) :
-    m_ui(faireUi(*this)),
+    m_ui(disposer<Ui::DlgProjpoly>(*this)),
     m_table(laTable),
     m_points(laTable, *m_ui->editPoints, *m_ui->boutonDesignerPoints, *m_ui->labelPointsDesignes),
     m_ligne(*m_ui->boutonDesignerLigne, *m_ui->labelLigne, m_ui->editOrigine),

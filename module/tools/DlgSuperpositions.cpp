@@ -16,19 +16,8 @@
 
 #include "ui_DlgSuperpositions.h"
 
-namespace {
-
-std::unique_ptr<Ui::DlgSuperpositions> faireUi(QDialog& dialogue)
-{
-    auto ui = std::make_unique<Ui::DlgSuperpositions>();
-    ui->setupUi(&dialogue);
-    return ui;
-}
-
-} // namespace
-
 DlgSuperpositions::DlgSuperpositions(listePointsDuDessin& laTable) :
-    m_ui(faireUi(*this)),
+    m_ui(disposer<Ui::DlgSuperpositions>(*this)),
     m_table(laTable),
     m_modele({"Groupe", "Point", "X", "Y", "Z", "Code", "Observation"}, 2,
              [this](int l, int colonne) { return texte(m_lignes[static_cast<std::size_t>(l)], colonne); })

@@ -20,7 +20,7 @@ constexpr int decimalesMetres = 4;
 /// Across a bearing that is held an ellipse has no width, and nothing can be measured by it.
 constexpr double ellipseLaPlusMince = 0.1 * milli;
 
-std::wstring nombre(double valeur, int decimales)
+std::wstring nombreLarge(double valeur, int decimales)
 {
     return depuisAnsi(nombreFixe(valeur, decimales));
 }
@@ -74,9 +74,10 @@ void celluleMm(htmlTable& table, double metres)
 void rapporterPoids(const comparaisonPolygonale& c, htmlDocument& document)
 {
     paragraphe(document,
-               L"Mêmes observations, avec les écarts-types " + nombre(dmgrUsuels, 0) +
-                   L" dmgr pour un angle ou un gisement, " + nombre(millimetresUsuels, 0) + L" mm + " +
-                   nombre(millimetresParKmUsuels, 0) + L" mm/km pour une distance et " + nombre(deniveleeUsuelle, 0) +
+               L"Mêmes observations, avec les écarts-types " + nombreLarge(dmgrUsuels, 0) +
+                   L" dmgr pour un angle ou un gisement, " + nombreLarge(millimetresUsuels, 0) + L" mm + " +
+                   nombreLarge(millimetresParKmUsuels, 0) + L" mm/km pour une distance et " +
+                   nombreLarge(deniveleeUsuelle, 0) +
                    L" mm par racine de km pour une dénivelée ; les stations connues sont tenues, et le gisement du "
                    L"premier côté d'une polygonale fermée.");
     paragraphe(document, phraseTestGlobal(c.r, c.resultat));
@@ -142,12 +143,12 @@ std::wstring phraseComparaison(const comparaisonPolygonale& c)
         if (!s.connue && estConnue(s.ecart()) && (!plusLoin || s.ecart() > plusLoin->ecart()))
             plusLoin = &s;
     std::wstring phrase = L"Moindres carrés : ";
-    phrase += estConnue(c.resultat.s0) ? L"s0 = " + nombre(c.resultat.s0, 2) : L"aucune redondance";
+    phrase += estConnue(c.resultat.s0) ? L"s0 = " + nombreLarge(c.resultat.s0, 2) : L"aucune redondance";
     if (!plusLoin)
         return phrase + L" ; aucune station à comparer.";
-    return phrase + L" ; le plus grand écart à la polygonale est de " + nombre(plusLoin->ecart() / milli, 1) +
-           L" mm, à la station " + cite(plusLoin->nom) + L" (ellipse " + nombre(plusLoin->ellipse.a / milli, 1) +
-           L" × " + nombre(plusLoin->ellipse.b / milli, 1) + L" mm).";
+    return phrase + L" ; le plus grand écart à la polygonale est de " + nombreLarge(plusLoin->ecart() / milli, 1) +
+           L" mm, à la station " + cite(plusLoin->nom) + L" (ellipse " + nombreLarge(plusLoin->ellipse.a / milli, 1) +
+           L" × " + nombreLarge(plusLoin->ellipse.b / milli, 1) + L" mm).";
 }
 
 void rapporterComparaison(const comparaisonPolygonale& c, htmlDocument& document)

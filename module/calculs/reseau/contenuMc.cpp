@@ -25,7 +25,7 @@ std::string arrondi(double valeur)
     return {tampon, fin};
 }
 
-std::string cite(const std::wstring& texte)
+std::string entreGuillemets(const std::wstring& texte)
 {
     std::string octets = versAnsi(texte);
     std::erase(octets, '"');
@@ -34,7 +34,7 @@ std::string cite(const std::wstring& texte)
 
 std::string nomDe(const reseau& r, int point)
 {
-    return cite(r.points[static_cast<std::size_t>(point)].nom);
+    return entreGuillemets(r.points[static_cast<std::size_t>(point)].nom);
 }
 
 const char* motTenue(tenue t)
@@ -44,7 +44,7 @@ const char* motTenue(tenue t)
 
 void ecrirePoint(const pointReseau& p, std::string& texte)
 {
-    texte += "Point: " + cite(p.nom);
+    texte += "Point: " + entreGuillemets(p.nom);
     if (p.enPlan())
         texte += " X= " + court(p.x) + " Y= " + court(p.y);
     if (estConnue(p.z))
@@ -109,7 +109,7 @@ std::string contenuMc(const reseau& r)
 {
     std::string texte = "* " + versAnsi(L"Réseau à compenser par moindres carrés") + "\n";
     if (!r.titre.empty())
-        texte += "Titre: " + cite(r.titre) + "\n";
+        texte += "Titre: " + entreGuillemets(r.titre) + "\n";
     texte += "Angles: grades\nSigma: " + court(r.sigma) + (r.ecartsAPriori ? " apriori" : "") +
              "\nConfiance: " + court(r.confiance) + "\n";
     texte += versAnsi(L"* Écarts-types sans « e= » : angles en dmgr, longueurs en mm (et mm par km)") + "\n";

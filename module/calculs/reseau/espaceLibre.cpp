@@ -8,7 +8,7 @@ namespace {
 /// More free moves than this are those of points that nothing joins to the rest: they are no question of datum.
 constexpr std::size_t mouvementsEtudies = 200;
 /// A move smaller than this part of the largest is rounding.
-constexpr double partNulle = 1e-7;
+constexpr double resteNul = 1e-7;
 
 double produit(const std::vector<double>& a, const std::vector<double>& b, const std::vector<bool>& ou)
 {
@@ -67,13 +67,13 @@ espaceLibre::espaceLibre(const reseau& r, const systemeReseau& s, bool surAppui)
             for (const std::vector<double>& b : m_base)
                 retrancher(z, produit(z, b, m_appui), b);
         const double reste = std::sqrt(produit(z, z, m_appui));
-        if (reste > partNulle * avant) {
+        if (reste > resteNul * avant) {
             multiplier(z, 1.0 / reste);
             m_base.push_back(std::move(z));
             continue;
         }
         const double taille = plusGrand(z);
-        if (taille > partNulle * avant) {
+        if (taille > resteNul * avant) {
             multiplier(z, 1.0 / taille);
             m_flottements.push_back(std::move(z));
         }
@@ -91,7 +91,7 @@ espaceLibre::espaceLibre(const reseau& r, const systemeReseau& s, bool surAppui)
             if (coordonnee[i])
                 m = std::max(m, std::abs(z[i]));
         for (std::size_t i = 0; i < n; ++i)
-            if (std::abs(z[i]) > partNulle * (coordonnee[i] ? m : 1.0))
+            if (std::abs(z[i]) > resteNul * (coordonnee[i] ? m : 1.0))
                 m_flottante[i] = true;
     }
 }

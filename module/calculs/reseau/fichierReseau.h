@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "calculs/fichierPolygonale.h"
@@ -15,6 +16,14 @@ struct reseauLu {
     reseau r;
     bool lisible = true;                    ///< false: nothing of it can be used, and the first remark says why
     std::vector<remarqueLecture> remarques; ///< French
+
+    /// Keeps a remark, unless there are so many already that nobody would read it.
+    void remarquer(std::size_t ligne, std::wstring phrase)
+    {
+        constexpr std::size_t gardees = 1000;
+        if (remarques.size() < gardees)
+            remarques.push_back({ligne, std::move(phrase)});
+    }
 };
 
 /// Our own text form (".mc"), documented in docs/fichier-mc.md.

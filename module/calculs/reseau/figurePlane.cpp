@@ -65,7 +65,7 @@ double echelleChoisie(const figurePlane& f, double facteur, const resultatReseau
     return std::max(1.0, arrondiBas(0.2 * *milieu / plusGrande));
 }
 
-std::string nombre(double valeur)
+std::string pixels(double valeur)
 {
     return nombreFixe(valeur, 1);
 }
@@ -101,18 +101,18 @@ private:
 
 std::string trait(const page& p, place de, place vers, const char* style)
 {
-    return "<line x1=\"" + nombre(p.x(de)) + "\" y1=\"" + nombre(p.y(de)) + "\" x2=\"" + nombre(p.x(vers)) +
-           "\" y2=\"" + nombre(p.y(vers)) + "\" " + style + "/>\n";
+    return "<line x1=\"" + pixels(p.x(de)) + "\" y1=\"" + pixels(p.y(de)) + "\" x2=\"" + pixels(p.x(vers)) +
+           "\" y2=\"" + pixels(p.y(vers)) + "\" " + style + "/>\n";
 }
 
 std::string symbole(const page& p, const figurePlane::point& point)
 {
     const double x = p.x(point.ou), y = p.y(point.ou);
     if (!point.connu)
-        return "<circle cx=\"" + nombre(x) + "\" cy=\"" + nombre(y) + "\" r=\"3\" fill=\"" +
+        return "<circle cx=\"" + pixels(x) + "\" cy=\"" + pixels(y) + "\" r=\"3\" fill=\"" +
                (point.appui ? "#bbb" : "white") + "\" stroke=\"black\"/>\n";
-    return "<polygon points=\"" + nombre(x - 5) + "," + nombre(y + 4) + " " + nombre(x + 5) + "," + nombre(y + 4) +
-           " " + nombre(x) + "," + nombre(y - 6) + "\" fill=\"black\"/>\n";
+    return "<polygon points=\"" + pixels(x - 5) + "," + pixels(y + 4) + " " + pixels(x + 5) + "," + pixels(y + 4) +
+           " " + pixels(x) + "," + pixels(y - 6) + "\" fill=\"black\"/>\n";
 }
 
 } // namespace
@@ -175,13 +175,13 @@ std::string svgDe(const figurePlane& f, int largeur)
     for (const figurePlane::cote& c : f.cotes)
         svg += trait(p, c.de, c.vers, c.suspect ? "stroke=\"#d00000\" stroke-width=\"2\"" : "stroke=\"#a0b4c8\"");
     for (const figurePlane::ellipse& e : f.ellipses)
-        svg += "<ellipse rx=\"" + nombre(p.longueur(e.b)) + "\" ry=\"" + nombre(p.longueur(e.a)) +
-               "\" transform=\"translate(" + nombre(p.x(e.centre)) + " " + nombre(p.y(e.centre)) + ") rotate(" +
-               nombre(e.gisement * 180.0 / pi) + ")\" fill=\"none\" stroke=\"#0070c0\"/>\n";
+        svg += "<ellipse rx=\"" + pixels(p.longueur(e.b)) + "\" ry=\"" + pixels(p.longueur(e.a)) +
+               "\" transform=\"translate(" + pixels(p.x(e.centre)) + " " + pixels(p.y(e.centre)) + ") rotate(" +
+               pixels(e.gisement * 180.0 / pi) + ")\" fill=\"none\" stroke=\"#0070c0\"/>\n";
     for (const figurePlane::point& point : f.points)
         svg += symbole(p, point);
     for (std::size_t i = 0; i < f.points.size() && f.points.size() <= nomsAuPlus; ++i)
-        svg += "<text x=\"" + nombre(p.x(f.points[i].ou) + 7.0) + "\" y=\"" + nombre(p.y(f.points[i].ou) - 6.0) +
+        svg += "<text x=\"" + pixels(p.x(f.points[i].ou) + 7.0) + "\" y=\"" + pixels(p.y(f.points[i].ou) - 6.0) +
                "\">" + htmlEscaped(versAnsi(f.points[i].nom)) + "</text>\n";
     return svg + "</svg>\n";
 }

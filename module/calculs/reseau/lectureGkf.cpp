@@ -11,7 +11,6 @@ namespace {
 
 using enum genreObservation;
 
-constexpr std::size_t remarquesGardees = 1000;
 /// A covariance matrix beyond that is no survey's, and would fill the memory.
 constexpr std::size_t dimensionMax = 3000;
 constexpr double secondeEnRadians = pi / 180.0 / 3600.0;
@@ -450,11 +449,7 @@ private:
             remarquer(L"« " + large(nom) + L" » doit être positif.");
     }
 
-    void remarquer(std::wstring phrase)
-    {
-        if (m_lu.remarques.size() < remarquesGardees)
-            m_lu.remarques.push_back({static_cast<std::size_t>(ligne()), std::move(phrase)});
-    }
+    void remarquer(std::wstring phrase) { m_lu.remarquer(static_cast<std::size_t>(ligne()), std::move(phrase)); }
 
     /// Nothing more is read.
     void refuser(std::wstring phrase)

@@ -16,7 +16,6 @@ namespace {
 
 using enum genreObservation;
 
-constexpr std::size_t remarquesGardees = 1000;
 constexpr std::string_view marqueUtf8 = "\xEF\xBB\xBF";
 
 /// The first letters of a word, without accents, in lower case: words may be abridged or written with accents.
@@ -388,11 +387,7 @@ private:
             remarquer(L"« " + m_mots[0] + L" » demande un nombre positif.");
     }
 
-    void remarquer(std::wstring phrase)
-    {
-        if (m_lu.remarques.size() < remarquesGardees)
-            m_lu.remarques.push_back({static_cast<std::size_t>(m_ligne), std::move(phrase)});
-    }
+    void remarquer(std::wstring phrase) { m_lu.remarquer(static_cast<std::size_t>(m_ligne), std::move(phrase)); }
 
     reseauLu& m_lu;
     std::vector<std::wstring> m_mots;
