@@ -10,7 +10,7 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcEditorReactor, AcRxObject)
 
 namespace {
 
-const bool registered =
+const bool reactorsRegistered =
     registerAtStart(ACRX_EDITOR_OBJ, []() -> AcRxObject* { return std::make_unique<EditorReactors>().release(); });
 
 } // namespace

@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT windows1252 = 1252;
 
-int failed(LSTATUS error)
+int noCharacters(LSTATUS error)
 {
     SetLastError(static_cast<DWORD>(error));
     return 0;
@@ -24,7 +24,7 @@ int delivered(const std::basic_string<Character>& text, Character* target, int r
     if (room == 0)
         return length;
     if (target == nullptr || room < length)
-        return failed(ERROR_INSUFFICIENT_BUFFER);
+        return noCharacters(ERROR_INSUFFICIENT_BUFFER);
     std::copy(text.begin(), text.end(), target);
     return length;
 }
@@ -35,7 +35,7 @@ int WideCharToMultiByte(UINT codePage, DWORD /*flags*/, LPCWSTR source, int sour
                         LPCSTR defaultChar, BOOL* usedDefaultChar)
 {
     if (source == nullptr || sourceLength == 0 || sourceLength < -1 || targetSize < 0)
-        return failed(ERROR_INVALID_PARAMETER);
+        return noCharacters(ERROR_INVALID_PARAMETER);
     const std::wstring_view text(source,
                                  sourceLength < 0 ? std::wcslen(source) + 1 : static_cast<std::size_t>(sourceLength));
     bool substituted = false;
@@ -45,7 +45,7 @@ int WideCharToMultiByte(UINT codePage, DWORD /*flags*/, LPCWSTR source, int sour
     else if (codePage == CP_UTF8)
         result = platform::utf8FromWide(text);
     else
-        return failed(ERROR_INVALID_PARAMETER);
+        return noCharacters(ERROR_INVALID_PARAMETER);
     if (usedDefaultChar != nullptr)
         *usedDefaultChar = substituted;
     return delivered(result, target, targetSize);
@@ -54,7 +54,7 @@ int WideCharToMultiByte(UINT codePage, DWORD /*flags*/, LPCWSTR source, int sour
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR source, int sourceLength, LPWSTR target, int targetSize)
 {
     if (source == nullptr || sourceLength == 0 || sourceLength < -1 || targetSize < 0)
-        return failed(ERROR_INVALID_PARAMETER);
+        return noCharacters(ERROR_INVALID_PARAMETER);
     const std::string_view text(source,
                                 sourceLength < 0 ? std::strlen(source) + 1 : static_cast<std::size_t>(sourceLength));
     if (codePage == CP_ACP || codePage == windows1252)
@@ -62,8 +62,8 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR source, int sourceLen
     if (codePage == CP_UTF8) {
         const std::wstring wide = platform::wideFromUtf8(text);
         if ((flags & MB_ERR_INVALID_CHARS) != 0 && std::any_of(wide.begin(), wide.end(), platform::isStrayByte))
-            return failed(ERROR_NO_UNICODE_TRANSLATION);
+            return noCharacters(ERROR_NO_UNICODE_TRANSLATION);
         return delivered(wide, target, targetSize);
     }
-    return failed(ERROR_INVALID_PARAMETER);
+    return noCharacters(ERROR_INVALID_PARAMETER);
 }

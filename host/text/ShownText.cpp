@@ -50,9 +50,9 @@ std::optional<CodedCharacter> unicode(std::wstring_view text)
 }
 
 /// Goes through a text and gathers what shows.
-class Reader {
+class ShownReader {
 public:
-    explicit Reader(std::wstring_view text) : m_text(text) { m_runs.emplace_back(); }
+    explicit ShownReader(std::wstring_view text) : m_text(text) { m_runs.emplace_back(); }
 
     std::vector<ShownRun> read()
     {
@@ -117,7 +117,7 @@ std::optional<CodedCharacter> codedCharacter(std::wstring_view text)
 
 std::vector<ShownRun> shownText(std::wstring_view text)
 {
-    return Reader(text).read();
+    return ShownReader(text).read();
 }
 
 double shownWidth(std::wstring_view text)

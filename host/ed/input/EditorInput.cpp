@@ -69,16 +69,16 @@ InputAnswer EditorInput::ask(const InputRequest& request)
 InputAnswer EditorInput::answerOf(const InputRequest& request)
 {
     /// What is asked and who may answer, for the length of a question; questions nest.
-    struct Question {
+    struct Asking {
         EditorInput& input;
         Source* top = input.m_top;
         const InputRequest* before;
-        Question(EditorInput& theInput, const InputRequest& asked) :
+        Asking(EditorInput& theInput, const InputRequest& asked) :
             input(theInput),
             before(std::exchange(theInput.m_asked, &asked))
         {
         }
-        ~Question()
+        ~Asking()
         {
             input.m_top = top;
             input.m_asked = before;

@@ -46,7 +46,7 @@ AcGePoint3d lastPoint()
     return point ? *point : AcGePoint3d();
 }
 
-std::optional<double> typedLength(const std::wstring& text)
+std::optional<double> typedDistance(const std::wstring& text)
 {
     return typedNumber(text);
 }
@@ -243,12 +243,12 @@ AcEdJig::DragStatus AcEdJig::acquireAngle(double& angle, const AcGePoint3d& base
 
 AcEdJig::DragStatus AcEdJig::acquireDist(double& distance)
 {
-    return m_state->askNumber(distance, nullptr, typedLength, lengthBetween, input_texts::lengthWanted);
+    return m_state->askNumber(distance, nullptr, typedDistance, lengthBetween, input_texts::lengthWanted);
 }
 
 AcEdJig::DragStatus AcEdJig::acquireDist(double& distance, const AcGePoint3d& base)
 {
-    return m_state->askNumber(distance, &base, typedLength, lengthBetween, input_texts::lengthWanted);
+    return m_state->askNumber(distance, &base, typedDistance, lengthBetween, input_texts::lengthWanted);
 }
 
 namespace {

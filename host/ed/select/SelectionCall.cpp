@@ -8,11 +8,20 @@ struct ModeName {
     std::wstring_view name;
     SelectionCall::Mode mode;
 };
-using Mode = SelectionCall::Mode;
+using CallMode = SelectionCall::Mode;
 constexpr ModeName kModes[] = {
-    {L"", Mode::ask},       {L".", Mode::ask},   {L"X", Mode::whole},          {L"A", Mode::editable},
-    {L"P", Mode::previous}, {L"L", Mode::last},  {L"I", Mode::implied},        {L"W", Mode::window},
-    {L"C", Mode::crossing}, {L"F", Mode::fence}, {L"WP", Mode::windowPolygon}, {L"CP", Mode::crossingPolygon},
+    {L"", CallMode::ask},
+    {L".", CallMode::ask},
+    {L"X", CallMode::whole},
+    {L"A", CallMode::editable},
+    {L"P", CallMode::previous},
+    {L"L", CallMode::last},
+    {L"I", CallMode::implied},
+    {L"W", CallMode::window},
+    {L"C", CallMode::crossing},
+    {L"F", CallMode::fence},
+    {L"WP", CallMode::windowPolygon},
+    {L"CP", CallMode::crossingPolygon},
 };
 
 } // namespace

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int mostDots = 32000;          // to each side: what paint devices bear
 constexpr qint64 mostPixels = 400000000; // of a .png: 1.6 GB of memory
-constexpr double millimetres = 25.4;     // of an inch
+constexpr double millimetresOfInch = 25.4;
 
 using Paint = std::function<void(QPainter&)>;
 
@@ -21,7 +21,7 @@ bool writePng(const PictureFile& file, QIODevice& device, const Paint& paint)
     QImage image(file.width, file.height, QImage::Format_RGB32);
     if (image.isNull())
         return false;
-    const int dotsPerMetre = qRound(file.dotsPerInch / millimetres * 1000.0);
+    const int dotsPerMetre = qRound(file.dotsPerInch / millimetresOfInch * 1000.0);
     image.setDotsPerMeterX(dotsPerMetre);
     image.setDotsPerMeterY(dotsPerMetre);
     QPainter painter(&image);
@@ -47,7 +47,8 @@ bool writeSvg(const PictureFile& file, QIODevice& device, const Paint& paint)
 bool writePdf(const PictureFile& file, QIODevice& device, const Paint& paint)
 {
     QPdfWriter writer(&device);
-    const QSizeF paper(file.width * millimetres / file.dotsPerInch, file.height * millimetres / file.dotsPerInch);
+    const QSizeF paper(file.width * millimetresOfInch / file.dotsPerInch,
+                       file.height * millimetresOfInch / file.dotsPerInch);
     writer.setResolution(qRound(file.dotsPerInch));
     writer.setPageSize(QPageSize(paper, QPageSize::Millimeter, QString(), QPageSize::ExactMatch));
     writer.setPageMargins(QMarginsF());
