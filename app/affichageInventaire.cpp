@@ -54,19 +54,19 @@ void afficherTables(const std::vector<inventaireDessin::table>& tables)
     lignes.ecrire(std::cout, "  ");
 }
 
-nlohmann::ordered_json etendueJson(const std::optional<AcDbExtents>& etendue)
+objetJson etendueJson(const std::optional<AcDbExtents>& etendue)
 {
     if (!etendue)
         return nullptr;
     const auto point = [](const AcGePoint3d& p) {
-        return nlohmann::ordered_json::array({nombreJson(p.x), nombreJson(p.y), nombreJson(p.z)});
+        return objetJson::array({nombreJson(p.x), nombreJson(p.y), nombreJson(p.z)});
     };
     return {{"min", point(etendue->minPoint())}, {"max", point(etendue->maxPoint())}};
 }
 
-nlohmann::ordered_json comptesJson(const std::map<std::string, std::size_t>& comptes)
+objetJson comptesJson(const std::map<std::string, std::size_t>& comptes)
 {
-    auto json = nlohmann::ordered_json::object();
+    auto json = objetJson::object();
     for (const auto& [nom, nombre] : comptes)
         json[nom] = nombre;
     return json;
@@ -107,24 +107,24 @@ void afficherTexte(const inventaireDessin& inventaire)
 
 void afficherJson(const inventaireDessin& inventaire)
 {
-    nlohmann::ordered_json json{{"fichier", inventaire.fichier},
-                                {"version", "AC" + std::to_string(inventaire.versionFichier)},
-                                {"versionEnMemoire", "AC" + std::to_string(inventaire.version)},
-                                {"binaire", inventaire.binaire},
-                                {"encodage", inventaire.encodage},
-                                {"etendueCalculee", etendueJson(inventaire.etendueCalculee)},
-                                {"etendueEntete", etendueJson(inventaire.etendueEntete)},
-                                {"entitesEspaceObjet", inventaire.entitesObjet},
-                                {"entitesPresentations", inventaire.entitesPapier},
-                                {"entitesParClasse", comptesJson(inventaire.parClasse)},
-                                {"entitesParCalque", comptesJson(inventaire.parCalque)},
-                                {"autresClasses", comptesJson(inventaire.autresClasses)},
-                                {"nonDessinees", comptesJson(inventaire.nonDessinees)},
-                                {"presentations", inventaire.presentations}};
-    auto& blocs = json["blocs"] = nlohmann::ordered_json::array();
+    objetJson json{{"fichier", inventaire.fichier},
+                   {"version", "AC" + std::to_string(inventaire.versionFichier)},
+                   {"versionEnMemoire", "AC" + std::to_string(inventaire.version)},
+                   {"binaire", inventaire.binaire},
+                   {"encodage", inventaire.encodage},
+                   {"etendueCalculee", etendueJson(inventaire.etendueCalculee)},
+                   {"etendueEntete", etendueJson(inventaire.etendueEntete)},
+                   {"entitesEspaceObjet", inventaire.entitesObjet},
+                   {"entitesPresentations", inventaire.entitesPapier},
+                   {"entitesParClasse", comptesJson(inventaire.parClasse)},
+                   {"entitesParCalque", comptesJson(inventaire.parCalque)},
+                   {"autresClasses", comptesJson(inventaire.autresClasses)},
+                   {"nonDessinees", comptesJson(inventaire.nonDessinees)},
+                   {"presentations", inventaire.presentations}};
+    auto& blocs = json["blocs"] = objetJson::array();
     for (const auto& bloc : inventaire.blocs)
         blocs.push_back({{"nom", bloc.nom}, {"entites", bloc.entites}, {"insertions", bloc.insertions}});
-    auto& tables = json["tablesPoints"] = nlohmann::ordered_json::array();
+    auto& tables = json["tablesPoints"] = objetJson::array();
     for (const auto& table : inventaire.tables)
         tables.push_back({{"nom", table.nom}, {"points", table.points}, {"courante", table.courante}});
     json["problemes"] = inventaire.problemes;

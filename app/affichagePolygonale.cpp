@@ -53,8 +53,6 @@ void afficherStations(const cheminement& c)
     table.ecrire(std::cout, "  ");
 }
 
-using objetJson = nlohmann::ordered_json;
-
 objetJson stationConnueJson(const stationPolygonale& s)
 {
     return {{"nom", utf8FromWide(s.nom)},

@@ -11,7 +11,6 @@
 #include "traitementReseau.h"
 
 using cote = tableTexte::cote;
-using objetJson = nlohmann::ordered_json;
 using platform::utf8FromWide;
 
 namespace {

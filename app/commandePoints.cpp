@@ -85,7 +85,7 @@ void afficherListe(const std::vector<pointListe>& points)
 
 void afficherJsonPoints(const std::vector<pointListe>& points)
 {
-    auto liste = nlohmann::ordered_json::array();
+    auto liste = objetJson::array();
     for (const pointListe& p : points)
         liste.push_back(
             {{"nom", p.nom}, {"x", nombreJson(p.x)}, {"y", nombreJson(p.y)}, {"z", nombreJson(p.z)}, {"code", p.code}});

@@ -17,18 +17,17 @@ std::string nombreTexte(double valeur, int decimales)
     return texte.find_first_not_of("-0.") == std::string::npos && texte.starts_with('-') ? texte.substr(1) : texte;
 }
 
-nlohmann::ordered_json nombreJson(double valeur)
+objetJson nombreJson(double valeur)
 {
-    return valeur == inconnu || !std::isfinite(valeur) ? nlohmann::ordered_json(nullptr)
-                                                       : nlohmann::ordered_json(valeur);
+    return valeur == inconnu || !std::isfinite(valeur) ? objetJson(nullptr) : objetJson(valeur);
 }
 
-nlohmann::ordered_json fichierJson(const std::string& nom)
+objetJson fichierJson(const std::string& nom)
 {
-    return nom.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(nom);
+    return nom.empty() ? objetJson(nullptr) : objetJson(nom);
 }
 
-void ecrireJson(const nlohmann::ordered_json& json)
+void ecrireJson(const objetJson& json)
 {
-    std::cout << json.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+    std::cout << json.dump(2, ' ', false, objetJson::error_handler_t::replace) << '\n';
 }

@@ -156,16 +156,14 @@ void montrerImplantation(const demandeProgrammeImplantation& demande, const trai
 
 void montrerImplantationJson(const traitementImplantation& t)
 {
-    auto json = nlohmann::ordered_json::parse(jsonImplantation(t.suites.resultat));
-    auto& nonVus = json["nonVus"] = nlohmann::ordered_json::array();
+    auto json = objetJson::parse(jsonImplantation(t.suites.resultat));
+    auto& nonVus = json["nonVus"] = objetJson::array();
     for (const auto& [nom, refus] : t.suites.nonVus)
         nonVus.push_back({{"nom", utf8FromWide(nom)},
                           {"manque", nombreJson(refus.manque)},
                           {"raison", utf8FromWide(phraseRefus(refus))}});
     json["avertissements"] = t.avertissements;
-    const auto fichier = [](const std::string& nom) {
-        return nom.empty() ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(nom);
-    };
+    const auto fichier = [](const std::string& nom) { return nom.empty() ? objetJson(nullptr) : objetJson(nom); };
     json["rapport"] = fichier(t.rapport);
     json["dessin"] = fichier(t.dessin);
     json["ancienDessin"] = fichier(t.ancienDessin);

@@ -4,7 +4,7 @@ namespace {
 
 const MenuItem separator;
 
-const std::vector<MenuItem> fileMenu{
+const std::vector<MenuItem> fileItems{
     {"&Nouveau", "_NEW", "Ctrl+N", "nouveau"},
     {"&Ouvrir...", "_OPEN", "Ctrl+O", "ouvrir"},
     {"Fichiers ré&cents", ":recents"},
@@ -23,7 +23,7 @@ const std::vector<MenuItem> fileMenu{
     {"&Quitter", ":quitter", "Ctrl+Q"},
 };
 
-const std::vector<MenuItem> editionMenu{
+const std::vector<MenuItem> editionItems{
     {"&Annuler", "_U", "Ctrl+Z", "annuler"},
     {"&Rétablir", "_REDO", "Ctrl+Y", "retablir"},
     separator,
@@ -38,7 +38,7 @@ const std::vector<MenuItem> editionMenu{
     {"&Variable système...", "'_SETVAR"},
 };
 
-const std::vector<MenuItem> displayMenu{
+const std::vector<MenuItem> displayItems{
     {"Zoom &étendu", ":zoomEtendu", "Ctrl+0", "zoomEtendu"},
     {"Zoom &fenêtre", "'_ZOOM _W", "", "zoomFenetre"},
     {"Zoom &précédent", "'_ZOOM _P", "", "zoomPrecedent"},
@@ -57,7 +57,7 @@ const std::vector<MenuItem> displayMenu{
     {"&Tables de points", ":panneauPoints", "Ctrl+3"},
 };
 
-const std::vector<MenuItem> snapsMenu{
+const std::vector<MenuItem> snapsItems{
     {"&Extrémité", ":accroche1"},  {"&Milieu", ":accroche2"},
     {"&Centre", ":accroche4"},     {"&Nodal (points)", ":accroche8"},
     {"&Quadrant", ":accroche16"},  {"&Intersection", ":accroche32"},
@@ -65,13 +65,13 @@ const std::vector<MenuItem> snapsMenu{
     {"P&roche", ":accroche512"},
 };
 
-const std::vector<MenuItem> drawingMenu{
+const std::vector<MenuItem> drawingItems{
     {"&Ligne", "_LINE", "", "ligne"}, {"&Polyligne", "_PLINE", "", "polyligne"}, {"&Cercle", "_CIRCLE", "", "cercle"},
     {"&Arc", "_ARC", "", "arc"},      {"P&oint", "_POINT", "", "point"},         separator,
     {"&Texte", "_TEXT", "", "texte"}, {"&Insérer un bloc", "_INSERT"},
 };
 
-const std::vector<MenuItem> modificationMenu{
+const std::vector<MenuItem> modificationItems{
     {"&Effacer", "_ERASE", "Del", "effacer"},
     {"&Déplacer", "_MOVE", "", "deplacer"},
     {"&Copier", "_COPY", "", "copier"},
@@ -84,7 +84,7 @@ const std::vector<MenuItem> modificationMenu{
     {"Re&nommer...", "_RENAME"},
 };
 
-const std::vector<MenuItem> helpMenu{
+const std::vector<MenuItem> helpItems{
     {"&Guide de l'utilisateur", ":guide", "F1"},
     {"&Commandes", ":commandes"},
     separator,
@@ -96,14 +96,14 @@ const std::vector<MenuItem> helpMenu{
 const std::vector<Menu>& menuTable()
 {
     static const std::vector<Menu> menus{
-        {"&Fichier", fileMenu},     {"Éd&ition", editionMenu}, {"&Affichage", displayMenu},
-        {"Acc&rochage", snapsMenu}, {"&Dessin", drawingMenu},  {"&Modification", modificationMenu},
+        {"&Fichier", fileItems},     {"Éd&ition", editionItems}, {"&Affichage", displayItems},
+        {"Acc&rochage", snapsItems}, {"&Dessin", drawingItems},  {"&Modification", modificationItems},
     };
     return menus;
 }
 
 const Menu& helpMenu()
 {
-    static const Menu menu{"Aid&e", helpMenu};
+    static const Menu menu{"Aid&e", helpItems};
     return menu;
 }
