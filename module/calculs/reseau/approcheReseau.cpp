@@ -62,7 +62,10 @@ std::complex<double> tourSelonGisements(const reseau& r, const figureReseau& f)
 
 class placeur {
 public:
-    placeur(const reseau& r, approcheReseau& a) : m_r(r), m_a(a), m_v(r), m_grande(m_v, {}) {}
+    placeur(const reseau& r, approcheReseau& a) :
+        m_r(r), m_a(a), m_v(r), m_grande(m_v, {}), m_tente(r.observations.size())
+    {
+    }
 
     void executer(bool seulementFixes)
     {
@@ -114,9 +117,8 @@ private:
     }
 
     /// Whether a figure may begin with this leg: it has an end that is not placed.
-    bool commence(const observationReseau& o)
+    bool commence(const observationReseau& o) const
     {
-        m_tente.resize(m_r.observations.size());
         const bool jambe =
             o.genre == distance || o.genre == distanceInclinee || o.genre == direction || o.genre == angle;
         return o.active && jambe && (!m_grande.pose(o.de) || !m_grande.pose(o.vers));
@@ -183,7 +185,7 @@ private:
     approcheReseau& m_a;
     voisinageReseau m_v;
     figureReseau m_grande;
-    std::vector<bool> m_tente;
+    std::vector<bool> m_tente; ///< by observation: the figure of its leg has been tried
 };
 
 // --- Heights -------------------------------------------------------------------------------------------------------
@@ -202,62 +204,96 @@ double deniveleeDe(const observationReseau& o, const approcheReseau& a)
     return inconnu;
 }
 
-void placerEnAltitude(const reseau& r, approcheReseau& a, bool seulementFixes)
-{
+class placeurEnAltitude {
+public:
+    placeurEnAltitude(const reseau& r, approcheReseau& a) : m_r(r), m_a(a), m_liens(r.points.size()) {}
+
+    void executer(bool seulementFixes)
+    {
+        lierParDenivelees();
+        poserConnus(seulementFixes);
+        suivre();
+        // Levelling that nothing holds begins at 0.
+        for (std::size_t p = 0; p < m_r.points.size(); ++p)
+            if (!m_a.enAltitude[p] && !m_liens[p].empty()) {
+                poser(p, 0.0);
+                suivre();
+            }
+        suivreDistancesInclinees();
+    }
+
+private:
     struct lien {
         int vers;
         double dz;
     };
-    std::vector<std::vector<lien>> liens(r.points.size());
-    bool seules = false;
-    for (const observationReseau& o : r.observations) {
-        if (!o.active || !estAltimetrique(o.genre) || o.genre == coordonneeZ)
-            continue;
-        seules |= o.genre == distanceInclinee;
-        if (const double dz = deniveleeDe(o, a); estConnue(dz)) {
-            liens[static_cast<std::size_t>(o.de)].push_back({o.vers, dz});
-            liens[static_cast<std::size_t>(o.vers)].push_back({o.de, -dz});
+
+    void lier(int de, int vers, double dz)
+    {
+        m_liens[static_cast<std::size_t>(de)].push_back({vers, dz});
+        m_liens[static_cast<std::size_t>(vers)].push_back({de, -dz});
+    }
+
+    void lierParDenivelees()
+    {
+        for (const observationReseau& o : m_r.observations) {
+            if (!o.active || !estAltimetrique(o.genre) || o.genre == coordonneeZ)
+                continue;
+            if (const double dz = deniveleeDe(o, m_a); estConnue(dz))
+                lier(o.de, o.vers, dz);
         }
     }
-    std::vector<int> file;
-    const auto poser = [&](std::size_t p, double z) {
-        if (a.enAltitude[p])
+
+    void poserConnus(bool seulementFixes)
+    {
+        for (std::size_t p = 0; p < m_r.points.size(); ++p)
+            if (const pointReseau& point = m_r.points[p]; estConnue(point.z) && point.altitude != tenue::ignoree &&
+                                                          (!seulementFixes || point.altitude == tenue::fixe))
+                poser(p, point.z);
+        for (const observationReseau& o : m_r.observations)
+            if (o.active && o.genre == coordonneeZ)
+                poser(static_cast<std::size_t>(o.de), o.mesure);
+    }
+
+    /// What only slope distances hold begins level with what it is measured from, step after step.
+    void suivreDistancesInclinees()
+    {
+        const auto ignore = [&](int p) {
+            return m_r.points[static_cast<std::size_t>(p)].altitude == tenue::ignoree;
+        };
+        for (const observationReseau& o : m_r.observations)
+            if (o.active && o.genre == distanceInclinee && !ignore(o.de) && !ignore(o.vers))
+                lier(o.de, o.vers, 0.0);
+        for (std::size_t p = 0; p < m_r.points.size(); ++p)
+            if (m_a.enAltitude[p])
+                m_aSuivre.push_back(static_cast<int>(p));
+        suivre();
+    }
+
+    void poser(std::size_t p, double z)
+    {
+        if (m_a.enAltitude[p])
             return;
-        a.enAltitude[p] = true;
-        a.c.z[p] = z;
-        file.push_back(static_cast<int>(p));
-    };
-    const auto suivre = [&] {
-        while (!file.empty()) {
-            const auto p = static_cast<std::size_t>(file.back());
-            file.pop_back();
-            for (const lien& l : liens[p])
-                poser(static_cast<std::size_t>(l.vers), a.c.z[p] + l.dz);
+        m_a.enAltitude[p] = true;
+        m_a.c.z[p] = z;
+        m_aSuivre.push_back(static_cast<int>(p));
+    }
+
+    void suivre()
+    {
+        while (!m_aSuivre.empty()) {
+            const auto p = static_cast<std::size_t>(m_aSuivre.back());
+            m_aSuivre.pop_back();
+            for (const lien& l : m_liens[p])
+                poser(static_cast<std::size_t>(l.vers), m_a.c.z[p] + l.dz);
         }
-    };
-    for (std::size_t p = 0; p < r.points.size(); ++p)
-        if (estConnue(r.points[p].z) && r.points[p].altitude != tenue::ignoree &&
-            (!seulementFixes || r.points[p].altitude == tenue::fixe))
-            poser(p, r.points[p].z);
-    for (const observationReseau& o : r.observations)
-        if (o.active && o.genre == coordonneeZ)
-            poser(static_cast<std::size_t>(o.de), o.mesure);
-    suivre();
-    // Levelling that nothing holds begins at 0; slope distances alone begin level with what they are measured from.
-    for (std::size_t p = 0; p < r.points.size(); ++p)
-        if (!a.enAltitude[p] && !liens[p].empty()) {
-            poser(p, 0.0);
-            suivre();
-        }
-    if (!seules)
-        return;
-    for (const observationReseau& o : r.observations)
-        if (o.active && o.genre == distanceInclinee)
-            for (const auto& [connu, autre] : {std::pair{o.de, o.vers}, std::pair{o.vers, o.de}})
-                if (a.enAltitude[static_cast<std::size_t>(connu)] &&
-                    r.points[static_cast<std::size_t>(autre)].altitude != tenue::ignoree)
-                    poser(static_cast<std::size_t>(autre), a.c.z[static_cast<std::size_t>(connu)]);
-}
+    }
+
+    const reseau& m_r;
+    approcheReseau& m_a;
+    std::vector<std::vector<lien>> m_liens; ///< by point: what its height gives
+    std::vector<int> m_aSuivre;             ///< placed, their neighbours not looked at yet
+};
 
 /// What would place a point that has no place: what there is of it, in words.
 std::wstring manque(const reseau& r, int point)
@@ -312,7 +348,7 @@ approcheReseau approcher(const reseau& r, bool seulementFixes)
     a.enPlan.assign(n, false);
     a.enAltitude.assign(n, false);
     placeur(r, a).executer(seulementFixes);
-    placerEnAltitude(r, a, seulementFixes);
+    placeurEnAltitude(r, a).executer(seulementFixes);
     std::vector<bool> observe(n);
     for (const observationReseau& o : r.observations)
         if (o.active && estPlanimetrique(o.genre))

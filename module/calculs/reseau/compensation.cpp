@@ -310,7 +310,7 @@ void calculer(calcul& k, const std::vector<int>& retenues, approcheReseau& depar
     testerGlobalement(k);
     libre.preparerCofacteurs(s);
     rendrePrecisions(k.r, s, libre, r);
-    rendreFiabilite(k.r, s, r);
+    rendreFiabilite(k.r, s, libre, r);
     if (k.options.chercherSuspects)
         soupconner(k, s, m.c, depart.c);
     if (!r.converge)

@@ -43,55 +43,69 @@ double plusGrand(const std::vector<double>& a)
 
 espaceLibre::espaceLibre(const reseau& r, const systemeReseau& s, bool surAppui)
 {
-    const auto n = static_cast<std::size_t>(s.inconnues());
     const std::vector<int>& tenues = s.matrice().tenues();
     m_defaut = static_cast<int>(tenues.size());
     if (m_defaut == 0)
         return;
-    m_appui.assign(n, false);
+    retenirAppui(r, s, surAppui);
+    const std::size_t etudies = std::min(tenues.size(), mouvementsEtudies);
+    for (std::size_t k = 0; k < etudies; ++k)
+        ranger(s.matrice().mouvementLibre(tenues[k]));
+    if (m_flottements.empty() && etudies == tenues.size())
+        return;
+    m_flottante.assign(m_appui.size(), false);
+    // Without a base nothing holds those that were studied either.
+    for (std::size_t k = m_base.empty() ? 0 : etudies; k < tenues.size(); ++k)
+        m_flottante[static_cast<std::size_t>(tenues[k])] = true;
+    marquerFlottantes();
+}
+
+void espaceLibre::retenirAppui(const reseau& r, const systemeReseau& s, bool surAppui)
+{
+    const auto n = static_cast<std::size_t>(s.inconnues());
     const auto rangsPoints = static_cast<int>(3 * r.points.size());
-    std::vector<bool> coordonnee(n, false);
+    m_appui.assign(n, false);
+    m_coordonnee.assign(n, false);
     for (std::size_t i = 0; i < n; ++i) {
         const int rang = s.rang(static_cast<int>(i));
-        coordonnee[i] = rang < rangsPoints;
-        if (!surAppui || !coordonnee[i])
+        m_coordonnee[i] = rang < rangsPoints;
+        if (!surAppui || !m_coordonnee[i])
             continue;
         const pointReseau& p = r.points[static_cast<std::size_t>(rang / 3)];
         m_appui[i] = (rang % 3 == 2 ? p.altitude : p.plan) == tenue::appui;
     }
-    for (std::size_t k = 0; k < std::min(tenues.size(), mouvementsEtudies); ++k) {
-        std::vector<double> z = s.matrice().mouvementLibre(tenues[k]);
-        const double avant = plusGrand(z);
-        // Twice is enough against rounding.
-        for (int fois = 0; fois < 2; ++fois)
-            for (const std::vector<double>& b : m_base)
-                retrancher(z, produit(z, b, m_appui), b);
-        const double reste = std::sqrt(produit(z, z, m_appui));
-        if (reste > resteNul * avant) {
-            multiplier(z, 1.0 / reste);
-            m_base.push_back(std::move(z));
-            continue;
-        }
-        const double taille = plusGrand(z);
-        if (taille > resteNul * avant) {
-            multiplier(z, 1.0 / taille);
-            m_flottements.push_back(std::move(z));
-        }
-    }
-    if (m_flottements.empty() && tenues.size() <= mouvementsEtudies)
+}
+
+/// Among the moves that the support holds, or among those that nothing holds.
+void espaceLibre::ranger(std::vector<double> mouvement)
+{
+    const double avant = plusGrand(mouvement);
+    // Twice is enough against rounding.
+    for (int fois = 0; fois < 2; ++fois)
+        projeter(mouvement);
+    const double reste = std::sqrt(produit(mouvement, mouvement, m_appui));
+    if (reste > resteNul * avant) {
+        multiplier(mouvement, 1.0 / reste);
+        m_base.push_back(std::move(mouvement));
         return;
-    m_flottante.assign(n, false);
-    for (const int tenue : tenues)
-        if (m_base.empty())
-            m_flottante[static_cast<std::size_t>(tenue)] = true;
+    }
+    const double taille = plusGrand(mouvement);
+    if (taille > resteNul * avant) {
+        multiplier(mouvement, 1.0 / taille);
+        m_flottements.push_back(std::move(mouvement));
+    }
+}
+
+void espaceLibre::marquerFlottantes()
+{
     for (const std::vector<double>& z : m_flottements) {
         // Coordinates against coordinates: the turn of a set is no length.
         double m = 0.0;
-        for (std::size_t i = 0; i < n; ++i)
-            if (coordonnee[i])
+        for (std::size_t i = 0; i < z.size(); ++i)
+            if (m_coordonnee[i])
                 m = std::max(m, std::abs(z[i]));
-        for (std::size_t i = 0; i < n; ++i)
-            if (std::abs(z[i]) > resteNul * (coordonnee[i] ? m : 1.0))
+        for (std::size_t i = 0; i < z.size(); ++i)
+            if (std::abs(z[i]) > resteNul * (m_coordonnee[i] ? m : 1.0))
                 m_flottante[i] = true;
     }
 }

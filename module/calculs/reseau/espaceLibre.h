@@ -27,13 +27,19 @@ public:
     void calmer(std::vector<double>& pas) const;
     /// Takes from the changes what the inner constraints forbid.
     void projeter(std::vector<double>& changements) const;
-    /// Element of the cofactor matrix under the constraints; @param q the one of the solution with held unknowns.
+    /// Before the first cofactor: what they share. The matrix must be factored.
     void preparerCofacteurs(const systemeReseau& s);
+    /// Element of the cofactor matrix under the constraints, of two unknowns whose inverse is known.
     double cofacteur(const systemeReseau& s, int i, int j) const;
 
 private:
+    void retenirAppui(const reseau& r, const systemeReseau& s, bool surAppui);
+    void ranger(std::vector<double> mouvement);
+    void marquerFlottantes();
+
     int m_defaut = 0;
     std::vector<bool> m_appui;               ///< by unknown
+    std::vector<bool> m_coordonnee;          ///< by unknown: of a point, not of a set
     std::vector<std::vector<double>> m_base; ///< orthonormal over the coordinates of support
     std::vector<std::vector<double>> m_flottements;
     std::vector<bool> m_flottante;

@@ -23,7 +23,7 @@ double forme(const systemeReseau& s, const std::vector<std::pair<int, double>>& 
 }
 
 /// How far the points of an observation move when its measure changes by one unit: the largest of them.
-double deplacementParUnite(const reseau& r, const systemeReseau& s, int place,
+double deplacementParUnite(const reseau& r, const systemeReseau& s, const espaceLibre& libre, int place,
                            const std::vector<std::pair<int, double>>& b)
 {
     const observationReseau& o =
@@ -37,7 +37,7 @@ double deplacementParUnite(const reseau& r, const systemeReseau& s, int place,
                 continue;
             double d = 0.0;
             for (const auto& [autre, coefficient] : b)
-                d += coefficient * s.matrice().inverse(inconnue, autre);
+                d += coefficient * libre.cofacteur(s, inconnue, autre);
             carre += d * d;
         }
         plusLoin = std::max(plusLoin, std::sqrt(carre));
@@ -96,7 +96,7 @@ void rendrePrecisions(const reseau& r, const systemeReseau& s, const espaceLibre
     }
 }
 
-void rendreFiabilite(const reseau& r, const systemeReseau& s, resultatReseau& resultat)
+void rendreFiabilite(const reseau& r, const systemeReseau& s, const espaceLibre& libre, resultatReseau& resultat)
 {
     const double s0 = resultat.s0Pris(r);
     std::vector<std::pair<int, double>> b;
@@ -113,7 +113,7 @@ void rendreFiabilite(const reseau& r, const systemeReseau& s, resultatReseau& re
             m.normalise = c.g / std::sqrt(c.h) / s0;
         s.colonneNormale(place, b);
         m.erreurDetectable = delta0 * r.sigma / std::sqrt(c.h);
-        m.effet = m.erreurDetectable * deplacementParUnite(r, s, place, b);
+        m.effet = m.erreurDetectable * deplacementParUnite(r, s, libre, place, b);
         if (resultat.degresDeLiberte > 1)
             if (const double chute = c.g * c.g / c.h; chuteConnue(resultat.sommePvv, chute))
                 m.s0Sans = std::sqrt((resultat.sommePvv - chute) / (resultat.degresDeLiberte - 1));

@@ -30,6 +30,6 @@ ellipseErreur ellipseDe(double sxx, double syy, double sxy);
 /// Standard deviations and ellipses of points.
 void rendrePrecisions(const reseau& r, const systemeReseau& s, const espaceLibre& libre, resultatReseau& resultat);
 /// Redundancies, standardised residuals, detectable faults and their effects.
-void rendreFiabilite(const reseau& r, const systemeReseau& s, resultatReseau& resultat);
+void rendreFiabilite(const reseau& r, const systemeReseau& s, const espaceLibre& libre, resultatReseau& resultat);
 /// Between which values s0 is as announced, and whether it is.
 void bornesS0(const reseau& r, resultatReseau& resultat);

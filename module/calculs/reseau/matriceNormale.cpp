@@ -11,7 +11,8 @@ matriceNormale::matriceNormale(const std::vector<std::vector<int>>& voisins) :
     m_taille(static_cast<int>(voisins.size()))
 {
     ordonner(voisins);
-    preparer(voisins);
+    rangerMatrice(voisins);
+    rangerFacteur();
 }
 
 /// By nested dissection: unknowns that part the network in two come last, and so on in each half.
@@ -20,8 +21,8 @@ void matriceNormale::ordonner(const std::vector<std::vector<int>>& voisins)
     if (m_taille == 0) // every point is held
         return;
     const std::size_t n = voisins.size();
-    std::vector<idx_t> debut(n + 2,
-                             0); // of the neighbours of each, on both sides; one place ahead while they are filled in
+    // Where the neighbours of each begin, on both sides; one place ahead while they are filled in.
+    std::vector<idx_t> debut(n + 2, 0);
     for (std::size_t i = 0; i < n; ++i) {
         debut[i + 2] += static_cast<idx_t>(voisins[i].size());
         for (const int j : voisins[i])
@@ -46,10 +47,10 @@ void matriceNormale::ordonner(const std::vector<std::vector<int>>& voisins)
         throw std::runtime_error("METIS_NodeND");
 }
 
-void matriceNormale::preparer(const std::vector<std::vector<int>>& voisins)
+/// Rows of the lower triangle, in ranks.
+void matriceNormale::rangerMatrice(const std::vector<std::vector<int>>& voisins)
 {
     const auto n = static_cast<std::size_t>(m_taille);
-    // Rows of the lower triangle, in ranks.
     m_debutA.assign(n + 1, 0);
     const auto chaquePaire = [&](auto&& faire) {
         for (std::size_t i = 0; i < n; ++i)
@@ -69,8 +70,12 @@ void matriceNormale::preparer(const std::vector<std::vector<int>>& voisins)
                   m_colonneA.begin() + static_cast<std::ptrdiff_t>(m_debutA[i + 1]));
     m_valeurA.resize(m_colonneA.size());
     m_diagonaleA.resize(n);
+}
 
-    // The elimination tree and the length of each column of L, row after row.
+/// The elimination tree and the places of L, row after row: first the length of each column, then its rows.
+void matriceNormale::rangerFacteur()
+{
+    const auto n = static_cast<std::size_t>(m_taille);
     m_parent.assign(n, -1);
     std::vector<int> marque(n, -1);
     std::vector<std::size_t> longueur(n, 0);
@@ -91,7 +96,7 @@ void matriceNormale::preparer(const std::vector<std::vector<int>>& voisins)
     for (std::size_t j = 0; j < n; ++j)
         m_debut[j + 1] = m_debut[j] + longueur[j];
     m_ligne.resize(m_debut[n]);
-    libre.assign(m_debut.begin(), m_debut.end() - 1);
+    std::vector<std::size_t> libre(m_debut.begin(), m_debut.end() - 1);
     std::ranges::fill(marque, -1);
     for (std::size_t i = 0; i < n; ++i)
         chaqueElementDeLigne(i, [&](std::size_t j) { m_ligne[libre[j]++] = static_cast<int>(i); });
@@ -121,39 +126,54 @@ void matriceNormale::ajouter(int i, int j, double valeur)
 /// How many times its own uncertainty a pivot must be to be one.
 constexpr double margePivot = 30.0;
 
+/// What the rows share while they are factored.
+struct matriceNormale::travailLigne {
+    std::vector<double> valeurs; ///< of the row, by column; 0 between rows
+    std::vector<int> marque;     ///< by column: the last row that has it
+    std::vector<int> motif;      ///< the columns of the row, from a place on to the end
+    std::vector<int> chemin;
+};
+
+/// Spreads a row and finds the columns it has in L, each before its parent in the tree.
+/// @return where they begin in the pattern
+std::size_t matriceNormale::etalerLigne(std::size_t i, travailLigne& t) const
+{
+    std::size_t haut = t.motif.size();
+    const auto ligne = static_cast<int>(i);
+    t.marque[i] = ligne;
+    for (std::size_t k = m_debutA[i]; k < m_debutA[i + 1]; ++k) {
+        auto j = static_cast<std::size_t>(m_colonneA[k]);
+        t.valeurs[j] = m_valeurA[k];
+        std::size_t longueur = 0;
+        for (; t.marque[j] != ligne; j = static_cast<std::size_t>(m_parent[j])) {
+            t.chemin[longueur++] = static_cast<int>(j);
+            t.marque[j] = ligne;
+        }
+        while (longueur > 0)
+            t.motif[--haut] = t.chemin[--longueur];
+    }
+    return haut;
+}
+
 /// Row after row: each row of L is the solution of a triangular system with the rows before it.
 void matriceNormale::factoriser()
 {
     const auto n = static_cast<std::size_t>(m_taille);
-    std::vector<double> travail(n, 0.0), incertitude(n);
-    std::vector<int> marque(n, -1), motif(n), chemin(n);
+    travailLigne t{std::vector<double>(n, 0.0), std::vector<int>(n, -1), std::vector<int>(n), std::vector<int>(n)};
+    std::vector<double> incertitude(n);
     std::vector<std::size_t> fin(m_debut.begin(), m_debut.end() - 1);
     m_tenues.clear();
     for (std::size_t i = 0; i < n; ++i) {
-        // The columns of row i, each before its parent in the tree.
-        std::size_t haut = n;
-        marque[i] = static_cast<int>(i);
-        for (std::size_t k = m_debutA[i]; k < m_debutA[i + 1]; ++k) {
-            auto j = static_cast<std::size_t>(m_colonneA[k]);
-            travail[j] = m_valeurA[k];
-            std::size_t longueur = 0;
-            for (; marque[j] != static_cast<int>(i); j = static_cast<std::size_t>(m_parent[j])) {
-                chemin[longueur++] = static_cast<int>(j);
-                marque[j] = static_cast<int>(i);
-            }
-            while (longueur > 0)
-                motif[--haut] = chemin[--longueur];
-        }
         double pivot = m_diagonaleA[i];
         // What rounding may have made of it: its own, and that of the pivots it was reduced by.
         incertitude[i] = std::numeric_limits<double>::epsilon() * pivot;
-        for (; haut < n; ++haut) {
-            const auto j = static_cast<std::size_t>(motif[haut]);
-            const double y = travail[j];
-            travail[j] = 0.0;
+        for (std::size_t place = etalerLigne(i, t); place < n; ++place) {
+            const auto j = static_cast<std::size_t>(t.motif[place]);
+            const double y = t.valeurs[j];
+            t.valeurs[j] = 0.0;
             const std::size_t bout = fin[j];
             for (std::size_t p = m_debut[j]; p < bout; ++p)
-                travail[static_cast<std::size_t>(m_ligne[p])] -= m_valeur[p] * y;
+                t.valeurs[static_cast<std::size_t>(m_ligne[p])] -= m_valeur[p] * y;
             const double l = y * m_inversePivot[j];
             pivot -= l * y;
             incertitude[i] += l * l * incertitude[j];

@@ -37,7 +37,10 @@ public:
 
 private:
     void ordonner(const std::vector<std::vector<int>>& voisins);
-    void preparer(const std::vector<std::vector<int>>& voisins);
+    void rangerMatrice(const std::vector<std::vector<int>>& voisins);
+    void rangerFacteur();
+    struct travailLigne;
+    std::size_t etalerLigne(std::size_t i, travailLigne& t) const;
 
     int m_taille;
     std::vector<int> m_rang;  ///< of an unknown in the elimination order

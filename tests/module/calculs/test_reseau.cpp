@@ -91,6 +91,75 @@ TEST(Reseau, FreeNetworkKeepsItsShapeAndItsMiddle)
     EXPECT_LT(trace / 16.0, traceTenue / 12.0 * 2.0);
 }
 
+/// The effect of a detectable fault is how far it moves the points, whatever unknowns were held on the way.
+TEST(Reseau, EffectsInAFreeNetworkAreWhatAFaultDoes)
+{
+    const reseau r = grilleEssai(3, 6);
+    optionsCompensation options;
+    options.libre = true;
+    options.chercherSuspects = false;
+    const resultatReseau sain = compenser(r, options);
+    ASSERT_TRUE(sain.libre);
+    int essais = 0;
+    for (std::size_t k = 0; k < r.observations.size(); k += 5) {
+        const observationCompensee& m = sain.mesures[k];
+        if (m.redondance < 0.05)
+            continue;
+        reseau fausse = r;
+        fausse.observations[k].mesure += m.erreurDetectable;
+        const resultatReseau avec = compenser(fausse, options);
+        double plusLoin = 0.0;
+        for (const int p : {r.observations[k].de, r.observations[k].vers}) {
+            const auto i = static_cast<std::size_t>(p);
+            plusLoin = std::max(plusLoin, std::hypot(avec.points[i].x - sain.points[i].x,
+                                                     avec.points[i].y - sain.points[i].y));
+        }
+        EXPECT_NEAR(m.effet, plusLoin, 0.01 * plusLoin) << k;
+        ++essais;
+    }
+    EXPECT_GT(essais, 5);
+}
+
+/// However many points hang by one distance, none of them is given a place.
+TEST(Reseau, ManyFloatingPointsAreAllUndetermined)
+{
+    std::string texte = "Station: A\nDistance: B 100\nDistance: C 141.42\nStation: B\nDistance: C 100\nStation: A\n";
+    constexpr int flottants = 230;
+    for (int i = 0; i < flottants; ++i)
+        texte += "Distance: P" + std::to_string(i) + " 50\n";
+    reseau r = lireMc(texte).r;
+    const auto placer = [&](const std::wstring& nom, double x, double y, tenue t) {
+        pointReseau& p = r.points.at(static_cast<std::size_t>(r.chercher(nom)));
+        p.x = x;
+        p.y = y;
+        p.plan = t;
+    };
+    placer(L"A", 0.0, 0.0, tenue::appui);
+    placer(L"B", 100.0, 0.0, tenue::appui);
+    placer(L"C", 100.0, 100.0, tenue::appui);
+    for (int i = 0; i < flottants; ++i)
+        placer(L"P" + std::to_wstring(i), 50.0 * std::cos(0.01 * i), 50.0 * std::sin(0.01 * i), tenue::libre);
+    const resultatReseau resultat = compenser(r);
+    EXPECT_EQ(resultat.defaut, flottants + 3);
+    EXPECT_TRUE(estConnue(pointNomme(r, resultat, L"B").x));
+    for (int i = 0; i < flottants; ++i)
+        EXPECT_FALSE(estConnue(pointNomme(r, resultat, (L"P" + std::to_wstring(i)).c_str()).x)) << i;
+}
+
+/// Places at the start, from slope distances listed from the far end to the known one.
+TEST(Reseau, SlopeDistancesGiveHeightsInAnyOrder)
+{
+    const reseau r = lireMc("Point: A X= 0 Y= 0 Z= 12 fixe\nPoint: B X= 100 Y= 0\nPoint: C X= 200 Y= 0\n"
+                            "Station: B\nInclinee: C 100\nStation: A\nInclinee: B 100\n")
+                         .r;
+    const approcheReseau a = approcher(r);
+    for (const wchar_t* nom : {L"A", L"B", L"C"}) {
+        const auto p = static_cast<std::size_t>(r.chercher(nom));
+        EXPECT_TRUE(a.enAltitude[p]);
+        EXPECT_NEAR(a.c.z[p], 12.0, 1e-9);
+    }
+}
+
 TEST(Reseau, SelectedInverseIsTheInverse)
 {
     std::mt19937 alea(7);
