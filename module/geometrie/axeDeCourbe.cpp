@@ -1,19 +1,13 @@
 #include "geometrie/axeDeCourbe.h"
 
-#include <memory>
-
 #include "geometrie/axeEnregistre.h"
+#include "geometrie/sommetsCourbe.h"
 
 #include "dbents.h"
 #include "dbentvrt.h"
 #include "dbpl.h"
 
 namespace {
-
-point3 pointDe(const AcGePoint3d& p)
-{
-    return {p.x, p.y, p.z};
-}
 
 /// 1 for a plane seen from above, -1 from below, 0 for one that leans.
 double sensDuPlan(const AcGeVector3d& normale)
@@ -32,22 +26,6 @@ std::vector<sommetAxe> sommetsLegers(const AcDbPolyline& ligne, double sens)
         sommets[i].bombement *= sens;
     }
     return sommets;
-}
-
-/// The vertices of an old-style polyline; those that only shape a spline are left out.
-template <typename Sommet, typename Prendre>
-void surSommets(const AcDbVertexCurve& ligne, Prendre&& prendre)
-{
-    const std::unique_ptr<AcDbObjectIterator> it(ligne.vertexIterator());
-    for (it->start(); !it->done(); it->step()) {
-        if (const auto* const sommet = Sommet::cast(it->entity())) {
-            prendre(*sommet);
-            continue;
-        }
-        const AcDbObjectPointer<Sommet> ouvert(it->objectId());
-        if (ouvert.openStatus() == Acad::eOk)
-            prendre(*ouvert.object());
-    }
 }
 
 std::vector<sommetAxe> sommetsAnciens(const AcDb2dPolyline& ligne, double sens)

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "geometrie/sommetsCourbe.h"
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
@@ -21,14 +22,23 @@
 #include "acutmem.h"
 #include "dbents.h"
 #include "dbpl.h"
-#include "gecarc2d.h"
 
 namespace {
 
 /// A stretch of polyline; a bulge of 0 is a line.
 struct segment {
     AcGePoint3d debut, fin;
-    double bombement = 0.0;
+    double bombement = 0.0; ///< as seen from the side the normal points to
+    AcGeVector3d normale = AcGeVector3d::kZAxis;
+
+    /// The polyline's own plane may look down: seen from above it turns the other way.
+    void redresser()
+    {
+        if (normale.z >= 0.0)
+            return;
+        normale.negate();
+        bombement = -bombement;
+    }
 };
 
 std::optional<segment> segmentLeger(const AcDbPolyline& ligne, unsigned int sommet)
@@ -40,36 +50,29 @@ std::optional<segment> segmentLeger(const AcDbPolyline& ligne, unsigned int somm
     ligne.getPointAt(sommet, s.debut);
     ligne.getPointAt((sommet + 1) % nombre, s.fin);
     ligne.getBulgeAt(sommet, s.bombement);
+    s.normale = ligne.normal();
     return s;
 }
 
 std::optional<segment> segment2d(const AcDb2dPolyline& ligne, unsigned int sommet)
 {
     std::vector<std::pair<AcGePoint3d, double>> sommets;
-    const std::unique_ptr<AcDbObjectIterator> it(ligne.vertexIterator());
-    for (it->start(); !it->done(); it->step()) {
-        const AcDbObjectPointer<AcDb2dVertex> ouvert(it->objectId());
-        if (ouvert.openStatus() == Acad::eOk)
-            sommets.emplace_back(ligne.vertexPosition(*ouvert.object()), ouvert->bulge());
-    }
+    surSommets<AcDb2dVertex>(
+        ligne, [&](const AcDb2dVertex& s) { sommets.emplace_back(ligne.vertexPosition(s), s.bulge()); });
     if (sommet >= sommets.size() || (sommet + 1 == sommets.size() && !ligne.isClosed()))
         return std::nullopt;
-    return segment{sommets[sommet].first, sommets[(sommet + 1) % sommets.size()].first, sommets[sommet].second};
+    const auto& [debut, bombement] = sommets[sommet];
+    return segment{debut, sommets[(sommet + 1) % sommets.size()].first, bombement, ligne.normal()};
 }
 
 /// Always straight: bulges are of the plane.
 std::optional<segment> segment3d(const AcDb3dPolyline& ligne, unsigned int sommet)
 {
     std::vector<AcGePoint3d> sommets;
-    const std::unique_ptr<AcDbObjectIterator> it(ligne.vertexIterator());
-    for (it->start(); !it->done(); it->step()) {
-        const AcDbObjectPointer<AcDb3dPolylineVertex> ouvert(it->objectId());
-        if (ouvert.openStatus() == Acad::eOk)
-            sommets.push_back(ouvert->position());
-    }
+    surSommets<AcDb3dPolylineVertex>(ligne, [&](const AcDb3dPolylineVertex& s) { sommets.push_back(s.position()); });
     if (sommet >= sommets.size() || (sommet + 1 == sommets.size() && !ligne.isClosed()))
         return std::nullopt;
-    return segment{sommets[sommet], sommets[(sommet + 1) % sommets.size()], 0.0};
+    return segment{sommets[sommet], sommets[(sommet + 1) % sommets.size()]};
 }
 
 std::optional<segment> segmentDe(const AcDbObjectId& id, int sommet)
@@ -89,12 +92,11 @@ std::optional<segment> segmentDe(const AcDbObjectId& id, int sommet)
 /// The bulge is the tangent of a quarter of the arc's angle: centre and radius follow from the chord.
 void ajouterArc(listeLisp& liste, const segment& s)
 {
-    const double dx = s.fin.x - s.debut.x, dy = s.fin.y - s.debut.y;
+    const AcGeVector3d corde = s.fin - s.debut;
     const double b = s.bombement;
     const double versCentre = (1.0 - b * b) / (4.0 * b); // from the middle of the chord, in chords, to its left
-    liste.ajouter(AcGePoint3d((s.debut.x + s.fin.x) / 2.0 - versCentre * dy,
-                              (s.debut.y + s.fin.y) / 2.0 + versCentre * dx, s.debut.z));
-    liste.ajouter(std::hypot(dx, dy) * (1.0 + b * b) / (4.0 * std::abs(b)));
+    liste.ajouter(s.debut + corde / 2.0 + s.normale.crossProduct(corde) * versCentre);
+    liste.ajouter(corde.length() * (1.0 + b * b) / (4.0 * std::abs(b)));
     liste.ajouter(b);
 }
 
@@ -186,9 +188,10 @@ int lispGetsegtype()
     int sommet = 0;
     if (!arguments.lireEntite(id) || !arguments.lireEntier(sommet) || !arguments.fini())
         return refuserParametres();
-    const auto s = segmentDe(id, sommet);
+    auto s = segmentDe(id, sommet);
     if (!s)
         return rendreNil();
+    s->redresser();
     listeLisp liste;
     liste.ajouter(s->bombement == 0.0 ? L"LIGNE" : L"ARC");
     liste.ajouter(s->debut);

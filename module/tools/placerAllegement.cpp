@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "codification/parcoursBloc.h"
+#include "geometrie/sommetsCourbe.h"
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
@@ -44,11 +45,6 @@ bool porteDesDonnees(const AcDbEntity& entite)
     return !aucune;
 }
 
-point3 pointDe(const AcGePoint3d& p)
-{
-    return {p.x, p.y, p.z};
-}
-
 /// A lightweight polyline in its own plane, which its vertices share with those of the same plane.
 ligneAllegee ligneDe(const AcDbPolyline& polyligne)
 {
@@ -65,17 +61,6 @@ ligneAllegee ligneDe(const AcDbPolyline& polyligne)
     }
     ligne.intouchable = large; // widths change along the line
     return ligne;
-}
-
-template <typename Sommet, typename Prendre>
-void surSommets(const AcDbVertexCurve& courbe, Prendre&& prendre)
-{
-    const std::unique_ptr<AcDbObjectIterator> it(courbe.vertexIterator());
-    for (it->start(); !it->done(); it->step()) {
-        const AcDbObjectPointer<Sommet> sommet(it->objectId());
-        if (sommet.openStatus() == Acad::eOk)
-            prendre(*sommet.object());
-    }
 }
 
 ligneAllegee ligneDe(const AcDb3dPolyline& polyligne)
@@ -239,9 +224,8 @@ private:
     }
     void ajouterSegment(const AcDbLine& ligne)
     {
-        const std::tuple<AcDbObjectId, AcDbObjectId, int, int> cle(ligne.layerId(), ligne.linetypeId(),
-                                                                   ligne.colorIndex(), ligne.trueColor());
-        const int famille = m_familles.try_emplace(cle, static_cast<int>(m_familles.size())).first->second;
+        const auto suivante = static_cast<int>(m_familles.size());
+        const int famille = m_familles.try_emplace(signatureFamille(ligne), suivante).first->second;
         m_segments.push_back({pointDe(ligne.startPoint()), pointDe(ligne.endPoint()), famille});
         m_idsSegments.push_back(ligne.objectId());
     }
@@ -280,7 +264,7 @@ private:
     std::vector<ligneAllegee> m_lignes;
     std::vector<AcDbObjectId> m_ids, m_idsSegments;
     std::vector<segmentAllege> m_segments;
-    std::map<std::tuple<AcDbObjectId, AcDbObjectId, int, int>, int> m_familles;
+    std::map<std::string, int> m_familles; ///< of lines that look alike
 };
 
 allegementDessin::allegementDessin(const optionsAllegement& options)

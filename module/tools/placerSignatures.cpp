@@ -75,6 +75,11 @@ bool sansAttribut(const AcDbBlockReference& reference)
 
 } // namespace
 
+std::string signatureFamille(const AcDbLine& ligne)
+{
+    return signature(ligne).ajouter(ligne.thickness()).ajouter(ligne.normal()).texte();
+}
+
 std::string signatureEntite(const AcDbEntity& entite)
 {
     signature s(entite);

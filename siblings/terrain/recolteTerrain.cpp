@@ -4,9 +4,11 @@
 #include <bit>
 #include <cmath>
 #include <memory>
+#include <numbers>
 #include <optional>
 #include <unordered_map>
 
+#include "geometrie/sommetsCourbe.h"
 #include "points/attribsPoints.h"
 #include "points/projetDansDessin.h"
 #include "services/grandeur.h"
@@ -71,7 +73,7 @@ void ajouterCordes(const AcDbCurve& courbe, double de, double vers, std::vector<
     if (courbe.getFirstDeriv(de + (vers - de) * 1e-6, debut) == Acad::eOk &&
         courbe.getFirstDeriv(vers - (vers - de) * 1e-6, fin) == Acad::eOk) {
         const double virage =
-            std::abs(std::remainder(std::atan2(fin.y, fin.x) - std::atan2(debut.y, debut.x), 2.0 * std::acos(-1.0)));
+            std::abs(std::remainder(std::atan2(fin.y, fin.x) - std::atan2(debut.y, debut.x), 2.0 * std::numbers::pi));
         pas = std::clamp(static_cast<int>(std::ceil(virage / 0.17)), 1, 40);
     }
     for (int i = 1; i <= pas; ++i) {
@@ -106,12 +108,10 @@ std::vector<sommetSol> sommetsDe(const AcDbCurve& courbe)
 std::vector<sommetSol> sommetsDe3d(const AcDb3dPolyline& ligne)
 {
     std::vector<sommetSol> sommets;
-    const std::unique_ptr<AcDbObjectIterator> it(ligne.vertexIterator());
-    for (it->start(); !it->done(); it->step()) {
-        const AcDbObjectPointer<AcDb3dPolylineVertex> sommet(it->objectId());
-        if (sommet.openStatus() == Acad::eOk && sommet->vertexType() != AcDb::k3dControlVertex)
-            sommets.push_back(sommetDe(sommet->position()));
-    }
+    surSommets<AcDb3dPolylineVertex>(ligne, [&](const AcDb3dPolylineVertex& s) {
+        if (s.vertexType() != AcDb::k3dControlVertex)
+            sommets.push_back(sommetDe(s.position()));
+    });
     if (ligne.isClosed() && sommets.size() > 2)
         sommets.push_back(sommets.front());
     return sommets;

@@ -20,6 +20,11 @@
 (car (getsegtype (entlast) 1)) ; => "ARC"
 (nth 3 (getsegtype (entlast) 1)) ; => (2.0 2.0 0.0)
 (rtos (nth 4 (getsegtype (entlast) 1)) 2 6) ; => "2.828427"
+; Drawn in a plane that looks down, where x runs west: seen from above the arc turns the other way.
+(entmake '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 2) (70 . 0) (10 0 0) (42 . 0.41421356237) (10 4 0) (210 0 0 -1))) ; >> 
+(equal (nth 2 (getsegtype (entlast) 0)) '(-4.0 0.0 0.0) 1e-6) ; => T
+(equal (nth 3 (getsegtype (entlast) 0)) '(-2.0 2.0 0.0) 1e-6) ; => T
+(< (nth 5 (getsegtype (entlast) 0)) 0) ; => T
 (progn (entmake '((0 . "POLYLINE") (70 . 9))) (entmake '((0 . "VERTEX") (10 0 0 1) (70 . 32))) (entmake '((0 . "VERTEX") (10 4 0 2) (70 . 32))) (entmake '((0 . "SEQEND"))) (getsegtype (entlast) 1)) ; => ("LIGNE" (4.0 0.0 2.0) (0.0 0.0 1.0))
 (getsegtype (entlast) 2) ; => nil
 ; < 1 | 2 | 1

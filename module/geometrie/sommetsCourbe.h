@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+#include "geometrie/plan.h"
+
+#include "dbents.h"
+
+inline point3 pointDe(const AcGePoint3d& p)
+{
+    return {p.x, p.y, p.z};
+}
+
+/// Calls `prendre` with each vertex of an old-style polyline, of the drawing or not in one yet: those that only shape
+/// a spline as well.
+template <typename Sommet, typename Prendre>
+void surSommets(const AcDbVertexCurve& ligne, Prendre&& prendre)
+{
+    const std::unique_ptr<AcDbObjectIterator> it(ligne.vertexIterator());
+    for (it->start(); !it->done(); it->step()) {
+        if (const auto* const sommet = Sommet::cast(it->entity())) {
+            prendre(*sommet);
+            continue;
+        }
+        const AcDbObjectPointer<Sommet> ouvert(it->objectId());
+        if (ouvert.openStatus() == Acad::eOk)
+            prendre(*ouvert.object());
+    }
+}
