@@ -1,7 +1,8 @@
 #include "geometrie/axeDeCourbe.h"
 
 #include "geometrie/axeEnregistre.h"
-#include "geometrie/sommetsCourbe.h"
+#include "geometrie/pointDe.h"
+#include "services/surSommets.h"
 
 #include "dbents.h"
 #include "dbentvrt.h"

@@ -8,7 +8,6 @@
 #include <optional>
 #include <vector>
 
-#include "geometrie/sommetsCourbe.h"
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
@@ -17,6 +16,7 @@
 #include "services/espaceObjet.h"
 #include "services/grandeur.h"
 #include "services/listeLisp.h"
+#include "services/surSommets.h"
 
 #include "aced.h"
 #include "acutmem.h"

@@ -6,12 +6,13 @@
 #include <unordered_set>
 
 #include "codification/parcoursBloc.h"
-#include "geometrie/sommetsCourbe.h"
+#include "geometrie/pointDe.h"
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
 #include "services/espaceObjet.h"
+#include "services/surSommets.h"
 #include "tools/allegement.h"
 #include "tools/placerSignatures.h"
 

@@ -8,12 +8,12 @@
 #include <optional>
 #include <unordered_map>
 
-#include "geometrie/sommetsCourbe.h"
 #include "points/attribsPoints.h"
 #include "points/projetDansDessin.h"
 #include "services/grandeur.h"
 #include "services/lettres.h"
 #include "services/lireNombre.h"
+#include "services/surSommets.h"
 
 #include "acutmem.h"
 #include "dbelipse.h"

@@ -2,14 +2,7 @@
 
 #include <memory>
 
-#include "geometrie/plan.h"
-
 #include "dbents.h"
-
-inline point3 pointDe(const AcGePoint3d& p)
-{
-    return {p.x, p.y, p.z};
-}
 
 /// Calls `prendre` with each vertex of an old-style polyline, of the drawing or not in one yet: those that only shape
 /// a spline as well.
