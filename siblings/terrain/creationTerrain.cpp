@@ -12,6 +12,7 @@
 #include "acutads.h"
 #include "acutmem.h"
 #include "dbads.h"
+#include "raisonFaute.h"
 #include "recolteTerrain.h"
 #include "terrainsOuverts.h"
 
@@ -75,9 +76,8 @@ AcDbObjectId creerModele(const std::wstring& nom, const sourcesTerrain& sources)
 {
     try {
         return creer(nom, sources);
-    } catch (const std::exception&) { // no memory left
-        acutPrintf(L"\nLe mod\u00e8le %s ne peut pas \u00eatre construit : il n'y a pas assez de m\u00e9moire.",
-                   nom.c_str());
+    } catch (const std::exception& faute) {
+        acutPrintf(L"\nLe mod\u00e8le %s ne peut pas \u00eatre construit : %s.", nom.c_str(), raisonDe(faute).c_str());
         return {};
     }
 }

@@ -3,6 +3,7 @@
 #include "services/grandeur.h"
 
 #include "acutads.h"
+#include "raisonFaute.h"
 #include "terrainsOuverts.h"
 
 /// What the survey module finds by name. No exception leaves.
@@ -14,9 +15,8 @@ int sansException(const Fait& fait)
 {
     try {
         return fait();
-    } catch (const std::exception&) { // no memory for the triangles
-        acutPrintf(
-            L"\nLe mod\u00e8le de terrain ne peut pas \u00eatre construit : il n'y a pas assez de m\u00e9moire.");
+    } catch (const std::exception& faute) {
+        acutPrintf(L"\nLe mod\u00e8le de terrain ne peut pas \u00eatre construit : %s.", raisonDe(faute).c_str());
         return 0;
     }
 }
