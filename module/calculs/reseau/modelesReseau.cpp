@@ -23,21 +23,57 @@ QString nombre(double valeur, int decimales)
 
 } // namespace
 
-modeleObservations::modeleObservations(reseau& r, const resultatReseau& resultat, QObject* parent) :
+modeleReseau::modeleReseau(reseau& r, const resultatReseau& resultat, std::span<const wchar_t* const> titres,
+                           QObject* parent) :
     QAbstractTableModel(parent),
     m_r(r),
-    m_resultat(resultat)
+    m_resultat(resultat),
+    m_titres(titres)
 {
 }
 
-int modeleObservations::rowCount(const QModelIndex& parent) const
+int modeleReseau::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_r.observations.size());
+    return parent.isValid() ? 0 : static_cast<int>(lignes());
 }
 
-int modeleObservations::columnCount(const QModelIndex& parent) const
+int modeleReseau::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(std::size(titresObservations));
+    return parent.isValid() ? 0 : static_cast<int>(m_titres.size());
+}
+
+QVariant modeleReseau::headerData(int section, Qt::Orientation sens, int role) const
+{
+    if (role != Qt::DisplayRole || sens != Qt::Horizontal)
+        return QAbstractTableModel::headerData(section, sens, role);
+    return QString::fromWCharArray(m_titres[static_cast<std::size_t>(section)]);
+}
+
+void modeleReseau::rafraichir()
+{
+    beginResetModel();
+    endResetModel();
+}
+
+void modeleReseau::resultatsChanges()
+{
+    if (rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+bool modeleReseau::conclure(const std::wstring& faute)
+{
+    if (!faute.empty()) {
+        emit refuse(texteQt(faute));
+        return false;
+    }
+    emit change();
+    return true;
+}
+
+modeleObservations::modeleObservations(reseau& r, const resultatReseau& resultat, QObject* parent) :
+    modeleReseau(r, resultat, titresObservations, parent)
+{
 }
 
 /// Residuals in ten-thousandths of a grade and millimetres, as deviations are.
@@ -82,21 +118,10 @@ bool modeleObservations::setData(const QModelIndex& index, const QVariant& valeu
 {
     if (role == Qt::CheckStateRole) {
         m_r.observations[static_cast<std::size_t>(index.row())].active = valeur.toInt() == Qt::Checked;
-    } else if (const std::wstring faute = changerObservation(
-                   m_r, index.row(), static_cast<colonneObservation>(index.column()), valeur.toString().toStdWString());
-               !faute.empty()) {
-        emit refuse(texteQt(faute));
-        return false;
+        return conclure({});
     }
-    emit change();
-    return true;
-}
-
-QVariant modeleObservations::headerData(int section, Qt::Orientation sens, int role) const
-{
-    if (role != Qt::DisplayRole || sens != Qt::Horizontal)
-        return QAbstractTableModel::headerData(section, sens, role);
-    return QString::fromWCharArray(titresObservations[section]);
+    return conclure(changerObservation(m_r, index.row(), static_cast<colonneObservation>(index.column()),
+                                       valeur.toString().toStdWString()));
 }
 
 Qt::ItemFlags modeleObservations::flags(const QModelIndex& index) const
@@ -107,33 +132,9 @@ Qt::ItemFlags modeleObservations::flags(const QModelIndex& index) const
     return index.column() < colonnesObservation ? etat | Qt::ItemIsEditable : etat;
 }
 
-void modeleObservations::rafraichir()
-{
-    beginResetModel();
-    endResetModel();
-}
-
-void modeleObservations::resultatsChanges()
-{
-    if (rowCount() > 0)
-        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
-}
-
 modelePointsReseau::modelePointsReseau(reseau& r, const resultatReseau& resultat, QObject* parent) :
-    QAbstractTableModel(parent),
-    m_r(r),
-    m_resultat(resultat)
+    modeleReseau(r, resultat, titresPoints, parent)
 {
-}
-
-int modelePointsReseau::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(m_r.points.size());
-}
-
-int modelePointsReseau::columnCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : static_cast<int>(std::size(titresPoints));
 }
 
 QVariant modelePointsReseau::data(const QModelIndex& index, int role) const
@@ -172,39 +173,13 @@ QVariant modelePointsReseau::data(const QModelIndex& index, int role) const
 
 bool modelePointsReseau::setData(const QModelIndex& index, const QVariant& valeur, int role)
 {
-    if (role != Qt::EditRole)
-        return false;
-    if (const std::wstring faute =
-            changerPoint(m_r, index.row(), static_cast<colonnePoint>(index.column()), valeur.toString().toStdWString());
-        !faute.empty()) {
-        emit refuse(texteQt(faute));
-        return false;
-    }
-    emit change();
-    return true;
-}
-
-QVariant modelePointsReseau::headerData(int section, Qt::Orientation sens, int role) const
-{
-    if (role != Qt::DisplayRole || sens != Qt::Horizontal)
-        return QAbstractTableModel::headerData(section, sens, role);
-    return QString::fromWCharArray(titresPoints[section]);
+    return role == Qt::EditRole &&
+           conclure(changerPoint(m_r, index.row(), static_cast<colonnePoint>(index.column()),
+                                 valeur.toString().toStdWString()));
 }
 
 Qt::ItemFlags modelePointsReseau::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags etat = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     return index.column() < colonnesPoint ? etat | Qt::ItemIsEditable : etat;
-}
-
-void modelePointsReseau::rafraichir()
-{
-    beginResetModel();
-    endResetModel();
-}
-
-void modelePointsReseau::resultatsChanges()
-{
-    if (rowCount() > 0)
-        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }

@@ -1,22 +1,19 @@
 #pragma once
 
+#include <span>
+
 #include <QAbstractTableModel>
 
 #include "calculs/reseau/resultatReseau.h"
 
-/// The observations of a network as rows: what was typed, and what the last adjustment made of it. A box switches an
-/// observation off and on.
-class modeleObservations : public QAbstractTableModel {
+/// Rows that are typed into, beside what the last adjustment made of them.
+class modeleReseau : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    modeleObservations(reseau& r, const resultatReseau& resultat, QObject* parent);
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    bool setData(const QModelIndex& index, const QVariant& valeur, int role) override;
     QVariant headerData(int section, Qt::Orientation sens, int role) const override;
-    Qt::ItemFlags flags(const QModelIndex& index) const override;
     void rafraichir();
     /// The figures changed, the rows did not.
     void resultatsChanges();
@@ -25,32 +22,44 @@ signals:
     void change();
     void refuse(const QString& raison);
 
-private:
-    QVariant texteResultat(int ligne, int colonne) const;
+protected:
+    modeleReseau(reseau& r, const resultatReseau& resultat, std::span<const wchar_t* const> titres, QObject* parent);
+    virtual std::size_t lignes() const = 0;
+    /// Tells that a cell was changed, or why it was not. @param faute empty when it was
+    bool conclure(const std::wstring& faute);
+
     reseau& m_r;
     const resultatReseau& m_resultat;
+
+private:
+    std::span<const wchar_t* const> m_titres;
 };
 
-/// The points of a network as rows: given coordinates and how they are held, adjusted ones and their precision.
-class modelePointsReseau : public QAbstractTableModel {
+/// The observations of a network. A box switches an observation off and on.
+class modeleObservations : public modeleReseau {
+    Q_OBJECT
+
+public:
+    modeleObservations(reseau& r, const resultatReseau& resultat, QObject* parent);
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& valeur, int role) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    std::size_t lignes() const override { return m_r.observations.size(); }
+    QVariant texteResultat(int ligne, int colonne) const;
+};
+
+/// The points of a network: given coordinates and how they are held, adjusted ones and their precision.
+class modelePointsReseau : public modeleReseau {
     Q_OBJECT
 
 public:
     modelePointsReseau(reseau& r, const resultatReseau& resultat, QObject* parent);
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     bool setData(const QModelIndex& index, const QVariant& valeur, int role) override;
-    QVariant headerData(int section, Qt::Orientation sens, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
-    void rafraichir();
-    void resultatsChanges();
-
-signals:
-    void change();
-    void refuse(const QString& raison);
 
 private:
-    reseau& m_r;
-    const resultatReseau& m_resultat;
+    std::size_t lignes() const override { return m_r.points.size(); }
 };
