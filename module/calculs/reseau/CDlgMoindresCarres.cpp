@@ -162,8 +162,15 @@ void CDlgMoindresCarres::sauvegarder()
     demande.filtres = filtresEcriture;
     demande.extension = L"mc";
     const auto fichier = demanderFichierAEcrire(demande);
-    if (fichier && !remplacerFichier(fichier->c_str(), contenuMc(m_r)))
-        avertirErreur(L"« " + *fichier + L" » n'a pas pu être écrit.");
+    if (!fichier)
+        return;
+    if (!remplacerFichier(fichier->c_str(), contenuMc(m_r)))
+        return avertirErreur(L"« " + *fichier + L" » n'a pas pu être écrit.");
+    std::wstring pertes;
+    for (const std::wstring& perte : pertesMc(m_r))
+        pertes += (pertes.empty() ? L"" : L"\n") + perte;
+    if (!pertes.empty())
+        afficherAvertissement(L"Sauvegarde", pertes);
 }
 
 void CDlgMoindresCarres::ouvrirFormules()

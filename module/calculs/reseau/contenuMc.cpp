@@ -135,3 +135,15 @@ std::string contenuMc(const reseau& r)
     }
     return texte;
 }
+
+std::vector<std::wstring> pertesMc(const reseau& r)
+{
+    std::vector<std::wstring> pertes;
+    if (!r.covariances.empty())
+        pertes.push_back(L"Un fichier « .mc » ne garde pas les covariances : les observations corrélées y deviennent "
+                         L"indépendantes, avec leurs écarts-types.");
+    if (estConnue(r.toleranceAbsolue))
+        pertes.push_back(L"Un fichier « .mc » ne garde pas la tolérance au-delà de laquelle une observation est mise "
+                         L"hors calcul.");
+    return pertes;
+}

@@ -28,8 +28,10 @@ struct reseauLu {
 
 /// Our own text form (".mc"), documented in docs/fichier-mc.md.
 reseauLu lireMc(std::string_view contenu);
-/// The bytes of a ".mc" file that reads back as the network; Windows-1252.
+/// The bytes of a ".mc" file that reads back as the network, but for what pertesMc tells; Windows-1252.
 std::string contenuMc(const reseau& r);
+/// What such a file cannot say of the network, a French phrase each.
+std::vector<std::wstring> pertesMc(const reseau& r);
 
 /// The XML form of gama-local (".gkf").
 reseauLu lireGkf(std::string_view contenu);

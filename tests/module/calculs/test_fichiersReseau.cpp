@@ -68,6 +68,16 @@ TEST(FichierMc, ReadsAll)
     EXPECT_EQ(relu.r.formules, r.formules);
 }
 
+TEST(FichierMc, SaysWhatItCannotKeep)
+{
+    reseau r = lireMc("Station: A\nDistance: B 10\nDistance: C 20\n").r;
+    EXPECT_TRUE(pertesMc(r).empty());
+    r.covariances.push_back({{0, 1}, {1.0, 0.5, 0.5, 1.0}});
+    r.toleranceAbsolue = 1.0;
+    ASSERT_EQ(pertesMc(r).size(), 2u);
+    EXPECT_NE(pertesMc(r)[0].find(L"covariances"), std::wstring::npos);
+}
+
 TEST(FichierMc, TellsTheLine)
 {
     const struct {
