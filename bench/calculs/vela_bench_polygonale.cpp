@@ -3,14 +3,13 @@
 #include <map>
 #include <stdexcept>
 
-#include <CLI/CLI.hpp>
-
 #include "calculs/calculPolygonaleFermee.h"
 #include "calculs/calculPolygonaleOuverte.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/rapportPolygonaleFermee.h"
 #include "calculs/rapportPolygonaleOuverte.h"
 #include "generateurs/boucleStations.h"
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "reports/htmlDocument.h"
@@ -171,14 +170,6 @@ private:
 /// vela_bench_polygonale [--runs N]; exit status 1 when a bar is not held.
 int main(int argc, char** argv)
 {
-    CLI::App options{"Closed traverses of 1 000 to 100 000 legs."};
-    int passes = 5;
-    options.add_option("--runs", passes, "runs at least, of which the median counts")->check(CLI::Range(1, 1000));
-    CLI11_PARSE(options, argc, argv);
-    try {
-        return banc(passes).mesurer() ? 0 : 1;
-    } catch (const std::exception& erreur) {
-        std::fprintf(stderr, "%s\n", erreur.what());
-        return 2;
-    }
+    return lancerMesures(argc, argv, "Closed traverses of 1 000 to 100 000 legs.", 5,
+                         [](int passes) { return banc(passes).mesurer(); });
 }

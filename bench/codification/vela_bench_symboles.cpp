@@ -3,12 +3,12 @@
 #include <memory>
 #include <stdexcept>
 
-#include <CLI/CLI.hpp>
 #include <unistd.h>
 
 #include "ap/DocumentList.h"
 #include "codification/codificationDuModule.h"
 #include "ed/Kernel.h"
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "points/leveGenere.h"
@@ -167,15 +167,9 @@ private:
     std::unique_ptr<listePointsDuDessin> m_table;
 };
 
-} // namespace
-
-/// vela_bench_symboles [--runs N]; exit status 1 when a bar is not held.
-int main(int argc, char** argv)
+/// Needs a folder of support with the symbols, of its own for the time of the measure.
+bool mesurerSymboles(int passes)
 {
-    CLI::App options{"Symbols of 1000 to 100 000 points."};
-    int passes = 3;
-    options.add_option("--runs", passes, "runs at least, of which the median counts")->check(CLI::Range(1, 1000));
-    CLI11_PARSE(options, argc, argv);
     namespace fs = std::filesystem;
     const fs::path support = fs::temp_directory_path() / ("vela_bench_symboles_" + std::to_string(getpid()));
     fs::create_directories(support);
@@ -190,5 +184,13 @@ int main(int argc, char** argv)
         Console::instance().setSink(nullptr);
     }
     fs::remove_all(support);
-    return tenu ? 0 : 1;
+    return tenu;
+}
+
+} // namespace
+
+/// vela_bench_symboles [--runs N]; exit status 1 when a bar is not held.
+int main(int argc, char** argv)
+{
+    return lancerMesures(argc, argv, "Symbols of 1000 to 100 000 points.", 3, mesurerSymboles);
 }

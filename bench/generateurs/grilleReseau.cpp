@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <numbers>
 #include <vector>
 
 #include "generateurs/Alea.h"
@@ -9,7 +10,7 @@
 namespace {
 
 constexpr double pas = 100.0, ecartPlace = 10.0; // metres
-constexpr double gradesParRadian = 200.0 / 3.14159265358979323846;
+constexpr double gradesParRadian = 200.0 / std::numbers::pi;
 constexpr double bruitDirection = 0.001, bruitDistance = 0.003; // grades, metres
 
 /// Normal, mean 0, deviation 1: Box and Muller.
@@ -17,7 +18,7 @@ double normale(Alea& alea)
 {
     const double u = 1.0 - alea.entre(0.0, 1.0);
     const double v = alea.entre(0.0, 1.0);
-    return std::sqrt(-2.0 * std::log(u)) * std::cos(2.0 * 3.14159265358979323846 * v);
+    return std::sqrt(-2.0 * std::log(u)) * std::cos(2.0 * std::numbers::pi * v);
 }
 
 template <class... Valeurs>

@@ -1,10 +1,9 @@
 #include <cmath>
 #include <cstdio>
 
-#include <CLI/CLI.hpp>
-
 #include "generateurs/Alea.h"
 #include "implantation/visibilite.h"
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "sol/parcoursTerrain.h"
@@ -142,9 +141,5 @@ bool mesurer(int passes)
 
 int main(int argc, char** argv)
 {
-    CLI::App programme("Sights over a ground and its obstacles");
-    int passes = 3;
-    programme.add_option("--passes", passes, "runs of each measure");
-    CLI11_PARSE(programme, argc, argv);
-    return mesurer(passes) ? 0 : 1;
+    return lancerMesures(argc, argv, "Sights over a ground and its obstacles.", 3, mesurer);
 }

@@ -1,10 +1,8 @@
-#include <iostream>
 #include <stdexcept>
-
-#include <CLI/CLI.hpp>
 
 #include "lisp/builtins/Builtins.h"
 #include "lisp/eval/LispContext.h"
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "platform/CodePage.h"
@@ -83,28 +81,19 @@ void verifier()
     }
 }
 
-int mesurer(int passes)
+bool mesurer(int passes)
 {
     verifier();
     tableauMesures tableau({10000, 100000, 1000000}, "turn");
     tableau.enTete();
     for (const boucle& b : boucles)
         tableau.croissance(b.nom, [&](int taille) { return secondes(b, taille, passes); });
-    return tableau.tenu() ? 0 : 1;
+    return tableau.tenu();
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    CLI::App options{"AutoLISP loops of 10 000 to 1 000 000 turns."};
-    int passes = 3;
-    options.add_option("--runs", passes, "runs at least, of which the median counts")->check(CLI::Range(1, 1000));
-    CLI11_PARSE(options, argc, argv);
-    try {
-        return mesurer(passes);
-    } catch (const std::exception& echec) {
-        std::cerr << "vela_bench_lisp: " << echec.what() << '\n';
-        return 2;
-    }
+    return lancerMesures(argc, argv, "AutoLISP loops of 10 000 to 1 000 000 turns.", 3, mesurer);
 }

@@ -1,12 +1,13 @@
 #include <algorithm>
+#include <cstdio>
 #include <optional>
 #include <stdexcept>
 #include <tuple>
 
-#include <CLI/CLI.hpp>
 #include <unistd.h>
 
 #include "generateurs/dessinReleve.h"
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "planchers/planchers.h"
@@ -309,15 +310,7 @@ private:
 /// vela_bench_tables [--runs N]; exit status 1 when a bar is not held.
 int main(int argc, char** argv)
 {
-    CLI::App options{"Point tables of 10 000 to 1 000 000 points."};
-    int passes = 5;
-    options.add_option("--runs", passes, "runs at least, of which the median counts")->check(CLI::Range(1, 1000));
-    CLI11_PARSE(options, argc, argv);
     Console::instance().setSink([](const std::wstring&) {});
-    try {
-        return banc(passes).mesurer() ? 0 : 1;
-    } catch (const std::exception& erreur) {
-        std::fprintf(stderr, "%s\n", erreur.what());
-        return 2;
-    }
+    return lancerMesures(argc, argv, "Point tables of 10 000 to 1 000 000 points.", 5,
+                         [](int passes) { return banc(passes).mesurer(); });
 }

@@ -6,11 +6,10 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
-#include <CLI/CLI.hpp>
-
 #include "ap/DocumentList.h"
 #include "commands/CommandTable.h"
 #include "ed/Kernel.h"
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "rx/Console.h"
@@ -109,14 +108,6 @@ private:
 /// vela_bench_scripts [--runs N]; exit status 1 when a bar is not held.
 int main(int argc, char** argv)
 {
-    CLI::App options{"Scripts of 100 to 10 000 lines."};
-    int passes = 3;
-    options.add_option("--runs", passes, "runs at least, of which the median counts")->check(CLI::Range(1, 1000));
-    CLI11_PARSE(options, argc, argv);
-    try {
-        return banc(passes).mesurer() ? 0 : 1;
-    } catch (const std::exception& erreur) {
-        std::fprintf(stderr, "%s\n", erreur.what());
-        return 2;
-    }
+    return lancerMesures(argc, argv, "Scripts of 100 to 10 000 lines.", 3,
+                         [](int passes) { return banc(passes).mesurer(); });
 }

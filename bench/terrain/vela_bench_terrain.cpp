@@ -4,9 +4,8 @@
 #include <map>
 #include <tuple>
 
-#include <CLI/CLI.hpp>
-
 #include "generateurs/Alea.h"
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "sol/courbesNiveau.h"
@@ -183,9 +182,6 @@ private:
 
 int main(int argc, char** argv)
 {
-    CLI::App programme("Grounds: triangulation, heights, profiles, contours, volumes");
-    int passes = 3;
-    programme.add_option("--passes", passes, "runs of each measure");
-    CLI11_PARSE(programme, argc, argv);
-    return banc(passes).mesurer() ? 0 : 1;
+    return lancerMesures(argc, argv, "Grounds: triangulation, heights, profiles, contours, volumes.", 3,
+                         [](int passes) { return banc(passes).mesurer(); });
 }

@@ -2,8 +2,7 @@
 #include <map>
 #include <random>
 
-#include <CLI/CLI.hpp>
-
+#include "mesures/lancement.h"
 #include "mesures/mediane.h"
 #include "mesures/tableauMesures.h"
 #include "tools/allegement.h"
@@ -92,9 +91,5 @@ bool mesurer(int passes)
 
 int main(int argc, char** argv)
 {
-    CLI::App application{"Tools along lines, lightening, grids"};
-    int passes = 5;
-    application.add_option("--passes", passes, "runs of each measure");
-    CLI11_PARSE(application, argc, argv);
-    return mesurer(passes) ? 0 : 1;
+    return lancerMesures(argc, argv, "Tools along lines, lightening, grids.", 5, mesurer);
 }
