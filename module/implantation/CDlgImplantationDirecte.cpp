@@ -294,26 +294,24 @@ void CDlgImplantationDirecte::ecrireFichiers()
                               L"Sans place dans ce format, ou sans coordonnées : " + enumererNoms(ecartes));
 }
 
-bool CDlgImplantationDirecte::schematiser()
+void CDlgImplantationDirecte::schematiser()
 {
     ads_point place;
     if (saisirDansDessin([&] { return acedGetPoint(nullptr, L"Position des textes", place); }) != RTNORM)
-        return false;
+        return;
     dessinerCroquis(m_travail, {place[0], place[1]});
-    return true;
 }
 
-bool CDlgImplantationDirecte::exporter()
+void CDlgImplantationDirecte::exporter()
 {
     demandeFichier demande;
     demande.filtres = filtresRapport;
     demande.extension = L"htm";
     const auto fichier = demanderFichierAEcrire(demande);
     if (!fichier)
-        return false;
+        return;
     std::vector<std::wstring> aucun;
     ecrireOuAvertir(*fichier, contenuFichier(m_travail, formeFichier::html, aucun));
-    return true;
 }
 
 /// A step that the user cancels is left out; the others are done.

@@ -46,8 +46,8 @@ private:
     void configurer();
     void ecrireFichiers();
     void generer();
-    bool schematiser();
-    bool exporter();
+    void schematiser();
+    void exporter();
 
     std::unique_ptr<Ui::CDlgImplantationDirecte> m_ui;
     travailImplantation& m_travail;

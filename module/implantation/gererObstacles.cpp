@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cwchar>
 
+#include "implantation/motSaisi.h"
 #include "services/lettres.h"
 #include "services/motSaisi.h"
 #include "services/selection.h"

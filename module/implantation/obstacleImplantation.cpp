@@ -5,8 +5,7 @@
 #include "geometrie/axeDeCourbe.h"
 #include "implantation/entitesImplantation.h"
 #include "services/chaineResbuf.h"
-#include "services/codages.h"
-#include "services/nombreFixe.h"
+#include "services/formatNombres.h"
 #include "services/selection.h"
 
 #include "acdb.h"
@@ -109,7 +108,7 @@ std::wstring obstacleImplantation::nom() const
         quoi = std::wstring(L" du calque \u00ab ") + (calque ? calque : L"") + L" \u00bb";
         acutDelString(calque);
     }
-    return L"l'obstacle" + quoi + L", haut de " + depuisAnsi(nombreFixe(hauteur, 2));
+    return L"l'obstacle" + quoi + L", haut de " + formaterFixe(hauteur, 2);
 }
 
 void obstacleImplantation::montrer(std::unique_ptr<AcDbEntity> marque)

@@ -32,7 +32,7 @@ public:
     virtual void indexer(obstaclesPlan& plan) const = 0;
     virtual ~obstacleImplantation();
 
-    /// What it is, for sentences: "l'obstacle LIGNE, haut de 2.00".
+    /// What it is, for sentences: "l'obstacle « BLOC », haut de 2.00", "l'obstacle du calque « X »...".
     std::wstring nom() const;
 
     AcDbObjectId id;

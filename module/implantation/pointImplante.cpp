@@ -1,7 +1,6 @@
 #include "implantation/pointImplante.h"
 
-#include "services/codages.h"
-#include "services/nombreFixe.h"
+#include "services/formatNombres.h"
 
 namespace {
 
@@ -9,7 +8,7 @@ constexpr int decimalesHauteur = 2;
 
 std::wstring texte(double valeur, int nombreDecimales = decimalesImplantation)
 {
-    return valeur == inconnu ? std::wstring() : depuisAnsi(nombreFixe(valeur, nombreDecimales));
+    return valeur == inconnu ? std::wstring() : formaterFixe(valeur, nombreDecimales);
 }
 
 /// The bearing stands in for an angle that has no known zero.

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "services/codages.h"
-#include "services/nombreFixe.h"
+#include "services/formatNombres.h"
 
 double deniveleeVers(const donneesStation& station, const pointImplante& point)
 {
@@ -19,7 +18,7 @@ namespace {
 
 std::wstring metres(double valeur)
 {
-    return depuisAnsi(nombreFixe(valeur, 2));
+    return formaterFixe(valeur, 2);
 }
 
 } // namespace

@@ -4,8 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "services/codages.h"
-#include "services/nombreFixe.h"
+#include "services/formatNombres.h"
 
 namespace {
 
@@ -13,7 +12,7 @@ constexpr int couleurSansVerification = 7; // whatever the colour chosen for unc
 constexpr double interligne = 1.5;         // of the height of texts
 std::wstring texteTrace(double valeur, int nombreDecimales = decimalesImplantation)
 {
-    return depuisAnsi(nombreFixe(valeur, nombreDecimales));
+    return formaterFixe(valeur, nombreDecimales);
 }
 
 int couleurDe(const pointImplante& point, bool verification, const reglagesImplantation& reglages)

@@ -16,7 +16,7 @@ dessinPlan tracePoint(const pointImplante& point, const donneesStation* station,
                       const reglagesImplantation& reglages);
 
 /// A small plan of a station and its points that fits a square of that side, its lower left corner at the origin.
-/// Points far out are many: only the nearest ones bear their numbers.
+/// Of many points only the first sixty bear their numbers.
 dessinPlan planReduit(const blocStation& bloc, double cote, bool verification, const reglagesImplantation& reglages);
 
 /// The sketch: for each station the small plan, its description and the table of its points; from the origin down.

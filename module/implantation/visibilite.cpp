@@ -7,12 +7,12 @@
 
 namespace {
 
-/// Distance of a place from the infinite line through two points, which are one when `t` has no meaning.
+/// Distance of a place from the infinite line through two points, or from both when they are one.
 double distanceALaDroite(point2 a, point2 b, point2 p)
 {
     const point2 u = b - a;
     const double carre = scalaire(u, u);
-    const double t = carre > 0.0 ? scalaire(p - a, u) / carre : 1e36;
+    const double t = carre > 0.0 ? scalaire(p - a, u) / carre : 0.0;
     return norme(p - (a + u * t));
 }
 
