@@ -7,9 +7,8 @@
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/phrasesConseil.h"
 #include "calculs/uniteAngulaire.h"
-#include "services/codages.h"
+#include "services/formatNombres.h"
 #include "services/grandeur.h"
-#include "services/nombreFixe.h"
 
 namespace {
 
@@ -122,20 +121,16 @@ bool calculable(const cheminement& c)
            std::isfinite(c.erreurAngulaire) && std::isfinite(c.fermeturePlanimetrique);
 }
 
-std::wstring nombre(double valeur, int decimales)
-{
-    return depuisAnsi(nombreFixe(valeur, decimales));
-}
-
 /// "99.2000 au lieu de 100.2000", as far as such a guess is worth.
 std::wstring attendu(const fauteUnique& f, double observe, int unite)
 {
     constexpr int decimalesLongueur = 3, decimalesAngle = 4, decimalesRadians = 6;
     const double corrige = observe + f.correction;
     if (!f.angulaire)
-        return nombre(corrige, decimalesLongueur) + L" au lieu de " + nombre(observe, decimalesLongueur);
+        return formaterFixe(corrige, decimalesLongueur) + L" au lieu de " + formaterFixe(observe, decimalesLongueur);
     const int decimales = unite == uniteRadians ? decimalesRadians : decimalesAngle;
-    return nombre(normaliser(corrige, tourComplet(unite)), decimales) + L" au lieu de " + nombre(observe, decimales);
+    return formaterFixe(normaliser(corrige, tourComplet(unite)), decimales) + L" au lieu de " +
+           formaterFixe(observe, decimales);
 }
 
 std::wstring nomOuRang(const std::wstring& nom, std::size_t rang)
@@ -156,8 +151,9 @@ std::wstring phrase(const cheminement& c, const fauteUnique& f, double observe, 
     else
         quoi = L"la longueur du côté " + nomOuRang(departDuCote, f.rang) + L" - " +
                nomOuRang(c.cotes[f.rang].observation.nom, f.rang) + L", " + attendu(f, observe, c.unite) + ligne;
-    return L"Une seule faute expliquerait cette fermeture : " + quoi + L" ; il resterait " + nombre(f.fermeture, 3) +
-           L" (" + texteFermetureRelative(c.longueur / f.fermeture) + L"). À vérifier sur le carnet ou le terrain.";
+    return L"Une seule faute expliquerait cette fermeture : " + quoi + L" ; il resterait " +
+           formaterFixe(f.fermeture, 3) + L" (" + texteFermetureRelative(c.longueur / f.fermeture) +
+           L"). À vérifier sur le carnet ou le terrain.";
 }
 
 double observation(const cheminement& c, const fauteUnique& f)

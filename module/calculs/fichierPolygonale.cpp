@@ -4,12 +4,13 @@
 #include <fstream>
 
 #include "calculs/decouperLigne.h"
+#include "calculs/lignesFichier.h"
 #include "calculs/nivellement.h"
 #include "calculs/observationPolygonale.h"
 #include "calculs/uniteAngulaire.h"
 #include "services/codages.h"
+#include "services/formatNombres.h"
 #include "services/lettres.h"
-#include "services/nombreFixe.h"
 #include "services/reelDeTexte.h"
 
 namespace {
@@ -23,9 +24,6 @@ std::wstring motCle(const std::wstring& element)
 {
     return enMinuscules(element.substr(0, 4));
 }
-
-/// What is wrong in every line of a file is understood by then; one of millions of lines must not fill the memory.
-constexpr std::size_t remarquesGardees = 1000;
 
 /// The line being read, and what looks wrong in the file so far.
 struct lecture {
@@ -178,8 +176,8 @@ void remarquerManques(lecture& l, const donneesPolygonaleOuverte& donnees)
     if (!l.arrivee)
         l.remarquer(L"aucune ligne « Arrivee » : l'arrivée est en 0, 0, de gisement 0.");
     if (!l.fermeture)
-        l.remarquer(L"aucune ligne « Fermeture » : le dernier angle reste " +
-                    depuisAnsi(nombreFixe(donnees.fermeture, 4)) + L".");
+        l.remarquer(L"aucune ligne « Fermeture » : le dernier angle reste " + formaterFixe(donnees.fermeture, 4) +
+                    L".");
 }
 
 void vider(donneesPolygonaleFermee& donnees)
@@ -219,22 +217,19 @@ void lireElements(lecture& l, Donnees& donnees)
 /// A longer line is read in pieces of this size, each as a line of its own.
 constexpr std::size_t longueurLigne = 1023;
 
-/// Ends the line at its carriage return or at a zero byte, as text files are read.
+/// Ends the line at a zero byte, as text files are read.
 std::string_view sansFin(std::string_view ligne)
 {
-    ligne = ligne.substr(0, ligne.find('\0'));
-    if (!ligne.empty() && ligne.back() == '\r')
+    const std::size_t zero = ligne.find('\0');
+    ligne = ligne.substr(0, zero);
+    if (zero != std::string_view::npos && ligne.ends_with('\r'))
         ligne.remove_suffix(1);
     return ligne;
 }
 
-/// What some editors put before the text of a file in UTF-8.
-constexpr std::string_view marqueUtf8 = "\xEF\xBB\xBF";
-
 /// Characters beyond 16 bits, which not every platform holds, are none.
-std::wstring depuisUtf8Court(std::string_view octets)
+std::wstring court(std::wstring texte)
 {
-    std::wstring texte = depuisUtf8(octets);
     std::ranges::replace_if(
         texte, [](wchar_t c) { return c > 0xFFFF; }, L'?');
     return texte;
@@ -245,18 +240,13 @@ bilanLecture lireContenu(std::string_view contenu, Donnees& donnees)
 {
     vider(donnees);
     lecture l;
-    const bool marque = contenu.starts_with(marqueUtf8);
-    if (marque)
-        contenu.remove_prefix(marqueUtf8.size());
-    const bool utf8 = marque || sembleUtf8(contenu);
-    while (!contenu.empty()) {
-        ++l.numero;
-        const std::size_t fin = contenu.find('\n');
-        std::string_view ligne = sansFin(contenu.substr(0, fin));
-        contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
+    lignesFichier lignes(contenu);
+    for (std::string_view ligne; lignes.suivante(ligne);) {
+        l.numero = lignes.numero();
+        ligne = sansFin(ligne);
         do {
             const std::string_view morceau = ligne.substr(0, longueurLigne);
-            decouperLigne(utf8 ? depuisUtf8Court(morceau) : depuisAnsi(morceau), separateursPolygonale, l.e);
+            decouperLigne(court(lignes.texte(morceau)), separateursPolygonale, l.e);
             lireElements(l, donnees);
             ligne.remove_prefix(morceau.size());
         } while (!ligne.empty());
@@ -280,11 +270,6 @@ bilanLecture chargerFichier(const std::filesystem::path& fichier, Donnees& donne
     if (!flux.is_open() || flux.bad())
         return {.lisible = false, .stations = 0, .ignorees = 0, .remarques = {}};
     return lireContenu(contenu, donnees);
-}
-
-bool finitPar(std::wstring_view texte, std::wstring_view fin)
-{
-    return texte.size() >= fin.size() && texte.substr(texte.size() - fin.size()) == fin;
 }
 
 } // namespace
@@ -324,7 +309,7 @@ std::wstring nomComplet(std::wstring_view choisi, int filtre)
 {
     std::wstring nom(choisi);
     const auto completer = [&nom](std::wstring_view extension) {
-        if (!finitPar(enMinuscules(nom), extension))
+        if (!enMinuscules(nom).ends_with(extension))
             nom += extension;
     };
     if (filtre == filtreObservations)

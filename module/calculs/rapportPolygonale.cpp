@@ -3,6 +3,7 @@
 #include "calculs/nivellement.h"
 #include "reports/htmlText.h"
 #include "services/codages.h"
+#include "services/grandeur.h"
 
 namespace rapportPolygonale {
 
@@ -39,6 +40,11 @@ void ajouterTitre(htmlDocument& document, std::wstring_view texte)
 void ajouterParagraphe(htmlDocument& document, std::string octets)
 {
     ajouterTexte(document, std::move(octets), classePetit);
+}
+
+void ajouterParagraphe(htmlDocument& document, std::wstring_view texte)
+{
+    ajouterParagraphe(document, htmlEscaped(versAnsi(texte)));
 }
 
 bool ajouterTitreNivellement(htmlDocument& document, int mode)
@@ -81,6 +87,14 @@ void ajouterEnTete(htmlTable& table, std::wstring_view texte)
 void ajouterNombre(htmlTable& table, double valeur)
 {
     table.addCell(valeur, decimalesRapport, celluleNombre);
+}
+
+void ajouterNombre(htmlTable& table, double valeur, int decimales)
+{
+    if (estConnue(valeur))
+        table.addCell(valeur, decimales, celluleNombre);
+    else
+        table.addCell(celluleVide, celluleNombre);
 }
 
 void ajouterVides(htmlTable& table, int nombre)

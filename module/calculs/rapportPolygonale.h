@@ -8,7 +8,7 @@
 #include "calculs/cheminement.h"
 #include "reports/classesRapport.h"
 
-// What the reports of closed and open traverses share: style classes, attributes of cells, headings.
+// What the reports of traverses and networks share: style classes, attributes of cells, headings.
 
 namespace rapportPolygonale {
 
@@ -27,8 +27,9 @@ void ajouterEnTetes(htmlDocument& document);
 /// The title, and the heading of the data.
 void ouvrirRapport(htmlDocument& document);
 void ajouterTitre(htmlDocument& document, std::wstring_view texte);
-/// @param octets already narrow
+/// @param octets already narrow, and fit for HTML
 void ajouterParagraphe(htmlDocument& document, std::string octets);
+void ajouterParagraphe(htmlDocument& document, std::wstring_view texte);
 
 /// Heading and sub-title of the levelling section for a mode, or the title that says there is none.
 /// @return whether a table is to follow.
@@ -39,6 +40,8 @@ htmlTable tableau(std::initializer_list<std::wstring_view> enTetes);
 void ajouterEnTete(htmlTable& table, std::wstring_view texte);
 
 void ajouterNombre(htmlTable& table, double valeur);
+/// An unknown value leaves its cell empty.
+void ajouterNombre(htmlTable& table, double valeur, int decimales);
 void ajouterVides(htmlTable& table, int nombre);
 
 /// Headings of a levelling table after "d.Z", for a mode that corrects.

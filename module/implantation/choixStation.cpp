@@ -2,7 +2,6 @@
 
 #include <set>
 
-#include "implantation/motSaisi.h"
 #include "implantation/pointsDuProjet.h"
 #include "points/altitudeDuSol.h"
 #include "services/lettres.h"

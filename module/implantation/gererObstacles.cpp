@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cwchar>
 
-#include "implantation/motSaisi.h"
 #include "services/lettres.h"
 #include "services/motSaisi.h"
 #include "services/selection.h"

@@ -3,23 +3,24 @@
 #include <charconv>
 
 #include "calculs/decouperLigne.h"
+#include "calculs/lignesFichier.h"
 #include "services/codages.h"
 #include "services/lettres.h"
 #include "services/reelDeTexte.h"
 
-namespace {
-
-std::string court(double valeur)
+std::string nombreCourt(double valeur)
 {
     char tampon[32];
     return {tampon, std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr};
 }
 
-std::string cite(std::string texte)
+std::string motCite(std::string texte)
 {
-    std::erase(texte, '"'); // the files have no way to write it
+    std::erase(texte, '"');
     return '"' + texte + '"';
 }
+
+namespace {
 
 /// The word at a rank, or an empty one.
 std::string mot(const std::vector<std::wstring>& mots, std::size_t rang)
@@ -35,9 +36,9 @@ std::string contenuFormules(const formulesPoids& f)
     for (const auto& [genre, formule] :
          {std::pair{"angles", &f.angles}, std::pair{"gisements", &f.gisements}, std::pair{"distances", &f.distances}})
         if (!formule->empty())
-            texte += std::string("Formule: ") + genre + " " + cite(*formule) + "\n";
+            texte += std::string("Formule: ") + genre + " " + motCite(*formule) + "\n";
     for (const variableFormule& v : f.variables.variables())
-        texte += "Variable: " + cite(v.nom) + " " + court(v.valeur) + " " + cite(v.commentaire) + "\n";
+        texte += "Variable: " + motCite(v.nom) + " " + nombreCourt(v.valeur) + " " + motCite(v.commentaire) + "\n";
     return texte;
 }
 
@@ -67,15 +68,12 @@ std::vector<remarqueLecture> lireFormules(std::string_view contenu, formulesPoid
 {
     std::vector<remarqueLecture> remarques;
     std::vector<std::wstring> mots;
-    for (std::size_t numero = 1; !contenu.empty(); ++numero) {
-        const std::size_t fin = contenu.find('\n');
-        std::string_view ligne = contenu.substr(0, fin);
-        contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
-        if (!ligne.empty() && ligne.back() == '\r')
-            ligne.remove_suffix(1);
-        decouperLigne(depuisAnsi(ligne), separateursPolygonale, mots);
+    lignesFichier lignes(contenu);
+    for (std::string_view ligne; lignes.suivante(ligne);) {
+        const std::wstring texte = lignes.texte(ligne);
+        decouperLigne(texte, separateursPolygonale, mots);
         if (!mots.empty() && !lireLigneFormule(mots, formules))
-            remarques.push_back({numero, L"« " + depuisAnsi(ligne.substr(0, 60)) + L" » n'est pas compris."});
+            remarques.push_back({lignes.numero(), L"« " + texte.substr(0, 60) + L" » n'est pas compris."});
     }
     return remarques;
 }

@@ -7,7 +7,8 @@
 #include "calculs/fichierPolygonale.h"
 #include "calculs/formules/formulesPoids.h"
 
-// Files of weight formulas (".fmc"): text in Windows-1252 with the words and comments of traverse files.
+// Files of weight formulas (".fmc"): text in Windows-1252 (UTF-8 is read as well) with the words and comments of
+// traverse files.
 //   Formule: angles "1 / (e * d1) ^ 2"
 //   Variable: "e" 0.02 "comment"
 
@@ -19,3 +20,10 @@ std::vector<remarqueLecture> lireFormules(std::string_view contenu, formulesPoid
 
 /// One line of such a file, cut into its words. @return whether it was understood
 bool lireLigneFormule(const std::vector<std::wstring>& mots, formulesPoids& formules);
+
+// How such files, and those of networks, are written.
+
+/// The shortest digits that read back as the same number.
+std::string nombreCourt(double valeur);
+/// Between double quotes; those in it, which the files have no way to write, are dropped.
+std::string motCite(std::string texte);

@@ -5,8 +5,7 @@
 #include <complex>
 
 #include "calculs/reseau/figureReseau.h"
-#include "services/codages.h"
-#include "services/nombreFixe.h"
+#include "services/formatNombres.h"
 
 namespace {
 
@@ -63,7 +62,11 @@ std::complex<double> tourSelonGisements(const reseau& r, const figureReseau& f)
 class placeur {
 public:
     placeur(const reseau& r, approcheReseau& a) :
-        m_r(r), m_a(a), m_v(r), m_grande(m_v, {}), m_tente(r.observations.size())
+        m_r(r),
+        m_a(a),
+        m_v(r),
+        m_grande(m_v, {}),
+        m_tente(r.observations.size())
     {
     }
 
@@ -100,8 +103,7 @@ private:
         double a = 0.0, b = 0.0;
         m_r.axes.versFichier(autre.x, autre.y, a, b);
         m_a.messages.push_back(L"Le point « " + m_r.points[static_cast<std::size_t>(autre.point)].nom +
-                               L" » a deux places possibles : (" + depuisAnsi(nombreFixe(a, 2)) + L", " +
-                               depuisAnsi(nombreFixe(b, 2)) +
+                               L" » a deux places possibles : (" + formaterFixe(a, 2) + L", " + formaterFixe(b, 2) +
                                L") convient aussi bien que celle qui est prise. Donnez-lui des coordonnées "
                                L"approchées, ou une observation de plus.");
     }
@@ -258,9 +260,7 @@ private:
     /// What only slope distances hold begins level with what it is measured from, step after step.
     void suivreDistancesInclinees()
     {
-        const auto ignore = [&](int p) {
-            return m_r.points[static_cast<std::size_t>(p)].altitude == tenue::ignoree;
-        };
+        const auto ignore = [&](int p) { return m_r.points[static_cast<std::size_t>(p)].altitude == tenue::ignoree; };
         for (const observationReseau& o : m_r.observations)
             if (o.active && o.genre == distanceInclinee && !ignore(o.de) && !ignore(o.vers))
                 lier(o.de, o.vers, 0.0);

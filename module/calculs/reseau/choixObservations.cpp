@@ -5,8 +5,7 @@
 #include <map>
 
 #include "calculs/reseau/placesRobustes.h"
-#include "services/codages.h"
-#include "services/nombreFixe.h"
+#include "services/formatNombres.h"
 
 namespace {
 
@@ -38,7 +37,7 @@ std::wstring obstacle(const reseau& r, const approcheReseau& a, const observatio
 
 std::wstring metres(double valeur)
 {
-    return depuisAnsi(nombreFixe(valeur, 3)) + L" m";
+    return formaterFixe(valeur, 3) + L" m";
 }
 
 /// The misclosure with the approximate places as a length: of angles, across the longest sight.

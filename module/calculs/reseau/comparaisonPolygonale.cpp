@@ -10,7 +10,7 @@
 #include "calculs/reseau/rapportReseau.h"
 #include "reports/htmlText.h"
 #include "services/codages.h"
-#include "services/nombreFixe.h"
+#include "services/formatNombres.h"
 
 using namespace rapportPolygonale;
 
@@ -19,11 +19,6 @@ namespace {
 constexpr int decimalesMetres = 4;
 /// Across a bearing that is held an ellipse has no width, and nothing can be measured by it.
 constexpr double ellipseLaPlusMince = 0.1 * milli;
-
-std::wstring nombreLarge(double valeur, int decimales)
-{
-    return depuisAnsi(nombreFixe(valeur, decimales));
-}
 
 double difference(double a, double b)
 {
@@ -51,57 +46,43 @@ stationComparee comparerStation(const stationCorrigee& s, const pointReseau& poi
     return c;
 }
 
-void paragraphe(htmlDocument& document, const std::wstring& texte)
-{
-    ajouterParagraphe(document, htmlEscaped(versAnsi(texte)));
-}
-
-/// An unknown value leaves its cell empty.
-void cellule(htmlTable& table, double valeur, int decimales)
-{
-    if (estConnue(valeur))
-        table.addCell(valeur, decimales, celluleNombre);
-    else
-        table.addCell(celluleVide, celluleNombre);
-}
-
 void celluleMm(htmlTable& table, double metres)
 {
     constexpr double zero = 0.05 * milli; // has no sign
-    cellule(table, !estConnue(metres) ? inconnu : std::abs(metres) < zero ? 0.0 : metres / milli, 1);
+    ajouterNombre(table, !estConnue(metres) ? inconnu : std::abs(metres) < zero ? 0.0 : metres / milli, 1);
 }
 
 void rapporterPoids(const comparaisonPolygonale& c, htmlDocument& document)
 {
-    paragraphe(document,
-               L"Mêmes observations, avec les écarts-types " + nombreLarge(dmgrUsuels, 0) +
-                   L" dmgr pour un angle ou un gisement, " + nombreLarge(millimetresUsuels, 0) + L" mm + " +
-                   nombreLarge(millimetresParKmUsuels, 0) + L" mm/km pour une distance et " +
-                   nombreLarge(deniveleeUsuelle, 0) +
-                   L" mm par racine de km pour une dénivelée ; les stations connues sont tenues, et le gisement du "
-                   L"premier côté d'une polygonale fermée.");
-    paragraphe(document, phraseTestGlobal(c.r, c.resultat));
+    ajouterParagraphe(
+        document, L"Mêmes observations, avec les écarts-types " + formaterFixe(dmgrUsuels, 0) +
+                      L" dmgr pour un angle ou un gisement, " + formaterFixe(millimetresUsuels, 0) + L" mm + " +
+                      formaterFixe(millimetresParKmUsuels, 0) + L" mm/km pour une distance et " +
+                      formaterFixe(deniveleeUsuelle, 0) +
+                      L" mm par racine de km pour une dénivelée ; les stations connues sont tenues, et le gisement du "
+                      L"premier côté d'une polygonale fermée.");
+    ajouterParagraphe(document, phraseTestGlobal(c.r, c.resultat));
     for (const suspectReseau& s : c.resultat.suspects)
-        paragraphe(document, phraseSuspect(c.r, s));
+        ajouterParagraphe(document, phraseSuspect(c.r, s));
     for (const std::wstring& message : c.resultat.messages)
-        paragraphe(document, message);
+        ajouterParagraphe(document, message);
 }
 
 void rapporterStations(const comparaisonPolygonale& c, htmlDocument& document)
 {
     ajouterTitre(document, L"Station par station");
-    paragraphe(document, phraseComparaison(c));
-    paragraphe(document,
-               L"Coordonnées par moindres carrés. Écart = polygonale - moindres carrés, en mm ; a, b et "
-               L"gisement (en grades) : l'ellipse d'erreur, probabilité 39 %, en mm ; écart normé : l'écart "
-               L"rapporté à l'ellipse dans sa direction, sur elle il vaut 1 (vide si elle est sans largeur).");
+    ajouterParagraphe(document, phraseComparaison(c));
+    ajouterParagraphe(document,
+                      L"Coordonnées par moindres carrés. Écart = polygonale - moindres carrés, en mm ; a, b et "
+                      L"gisement (en grades) : l'ellipse d'erreur, probabilité 39 %, en mm ; écart normé : l'écart "
+                      L"rapporté à l'ellipse dans sa direction, sur elle il vaut 1 (vide si elle est sans largeur).");
     htmlTable table =
         tableau({L"Station", L"X", L"Y", L"Z", L"dX", L"dY", L"dZ", L"Écart", L"a", L"b", L"Gisement", L"Écart normé"});
     for (const stationComparee& s : c.stations) {
         table.beginRow();
         table.addCell(nomHtml(s.nom), celluleNomGauche);
         for (const double valeur : {s.x, s.y, s.z})
-            cellule(table, valeur, decimalesMetres);
+            ajouterNombre(table, valeur, decimalesMetres);
         if (s.connue) {
             table.addCell("connue", "class=celnorm align=center colspan=8");
             continue;
@@ -110,8 +91,8 @@ void rapporterStations(const comparaisonPolygonale& c, htmlDocument& document)
             celluleMm(table, valeur);
         celluleMm(table, s.ellipse.a > 0.0 ? s.ellipse.a : inconnu);
         celluleMm(table, s.ellipse.a > 0.0 ? s.ellipse.b : inconnu);
-        cellule(table, s.ellipse.a > 0.0 ? s.ellipse.gisement / gradeEnRadians : inconnu, 1);
-        cellule(table, s.norme, 2);
+        ajouterNombre(table, s.ellipse.a > 0.0 ? s.ellipse.gisement / gradeEnRadians : inconnu, 1);
+        ajouterNombre(table, s.norme, 2);
     }
     document.append(table.render());
 }
@@ -143,12 +124,12 @@ std::wstring phraseComparaison(const comparaisonPolygonale& c)
         if (!s.connue && estConnue(s.ecart()) && (!plusLoin || s.ecart() > plusLoin->ecart()))
             plusLoin = &s;
     std::wstring phrase = L"Moindres carrés : ";
-    phrase += estConnue(c.resultat.s0) ? L"s0 = " + nombreLarge(c.resultat.s0, 2) : L"aucune redondance";
+    phrase += estConnue(c.resultat.s0) ? L"s0 = " + formaterFixe(c.resultat.s0, 2) : L"aucune redondance";
     if (!plusLoin)
         return phrase + L" ; aucune station à comparer.";
-    return phrase + L" ; le plus grand écart à la polygonale est de " + nombreLarge(plusLoin->ecart() / milli, 1) +
-           L" mm, à la station " + cite(plusLoin->nom) + L" (ellipse " + nombreLarge(plusLoin->ellipse.a / milli, 1) +
-           L" × " + nombreLarge(plusLoin->ellipse.b / milli, 1) + L" mm).";
+    return phrase + L" ; le plus grand écart à la polygonale est de " + formaterFixe(plusLoin->ecart() / milli, 1) +
+           L" mm, à la station " + cite(plusLoin->nom) + L" (ellipse " + formaterFixe(plusLoin->ellipse.a / milli, 1) +
+           L" × " + formaterFixe(plusLoin->ellipse.b / milli, 1) + L" mm).";
 }
 
 void rapporterComparaison(const comparaisonPolygonale& c, htmlDocument& document)

@@ -8,6 +8,7 @@
 #include "calculs/reseau/defautsReseau.h"
 #include "calculs/reseau/espaceLibre.h"
 #include "calculs/reseau/fiabiliteReseau.h"
+#include "calculs/reseau/loisStatistiques.h"
 #include "calculs/reseau/placesRobustes.h"
 #include "calculs/reseau/poidsReseau.h"
 #include "calculs/reseau/suspectsReseau.h"
@@ -82,13 +83,17 @@ private:
                                                      : ou.z)[rang / 3];
     }
 
+    /// The largest change of a coordinate; not finite when one of any unknown is not.
     double longueurDuPas(const std::vector<double>& pas) const
     {
+        const auto rangsPoints = static_cast<int>(3 * m_reseau.points.size());
         double plusGrand = 0.0;
-        for (std::size_t i = 0; i < pas.size(); ++i)
-            if (m_systeme.rang(static_cast<int>(i)) < static_cast<int>(3 * m_reseau.points.size()) ||
-                !std::isfinite(pas[i]))
-                plusGrand = std::isfinite(pas[i]) ? std::max(plusGrand, std::abs(pas[i])) : pas[i];
+        for (std::size_t i = 0; i < pas.size(); ++i) {
+            if (!std::isfinite(pas[i]))
+                return pas[i];
+            if (m_systeme.rang(static_cast<int>(i)) < rangsPoints)
+                plusGrand = std::max(plusGrand, std::abs(pas[i]));
+        }
         return plusGrand;
     }
 
@@ -126,15 +131,6 @@ std::vector<double> residusReduits(const systemeReseau& s, const std::vector<dou
         u[k] = std::abs(s.equation(place).ecart) * std::sqrt(s.poids(place) / std::max(redondances[k], 0.05));
     }
     return u;
-}
-
-double mediane(std::vector<double> v)
-{
-    if (v.empty())
-        return 0.0;
-    const auto milieu = v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2);
-    std::nth_element(v.begin(), milieu, v.end());
-    return *milieu;
 }
 
 double facteurRobuste(estimateur methode, double u)
@@ -193,22 +189,23 @@ void rendrePoints(calcul& k, const systemeReseau& s, const espaceLibre& libre, c
     for (std::size_t p = 0; p < k.r.points.size(); ++p) {
         const pointReseau& donne = k.r.points[p];
         pointCompense& rendu = k.resultat.points[p];
-        const auto etat = [&](int axe, tenue t, bool connu) { // 0 unknown, 1 given, 2 found
+        enum class etat : unsigned char { inconnue, donnee, trouvee };
+        const auto etatDe = [&](int axe, tenue t, bool connu) {
             const int inconnue = s.inconnueDe(static_cast<int>(3 * p) + axe);
             if (inconnue >= 0)
-                return libre.determinee(inconnue) ? 2 : 0;
-            return t == tenue::fixe && connu ? 1 : 0;
+                return libre.determinee(inconnue) ? etat::trouvee : etat::inconnue;
+            return t == tenue::fixe && connu ? etat::donnee : etat::inconnue;
         };
-        const int x = etat(0, donne.plan, donne.enPlan()), y = etat(1, donne.plan, donne.enPlan());
-        const int z = etat(2, donne.altitude, estConnue(donne.z));
-        if (std::min(x, y) > 0) {
+        const etat x = etatDe(0, donne.plan, donne.enPlan()), y = etatDe(1, donne.plan, donne.enPlan());
+        const etat z = etatDe(2, donne.altitude, estConnue(donne.z));
+        if (x != etat::inconnue && y != etat::inconnue) {
             rendu.x = c.x[p];
             rendu.y = c.y[p];
-            rendu.planCherche = x == 2;
+            rendu.planCherche = x == etat::trouvee;
         }
-        if (z > 0) {
+        if (z != etat::inconnue) {
             rendu.z = c.z[p];
-            rendu.altitudeCherchee = z == 2;
+            rendu.altitudeCherchee = z == etat::trouvee;
         }
         if (depart.enPlan[p]) {
             rendu.xApproche = depart.c.x[p];

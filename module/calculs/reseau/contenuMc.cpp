@@ -10,13 +10,6 @@ namespace {
 
 using enum genreObservation;
 
-std::string court(double valeur)
-{
-    char tampon[32];
-    const auto fin = std::to_chars(tampon, tampon + sizeof tampon, valeur).ptr;
-    return {tampon, fin};
-}
-
 /// A number near a short one is that one: what degrees and millimetres lose on the way to radians and metres.
 std::string arrondi(double valeur)
 {
@@ -25,16 +18,9 @@ std::string arrondi(double valeur)
     return {tampon, fin};
 }
 
-std::string entreGuillemets(const std::wstring& texte)
-{
-    std::string octets = versAnsi(texte);
-    std::erase(octets, '"');
-    return '"' + octets + '"';
-}
-
 std::string nomDe(const reseau& r, int point)
 {
-    return entreGuillemets(r.points[static_cast<std::size_t>(point)].nom);
+    return motCite(versAnsi(r.points[static_cast<std::size_t>(point)].nom));
 }
 
 const char* motTenue(tenue t)
@@ -44,11 +30,11 @@ const char* motTenue(tenue t)
 
 void ecrirePoint(const pointReseau& p, std::string& texte)
 {
-    texte += "Point: " + entreGuillemets(p.nom);
+    texte += "Point: " + motCite(versAnsi(p.nom));
     if (p.enPlan())
-        texte += " X= " + court(p.x) + " Y= " + court(p.y);
+        texte += " X= " + nombreCourt(p.x) + " Y= " + nombreCourt(p.y);
     if (estConnue(p.z))
-        texte += " Z= " + court(p.z);
+        texte += " Z= " + nombreCourt(p.z);
     if (p.plan == p.altitude)
         texte += p.plan == tenue::libre || p.plan == tenue::ignoree ? "" : std::string(" ") + motTenue(p.plan);
     else
@@ -63,15 +49,15 @@ void ecrireObservation(const reseau& r, const observationReseau& o, double haute
     texte += ": " + nomDe(r, coordonnee ? o.de : o.vers);
     if (o.genre == angle)
         texte += " " + nomDe(r, o.vers2);
-    texte += " " + (estAngulaire(o.genre) ? arrondi(o.mesure / gradeEnRadians) : court(o.mesure));
+    texte += " " + (estAngulaire(o.genre) ? arrondi(o.mesure / gradeEnRadians) : nombreCourt(o.mesure));
     if (o.ecart > 0.0)
         texte += " e= " + arrondi(o.ecart / (estAngulaire(o.genre) ? dmgrEnRadians : milli));
     if (!coordonnee && o.hauteurDe != hauteur)
-        texte += " hi= " + court(o.hauteurDe);
+        texte += " hi= " + nombreCourt(o.hauteurDe);
     if (o.hauteurVers != 0.0)
-        texte += " ht= " + court(o.hauteurVers);
+        texte += " ht= " + nombreCourt(o.hauteurVers);
     if (o.longueur > 0.0)
-        texte += " km= " + court(o.longueur);
+        texte += " km= " + nombreCourt(o.longueur);
     if (!o.active)
         texte += " hors";
     texte += '\n';
@@ -109,9 +95,9 @@ std::string contenuMc(const reseau& r)
 {
     std::string texte = "* " + versAnsi(L"Réseau à compenser par moindres carrés") + "\n";
     if (!r.titre.empty())
-        texte += "Titre: " + entreGuillemets(r.titre) + "\n";
-    texte += "Angles: grades\nSigma: " + court(r.sigma) + (r.ecartsAPriori ? " apriori" : "") +
-             "\nConfiance: " + court(r.confiance) + "\n";
+        texte += "Titre: " + motCite(versAnsi(r.titre)) + "\n";
+    texte += "Angles: grades\nSigma: " + nombreCourt(r.sigma) + (r.ecartsAPriori ? " apriori" : "") +
+             "\nConfiance: " + nombreCourt(r.confiance) + "\n";
     texte += versAnsi(L"* Écarts-types sans « e= » : angles en dmgr, longueurs en mm (et mm par km)") + "\n";
     ecrirePrecisions(r.precisions, texte);
     texte += contenuFormules(r.formules);
@@ -127,7 +113,7 @@ std::string contenuMc(const reseau& r)
             station = o.de;
             serie = -1;
             hauteur = o.hauteurDe;
-            texte += "Station: " + nomDe(r, station) + (hauteur != 0.0 ? " hi= " + court(hauteur) : "") + "\n";
+            texte += "Station: " + nomDe(r, station) + (hauteur != 0.0 ? " hi= " + nombreCourt(hauteur) : "") + "\n";
         }
         if (o.serie >= 0)
             serie = o.serie;

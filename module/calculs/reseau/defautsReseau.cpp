@@ -197,13 +197,13 @@ std::wstring natureEnPlan(const groupeFlottant& g, const coordonneesReseau& c)
 }
 
 /// One point that moves alone: which observations see it, and what they leave.
-std::wstring raisonDuPoint(const reseau& r, const systemeReseau& s, int point, const groupeFlottant& m)
+std::wstring raisonDuPoint(const reseau& r, const systemeReseau& s, int point, const groupeFlottant& g)
 {
     std::vector<const observationReseau*> visees;
     for (const int k : s.retenues()) {
         const observationReseau& o = r.observations[static_cast<std::size_t>(k)];
         if ((o.de == point || o.vers == point || o.vers2 == point) &&
-            (m.plan ? estPlanimetrique(o.genre) : estAltimetrique(o.genre)))
+            (g.plan ? estPlanimetrique(o.genre) : estAltimetrique(o.genre)))
             visees.push_back(&o);
     }
     if (visees.empty())
@@ -214,11 +214,12 @@ std::wstring raisonDuPoint(const reseau& r, const systemeReseau& s, int point, c
         phrase += (i > 0 ? L" ; " : L"") + nomObservation(r, *visees[i]);
     if (visees.size() > 3)
         phrase += L"...";
-    return phrase + (m.plan ? L" (il manque une distance, un angle ou un gisement depuis un point connu)"
+    return phrase + (g.plan ? L" (il manque une distance, un angle ou un gisement depuis un point connu)"
                             : L" (il manque une dénivelée depuis un point connu)");
 }
 
-std::wstring phrase(const reseau& r, const systemeReseau& s, const coordonneesReseau& c, const groupeFlottant& g)
+std::wstring phraseDuGroupe(const reseau& r, const systemeReseau& s, const coordonneesReseau& c,
+                            const groupeFlottant& g)
 {
     if (g.points.size() == 1)
         return L"Le point « " + r.points[static_cast<std::size_t>(g.points.front())].nom + L" » flotte : il " +
@@ -272,7 +273,7 @@ void nommerFlottements(const reseau& r, const systemeReseau& s, const espaceLibr
             mouvements.push_back(std::move(m));
     std::set<std::wstring> phrases;
     for (const groupeFlottant& g : regrouper(std::move(mouvements)))
-        phrases.insert(phrase(r, s, c, g));
+        phrases.insert(phraseDuGroupe(r, s, c, g));
     const bool plan = toutFlotte(r, s, libre, false), altitude = toutFlotte(r, s, libre, true);
     std::wstring toutes;
     for (const std::wstring& p : phrases)
@@ -289,4 +290,6 @@ void nommerFlottements(const reseau& r, const systemeReseau& s, const espaceLibr
     seulement(plan, L"en plan");
     seulement(altitude, L"en altitude");
     messages.insert(messages.end(), phrases.begin(), phrases.end());
+    if (!libre.tousEtudies())
+        messages.push_back(L"D'autres points encore flottent, en trop grand nombre pour être nommés.");
 }

@@ -51,7 +51,8 @@ espaceLibre::espaceLibre(const reseau& r, const systemeReseau& s, bool surAppui)
     const std::size_t etudies = std::min(tenues.size(), mouvementsEtudies);
     for (std::size_t k = 0; k < etudies; ++k)
         ranger(s.matrice().mouvementLibre(tenues[k]));
-    if (m_flottements.empty() && etudies == tenues.size())
+    m_tousEtudies = etudies == tenues.size();
+    if (m_flottements.empty() && m_tousEtudies)
         return;
     m_flottante.assign(m_appui.size(), false);
     // Without a base nothing holds those that were studied either.

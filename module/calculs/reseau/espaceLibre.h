@@ -17,6 +17,8 @@ public:
     bool place() const { return !m_base.empty(); }
     /// Moves that nothing holds, each scaled so that its largest part is 1.
     const std::vector<std::vector<double>>& flottements() const { return m_flottements; }
+    /// Whether these are all there are: beyond some number, unknowns are only told to be undetermined.
+    bool tousEtudies() const { return m_tousEtudies; }
     /// By unknown, whether it is determined.
     bool determinee(int inconnue) const
     {
@@ -38,6 +40,7 @@ private:
     void marquerFlottantes();
 
     int m_defaut = 0;
+    bool m_tousEtudies = true;
     std::vector<bool> m_appui;               ///< by unknown
     std::vector<bool> m_coordonnee;          ///< by unknown: of a point, not of a set
     std::vector<std::vector<double>> m_base; ///< orthonormal over the coordinates of support

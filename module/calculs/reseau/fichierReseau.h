@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "calculs/fichierPolygonale.h"
+#include "calculs/lignesFichier.h"
 #include "calculs/reseau/reseau.h"
 
 // Files of networks. Each reader gives the network and what looks wrong, with its line; one that cannot be used at all
@@ -20,8 +21,7 @@ struct reseauLu {
     /// Keeps a remark, unless there are so many already that nobody would read it.
     void remarquer(std::size_t ligne, std::wstring phrase)
     {
-        constexpr std::size_t gardees = 1000;
-        if (remarques.size() < gardees)
+        if (remarques.size() < remarquesGardees)
             remarques.push_back({ligne, std::move(phrase)});
     }
 };

@@ -60,9 +60,7 @@ double echelleChoisie(const figurePlane& f, double facteur, const resultatReseau
     std::vector<double> longueurs;
     for (const figurePlane::cote& c : f.cotes)
         longueurs.push_back(std::hypot(c.vers.x - c.de.x, c.vers.y - c.de.y));
-    const auto milieu = longueurs.begin() + static_cast<std::ptrdiff_t>(longueurs.size() / 2);
-    std::nth_element(longueurs.begin(), milieu, longueurs.end());
-    return std::max(1.0, arrondiBas(0.2 * *milieu / plusGrande));
+    return std::max(1.0, arrondiBas(0.2 * mediane(std::move(longueurs)) / plusGrande));
 }
 
 std::string pixels(double valeur)

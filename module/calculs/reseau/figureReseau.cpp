@@ -4,15 +4,11 @@
 #include <cmath>
 #include <map>
 
+#include "calculs/reseau/loisStatistiques.h"
+
 namespace {
 
 using enum genreObservation;
-
-double mediane(std::vector<double> v)
-{
-    std::ranges::sort(v);
-    return 0.5 * (v[(v.size() - 1) / 2] + v[v.size() / 2]);
-}
 
 /// Two lines that cross flatter than that do not place a point well.
 constexpr double croisementMinimal = 0.1;

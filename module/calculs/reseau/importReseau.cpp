@@ -2,6 +2,7 @@
 #include <iterator>
 
 #include "calculs/decouperLigne.h"
+#include "calculs/lignesFichier.h"
 #include "calculs/reseau/fichierReseau.h"
 #include "calculs/uniteAngulaire.h"
 #include "services/codages.h"
@@ -17,7 +18,7 @@ constexpr double ecartGisementTenu = 0.01 * dmgrEnRadians;
 
 class traducteur {
 public:
-    traducteur(reseau& r, int unite) : m_r(r), m_tour(tourComplet(unite) / 2.0)
+    traducteur(reseau& r, int unite) : m_r(r), m_demiTour(tourComplet(unite) / 2.0)
     {
         m_r.precisions = precisionsUsuelles();
     }
@@ -39,7 +40,7 @@ public:
 
     int point(const std::wstring& nom) { return m_r.point(nom); }
 
-    void angleA(int station, int arriere, int avant, double valeur)
+    void ajouterAngle(int station, int arriere, int avant, double valeur)
     {
         if (station == arriere || station == avant || arriere == avant)
             return;
@@ -50,15 +51,17 @@ public:
     }
 
     /// @param ecart 0: that of bearings
-    void gisementDe(int station, int vers, double valeur, double ecart)
+    void ajouterGisement(int station, int vers, double valeur, double ecart)
     {
+        if (station == vers)
+            return;
         observationReseau o = nouvelle(gisement, station, vers);
         o.mesure = angleReduit(radians(valeur));
         o.ecart = ecart;
         m_r.observations.push_back(o);
     }
 
-    void cote(int de, int vers, const ligneObservation& l, bool altitude)
+    void ajouterCote(int de, int vers, const ligneObservation& l, bool altitude)
     {
         if (de == vers)
             return;
@@ -74,7 +77,7 @@ public:
         m_r.observations.push_back(h);
     }
 
-    double demiTour() const { return m_tour; }
+    double demiTour() const { return m_demiTour; }
 
 private:
     static observationReseau nouvelle(genreObservation genre, int de, int vers)
@@ -85,10 +88,10 @@ private:
         o.vers = vers;
         return o;
     }
-    double radians(double valeur) const { return valeur * pi / m_tour; }
+    double radians(double valeur) const { return valeur * pi / m_demiTour; }
 
     reseau& m_r;
-    double m_tour;
+    double m_demiTour; ///< in the unit of the traverse
 };
 
 /// Whether some row has a height difference.
@@ -111,11 +114,11 @@ std::vector<int> traduire(const donneesPolygonaleFermee& d, reseau& r)
         boucle.push_back(t.point(d.lignes[i].station));
     const std::size_t n = d.lignes.size();
     if (n > 1)
-        t.gisementDe(depart, boucle[1 % n], d.depart.gisement, ecartGisementTenu);
+        t.ajouterGisement(depart, boucle[1 % n], d.depart.gisement, ecartGisementTenu);
     for (std::size_t i = 0; i < n; ++i) {
         const int station = boucle[i], avant = boucle[(i + 1) % n], arriere = boucle[(i + n - 1) % n];
-        t.angleA(station, arriere, avant, reelDeTexte(d.lignes[i].angle));
-        t.cote(station, avant, d.lignes[i], altitude);
+        t.ajouterAngle(station, arriere, avant, reelDeTexte(d.lignes[i].angle));
+        t.ajouterCote(station, avant, d.lignes[i], altitude);
     }
     return boucle;
 }
@@ -134,13 +137,13 @@ std::vector<int> traduire(const donneesPolygonaleOuverte& d, reseau& r)
     for (std::size_t i = 0; i < n; ++i) {
         const double a = reelDeTexte(d.lignes[i].angle);
         if (i == 0)
-            t.gisementDe(stations[0], stations[1], d.depart.gisement + a + t.demiTour(), 0.0);
+            t.ajouterGisement(stations[0], stations[1], d.depart.gisement + a + t.demiTour(), 0.0);
         else
-            t.angleA(stations[i], stations[i - 1], stations[i + 1], a);
-        t.cote(stations[i], stations[i + 1], d.lignes[i], altitude);
+            t.ajouterAngle(stations[i], stations[i - 1], stations[i + 1], a);
+        t.ajouterCote(stations[i], stations[i + 1], d.lignes[i], altitude);
     }
     if (n > 0)
-        t.gisementDe(stations[n], stations[n - 1], d.arrivee.gisement - d.fermeture, 0.0);
+        t.ajouterGisement(stations[n], stations[n - 1], d.arrivee.gisement - d.fermeture, 0.0);
     return stations;
 }
 
@@ -168,19 +171,13 @@ void lirePuisTraduire(std::string_view contenu, reseauLu& lu)
 bool polygonaleOuverte(std::string_view contenu)
 {
     std::vector<std::wstring> mots;
-    while (!contenu.empty()) {
-        const std::size_t fin = contenu.find('\n');
-        decouperLigne(depuisAnsi(contenu.substr(0, fin)), separateursPolygonale, mots);
-        contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
+    lignesFichier lignes(contenu);
+    for (std::string_view ligne; lignes.suivante(ligne);) {
+        decouperLigne(lignes.texte(ligne), separateursPolygonale, mots);
         if (mots.size() == 10 && minuscule(mots[0].front()) == L'a')
             return true;
     }
     return false;
-}
-
-bool finitPar(std::wstring_view nom, std::wstring_view fin)
-{
-    return nom.size() >= fin.size() && enMinuscules(std::wstring(nom.substr(nom.size() - fin.size()))) == fin;
 }
 
 bool estXml(std::string_view contenu)
@@ -213,9 +210,10 @@ reseauLu reseauDePolygonale(std::string_view contenu)
 
 reseauLu lireReseau(std::string_view contenu, std::wstring_view nomFichier)
 {
-    if (estXml(contenu) || finitPar(nomFichier, L".gkf"))
+    const std::wstring nom = enMinuscules(std::wstring(nomFichier));
+    if (estXml(contenu) || nom.ends_with(L".gkf"))
         return lireGkf(contenu);
-    return finitPar(nomFichier, L".obs") ? reseauDePolygonale(contenu) : lireMc(contenu);
+    return nom.ends_with(L".obs") ? reseauDePolygonale(contenu) : lireMc(contenu);
 }
 
 reseauLu chargerReseau(const std::filesystem::path& fichier)

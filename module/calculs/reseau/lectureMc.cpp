@@ -5,6 +5,7 @@
 
 #include "calculs/decouperLigne.h"
 #include "calculs/formules/fichierFormules.h"
+#include "calculs/lignesFichier.h"
 #include "calculs/reseau/fichierReseau.h"
 #include "calculs/reseau/poidsReseau.h"
 #include "calculs/uniteAngulaire.h"
@@ -16,9 +17,7 @@ namespace {
 
 using enum genreObservation;
 
-constexpr std::string_view marqueUtf8 = "\xEF\xBB\xBF";
-
-/// The first letters of a word, without accents, in lower case: words may be abridged or written with accents.
+/// A word in lower case and without accents, as keywords are compared.
 std::wstring motCle(std::wstring_view mot)
 {
     std::wstring cle;
@@ -27,39 +26,16 @@ std::wstring motCle(std::wstring_view mot)
     return cle;
 }
 
-struct motObservable {
-    const wchar_t* mot;
-    genreObservation genre;
-};
-constexpr motObservable motsObservations[] = {{L"direction", direction},
-                                              {L"angle", angle},
-                                              {L"gisement", gisement},
-                                              {L"distance", distance},
-                                              {L"inclinee", distanceInclinee},
-                                              {L"zenithal", zenithal},
-                                              {L"denivelee", denivelee},
-                                              {L"x", coordonneeX},
-                                              {L"y", coordonneeY},
-                                              {L"z", coordonneeZ}};
-
 class lecteurMc {
 public:
     explicit lecteurMc(reseauLu& lu) : m_lu(lu) { m_lu.r.precisions = precisionsUsuelles(); }
 
     void lire(std::string_view contenu)
     {
-        const bool marque = contenu.starts_with(marqueUtf8);
-        if (marque)
-            contenu.remove_prefix(marqueUtf8.size());
-        const bool utf8 = marque || sembleUtf8(contenu);
-        while (!contenu.empty()) {
-            ++m_ligne;
-            const std::size_t fin = contenu.find('\n');
-            std::string_view ligne = contenu.substr(0, fin);
-            contenu.remove_prefix(fin == std::string_view::npos ? contenu.size() : fin + 1);
-            if (!ligne.empty() && ligne.back() == '\r')
-                ligne.remove_suffix(1);
-            decouperLigne(utf8 ? depuisUtf8(std::string(ligne)) : depuisAnsi(ligne), separateursPolygonale, m_mots);
+        lignesFichier lignes(contenu);
+        for (std::string_view ligne; lignes.suivante(ligne);) {
+            m_ligne = static_cast<int>(lignes.numero());
+            decouperLigne(lignes.texte(ligne), separateursPolygonale, m_mots);
             if (!m_mots.empty())
                 lireLigne();
         }
@@ -115,7 +91,11 @@ private:
             remarquer(L"unité « " + mot + L" » inconnue, « " + motUniteAngulaire(m_unite) + L" » est pris.");
     }
 
-    double tour() const { return m_unite == uniteGrades ? pi / 200.0 : m_unite == uniteDegres ? pi / 180.0 : 1.0; }
+    /// How many radians make one unit of the file's angles.
+    double radiansParUnite() const
+    {
+        return m_unite == uniteGrades ? pi / 200.0 : m_unite == uniteDegres ? pi / 180.0 : 1.0;
+    }
 
     void precision()
     {
@@ -278,11 +258,11 @@ private:
     /// Genre  visé [second visé]  mesure  e= ht= km= de= hors
     void observation(const std::wstring& cle)
     {
-        const auto genre = std::ranges::find(motsObservations, std::wstring_view(cle), &motObservable::mot);
-        if (genre == std::end(motsObservations))
+        const auto genre = genreDuMot(cle);
+        if (!genre)
             return remarquer(L"mot-clé « " + m_mots[0] + L" » inconnu : ligne ignorée.");
         observationReseau o;
-        o.genre = genre->genre;
+        o.genre = *genre;
         o.ligne = m_ligne;
         const bool coordonnee = o.genre == coordonneeX || o.genre == coordonneeY || o.genre == coordonneeZ;
         const std::wstring vise = prendreMot(), second = o.genre == angle ? prendreMot() : std::wstring();
@@ -290,7 +270,7 @@ private:
         if (vise.empty() || !mesure)
             return remarquer(L"« " + m_mots[0] + L" » : un point visé" + (o.genre == angle ? L", un second" : L"") +
                              L" et une mesure ; ligne ignorée.");
-        o.mesure = estAngulaire(o.genre) ? *mesure * tour() : *mesure;
+        o.mesure = estAngulaire(o.genre) ? *mesure * radiansParUnite() : *mesure;
         o.de = m_station;
         double ecart = 0.0, hi = m_hauteur;
         while (m_suivant < m_mots.size())

@@ -105,3 +105,14 @@ double facteurEllipse(double probabilite, int degres)
     return degres < 1 ? std::sqrt(-2.0 * std::log(dehors))
                       : std::sqrt(degres * (std::pow(dehors, -2.0 / degres) - 1.0));
 }
+
+double mediane(std::vector<double> valeurs)
+{
+    if (valeurs.empty())
+        return 0.0;
+    const auto milieu = valeurs.begin() + static_cast<std::ptrdiff_t>(valeurs.size() / 2);
+    std::ranges::nth_element(valeurs, milieu);
+    if (valeurs.size() % 2 == 1)
+        return *milieu;
+    return 0.5 * (*std::max_element(valeurs.begin(), milieu) + *milieu);
+}

@@ -3,19 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "calculs/reseau/loisStatistiques.h"
 #include "calculs/reseau/systemeReseau.h"
 
 namespace {
 
 /// Steps in which a misfit still pulls, before it lets go.
 constexpr int pasDeHuber = 8;
-
-double mediane(std::vector<double> v)
-{
-    const auto milieu = v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2);
-    std::nth_element(v.begin(), milieu, v.end());
-    return *milieu;
-}
 
 } // namespace
 

@@ -1,6 +1,8 @@
 #include "calculs/reseau/reseau.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 bool estAngulaire(genreObservation genre)
 {
@@ -19,11 +21,24 @@ bool estPlanimetrique(genreObservation genre)
     return genre != genreObservation::denivelee && genre != genreObservation::coordonneeZ;
 }
 
+namespace {
+
+constexpr const wchar_t* motsObservations[] = {L"direction", L"angle",     L"gisement", L"distance", L"inclinee",
+                                               L"zenithal",  L"denivelee", L"x",        L"y",        L"z"};
+
+} // namespace
+
 const wchar_t* motObservation(genreObservation genre)
 {
-    constexpr const wchar_t* mots[] = {L"direction", L"angle",     L"gisement", L"distance", L"inclinee",
-                                       L"zenithal",  L"denivelee", L"x",        L"y",        L"z"};
-    return mots[static_cast<int>(genre)];
+    return motsObservations[static_cast<int>(genre)];
+}
+
+std::optional<genreObservation> genreDuMot(std::wstring_view mot)
+{
+    const auto trouve = std::ranges::find(motsObservations, mot);
+    if (trouve == std::end(motsObservations))
+        return std::nullopt;
+    return static_cast<genreObservation>(trouve - std::begin(motsObservations));
 }
 
 const wchar_t* nomGenre(genreObservation genre)

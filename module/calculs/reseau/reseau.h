@@ -1,5 +1,7 @@
 #pragma once
 
+#include <numbers>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -35,6 +37,8 @@ bool estPlanimetrique(genreObservation genre);
 const wchar_t* motObservation(genreObservation genre);
 /// The same for people: "distance inclinée", "angle zénithal", "dénivelée", "X"...
 const wchar_t* nomGenre(genreObservation genre);
+/// The kind that a word of files stands for.
+std::optional<genreObservation> genreDuMot(std::wstring_view mot);
 
 /// What becomes of a coordinate.
 enum class tenue : unsigned char {
@@ -71,7 +75,7 @@ struct blocCovariance {
     std::vector<double> matrice;
 };
 
-/// Standard deviations of observations that have none. Angles in radians, lengths in metres, distances in metres.
+/// Standard deviations of observations that have none. Angles in radians, lengths in metres.
 struct precisionsParDefaut {
     double direction = 0.0, angle = 0.0, gisement = 0.0, zenithal = 0.0;
     double distance = 0.0, distanceKm = 0.0, distanceExposant = 1.0; ///< distance + distanceKm·(km)^distanceExposant
@@ -116,7 +120,7 @@ private:
     std::unordered_map<std::wstring, int> m_index;
 };
 
-inline constexpr double pi = 3.14159265358979323846;
+inline constexpr double pi = std::numbers::pi;
 inline constexpr double gradeEnRadians = pi / 200.0;
 inline constexpr double dmgrEnRadians = gradeEnRadians / 10000.0;
 inline constexpr double milli = 1e-3;
