@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <iostream>
 
 #include "calculs/fermeturePolygonale.h"
@@ -174,21 +173,11 @@ void montrerJson(const demandePolygonale& demande, const traitementPolygonale<Re
     ecrireJson(json);
 }
 
-/// The first ones: what is wrong in every line of a file is understood by then.
-void afficherAvertissements(const std::vector<std::string>& avertissements)
-{
-    constexpr std::size_t montres = 20;
-    for (std::size_t i = 0; i < std::min(avertissements.size(), montres); ++i)
-        avertir(avertissements[i]);
-    if (avertissements.size() > montres)
-        std::cerr << "... et " << avertissements.size() - montres << " autres avertissements (tous dans --json).\n";
-}
-
 /// @param genre what the traverse is; @param part what has a share of the angular error
 void montrerTexte(const demandePolygonale& demande, const cheminement& c, const suitesPolygonale& suites,
                   const char* genre, const char* part)
 {
-    afficherAvertissements(suites.avertissements);
+    avertirDesPremiers(suites.avertissements);
     std::cout << "Polygonale " << genre << " : " << demande.observations << '\n'
               << c.cotes.size() << " côtés, angles en " << nomUnite(c.unite)
               << ", nivellement : " << utf8FromWide(motNivellement(c.mode)) << '\n';

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <iostream>
 
 #include "calculs/reseau/rapportReseau.h"
@@ -16,7 +15,6 @@ using platform::utf8FromWide;
 namespace {
 
 constexpr int decimalesMetres = 4, decimalesMillimetres = 1;
-constexpr std::size_t montres = 20;
 
 double enMillimetres(double metres)
 {
@@ -28,7 +26,7 @@ std::string nomDe(const reseau& r, int point)
     return utf8FromWide(r.points[static_cast<std::size_t>(point)].nom);
 }
 
-objetJson nomJson(const reseau& r, int point)
+objetJson fichierJson(const reseau& r, int point)
 {
     return point < 0 ? objetJson(nullptr) : objetJson(nomDe(r, point));
 }
@@ -71,9 +69,9 @@ objetJson observationJson(const traitementReseau& t, std::size_t i)
     const bool angulaire = estAngulaire(o.genre);
     const auto oui = [&](double valeur) { return m.retenue ? nombreJson(valeur) : objetJson(nullptr); };
     objetJson json{{"type", utf8FromWide(motObservation(o.genre))},
-                   {"de", nomJson(t.r, o.de)},
-                   {"vers", nomJson(t.r, o.vers)},
-                   {"vers2", nomJson(t.r, o.vers2)},
+                   {"de", fichierJson(t.r, o.de)},
+                   {"vers", fichierJson(t.r, o.vers)},
+                   {"vers2", fichierJson(t.r, o.vers2)},
                    {"mesure", nombreJson(mesureAffichee(t.r, o, o.mesure))},
                    {"compensee", oui(mesureAffichee(t.r, o, m.compensee))},
                    {"residu", oui(residuAffiche(t.r, o, m.residu))},
@@ -148,11 +146,7 @@ void afficherSuspects(const traitementReseau& t)
 
 void afficherTexte(const demandeReseau& demande, const traitementReseau& t)
 {
-    const std::vector<std::string> avertissements = tousLesAvertissements(t);
-    for (std::size_t i = 0; i < std::min(avertissements.size(), montres); ++i)
-        avertir(avertissements[i]);
-    if (avertissements.size() > montres)
-        std::cerr << "... et " << avertissements.size() - montres << " autres avertissements (tous dans --json).\n";
+    avertirDesPremiers(tousLesAvertissements(t));
     const resultatReseau& r = t.resultat;
     std::cout << "Réseau : " << demande.fichier << '\n'
               << r.observations << " observations, " << r.inconnues << " inconnues, " << r.degresDeLiberte

@@ -7,6 +7,13 @@
 
 std::filesystem::path cheminNatif(const std::string& chemin);
 
+/// The drawing that a command writes: the one it completes unless another is named.
+template <class Demande>
+const std::string& dessinAEcrire(const Demande& demande)
+{
+    return demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
+}
+
 /// A result never takes the place of the data it comes from. An empty name is no file. @throws erreurProgramme
 void refuserMemeFichier(const std::string& resultat, const std::string& source);
 

@@ -38,9 +38,8 @@ struct inventaireDessin {
     std::map<std::string, std::size_t> nonDessinees;  ///< entities that no picture shows, by their name in DXF
     std::vector<std::string> presentations;           ///< names of the layouts on paper
     std::vector<table> tables;                        ///< point tables of the project
-    std::vector<std::string> problemes;
-    bool sain = true; ///< none of them tells of a loss or a repair               ///< found at opening, then by opening
-                      ///< every object once
+    std::vector<std::string> problemes;               ///< found at opening, then by opening every object once
+    bool sain = true;                                 ///< none of them tells of a loss or a repair
 };
 
 /// Of the current document. Opens each object of the drawing once, for reading.

@@ -1,5 +1,6 @@
 #include "lignesConsole.h"
 
+#include <algorithm>
 #include <iostream>
 #include <string_view>
 
@@ -9,6 +10,15 @@ void avertir(const std::string& texte)
 {
     std::cout.flush();
     std::cerr << "Attention : " << texte << '\n';
+}
+
+void avertirDesPremiers(const std::vector<std::string>& textes)
+{
+    constexpr std::size_t montres = 20;
+    for (std::size_t i = 0; i < std::min(textes.size(), montres); ++i)
+        avertir(textes[i]);
+    if (textes.size() > montres)
+        std::cerr << "... et " << textes.size() - montres << " autres avertissements (tous dans --json).\n";
 }
 
 void lignesConsole::ecrire(const std::wstring& texte)

@@ -67,11 +67,6 @@ demandeImplantation demandeDe(const demandeProgrammeImplantation& d)
     return m;
 }
 
-const std::string& dessinAEcrire(const demandeProgrammeImplantation& d)
-{
-    return d.enregistrer.empty() ? d.dessin : d.enregistrer;
-}
-
 void verifierNoms(const demandeProgrammeImplantation& d)
 {
     if (d.dessiner)

@@ -73,7 +73,7 @@ pointsLus lireFichier(const importPoints& demande, suitesImportPoints& suites)
 
 void verifierNoms(const importPoints& demande)
 {
-    exigerExtensionDxf(demande.enregistrer.empty() ? demande.dessin : demande.enregistrer);
+    exigerExtensionDxf(dessinAEcrire(demande));
     refuserMemeFichier(demande.enregistrer, demande.fichier);
 }
 
@@ -156,7 +156,7 @@ suitesImportPoints importer(const importPoints& demande)
     else if (!observations.empty())
         suites.avertissements.push_back(std::to_string(observations.size()) +
                                         " observation(s) non gardée(s) : seul un symbole en porte (--placer).");
-    suites.dessin = demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
+    suites.dessin = dessinAEcrire(demande);
     suites.ancienDessin = session.enregistrer(document, suites.dessin);
     return suites;
 }

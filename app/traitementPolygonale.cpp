@@ -44,11 +44,6 @@ Donnees lireDonnees(const demandePolygonale& demande, suitesPolygonale& suites)
     return donnees;
 }
 
-const std::string& dessinAEcrire(const demandePolygonale& demande)
-{
-    return demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
-}
-
 void verifierNoms(const demandePolygonale& demande)
 {
     refuserMemeFichier(demande.rapport, demande.observations);

@@ -55,11 +55,6 @@ bool dessine(const demandeReseau& demande)
     return demande.placer || demande.ellipses;
 }
 
-const std::string& dessinAEcrire(const demandeReseau& demande)
-{
-    return demande.enregistrer.empty() ? demande.dessin : demande.enregistrer;
-}
-
 void verifierNombres(const demandeReseau& demande)
 {
     if (demande.code && !codeValable(*demande.code))
@@ -115,7 +110,7 @@ void dessiner(const demandeReseau& demande, traitementReseau& t)
 
 } // namespace
 
-void traiterReseau(const demandeReseau& demande)
+traitementReseau traiterReseau(const demandeReseau& demande)
 {
     traitementReseau t;
     const optionsCompensation options = optionsDe(demande);
@@ -133,8 +128,5 @@ void traiterReseau(const demandeReseau& demande)
         ecrireRapport(demande, t);
     if (dessine(demande))
         dessiner(demande, t);
-    if (demande.json)
-        afficherJson(demande, t);
-    else
-        afficherTexte(demande, t);
+    return t;
 }

@@ -31,8 +31,8 @@ struct traitementReseau {
     int pointsPlaces = 0;
 };
 
-/// Reads, adjusts, writes the report, places and saves, then shows, in this order. @throws erreurProgramme
-void traiterReseau(const demandeReseau& demande);
+/// Reads, adjusts, writes the report, places and saves, in this order. @throws erreurProgramme
+traitementReseau traiterReseau(const demandeReseau& demande);
 
 // The two ways to show it.
 void afficherTexte(const demandeReseau& demande, const traitementReseau& t);

@@ -22,6 +22,6 @@ int uniteAngulaireDe(wchar_t lettre);
 
 /// Brings an angle into one turn: angle − floor(angle / tour)·tour, plus one turn when that is negative.
 /// @return in [0, tour]: an angle a hair below zero rounds to the full turn itself. A zero turn returns the angle, an
-///         unknown angle stays unknown.
+///         unknown grandeur stays unknown.
 double normaliser(double angle, double tour);
 grandeur normaliser(grandeur angle, double tour);

@@ -2,17 +2,6 @@
 
 #include <stdexcept>
 
-bool boite::touche(point2 a, point2 b) const
-{
-    if (!touche(de(a, b)))
-        return false;
-    // Then they are apart only when all corners are on one side of the line.
-    const point2 u = b - a;
-    const double c1 = vectoriel(u, point2{xMin, yMin} - a), c2 = vectoriel(u, point2{xMax, yMin} - a);
-    const double c3 = vectoriel(u, point2{xMin, yMax} - a), c4 = vectoriel(u, point2{xMax, yMax} - a);
-    return !(std::min({c1, c2, c3, c4}) > 0.0 || std::max({c1, c2, c3, c4}) < 0.0);
-}
-
 namespace {
 
 /// Place of a cell of a 65536 by 65536 grid along the Hilbert curve, by halving the grid from the coarsest level on.

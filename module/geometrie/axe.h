@@ -73,7 +73,7 @@ public:
         double distance;  ///< from the foot, in the plane
         bool auDela;      ///< the foot is an end of an open axis, and not square to the point
     };
-    /// The nearest place of the axis, the first of equals.
+    /// The nearest place of the axis, the first of equals. The axis is not empty, the coordinates are finite.
     projection projeter(point2 p) const;
     /// The same, or nothing farther than `limite`.
     std::optional<projection> projeter(point2 p, double limite) const;

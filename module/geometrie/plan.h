@@ -82,5 +82,14 @@ struct boite {
         return dx * dx + dy * dy;
     }
     /// Whether the segment from `a` to `b` has a point in it.
-    bool touche(point2 a, point2 b) const;
+    bool touche(point2 a, point2 b) const
+    {
+        if (!touche(de(a, b)))
+            return false;
+        // Then they are apart only when all corners are on one side of the line.
+        const point2 u = b - a;
+        const double c1 = vectoriel(u, point2{xMin, yMin} - a), c2 = vectoriel(u, point2{xMax, yMin} - a);
+        const double c3 = vectoriel(u, point2{xMin, yMax} - a), c4 = vectoriel(u, point2{xMax, yMax} - a);
+        return !(std::min({c1, c2, c3, c4}) > 0.0 || std::max({c1, c2, c3, c4}) < 0.0);
+    }
 };

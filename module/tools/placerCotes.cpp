@@ -1,7 +1,6 @@
 #include "tools/placerCotes.h"
 
-#include <memory>
-
+#include "codification/parcoursBloc.h"
 #include "services/espaceObjet.h"
 #include "services/lireNombre.h"
 
@@ -37,16 +36,12 @@ std::vector<point3> cotesDuDessin()
 {
     std::vector<point3> cotes;
     const AcDbObjectPointer<AcDbBlockTableRecord> espace(espaceObjetDuDessin());
-    AcDbBlockTableRecordIterator* entites = nullptr;
-    if (espace.openStatus() != Acad::eOk || espace->newIterator(entites) != Acad::eOk)
+    if (espace.openStatus() != Acad::eOk)
         return cotes;
-    const std::unique_ptr<AcDbBlockTableRecordIterator> it(entites);
-    for (AcDbObjectId id; !it->done(); it->step()) {
-        it->getEntityId(id);
-        const AcDbObjectPointer<AcDbEntity> entite(id);
+    pourChaqueEntite(*espace.object(), [&cotes](const AcDbEntity& entite) {
         point3 cote;
-        if (entite.openStatus() == Acad::eOk && lireCote(*entite.object(), cote))
+        if (lireCote(entite, cote))
             cotes.push_back(cote);
-    }
+    });
     return cotes;
 }

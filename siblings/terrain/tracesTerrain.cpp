@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <numbers>
 
 #include "services/ajoutEntites.h"
 #include "services/chaineResbuf.h"
@@ -242,7 +243,7 @@ void dessinerProfil(AcDbObjectId modele, const parcoursTerrain::polylignes& prof
                     const lieuSol& bas, double facteur, double hauteurTexte)
 {
     constexpr Adesk::UInt16 vert = 3;
-    constexpr double rangee = 6.0, quartDeTour = 1.5707963267948966; // row of texts, in text heights
+    constexpr double rangee = 6.0, quartDeTour = std::numbers::pi / 2.0; // row of texts, in text heights
     const AcDbObjectId sur = calque(L"MNT_PROFIL", vert);
     double plusBas = profil.front().front().z, longueur = 0.0;
     for (const auto& troncon : profil)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -125,7 +126,7 @@ void arrondir(std::vector<lieuSol>& points, const lieuSol& avant, const lieuSol&
 {
     const lieuSol debut = entre(p, avant, part), fin = entre(p, apres, part);
     const double virage = std::abs(std::remainder(
-        std::atan2(apres.y - p.y, apres.x - p.x) - std::atan2(p.y - avant.y, p.x - avant.x), 2 * std::acos(-1.0)));
+        std::atan2(apres.y - p.y, apres.x - p.x) - std::atan2(p.y - avant.y, p.x - avant.x), 2.0 * std::numbers::pi));
     const int pas = std::clamp(static_cast<int>(std::ceil(virage / 0.17)), 1, 18);
     for (int i = 0; i <= pas; ++i) {
         const double s = static_cast<double>(i) / pas;
