@@ -5,6 +5,7 @@
 
 #include "codification/donneesEtendues.h"
 #include "points/entiteDuPoint.h"
+#include "services/calqueNomme.h"
 #include "services/chaineResbuf.h"
 #include "services/espaceObjet.h"
 
@@ -18,23 +19,10 @@
 
 namespace {
 
-constexpr const wchar_t* nomCalque = L"IMPLANTATION";
-
 AcDbObjectId calqueImplantation()
 {
-    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
-    AcDbLayerTable* table = nullptr;
-    AcDbObjectId id;
-    if (!db || db->getLayerTable(table, AcDb::kForRead) != Acad::eOk)
-        return id;
-    if (table->getAt(nomCalque, id) != Acad::eOk && table->upgradeOpen() == Acad::eOk) {
-        auto calque = std::make_unique<AcDbLayerTableRecord>();
-        calque->setName(nomCalque);
-        if (table->add(id, calque.get()) == Acad::eOk)
-            calque.release()->close();
-    }
-    table->close();
-    return id;
+    constexpr Adesk::UInt16 blanc = 7;
+    return calqueNomme(acdbHostApplicationServices()->workingDatabase(), L"IMPLANTATION", blanc);
 }
 
 using entites = std::vector<std::unique_ptr<AcDbEntity>>;

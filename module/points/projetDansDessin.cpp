@@ -5,6 +5,7 @@
 
 #include "points/annulationDuDessin.h"
 #include "points/ResbufSerializer.h"
+#include "services/calqueNomme.h"
 
 #include "acutads.h"
 #include "dbapserv.h"
@@ -18,7 +19,6 @@ int sauverInfosTopo = 0;
 namespace {
 
 constexpr const wchar_t* cleProjet = L"QUARVEL4_VELA_DATA";
-constexpr const wchar_t* nomCalque = L"0";
 
 int enregistrees = 1;
 
@@ -27,30 +27,11 @@ AcDbDatabase* dessinDeTravail()
     return acdbHostApplicationServices()->workingDatabase();
 }
 
-AcDbObjectId creerCalque(AcDbLayerTable* calques)
-{
-    auto calque = std::make_unique<AcDbLayerTableRecord>();
-    AcCmColor rouge;
-    rouge.setColorIndex(1);
-    calque->setName(nomCalque);
-    calque->setColor(rouge);
-    AcDbObjectId id;
-    if (calques->upgradeOpen() == Acad::eOk && calques->add(id, calque.get()) == Acad::eOk)
-        calque.release()->close();
-    return id;
-}
-
 /// Layer "0", made when the drawing lacks it; null when that cannot be.
 AcDbObjectId calqueDuProjet(AcDbDatabase* db)
 {
-    AcDbLayerTable* ouverts = nullptr;
-    if (!db || db->getLayerTable(ouverts, AcDb::kForRead) != Acad::eOk)
-        return {};
-    AcDbObjectId id;
-    if (ouverts->getAt(nomCalque, id) != Acad::eOk)
-        id = creerCalque(ouverts);
-    ouverts->close();
-    return id;
+    constexpr Adesk::UInt16 rouge = 1;
+    return calqueNomme(db, L"0", rouge);
 }
 
 /// The extension dictionary of the layer; null when there is none. With `creer` it is made first.

@@ -7,6 +7,7 @@
 #include <numbers>
 
 #include "services/ajoutEntites.h"
+#include "services/calqueNomme.h"
 #include "services/chaineResbuf.h"
 #include "services/formatNombres.h"
 #include "services/selection.h"
@@ -28,24 +29,9 @@ AcDbDatabase& dessinCourant()
     return *acdbHostApplicationServices()->workingDatabase();
 }
 
-/// The layer of that name, made with that colour when there is none.
 AcDbObjectId calque(const wchar_t* nom, Adesk::UInt16 couleur)
 {
-    AcDbObjectId id;
-    AcDbLayerTable* ouverts = nullptr;
-    if (dessinCourant().getLayerTable(ouverts, AcDb::kForWrite) != Acad::eOk)
-        return id;
-    if (ouverts->getAt(nom, id) != Acad::eOk) {
-        auto nouveau = std::make_unique<AcDbLayerTableRecord>();
-        AcCmColor teinte;
-        teinte.setColorIndex(couleur);
-        nouveau->setName(nom);
-        nouveau->setColor(teinte);
-        if (ouverts->add(id, nouveau.get()) == Acad::eOk)
-            nouveau.release()->close();
-    }
-    ouverts->close();
-    return id;
+    return calqueNomme(&dessinCourant(), nom, couleur);
 }
 
 void declarerApplication()

@@ -48,9 +48,9 @@ RULES = (
     # The module: the folders below and the interface, nothing of the host beside it; windows in dialogs alone.
     (MODULE, DIALOGS, (OWN, "std", "qt", INTERFACE, BELOW)),
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
-    # Of other people's libraries they see two, each in one place: Eigen orders matrices, Expat reads XML.
+    # Of other people's libraries they see two, each in one place: METIS orders matrices, Expat reads XML.
     (r"module/calculs", r"matriceNormale|lecteurXml", (OWN, "std", "posix", "expat", "module/services")),
-    (r"module/geometrie", r"(?!axeDeCourbe|axeEnregistre).*", (OWN, "std", "module/services")),
+    (r"module/geometrie", r"(?!axeDeCourbe|axeEnregistre|pointDe).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
     (r"module/implantation",

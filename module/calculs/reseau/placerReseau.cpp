@@ -7,6 +7,7 @@
 #include "calculs/placerPolygonale.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueNomme.h"
 #include "services/espaceObjet.h"
 #include "services/grandeur.h"
 
@@ -21,24 +22,9 @@ constexpr Adesk::UInt16 bleu = 5, rouge = 1;
 /// Flatter than that an ellipse is drawn as its major axis: hosts refuse it.
 constexpr double aplatissementMinimal = 1e-5;
 
-/// The layer of that name, made when it is not there; null when the drawing refuses it.
 AcDbObjectId calque(const wchar_t* nom, Adesk::UInt16 couleur)
 {
-    AcDbObjectId id;
-    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
-    AcDbLayerTable* table = nullptr;
-    if (!db || db->getLayerTable(table, AcDb::kForWrite) != Acad::eOk)
-        return id;
-    if (table->getAt(nom, id) != Acad::eOk) {
-        auto neuf = std::make_unique<AcDbLayerTableRecord>();
-        AcCmColor teinte;
-        teinte.setColorIndex(couleur);
-        neuf->setColor(teinte);
-        if (neuf->setName(nom) == Acad::eOk && table->add(id, neuf.get()) == Acad::eOk)
-            neuf.release()->close();
-    }
-    table->close();
-    return id;
+    return calqueNomme(acdbHostApplicationServices()->workingDatabase(), nom, couleur);
 }
 
 void dessiner(std::unique_ptr<AcDbEntity> entite, const AcDbObjectId& sur)
