@@ -10,10 +10,10 @@ namespace {
 
 constexpr char suite[] =
     "FICHIER : un réseau « .mc », un réseau gama-local « .gkf », ou une polygonale « .obs ».\n"
-    "JSON : longueurs en mètres, angles en grades ; sx, sy, sz, les demi-axes a et b des ellipses, l'erreur\n"
-    "détectable et l'effet des longueurs en mm, a posteriori (a priori sans redondance, s0 est alors null, ou si le\n"
-    "fichier le veut) ; s0 dans l'unité de l'écart-type de l'unité de poids du fichier ; residu = compensee - mesure ;\n"
-    "x, y, z d'un « .gkf » dans ses axes.";
+    "JSON : longueurs en mètres, angles en grades ; sx, sy, sz, les demi-axes a et b des ellipses,\n"
+    "l'erreur détectable et l'effet des longueurs en mm, a posteriori (a priori sans redondance, s0 est alors\n"
+    "null, ou si le fichier le veut) ; s0 dans l'unité de l'écart-type de l'unité de poids du fichier ;\n"
+    "residu = compensee - mesure ; x, y, z d'un « .gkf » dans ses axes.";
 
 void declarerOptions(CLI::App& commande, demandeReseau& demande)
 {

@@ -57,8 +57,8 @@ std::optional<segment> segmentLeger(const AcDbPolyline& ligne, unsigned int somm
 std::optional<segment> segment2d(const AcDb2dPolyline& ligne, unsigned int sommet)
 {
     std::vector<std::pair<AcGePoint3d, double>> sommets;
-    surSommets<AcDb2dVertex>(
-        ligne, [&](const AcDb2dVertex& s) { sommets.emplace_back(ligne.vertexPosition(s), s.bulge()); });
+    surSommets<AcDb2dVertex>(ligne,
+                             [&](const AcDb2dVertex& s) { sommets.emplace_back(ligne.vertexPosition(s), s.bulge()); });
     if (sommet >= sommets.size() || (sommet + 1 == sommets.size() && !ligne.isClosed()))
         return std::nullopt;
     const auto& [debut, bombement] = sommets[sommet];

@@ -173,9 +173,8 @@ QVariant modelePointsReseau::data(const QModelIndex& index, int role) const
 
 bool modelePointsReseau::setData(const QModelIndex& index, const QVariant& valeur, int role)
 {
-    return role == Qt::EditRole &&
-           conclure(changerPoint(m_r, index.row(), static_cast<colonnePoint>(index.column()),
-                                 valeur.toString().toStdWString()));
+    return role == Qt::EditRole && conclure(changerPoint(m_r, index.row(), static_cast<colonnePoint>(index.column()),
+                                                         valeur.toString().toStdWString()));
 }
 
 Qt::ItemFlags modelePointsReseau::flags(const QModelIndex& index) const

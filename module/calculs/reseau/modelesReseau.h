@@ -1,8 +1,7 @@
 #pragma once
 
-#include <span>
-
 #include <QAbstractTableModel>
+#include <span>
 
 #include "calculs/reseau/resultatReseau.h"
 

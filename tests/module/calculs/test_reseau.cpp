@@ -111,8 +111,8 @@ TEST(Reseau, EffectsInAFreeNetworkAreWhatAFaultDoes)
         double plusLoin = 0.0;
         for (const int p : {r.observations[k].de, r.observations[k].vers}) {
             const auto i = static_cast<std::size_t>(p);
-            plusLoin = std::max(plusLoin, std::hypot(avec.points[i].x - sain.points[i].x,
-                                                     avec.points[i].y - sain.points[i].y));
+            plusLoin = std::max(plusLoin,
+                                std::hypot(avec.points[i].x - sain.points[i].x, avec.points[i].y - sain.points[i].y));
         }
         EXPECT_NEAR(m.effet, plusLoin, 0.01 * plusLoin) << k;
         ++essais;
