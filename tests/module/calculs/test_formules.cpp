@@ -7,6 +7,7 @@
 #include "calculs/formules/automateLexical.h"
 #include "calculs/formules/fichierFormules.h"
 #include "calculs/formules/formule.h"
+#include "services/codages.h"
 
 namespace {
 
@@ -110,11 +111,15 @@ TEST(Variables, Names)
 TEST(Formules, FileAndBack)
 {
     formulesPoids f{"1/(a*d1)^2", "", "100/d1", {}};
-    f.variables.definir({"a", 2.5, "appareil : « T2 »"});
+    f.variables.definir({"a", 2.5, "appareil : \xAB T2 \xBB"});
     f.variables.definir({"b", -1e-7, ""});
     formulesPoids relues;
     EXPECT_TRUE(lireFormules(contenuFormules(f), relues).empty());
     EXPECT_EQ(relues, f);
+    // In UTF-8 it is the same.
+    formulesPoids enUtf8;
+    EXPECT_TRUE(lireFormules(versUtf8(depuisAnsi(contenuFormules(f))), enUtf8).empty());
+    EXPECT_EQ(enUtf8, f);
     const auto remarques = lireFormules("Formule: poids \"1\"\nbruit\n", relues);
     ASSERT_EQ(remarques.size(), 2u);
     EXPECT_EQ(remarques[1].numero, 2u);

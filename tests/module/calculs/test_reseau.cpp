@@ -91,10 +91,33 @@ TEST(Reseau, FreeNetworkKeepsItsShapeAndItsMiddle)
     EXPECT_LT(trace / 16.0, traceTenue / 12.0 * 2.0);
 }
 
+/// A length measured twice: each measure is half checked, and pulls its point by half of its fault.
+TEST(Reseau, DetectableFaultsByHand)
+{
+    const reseau r = lireMc("Point: A X= 0 Y= 0 fixe\nStation: A\nGisement: B 100 e= 1\n"
+                            "Distance: B 100.000 e= 10\nDistance: B 100.004 e= 10\n")
+                         .r;
+    const resultatReseau resultat = compenser(r);
+    EXPECT_EQ(resultat.mesures[0].redondance, 0.0);
+    EXPECT_FALSE(estConnue(resultat.mesures[0].erreurDetectable));
+    for (const std::size_t k : {1, 2}) {
+        EXPECT_NEAR(resultat.mesures[k].redondance, 0.5, 1e-9);
+        // 3.291 for the risk of 0.1 % on both sides, 0.842 for the power of 80 %.
+        EXPECT_NEAR(resultat.mesures[k].erreurDetectable, (3.291 + 0.842) * 0.010 * std::sqrt(2.0), 2e-5);
+        EXPECT_NEAR(resultat.mesures[k].effet, 0.5 * resultat.mesures[k].erreurDetectable, 1e-9);
+    }
+}
+
 /// The effect of a detectable fault is how far it moves the points, whatever unknowns were held on the way.
 TEST(Reseau, EffectsInAFreeNetworkAreWhatAFaultDoes)
 {
-    const reseau r = grilleEssai(3, 6);
+    reseau r = grilleEssai(3, 6);
+    const resultatReseau tenu = compenser(r);
+    for (std::size_t i = 0; i < r.points.size(); ++i) { // else their places, and the datum, follow the measures
+        r.points[i].x = tenu.points[i].x;
+        r.points[i].y = tenu.points[i].y;
+        r.points[i].plan = tenue::libre;
+    }
     optionsCompensation options;
     options.libre = true;
     options.chercherSuspects = false;
