@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace {
 
@@ -108,6 +109,32 @@ const std::vector<R12Subclass>& r12Subclasses(std::string_view entity, std::int6
         return dimension(flags);
     const auto found = plain.find(entity);
     return found == plain.end() ? none : found->second;
+}
+
+std::vector<std::vector<DxfTag>> sortedBelowMarkers(const std::vector<DxfTag>& tags,
+                                                    const std::vector<R12Subclass>& subclasses)
+{
+    constexpr int firstExtendedData = 1000, lineWeight = 370, trueColor = 420;
+    std::size_t rest = 0; // where tags go that are listed nowhere
+    for (std::size_t i = 0; i < subclasses.size(); ++i)
+        if (subclasses[i].takesRest)
+            rest = i + 1;
+    bool hasWeight = false, hasColor = false; // later than R12: an entity's own stand first
+    const auto placeOf = [&](int code) {
+        if (code >= firstExtendedData)
+            return subclasses.size() + 1;
+        if (isCommonEntityCode(code) || (code == lineWeight && !std::exchange(hasWeight, true)) ||
+            (code == trueColor && !std::exchange(hasColor, true)))
+            return std::size_t{0};
+        for (std::size_t i = 0; i < subclasses.size(); ++i)
+            if (std::ranges::find(subclasses[i].codes, code) != subclasses[i].codes.end())
+                return i + 1;
+        return rest;
+    };
+    std::vector<std::vector<DxfTag>> sorted(subclasses.size() + 2);
+    for (const DxfTag& tag : tags)
+        sorted[placeOf(tag.code)].push_back(tag);
+    return sorted;
 }
 
 std::int64_t polylineFlagsOf(std::int64_t vertexFlags)

@@ -51,35 +51,22 @@ void R2000Upgrade::entity(std::uint32_t at, std::uint64_t space)
 void R2000Upgrade::entityTags(const Tags& tags, const std::vector<R12Subclass>& subclasses)
 {
     const bool isBlock = dxfText(tags.front()) == "BLOCK";
-    const auto own = std::find_if(tags.begin(), tags.end(), [](const DxfTag& tag) { return tag.code == 5; });
-    const auto forEach = [&](auto wanted) {
-        for (auto tag = tags.begin() + 1; tag < tags.end(); ++tag) {
-            if (tag != own && wanted(tag->code))
-                putNamed(*tag, isBlock);
-        }
+    Tags own(tags.begin() + 1, tags.end());
+    if (const auto handle = std::ranges::find(own, 5, &DxfTag::code); handle != own.end())
+        own.erase(handle);
+    const auto sorted = sortedBelowMarkers(own, subclasses);
+    const auto putAll = [&](const Tags& below) {
+        for (const DxfTag& tag : below)
+            putNamed(tag, isBlock);
     };
-    const auto listed = [&](int code) {
-        return std::any_of(subclasses.begin(), subclasses.end(), [code](const R12Subclass& subclass) {
-            return std::find(subclass.codes.begin(), subclass.codes.end(), code) != subclass.codes.end();
-        });
-    };
-    const auto rest = [&](int code) { return code < firstExtendedData && !isCommonEntityCode(code) && !listed(code); };
-    forEach(isCommonEntityCode);
+    putAll(sorted.front());
     if (!has(tags, 8))
         m_write.rawText(8, "0");
-    if (subclasses.empty())
-        forEach(rest);
-    for (const R12Subclass& subclass : subclasses) {
-        m_write.rawText(100, subclass.marker);
-        const auto below = [&](int code) {
-            return std::find(subclass.codes.begin(), subclass.codes.end(), code) != subclass.codes.end();
-        };
-        if (subclass.takesRest)
-            forEach(rest);
-        else
-            forEach(below);
+    for (std::size_t i = 0; i < subclasses.size(); ++i) {
+        m_write.rawText(100, subclasses[i].marker);
+        putAll(sorted[i + 1]);
     }
-    forEach([](int code) { return code >= firstExtendedData; });
+    putAll(sorted.back());
 }
 
 void R2000Upgrade::putNamed(const DxfTag& tag, bool isBlock)

@@ -13,16 +13,6 @@ constexpr int mostHalvings = 6;
 constexpr std::size_t mostChords = 20000;
 constexpr double relativeDeviation = 1e-4; // of the chords of a spline, to its size
 
-/// A path that is one arc.
-Path arcPath(const PathArc& arc)
-{
-    Path path;
-    const AcGePoint3d start = arc.at(0.0);
-    path.points = {start, arc.turn >= wholeTurn ? start : arc.at(arc.turn)};
-    path.arcs = {arc};
-    return path;
-}
-
 /// Halves a stretch of a spline until its chord keeps within `deviation`.
 class SplineChords {
 public:
@@ -53,6 +43,15 @@ private:
 };
 
 } // namespace
+
+Path arcPath(const PathArc& arc)
+{
+    Path path;
+    const AcGePoint3d start = arc.at(0.0);
+    path.points = {start, arc.turn >= wholeTurn ? start : arc.at(arc.turn)};
+    path.arcs = {arc};
+    return path;
+}
 
 void addLine(const AcDbLine& line, DisplayList& list)
 {

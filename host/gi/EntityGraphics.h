@@ -20,6 +20,8 @@ void addEntity(const AcDbEntity& entity, Standing standing, DisplayList& list);
 // The kinds, by their files. Each adds to the part that was begun.
 
 // CurveGraphics.cpp
+/// A path that is one arc.
+Path arcPath(const PathArc& arc);
 void addLine(const AcDbLine& line, DisplayList& list);
 void addCircular(const AcDbCircularCurve& curve, DisplayList& list);
 void addEllipse(const class AcDbEllipse& ellipse, DisplayList& list);

@@ -254,12 +254,16 @@ AddTags kindOf(const AcDbEntity& entity)
 
 bool isShownByTags(const AcDbEntity& entity)
 {
-    return kindOf(entity) != nullptr;
+    return kindOf(entity) != nullptr || !keptPicture(RecordTags(entity.objectId())).empty();
 }
 
 void addByTags(const AcDbEntity& entity, DisplayList& list)
 {
-    kindOf(entity)(RecordTags(entity.objectId()), list);
+    const RecordTags tags(entity.objectId());
+    if (const AddTags add = kindOf(entity))
+        add(tags, list);
+    else
+        addKeptPicture(entity, tags, list);
 }
 
 std::map<std::string, std::size_t> entitiesNotDrawn(const AcDbDatabase& database)
@@ -271,7 +275,8 @@ std::map<std::string, std::size_t> entitiesNotDrawn(const AcDbDatabase& database
             continue;
         const DxfClass& dxfClass = drawing.classOf(record);
         const std::string& name = drawing.typeName(record);
-        if (dxfClass.isEntity && dxfClass.rxClass == AcDbProxyEntity::desc() && !kindNamed(name))
+        if (dxfClass.isEntity && dxfClass.rxClass == AcDbProxyEntity::desc() && !kindNamed(name) &&
+            keptPicture(RecordTags(AcDbObjectId(stubOf(&record)))).empty())
             ++kinds[name];
     }
     return kinds;

@@ -16,3 +16,7 @@ void addWipeout(const RecordTags& tags, DisplayList& list);
 void addUnderlay(const RecordTags& tags, DisplayList& list);
 /// The frame of a window of a layout; what it shows is drawn by LayoutDrawing.
 void addViewportFrame(const RecordTags& tags, DisplayList& list);
+// KeptPicture.cpp: of any class
+/// The bytes of the picture that an entity brings along; empty where it brings none.
+std::string keptPicture(const RecordTags& tags);
+void addKeptPicture(const AcDbEntity& entity, const RecordTags& tags, DisplayList& list);

@@ -32,7 +32,17 @@ int RecordTags::integer(const DxfTag& tag) const
 
 std::wstring RecordTags::text(const DxfTag& tag) const
 {
-    return m_database->form().encoding->decode(dxfText(tag));
+    return decoded(dxfText(tag));
+}
+
+void RecordTags::bytes(const DxfTag& tag, std::string& to) const
+{
+    dxfBytes(m_database->form(), tag, to);
+}
+
+std::wstring RecordTags::decoded(std::string_view text) const
+{
+    return m_database->form().encoding->decode(text);
 }
 
 AcDbObjectId RecordTags::object(const DxfTag& tag) const

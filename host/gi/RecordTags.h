@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "dxf/DxfForm.h"
@@ -23,6 +25,10 @@ public:
     int integer(const DxfTag& tag) const;
     std::wstring text(const DxfTag& tag) const;
     AcDbObjectId object(const DxfTag& tag) const;
+    /// Appends the chunk that it holds.
+    void bytes(const DxfTag& tag, std::string& to) const;
+    /// Characters of bytes in the encoding of the file.
+    std::wstring decoded(std::string_view text) const;
 
     /// Those of the first tag of a code.
     double real(int code, double otherwise) const;

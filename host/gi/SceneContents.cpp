@@ -164,7 +164,10 @@ void SceneContents::place(Item& item, const DisplayList& list)
     item.isPoint = part.first < part.last && std::holds_alternative<PointMark>(list.primitive(part.first));
     if (list.parts().size() == 1)
         return;
-    const Box2d core = boxIn(m_blocks.boxOf(list, part), Placement());
+    Box2d core;
+    for (const DisplayPart& own : list.parts())
+        if (!own.isAttribute)
+            core.add(boxIn(m_blocks.boxOf(list, own), Placement()));
     if (core.isEmpty())
         return; // its texts are all of it
     item.core = core;

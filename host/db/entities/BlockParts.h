@@ -13,12 +13,15 @@ class AcDbBlockReference;
 /// on down, by a list: a drawing may nest its blocks without end.
 class BlockParts {
 public:
-    /// Adds those of one reference, in drawing order. After another status than eOk they are not all there.
+    /// Adds those of one reference, in drawing order. After another status than eOk they are not all there: eOutOfRange
+    /// where they are too many, which is known before the first one is made.
     Acad::ErrorStatus add(const AcDbBlockReference& reference);
     /// From now on the caller's.
     void giveTo(AcDbVoidPtrArray& entities);
 
 private:
+    class Count;
+
     /// The cells of a reference, gone through one after the other.
     struct Walk {
         AcDbStub* block;

@@ -16,7 +16,7 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbMInsertBlock, AcDbBlockReference, INSERT)
 
 namespace {
 
-constexpr double rightAngleTolerance = 1e-9;
+constexpr double normalTolerance = 1e-9;
 
 AcGeMatrix3d planeToWorld(const AcGeVector3d& normal)
 {
@@ -32,11 +32,6 @@ AcGePoint3d basePointOf(AcDbStub* block)
     AcDbStub* begin = database.blocks().of(block).begin;
     const auto* bounds = begin ? AcDbBlockBegin::cast(&database.object(*recordOf(begin))) : nullptr;
     return bounds ? bounds->basePoint() : AcGePoint3d::kOrigin;
-}
-
-bool atRightAngles(const AcGeVector3d& a, const AcGeVector3d& b)
-{
-    return std::fabs(a.dotProduct(b)) <= rightAngleTolerance * a.length() * b.length();
 }
 
 } // namespace
@@ -135,14 +130,13 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTransform(const AcGeMatrix3d& tran
     AcGePoint3d origin;
     AcGeVector3d x, y, z;
     transform.getCoordSystem(origin, x, y, z);
-    if (x.isZeroLength() || y.isZeroLength() || z.isZeroLength() || !atRightAngles(x, y) || !atRightAngles(y, z) ||
-        !atRightAngles(z, x))
+    if (!hasRightAngles(x, y, z))
         return Acad::eInvalidInput;
     // Signs of the factors stay where the axes leave a choice: a mirrored symbol keeps its negative factor.
     const double signX = m_scaleX < 0.0 ? -1.0 : 1.0, signZ = m_scaleZ < 0.0 ? -1.0 : 1.0;
     const AcGePoint3d place = transform * basePointOf(m_block);
     m_normal = (z * signZ).normal();
-    if (std::fabs(m_normal.x) < rightAngleTolerance && std::fabs(m_normal.y) < rightAngleTolerance)
+    if (std::fabs(m_normal.x) < normalTolerance && std::fabs(m_normal.y) < normalTolerance)
         m_normal = AcGeVector3d(0.0, 0.0, m_normal.z < 0.0 ? -1.0 : 1.0);
     const AcGeVector3d along = planeToWorld(m_normal).inverse() * (x * signX);
     const double handed = (x * signX).crossProduct(y).dotProduct(m_normal);

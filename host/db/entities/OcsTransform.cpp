@@ -60,3 +60,11 @@ AcGePoint3d worldToOcs(const AcGePoint3d& point, const AcGeVector3d& normal)
 {
     return isWorldNormal(normal) ? point : AcGeMatrix3d::worldToPlane(normal) * point;
 }
+
+bool hasRightAngles(const AcGeVector3d& x, const AcGeVector3d& y, const AcGeVector3d& z)
+{
+    const auto across = [](const AcGeVector3d& a, const AcGeVector3d& b) {
+        return std::fabs(a.dotProduct(b)) <= shapeTolerance * a.length() * b.length();
+    };
+    return across(x, y) && across(y, z) && across(z, x) && !x.isZeroLength() && !y.isZeroLength() && !z.isZeroLength();
+}

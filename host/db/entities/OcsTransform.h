@@ -46,3 +46,5 @@ inline bool isWorldNormal(const AcGeVector3d& normal)
 {
     return normal.x == 0.0 && normal.y == 0.0 && normal.z >= 0.0;
 }
+/// Whether the axes are at right angles to each other, and none without length: what shows a block, and no slant.
+bool hasRightAngles(const AcGeVector3d& x, const AcGeVector3d& y, const AcGeVector3d& z);

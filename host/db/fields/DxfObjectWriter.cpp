@@ -1,5 +1,7 @@
 #include "db/fields/DxfObjectWriter.h"
 
+#include <algorithm>
+
 #include "db/DatabaseImpl.h"
 #include "db/Ownership.h"
 #include "dxf/DxfCursor.h"
@@ -20,6 +22,51 @@ const std::string* replacedData(const AcDbObject& object)
 {
     const auto* record = AcDbXrecord::cast(&object);
     return record ? record->replacedBytes() : nullptr;
+}
+
+void copyTags(const std::vector<DxfTag>& tags, std::string& to)
+{
+    for (const DxfTag& tag : tags)
+        to.append(tag.start, tag.next);
+}
+
+/// The tags of an entity of this type that bears no marker, with all its markers; nothing for a type whose markers are
+/// not known.
+std::string withMarkers(const DxfForm& form, const std::string& type, std::string_view bytes)
+{
+    constexpr int handle = 5, owner = 330, flagsCode = 70;
+    std::vector<DxfTag> head, own; // what belongs to any object, and what to this one
+    std::int64_t flags = 0;
+    bool inGroup = false;
+    DxfCursor cursor(form, bytes);
+    for (DxfTag tag; cursor.next(tag);) {
+        const bool bound = tag.code == 102;
+        const bool isHead =
+            inGroup || bound || tag.code == 0 || tag.code == handle || (tag.code == owner && own.empty());
+        (isHead ? head : own).push_back(tag);
+        if (bound)
+            inGroup = opensGroup(tag);
+        if (tag.code == flagsCode && !dxfInteger(form, tag, flags))
+            return {};
+    }
+    const auto& subclasses = r12Subclasses(type, flags, polylineFlagsOf(flags));
+    const auto isCommon = [](const DxfTag& tag) {
+        return isCommonEntityCode(tag.code) || tag.code >= extendedDataCode;
+    };
+    if (subclasses.empty() && !std::ranges::all_of(own, isCommon))
+        return {};
+    const auto sorted = sortedBelowMarkers(own, subclasses);
+    std::string marked;
+    DxfTagWriter out(form, marked);
+    copyTags(head, marked);
+    out.rawText(100, "AcDbEntity");
+    copyTags(sorted.front(), marked);
+    for (std::size_t i = 0; i < subclasses.size(); ++i) {
+        out.rawText(100, subclasses[i].marker);
+        copyTags(sorted[i + 1], marked);
+    }
+    copyTags(sorted.back(), marked);
+    return marked;
 }
 
 /// What programs take for not set while its code is absent: a colour of its own, a thickness, attributes that follow.
@@ -150,6 +197,9 @@ struct DxfObjectWriter::Merge {
         else
             writer.m_out.raw(tags);
     }
+
+    /// Whether a tag was added to an entity that bears no markers.
+    bool lacksMarkers() const { return addedWithoutMarkers; }
 
     void run(std::string_view bytes)
     {
@@ -388,6 +438,7 @@ private:
             const DxfSubclass& subclass = *dxfClass.subclasses[i];
             if (entered[i] || subclass.marker().empty() || !lacksChanged(i))
                 continue;
+            addedWithoutMarkers = addedWithoutMarkers || (dxfClass.isEntity && markers == 0);
             writer.m_out.rawText(100, subclass.marker());
             writeMissing(subclass, met[i], 0);
         }
@@ -415,12 +466,23 @@ private:
     bool aroundWritten = false;
     bool inData = false; // of an xrecord
     bool dataReplaced = false;
+    bool addedWithoutMarkers = false;
 };
 
+/// An entity without markers stays so while its values change where they stand. A tag that it gains needs a marker, and
+/// a reader that sees one looks for all of them.
 void DxfObjectWriter::merge(const AcDbObject& object, const DxfClass& dxfClass, std::string_view bytes)
 {
     const std::unique_ptr<AcDbObject> was(dxfClass.create());
     DxfObjectReader(m_database).read(bytes, dxfClass, *was);
+    const std::size_t start = m_out.out().size();
     Merge merge(*this, object, dxfClass, *was);
     merge.run(bytes);
+    if (!merge.lacksMarkers())
+        return;
+    const std::string marked = withMarkers(m_database.form(), m_database.typeName(*recordOf(object.objectId())), bytes);
+    if (marked.empty())
+        return;
+    m_out.out().resize(start);
+    Merge(*this, object, dxfClass, *was).run(marked);
 }

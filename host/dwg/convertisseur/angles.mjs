@@ -2,6 +2,8 @@
 // Whether it did is told by what the same library reads: an angle of the text that is one of those of its class as they
 // are, and not once they are turned into degrees.
 
+import { fieldOf, hasHandles, objectsOf } from './library.mjs';
+
 // By DXF name: group code and the library's name of each angle.
 const angles = {
   ARC: [[50, 'start_angle'], [51, 'end_angle']],
@@ -20,12 +22,10 @@ const digits = (value) => value.toPrecision(12); // the text has 16, the last on
 
 function angleValues(library, data) {
   const values = new Map(); // "ARC 50": those read
-  const count = library.dwg_get_num_objects(data);
-  for (let i = 0; i < count; i++) {
-    const object = library.dwg_get_object(data, i);
+  for (const object of objectsOf(library, data)) {
     const name = library.dwg_object_get_dxfname(object);
     for (const [code, field] of angles[name] ?? []) {
-      const read = library.dwg_dynapi_entity_value(library.dwg_object_to_object_tio(object), field);
+      const read = fieldOf(library, object, field);
       if (!read?.success || !read.data)
         continue; // none, or 0
       const key = `${name} ${code}`;
@@ -55,7 +55,7 @@ function* tagsOf(dxf) {
 }
 
 export function mendAngles(dxf, library, data) {
-  if (library.dwg_get_version_type(data) >= library.Dwg_Version_Type.R_13b1.value)
+  if (hasHandles(library, data)) // as R13 brought them
     return dxf;
   const values = angleValues(library, data);
   const asRead = new Map([...values].map(([key, list]) => [key, new Map(list.map((value) => [digits(value), value]))]));

@@ -8,6 +8,7 @@ import { fileURLToPath } from 'node:url';
 import { mendAngles } from './angles.mjs';
 import { currentColour, mendCurrentColour } from './colours.mjs';
 import { lostObjects } from './losses.mjs';
+import { keepPictures } from './pictures.mjs';
 import { mendTables, readTables } from './tables.mjs';
 
 const status = { converted: 0, refused: 10, notInstalled: 11, fileError: 12, badCall: 13 };
@@ -62,6 +63,12 @@ function readDrawing(path) {
   }
 }
 
+// @param numbers of objects by their classes; nothing is said of none
+function tell(what, numbers) {
+  if (numbers.size > 0)
+    console.error(`${what} : ${[...numbers].map(([name, count]) => `${count} ${name}`).join(', ')}`);
+}
+
 // LibreDWG sees no disk but its own in memory. Its writer reads the drawing itself, so it is read twice.
 // @return the pieces of the DXF text, one after the other
 function convert(library, drawing) {
@@ -75,10 +82,10 @@ function convert(library, drawing) {
   library.FS.unlink('dessin.dxf');
   const data = library.dwg_read_file('dessin.dwg').data;
   const whole = mendAngles(mendCurrentColour(dxf, currentColour(library, data)), library, data);
-  const pieces = mendTables(whole, readTables(library, data));
-  const lost = [...lostObjects(library, data, pieces)].map(([name, count]) => `${count} ${name}`);
-  if (lost.length > 0)
-    console.error(`objets lus, mais non convertis : ${lost.join(', ')}`);
+  const shown = keepPictures(whole, library, data);
+  const pieces = mendTables(shown.dxf, readTables(library, data));
+  tell("objets dont seule l'image est gardée", shown.kept);
+  tell('objets lus, mais non convertis', lostObjects(library, data, pieces));
   return pieces;
 }
 

@@ -1,17 +1,13 @@
 // What LibreDWG read in a drawing and its DXF writer left out, counted by class: for the user, who would not know.
 // From R13 on every object has a handle, and is looked for by it. Older entities have none, and are counted.
 
+import { handleOf, hasHandles, isEntity, objectsOf } from './library.mjs';
+
 // Of tables that DXF has no place for, and of places that hold nothing.
 const withoutRecord = new Set(['VX_CONTROL', 'VX_TABLE_RECORD', 'DUMMY', 'UNUSED']);
 
 const handleLines = ['\r\n  5\r\n', '\r\n105\r\n'].map((text) => Buffer.from(text));
 const recordLine = Buffer.from('\r\n  0\r\n');
-
-function* objectsOf(library, data) {
-  const count = library.dwg_get_num_objects(data);
-  for (let i = 0; i < count; i++)
-    yield library.dwg_get_object(data, i);
-}
 
 // The line that follows each place where `marker` stands.
 function* linesAfter(dxf, marker) {
@@ -26,17 +22,21 @@ function add(counts, name, number = 1) {
   counts.set(name, (counts.get(name) ?? 0) + number);
 }
 
-function lostByHandle(library, data, pieces) {
+export function writtenHandles(pieces) {
   const written = new Set();
   for (const piece of pieces)
     for (const marker of handleLines)
       for (const handle of linesAfter(piece, marker))
         written.add(handle);
+  return written;
+}
+
+function lostByHandle(library, data, pieces) {
+  const written = writtenHandles(pieces);
   const lost = new Map();
   for (const object of objectsOf(library, data)) {
-    const handle = library.dwg_object_get_handle_object(object).value.toString(16).toUpperCase();
     const name = library.dwg_object_get_dxfname(object);
-    if (!written.has(handle) && !withoutRecord.has(name))
+    if (!written.has(handleOf(library, object)) && !withoutRecord.has(name))
       add(lost, name);
   }
   return lost;
@@ -45,7 +45,7 @@ function lostByHandle(library, data, pieces) {
 function lostByCount(library, data, pieces) {
   const left = new Map();
   for (const object of objectsOf(library, data))
-    if (library.dwg_object_get_supertype(object) === library.Dwg_Object_Supertype.SUPERTYPE_ENTITY.value)
+    if (isEntity(library, object))
       add(left, library.dwg_object_get_dxfname(object));
   for (const piece of pieces)
     for (const name of linesAfter(piece, recordLine))
@@ -57,6 +57,5 @@ function lostByCount(library, data, pieces) {
 // @param pieces of the DXF text, one after the other
 // @return a map of class to number, in the order in which the drawing has them; empty where all was written
 export function lostObjects(library, data, pieces) {
-  const hasHandles = library.dwg_get_version_type(data) >= library.Dwg_Version_Type.R_13b1.value;
-  return (hasHandles ? lostByHandle : lostByCount)(library, data, pieces);
+  return (hasHandles(library, data) ? lostByHandle : lostByCount)(library, data, pieces);
 }

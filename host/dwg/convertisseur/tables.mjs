@@ -2,19 +2,17 @@
 // it writes every layer as turned off, and leaves out the last two records of the linetype and application tables.
 // Everything else in its text stays as it is, byte for byte.
 
+import { handleOf, hasHandles, objectsOf } from './library.mjs';
+
 const objectTypes = { layer: 51, linetype: 57, application: 67 };
 
 // The tables as the library reads them. Texts are Latin-1 strings whose characters are the bytes of the DXF text.
 export function readTables(library, data) {
-  const version = library.dwg_get_version_type(data);
-  const versions = library.Dwg_Version_Type;
   const tables = { layersOff: new Map(), linetypes: [], applications: [] };
-  if (version < versions.R_13b1.value)
+  if (!hasHandles(library, data))
     return tables; // the writer's fault is not in these: they have no such records
-  const isUnicode = version >= versions.R_2007.value;
-  const count = library.dwg_get_num_objects(data);
-  for (let i = 0; i < count; i++) {
-    const object = library.dwg_get_object(data, i);
+  const isUnicode = library.dwg_get_version_type(data) >= library.Dwg_Version_Type.R_2007.value;
+  for (const object of objectsOf(library, data)) {
     const type = library.dwg_object_get_fixedtype(object);
     if (type === objectTypes.layer)
       tables.layersOff.set(handleOf(library, object), field(library, object, 'off') !== 0);
@@ -24,10 +22,6 @@ export function readTables(library, data) {
       tables.applications.push(tableRecord(library, object, isUnicode));
   }
   return tables;
-}
-
-function handleOf(library, object) {
-  return library.dwg_object_get_handle_object(object).value.toString(16).toUpperCase();
 }
 
 function field(library, object, name) {

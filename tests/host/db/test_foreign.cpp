@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "dbpl.h"
 #include "dbsymtb.h"
 #include "SmallDrawing.h"
@@ -50,6 +52,39 @@ TEST_F(ForeignTest, whatEveryEntityHasIsReadWhereverItStands)
             line->setLayer(L"0");
         }
         EXPECT_EQ(changes(before, saved(*database)), row.changed);
+    }
+}
+
+/// It was saved with the first marker alone, above its new colour: a reader that sees one marker looks for the others.
+TEST_F(ForeignTest, whatGainsATagGainsAllItsMarkers)
+{
+    struct Row {
+        const char* record;
+        Changes changed;
+    };
+    const char* const reactors = "0 POINT\n5 80\n102 {ACAD_REACTORS\n330 C\n102 }\n330 1F\n8 0\n10 1\n20 2\n30 3\n";
+    const Row rows[] = {
+        {"0 LINE\n5 80\n8 0\n10 0\n20 0\n30 0\n11 5\n21 5\n31 0\n1001 ACAD\n1070 8\n",
+         {"+100|AcDbEntity", "+62|5", "+100|AcDbLine"}},
+        {reactors, {"+100|AcDbEntity", "+62|5", "+100|AcDbPoint"}},
+        {"0 TEXT\n5 80\n10 0\n20 0\n40 2.5\n1 a\n73 1\n8 0\n370 25\n",
+         {"+100|AcDbEntity", "+8|0", "+370|25", "+62|5", "+100|AcDbText", "+100|AcDbText", "-8|0", "-370|25"}},
+        {"0 ARC\n5 80\n8 0\n50 10\n51 20\n10 0\n20 0\n40 1\n",
+         {"+100|AcDbEntity", "+62|5", "+100|AcDbCircle", "-50|10", "-51|20", "+100|AcDbArc", "+50|10", "+51|20"}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.record);
+        SmallDrawing drawing;
+        drawing.entities = row.record;
+        const std::string before = drawing.text();
+        const auto database = open(before);
+        Opened<AcDbEntity>(*database, 0x80, AcDb::kForWrite)->setColorIndex(5);
+        auto now = changes(before, saved(*database)), expected = row.changed;
+        std::ranges::sort(now);
+        std::ranges::sort(expected); // which of two equal ways tells a tag that moved
+        EXPECT_EQ(now, expected);
+        const auto again = open(read("sortie.dxf"), "relu.dxf");
+        EXPECT_EQ(Opened<AcDbEntity>(*again, 0x80)->colorIndex(), 5);
     }
 }
 

@@ -1,3 +1,4 @@
+#include <ctime>
 #include <functional>
 
 #include <pthread.h>
@@ -50,15 +51,17 @@ std::string common(const std::string& type, int handle, const std::string& owner
 }
 
 /// Block "Bn" shows B(n-1), with the tags `placed`, or by a dimension; B0 holds a line from (0, 0) to (1, 0). Model
-/// space shows the outermost one. Each block may show the next one twice.
-SmallDrawing nested(int levels, const std::string& placed, bool byDimension = false, bool twice = false)
+/// space shows the outermost one. Each block may show the next one twice, the second time with the tags `again` too.
+SmallDrawing nested(int levels, const std::string& placed, bool byDimension = false, bool twice = false,
+                    const std::string& again = {})
 {
-    const auto shown = [&](int handle, const std::string& owner, const std::string& block) {
+    const auto shown = [&](int handle, const std::string& owner, const std::string& block,
+                           const std::string& more = {}) {
         return byDimension ? common("DIMENSION", handle, owner) + "100 AcDbDimension\n2 " + block +
                                  "\n10 0\n20 0\n30 0\n11 0\n21 0\n31 0\n12 1.0\n22 0.0\n32 0.0\n70 32\n1 \n"
                                  "100 AcDbAlignedDimension\n13 0\n23 0\n33 0\n14 1\n24 0\n34 0\n"
                            : common("INSERT", handle, owner) + "100 AcDbBlockReference\n2 " + block +
-                                 "\n10 1.0\n20 0.0\n30 0.0\n" + placed;
+                                 "\n10 1.0\n20 0.0\n30 0.0\n" + placed + more;
     };
     SmallDrawing drawing;
     for (int i = 0; i < levels; ++i) {
@@ -72,7 +75,7 @@ SmallDrawing nested(int levels, const std::string& placed, bool byDimension = fa
                                        "100 AcDbLine\n10 0.0\n20 0.0\n30 0.0\n11 1.0\n21 0.0\n31 0.0\n"
                                  : shown(handle + 2, owner, "B" + std::to_string(i - 1));
         if (twice && i > 0)
-            drawing.blocks += shown(handle + 4, owner, "B" + std::to_string(i - 1));
+            drawing.blocks += shown(handle + 4, owner, "B" + std::to_string(i - 1), again);
         drawing.blocks += common("ENDBLK", handle + 3, owner) + "100 AcDbBlockEnd\n";
     }
     drawing.entities = shown(0x80, "1F", "B" + std::to_string(levels - 1));
@@ -155,6 +158,24 @@ TEST_F(NestingTest, explodingGoesAllTheWayWhereShapesBend)
         const std::unique_ptr<AcDbEntity> part(static_cast<AcDbEntity*>(parts[0]));
         EXPECT_TRUE(part->isKindOf(AcDbLine::desc()) || part->isKindOf(AcDbBlockReference::desc()));
     });
+}
+
+/// It took ten seconds to find out: a million copies were made, and thrown away.
+TEST_F(NestingTest, explodingDoubledBlocksThatBendIsRefusedBeforeItsWork)
+{
+    const auto secondsOf = [this](const SmallDrawing& drawing, Acad::ErrorStatus expected) {
+        const auto database = open(drawing);
+        AcDbVoidPtrArray parts;
+        const std::clock_t start = std::clock();
+        EXPECT_EQ(Opened<AcDbBlockReference>(*database, 0x80)->explode(parts), expected);
+        const std::clock_t end = std::clock();
+        for (void* const part : parts)
+            delete static_cast<AcDbEntity*>(part);
+        return static_cast<double>(end - start);
+    };
+    const double eighth = secondsOf(nested(18, "42 2.0\n50 30.0\n", false, true), Acad::eOk); // 131 072 parts
+    for (const char* again : {"", "41 -1.0\n", "50 45.0\n"})
+        EXPECT_LT(secondsOf(nested(200, "42 2.0\n50 30.0\n", false, true, again), Acad::eOutOfRange), eighth) << again;
 }
 
 TEST_F(NestingTest, aCopyInAnotherDrawingIsWhole)

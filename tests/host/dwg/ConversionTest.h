@@ -9,10 +9,10 @@
 
 #include "TestFolder.h"
 
-/// The drawing that README.md describes.
-inline std::string dwgSample()
+/// The drawings that README.md describes.
+inline std::string dwgSample(const char* name = "leve.dwg")
 {
-    return contents(VELA_SOURCE_DIR "/tests/host/dwg/leve.dwg");
+    return contents(std::string(VELA_SOURCE_DIR "/tests/host/dwg/") + name);
 }
 
 /// Temporary files go there as well: tests run side by side, and some check that none is left.

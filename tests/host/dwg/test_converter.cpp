@@ -138,8 +138,9 @@ TEST_F(DwgConversionTest, SaysThatItsPackageIsMissing)
 {
     DwgConverter::Settings settings;
     settings.folder = m_folder.path();
-    for (const char* script : {"convert.mjs", "tables.mjs", "angles.mjs", "colours.mjs", "losses.mjs"})
-        fs::copy_file(DwgConverter::installedFolder() / script, m_folder / script);
+    for (const fs::directory_entry& script : fs::directory_iterator(DwgConverter::installedFolder()))
+        if (script.path().extension() == ".mjs")
+            fs::copy_file(script.path(), m_folder.path() / script.path().filename());
     EXPECT_EQ(refusal(settings, m_folder.write("plan.dwg", dwgSample())),
               "plan.dwg : le convertisseur de dessins DWG n'est pas installé dans « " + m_folder.path().string() +
                   " » ; lancez « scripts/installer.sh »");

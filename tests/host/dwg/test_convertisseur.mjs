@@ -20,7 +20,9 @@ function library(version, objects) {
     dwg_object_get_dxfname: (object) => object.name,
     dwg_object_get_supertype: (object) => (object.entity ? 0 : 1),
     dwg_object_get_handle_object: (object) => ({ value: BigInt(object.handle) }),
-    dwg_object_to_object_tio: (object) => object,
+    // Each kind of object has a place of its own, as in the library: asked for at the other's, there is nothing.
+    dwg_object_to_object_tio: (object) => (object.entity ? 0 : object),
+    dwg_object_to_entity_tio: (object) => (object.entity ? object : 0),
     dwg_dynapi_entity_value: (object, field) => ({ success: field in (object.fields ?? {}), data: object.fields?.[field] }),
     dwg_find_color_index: (rgb) => (rgb === 0xff0000 ? 1 : 7),
   };
@@ -57,7 +59,8 @@ assert.deepEqual(mendCurrentColour(header('     5'), null), header('     5'));
 
 // ---- angles
 const right = Math.PI / 2;
-const arcs = [{ name: 'ARC', fields: { start_angle: right, end_angle: 0 } }, { name: 'TEXT', fields: { rotation: 0.25 } }];
+const arcs = [{ name: 'ARC', entity: true, fields: { start_angle: right, end_angle: 0 } },
+              { name: 'TEXT', entity: true, fields: { rotation: 0.25 } }];
 const drawing = (arc, rotation) => text(...record('ARC', ' 50', arc, ' 51', '0.0'), ...record('TEXT', ' 50', rotation),
                                         ...record('SOLID', ' 50', '0.25'), ...record('ENDSEC'));
 const inRadians = drawing('1.570796326794897', '0.25');

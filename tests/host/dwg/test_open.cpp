@@ -5,6 +5,7 @@
 
 #include "db/DatabaseImpl.h"
 #include "dwg/ConverterProcess.h"
+#include "gi/EntityGraphics.h"
 #include "platform/CodePage.h"
 
 #include "acutmem.h"
@@ -113,6 +114,33 @@ TEST_F(DwgOpenTest, SurvivesOpeningAndSaving)
     AcDbDatabase again(false);
     ASSERT_EQ(again.readDwgFile(wide(m_folder / "plan.dxf").c_str()), Acad::eOk);
     expectSample(again);
+}
+
+/// All the proxies of a drawing were lost: only their number was told.
+TEST_F(DwgOpenTest, ShowsThePicturesOfProxies)
+{
+    AcDbDatabase opened(false);
+    ASSERT_EQ(opened.readDwgFile(wide(m_folder.write("plan.dwg", dwgSample("mandataires.dwg"))).c_str()), Acad::eOk);
+    const std::vector<std::string>& told = opened.impl().problems().all();
+    ASSERT_EQ(told.size(), 3U);
+    EXPECT_NE(told[1].find("objets dont seule l'image est gardée : 2 ACAD_PROXY_ENTITY"), std::string::npos) << told[1];
+    EXPECT_NE(told[2].find("objets lus, mais non convertis : 1 ACAD_PROXY_ENTITY"), std::string::npos) << told[2];
+
+    DisplayList list;
+    {
+        AcDbObjectPointer<AcDbEntity> proxy(byHandle(opened, 0x28));
+        ASSERT_TRUE(proxy.object());
+        EXPECT_STREQ(proxy->layer(), L"0");
+        addEntity(*proxy, Standing::open, list);
+    }
+    ASSERT_EQ(list.parts().size(), 2U);
+    EXPECT_EQ(list.parts()[0].look.color, 1);
+    EXPECT_EQ(list.parts()[0].box.maxPoint(), AcGePoint3d(10, 5, 0));
+    EXPECT_EQ(list.parts()[1].look.color, 3);
+    const auto* label = std::get_if<Label>(&list.primitive(list.parts()[1].last - 1));
+    ASSERT_TRUE(label);
+    EXPECT_EQ(label->text, L"Réseau");
+    EXPECT_EQ(AcDbObjectPointer<AcDbEntity>(byHandle(opened, 0x29))->ownerId(), byHandle(opened, 0x19));
 }
 
 /// The user saved "plan.dwg", and never said that "plan.dxf" may go.

@@ -30,6 +30,46 @@ std::string dimension(const char* common, const char* marker, const char* points
     return std::string("0 DIMENSION\n100 AcDbDimension\n") + common + "100 " + marker + "\n" + points + ownStyle;
 }
 
+/// A chunk of the picture of a proxy: its size and kind, then its numbers.
+struct PictureChunk {
+    std::string bytes;
+
+    explicit PictureChunk(std::int32_t kind) { integer(kind); }
+    PictureChunk& integer(std::int32_t value)
+    {
+        bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+        return *this;
+    }
+    PictureChunk& reals(std::initializer_list<double> values)
+    {
+        for (const double value : values)
+            bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+        return *this;
+    }
+    PictureChunk& text(const std::string& value)
+    {
+        bytes += value + std::string(4 - value.size() % 4, '\0');
+        return *this;
+    }
+};
+
+std::string proxy(const std::vector<PictureChunk>& chunks)
+{
+    std::string picture(8, '\0');
+    for (const PictureChunk& chunk : chunks) {
+        const auto size = static_cast<std::int32_t>(chunk.bytes.size() + sizeof(std::int32_t));
+        picture.append(reinterpret_cast<const char*>(&size), sizeof size);
+        picture += chunk.bytes;
+    }
+    std::string tags = "0 ACAD_PROXY_ENTITY\n92 " + std::to_string(picture.size()) + "\n310 ";
+    for (const char byte : picture) {
+        char digits[3] = "";
+        std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned>(static_cast<unsigned char>(byte)));
+        tags += digits;
+    }
+    return tags + "\n100 AcDbProxyEntity\n90 498\n91 500\n93 8\n310 FF\n94 0\n";
+}
+
 struct Row {
     const char* name;
     std::string records;
@@ -85,6 +125,31 @@ const Row rows[] = {
     {"underlay, turned by a right angle, within its clipping line",
      "0 PDFUNDERLAY\n100 AcDbUnderlayReference\n10 0\n20 0\n30 0\n41 2\n42 2\n43 2\n50 90\n11 0\n21 0\n11 4\n21 3\n",
      {"line 7: 0,0 0,8 -6,8 -6,0 0,0"}},
+    {"proxy: its picture, in its colours, moved by a matrix",
+     proxy({PictureChunk(6).integer(3).reals({0, 0, 0, 5, 0, 0, 5, 5, 0}), PictureChunk(14).integer(3),
+            PictureChunk(29).reals({1, 0, 0, 10, 0, 1, 0, 20, 0, 0, 1, 0, 0, 0, 0, 1}), PictureChunk(20).integer(1),
+            PictureChunk(7).integer(3).reals({0, 0, 0, 4, 0, 0, 4, 4, 0}), PictureChunk(31),
+            PictureChunk(22).integer(static_cast<std::int32_t>(0xC3000005)),
+            PictureChunk(10).reals({1, 2, 0, 0, 0, 1, 1, 0, 0, 2.5, 1, 0}).text("N 12")}),
+     {"line 7: 0,0 5,0 5,5", "area 00FF00: 10,20 14,20 14,24", "text 0000FF: <N 12>"}},
+    {"proxy: an arc through three points, a face of a shell, a net",
+     proxy({PictureChunk(5).reals({1, 0, 0, 0, 1, 0, -1, 0, 0}).integer(0),
+            PictureChunk(9)
+                .integer(3)
+                .reals({0, 0, 0, 9, 0, 0, 9, 9, 0})
+                .integer(4)
+                .integer(3)
+                .integer(0)
+                .integer(1)
+                .integer(2),
+            PictureChunk(8).integer(2).integer(2).reals({0, 0, 0, 2, 0, 0, 0, 2, 0, 2, 2, 0})}),
+     {"line 7: 1,0 ", "line 7: 0,0 9,0 9,9 0,0", "line 7: 0,0 2,0", "line 7: 0,2 2,2", "line 7: 0,0 0,2",
+      "line 7: 2,0 2,2"}},
+    {"proxy: chunks that lie about their sizes end its picture, or show what is there",
+     proxy({PictureChunk(6).integer(2000000000).reals({0, 0, 0, 1, 1, 0}),
+            PictureChunk(8).integer(70000).integer(70000), PictureChunk(9).integer(-1).integer(-5), PictureChunk(31),
+            PictureChunk(4)}),
+     {"line 7: 0,0 1,1"}},
 };
 
 /// A line and a filled square in a block, shown at (20, 0) within the ring that is given.

@@ -1,0 +1,385 @@
+#include <cstring>
+#include <map>
+
+#include "ge/Angles.h"
+#include "gi/EntityGraphics.h"
+#include "gi/ForeignKinds.h"
+
+/// Pictures that entities bring along for programs without their class: a run of chunks, each with its size and its
+/// kind before its numbers, low bytes first. Their layers and linetypes are numbers in tables that no drawing has: what
+/// is shown has those of its entity. Lightweight polylines in bits, clips and lines without end are left out.
+
+namespace {
+
+/// The values of a chunk, one after the other; zeros past its end.
+class ChunkReader {
+public:
+    explicit ChunkReader(std::string_view bytes) : m_left(bytes) {}
+
+    std::int32_t integer() { return read<std::int32_t>(); }
+    double real() { return read<double>(); }
+    AcGePoint3d point()
+    {
+        const double x = real(), y = real();
+        return {x, y, real()};
+    }
+    /// As many as are there, of those that are announced.
+    std::vector<AcGePoint3d> points(std::int64_t count)
+    {
+        std::vector<AcGePoint3d> all;
+        while (count-- > 0 && m_left.size() >= 3 * sizeof(double))
+            all.push_back(point());
+        return all;
+    }
+    std::vector<std::int32_t> integers(std::int64_t count)
+    {
+        std::vector<std::int32_t> all;
+        while (count-- > 0 && m_left.size() >= sizeof(std::int32_t))
+            all.push_back(integer());
+        return all;
+    }
+    /// Up to a zero, in fours.
+    std::string text()
+    {
+        std::string text(m_left.substr(0, m_left.find('\0')));
+        skip((text.size() + 4) & ~std::size_t{3});
+        return text;
+    }
+    std::wstring wideText()
+    {
+        std::wstring text;
+        std::size_t used = 0;
+        for (char16_t unit = 1; unit != 0 && m_left.size() >= sizeof unit; used += sizeof unit) {
+            unit = read<char16_t>();
+            if (unit != 0)
+                text += static_cast<wchar_t>(unit);
+        }
+        skip(used % 4);
+        return text;
+    }
+
+private:
+    void skip(std::size_t bytes) { m_left.remove_prefix(std::min(bytes, m_left.size())); }
+
+    template <class Value>
+    Value read()
+    {
+        Value value{};
+        if (m_left.size() < sizeof value)
+            m_left = {};
+        else
+            std::memcpy(&value, m_left.data(), sizeof value);
+        skip(sizeof value);
+        return value;
+    }
+
+    std::string_view m_left;
+};
+
+class KeptPicture {
+public:
+    KeptPicture(const AcDbEntity& entity, const RecordTags& tags, DisplayList& list) :
+        m_entity(entity),
+        m_tags(tags),
+        m_list(list)
+    {
+    }
+
+    void add(std::string_view bytes)
+    {
+        constexpr std::size_t head = 8; // of the picture: its size and number of chunks; of a chunk: its size and kind
+        for (std::size_t at = head; at + head <= bytes.size();) {
+            ChunkReader reader(bytes.substr(at));
+            const std::int64_t size = reader.integer();
+            const std::int32_t kind = reader.integer();
+            if (size < static_cast<std::int64_t>(head) || static_cast<std::size_t>(size) > bytes.size() - at)
+                return;
+            if (const auto found = kinds().find(kind); found != kinds().end()) {
+                ChunkReader values(bytes.substr(at + head, static_cast<std::size_t>(size) - head));
+                (this->*found->second)(values);
+            }
+            at += static_cast<std::size_t>(size);
+        }
+    }
+
+private:
+    using Kind = void (KeptPicture::*)(ChunkReader&);
+
+    static const std::map<std::int32_t, Kind>& kinds()
+    {
+        static const std::map<std::int32_t, Kind> table = {
+            {2, &KeptPicture::circle},
+            {3, &KeptPicture::circleThroughPoints},
+            {4, &KeptPicture::arc},
+            {5, &KeptPicture::arcThroughPoints},
+            {6, &KeptPicture::polyline},
+            {7, &KeptPicture::polygon},
+            {8, &KeptPicture::mesh},
+            {9, &KeptPicture::shell},
+            {10, &KeptPicture::plainText},
+            {11, &KeptPicture::styledText},
+            {14, &KeptPicture::color},
+            {20, &KeptPicture::fill},
+            {22, &KeptPicture::trueColor},
+            {23, &KeptPicture::lineWeight},
+            {29, &KeptPicture::pushMatrix},
+            {30, &KeptPicture::pushMatrix},
+            {31, &KeptPicture::popMatrix},
+            {32, &KeptPicture::polyline},
+            {36, &KeptPicture::plainWideText},
+            {38, &KeptPicture::styledWideText},
+        };
+        return table;
+    }
+
+    AcGeMatrix3d matrix() const { return m_matrices.empty() ? AcGeMatrix3d() : m_matrices.back(); }
+
+    // ---- lines
+
+    Path pathThrough(std::vector<AcGePoint3d> points, bool closed) const
+    {
+        Path path;
+        for (AcGePoint3d& point : points)
+            point = matrix() * point;
+        if (closed && !points.empty())
+            points.push_back(points.front());
+        path.points = std::move(points);
+        return path;
+    }
+
+    void polyline(ChunkReader& values) { m_list.add(pathThrough(values.points(values.integer()), false)); }
+
+    void polygon(ChunkReader& values)
+    {
+        Path ring = pathThrough(values.points(values.integer()), true);
+        if (m_isFilled)
+            m_list.add(Area{{ring}, true});
+        else
+            m_list.add(std::move(ring));
+    }
+
+    void mesh(ChunkReader& values)
+    {
+        const std::int64_t rows = values.integer(), columns = values.integer();
+        const std::vector<AcGePoint3d> grid = values.points(rows * columns);
+        if (rows < 2 || columns < 2 || grid.size() != static_cast<std::size_t>(rows * columns))
+            return;
+        const auto lines = [&](std::int64_t count, std::int64_t step, std::int64_t length, std::int64_t along) {
+            for (std::int64_t i = 0; i < count; ++i) {
+                std::vector<AcGePoint3d> line;
+                for (std::int64_t k = 0; k < length; ++k)
+                    line.push_back(grid[static_cast<std::size_t>(i * step + k * along)]);
+                m_list.add(pathThrough(std::move(line), false));
+            }
+        };
+        lines(rows, columns, columns, 1);
+        lines(columns, 1, rows, columns);
+    }
+
+    void shell(ChunkReader& values)
+    {
+        const std::vector<AcGePoint3d> corners = values.points(values.integer());
+        const std::vector<std::int32_t> faces = values.integers(values.integer());
+        for (std::size_t at = 0; at < faces.size();) {
+            const std::size_t count = static_cast<std::size_t>(std::abs(std::int64_t{faces[at++]})); // holes: negative
+            std::vector<AcGePoint3d> ring;
+            for (std::size_t i = 0; i < count && at < faces.size(); ++i, ++at)
+                if (faces[at] >= 0 && static_cast<std::size_t>(faces[at]) < corners.size())
+                    ring.push_back(corners[static_cast<std::size_t>(faces[at])]);
+            m_list.add(pathThrough(std::move(ring), true));
+        }
+    }
+
+    // ---- circles
+
+    void addArc(const AcGePoint3d& center, const AcGeVector3d& toStart, const AcGeVector3d& across, double turn)
+    {
+        const AcGeMatrix3d place = matrix();
+        m_list.add(arcPath({0, place * center, place * toStart, place * (turn < 0.0 ? -across : across),
+                            std::min(std::fabs(turn), wholeTurn)}));
+    }
+
+    void circle(ChunkReader& values)
+    {
+        const AcGePoint3d center = values.point();
+        const double radius = values.real();
+        const AcGeMatrix3d plane = planeOf(values.point().asVector());
+        addArc(center, plane * AcGeVector3d(radius, 0.0, 0.0), plane * AcGeVector3d(0.0, radius, 0.0), wholeTurn);
+    }
+
+    void arc(ChunkReader& values)
+    {
+        const AcGePoint3d center = values.point();
+        const double radius = values.real();
+        const AcGeVector3d normal = values.point().asVector().normal();
+        const AcGeVector3d toStart = values.point().asVector().normal() * radius;
+        addArc(center, toStart, normal.crossProduct(toStart), values.real());
+    }
+
+    void circleThroughPoints(ChunkReader& values) { throughPoints(values, true); }
+    void arcThroughPoints(ChunkReader& values) { throughPoints(values, false); }
+
+    void throughPoints(ChunkReader& values, bool whole)
+    {
+        const AcGePoint3d first = values.point(), second = values.point(), last = values.point();
+        const AcGeVector3d a = second - first, b = last - first, normal = a.crossProduct(b);
+        const double twice = 2.0 * normal.dotProduct(normal);
+        if (!(twice > 0.0))
+            return;
+        const AcGePoint3d center =
+            first + (normal.crossProduct(a) * b.dotProduct(b) + b.crossProduct(normal) * a.dotProduct(a)) / twice;
+        const AcGeVector3d toStart = first - center, across = normal.normal().crossProduct(toStart),
+                           toEnd = last - center;
+        const double turn = std::atan2(toEnd.dotProduct(across), toEnd.dotProduct(toStart));
+        addArc(center, toStart, across, whole ? wholeTurn : turn > 0.0 ? turn : turn + wholeTurn);
+    }
+
+    // ---- texts
+
+    struct TextPlace {
+        AcGePoint3d start;
+        AcGeVector3d normal, along;
+
+        explicit TextPlace(ChunkReader& values) :
+            start(values.point()),
+            normal(values.point().asVector()),
+            along(values.point().asVector())
+        {
+        }
+    };
+
+    void addText(const TextPlace& place, std::wstring text, ChunkReader& values)
+    {
+        const double height = values.real(), widthFactor = values.real(), oblique = values.real();
+        const AcGeVector3d along = place.along.normal(), up = place.normal.crossProduct(along).normal();
+        Label label;
+        label.text = std::move(text);
+        label.origin = matrix() * place.start;
+        label.along = matrix() * (along * (height * widthFactor));
+        label.up = matrix() * ((up + along * std::tan(oblique)) * height);
+        m_list.add(std::move(label));
+    }
+
+    void plainText(ChunkReader& values)
+    {
+        const TextPlace place(values);
+        // Its numbers stand before it.
+        ChunkReader numbers = values;
+        for (int i = 0; i < 3; ++i)
+            values.real();
+        addText(place, m_tags.decoded(values.text()), numbers);
+    }
+
+    void plainWideText(ChunkReader& values)
+    {
+        const TextPlace place(values);
+        ChunkReader numbers = values;
+        for (int i = 0; i < 3; ++i)
+            values.real();
+        addText(place, values.wideText(), numbers);
+    }
+
+    void styledText(ChunkReader& values)
+    {
+        const TextPlace place(values);
+        addStyled(place, m_tags.decoded(values.text()), values);
+    }
+
+    void styledWideText(ChunkReader& values)
+    {
+        const TextPlace place(values);
+        addStyled(place, values.wideText(), values);
+    }
+
+    /// A length, and whether control codes stay as they are; then the numbers.
+    void addStyled(const TextPlace& place, std::wstring text, ChunkReader& values)
+    {
+        values.integers(2);
+        addText(place, std::move(text), values);
+    }
+
+    // ---- looks of what follows
+
+    EntityLook& nextLook()
+    {
+        const EntityLook look = m_list.current().look;
+        if (m_list.current().first < m_list.current().last)
+            m_list.begin(m_entity).look = look;
+        return m_list.current().look;
+    }
+
+    void color(ChunkReader& values)
+    {
+        EntityLook& look = nextLook();
+        look.color = static_cast<std::int16_t>(std::clamp(values.integer(), 0, 256));
+        look.trueColor = -1;
+    }
+
+    void trueColor(ChunkReader& values)
+    {
+        constexpr std::uint32_t byLayer = 0xC0, byBlock = 0xC1, direct = 0xC2, index = 0xC3;
+        const auto value = static_cast<std::uint32_t>(values.integer());
+        EntityLook& look = nextLook();
+        look.trueColor = value >> 24 == direct ? static_cast<std::int32_t>(value & 0xFFFFFF) : -1;
+        if (value >> 24 == index)
+            look.color = static_cast<std::int16_t>(value & 0xFF);
+        else if (value >> 24 == byLayer || value >> 24 == byBlock)
+            look.color = value >> 24 == byLayer ? 256 : 0;
+    }
+
+    void lineWeight(ChunkReader& values)
+    {
+        nextLook().lineWeight = static_cast<std::int16_t>(std::clamp(values.integer(), -3, 211));
+    }
+
+    void fill(ChunkReader& values) { m_isFilled = values.integer() == 1; }
+
+    void pushMatrix(ChunkReader& values)
+    {
+        constexpr std::size_t deepest = 256;
+        AcGeMatrix3d pushed;
+        for (unsigned int row = 0; row < 4; ++row)
+            for (unsigned int column = 0; column < 4; ++column) {
+                const double entry = values.real();
+                if (row < 3)
+                    pushed(row, column) = entry;
+            }
+        if (m_matrices.size() < deepest)
+            m_matrices.push_back(matrix() * pushed);
+    }
+
+    void popMatrix(ChunkReader&)
+    {
+        if (!m_matrices.empty())
+            m_matrices.pop_back();
+    }
+
+    const AcDbEntity& m_entity;
+    const RecordTags& m_tags;
+    DisplayList& m_list;
+    std::vector<AcGeMatrix3d> m_matrices;
+    bool m_isFilled = false;
+};
+
+} // namespace
+
+std::string keptPicture(const RecordTags& tags)
+{
+    constexpr int shortSize = 92, longSize = 160, bytes = 310;
+    std::string picture;
+    bool announced = false;
+    for (const DxfTag& tag : tags) {
+        if (announced && tag.code == bytes)
+            tags.bytes(tag, picture);
+        else if (!picture.empty())
+            break;
+        else
+            announced = tag.code == shortSize || tag.code == longSize;
+    }
+    return picture;
+}
+
+void addKeptPicture(const AcDbEntity& entity, const RecordTags& tags, DisplayList& list)
+{
+    KeptPicture(entity, tags, list).add(keptPicture(tags));
+}
