@@ -6,7 +6,8 @@
 #include <optional>
 #include <vector>
 
-#include "acutmem.h"
+#include "services/donneesObjet.h"
+
 #include "dbdim.h"
 #include "dbentvrt.h"
 #include "dbhatch.h"
@@ -20,15 +21,6 @@ AcGePoint3d imageDe(const AcGePoint3d& place, const AcGeMatrix3d& matrice)
 {
     AcGePoint3d image = place;
     return image.transformBy(matrice);
-}
-
-bool porteDesDonnees(const AcDbEntity& entite)
-{
-    resbuf* const donnees = entite.xData();
-    const bool aucune = !donnees;
-    if (donnees)
-        acutRelRb(donnees);
-    return !aucune || !entite.extensionDictionary().isNull();
 }
 
 /// Where the entity stands, of those that may follow by their place. A circle that bears data of programs does too: an

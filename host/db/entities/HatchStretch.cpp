@@ -9,7 +9,7 @@ namespace {
 
 using Tags = std::vector<AcDbHatchTag>;
 
-constexpr Adesk::Int32 polylineType = 2;
+constexpr Adesk::Int32 bulgedOutline = 2;
 enum EdgeCode { lineEdge = 1, ellipseEdge = 3 };
 
 void add(Tags& tags, int code, double number)
@@ -92,7 +92,7 @@ bool addRounded(Tags& tags, const Tags& from, const HatchOutline& outline, const
     const auto ring = hatchPolyline(from, outline);
     if (std::ranges::all_of(ring, [](const VertexPath::Vertex& v) { return v.bulge == 0.0; }))
         return false;
-    tags.back().number -= polylineType; // the type of the outline too
+    tags.back().number -= bulgedOutline; // the type of the outline too
     addEdges(tags, ring);
     addOthers(tags, from, edge, {72, 73, 93, 10, 20, 42});
     return true;
