@@ -35,8 +35,10 @@ void lireReference(const std::string& texte, demandeImplantation& demande)
     }
     bool entierement = false;
     const double grades = reelDeTexte(wideFromUtf8(texte.substr(gisement.size())), &entierement);
-    if (!entierement || !estConnue(grades))
-        throw erreurProgramme("« " + texte + " » : le gisement est un nombre de grades, comme gisement=157.25.");
+    // More than a turn is a slip of the keyboard, and far beyond it no digit of the angle would be left.
+    if (!entierement || !(std::abs(grades) <= 400.0))
+        throw erreurProgramme("« " + texte +
+                              " » : le gisement est un nombre de grades, entre -400 et 400, comme gisement=157.25.");
     demande.v0 = grades * std::numbers::pi / 200.0;
 }
 

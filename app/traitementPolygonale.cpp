@@ -1,5 +1,6 @@
 #include "traitementPolygonale.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 
@@ -69,14 +70,17 @@ void ecrireRapport(const demandePolygonale& demande, const Resultat& resultat, s
     suites.rapport = demande.rapport;
 }
 
-/// Names that the point table is to cut, and stations that have no place.
-void avertirPlacement(const std::vector<stationCorrigee>& stations, suitesPolygonale& suites)
+/// The stations that happen to be finite come from the same spoilt computation: half a traverse in a drawing looks like
+/// a whole one to whoever opens it next.
+void refuserNonFinies(const demandePolygonale& demande, const std::vector<stationCorrigee>& stations)
 {
-    avertir(suites, avertissementsPlacement(stations));
-    const auto manquantes = stations.size() - static_cast<std::size_t>(suites.pointsPlaces);
-    if (manquantes > 0)
-        suites.avertissements.push_back(std::to_string(manquantes) +
-                                        " station(s) sans coordonnées finies : non placées.");
+    const auto nonFinies = std::ranges::count_if(stations, [&](const stationCorrigee& s) {
+        return !std::isfinite(s.x) || !std::isfinite(s.y) || (demande.altitudes && !std::isfinite(s.z));
+    });
+    if (nonFinies > 0)
+        throw erreurProgramme(demande.observations + " : " + std::to_string(nonFinies) + " station(s) sur " +
+                              std::to_string(stations.size()) +
+                              " sans coordonnées finies : vérifiez les distances et les angles. Rien n'est placé.");
 }
 
 template <class Resultat>
@@ -98,10 +102,8 @@ void placer(const demandePolygonale& demande, const std::vector<stationCorrigee>
     avertirDesProblemes(*document.database());
     projetsTopo& projet = projetDuDessin();
     suites.pointsPlaces = placerPolygonale(stations, {suites.code, demande.altitudes}, traces);
-    if (suites.pointsPlaces == 0)
-        throw erreurProgramme("aucune station n'a pu être placée : les coordonnées ne sont pas finies.");
     suites.table = platform::utf8FromWide(projet.currTable()->getNomTable().GetString());
-    avertirPlacement(stations, suites);
+    avertir(suites, avertissementsPlacement(stations)); // names that the point table cuts
 
     suites.dessin = dessinAEcrire(demande);
     suites.ancienDessin = session.enregistrer(document, suites.dessin);
@@ -160,6 +162,7 @@ traitementPolygonale<Resultat> traiter(const demandePolygonale& demande)
     refuserHorsTolerance(demande, t.resultat);
     if (demande.placer) {
         refuserHorsPratique(demande, t.resultat);
+        refuserNonFinies(demande, t.resultat.stations);
         placer(demande, t.resultat.stations, tracesDemandees(demande, t.resultat), t);
     }
     return t;

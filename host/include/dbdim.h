@@ -27,7 +27,8 @@ public:
     /// What its block shows; without one, what it measures.
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// What is more than a move gives it a block of its own, which shows the former one turned or scaled; a dimension
-    /// in no drawing keeps its block as it is. The text that the block shows stays what it says.
+    /// in no drawing keeps its block as it is. The text that the block shows stays what it says. What stretches leaves
+    /// the points alone to tell: without a block, it shows what they measure now.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
     /// Copies of what its block shows.
     Acad::ErrorStatus explode(AcDbVoidPtrArray& entities) const override;

@@ -46,7 +46,8 @@ public:
                                              double& offsetY, AcGeDoubleArray& dashes) const;
 
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
-    /// eInvalidInput when it would not keep its shape.
+    /// Through one that stretches, arcs of outlines become elliptic, and the pattern goes through the similarity that
+    /// is closest to it, so that its angle and scale still say what it is.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 
 protected:

@@ -75,3 +75,22 @@ arbreBoites::arbreBoites(std::span<const boite> boites)
         debut = fin;
     }
 }
+
+std::vector<std::size_t> ordreDeProximite(std::span<const point2> lieux)
+{
+    std::vector<boite> boites;
+    std::vector<std::size_t> ordre, derniers;
+    boite tout;
+    for (std::size_t i = 0; i < lieux.size(); ++i) {
+        const bool fini = std::isfinite(lieux[i].x) && std::isfinite(lieux[i].y);
+        boites.push_back(fini ? boite::de(lieux[i], lieux[i]) : boite());
+        if (fini)
+            tout.ajouter(boites.back());
+        else
+            derniers.push_back(i);
+    }
+    for (const range& r : surLaCourbe(boites, tout))
+        ordre.push_back(r.item);
+    ordre.insert(ordre.end(), derniers.begin(), derniers.end());
+    return ordre;
+}

@@ -50,7 +50,9 @@ public:
         };
         voisin meilleur;
         meilleur.carre = limite;
-        std::priority_queue<attente> file;
+        std::vector<attente> memoire;
+        memoire.reserve(8 * largeur); // enough as a rule, so that a search asks for memory once
+        std::priority_queue<attente> file({}, std::move(memoire));
         if (!m_boites.empty())
             file.push({etendue().carreDistance(p), m_boites.size() - 1});
         while (!file.empty() && file.top().carre <= meilleur.carre) {
@@ -116,3 +118,7 @@ private:
     std::vector<std::size_t> m_premiers; // first child of each node
     std::vector<std::size_t> m_finEtage; // end of each level in m_boites
 };
+
+/// The places in an order that keeps neighbours together: of many searches, each finds what the one before has left at
+/// hand. Places that are not finite come last.
+std::vector<std::size_t> ordreDeProximite(std::span<const point2> lieux);

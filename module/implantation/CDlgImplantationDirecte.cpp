@@ -338,11 +338,13 @@ int lispImplant2()
     const verrouDocument verrou;
     const CAcadUndoGroup groupe;
     travailImplantation travail;
-    reprendreTravail(*document->database(), travail);
+    const bool repris = reprendreTravail(*document->database(), travail);
     travail.dessinerStations();
     CDlgImplantationDirecte(travail).exec();
     travail.effacerTout();
-    if (!garderTravail(*document->database(), travail))
+    // A job that could not be read stays in the drawing until there is another one to keep.
+    const bool aGarder = repris || !travail.points.empty();
+    if (aGarder && !garderTravail(*document->database(), travail))
         avertirErreur(L"Le travail d'implantation n'a pas pu être gardé dans le dessin");
     return acedRetT();
 }

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "services/chaineResbuf.h"
+
 #include "dbdict.h"
 #include "dbxrecrd.h"
 
@@ -48,4 +50,9 @@ bool ecrireDonneesObjet(const AcDbObjectId& objet, const wchar_t* cle, const res
         return false;
     enregistrement.release()->close(); // the drawing's from now on
     return true;
+}
+
+bool porteDesDonnees(const AcDbObject& objet)
+{
+    return !objet.extensionDictionary().isNull() || chaineResbuf(objet.xData()).tete();
 }

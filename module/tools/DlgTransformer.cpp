@@ -65,7 +65,8 @@ std::wstring avertissement(const bilanTransformation& prevu)
     dire(prevu.refuses, L" objet(s) ne peuvent pas suivre cette transformation : ils resteront.");
     dire(prevu.verrouilles, L" objet(s) sur un calque verrouillé : ils resteront.");
     dire(prevu.ellipses, L" cercle(s) ou arc(s) deviendront des ellipses.");
-    dire(prevu.approches, L" objet(s) suivront au plus près (textes et blocs sans être déformés, arcs de polylignes).");
+    dire(prevu.approches, L" objet(s) suivront au plus près (textes, blocs et motifs de hachures sans être déformés, "
+                          L"arcs de polylignes, cotes redessinées sur leurs points).");
     return texte;
 }
 

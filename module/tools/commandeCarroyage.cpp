@@ -1,5 +1,7 @@
 #include "tools/commandeCarroyage.h"
 
+#include <memory>
+
 #include "geometrie/axeDeCourbe.h"
 #include "services/ajoutEntites.h"
 #include "services/CAcadUndoGroup.h"
@@ -16,10 +18,18 @@ namespace {
 
 constexpr double noeudsAuPlus = 4e6; // a step typed wrong would fill the memory
 
+/// An open outline is taken to end where it began: its last vertex goes, and the bulge before it bends the way back.
 axe contourDe(const AcDbObjectId& region)
 {
     const AcDbObjectPointer<AcDbPolyline> ligne(region);
-    return ligne.openStatus() == Acad::eOk ? axeDeCourbe(*ligne.object()) : axe();
+    if (ligne.openStatus() != Acad::eOk)
+        return {};
+    const std::unique_ptr<AcDbPolyline> contour(static_cast<AcDbPolyline*>(ligne->clone()));
+    if (!contour->isClosed() && contour->numVerts() > 0) {
+        contour->removeVertexAt(contour->numVerts() - 1);
+        contour->setClosed(Adesk::kTrue);
+    }
+    return axeDeCourbe(*contour);
 }
 
 void placer(const dessinCarroyage& dessin, double hauteur)

@@ -11,12 +11,12 @@
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
+#include "services/donneesObjet.h"
 #include "services/espaceObjet.h"
 #include "services/surSommets.h"
 #include "tools/allegement.h"
 #include "tools/placerSignatures.h"
 
-#include "acutmem.h"
 #include "dbents.h"
 #include "dbentvrt.h"
 #include "dbpl.h"
@@ -33,17 +33,6 @@ std::set<AcDbObjectId> symbolesDesPoints()
             symboles.insert(table.getData(i)->getId());
     }
     return symboles;
-}
-
-bool porteDesDonnees(const AcDbEntity& entite)
-{
-    if (!entite.extensionDictionary().isNull())
-        return true;
-    resbuf* const donnees = entite.xData();
-    const bool aucune = !donnees;
-    if (donnees)
-        acutRelRb(donnees);
-    return !aucune;
 }
 
 /// A lightweight polyline in its own plane, which its vertices share with those of the same plane.

@@ -6,6 +6,11 @@
 #include <optional>
 #include <vector>
 
+#include "services/donneesObjet.h"
+
+#include "dbdim.h"
+#include "dbentvrt.h"
+#include "dbhatch.h"
 #include "dbmtext.h"
 #include "dbpl.h"
 #include "dbsymtb.h"
@@ -18,7 +23,8 @@ AcGePoint3d imageDe(const AcGePoint3d& place, const AcGeMatrix3d& matrice)
     return image.transformBy(matrice);
 }
 
-/// Where the entity stands, of those that may follow by their place.
+/// Where the entity stands, of those that may follow by their place. A circle that bears data of programs does too: an
+/// ellipse in its stead would leave the data behind, and the tree or the post that it is an obstacle for.
 std::optional<AcGePoint3d> placeDe(const AcDbEntity& entite)
 {
     if (const auto* const texte = AcDbText::cast(&entite))
@@ -27,6 +33,8 @@ std::optional<AcGePoint3d> placeDe(const AcDbEntity& entite)
         return paragraphe->location();
     if (const auto* const bloc = AcDbBlockReference::cast(&entite))
         return bloc->position();
+    if (const auto* const rond = dynamic_cast<const AcDbCircularCurve*>(&entite); rond && porteDesDonnees(entite))
+        return rond->center();
     return std::nullopt;
 }
 
@@ -51,30 +59,98 @@ double bombementPar(const AcGePoint3d& a, const AcGePoint3d& milieu, const AcGeP
     return std::copysign(std::tan((std::numbers::pi - angle) / 2.0), -produit);
 }
 
+/// A line with arcs: its vertices, and its bulges as those of the arcs through where ends and middle go.
+struct ligneEnArcs {
+    std::vector<AcGePoint3d> sommets;
+    std::vector<double> bombements;
+
+    /// @param milieu gives the middle of the arc that leaves a vertex; false when none does
+    template <typename Milieu>
+    void suivre(const AcGeMatrix3d& matrice, Milieu&& milieu)
+    {
+        for (AcGePoint3d& sommet : sommets)
+            sommet = imageDe(sommet, matrice);
+        for (std::size_t i = 0; i < sommets.size(); ++i)
+            if (AcGePoint3d auMilieu; bombements[i] != 0.0 && milieu(static_cast<double>(i) + 0.5, auMilieu))
+                bombements[i] = bombementPar(sommets[i], imageDe(auMilieu, matrice), sommets[(i + 1) % sommets.size()]);
+    }
+};
+
+/// Of the curve as it still stands; the last vertex of an open line has no arc.
+auto milieuxDe(const AcDbCurve& courbe)
+{
+    return [&courbe](double parametre, AcGePoint3d& milieu) {
+        return courbe.getPointAtParam(parametre, milieu) == Acad::eOk;
+    };
+}
+
 void suivreParSesArcs(AcDbPolyline& ligne, const AcGeMatrix3d& matrice)
 {
     const unsigned int nombre = ligne.numVerts();
-    std::vector<AcGePoint3d> sommets(nombre);
-    std::vector<double> bombements(nombre);
+    ligneEnArcs arcs{std::vector<AcGePoint3d>(nombre), std::vector<double>(nombre)};
     for (unsigned int i = 0; i < nombre; ++i) {
-        AcGePoint3d la, milieu, fin;
-        ligne.getPointAt(i, la);
-        sommets[i] = imageDe(la, matrice);
-        ligne.getBulgeAt(i, bombements[i]);
-        if (bombements[i] == 0.0 || ligne.getPointAtParam(i + 0.5, milieu) != Acad::eOk)
-            continue; // the last vertex of an open line has no arc
-        ligne.getPointAt((i + 1) % nombre, fin);
-        bombements[i] = bombementPar(sommets[i], imageDe(milieu, matrice), imageDe(fin, matrice));
+        ligne.getPointAt(i, arcs.sommets[i]);
+        ligne.getBulgeAt(i, arcs.bombements[i]);
     }
+    arcs.suivre(matrice, milieuxDe(ligne));
     for (unsigned int i = 0; i < nombre; ++i) {
-        ligne.setPointAt(i, {sommets[i].x, sommets[i].y});
-        ligne.setBulgeAt(i, bombements[i]);
+        ligne.setPointAt(i, {arcs.sommets[i].x, arcs.sommets[i].y});
+        ligne.setBulgeAt(i, arcs.bombements[i]);
     }
 }
 
-bool estAPlat(const AcDbPolyline& ligne)
+/// Calls `prendre` with each vertex of an old-style line.
+template <typename Prendre>
+void surSommets(const AcDb2dPolyline& ligne, AcDb::OpenMode mode, Prendre&& prendre)
 {
-    return ligne.normal().x == 0.0 && ligne.normal().y == 0.0 && ligne.normal().z > 0.0;
+    const std::unique_ptr<AcDbObjectIterator> it(ligne.vertexIterator());
+    for (it->start(); !it->done(); it->step()) {
+        const AcDbObjectPointer<AcDb2dVertex> sommet(it->objectId(), mode);
+        if (sommet.openStatus() == Acad::eOk)
+            prendre(*sommet.object());
+    }
+}
+
+void suivreParSesArcs(const AcDb2dPolyline& ligne, const AcGeMatrix3d& matrice)
+{
+    ligneEnArcs arcs;
+    surSommets(ligne, AcDb::kForRead, [&](const AcDb2dVertex& sommet) {
+        arcs.sommets.push_back(ligne.vertexPosition(sommet));
+        arcs.bombements.push_back(sommet.bulge());
+    });
+    arcs.suivre(matrice, milieuxDe(ligne));
+    std::size_t i = 0;
+    surSommets(ligne, AcDb::kForWrite, [&](AcDb2dVertex& sommet) {
+        sommet.setPosition({arcs.sommets[i].x, arcs.sommets[i].y, sommet.position().z});
+        sommet.setBulge(arcs.bombements[i++]);
+    });
+}
+
+bool estVueDeDessus(const AcGeVector3d& normale)
+{
+    return normale.x == 0.0 && normale.y == 0.0 && normale.z > 0.0;
+}
+
+/// Lines with arcs that lie in the plane; old-style ones that are smoothed have vertices that no arc joins.
+bool aDesArcsAPlat(const AcDbEntity& entite)
+{
+    if (const auto* const ligne = AcDbPolyline::cast(&entite))
+        return ligne->hasBulges() && estVueDeDessus(ligne->normal());
+    const auto* const ancienne = AcDb2dPolyline::cast(&entite);
+    return ancienne && ancienne->polyType() == AcDb::k2dSimplePoly && estVueDeDessus(ancienne->normal());
+}
+
+/// Lines of patterns keep their angles among themselves, and a dimension is drawn anew from its points, its text in its
+/// own size: they follow, and not to the letter.
+bool suitAuPlusPres(const AcDbEntity& entite, const AcGeMatrix3d& m)
+{
+    constexpr double memeForme = 1e-9;
+    const double echelle = std::hypot(m(0, 0), m(1, 0)) + std::hypot(m(0, 1), m(1, 1));
+    const double sens = m(0, 0) * m(1, 1) - m(0, 1) * m(1, 0) < 0.0 ? -1.0 : 1.0;
+    if (std::hypot(m(0, 0) - sens * m(1, 1), m(1, 0) + sens * m(0, 1)) <= memeForme * echelle)
+        return false;
+    const auto* const hachures = AcDbHatch::cast(&entite);
+    return AcDbDimension::cast(&entite) || (hachures && !hachures->isSolidFill());
 }
 
 /// An entity that cannot follow as it is may have a twin of another kind that can, as the ellipse of a circle.
@@ -90,8 +166,12 @@ bool remplacer(AcDbEntity& entite, AcDbEntity* copie)
 
 bool peutApprocher(const AcDbEntity& entite)
 {
-    const auto* const ligne = AcDbPolyline::cast(&entite);
-    return placeDe(entite) || (ligne && ligne->hasBulges() && estAPlat(*ligne));
+    return placeDe(entite) || aDesArcsAPlat(entite);
+}
+
+suivi sansChangerDeGenre(const AcDbEntity& entite, const AcGeMatrix3d& matrice)
+{
+    return suitAuPlusPres(entite, matrice) ? suivi::approche : suivi::exact;
 }
 
 } // namespace
@@ -101,23 +181,26 @@ suivi suiviDe(const AcDbEntity& entite, const AcGeMatrix3d& matrice)
     AcDbEntity* copie = nullptr;
     const bool suit = entite.getTransformedCopy(matrice, copie) == Acad::eOk && copie;
     const std::unique_ptr<AcDbEntity> jumelle(copie);
-    if (!suit)
-        return peutApprocher(entite) ? suivi::approche : suivi::aucun;
-    return jumelle->isA() == entite.isA() ? suivi::exact : suivi::ellipse;
+    if (suit && jumelle->isA() == entite.isA())
+        return sansChangerDeGenre(entite, matrice);
+    return peutApprocher(entite) ? suivi::approche : suit ? suivi::ellipse : suivi::aucun;
 }
 
 suivi suivre(AcDbEntity& entite, const AcGeMatrix3d& matrice)
 {
+    const suivi fidele = sansChangerDeGenre(entite, matrice);
     if (entite.transformBy(matrice) == Acad::eOk)
-        return suivi::exact;
+        return fidele;
+    if (const auto place = placeDe(entite))
+        return entite.transformBy(similitudeProche(matrice, *place)) == Acad::eOk ? suivi::approche : suivi::aucun;
     AcDbEntity* copie = nullptr;
     if (entite.getTransformedCopy(matrice, copie) == Acad::eOk && copie)
         return remplacer(entite, copie) ? suivi::ellipse : suivi::aucun;
-    if (const auto place = placeDe(entite))
-        return entite.transformBy(similitudeProche(matrice, *place)) == Acad::eOk ? suivi::approche : suivi::aucun;
-    auto* const ligne = AcDbPolyline::cast(&entite);
-    if (!ligne || !peutApprocher(entite))
+    if (!aDesArcsAPlat(entite))
         return suivi::aucun;
-    suivreParSesArcs(*ligne, matrice);
+    if (auto* const ligne = AcDbPolyline::cast(&entite))
+        suivreParSesArcs(*ligne, matrice);
+    else
+        suivreParSesArcs(static_cast<const AcDb2dPolyline&>(entite), matrice);
     return suivi::approche;
 }

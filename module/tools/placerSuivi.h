@@ -8,9 +8,10 @@
 enum class suivi {
     exact,    ///< as it is
     ellipse,  ///< as an entity of another kind: a circle as an ellipse
-    approche, ///< as near as its kind can: a text, a block by the closest similarity at its place, an arc of a polyline
-              ///< as the arc through where its ends and its middle go
-    aucun     ///< it cannot
+    approche, ///< as near as its kind can: a text, a block by the closest similarity at its place (a circle too when it
+              ///< bears data of programs), an arc of a polyline as the arc through where its ends and its middle go,
+              ///< the pattern of a hatch without being distorted, a dimension by the points that it measures
+    aucun ///< it cannot
 };
 
 /// What would become of it.

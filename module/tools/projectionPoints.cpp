@@ -6,15 +6,17 @@
 std::vector<pointProjete> projeterPoints(const axe& ligne, const abscisses& numerotation,
                                          std::span<const pointNomme> points)
 {
-    std::vector<pointProjete> projetes;
-    projetes.reserve(points.size());
-    for (const pointNomme& point : points) {
-        pointProjete p;
-        p.point = point;
-        p.pied = ligne.projeter(point.place.plan());
+    std::vector<point2> lieux;
+    lieux.reserve(points.size());
+    for (const pointNomme& point : points)
+        lieux.push_back(point.place.plan());
+    std::vector<pointProjete> projetes(points.size());
+    for (const std::size_t i : ordreDeProximite(lieux)) {
+        pointProjete& p = projetes[i];
+        p.point = points[i];
+        p.pied = ligne.projeter(lieux[i]);
         p.abscisse = numerotation.abscisseA(p.pied.longueur);
-        p.denivelee = (grandeur(point.place.z) - grandeur(p.pied.pied.z)).valeur();
-        projetes.push_back(std::move(p));
+        p.denivelee = (grandeur(p.point.place.z) - grandeur(p.pied.pied.z)).valeur();
     }
     return projetes;
 }

@@ -22,6 +22,7 @@
 #include "dbpl.h"
 #include "dbspline.h"
 #include "dbsymtb.h"
+#include "tracesTerrain.h"
 
 namespace {
 
@@ -182,6 +183,10 @@ private:
             return;
         }
         const AcDbEntity& entite = *ouverte.object();
+        if (estTraceDeModele(entite)) {
+            ++recolte.traces;
+            return;
+        }
         if (const auto* const courbe = AcDbCurve::cast(&entite))
             prendreCourbe(*courbe, nature ? *nature : natureParCalque(entite));
         else if (const auto* const face = AcDbFace::cast(&entite))
@@ -365,6 +370,7 @@ std::wstring recolteTerrain::texte() const
                       L" limites et trous";
     ligneDeCompte(lu, sansAltitude, L"points sans altitude laiss\u00e9s de c\u00f4t\u00e9");
     ligneDeCompte(lu, aPlat, L"objets \u00e0 l'altitude 0 laiss\u00e9s de c\u00f4t\u00e9");
+    ligneDeCompte(lu, traces, L"objets dessin\u00e9s d'apr\u00e8s un mod\u00e8le laiss\u00e9s de c\u00f4t\u00e9");
     ligneDeCompte(lu, redites, L"textes qui redisent l'altitude d'un point");
     ligneDeCompte(lu, textesLus,
                   L"textes laiss\u00e9s de c\u00f4t\u00e9 : ils ne sont pas un nombre avec d\u00e9cimales");

@@ -147,6 +147,11 @@ std::unique_ptr<AcDbPolyline> polyligne(const std::vector<lieuSol>& points, bool
 
 } // namespace
 
+bool estTraceDeModele(const AcDbEntity& entite)
+{
+    return chaineResbuf(entite.xData(application)).tete() != nullptr;
+}
+
 // ---- triangles
 
 int dessinerTriangles(AcDbObjectId modele, const std::wstring& nom, const maillageTerrain& sol)

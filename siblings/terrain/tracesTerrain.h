@@ -8,10 +8,13 @@
 
 #include "dbid.h"
 
-class AcDbDatabase;
+class AcDbEntity;
 
 /// What is drawn of a terrain model in the working drawing. Each entity bears the model's handle as extended data, so
 /// that it is found again, whatever was done to its layer.
+
+/// Whether an entity was drawn of a model, whichever.
+bool estTraceDeModele(const AcDbEntity& entite);
 
 /// Triangles of the model as 3D faces on the layer "MNT_" and the model's name. @return how many.
 int dessinerTriangles(AcDbObjectId modele, const std::wstring& nom, const maillageTerrain& sol);

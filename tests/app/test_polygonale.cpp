@@ -171,6 +171,7 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
     ecrire("lettre.obs",
            "Madame, Monsieur,\nveuillez trouver ci-joint\nun plan avec dix mots dont pas un seul nombre\n");
     ecrire("court.obs", "Nom=\"A\" X=1 Y=2 Z=3 Gis=4\n\"A\" 100 10 0\n");
+    ecrire("nulle.obs", "Nom=\"A\" X=1 Y=2 Z=3 Gis=4\n\"B\" 200 0 0\n\"A\" 200 0 0\n"); // A itself is known
     copierExemple("chantier.dxf");
     ecrire("lettre.dxf", lire("lettre.obs"));
     const std::string placer = std::string("polygonale fermee ") + fichier + " --placer ";
@@ -183,6 +184,8 @@ TEST_F(polygonaleFermee, RefusesWhatItCannotDo)
         cas{"no such traverse file", "polygonale fermee absent.obs", "absent.obs : lecture impossible du fichier."},
         cas{"some other text", "polygonale fermee lettre.obs", "ce n'est pas un fichier de polygonale"},
         cas{"one observation", "polygonale fermee court.obs", "court.obs : données insuffisantes"},
+        cas{"stations that are not finite", "polygonale fermee nulle.obs --placer --quand-meme --enregistrer s.dxf",
+            "1 station(s) sur 2 sans coordonnées finies"},
         cas{"no such drawing", placer + "--dessin absent.dxf", "absent.dxf : fichier introuvable"},
         cas{"no drawing", placer + "--dessin lettre.dxf --enregistrer s.dxf", "lettre.dxf"},
         cas{"no drawing at all", placer, "--enregistrer"},

@@ -97,7 +97,11 @@ Acad::ErrorStatus AcDbDimension::transformBy(const AcGeMatrix3d& matrix)
         return Acad::eInvalidInput;
     AcGeMatrix3d turned = matrix;
     turned.setTranslation(AcGeVector3d(0.0, 0.0, 0.0));
-    if (database() && m_block && turned != AcGeMatrix3d::kIdentity) {
+    if (!moved.keepsShapes()) { // texts would be distorted, and say former lengths
+        m_block = nullptr;
+        m_insertion = AcGePoint3d::kOrigin;
+        m_measurement = 0.0;
+    } else if (database() && m_block && turned != AcGeMatrix3d::kIdentity) {
         const AcGeMatrix3d shown = matrix * AcGeMatrix3d::translation(dimBlockPosition().asVector());
         AcDbStub* const block = blockShownThrough(*database(), m_block, shown);
         if (!block)

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "db/entities/HatchEdges.h"
+#include "db/entities/HatchStretch.h"
 #include "db/entities/OcsTransform.h"
 #include "ge/Angles.h"
 
@@ -62,8 +62,8 @@ void moveEdge(Tags& tags, const HatchEdge& edge, const OcsTransform& moved)
     }
 }
 
-/// Angle, base point, offset and dashes of the lines of a pattern, then the seed points.
-void movePattern(Tags& tags, std::size_t first, const OcsTransform& moved)
+/// Angle, base point, offset and dashes of the lines of a pattern, then the seed points, which go with the outlines.
+void movePattern(Tags& tags, std::size_t first, const OcsTransform& moved, const OcsTransform& outlines)
 {
     const double scale = moved.scaleAlong(0.0);
     std::size_t seeds = tags.size();
@@ -84,7 +84,7 @@ void movePattern(Tags& tags, std::size_t first, const OcsTransform& moved)
             break;
         case 10:
             if (i > seeds)
-                movePair(tags, i, moved, false);
+                movePair(tags, i, outlines, false);
             break;
         case 43: // 43 and 44 are a point, 45 and 46 a direction
         case 45: {
@@ -100,6 +100,15 @@ void movePattern(Tags& tags, std::size_t first, const OcsTransform& moved)
             break;
         }
     }
+}
+
+/// Where a pattern that cannot follow everywhere keeps to its outline.
+AcGePoint3d firstCorner(const Tags& tags, const std::vector<HatchOutline>& outlines)
+{
+    for (const HatchOutline& outline : outlines)
+        if (const auto vertices = hatchPolyline(tags, outline); !vertices.empty())
+            return vertices.front().point;
+    return AcGePoint3d::kOrigin;
 }
 
 } // namespace
@@ -215,12 +224,20 @@ Acad::ErrorStatus AcDbHatch::transformBy(const AcGeMatrix3d& matrix)
 {
     assertWriteEnabled();
     const OcsTransform moved(normal(), matrix);
-    if (!moved.isValid() || !moved.keepsShapes())
+    if (!moved.isValid())
         return Acad::eInvalidInput;
-    for (const HatchOutline& outline : hatchOutlines(m_tags))
+    const bool stretches = !moved.keepsShapes();
+    if (stretches)
+        roundEdgesToEllipses(m_tags);
+    const std::vector<HatchOutline> outlines = hatchOutlines(m_tags);
+    const AcGePoint3d corner = firstCorner(m_tags, outlines);
+    for (const HatchOutline& outline : outlines)
         for (const HatchEdge& edge : outline.edges)
-            moveEdge(m_tags, edge, moved);
-    movePattern(m_tags, find(m_tags, 75), moved);
+            if (stretches && edge.kind == HatchEdgeKind::ellipse)
+                stretchEllipse(m_tags, edge, moved);
+            else
+                moveEdge(m_tags, edge, moved);
+    movePattern(m_tags, find(m_tags, 75), stretches ? moved.nearestSimilarity(corner) : moved, moved);
     if (const std::size_t at = find(m_tags, 30); at < m_tags.size())
         m_tags[at].number = moved.point(AcGePoint3d(0.0, 0.0, m_tags[at].number)).z;
     const AcGeVector3d up = moved.normal();

@@ -45,35 +45,18 @@ void sweep(const Tags& tags, const HatchEdge& edge, double& from, double& turn)
     turn = clockwise ? -turned : turned;
 }
 
-void addArc(const Tags& tags, const HatchEdge& edge, Vertices& outline)
+/// Two halves: a bulge cannot turn all the way round.
+void addArc(const HatchArc& arc, Vertices& outline)
 {
-    const Vertices center = points(tags, edge, 10);
-    if (center.empty())
-        return;
-    const double radius = hatchNumber(tags, edge.first, edge.last, 40);
-    double from = 0.0, turn = 0.0;
-    sweep(tags, edge, from, turn);
-    for (const double share : {0.0, 0.5}) { // two halves: a bulge cannot turn all the way round
-        const double angle = from + share * turn;
-        outline.push_back(
-            {center[0].point + AcGeVector3d(std::cos(angle), std::sin(angle), 0.0) * radius, std::tan(turn / 8.0)});
-    }
+    for (const double share : {0.0, 0.5})
+        outline.push_back({arc.at(arc.from + share * arc.turn), std::tan(arc.turn / 8.0)});
 }
 
-void addEllipse(const Tags& tags, const HatchEdge& edge, Vertices& outline)
+void addEllipse(const HatchArc& arc, Vertices& outline)
 {
-    const Vertices center = points(tags, edge, 10), axis = points(tags, edge, 11);
-    if (center.empty() || axis.empty())
-        return;
-    const double ratio = hatchNumber(tags, edge.first, edge.last, 40, 1.0);
-    double from = 0.0, turn = 0.0;
-    sweep(tags, edge, from, turn);
-    const AcGeVector3d major = axis[0].point.asVector(), minor = AcGeVector3d(-major.y, major.x, 0.0) * ratio;
-    const int count = std::max(2, static_cast<int>(chordsOfTurn * std::fabs(turn) / wholeTurn));
-    for (int i = 0; i < count; ++i) {
-        const double t = from + turn * i / count;
-        outline.push_back({center[0].point + major * std::cos(t) + minor * std::sin(t), 0.0});
-    }
+    const int count = std::max(2, static_cast<int>(chordsOfTurn * std::fabs(arc.turn) / wholeTurn));
+    for (int i = 0; i < count; ++i)
+        outline.push_back({arc.at(arc.from + arc.turn * i / count), 0.0});
 }
 
 void addSpline(const Tags& tags, const HatchEdge& edge, Vertices& outline)
@@ -105,6 +88,21 @@ void addSpline(const Tags& tags, const HatchEdge& edge, Vertices& outline)
 }
 
 } // namespace
+
+std::optional<HatchArc> hatchArc(const Tags& tags, const HatchEdge& edge)
+{
+    const Vertices center = points(tags, edge, 10), axis = points(tags, edge, 11);
+    const bool elliptic = edge.kind == HatchEdgeKind::ellipse;
+    if (center.empty() || (elliptic && axis.empty()))
+        return std::nullopt;
+    const double number = hatchNumber(tags, edge.first, edge.last, 40, elliptic ? 1.0 : 0.0);
+    HatchArc arc;
+    arc.center = center[0].point;
+    arc.major = elliptic ? axis[0].point.asVector() : AcGeVector3d(number, 0.0, 0.0);
+    arc.minor = AcGeVector3d(-arc.major.y, arc.major.x, 0.0) * (elliptic ? number : 1.0);
+    sweep(tags, edge, arc.from, arc.turn);
+    return arc;
+}
 
 double hatchNumber(const Tags& tags, std::size_t first, std::size_t last, int code, double otherwise)
 {
@@ -148,10 +146,12 @@ Vertices hatchPolyline(const Tags& tags, const HatchOutline& outline)
             break;
         }
         case HatchEdgeKind::arc:
-            addArc(tags, edge, vertices);
+            if (const auto arc = hatchArc(tags, edge))
+                addArc(*arc, vertices);
             break;
         case HatchEdgeKind::ellipse:
-            addEllipse(tags, edge, vertices);
+            if (const auto arc = hatchArc(tags, edge))
+                addEllipse(*arc, vertices);
             break;
         case HatchEdgeKind::spline:
             addSpline(tags, edge, vertices);

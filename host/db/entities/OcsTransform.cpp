@@ -51,6 +51,17 @@ double OcsTransform::angle(double old) const
     return AcGeVector2d(turned.x, turned.y).angle();
 }
 
+OcsTransform OcsTransform::nearestSimilarity(const AcGePoint3d& place) const
+{
+    const AcGeVector3d x = vector(AcGeVector3d::kXAxis), y = vector(AcGeVector3d::kYAxis);
+    const double sense = m_mirrors ? -1.0 : 1.0;
+    const double a = (x.x + sense * y.y) / 2.0, b = (x.y - sense * y.x) / 2.0;
+    const AcGeVector3d along(a, b, 0.0), across(-sense * b, sense * a, 0.0);
+    AcGeMatrix3d matrix;
+    matrix.setCoordSystem(point(place) - along * place.x - across * place.y, along, across, AcGeVector3d::kZAxis);
+    return OcsTransform(AcGeVector3d::kZAxis, matrix);
+}
+
 AcGePoint3d ocsToWorld(const AcGePoint3d& point, const AcGeVector3d& normal)
 {
     return isWorldNormal(normal) ? point : AcGeMatrix3d::planeToWorld(normal) * point;

@@ -29,6 +29,9 @@ public:
     double normalScale() const { return m_normalScale; }
     /// New angle of a direction.
     double angle(double old) const;
+    /// From the old plane to the new one without changing shapes: the closest to this one that agrees with it at a
+    /// place; it mirrors where this one does.
+    OcsTransform nearestSimilarity(const AcGePoint3d& place) const;
 
 private:
     AcGeVector3d direction(double angle) const;

@@ -1,4 +1,5 @@
 #include <charconv>
+#include <utility>
 
 #include "calculs/formules/fichierFormules.h"
 #include "calculs/reseau/fichierReseau.h"
@@ -25,18 +26,17 @@ std::string nomDe(const reseau& r, int point)
 
 const char* motTenue(tenue t)
 {
-    return t == tenue::fixe ? "fixe" : t == tenue::appui ? "appui" : "libre";
+    return t == tenue::fixe ? "fixe" : t == tenue::appui ? "appui" : t == tenue::libre ? "libre" : "ignore";
 }
 
 void ecrirePoint(const pointReseau& p, std::string& texte)
 {
     texte += "Point: " + motCite(versAnsi(p.nom));
-    if (p.enPlan())
-        texte += " X= " + nombreCourt(p.x) + " Y= " + nombreCourt(p.y);
-    if (estConnue(p.z))
-        texte += " Z= " + nombreCourt(p.z);
+    for (const auto& [mot, valeur] : {std::pair(" X= ", p.x), std::pair(" Y= ", p.y), std::pair(" Z= ", p.z)})
+        if (estConnue(valeur))
+            texte += mot + nombreCourt(valeur);
     if (p.plan == p.altitude)
-        texte += p.plan == tenue::libre || p.plan == tenue::ignoree ? "" : std::string(" ") + motTenue(p.plan);
+        texte += p.plan == tenue::libre ? "" : std::string(" ") + motTenue(p.plan);
     else
         texte += std::string(" ") + motTenue(p.plan) + " xy " + motTenue(p.altitude) + " z";
     texte += '\n';
@@ -101,7 +101,7 @@ std::string contenuMc(const reseau& r)
     texte += versAnsi(L"* Écarts-types sans « e= » : angles en dmgr, longueurs en mm (et mm par km)") + "\n";
     ecrirePrecisions(r.precisions, texte);
     texte += contenuFormules(r.formules);
-    texte += "* Points: nom X= Y= Z= fixe | appui | libre\n";
+    texte += "* Points: nom X= Y= Z= fixe | appui | libre | ignore\n";
     for (const pointReseau& p : r.points)
         ecrirePoint(p, texte);
     texte += "* Observations: Station, puis Direction, Angle, Gisement, Distance, Inclinee, Zenithal, Denivelee\n";

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <vector>
 
 #include "calculs/lignesCollees.h"
@@ -36,7 +37,7 @@ bool lire(std::wstring_view texte, double& valeur)
 {
     bool entier = false;
     const double lu = reelDeTexte(texte, &entier);
-    if (!entier || sansBlancs(texte, L" \t").empty())
+    if (!entier || !std::isfinite(lu) || sansBlancs(texte, L" \t").empty())
         return false;
     valeur = lu;
     return true;
@@ -262,9 +263,12 @@ std::wstring changerObservation(reseau& r, int observation, colonneObservation c
 std::wstring textePoint(const reseau& r, int point, colonnePoint colonne)
 {
     const pointReseau& p = r.points[static_cast<std::size_t>(point)];
-    double a = inconnu, b = inconnu;
-    if (p.enPlan())
-        r.axes.versFichier(p.x, p.y, a, b);
+    double a = inconnu, b = inconnu; // one may be known before the other
+    r.axes.versFichier(estConnue(p.x) ? p.x : 0.0, estConnue(p.y) ? p.y : 0.0, a, b);
+    if (!estConnue(p.x))
+        (r.axes.premiereEstX() ? a : b) = inconnu;
+    if (!estConnue(p.y))
+        (r.axes.premiereEstX() ? b : a) = inconnu;
     const auto nombre = [](double v) { return estConnue(v) ? court(v) : std::wstring(); };
     switch (colonne) {
     case colonnePoint::nom:
@@ -305,14 +309,12 @@ std::wstring changerPoint(reseau& r, int point, colonnePoint colonne, std::wstri
         p.z = v;
         return {};
     }
-    double a = 0.0, b = 0.0;
-    if (estConnue(p.x) || estConnue(p.y))
-        r.axes.versFichier(estConnue(p.x) ? p.x : 0.0, estConnue(p.y) ? p.y : 0.0, a, b);
-    (colonne == colonnePoint::x ? a : b) = v;
-    if (estConnue(a) && estConnue(b))
-        r.axes.versTerrain(a, b, p.x, p.y);
-    else
-        p.x = p.y = inconnu;
+    // Axes of a file lie along those of the ground, either way round: each coordinate is one of the point's.
+    const bool premiere = colonne == colonnePoint::x, estX = premiere == r.axes.premiereEstX();
+    double x = inconnu, y = inconnu;
+    if (estConnue(v))
+        r.axes.versTerrain(premiere ? v : 0.0, premiere ? 0.0 : v, x, y);
+    (estX ? p.x : p.y) = estX ? x : y;
     return {};
 }
 

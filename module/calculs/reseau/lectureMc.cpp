@@ -26,6 +26,13 @@ std::wstring motCle(std::wstring_view mot)
     return cle;
 }
 
+struct motDeTenue {
+    std::wstring_view mot;
+    tenue t;
+};
+constexpr motDeTenue motsTenues[] = {
+    {L"fixe", tenue::fixe}, {L"appui", tenue::appui}, {L"libre", tenue::libre}, {L"ignore", tenue::ignoree}};
+
 class lecteurMc {
 public:
     explicit lecteurMc(reseauLu& lu) : m_lu(lu) { m_lu.r.precisions = precisionsUsuelles(); }
@@ -155,7 +162,7 @@ private:
         }
     }
 
-    /// Point  nom  X= Y= Z=  fixe | appui | libre [xy | z]  ex= ey= ez=
+    /// Point  nom  X= Y= Z=  fixe | appui | libre | ignore [xy | z]  ex= ey= ez=
     void point()
     {
         const std::wstring nom = prendreMot();
@@ -178,8 +185,8 @@ private:
                 double tous = 0.0;
                 lirePositif(brut, tous);
                 ecarts = {tous, tous, z == inconnu ? 0.0 : tous};
-            } else if (cle == L"fixe" || cle == L"appui" || cle == L"libre")
-                tenir(p, cle == L"fixe" ? tenue::fixe : cle == L"appui" ? tenue::appui : tenue::libre);
+            } else if (const auto t = std::ranges::find(motsTenues, cle, &motDeTenue::mot); t != std::end(motsTenues))
+                tenir(p, t->t);
             else
                 remarquer(L"« " + brut + L" » n'est pas compris dans la ligne du point « " + nom + L" ».");
         }

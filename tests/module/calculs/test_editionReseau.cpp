@@ -39,6 +39,7 @@ TEST(EditionReseau, RefusalsLeaveTheNetworkAsItWas)
     EXPECT_EQ(r.observations.size(), 1u);
     EXPECT_EQ(texteObservation(r, 0, colonneObservation::vise), L"B");
     EXPECT_EQ(r.chercher(L"E"), -1);
+    EXPECT_FALSE(changerObservation(r, 0, colonneObservation::mesure, L"1e999").empty());
 }
 
 TEST(EditionReseau, WhatIsShownIsWhatIsTyped) // whatever the axes of the file
@@ -54,4 +55,14 @@ TEST(EditionReseau, WhatIsShownIsWhatIsTyped) // whatever the axes of the file
         EXPECT_EQ(changerObservation(r, k, colonneObservation::mesure, vue), L"");
         EXPECT_EQ(texteObservation(r, k, colonneObservation::mesure), vue);
     }
+    // Coordinates come one after the other: the second is not 0 meanwhile, nor is the point placed.
+    EXPECT_EQ(changerPoint(r, 0, colonnePoint::x, L"12.5"), L"");
+    EXPECT_EQ(textePoint(r, 0, colonnePoint::x), L"12.5");
+    EXPECT_EQ(textePoint(r, 0, colonnePoint::y), L"");
+    EXPECT_FALSE(r.points[0].enPlan());
+    EXPECT_EQ(changerPoint(r, 0, colonnePoint::y, L"7"), L"");
+    EXPECT_DOUBLE_EQ(r.points[0].x, -7.0) << "the second axis runs west";
+    EXPECT_DOUBLE_EQ(r.points[0].y, 12.5);
+    EXPECT_EQ(changerPoint(r, 0, colonnePoint::x, L""), L"");
+    EXPECT_EQ(textePoint(r, 0, colonnePoint::y), L"7");
 }

@@ -22,6 +22,7 @@ constexpr char complet[] = "* tout ce qui s'écrit\n"
                            "Point: A X= 1 Y= 2 Z= 3 fixe\n"
                            "Point: \"B 1\" X= 10 Y= 20 Z= 4 appui xy fixe z\n"
                            "Point: C X= 5 Y= 6 ecart= 7\n"
+                           "Point: D X= 3 ignor\xE9 z\n"
                            "Station: A hi= 1.55\n"
                            "direction: \"B 1\" 0 e= 12\n"
                            "Direction: C 45.5 hors\n"
@@ -41,13 +42,15 @@ TEST(FichierMc, ReadsAll)
     for (const remarqueLecture& remarque : lu.remarques)
         ADD_FAILURE() << remarque.numero;
     const reseau& r = lu.r;
-    ASSERT_EQ(r.points.size(), 3u);
+    ASSERT_EQ(r.points.size(), 4u);
     ASSERT_EQ(r.observations.size(), 11u); // two of them coordinates of C
     EXPECT_EQ(r.titre, L"Essai é");
     EXPECT_EQ(r.sigma, 2.0);
     EXPECT_NEAR(r.confiance, 0.99, 1e-12);
     EXPECT_EQ(r.points[1].plan, tenue::appui);
     EXPECT_EQ(r.points[1].altitude, tenue::fixe);
+    EXPECT_EQ(r.points[3].y, inconnu) << "X alone is no place";
+    EXPECT_EQ(r.points[3].altitude, tenue::ignoree);
     EXPECT_EQ(r.series, 2);
     EXPECT_NEAR(r.observations[3].mesure, 45.5 * pi / 180.0, 1e-14);
     EXPECT_FALSE(r.observations[3].active);

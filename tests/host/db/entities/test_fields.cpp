@@ -228,6 +228,56 @@ TEST(EntityFields, hatchTurnedAndMirroredKeepsItsOutline)
     expectBox(*hatch.object(), {0, 0, 0}, {5, 5, 0});
 }
 
+TEST(EntityFields, hatchStretchedHasEllipticArcs)
+{
+    for (const double sense : {1.0, -1.0}) {
+        // A disc by bulges; a half disc by an arc and a line; an ellipse, the clockwise way.
+        DrawingWithEntities drawing(
+            "0 HATCH\n100 AcDbHatch\n10 0\n20 0\n30 4\n210 0\n220 0\n230 1\n2 ANSI31\n70 0\n71 0\n91 3\n"
+            "92 3\n72 1\n73 1\n93 2\n10 -5\n20 0\n42 1\n10 5\n20 0\n42 1\n97 0\n"
+            "92 1\n93 2\n72 2\n10 0\n20 0\n40 5\n50 0\n51 180\n73 1\n72 1\n10 -5\n20 0\n11 5\n21 0\n97 0\n"
+            "92 1\n93 1\n72 3\n10 0\n20 0\n11 0\n21 5\n40 1\n50 0\n51 360\n73 0\n97 0\n"
+            "75 1\n76 1\n52 0\n41 1\n77 0\n78 1\n53 45\n43 -5\n44 0\n45 -0.5\n46 0.5\n79 0\n98 1\n10 5\n20 0\n");
+        const auto hatch = drawing.open<AcDbHatch>(0);
+        ASSERT_TRUE(hatch.object());
+        AcGeMatrix3d matrix;
+        matrix.setCoordSystem({100.0, 10.0, 0.0}, {2.0, 0.0, 0.0}, {0.5 * sense, sense, 0.0}, AcGeVector3d::kZAxis);
+        ASSERT_EQ(hatch->transformBy(matrix), Acad::eOk);
+        EXPECT_EQ(hatch->elevation(), 4.0);
+        ASSERT_EQ(hatch->numLoops(), 3);
+        const AcGeMatrix3d back = matrix.inverse();
+        for (int loop = 0; loop < 3; ++loop) {
+            Adesk::Int32 type = 0;
+            AcGePoint2dArray vertices;
+            AcGeDoubleArray bulges;
+            ASSERT_EQ(hatch->getLoopAt(loop, type, vertices, bulges), Acad::eOk);
+            EXPECT_EQ(type, 1);
+            double area = 0.0;
+            for (int i = 0; i < vertices.length(); ++i) {
+                const AcGePoint2d &p = vertices[i], &q = vertices[(i + 1) % vertices.length()];
+                area += (p.x * q.y - p.y * q.x) / 2.0;
+                const AcGePoint3d was = back * AcGePoint3d(p.x, p.y, 0.0);
+                EXPECT_NEAR(std::hypot(was.x, was.y), 5.0, 1e-9) << loop << ' ' << i;
+            }
+            // 72 chords a turn: a little less than the whole, in the sense that it had.
+            const double whole = pi * 25.0 * 2.0 * (loop == 1 ? 0.5 : 1.0) * (loop == 2 ? -1.0 : 1.0) * sense;
+            EXPECT_NEAR(area, whole, 0.01 * std::fabs(whole)) << loop;
+        }
+        // The closest similarity, which agrees with it at the first corner, where the pattern began.
+        double angle = 0.0, x = 0.0, y = 0.0, dx = 0.0, dy = 0.0;
+        AcGeDoubleArray dashes;
+        ASSERT_EQ(hatch->getPatternDefinitionAt(0, angle, x, y, dx, dy, dashes), Acad::eOk);
+        const AcGePoint3d corner = matrix * AcGePoint3d(-5.0, 0.0, 0.0);
+        EXPECT_NEAR(x, corner.x, 1e-9);
+        EXPECT_NEAR(y, corner.y, 1e-9);
+        EXPECT_NEAR(std::hypot(dx, dy), std::sqrt(0.5) * std::hypot(1.5, 0.25), 1e-9);
+        const double turned = std::atan2(-0.25, 1.5);
+        EXPECT_NEAR(std::sin(angle - turned - sense * pi / 4.0), 0.0, 1e-9);
+        const std::string written = drawing.written(0);
+        EXPECT_NE(written.find("98 1\n10 110.0\n20 10.0\n"), std::string::npos) << written;
+    }
+}
+
 TEST(EntityFields, verticesAreToldApartByTheirMarkers)
 {
     DrawingWithEntities drawing("0 POLYLINE\n100 AcDb3dPolyline\n66 1\n10 0\n20 0\n30 0\n70 9\n"
