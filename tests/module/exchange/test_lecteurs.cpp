@@ -183,13 +183,42 @@ TEST(lecteurs, refuseFoldersAndMissingFiles)
     EXPECT_TRUE(lirePoints(folder.write("vide.csv")).lisible);
 }
 
+TEST(lecteurs, tellOfAFileThatAnotherProgramChangesMeanwhile)
+{
+    namespace fs = std::filesystem;
+    TestFolder folder;
+    std::string texte;
+    constexpr int lignes = 20000;
+    for (int i = 0; i < lignes; ++i)
+        texte += "P 1.5 2.5 3.5\n";
+    const auto lireApres = [&](const char* nom, const auto& changer) {
+        const fs::path fichier = folder.write(nom, texte);
+        sourceFichier source(fichier);
+        source.debut();
+        changer(fichier);
+        return lirePoints(source, fichier);
+    };
+    for (const char* const nom : {"leve.xyz", "leve.asc"})
+        for (const std::size_t taille : {texte.size() / 2 + 5, texte.size() + 100}) {
+            const pointsLus lus = lireApres(nom, [taille](const fs::path& f) { fs::resize_file(f, taille); });
+            EXPECT_FALSE(lus.lisible);
+            EXPECT_GT(lus.points.size(), 9000u);
+            EXPECT_NE(phrasesProblemes(L"leve", lus).back().find(L"leve : un autre programme a changé le fichier"),
+                      std::wstring::npos);
+        }
+    // What was opened stays there to be read.
+    const pointsLus lus = lireApres("parti.xyz", [](const fs::path& f) { fs::remove(f); });
+    EXPECT_TRUE(lus.lisible);
+    EXPECT_EQ(lus.points.size(), static_cast<std::size_t>(lignes));
+}
+
 namespace {
 
 /// A line of 256 MB that no reader may hold.
 class ligneSansFin final : public sourceOctets {
 public:
     explicit ligneSansFin(std::string_view debut) : m_debut(debut) {}
-    bool enEchec() const override { return false; }
+    etatSource etat() const override { return etatSource::saine; }
     std::size_t plusGrand = 0; ///< the most that was asked for at once
 
 private:
