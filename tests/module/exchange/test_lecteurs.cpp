@@ -141,6 +141,11 @@ TEST(lecteurs, readFilesOfOtherPrograms)
                      10),
          {},
          {0}},
+        {"a line cut into pieces is told once",
+         "a.xyz",
+         "P1 1 2\n" + std::string(5000, 'x') + "\nP3 1 2\nx\n",
+         {{L"P1", 1, 2, inconnu}, {L"P3", 1, 2, inconnu}},
+         {2, 4}},
         {"txt goes by the rules of point files", "a.TXT", "P1;1;2\nP2 1 2\n", {{L"P2", 1, 2, inconnu}}, {1}},
     };
     for (const Row& r : rows) {
