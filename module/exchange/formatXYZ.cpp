@@ -82,7 +82,7 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
                                      : lus.ecarter(numero, depuisAnsi(ligne),
                                                    xEstNombre ? L"Y absent ou illisible." : L"X absent ou illisible.");
     pointXYZ& point = lus.points.emplace_back();
-    point.nom = depuisAnsi(nom);
+    point.nom = nom;
     point.x = xLu;
     point.y = yLu;
     if (const std::string_view z = jetonSuivant(reste); !z.empty())
@@ -127,7 +127,7 @@ std::string contenuXYZ(std::span<const pointXYZ> points)
     std::string contenu;
     for (const pointXYZ& p : points) {
         contenu += '\n';
-        ajouterTexteADroite(contenu, versAnsi(p.nom), 10);
+        ajouterTexteADroite(contenu, p.nom, 10);
         for (const double valeur : {p.x, p.y, p.z}) {
             contenu += '\t';
             ajouterNombreADroite(contenu, valeur, 6, 14);

@@ -91,7 +91,7 @@ TEST(exportPoints, writesLandXmlThatReadsBackTheSame)
     const pointsLus lus = lirePoints(fichier);
     EXPECT_TRUE(lus.problemes.empty());
     ASSERT_EQ(lus.points.size(), 2u);
-    EXPECT_EQ(lus.points[0].nom, L"P\"1\xE9");
+    EXPECT_EQ(lus.points[0].nom, "P\"1\xE9");
     EXPECT_EQ(lus.points[0].observation, L"a&b <c>");
     EXPECT_EQ(lus.points[0].y, 1e-7);
     EXPECT_EQ(lus.points[0].z, inconnu);

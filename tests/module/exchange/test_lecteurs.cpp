@@ -4,6 +4,7 @@
 
 #include "exchange/colonnesSeparees.h"
 #include "exchange/lecteurPoints.h"
+#include "services/codages.h"
 #include "services/grandeur.h"
 
 #include "TestFolder.h"
@@ -21,7 +22,7 @@ void comparer(const std::vector<pointXYZ>& lus, const std::vector<attendu>& atte
 {
     ASSERT_EQ(lus.size(), attendus.size());
     for (std::size_t i = 0; i < lus.size(); ++i) {
-        EXPECT_EQ(lus[i].nom, attendus[i].nom);
+        EXPECT_EQ(lus[i].nom, versAnsi(attendus[i].nom));
         EXPECT_EQ(lus[i].x, attendus[i].x);
         EXPECT_EQ(lus[i].y, attendus[i].y);
         EXPECT_EQ(lus[i].z, attendus[i].z);
