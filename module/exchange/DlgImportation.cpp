@@ -5,7 +5,7 @@
 
 #include "exchange/selectionGenres.h"
 #include "services/dialogueCellules.h"
-#include "services/reelDeTexte.h"
+#include "services/dialogueChamps.h"
 #include "services/reglages.h"
 
 #include "aced.h"
@@ -20,6 +20,9 @@ struct etiquette {
 };
 constexpr etiquette etiquetteNumero{L"importation.numero", L"NUM"}, etiquetteAltitude{L"importation.altitude", L"ALT"},
     etiquetteCode{L"importation.code", L"CODE"};
+
+constexpr const wchar_t* decalageX = L"le décalage X";
+constexpr const wchar_t* decalageY = L"le décalage Y";
 
 struct caseGenre {
     QCheckBox* coche;
@@ -55,11 +58,6 @@ std::wstring lire(const etiquette& e)
     return lireReglage(e.reglage, e.defaut);
 }
 
-double nombreDe(const QLineEdit& champ)
-{
-    return reelDeTexte(champ.text().toStdWString());
-}
-
 } // namespace
 
 DlgImportation::DlgImportation() : m_ui(std::make_unique<Ui::DlgImportation>())
@@ -69,11 +67,23 @@ DlgImportation::DlgImportation() : m_ui(std::make_unique<Ui::DlgImportation>())
     connect(m_ui->boutonAucun, &QPushButton::clicked, this, [this] { cocher(0); });
     connect(m_ui->boutonConfigurer, &QPushButton::clicked, this, [this] { configurer(); });
     connect(m_ui->boutonPrelever, &QPushButton::clicked, this, [this] { prelever(); });
-    connect(m_ui->boutonOk, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_ui->boutonOk, &QPushButton::clicked, this, [this] { valider(); });
     connect(m_ui->boutonCancel, &QPushButton::clicked, this, &QDialog::reject);
+    surveillerNombre(*m_ui->editX, decalageX);
+    surveillerNombre(*m_ui->editY, decalageY);
 }
 
 DlgImportation::~DlgImportation() = default;
+
+void DlgImportation::valider()
+{
+    const auto lireDecalage = [](QLineEdit& champ, const wchar_t* nomme, double& valeur) {
+        valeur = 0.0; // of a blank field
+        return champ.text().trimmed().isEmpty() || lireChamp(champ, nomme, valeur);
+    };
+    if (lireDecalage(*m_ui->editX, decalageX, m_decalage.x) && lireDecalage(*m_ui->editY, decalageY, m_decalage.y))
+        accept();
+}
 
 void DlgImportation::cocher(int genres)
 {
@@ -83,8 +93,7 @@ void DlgImportation::cocher(int genres)
 
 demandeImportation DlgImportation::demande() const
 {
-    return {genresCoches(*m_ui), lire(etiquetteNumero), lire(etiquetteAltitude), lire(etiquetteCode),
-            AcGeVector2d(nombreDe(*m_ui->editX), nombreDe(*m_ui->editY))};
+    return {genresCoches(*m_ui), lire(etiquetteNumero), lire(etiquetteAltitude), lire(etiquetteCode), m_decalage};
 }
 
 void DlgImportation::configurer()

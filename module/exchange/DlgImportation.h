@@ -17,12 +17,15 @@ public:
     DlgImportation();
     ~DlgImportation() override;
 
+    /// What the user asked for with "OK".
     demandeImportation demande() const;
 
 private:
     void cocher(int genres);
+    void valider();
     void configurer();
     void prelever();
 
     std::unique_ptr<Ui::DlgImportation> m_ui;
+    AcGeVector2d m_decalage;
 };

@@ -1,9 +1,9 @@
 #include "exchange/DlgParamsTable.h"
 
-#include <cmath>
 #include <QCheckBox>
 #include <QSpinBox>
 
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
 #include "services/reelDeTexte.h"
 
@@ -78,7 +78,9 @@ paramsTable DlgParamsTable::params() const
 void DlgParamsTable::valider()
 {
     const paramsTable p = params();
-    if (!std::isfinite(p.tailleTextes) || p.tailleTextes <= 0.0) {
+    if (double taille = 0.0; !lireChamp(*m_ui->editTaille, L"la taille des textes", taille))
+        return;
+    if (p.tailleTextes <= 0.0) {
         avertirErreur(L"La taille des textes doit être un nombre plus grand que 0");
         m_ui->editTaille->setFocus();
         return;

@@ -49,7 +49,7 @@ public:
     {
         pointDuDessin point;
         point = lu;
-        bilan.nomsCoupes += versAnsi(lu.nom).size() > pointDuDessin::longueurNom ? 1 : 0;
+        bilan.nomsCoupes += lu.nom.size() > pointDuDessin::longueurNom ? 1 : 0;
         const auto existant = m_noms.find(cleDuNom(point.getNomPoint()));
         if (existant == m_noms.end())
             return ajouter(point, lu.observation);

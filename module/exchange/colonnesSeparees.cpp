@@ -225,7 +225,7 @@ private:
                     return refuserNombre();
                 break;
             case colonne::nom:
-                point.nom = texte(cellule);
+                point.nom = versAnsi(texte(cellule));
                 if (cellule.empty())
                     m_remarque = pointSansNom;
                 break;

@@ -48,9 +48,10 @@ exporterFichierPoints(const listePointsDuDessin& table, std::span<const int> pla
     const auto projection = estCarte(*fichier) ? demanderProjection() : std::optional<std::string>("");
     if (!projection)
         return std::nullopt;
-    dialogueProgression avancement(L"Export des points", static_cast<int>(places.size()) - 1);
-    const issueExport issue =
-        exporterTable(table, places, codes, *fichier, *projection, [&avancement] { avancement.avancer(); });
+    const issueExport issue = [&] { // the progress is gone before a message comes
+        dialogueProgression avancement(L"Export des points", static_cast<int>(places.size()) - 1);
+        return exporterTable(table, places, codes, *fichier, *projection, [&avancement] { avancement.avancer(); });
+    }();
     if (issue.issue != issueEcriture::ecrit) {
         afficherAvertissement(L"erreur", L"Erreur ouverture de fichier");
         return std::vector{issue.raison};

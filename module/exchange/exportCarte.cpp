@@ -111,7 +111,7 @@ issueExport exporterCarte(const fs::path& fichier, const std::string& projection
     std::string raison;
     ecrire((dossier.chemin() / fichier.filename()).string(), formatCarte(fichier), projection, pointSurLaCarte, raison);
     if (!raison.empty())
-        return refuser(depuisUtf8(raison));
+        return refuser(depuisUtf8(raison) + L" Rien n'a été changé.");
     if (!dossier.sortir())
         return refuser(L"écriture impossible ; le fichier n'a pas été changé.");
     return {issueEcriture::ecrit, {}};

@@ -66,7 +66,8 @@ void ligneXml(const pointExporte& p, std::string& xml)
 
 } // namespace
 
-issueEcriture exporterLandXml(const std::filesystem::path& fichier, const pointSuivant& suivant, std::time_t date)
+issueEcriture exporterLandXml(const std::filesystem::path& fichier, const pointSuivant& suivant, std::time_t date,
+                              std::error_code* erreur)
 {
     fichierRemplace cible(fichier, fichierRemplace::maniere::aCote);
     cible.ecrire(enTete(date));
@@ -77,5 +78,8 @@ issueEcriture exporterLandXml(const std::filesystem::path& fichier, const pointS
             break;
     }
     cible.ecrire("  </CgPoints>\n</LandXML>\n");
-    return cible.terminer();
+    const issueEcriture issue = cible.terminer();
+    if (erreur)
+        *erreur = cible.erreur();
+    return issue;
 }

@@ -121,14 +121,18 @@ formatExport formatDuFichier(const std::filesystem::path& fichier)
     return extension == L".xml" || extension == L".landxml" ? formatExport::landXml : formatExport::texte;
 }
 
-issueEcriture exporterPoints(const std::filesystem::path& fichier, formatExport format, const pointSuivant& suivant)
+issueEcriture exporterPoints(const std::filesystem::path& fichier, formatExport format, const pointSuivant& suivant,
+                             std::error_code* erreur)
 {
     if (format == formatExport::landXml)
-        return exporterLandXml(fichier, suivant, std::time(nullptr));
+        return exporterLandXml(fichier, suivant, std::time(nullptr), erreur);
     const bool html = format == formatExport::html;
     fichierRemplace cible(fichier, html ? fichierRemplace::maniere::aCote : fichierRemplace::maniere::surPlace);
     sortie s(cible);
     (html ? exporterHtml : exporterTexte)(s, suivant);
     s.vider();
-    return cible.terminer();
+    const issueEcriture issue = cible.terminer();
+    if (erreur)
+        *erreur = cible.erreur();
+    return issue;
 }

@@ -29,8 +29,11 @@ formatExport formatDuFichier(const std::filesystem::path& fichier);
 
 /// Writes the list. The text format writes over an existing file in place: a longer one keeps its old end. The others
 /// replace it when they are whole.
-issueEcriture exporterPoints(const std::filesystem::path& fichier, formatExport format, const pointSuivant& suivant);
+/// @param erreur if given, receives why it was not written
+issueEcriture exporterPoints(const std::filesystem::path& fichier, formatExport format, const pointSuivant& suivant,
+                             std::error_code* erreur = nullptr);
 
 /// LandXML 1.2 in metres. Coordinates are written with the digits that give the same numbers again.
 /// @param date of the document; exporterPoints takes the present
-issueEcriture exporterLandXml(const std::filesystem::path& fichier, const pointSuivant& suivant, std::time_t date);
+issueEcriture exporterLandXml(const std::filesystem::path& fichier, const pointSuivant& suivant, std::time_t date,
+                              std::error_code* erreur = nullptr);

@@ -30,6 +30,7 @@ issueExport exporterTable(const listePointsDuDessin& table, std::span<const int>
     };
     if (carte)
         return exporterCarte(fichier, projection, codes, suivant);
-    const issueEcriture issue = exporterPoints(fichier, format, suivant);
-    return {issue, phraseEcriture(fichier.filename().wstring(), issue)};
+    std::error_code erreur;
+    const issueEcriture issue = exporterPoints(fichier, format, suivant, &erreur);
+    return {issue, phraseEcriture(fichier.filename().wstring(), issue, erreur)};
 }

@@ -7,14 +7,38 @@
 
 namespace fs = std::filesystem;
 
-std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue)
+namespace {
+
+/// French words between parentheses; nothing for what a user cannot mend.
+const wchar_t* causeEcriture(std::error_code erreur)
+{
+    for (const std::errc plein : {std::errc::no_space_on_device, std::errc::file_too_large})
+        if (erreur == plein)
+            return L" (plus de place sur le disque)";
+    for (const std::errc defendu :
+         {std::errc::permission_denied, std::errc::operation_not_permitted, std::errc::read_only_file_system})
+        if (erreur == defendu)
+            return L" (le fichier ou son dossier est protégé)";
+    return erreur == std::errc::no_such_file_or_directory ? L" (le dossier n'existe pas)" : L"";
+}
+
+} // namespace
+
+std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue, std::error_code erreur)
 {
     if (issue == issueEcriture::ecrit)
         return {};
-    return std::wstring(fichier) +
-           (issue == issueEcriture::intact
-                ? L" : écriture impossible ; le fichier n'a pas été changé."
-                : L" : écriture interrompue ; le fichier, écrit sur place, est incomplet ou abîmé.");
+    const bool intact = issue == issueEcriture::intact;
+    return std::wstring(fichier) + (intact ? L" : écriture impossible" : L" : écriture interrompue") +
+           causeEcriture(erreur) +
+           (intact ? L" ; le fichier n'a pas été changé." : L" ; le fichier, écrit sur place, est incomplet ou abîmé.");
+}
+
+/// The first one counts: those that follow come of it.
+void fichierRemplace::noterErreur()
+{
+    if (!m_erreur)
+        m_erreur = {errno, std::generic_category()};
 }
 
 fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) : m_fichier(fichier)
@@ -31,6 +55,8 @@ fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) : m_fichier
     m_ouvert.reset(std::fopen(fichier.string().c_str(), "r+b"));
     if (!m_ouvert && errno == ENOENT)
         m_ouvert.reset(std::fopen(fichier.string().c_str(), "wbx"));
+    if (!m_ouvert)
+        noterErreur();
 }
 
 void fichierRemplace::creerACote()
@@ -48,6 +74,8 @@ void fichierRemplace::creerACote()
         if (!m_ouvert && errno != EEXIST)
             break;
     }
+    if (!m_ouvert)
+        noterErreur();
 }
 
 fichierRemplace::~fichierRemplace()
@@ -68,7 +96,10 @@ bool fichierRemplace::ecrire(std::string_view octets)
 {
     m_sain = m_sain && m_ouvert;
     m_entame = m_entame || (m_sain && !octets.empty());
-    m_sain = m_sain && std::fwrite(octets.data(), 1, octets.size(), m_ouvert.get()) == octets.size();
+    if (m_sain && std::fwrite(octets.data(), 1, octets.size(), m_ouvert.get()) != octets.size()) {
+        noterErreur();
+        m_sain = false;
+    }
     return m_sain;
 }
 
@@ -77,8 +108,10 @@ issueEcriture fichierRemplace::terminer()
     if (!m_ouvert)
         return issueEcriture::intact;
     // A full disk may only show when what is kept in memory is written.
-    m_sain = std::fflush(m_ouvert.get()) == 0 && m_sain;
-    m_sain = std::fclose(m_ouvert.release()) == 0 && m_sain;
+    const bool vide = std::fflush(m_ouvert.get()) == 0;
+    if (!vide)
+        noterErreur();
+    m_sain = std::fclose(m_ouvert.release()) == 0 && vide && m_sain;
     if (m_provisoire.empty())
         return m_sain ? issueEcriture::ecrit : m_entame ? issueEcriture::abime : issueEcriture::intact;
     std::error_code refus;
@@ -86,6 +119,8 @@ issueEcriture fichierRemplace::terminer()
         fs::rename(m_provisoire, m_fichier, refus);
     if (m_sain && !refus)
         return issueEcriture::ecrit;
+    if (refus && !m_erreur)
+        m_erreur = refus;
     abandonner();
     return issueEcriture::intact;
 }

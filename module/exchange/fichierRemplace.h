@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "services/fichierOuvert.h"
 
@@ -14,7 +15,8 @@ enum class issueEcriture {
 };
 
 /// French sentence for the user; empty when it was written.
-std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue);
+/// @param erreur of fichierRemplace: why it was not
+std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue, std::error_code erreur = {});
 
 /// A file being written: either beside the one it replaces, which it takes the place of when it is whole, or in place,
 /// without truncation, so that a longer file keeps its old end. Devices and the like are written in place.
@@ -31,12 +33,16 @@ public:
     bool ecrire(std::string_view octets);
     /// Ends it. Without this call, what was written beside is removed.
     issueEcriture terminer();
+    /// What the system said when something failed first; none while nothing did.
+    std::error_code erreur() const { return m_erreur; }
 
 private:
     void creerACote();
     void abandonner();
+    void noterErreur();
 
     std::filesystem::path m_fichier, m_provisoire; // the second empty: in place
     fichierOuvert m_ouvert;
     bool m_sain = true, m_entame = false;
+    std::error_code m_erreur;
 };

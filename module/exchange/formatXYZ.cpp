@@ -62,6 +62,12 @@ std::wstring observationLue(std::string_view reste)
     return depuisAnsi(observation);
 }
 
+/// Pieces of a line that is too long are lines of their own, but one that is refused is told once.
+bool dejaDite(const pointsLus& lus, std::size_t numero)
+{
+    return !lus.problemes.empty() && lus.problemes.back().ecartee && lus.problemes.back().ligne == numero;
+}
+
 void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
 {
     std::string_view reste = ligne.substr(0, ligne.find('\0')); // where text files end a line
@@ -72,10 +78,11 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
     double xLu = 0.0, yLu = 0.0;
     const bool xEstNombre = lireNombre(x, xLu) != 0;
     if (!xEstNombre || lireNombre(y, yLu) == 0)
-        return lus.ecarter(numero, depuisAnsi(ligne),
-                           xEstNombre ? L"Y absent ou illisible." : L"X absent ou illisible.");
+        return dejaDite(lus, numero) ? void()
+                                     : lus.ecarter(numero, depuisAnsi(ligne),
+                                                   xEstNombre ? L"Y absent ou illisible." : L"X absent ou illisible.");
     pointXYZ& point = lus.points.emplace_back();
-    point.nom = depuisAnsi(nom);
+    point.nom = nom;
     point.x = xLu;
     point.y = yLu;
     if (const std::string_view z = jetonSuivant(reste); !z.empty())
@@ -120,7 +127,7 @@ std::string contenuXYZ(std::span<const pointXYZ> points)
     std::string contenu;
     for (const pointXYZ& p : points) {
         contenu += '\n';
-        ajouterTexteADroite(contenu, versAnsi(p.nom), 10);
+        ajouterTexteADroite(contenu, p.nom, 10);
         for (const double valeur : {p.x, p.y, p.z}) {
             contenu += '\t';
             ajouterNombreADroite(contenu, valeur, 6, 14);

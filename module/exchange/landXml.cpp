@@ -123,9 +123,9 @@ private:
         m_texte.clear();
         m_remarque.clear();
         m_point = pointXYZ();
-        m_point.nom = attribut(attributs, "name");
+        m_point.nom = versAnsi(attribut(attributs, "name"));
         if (m_point.nom.empty())
-            m_point.nom = attribut(attributs, "oID");
+            m_point.nom = versAnsi(attribut(attributs, "oID"));
         lireCode(attribut(attributs, "code"));
         ajouterMots(m_point.observation, attribut(attributs, "desc"));
         m_reference = attribut(attributs, "pntRef");
@@ -187,13 +187,13 @@ private:
             ajouterMots(m_remarque, pointSansNom);
         ajouterMots(m_remarque, remarquesSur(m_point));
         if (!m_remarque.empty())
-            m_lus.remarquer(m_ligne, m_point.nom, m_remarque);
+            m_lus.remarquer(m_ligne, depuisAnsi(m_point.nom), m_remarque);
         m_lus.points.push_back(std::move(m_point));
     }
 
     void ecarter(std::wstring raison)
     {
-        m_lus.ecarter(m_ligne, m_point.nom + L" " + depuisUtf8(m_texte), std::move(raison));
+        m_lus.ecarter(m_ligne, depuisAnsi(m_point.nom) + L" " + depuisUtf8(m_texte), std::move(raison));
     }
 
     pointsLus& m_lus;

@@ -35,7 +35,10 @@ pointsLus lirePoints(sourceOctets& source, const std::filesystem::path& fichier,
     lus.codeAbsent = codeAbsent;
     const std::string_view debut = source.debut();
     (lecteur ? *lecteur : lecteurPour(fichier, debut)).lire(source, lus);
-    if (source.enEchec())
+    if (source.etat() == etatSource::changee)
+        lus.refuser(L"un autre programme a changé le fichier pendant sa lecture ; des points peuvent manquer ou être "
+                    L"tronqués.");
+    else if (source.enEchec())
         lus.refuser(lus.points.empty() ? L"lecture impossible du fichier."
                                        : L"la lecture du fichier s'est interrompue ; des points manquent.");
     return lus;

@@ -31,8 +31,8 @@ std::span<const lecteurPoints* const> lecteursPoints();
 /// @param fichier its name or path
 const lecteurPoints& lecteurPour(const std::filesystem::path& fichier, std::string_view debut);
 
-/// Reads a file. A folder, a file that cannot be opened and one that fails on the way give `lisible` false and the
-/// reason; points read before it fails are there.
+/// Reads a file. A folder, a file that cannot be opened, one that fails on the way and one that another program changes
+/// meanwhile give `lisible` false and the reason; points read before are there.
 /// @param lecteur null: lecteurPour the file
 /// @param codeAbsent code of the points whose line tells none
 pointsLus lirePoints(const std::filesystem::path& fichier, const lecteurPoints* lecteur = nullptr, int codeAbsent = 1);

@@ -101,7 +101,7 @@ private:
     bool prendre(const mot& m)
     {
         if (m.index == 11) {
-            m_point.nom = m.donnee.empty() ? L"0" : depuisAnsi(m.donnee);
+            m_point.nom = m.donnee.empty() ? "0" : m.donnee;
         } else if (m.index >= 81 && m.index <= 86) {
             const std::optional<double> valeur = metres(m);
             m_coordonnees[static_cast<std::size_t>(m.index - 81)] = valeur;

@@ -46,25 +46,47 @@ std::size_t sourceMemoire::lireSuite(char* cible, std::size_t taille)
 }
 
 sourceFichier::sourceFichier(const std::filesystem::path& fichier) :
-    m_fichier(std::fopen(fichier.string().c_str(), "rb"))
+    sourceFichier(std::fopen(fichier.string().c_str(), "rb"))
 {
-    if (m_fichier)
-        std::setvbuf(m_fichier.get(), nullptr, _IONBF, 0); // readers take large blocks
+}
+
+sourceFichier::sourceFichier(std::FILE* fichier) : m_fichier(fichier)
+{
+    if (!m_fichier)
+        return;
+    std::setvbuf(m_fichier.get(), nullptr, _IONBF, 0); // readers take large blocks
+    m_taille = taillePresente();
 }
 
 std::size_t sourceFichier::lireSuite(char* cible, std::size_t taille)
 {
-    return m_fichier ? std::fread(cible, 1, taille, m_fichier.get()) : 0;
+    const std::size_t lus = m_fichier ? std::fread(cible, 1, taille, m_fichier.get()) : 0;
+    m_finAtteinte = m_finAtteinte || lus < taille;
+    return lus;
+}
+
+/// The size of a file that grew or shrank under the reader tells: its last line was cut, or is not the last one.
+etatSource sourceFichier::etat() const
+{
+    if (!m_fichier || std::ferror(m_fichier.get()) != 0)
+        return etatSource::illisible;
+    return m_finAtteinte && taillePresente() != m_taille ? etatSource::changee : etatSource::saine;
+}
+
+long sourceFichier::taillePresente() const
+{
+    const long ici = std::ftell(m_fichier.get());
+    if (ici < 0 || std::fseek(m_fichier.get(), 0, SEEK_END) != 0)
+        return -1;
+    const long fin = std::ftell(m_fichier.get());
+    std::fseek(m_fichier.get(), ici, SEEK_SET);
+    return fin;
 }
 
 std::size_t sourceFichier::resteEstime() const
 {
     const long ici = m_fichier ? std::ftell(m_fichier.get()) : -1;
-    if (ici < 0 || std::fseek(m_fichier.get(), 0, SEEK_END) != 0)
-        return 0; // a pipe
-    const long fin = std::ftell(m_fichier.get());
-    std::fseek(m_fichier.get(), ici, SEEK_SET);
-    return fin > ici ? static_cast<std::size_t>(fin - ici) : 0;
+    return ici >= 0 && m_taille > ici ? static_cast<std::size_t>(m_taille - ici) : 0;
 }
 
 std::size_t sourceUtf16::lireSuite(char* cible, std::size_t taille)

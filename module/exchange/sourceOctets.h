@@ -8,6 +8,12 @@
 
 #include "services/fichierOuvert.h"
 
+enum class etatSource {
+    saine,
+    illisible, ///< it could not be opened, or reading failed on the way
+    changee    ///< another program cut it short or wrote to it meanwhile
+};
+
 /// Where a reader of point files takes its bytes, in order and once. Files are never held whole: their size has no
 /// bound.
 class sourceOctets {
@@ -22,7 +28,8 @@ public:
     /// @return bytes written to `cible`, at most `taille`; 0 at the end, or when the source fails
     std::size_t lire(char* cible, std::size_t taille);
     /// Whether reading failed: what was given is not all there was.
-    virtual bool enEchec() const = 0;
+    bool enEchec() const { return etat() != etatSource::saine; }
+    virtual etatSource etat() const = 0;
     /// About how many bytes are still to come after debut(); 0 when nobody knows.
     virtual std::size_t resteEstime() const { return 0; }
 
@@ -37,7 +44,7 @@ private:
 class sourceMemoire final : public sourceOctets {
 public:
     explicit sourceMemoire(std::string_view octets) : m_octets(octets) {}
-    bool enEchec() const override { return false; }
+    etatSource etat() const override { return etatSource::saine; }
     std::size_t resteEstime() const override { return m_octets.size(); }
 
 private:
@@ -49,23 +56,26 @@ private:
 /// An open file, closed with the source; null: it could not be opened.
 class sourceFichier final : public sourceOctets {
 public:
-    explicit sourceFichier(std::FILE* fichier) : m_fichier(fichier) {}
+    explicit sourceFichier(std::FILE* fichier);
     explicit sourceFichier(const std::filesystem::path& fichier);
     /// A folder opens as a file on some systems; only reading it fails.
-    bool enEchec() const override { return !m_fichier || std::ferror(m_fichier.get()) != 0; }
+    etatSource etat() const override;
     std::size_t resteEstime() const override;
 
 private:
     std::size_t lireSuite(char* cible, std::size_t taille) override;
+    long taillePresente() const;
 
     fichierOuvert m_fichier;
+    long m_taille = -1; // when it was opened; -1 for what has none, as a pipe
+    bool m_finAtteinte = false;
 };
 
 /// A text in UTF-16, given in UTF-8. Halves of characters that stand alone become "?".
 class sourceUtf16 final : public sourceOctets {
 public:
     sourceUtf16(sourceOctets& source, bool grosBoutiste) : m_source(source), m_grosBoutiste(grosBoutiste) {}
-    bool enEchec() const override { return m_source.enEchec(); }
+    etatSource etat() const override { return m_source.etat(); }
 
 private:
     std::size_t lireSuite(char* cible, std::size_t taille) override;

@@ -18,7 +18,7 @@ inline std::uint32_t serieSuivante()
 /// x, y, z in drawing units; `inconnu` when not known.
 struct pointXYZ {
     int code = 1;
-    std::wstring nom;
+    std::string nom; ///< in Windows-1252, as tables hold it: nearly all names then need no memory of their own
     std::wstring observation;
     double x = inconnu;
     double y = inconnu;

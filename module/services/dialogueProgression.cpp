@@ -1,5 +1,6 @@
 #include "services/dialogueProgression.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QProgressDialog>
 
@@ -7,12 +8,16 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds cadence{100};
+/// Between two steps that are shown.
+std::chrono::milliseconds cadence()
+{
+    return std::min(dialogueProgression::patience, std::chrono::milliseconds{100});
+}
 
 } // namespace
 
 dialogueProgression::dialogueProgression(const wchar_t* titre, int dernier, arret a) :
-    prochain(std::chrono::steady_clock::now() + cadence)
+    prochain(std::chrono::steady_clock::now() + cadence())
 {
     if (dernier < 1 || !qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
@@ -21,6 +26,8 @@ dialogueProgression::dialogueProgression(const wchar_t* titre, int dernier, arre
                                                  fenetreDevant());
     dialogue->setObjectName("progression");
     dialogue->setWindowModality(Qt::ApplicationModal);
+    // A dialog that does not show hears no cancel: Qt's own four seconds would be long to wait for the button.
+    dialogue->setMinimumDuration(static_cast<int>(patience.count()));
 }
 
 dialogueProgression::~dialogueProgression() = default;
@@ -33,7 +40,7 @@ bool dialogueProgression::avancer()
     const auto maintenant = std::chrono::steady_clock::now();
     if (maintenant < prochain || dialogue->wasCanceled())
         return !dialogue->wasCanceled();
-    prochain = maintenant + cadence;
+    prochain = maintenant + cadence();
     dialogue->setValue(atteint); // hears the user
     return !dialogue->wasCanceled();
 }

@@ -11,6 +11,9 @@ class dialogueProgression {
 public:
     enum class arret { impossible, permis };
 
+    /// What lasts longer, or promises to, is shown, and can be stopped from then on. Tests take none.
+    static inline std::chrono::milliseconds patience{500};
+
     /// @param a whether the user may stop the run
     dialogueProgression(const wchar_t* titre, int dernier, arret a = arret::impossible);
     ~dialogueProgression();

@@ -6,6 +6,8 @@
 #include "platform/LetterCase.h"
 
 #include "adscodes.h"
+#include "dbproxy.h"
+#include "rxclass.h"
 
 namespace {
 
@@ -19,6 +21,11 @@ struct EntityFilter::Node {
     enum class Kind { all, any, one, none, test } kind = Kind::all;
     std::vector<Node> inside;
     Test test;
+
+    bool asksClassOnly() const
+    {
+        return kind == Kind::test ? test.asksClassOnly() : std::ranges::all_of(inside, &Node::asksClassOnly);
+    }
 
     bool takes(DxfRecord& record, const EntityTags& tags) const
     {
@@ -127,10 +134,19 @@ std::optional<EntityFilter> EntityFilter::of(const resbuf* chain)
     EntityFilter filter;
     if (!FilterReader().read(chain, *filter.m_root))
         return std::nullopt;
+    filter.m_asksClassOnly = filter.m_root->asksClassOnly();
     return filter;
 }
 
+/// Entities of one modelled class have the same markers: the first one answers for all.
 bool EntityFilter::takes(DxfRecord& record, const EntityTags& tags) const
 {
-    return m_root->takes(record, tags);
+    const AcRxClass* const itsClass =
+        m_asksClassOnly && !m_root->inside.empty() ? AcDbObjectId(stubOf(&record)).objectClass() : nullptr;
+    if (!itsClass || itsClass->isDerivedFrom(AcDbProxyEntity::desc()))
+        return m_root->takes(record, tags);
+    const auto [known, isFirst] = m_knownClasses.try_emplace(itsClass);
+    if (isFirst)
+        known->second = m_root->takes(record, tags);
+    return known->second;
 }

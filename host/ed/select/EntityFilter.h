@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <unordered_map>
 
 #include "ed/select/EntityTags.h"
 
@@ -21,8 +22,7 @@ public:
     EntityFilter& operator=(EntityFilter&&) noexcept;
     ~EntityFilter();
 
-    /// Whether its tags need be read: false when its kind, and its class alone are asked for.
-    /// `tags` are those of the entity.
+    /// `tags` are those of the entity. Where its class alone is asked for, they are not read.
     bool takes(DxfRecord& record, const EntityTags& tags) const;
 
     struct Node;
@@ -31,4 +31,6 @@ public:
 private:
     EntityFilter();
     std::unique_ptr<Node> m_root;
+    bool m_asksClassOnly = false;
+    mutable std::unordered_map<const AcRxClass*, bool> m_knownClasses; // of kinds that the kernel models
 };

@@ -41,8 +41,16 @@ const std::vector<DxfTag>& EntityTags::tags() const
     return m_tags;
 }
 
+/// What stands at the head of an entity, as its layer does, is found without reading the rest.
 std::string_view EntityTags::bytesOf(int code) const
 {
+    if (!m_read && !isChanged() && !m_hasRenamed) {
+        DxfCursor cursor(form(), m_database.bytes(*m_record));
+        for (DxfTag tag; cursor.next(tag);)
+            if (tag.code == code)
+                return {tag.begin, static_cast<std::size_t>(tag.end - tag.begin)};
+        return {};
+    }
     const auto found = std::ranges::find(tags(), code, &DxfTag::code);
     return found == m_tags.end() ? std::string_view()
                                  : std::string_view(found->begin, static_cast<std::size_t>(found->end - found->begin));

@@ -19,6 +19,7 @@ struct EntityFilter::Test {
     /// the -4 item before it, "" for none.
     bool read(const resbuf& item, std::wstring_view relations);
     bool takes(DxfRecord& record, const EntityTags& tags) const;
+    bool asksClassOnly() const { return m_kind == Kind::subclass; }
 
 private:
     enum class Kind { type, subclass, layout, application, text, number, point, object };

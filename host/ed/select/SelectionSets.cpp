@@ -12,7 +12,7 @@ void SelectionSet::reserve(std::size_t more)
 
 bool SelectionSet::add(AcDbObjectId entity)
 {
-    if (!m_places.try_emplace(entity.stub(), m_objects.size()).second)
+    if (entity.isNull() || !m_places.insert(entity.stub(), m_objects.size()))
         return false;
     m_objects.push_back(entity.stub());
     return true;
@@ -20,12 +20,12 @@ bool SelectionSet::add(AcDbObjectId entity)
 
 bool SelectionSet::remove(AcDbObjectId entity)
 {
-    const auto found = m_places.find(entity.stub());
-    if (found == m_places.end())
+    const std::size_t* const place = m_places.find(entity.stub());
+    if (!place)
         return false;
-    m_objects[found->second] = nullptr;
+    m_objects[*place] = nullptr;
     ++m_holes;
-    m_places.erase(found);
+    m_places.erase(entity.stub());
     for (; m_begin < m_objects.size() && !m_objects[m_begin]; ++m_begin)
         --m_holes;
     for (; m_objects.size() > m_begin && !m_objects.back(); m_objects.pop_back())
@@ -39,7 +39,7 @@ void SelectionSet::closeUp() const
         return;
     std::erase(m_objects, nullptr);
     for (std::size_t place = 0; place < m_objects.size(); ++place)
-        m_places[m_objects[place]] = place;
+        *m_places.find(m_objects[place]) = place;
     m_begin = m_holes = 0;
 }
 

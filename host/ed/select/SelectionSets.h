@@ -4,6 +4,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "ed/select/StubPlaces.h"
+
 #include "adsdef.h"
 #include "dbid.h"
 
@@ -18,7 +20,7 @@ public:
     bool remove(AcDbObjectId entity);
     bool has(AcDbObjectId entity) const { return m_places.contains(entity.stub()); }
     std::size_t size() const { return m_places.size(); }
-    bool empty() const { return m_places.empty(); }
+    bool empty() const { return m_places.size() == 0; }
     /// Null beyond the end.
     AcDbObjectId at(std::size_t place) const;
     std::vector<AcDbObjectId> objects() const;
@@ -27,7 +29,7 @@ private:
     void closeUp() const;
 
     mutable std::vector<AcDbStub*> m_objects; // null where one has left, until closed up
-    mutable std::unordered_map<AcDbStub*, std::size_t> m_places;
+    mutable StubPlaces m_places;
     mutable std::size_t m_begin = 0; // of what is in the set: loops that take out the first one are usual
     mutable std::size_t m_holes = 0; // behind m_begin
 };

@@ -135,8 +135,9 @@ std::string ecrire(const std::string& fichier, const char* format, const std::st
     if (transaction && donnees->CommitTransaction() != OGRERR_NONE)
         return dites.raison("l'écriture de la carte s'est arrêtée");
     donnees.reset(); // closing writes the end
-    return dites.muettes() && estEntiere(fichier, format) ? std::string()
-                                                          : dites.raison("l'écriture de la carte s'est arrêtée");
+    if (dites.muettes() && !estEntiere(fichier, format))
+        return "l'écriture de la carte s'est arrêtée avant sa fin, sans doute faute de place sur le disque.";
+    return dites.muettes() ? std::string() : dites.raison("l'écriture de la carte s'est arrêtée");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "exchange/ajoutPoints.h"
 #include "exchange/fusionTables.h"
 #include "points/projetsTopo.h"
+#include "services/codages.h"
 
 namespace {
 
@@ -11,7 +12,7 @@ std::vector<pointXYZ> pointsLus(std::initializer_list<const wchar_t*> noms)
     std::vector<pointXYZ> points;
     for (const wchar_t* const nom : noms) {
         pointXYZ& p = points.emplace_back();
-        p.nom = nom;
+        p.nom = versAnsi(nom);
         p.x = p.y = static_cast<double>(points.size());
         p.observation = nom;
     }

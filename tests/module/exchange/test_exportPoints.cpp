@@ -91,7 +91,7 @@ TEST(exportPoints, writesLandXmlThatReadsBackTheSame)
     const pointsLus lus = lirePoints(fichier);
     EXPECT_TRUE(lus.problemes.empty());
     ASSERT_EQ(lus.points.size(), 2u);
-    EXPECT_EQ(lus.points[0].nom, L"P\"1\xE9");
+    EXPECT_EQ(lus.points[0].nom, "P\"1\xE9");
     EXPECT_EQ(lus.points[0].observation, L"a&b <c>");
     EXPECT_EQ(lus.points[0].y, 1e-7);
     EXPECT_EQ(lus.points[0].z, inconnu);
@@ -115,10 +115,13 @@ TEST(exportPoints, aFullDiskLeavesTheOldFileOrSaysItIsDamaged)
     const std::vector<pointExporte> beaucoup(5000, deuxPoints[0]);
     for (const formatExport format : {formatExport::html, formatExport::landXml, formatExport::texte}) {
         folder.write("liste", "ancien");
+        std::error_code erreur;
         const issueEcriture issue = [&] {
             const disquePlein plein(20000);
-            return exporterPoints(folder / "liste", format, liste(beaucoup));
+            return exporterPoints(folder / "liste", format, liste(beaucoup), &erreur);
         }();
+        EXPECT_NE(phraseEcriture(L"a", issue, erreur).find(L"(plus de place sur le disque) ; le fichier"),
+                  std::wstring::npos);
         const bool surPlace = format == formatExport::texte;
         EXPECT_EQ(issue, surPlace ? issueEcriture::abime : issueEcriture::intact);
         EXPECT_EQ(folder.read("liste") == "ancien", !surPlace);

@@ -4,6 +4,7 @@
 
 #include "exchange/colonnesSeparees.h"
 #include "exchange/lecteurPoints.h"
+#include "services/codages.h"
 #include "services/grandeur.h"
 
 #include "TestFolder.h"
@@ -21,7 +22,7 @@ void comparer(const std::vector<pointXYZ>& lus, const std::vector<attendu>& atte
 {
     ASSERT_EQ(lus.size(), attendus.size());
     for (std::size_t i = 0; i < lus.size(); ++i) {
-        EXPECT_EQ(lus[i].nom, attendus[i].nom);
+        EXPECT_EQ(lus[i].nom, versAnsi(attendus[i].nom));
         EXPECT_EQ(lus[i].x, attendus[i].x);
         EXPECT_EQ(lus[i].y, attendus[i].y);
         EXPECT_EQ(lus[i].z, attendus[i].z);
@@ -141,6 +142,11 @@ TEST(lecteurs, readFilesOfOtherPrograms)
                      10),
          {},
          {0}},
+        {"a line cut into pieces is told once",
+         "a.xyz",
+         "P1 1 2\n" + std::string(5000, 'x') + "\nP3 1 2\nx\n",
+         {{L"P1", 1, 2, inconnu}, {L"P3", 1, 2, inconnu}},
+         {2, 4}},
         {"txt goes by the rules of point files", "a.TXT", "P1;1;2\nP2 1 2\n", {{L"P2", 1, 2, inconnu}}, {1}},
     };
     for (const Row& r : rows) {
@@ -183,13 +189,42 @@ TEST(lecteurs, refuseFoldersAndMissingFiles)
     EXPECT_TRUE(lirePoints(folder.write("vide.csv")).lisible);
 }
 
+TEST(lecteurs, tellOfAFileThatAnotherProgramChangesMeanwhile)
+{
+    namespace fs = std::filesystem;
+    TestFolder folder;
+    std::string texte;
+    constexpr int lignes = 20000;
+    for (int i = 0; i < lignes; ++i)
+        texte += "P 1.5 2.5 3.5\n";
+    const auto lireApres = [&](const char* nom, const auto& changer) {
+        const fs::path fichier = folder.write(nom, texte);
+        sourceFichier source(fichier);
+        source.debut();
+        changer(fichier);
+        return lirePoints(source, fichier);
+    };
+    for (const char* const nom : {"leve.xyz", "leve.asc"})
+        for (const std::size_t taille : {texte.size() / 2 + 5, texte.size() + 100}) {
+            const pointsLus lus = lireApres(nom, [taille](const fs::path& f) { fs::resize_file(f, taille); });
+            EXPECT_FALSE(lus.lisible);
+            EXPECT_GT(lus.points.size(), 9000u);
+            EXPECT_NE(phrasesProblemes(L"leve", lus).back().find(L"leve : un autre programme a changé le fichier"),
+                      std::wstring::npos);
+        }
+    // What was opened stays there to be read.
+    const pointsLus lus = lireApres("parti.xyz", [](const fs::path& f) { fs::remove(f); });
+    EXPECT_TRUE(lus.lisible);
+    EXPECT_EQ(lus.points.size(), static_cast<std::size_t>(lignes));
+}
+
 namespace {
 
 /// A line of 256 MB that no reader may hold.
 class ligneSansFin final : public sourceOctets {
 public:
     explicit ligneSansFin(std::string_view debut) : m_debut(debut) {}
-    bool enEchec() const override { return false; }
+    etatSource etat() const override { return etatSource::saine; }
     std::size_t plusGrand = 0; ///< the most that was asked for at once
 
 private:

@@ -9,7 +9,7 @@ namespace {
 tableObsXYZ unPoint()
 {
     tableObsXYZ table;
-    table.points.emplace_back().nom = L"P1";
+    table.points.emplace_back().nom = "P1";
     return table;
 }
 

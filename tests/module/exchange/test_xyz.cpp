@@ -22,8 +22,7 @@ std::string resume(const std::vector<pointXYZ>& points)
         char nombres[200];
         std::snprintf(nombres, sizeof nombres, "|%g|%g|%s|%d|", p.x, p.y,
                       p.z == inconnu ? "?" : std::to_string(p.z).c_str(), p.code);
-        texte += std::string(p.nom.begin(), p.nom.end()) + nombres +
-                 std::string(p.observation.begin(), p.observation.end()) + ";";
+        texte += p.nom + nombres + std::string(p.observation.begin(), p.observation.end()) + ";";
     }
     return texte;
 }
@@ -67,12 +66,12 @@ TEST(formatXYZ, readsLines)
 TEST(formatXYZ, writesByteForByteAndReadsBack)
 {
     std::vector<pointXYZ> points(2);
-    points[0].nom = L"P\xE9";
+    points[0].nom = "P\xE9";
     points[0].x = 1.5;
     points[0].y = -2;
     points[0].code = 12;
     points[0].observation = L"borne \x20AC";
-    points[1].nom = L"12345678901";
+    points[1].nom = "12345678901";
     points[1].x = points[1].y = points[1].z = 0;
     const std::string contenu = contenuXYZ(points);
     EXPECT_EQ(contenu,

@@ -100,7 +100,7 @@ TEST(pointDuDessin, ignoresTheEntityInComparisonsOnly)
     EXPECT_TRUE(copy == point(1, 2, 3, 4, L"n"));
 
     pointXYZ record;
-    record.nom = L"abcdefghijk";
+    record.nom = "abcdefghijk";
     record.x = 10;
     record.y = 20;
     record.code = 9;

@@ -4,9 +4,12 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <stdexcept>
+#include <thread>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -15,6 +18,7 @@
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
 #include "services/dialogueModule.h"
+#include "services/dialogueProgression.h"
 #include "ui/application/VelaApplication.h"
 
 #include "ui_DlgEssai.h"
@@ -162,4 +166,18 @@ TEST_F(DialoguesTest, FileDialogsTakeANameAndItsExtension)
     }
     ensuite([] { presser("Annuler"); });
     EXPECT_EQ(demanderFichierALire(demande), std::nullopt);
+}
+
+TEST_F(DialoguesTest, ALongRunShowsItselfSoonAndStops)
+{
+    using namespace std::chrono_literals;
+    constexpr int etapes = 2000;
+    dialogueProgression avancement(L"Placement", etapes, dialogueProgression::arret::permis);
+    int faites = 0;
+    for (; faites < etapes && avancement.avancer(); ++faites) {
+        std::this_thread::sleep_for(1ms);
+        if (auto* const montre = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()))
+            montre->findChild<QPushButton*>()->click();
+    }
+    EXPECT_LT(faites, etapes / 2) << "not Qt's own four seconds";
 }
