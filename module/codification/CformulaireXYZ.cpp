@@ -176,6 +176,12 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
         dire(L"Tapez le numéro du point", *m_ui->editNumero);
         return std::nullopt;
     }
+    bool entier = true;
+    versAnsi(nom, &entier);
+    if (!entier) {
+        dire(L"Ce numéro a un caractère\nqu'un nom de point ne peut pas garder", *m_ui->editNumero);
+        return std::nullopt;
+    }
     if (!lireCoordonnee(*m_ui->editX, L"X n'est pas un nombre", false, x) ||
         !lireCoordonnee(*m_ui->editY, L"Y n'est pas un nombre", false, y) ||
         !lireCoordonnee(*m_ui->editZ, L"Z n'est pas un nombre", true, z))
