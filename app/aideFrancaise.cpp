@@ -76,6 +76,11 @@ std::string traduire(const traduction& t, std::string_view message)
 
 } // namespace
 
+std::string aideEnregistrer(const std::string& dessin)
+{
+    return "Dessin à écrire (sans lui, " + dessin + " est remplacé ; l'ancien est gardé en « .bak »)";
+}
+
 void parlerFrancais(CLI::App& programme)
 {
     const auto aide = std::make_shared<aideEnFrancais>();

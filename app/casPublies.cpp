@@ -12,6 +12,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr char nombreManquant[] = "il manque un nombre.";
+constexpr char nomManquant[] = "il manque un nom.";
+constexpr char motManquant[] = "il manque un mot.";
 
 /// The words of a line, each asked for with what it stands for.
 class motsDeLigne {
@@ -69,12 +71,12 @@ void lireLigne(const std::string& mot, motsDeLigne& ligne, const fs::path& dossi
     } else if (mot == "fichier") {
         cas.fichier = dossier / ligne.reste();
     } else if (mot == "couple") {
-        casPublie::couple c{ligne.mot("il manque un nom."), 0.0, 0.0, 0.0, 0.0};
+        casPublie::couple c{ligne.mot(nomManquant), 0.0, 0.0, 0.0, 0.0};
         for (double* const valeur : {&c.x, &c.y, &c.cibleX, &c.cibleY})
             *valeur = ligne.nombre();
         cas.couples.push_back(c);
     } else if (mot == "donnee") {
-        const std::string nom = ligne.mot("il manque un mot.");
+        const std::string nom = ligne.mot(motManquant);
         cas.donnees[nom] = ligne.nombres();
     } else if (mot == "attendu") {
         casPublie::attendu a;
@@ -98,8 +100,8 @@ void lireFichier(const fs::path& chemin, std::vector<casPublie>& tous)
         motsDeLigne ligne(texte, chemin.string() + ", ligne " + std::to_string(++numero));
         if (ligne.epuise() || texte.starts_with('#'))
             continue;
-        if (const std::string mot = ligne.mot("il manque un mot."); mot == "cas")
-            tous.emplace_back().nom = ligne.mot("il manque un nom.");
+        if (const std::string mot = ligne.mot(motManquant); mot == "cas")
+            tous.emplace_back().nom = ligne.mot(nomManquant);
         else if (tous.size() == deja)
             ligne.refuser("une ligne « cas » vient d'abord.");
         else

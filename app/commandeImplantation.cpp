@@ -52,12 +52,10 @@ void declarerSorties(CLI::App& commande, choixImplantation& c)
     commande.add_option("--seuil", c.demande.seuil, "Ce qui peut dépasser de la visée sans cacher le point (1 sinon)")
         ->type_name("S");
     commande.add_option("--rapport", c.demande.rapport, "Écrit le rapport")->type_name("R.html");
-    commande.add_flag("--json", c.json, "Donne tout en JSON, et rien d'autre");
+    commande.add_flag("--json", c.json, aideJson);
     CLI::Option* const dessiner =
         commande.add_flag("--dessiner", c.demande.dessiner, "Dessine les résultats et garde le travail dans le dessin");
-    commande
-        .add_option("--enregistrer", c.demande.enregistrer,
-                    "Dessin à écrire (sans lui, DESSIN est remplacé ; l'ancien est gardé en « .bak »)")
+    commande.add_option("--enregistrer", c.demande.enregistrer, aideEnregistrer("DESSIN"))
         ->needs(dessiner)
         ->option_text("B.dxf");
 }

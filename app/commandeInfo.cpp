@@ -24,8 +24,8 @@ void ajouterCommandeInfo(CLI::App& programme)
     CLI::App& commande = *programme.add_subcommand("info", "Dit ce qu'un dessin contient");
     commande.group(groupeCommandes);
     const auto choix = std::make_shared<choixInfo>();
-    commande.add_option("DESSIN", choix->dessin, "Dessin (DXF ou DWG)")->type_name("")->required();
-    commande.add_flag("--json", choix->json, "Donne tout en JSON, et rien d'autre");
+    commande.add_option("DESSIN", choix->dessin, aideDessin)->type_name("")->required();
+    commande.add_flag("--json", choix->json, aideJson);
     commande.add_flag("--strict", choix->strict,
                       "Se termine avec l'état 1 quand le dessin n'a pas pu être repris tel quel");
     commande.callback([choix] {

@@ -32,7 +32,7 @@ void ajouterImporter(CLI::App& points)
     CLI::App& commande = *points.add_subcommand("importer", "Ajoute les points d'un fichier à une table d'un dessin");
     commande.group(groupeCommandes);
     const auto d = std::make_shared<importPoints>();
-    commande.add_option("DESSIN", d->dessin, "Dessin (DXF ou DWG)")->type_name("")->required();
+    commande.add_option("DESSIN", d->dessin, aideDessin)->type_name("")->required();
     commande
         .add_option("FICHIER", d->fichier, "Points : .xyz, .txt, colonnes séparées, LandXML, coordonnées d'appareil")
         ->type_name("")
@@ -43,10 +43,7 @@ void ajouterImporter(CLI::App& points)
         ->type_name("N")
         ->check(CLI::Range(1, 9999));
     commande.add_flag("--placer", d->placer, "Dessine les symboles des points");
-    commande
-        .add_option("--enregistrer", d->enregistrer,
-                    "Dessin à écrire (sans lui, DESSIN est remplacé ; l'ancien est gardé en « .bak »)")
-        ->type_name("B.dxf");
+    commande.add_option("--enregistrer", d->enregistrer, aideEnregistrer("DESSIN"))->type_name("B.dxf");
     commande.add_flag("--strict", d->strict, "N'écrit rien quand une ligne du fichier est mauvaise");
     commande.callback([d] { afficherImport(*d, importer(*d)); });
 }
@@ -56,13 +53,13 @@ void ajouterExporter(CLI::App& points)
     CLI::App& commande = *points.add_subcommand("exporter", "Écrit les points d'une table dans un fichier");
     commande.group(groupeCommandes);
     const auto d = std::make_shared<exportPointsDemande>();
-    commande.add_option("DESSIN", d->dessin, "Dessin (DXF ou DWG)")->type_name("")->required();
+    commande.add_option("DESSIN", d->dessin, aideDessin)->type_name("")->required();
     commande
         .add_option("-o,--fichier", d->fichier,
                     "Fichier à écrire : .xyz ou .txt, .html, .xml (LandXML), .geojson, .gpkg, .kml, .shp")
         ->type_name("FICHIER")
         ->required();
-    commande.add_option("--table", d->table, "Table de points (la table courante sans elle)")->type_name("NOM");
+    commande.add_option("--table", d->table, aideTable)->type_name("NOM");
     commande.add_option("--codes", d->codes, "Codes voulus : 1,5-9 (tous sans elle)")->type_name("LISTE");
     commande.add_option("--projection", d->projection, "Ce que sont les coordonnées du dessin, pour une carte")
         ->type_name("EPSG:n");
@@ -101,9 +98,9 @@ void ajouterLister(CLI::App& points)
     CLI::App& commande = *points.add_subcommand("lister", "Montre les points d'une table");
     commande.group(groupeCommandes);
     const auto c = std::make_shared<choix>();
-    commande.add_option("DESSIN", c->dessin, "Dessin (DXF ou DWG)")->type_name("")->required();
-    commande.add_option("--table", c->table, "Table de points (la table courante sans elle)")->type_name("NOM");
-    commande.add_flag("--json", c->json, "Donne tout en JSON, et rien d'autre");
+    commande.add_option("DESSIN", c->dessin, aideDessin)->type_name("")->required();
+    commande.add_option("--table", c->table, aideTable)->type_name("NOM");
+    commande.add_flag("--json", c->json, aideJson);
     commande.callback([c] {
         const std::vector<pointListe> listes = lister(c->dessin, c->table);
         c->json ? afficherJsonPoints(listes) : afficherListe(listes);

@@ -18,9 +18,7 @@ void declarerPlacement(CLI::App& commande, demandePolygonale& demande)
     };
     avecPlacer(commande.add_option("--dessin", demande.dessin, "Dessin où placer les stations (sans lui, un neuf)"),
                "D.dxf");
-    avecPlacer(commande.add_option("--enregistrer", demande.enregistrer,
-                                   "Dessin à écrire (sans lui, D.dxf est remplacé ; l'ancien est gardé en « .bak »)"),
-               "S.dxf");
+    avecPlacer(commande.add_option("--enregistrer", demande.enregistrer, aideEnregistrer("D.dxf")), "S.dxf");
     avecPlacer(commande.add_option("--code", demande.code, "Code des stations, 1 à 9999 (100 sinon)"), "N");
     avecPlacer(commande.add_flag("--altitudes", demande.altitudes, "Place aussi les altitudes"), " ");
     avecPlacer(commande.add_flag("--originale", demande.originale, "Dessine la polygonale observée (rouge)"), " ");
@@ -45,7 +43,7 @@ void ajouterGenre(CLI::App& polygonale, const char* nom, const char* description
     commande.add_option("FICHIER", choisi->demande.observations, "Fichier de polygonale (« .obs »)")
         ->type_name("")
         ->required();
-    commande.add_option("--rapport", choisi->demande.rapport, "Écrit le rapport de calcul")->type_name("F.html");
+    commande.add_option("--rapport", choisi->demande.rapport, aideRapport)->type_name("F.html");
     commande.add_flag("--strict", choisi->demande.strict,
                       "Échoue (état 1) quand la fermeture est hors de pratique ou de tolérance");
     commande
@@ -53,7 +51,7 @@ void ajouterGenre(CLI::App& polygonale, const char* nom, const char* description
                     "Écart type s d'un angle, dans l'unité du fichier : la tolérance est 2,7 s √(n+1) pour n côtés")
         ->type_name("S");
     declarerPlacement(commande, choisi->demande);
-    commande.add_flag("--json", choisi->json, "Donne tout en JSON, et rien d'autre");
+    commande.add_flag("--json", choisi->json, aideJson);
     commande.callback([choisi, traiter] {
         const Traitement traitement = traiter(choisi->demande);
         if (choisi->json)

@@ -20,20 +20,18 @@ void declarerOptions(CLI::App& commande, demandeReseau& demande)
     commande.add_option("FICHIER", demande.fichier, "Réseau « .mc » ou « .gkf », ou polygonale « .obs »")
         ->type_name("")
         ->required();
-    commande.add_option("--rapport", demande.rapport, "Écrit le rapport de calcul")->type_name("R.html");
+    commande.add_option("--rapport", demande.rapport, aideRapport)->type_name("R.html");
     commande.add_flag("--robuste{huber}", demande.robuste,
                       "Estimation robuste : de Huber, ou redescendante avec « --robuste=tukey »");
     commande.add_flag("--libre", demande.libre, "Réseau libre : aucun point n'est tenu, tous portent le réseau");
-    commande.add_flag("--json", demande.json, "Donne tout en JSON, et rien d'autre");
+    commande.add_flag("--json", demande.json, aideJson);
     commande.add_flag("--placer", demande.placer, "Place les points compensés dans la table courante du dessin");
     commande.add_flag("--ellipses", demande.ellipses, "Dessine les ellipses d'erreur et les vecteurs de déplacement");
     const auto avecDessin = [](CLI::Option* option, const char* valeur) {
         option->group("Options du dessin, avec --placer ou --ellipses")->option_text(valeur);
     };
     avecDessin(commande.add_option("--dessin", demande.dessin, "Dessin à compléter (sans lui, un neuf)"), "A.dxf");
-    avecDessin(commande.add_option("--enregistrer", demande.enregistrer,
-                                   "Dessin à écrire (sans lui, A.dxf est remplacé ; l'ancien est gardé en « .bak »)"),
-               "B.dxf");
+    avecDessin(commande.add_option("--enregistrer", demande.enregistrer, aideEnregistrer("A.dxf")), "B.dxf");
     avecDessin(commande.add_option("--code", demande.code, "Code des points, 1 à 9999 (100 sinon)"), "N");
     avecDessin(
         commande.add_option("--echelle", demande.echelle, "Agrandissement des ellipses (choisi selon le réseau sinon)"),

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "db/DatabaseImpl.h"
+#include "platform/CodePage.h"
 #include "points/projetDansDessin.h"
 
 #include "erreurProgramme.h"
@@ -33,7 +34,7 @@ void direAncienDessin(const std::string& ancien)
 projetsTopo& projetDuDessin()
 {
     if (!tablesPoints)
-        throw erreurProgramme("le dessin n'a pas de projet topographique : le module principal n'est pas chargé.");
+        throw erreurProgramme(platform::utf8FromWide(projetAbsent));
     return *tablesPoints;
 }
 

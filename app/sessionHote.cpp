@@ -8,6 +8,7 @@
 #include "commands/CommandTable.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
+#include "points/terrainVoisin.h"
 #include "rx/Console.h"
 #include "rx/ModuleTable.h"
 
@@ -20,11 +21,8 @@ namespace {
 
 // In the order of loading: the main module hands projects over to the survey module.
 constexpr std::array modulesTopo{"Vela-ARX2015-64BITS.arx", "VelaPrincipal-ARX2015-64BITS.arx"};
-// Under another licence than the rest: who leaves it out has a program without terrain models.
-constexpr char moduleTerrain[] = "KALT-ARX2015-64BITS.arx";
-
 /// Beside the program, or where an installation puts modules.
-fs::path fichierModule(const char* nom)
+fs::path fichierModule(const std::string& nom)
 {
     const fs::path dossier = fs::read_symlink("/proc/self/exe").parent_path();
     const fs::path aCote = dossier / nom;
@@ -60,7 +58,8 @@ sessionHote::sessionHote(std::ostream& flux) : lignes(flux)
     try {
         for (const char* nom : modulesTopo)
             charger(fichierModule(nom));
-        if (const fs::path terrain = fichierModule(moduleTerrain); fs::exists(terrain))
+        // Under another licence than the rest: who leaves it out has a program without terrain models.
+        if (const fs::path terrain = fichierModule(platform::utf8FromWide(moduleTerrain)); fs::exists(terrain))
             charger(terrain);
     } catch (...) {
         fermer();

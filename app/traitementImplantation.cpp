@@ -7,6 +7,7 @@
 
 #include "ap/DocumentList.h"
 #include "implantation/fichiersAppareil.h"
+#include "implantation/implantationEnLigne.h"
 #include "platform/CodePage.h"
 #include "services/reelDeTexte.h"
 
@@ -45,7 +46,7 @@ void lireReference(const std::string& texte, demandeImplantation& demande)
 demandeImplantation demandeDe(const demandeProgrammeImplantation& d)
 {
     if (d.station.empty() && d.stations.empty())
-        throw erreurProgramme("donnez la station (--station).");
+        throw erreurProgramme(utf8FromWide(stationManquante));
     if (d.points.empty() && !d.code && d.table.empty())
         throw erreurProgramme("dites quels points implanter : --points, --code ou --table.");
     demandeImplantation m;

@@ -149,8 +149,8 @@ suitesImportPoints importer(const importPoints& demande)
     lus.points = {}; // a large file weighs as much as the drawing it goes into
     suites.ajoutes = bilan.ajoutes;
     suites.table = nomDe(table);
-    if (bilan.nomsCoupes > 0)
-        suites.avertissements.push_back(std::to_string(bilan.nomsCoupes) + " nom(s) coupé(s) à 9 caractères.");
+    for (const std::wstring& phrase : phrasesNoms(bilan))
+        suites.avertissements.push_back(utf8FromWide(phrase));
     if (demande.placer)
         placer(table, premiere, observations, suites);
     else if (!observations.empty())

@@ -55,6 +55,11 @@ bool isNumber(const AcGePoint3d& point)
     return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
 }
 
+void tellNotTransformed(std::size_t refused, std::size_t all)
+{
+    tellRefused(refused, all, L" ne peut être transformé.", L" ne peuvent être transformés.");
+}
+
 } // namespace
 
 std::vector<AcDbObjectId> copyObjects(const std::vector<AcDbObjectId>& objects)
@@ -97,7 +102,7 @@ void transformObjects(const std::vector<AcDbObjectId>& objects, const AcGeMatrix
     for (const AcDbObjectId id : objects)
         if (change<AcDbEntity>(id, [&](AcDbEntity& entity) { return transformed(entity, matrix); }) != Acad::eOk)
             ++refused;
-    tellRefused(refused, objects.size(), L" ne peut être transformé.", L" ne peuvent être transformés.");
+    tellNotTransformed(refused, objects.size());
 }
 
 std::vector<AcDbObjectId> transformCopies(const std::vector<AcDbObjectId>& objects, const AcGeMatrix3d& matrix)
@@ -111,7 +116,7 @@ std::vector<AcDbObjectId> transformCopies(const std::vector<AcDbObjectId>& objec
             eraseObject(id);
         return stays;
     });
-    tellRefused(refused, all, L" ne peut être transformé.", L" ne peuvent être transformés.");
+    tellNotTransformed(refused, all);
     return copies;
 }
 

@@ -11,6 +11,7 @@
 #include "calculs/dialogueBrouillon.h"
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/panneauPolygonale.h"
+#include "calculs/phrasesDialogues.h"
 #include "calculs/placerPolygonale.h"
 #include "calculs/reseau/comparaisonPolygonale.h"
 #include "points/nomsDoubles.h"
@@ -28,9 +29,7 @@
 
 namespace {
 
-constexpr wchar_t titreCalculs[] = L"Calculs Topo";
 constexpr wchar_t erreurDeCalcul[] = L"Erreur !";
-constexpr wchar_t ouvertureImpossible[] = L"Ouverture impossible du fichier";
 constexpr wchar_t filtresPolygonale[] = L"Observations|*.obs|Sans extension|*.|Tous|*.*|Text|*.TXT||";
 constexpr std::size_t remarquesMontrees = 6;
 constexpr std::chrono::milliseconds delaiGarde{1000};  // what a crash may cost
@@ -58,7 +57,7 @@ bool remplacementAccepte(const std::wstring& choisi, const std::wstring& nom)
 std::wstring phrasePlacement(int placees, std::size_t stations, int code)
 {
     if (!tableCourante())
-        return L"Le dessin n'a pas de table de points : rien n'est placé.";
+        return sansTableDePoints;
     std::wstring phrase = std::to_wstring(placees) + L" station(s) placée(s) dans la table « " +
                           tableCourante()->getNomTable().GetString() + L" », code " + std::to_wstring(code) + L".";
     if (const std::size_t manquantes = stations - static_cast<std::size_t>(placees); manquantes > 0)

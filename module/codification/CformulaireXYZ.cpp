@@ -14,9 +14,9 @@
 #include "services/dialogueCellules.h"
 #include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
+#include "services/entierDeTexte.h"
 #include "services/grandeur.h"
 #include "services/lettres.h"
-#include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
 #include "aced.h"
@@ -176,6 +176,12 @@ std::optional<pointDuDessin> CformulaireXYZ::saisi() const
         dire(L"Tapez le numéro du point", *m_ui->editNumero);
         return std::nullopt;
     }
+    bool entier = true;
+    versAnsi(nom, &entier);
+    if (!entier) {
+        dire(L"Ce numéro a un caractère\nqu'un nom de point ne peut pas garder", *m_ui->editNumero);
+        return std::nullopt;
+    }
     if (!lireCoordonnee(*m_ui->editX, L"X n'est pas un nombre", false, x) ||
         !lireCoordonnee(*m_ui->editY, L"Y n'est pas un nombre", false, y) ||
         !lireCoordonnee(*m_ui->editZ, L"Z n'est pas un nombre", true, z))
@@ -212,8 +218,8 @@ bool CformulaireXYZ::refuserVerrouille() const
     const listePointsDuDessin& table = m_table;
     if (m_position < 0 || !estVerrouille(table.getData(m_position)->getId()))
         return false;
-    afficherAvertissement(L"Coordonn\u00e9es XYZ", L"Le symbole de ce point est sur un calque verrouill\u00e9 :\n"
-                                                   L"d\u00e9verrouillez-le d'abord");
+    afficherAvertissement(L"Coordonnées XYZ", L"Le symbole de ce point est sur un calque verrouillé :\n"
+                                              L"déverrouillez-le d'abord");
     return true;
 }
 

@@ -9,9 +9,10 @@
 #include "codification/dialogueImageBloc.h"
 #include "codification/regleCode.h"
 #include "services/dialogueCellules.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
-#include "services/nombresTexte.h"
+#include "services/entierDeTexte.h"
 #include "services/reelDeTexte.h"
 
 #include "ui_DlgCodification.h"
@@ -128,15 +129,8 @@ bool DlgCodification::validerNumero()
 
 bool DlgCodification::validerTaille()
 {
-    const std::wstring taille = m_ui->editTaille->text().toStdWString();
-    const std::wstring remarque = remarqueNombre(L"la taille", taille);
-    const bool bornee = tailleValable(reelDeTexte(taille));
-    if (bornee && remarque.empty())
-        return true;
-    avertirErreur(bornee ? remarque : L"Entrez un nombre compris entre 1e-006 et 1e+006.");
-    m_ui->editTaille->setFocus();
-    m_ui->editTaille->selectAll();
-    return false;
+    double taille = 0.0;
+    return lireChamp(*m_ui->editTaille, L"la taille", taille, tailleMin, tailleMax);
 }
 
 bool DlgCodification::validerCalques()

@@ -23,7 +23,7 @@ AcDbObjectId blocDesigne()
     return reference.openStatus() == Acad::eOk ? reference->blockTableRecord() : AcDbObjectId();
 }
 
-std::optional<std::wstring> texteDesigne()
+std::optional<std::wstring> commentaireDesigne()
 {
     const AcDbObjectPointer<AcDbEntity> entite(designerEntite(L"\nCommentaire:"));
     if (entite.openStatus() != Acad::eOk)
@@ -68,7 +68,7 @@ void DlgInfosBlock::choisir()
 
 void DlgInfosBlock::modifier()
 {
-    const auto texte = saisirDansDessin(texteDesigne);
+    const auto texte = saisirDansDessin(commentaireDesigne);
     if (!texte)
         return;
     const CAcadUndoGroup groupe;

@@ -9,6 +9,7 @@
 #include "services/blocFichier.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
+#include "services/definitionsDessin.h"
 #include "services/lettres.h"
 
 #include "dbapserv.h"
@@ -76,13 +77,7 @@ bool conformerSymbole(const AcDbObjectId& id, int code, tableCodification& table
 std::wstring nomBlocSymbole(const AcDbObjectId& id)
 {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
-    if (reference.openStatus() != Acad::eOk)
-        return {};
-    const AcDbObjectPointer<AcDbBlockTableRecord> bloc(reference->blockTableRecord());
-    const wchar_t* nom = L"";
-    if (bloc.openStatus() == Acad::eOk)
-        bloc->getName(nom);
-    return nom;
+    return reference.openStatus() == Acad::eOk ? nomDefinition(reference->blockTableRecord()) : std::wstring();
 }
 
 symbolesDuCode symbolesARedessiner(int code, const std::wstring& chemin)

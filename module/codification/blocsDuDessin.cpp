@@ -7,6 +7,7 @@
 
 #include "codification/descriptionBloc.h"
 #include "codification/parcoursBloc.h"
+#include "services/definitionsDessin.h"
 #include "services/lettres.h"
 
 #include "dbapserv.h"
@@ -54,27 +55,7 @@ std::vector<AcDbObjectId> idsDesBlocs()
     return ids;
 }
 
-std::wstring nomDe(const AcDbObjectId& id)
-{
-    const AcDbObjectPointer<AcDbSymbolTableRecord> enregistrement(id);
-    const wchar_t* nom = L"";
-    if (enregistrement.openStatus() == Acad::eOk)
-        enregistrement->getName(nom);
-    return nom;
-}
-
 } // namespace
-
-AcDbObjectId blocNomme(const std::wstring& nom)
-{
-    AcDbBlockTable* blocs = nullptr;
-    AcDbObjectId id;
-    if (!dessin() || dessin()->getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
-        return id;
-    blocs->getAt(nom.c_str(), id);
-    blocs->close();
-    return id;
-}
 
 bool etendueBloc(const AcDbBlockTableRecord& bloc, AcDbExtents& etendue)
 {
@@ -90,7 +71,7 @@ blocDuDessin blocDe(const AcDbObjectId& id)
 {
     blocDuDessin bloc;
     bloc.id = id;
-    bloc.nom = nomDe(id);
+    bloc.nom = nomDefinition(id);
     bloc.description = lireDescriptions(id).bloc;
     const AcDbObjectPointer<AcDbBlockTableRecord> definition(id);
     if (definition.openStatus() == Acad::eOk) {
@@ -105,7 +86,7 @@ std::vector<blocDuDessin> blocsDuDessin()
     auto occurrences = occurrencesParBloc();
     std::vector<blocDuDessin> blocs;
     for (const AcDbObjectId& id : idsDesBlocs()) {
-        if (nomDe(id).starts_with(L'*'))
+        if (nomDefinition(id).starts_with(L'*'))
             continue;
         blocs.push_back(blocDe(id));
         blocs.back().occurrences = occurrences[id];
@@ -121,7 +102,7 @@ std::vector<AcDbObjectId> calquesUtilises()
     dansEspaceObjet([&](const AcDbEntity& entite) { rencontres.insert(entite.layerId()); });
     std::vector<std::pair<std::wstring, AcDbObjectId>> nommes;
     for (const AcDbObjectId& calque : rencontres)
-        nommes.emplace_back(enMinuscules(nomDe(calque)), calque);
+        nommes.emplace_back(enMinuscules(nomDefinition(calque)), calque);
     std::sort(nommes.begin(), nommes.end());
     std::vector<AcDbObjectId> calques;
     for (const auto& nomme : nommes)

@@ -7,9 +7,6 @@
 
 class AcDbBlockTableRecord;
 
-/// The block of that name in the working drawing; null when there is none.
-AcDbObjectId blocNomme(const std::wstring& nom);
-
 /// Extent of what a block holds, in its own coordinates; attributes to come do not count.
 /// @return false when it shows nothing.
 bool etendueBloc(const AcDbBlockTableRecord& bloc, AcDbExtents& etendue);

@@ -58,8 +58,5 @@ struct codifPoint {
     int ecrireTexte(std::ostream& flux) const;
 };
 
-/// Characters that do not count at the ends of names, paths and lines that users type.
-inline constexpr const wchar_t* blancsSaisie = L" \t,;.";
-
 /// Full path of a block of the module's library.
 std::wstring cheminBiblio(const wchar_t* fichier);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "services/ajoutEntites.h"
+#include "services/definitionsDessin.h"
 #include "services/espaceObjet.h"
 
 #include "dbapserv.h"
@@ -19,15 +20,6 @@ struct contenuLigne {
     std::wstring texte;
 };
 
-std::wstring nomCalque(const AcDbObjectId& id)
-{
-    const AcDbObjectPointer<AcDbLayerTableRecord> calque(id);
-    const wchar_t* nom = L"";
-    if (calque.openStatus() == Acad::eOk)
-        calque->getName(nom);
-    return nom;
-}
-
 std::vector<contenuLigne> contenuDe(std::span<const blocDuDessin> blocs, bool avecCalques)
 {
     std::vector<contenuLigne> lignes;
@@ -35,7 +27,7 @@ std::vector<contenuLigne> contenuDe(std::span<const blocDuDessin> blocs, bool av
         lignes.push_back({&bloc, {}, bloc.description.empty() ? bloc.nom : bloc.description});
     if (avecCalques)
         for (const AcDbObjectId& calque : calquesUtilises())
-            lignes.push_back({nullptr, calque, nomCalque(calque)});
+            lignes.push_back({nullptr, calque, nomDefinition(calque)});
     return lignes;
 }
 

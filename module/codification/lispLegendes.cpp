@@ -26,7 +26,7 @@ int lispTablegendes()
     DlgTableLegendes dialogue(blocsDuDessin(), parametresLegende());
     ads_point place{};
     if (dialogue.exec() != QDialog::Accepted ||
-        acedGetPoint(nullptr, L"\nPosition des la table des l\u00e9gendes", place) != RTNORM)
+        acedGetPoint(nullptr, L"\nPosition des la table des légendes", place) != RTNORM)
         return RTNORM;
     const CAcadUndoGroup groupe;
     dessinerLegende(dialogue.choisis(), dialogue.parametres(), {place[0], place[1], place[2]});

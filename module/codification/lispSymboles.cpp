@@ -16,10 +16,12 @@
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
 #include "services/codages.h"
+#include "services/definitionsDessin.h"
 #include "services/listeLisp.h"
 #include "services/selection.h"
 
 #include "aced.h"
+#include "dbapserv.h"
 #include "dbsymtb.h"
 
 namespace {
@@ -61,7 +63,8 @@ int lispCalctailleblock()
     std::wstring nom;
     if (!arguments.lireTexte(nom) || !arguments.fini())
         return refuserParametres();
-    const AcDbObjectPointer<AcDbBlockTableRecord> bloc(blocNomme(nom));
+    AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
+    const AcDbObjectPointer<AcDbBlockTableRecord> bloc(db ? blocNomme(*db, nom) : AcDbObjectId());
     AcDbExtents etendue;
     if (bloc.openStatus() != Acad::eOk || !etendueBloc(*bloc.object(), etendue))
         return rendreNil();
@@ -232,8 +235,8 @@ int lispDissocblock()
         else
             ++(dissocierBloc(id) ? blocs.changes : blocs.echecs);
     signalerVerrouilles(blocs.verrouilles);
-    acutPrintf(L"\n%d bloc(s) dissoci\u00e9(s)", blocs.changes);
+    acutPrintf(L"\n%d bloc(s) dissocié(s)", blocs.changes);
     if (blocs.echecs > 0)
-        acutPrintf(L"\n%d bloc(s) n'ont pas pu \u00eatre dissoci\u00e9s et restent tels quels", blocs.echecs);
+        acutPrintf(L"\n%d bloc(s) n'ont pas pu être dissociés et restent tels quels", blocs.echecs);
     return RTNORM;
 }

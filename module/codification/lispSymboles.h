@@ -1,7 +1,8 @@
 #pragma once
 
 /// AutoLISP functions on the symbols of points. Arguments other than those named print "\nparametres incorrects." and
-/// give nil; without a project, functions that need the current table give nil.
+/// give nil; without a project, functions that need the current table give nil. Symbols on locked layers stay as they
+/// are, and are told at the command line.
 
 /// (calctailleblock name): width and height of a block of the drawing, as a 2D point, its attribute definitions left
 /// out; nil when there is no such block or it shows nothing.
@@ -27,8 +28,8 @@ int lispUpdarxttxt();
 /// (sxd entity list): gives an entity extended data of "VELAPLUS", in place of those it had: pairs (code . value), or
 /// lists (code x y z); nil takes them away. Gives T, or nil after "\nErreur de entmod=%d".
 int lispSxd();
-/// (superpos [distance]): the points of the current table whose symbols stand nearer than `distance` (0.001 unless
-/// told) to another's, in the plane: a list of groups of names. Prints their number.
+/// (superpos [distance]): the points of the current table that stand nearer than `distance` (0.001 unless told) to
+/// another, in the plane: a list of groups of names. Prints how many groups there are.
 int lispSuperpos();
 /// (c:DISSOCBLOCK): asks "\nSelectionnez les elements a dissocier" and replaces block references by the entities they
 /// show; visible attributes become texts. Points that had them are no longer drawn, until it is undone.

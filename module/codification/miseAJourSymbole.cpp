@@ -5,8 +5,8 @@
 
 #include "codification/attributsBloc.h"
 #include "points/attribsPoints.h"
+#include "services/entierDeTexte.h"
 #include "services/lireNombre.h"
-#include "services/nombresTexte.h"
 
 #include "dbapserv.h"
 

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "services/definitionsDessin.h"
+
 #include "dbmain.h"
 #include "dbsymtb.h"
 
@@ -25,13 +27,7 @@ void pourChaqueEntite(const AcDbBlockTableRecord& bloc, Pour&& pour)
 template <typename Pour>
 void pourChaqueEntite(AcDbDatabase& dessin, Pour&& pour)
 {
-    AcDbBlockTable* blocs = nullptr;
-    AcDbObjectId id;
-    if (dessin.getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
-        return;
-    blocs->getAt(ACDB_MODEL_SPACE, id);
-    blocs->close();
-    const AcDbObjectPointer<AcDbBlockTableRecord> espace(id);
+    const AcDbObjectPointer<AcDbBlockTableRecord> espace(blocNomme(dessin, ACDB_MODEL_SPACE));
     if (espace.openStatus() == Acad::eOk)
         pourChaqueEntite(*espace.object(), pour);
 }

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "codification/tableCodification.h"
+#include "services/entierDeTexte.h"
 #include "services/lettres.h"
-#include "services/nombresTexte.h"
 
 #include "acedads.h"
 #include "acutads.h"
@@ -62,7 +62,7 @@ const wchar_t* const regleNomsCalques =
 
 bool tailleValable(double taille)
 {
-    return taille >= 1e-6 && taille <= 1e6;
+    return taille >= tailleMin && taille <= tailleMax;
 }
 
 bool calqueValable(std::wstring_view nom)

@@ -11,7 +11,8 @@ class tableCodification;
 
 // What a code may hold. The dialogs, the AutoLISP functions and the readers of files keep to the same rules.
 
-/// Whether symbols may have that size: 1e-6 to 1e6.
+/// The sizes that symbols may have.
+inline constexpr double tailleMin = 1e-6, tailleMax = 1e6;
 bool tailleValable(double taille);
 
 /// Whether a layer may bear the name, blanks at its ends aside; an empty one stands for layer "0".

@@ -7,6 +7,7 @@
 #include "codification/donneesEtendues.h"
 #include "points/attribsPoints.h"
 #include "services/blocFichier.h"
+#include "services/definitionsDessin.h"
 #include "services/formatNombres.h"
 #include "services/lettres.h"
 
@@ -61,17 +62,11 @@ namespace {
 
 AcDbBlockReference* ajouterReference(AcDbDatabase& db, const AcGePoint3d& place, AcDbObjectId bloc)
 {
-    AcDbBlockTable* blocs = nullptr;
-    if (db.getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
-        return nullptr;
-    AcDbBlockTableRecord* espace = nullptr;
-    const Acad::ErrorStatus ouvert = blocs->getAt(ACDB_MODEL_SPACE, espace, AcDb::kForWrite);
-    blocs->close();
-    if (ouvert != Acad::eOk)
+    const AcDbObjectPointer<AcDbBlockTableRecord> espace(blocNomme(db, ACDB_MODEL_SPACE), AcDb::kForWrite);
+    if (espace.openStatus() != Acad::eOk)
         return nullptr;
     auto reference = std::make_unique<AcDbBlockReference>(place, bloc);
     const bool ajoutee = espace->appendAcDbEntity(reference.get()) == Acad::eOk;
-    espace->close();
     return ajoutee ? reference.release() : nullptr; // open for write
 }
 

@@ -35,7 +35,7 @@ void listePointsDuDessin::mettreAJourSymbole(int i, const wchar_t* observation)
 void listePointsDuDessin::updateDrawing()
 {
     const CAcadUndoGroup groupe;
-    dialogueProgression avancement(L"Mise \u00e0 jour du dessin", nbPoint() - 1);
+    dialogueProgression avancement(L"Mise à jour du dessin", nbPoint() - 1);
     for (int i = 0; i < nbPoint(); ++i) {
         mettreAJourSymbole(i);
         avancement.avancer();

@@ -38,7 +38,7 @@ constexpr const wchar_t* nomFichier = L"defcodif";
 
 // Intended: another label for the records of getLibelle; users tell by it how a code came to be.
 constexpr const wchar_t* debutCodif = L"Code ";
-constexpr const wchar_t* debutLibelle = L"Code N\u00b0 ";
+constexpr const wchar_t* debutLibelle = L"Code N° ";
 
 codifPoint codifNeuve(int code, const wchar_t* debut)
 {

@@ -8,9 +8,9 @@
 #include "codification/codifPoint.h"
 #include "codification/regleCode.h"
 #include "services/codages.h"
+#include "services/entierDeTexte.h"
 #include "services/formatNombres.h"
 #include "services/lettres.h"
-#include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
 /// The text form of one code.

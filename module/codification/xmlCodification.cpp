@@ -6,9 +6,10 @@
 #include <tinyxml.h>
 
 #include "services/codages.h"
+#include "services/entierDeTexte.h"
 #include "services/formatNombres.h"
-#include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
+#include "services/Uncopyable.h"
 
 namespace {
 
@@ -66,12 +67,10 @@ const champXml champs[] = {
 };
 
 /// Blanks inside texts count: the library would make one of several. Its setting is one for the whole process.
-class blancsGardes {
+class blancsGardes : Uncopyable {
 public:
     blancsGardes() : avant(TiXmlBase::IsWhiteSpaceCondensed()) { TiXmlBase::SetCondenseWhiteSpace(false); }
     ~blancsGardes() { TiXmlBase::SetCondenseWhiteSpace(avant); }
-    blancsGardes(const blancsGardes&) = delete;
-    blancsGardes& operator=(const blancsGardes&) = delete;
 
 private:
     bool avant;

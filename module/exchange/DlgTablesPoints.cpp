@@ -88,7 +88,7 @@ void DlgTablesPoints::renommer()
     if (ligne < 0)
         return;
     const std::wstring tape = m_ui->editNom->text().toStdWString();
-    m_projet.getTable(ligne)->setNomTable(std::wstring(sansBlancs(tape, std::wstring_view(L" \t,;."))).c_str());
+    m_projet.getTable(ligne)->setNomTable(std::wstring(sansBlancs(tape, blancsSaisie)).c_str());
     afficherLigne(ligne);
     afficherCourante();
 }

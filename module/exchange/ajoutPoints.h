@@ -32,8 +32,9 @@ std::vector<pointDuDessin> pointsObserves(const listePointsDuDessin& table, cons
 
 struct bilanAjout {
     int ajoutes = 0, renumerotes = 0, remplaces = 0, laisses = 0;
-    int nomsCoupes = 0; ///< names longer than a table keeps
-    int observes = 0;   ///< points whose observation waits for a symbol
+    int nomsCoupes = 0;  ///< names longer than a table keeps
+    int nomsAlteres = 0; ///< names with characters that a table does not keep
+    int observes = 0;    ///< points whose observation waits for a symbol
 };
 
 /// How many of these points bear a name of the table: as the table keeps it, letter case and blanks around it aside.
@@ -42,3 +43,6 @@ int nombreNomsExistants(const listePointsDuDessin& table, std::span<const pointX
 /// Adds points to the table; what they observe waits in `observations`. One undo group.
 VELA_EXPORT bilanAjout ajouterPoints(listePointsDuDessin& table, std::span<const pointXYZ> points, nomsExistants choix,
                                      observationsEnAttente& observations);
+
+/// French sentences on names that the table keeps otherwise than they came.
+VELA_EXPORT std::vector<std::wstring> phrasesNoms(const bilanAjout& bilan);

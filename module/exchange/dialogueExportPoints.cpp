@@ -1,6 +1,7 @@
 #include "exchange/dialogueExportPoints.h"
 
 #include "exchange/exportTable.h"
+#include "exchange/pointsLus.h"
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
 #include "services/dialogueModule.h"
@@ -53,7 +54,7 @@ exporterFichierPoints(const listePointsDuDessin& table, std::span<const int> pla
         return exporterTable(table, places, codes, *fichier, *projection, [&avancement] { avancement.avancer(); });
     }();
     if (issue.issue != issueEcriture::ecrit) {
-        afficherAvertissement(L"erreur", L"Erreur ouverture de fichier");
+        afficherAvertissement(L"erreur", erreurOuverture);
         return std::vector{issue.raison};
     }
     return std::vector{std::to_wstring(places.size()) + L" point(s) exporté(s) : " + *fichier};

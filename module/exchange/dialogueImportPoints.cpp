@@ -51,7 +51,7 @@ std::optional<std::vector<std::wstring>> importerFichierPoints(listePointsDuDess
     if (!lus)
         return std::nullopt;
     if (!lus->lisible)
-        afficherAvertissement(L"erreur", L"Erreur ouverture de fichier");
+        afficherAvertissement(L"erreur", erreurOuverture);
     auto choix = nomsExistants::ajouter;
     if (const int existants = nombreNomsExistants(table, lus->points); existants > 0) {
         const auto voulu = demanderNomsExistants(existants);

@@ -142,11 +142,7 @@ std::string contenuXYZ(std::span<const pointXYZ> points)
 
 std::wstring cheminPointsElague(std::wstring_view chemin)
 {
-    constexpr std::wstring_view elagues = L" \t,;.";
-    const std::size_t debut = chemin.find_first_not_of(elagues);
-    if (debut == std::wstring_view::npos)
-        return {};
-    return std::wstring(chemin.substr(debut, chemin.find_last_not_of(elagues) - debut + 1));
+    return std::wstring(sansBlancs(chemin, blancsSaisie));
 }
 
 std::wstring cheminAvecXYZ(std::wstring_view chemin)

@@ -12,9 +12,9 @@
 #include "points/attribsPoints.h"
 #include "points/listePointsDuDessin.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/entierDeTexte.h"
 #include "services/lettres.h"
 #include "services/lireNombre.h"
-#include "services/nombresTexte.h"
 
 #include "acutmem.h"
 #include "dbents.h"

@@ -8,6 +8,7 @@
 #include "exchange/celluleLue.h"
 #include "services/codages.h"
 #include "services/lettres.h"
+#include "services/reelDeTexte.h"
 
 namespace {
 
@@ -174,11 +175,11 @@ private:
         for (std::size_t i = 0; i < m_cellules.size() && i < coordonnees.size(); ++i) {
             const std::optional<double> nombre = nombreDeCellule(m_cellules[i]);
             if (!nombre)
-                return ecarter(L"« " + depuisUtf8(m_cellules[i]) + L" » n'est pas un nombre.");
+                return ecarter(pasUnNombre(depuisUtf8(m_cellules[i])));
             coordonnees[i] = *nombre * m_metres;
         }
         if (m_cellules.size() < 2)
-            return ecarter(L"nord et est absents.");
+            return ecarter(L"coordonnées nord et est absentes.");
         m_point.x = coordonnees[1];
         m_point.y = coordonnees[0];
         if (m_cellules.size() > 2)

@@ -1,7 +1,5 @@
 #include "exchange/phrasesImport.h"
 
-#include "points/pointDuDessin.h"
-
 std::vector<std::wstring> phrasesImport(std::wstring_view fichier, const pointsLus& lus, const bilanAjout& bilan)
 {
     std::vector<std::wstring> phrases{std::wstring(fichier) + L" : " + std::to_wstring(lus.points.size()) +
@@ -13,9 +11,8 @@ std::vector<std::wstring> phrasesImport(std::wstring_view fichier, const pointsL
     dire(bilan.renumerotes, L" point(s) renuméroté(s) après le plus grand numéro.");
     dire(bilan.remplaces, L" point(s) de la table remplacé(s).");
     dire(bilan.laisses, L" point(s) laissé(s) de côté, leur nom existant déjà.");
-    if (bilan.nomsCoupes > 0)
-        phrases.push_back(std::to_wstring(bilan.nomsCoupes) + L" nom(s) coupé(s) à " +
-                          std::to_wstring(pointDuDessin::longueurNom) + L" caractères.");
+    for (std::wstring& phrase : phrasesNoms(bilan))
+        phrases.push_back(std::move(phrase));
     dire(bilan.observes, L" observation(s) : « Placer » les écrira sur les symboles.");
     for (std::wstring& phrase : phrasesProblemes(fichier, lus))
         phrases.push_back(std::move(phrase));

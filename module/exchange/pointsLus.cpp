@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "codification/regleCode.h"
+#include "points/codeValable.h"
 
 namespace {
 

@@ -38,6 +38,8 @@ struct pointsLus {
 /// when nothing does.
 std::wstring remarquesSur(const pointXYZ& point);
 inline constexpr const wchar_t* pointSansNom = L"point sans nom.";
+/// What a box says of a point file that cannot be opened, read or written; reasons stand elsewhere.
+inline constexpr const wchar_t* erreurOuverture = L"Erreur ouverture de fichier";
 
 /// French sentences for the user, "leve.csv, ligne 3 : ...", the last one telling how many are not listed.
 /// @param fichier its name, as the sentences are to show it

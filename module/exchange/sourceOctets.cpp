@@ -1,6 +1,7 @@
 #include "exchange/sourceOctets.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "services/codages.h"
 
@@ -99,9 +100,12 @@ std::size_t sourceUtf16::lireSuite(char* cible, std::size_t taille)
         m_lus.resize(reste + bloc);
         const std::size_t lus = m_source.lire(m_lus.data() + reste, bloc);
         m_lus.resize(reste + lus);
-        if (lus == 0)
+        if (lus > 0)
+            convertir(m_lus.size() & ~std::size_t{1});
+        else if (std::exchange(m_moitie, 0U) != 0)
+            m_convertis = '?';
+        else
             return 0;
-        convertir(m_lus.size() & ~std::size_t{1});
     }
     const std::size_t donnes = donner(std::string_view(m_convertis).substr(m_donnes), cible, taille);
     m_donnes += donnes;

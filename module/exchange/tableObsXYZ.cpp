@@ -12,7 +12,7 @@ namespace {
 
 int refuser()
 {
-    afficherAvertissement(L"erreur", L"Erreur ouverture de fichier");
+    afficherAvertissement(L"erreur", erreurOuverture);
     return 0;
 }
 

@@ -1,6 +1,6 @@
 #include "implantation/CDlgNumerotation.h"
 
-#include "services/nombresTexte.h"
+#include "services/entierDeTexte.h"
 
 #include "ui_CDlgNumerotation.h"
 

@@ -4,8 +4,8 @@
 
 #include "codification/regleCode.h"
 #include "services/dialogueMessage.h"
+#include "services/entierDeTexte.h"
 #include "services/grandeur.h"
-#include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
 #include "ui_CDlgParamImplantation.h"

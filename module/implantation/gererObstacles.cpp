@@ -40,11 +40,16 @@ bool memeEntite(const std::unique_ptr<obstacleImplantation>& obstacle, const AcD
     return obstacle->id == id;
 }
 
+void signalerRefus()
+{
+    acutPrintf(L"\nCette entité ne peut pas être modifiée : calque verrouillé ?");
+}
+
 /// One obstacle an entity: the one it was gives way.
 void ajouter(travailImplantation& travail, std::unique_ptr<obstacleImplantation> neuf)
 {
     if (!neuf->save()) {
-        acutPrintf(L"\nCette entit\u00e9 ne peut pas \u00eatre modifi\u00e9e : calque verrouill\u00e9 ?");
+        signalerRefus();
         return;
     }
     neuf->highlight(true);
@@ -188,7 +193,7 @@ void retirer(travailImplantation& travail, const AcDbObjectId& id)
         return;
     }
     if (!(*trouve)->detach()) {
-        acutPrintf(L"\nCette entit\u00e9 ne peut pas \u00eatre modifi\u00e9e : calque verrouill\u00e9 ?");
+        signalerRefus();
         return;
     }
     travail.obstacles.erase(trouve);

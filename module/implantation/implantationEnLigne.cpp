@@ -21,6 +21,11 @@ struct refus {
     std::wstring phrase;
 };
 
+std::wstring pointAbsent(const std::wstring& nom)
+{
+    return L"le point « " + nom + L" » n'est dans aucune table de points du dessin.";
+}
+
 lieuNomme pointExige(const std::wstring& nom)
 {
     if (auto lieu = pointNomme(nom)) {
@@ -28,14 +33,14 @@ lieuNomme pointExige(const std::wstring& nom)
             return *lieu;
         throw refus{L"le point « " + nom + L" » n'a pas de coordonnées."};
     }
-    throw refus{L"le point « " + nom + L" » n'est dans aucune table de points du dessin."};
+    throw refus{pointAbsent(nom)};
 }
 
 const listePointsDuDessin& tableDemandee(const demandeImplantation& demande)
 {
     const listePointsDuDessin* const courante = tableCourante();
     if (!courante)
-        throw refus{L"le dessin n'a pas de projet topographique : le module principal n'est pas chargé."};
+        throw refus{projetAbsent};
     if (demande.table.empty())
         return *courante;
     for (int i = 0; i < tablesPoints->nbTables(); ++i)
@@ -80,7 +85,7 @@ void signalerAbsents(const demandeImplantation& demande, suitesImplantation& sui
         const std::wstring nom(sansBlancs(reste.substr(0, virgule), L" \t"));
         reste.remove_prefix(std::min(virgule + 1, reste.size()));
         if (!nom.empty() && nom.find_first_of(L"*?#@.[~`-") == std::wstring::npos && !pointNomme(nom))
-            suites.avertissements.push_back(L"Le point « " + nom + L" » n'est dans aucune table de points du dessin.");
+            suites.avertissements.push_back(pointAbsent(nom));
     }
 }
 
@@ -99,7 +104,7 @@ void mettreEnStation(const demandeImplantation& demande, travailImplantation& tr
     if (!demande.station.empty())
         noms.insert(noms.begin(), demande.station);
     if (noms.empty())
-        throw refus{L"donnez la station (--station)."};
+        throw refus{stationManquante};
     for (const std::wstring& nom : noms) {
         const lieuNomme station = pointExige(nom);
         if (demande.v0)

@@ -38,4 +38,6 @@ struct suitesImplantation {
     std::string rapport;            ///< page in Windows-1252
 };
 
+inline constexpr const wchar_t* stationManquante = L"donnez la station (--station).";
+
 VELA_EXPORT suitesImplantation implanterEnLigne(const demandeImplantation& demande);

@@ -6,6 +6,7 @@
 
 #include "points/journalProjet.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/Uncopyable.h"
 
 #include "acdocman.h"
 #include "aced.h"
@@ -18,12 +19,10 @@ constexpr int groupeNumero = 90;
 
 /// Does something at its end, also when that is an exception.
 template <class Fin>
-class enAttendant {
+class enAttendant : Uncopyable {
 public:
     explicit enAttendant(Fin laFin) : fin(laFin) {}
     ~enAttendant() { fin(); }
-    enAttendant(const enAttendant&) = delete;
-    enAttendant& operator=(const enAttendant&) = delete;
 
 private:
     Fin fin;

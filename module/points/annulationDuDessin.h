@@ -1,5 +1,7 @@
 #pragma once
 
+#include "services/Uncopyable.h"
+
 class AcDbDatabase;
 class projetsTopo;
 
@@ -9,19 +11,17 @@ class projetsTopo;
 
 /// From now on, and until the drawing or the project goes. A drawing without history is left alone.
 void suivreAnnulation(AcDbDatabase& dessin, projetsTopo& projet);
+/// The project goes.
+void oublierAnnulation(const projetsTopo& projet);
+
 /// What is put into the drawing meanwhile, for it to be saved, is no change that goes with one of the tables.
-class sauvegardeEnCours {
+class sauvegardeEnCours : Uncopyable {
 public:
     sauvegardeEnCours() { ++profondeur; }
     ~sauvegardeEnCours() { --profondeur; }
-    sauvegardeEnCours(const sauvegardeEnCours&) = delete;
-    sauvegardeEnCours& operator=(const sauvegardeEnCours&) = delete;
 
     static bool active() { return profondeur > 0; }
 
 private:
     static inline int profondeur = 0;
 };
-
-/// The project goes.
-void oublierAnnulation(const projetsTopo& projet);

@@ -3,7 +3,7 @@
 #include "dbid.h"
 #include "gepnt3d.h"
 
-/// What a point does with the entity that shows it. The only calls of the point tables to the drawing.
+/// What a point does with the entity that shows it. Point tables call the drawing here, and to ask for locked layers.
 /// An id that is null, erased or of another drawing is left alone.
 
 /// Erases the entity.

@@ -7,6 +7,7 @@
 #include "points/memoireTable.h"
 #include "points/projetsTopo.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/Uncopyable.h"
 
 /// The drawing of a project, as its journal sees it.
 class dessinDuJournal {
@@ -25,14 +26,12 @@ public:
 /// is found by comparison. A number that undo brings back is always one of the steps, for a new step forgets those
 /// that were taken back just as the drawing does.
 /// Steps take memory for what they changed; the oldest go when they hold too much.
-class journalProjet {
+class journalProjet : Uncopyable {
 public:
     static constexpr std::size_t plafondOctets = std::size_t{256} << 20U;
 
     journalProjet(projetsTopo& leProjet, dessinDuJournal& leDessin, std::size_t lePlafond = plafondOctets);
     ~journalProjet();
-    journalProjet(const journalProjet&) = delete;
-    journalProjet& operator=(const journalProjet&) = delete;
 
     /// The journal of a project, null when it has none.
     static journalProjet* de(const projetsTopo& projet);

@@ -55,7 +55,8 @@ public:
     /// Puts a point in place of another, whose name no longer finds it.
     void remplacerPoint(int i, const pointDuDessin& point);
     void changerCode(int i, int code);
-    /// Removes the point found by that name and erases the entity that shows it; a name not found changes nothing.
+    /// Removes the point found by that name and erases the entity that shows it; a name not found changes nothing. One
+    /// whose entity is on a locked layer stays, and is told at the command line.
     /// The last point of the table takes its place, so the order changes. An earlier point of the same name stays, but
     /// is not found any more.
     void supprimerPoint(const wchar_t* nom);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "points/pointDuDessin.h"
+#include "services/Uncopyable.h"
 
 class journalProjet;
 class listePointsDuDessin;
@@ -25,11 +26,9 @@ struct changementTable {
 
 /// What a table was at the last step of its journal, as far as it may have changed since: points are copied, a page at
 /// a time, before they change. Those handed out for changes stay copied, for who holds them tells nobody.
-class memoireTable {
+class memoireTable : Uncopyable {
 public:
     memoireTable(journalProjet& leJournal, const listePointsDuDessin& laTable);
-    memoireTable(const memoireTable&) = delete;
-    memoireTable& operator=(const memoireTable&) = delete;
 
     // To be called before the table changes.
     void avantDAjouter();

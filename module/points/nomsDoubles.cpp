@@ -43,8 +43,8 @@ std::wstring phraseNomsDoubles(const listePointsDuDessin& table, int premier)
     if (doubles.size() > cites)
         liste += L", etc";
     return doubles.size() == 1 ? L"Plusieurs points de la table portent le nom " + liste + L"."
-                               : L"Plusieurs points de la table portent chacun de ces " +
-                                     std::to_wstring(doubles.size()) + L" noms : " + liste + L".";
+                               : L"Chacun de ces " + std::to_wstring(doubles.size()) +
+                                     L" noms est porté par plusieurs points de la table : " + liste + L".";
 }
 
 void direNomsDoubles(const listePointsDuDessin& table, int premier)

@@ -71,7 +71,7 @@ void signalerNonFinis(const projetsTopo& projet)
         }
     }
     if (nombre > 0)
-        acutPrintf(L"\n%d point(s) avec une coordonn\u00e9e qui n'est pas un nombre : elle est enregistr\u00e9e comme "
+        acutPrintf(L"\n%d point(s) avec une coordonnée qui n'est pas un nombre : elle est enregistrée comme "
                    L"inconnue.",
                    nombre);
 }
@@ -110,7 +110,7 @@ void setSrcInfosTopo(AcDbDatabase* db, projetsTopo* projet, int sauver, int lire
         return;
     if (lire) {
         ResbufSerializer s(chaineStockee(dessin));
-        acutPrintf(L"\nLecture des donn\u00e9es Topo");
+        acutPrintf(L"\nLecture des données Topo");
         tablesPoints->GetFromXRecord(&s);
     }
     if (dessin)
@@ -144,7 +144,7 @@ void enregistrerInfosTopo()
     if (!stocker(db, s.chaine())) {
         enregistrees = 0;
         acutPrintf(messageErreurEcriture);
-        acutPrintf(L"\nLes tables de points n'ont pas pu \u00eatre enregistr\u00e9es dans le dessin.");
+        acutPrintf(L"\nLes tables de points n'ont pas pu être enregistrées dans le dessin.");
     }
 }
 

@@ -11,6 +11,10 @@ class AcDbDatabase;
 /// The project of the drawing in hand, handed over by the family's main module, which owns it; null until then.
 extern VELA_EXPORT projetsTopo* tablesPoints;
 
+/// For users, where there is none.
+inline constexpr const wchar_t* projetAbsent =
+    L"le dessin n'a pas de projet topographique : le module principal n'est pas chargé.";
+
 /// Whether saving a drawing stores the project in it. When it is 0, saving stores an empty record instead.
 extern VELA_EXPORT int sauverInfosTopo;
 

@@ -30,5 +30,5 @@ void ptsEn3d()
             ajouterEspaceObjet(std::make_unique<AcDbPoint>(position));
     }
     // Intended: the size of the table, not the number of entities made.
-    acutPrintf(L"\n %d points plac\u00e9s", table->nbPoint());
+    acutPrintf(L"\n %d points placés", table->nbPoint());
 }

@@ -3,18 +3,18 @@
 #include <string>
 #include <vector>
 
+#include "services/Uncopyable.h"
+
 #include "adsdef.h"
 #include "dbid.h"
 #include "gepnt3d.h"
 
 /// The arguments of the AutoLISP function being called, read one after the other. A read that finds another kind of
 /// value answers false and stays in front of it. A number that is not finite is none.
-class argumentsLisp {
+class argumentsLisp : Uncopyable {
 public:
     argumentsLisp();
     ~argumentsLisp();
-    argumentsLisp(const argumentsLisp&) = delete;
-    argumentsLisp& operator=(const argumentsLisp&) = delete;
 
     bool fini() const { return suivant == nullptr; }
     bool lireTexte(std::wstring& texte);

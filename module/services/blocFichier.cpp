@@ -1,8 +1,9 @@
 #include "services/blocFichier.h"
 
+#include "services/definitionsDessin.h"
 #include "services/lettres.h"
 
-#include "dbsymtb.h"
+#include "dbmain.h"
 
 namespace {
 
@@ -12,18 +13,6 @@ bool finitParDwg(std::wstring_view chemin)
 {
     return chemin.size() >= extensionDessin.size() &&
            memesLettres(chemin.substr(chemin.size() - extensionDessin.size()), extensionDessin);
-}
-
-AcDbObjectId blocPresent(AcDbDatabase& db, const std::wstring& nom)
-{
-    AcDbBlockTable* blocs = nullptr;
-    AcDbObjectId id;
-    if (db.getBlockTable(blocs, AcDb::kForRead) != Acad::eOk)
-        return id;
-    if (blocs->getAt(nom.c_str(), id) != Acad::eOk)
-        id.setNull();
-    blocs->close();
-    return id;
 }
 
 } // namespace
@@ -39,7 +28,7 @@ std::wstring nomBlocDeFichier(std::wstring_view chemin)
 AcDbObjectId blocDeFichier(AcDbDatabase& db, const std::wstring& chemin)
 {
     const std::wstring nom = nomBlocDeFichier(chemin);
-    if (const AcDbObjectId present = blocPresent(db, nom); !present.isNull())
+    if (const AcDbObjectId present = blocNomme(db, nom); !present.isNull())
         return present;
     AcDbDatabase lu(false, true);
     const std::wstring fichier = finitParDwg(chemin) ? chemin : chemin + std::wstring(extensionDessin);

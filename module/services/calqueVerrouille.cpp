@@ -41,15 +41,14 @@ void signalerCalqueCourantVerrouille()
     const AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
     const AcDbObjectPointer<AcDbLayerTableRecord> calque(db ? db->clayer() : AcDbObjectId());
     if (calque.openStatus() == Acad::eOk && calque->isLocked())
-        acutPrintf(L"\nLe calque courant est verrouill\u00e9 : ce qui vient d'\u00eatre dessin\u00e9 ne pourra pas "
-                   L"\u00eatre modifi\u00e9.");
+        acutPrintf(L"\nLe calque courant est verrouillé : ce qui vient d'être dessiné ne pourra pas "
+                   L"être modifié.");
 }
 
 void signalerVerrouilles(int nombre)
 {
     if (nombre == 1)
-        acutPrintf(L"\n1 objet est sur un calque verrouill\u00e9 : il n'a pas \u00e9t\u00e9 modifi\u00e9.");
+        acutPrintf(L"\n1 objet est sur un calque verrouillé : il n'a pas été modifié.");
     else if (nombre > 1)
-        acutPrintf(L"\n%d objets sont sur un calque verrouill\u00e9 : ils n'ont pas \u00e9t\u00e9 modifi\u00e9s.",
-                   nombre);
+        acutPrintf(L"\n%d objets sont sur un calque verrouillé : ils n'ont pas été modifiés.", nombre);
 }

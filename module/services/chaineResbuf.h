@@ -2,17 +2,17 @@
 
 #include <cstddef>
 
+#include "services/Uncopyable.h"
+
 #include "adsdef.h"
 
 /// A chain of result buffers, made item by item; it is released with this. An item that there is no memory for is
 /// missing, and `ajouter` answers false.
-class chaineResbuf {
+class chaineResbuf : Uncopyable {
 public:
     /// Takes a chain over (null: empty).
     explicit chaineResbuf(resbuf* prise = nullptr) : m_tete(prise) {}
     ~chaineResbuf() { prendre(nullptr); }
-    chaineResbuf(const chaineResbuf&) = delete;
-    chaineResbuf& operator=(const chaineResbuf&) = delete;
 
     /// Takes another chain over; the present one is released.
     void prendre(resbuf* autre);

@@ -64,16 +64,16 @@ bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double mi
 {
     const std::wstring texte = champ.text().toStdWString();
     const double lue = reelDeTexte(texte);
-    const std::wstring remarque = remarqueNombre(nomme, texte);
-    const bool bornee = lue >= min && lue <= max;
-    if (bornee && remarque.empty()) {
+    const std::wstring refus = refusNombre(nomme, texte);
+    if (refus.empty() && lue >= min && lue <= max) {
         valeur = lue;
         return true;
     }
     surveillerNombre(champ, nomme);
     avertirErreur(
-        bornee ? remarque
-               : QStringLiteral("Entrez un nombre compris entre %1 et %2.").arg(borne(min), borne(max)).toStdWString());
+        refus.empty()
+            ? QStringLiteral("Entrez un nombre compris entre %1 et %2.").arg(borne(min), borne(max)).toStdWString()
+            : refus);
     champ.setFocus();
     champ.selectAll();
     return false;

@@ -101,23 +101,10 @@ QString extensionDe(const filtre& f)
     return extension.contains(u'*') ? QString() : extension;
 }
 
-/// The name proposed stands in its folder, which is shown; without one, the folder of the drawing is.
-void proposer(QFileDialog& dialogue, const std::wstring& propose)
+/// Whether a file of that name shows under the filter.
+bool convient(const filtre& f, const QString& nom)
 {
-    const QString nom = QString::fromStdWString(propose).replace(u'\\', u'/');
-    std::wstring dossier;
-    if (lireVariable(L"DWGPREFIX", dossier) && QFileInfo(QString::fromStdWString(dossier)).isDir())
-        dialogue.setDirectory(QString::fromStdWString(dossier));
-    if (nom.isEmpty())
-        return;
-    const QFileInfo fichier(nom);
-    if (fichier.isDir())
-        return dialogue.setDirectory(nom);
-    if (nom.contains(u'/'))
-        dialogue.setDirectory(fichier.path());
-    // Of files to open the dialog would take those selected together with the one that is typed.
-    if (dialogue.acceptMode() == QFileDialog::AcceptSave)
-        dialogue.selectFile(fichier.fileName());
+    return QDir::match(f.modeles, QFileInfo(nom).fileName());
 }
 
 /// Files are found whatever the letter case of their names: one that differs by it alone is the one written, and the
@@ -134,90 +121,139 @@ bool remplacementAccepte(const QString& fichier)
     return true;
 }
 
-/// Whether a file of that name shows under the filter.
-bool convient(const filtre& f, const QString& nom)
-{
-    return QDir::match(f.modeles, QFileInfo(nom).fileName());
-}
+/// One question for a file. The same dialog everywhere, which scripts can drive.
+class boiteFichier {
+public:
+    boiteFichier(const demandeFichier& demande, QFileDialog::AcceptMode mode) :
+        m_filtres(filtresDe(demande.filtres)),
+        m_extension(QString::fromStdWString(demande.extension)),
+        m_dialogue(fenetreDevant()),
+        m_vue(new vueFichiers(&m_dialogue, demande.image))
+    {
+        m_dialogue.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
+        m_dialogue.setAcceptMode(mode);
+        m_dialogue.setFileMode(aEcrire() ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+        mettreTextes(QString::fromStdWString(demande.titre));
+        m_dialogue.setProxyModel(m_vue);
+        if (demande.image)
+            agrandirImages();
+        suivreFiltres();
+        if (!aEcrire())
+            suivreNomTape();
+        proposer(QString::fromStdWString(demande.nom).replace(u'\\', u'/'));
+    }
 
-/// The dialog opens what it shows only: a file that is there, typed by its name, brings a filter that shows it.
-void suivreNomTape(QFileDialog& dialogue, const std::vector<filtre>& filtres,
-                   const std::function<void(const QString&)>& filtreChange)
-{
-    auto* const champ = dialogue.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    if (!champ)
-        return;
-    QObject::connect(
-        champ, &QLineEdit::textChanged, &dialogue, [&dialogue, &filtres, filtreChange](const QString& nom) {
-            const QString choisi = dialogue.selectedNameFilter();
-            const auto courant = std::ranges::find_if(
-                filtres, [&](const filtre& f) { return choisi == f.nom || choisi == nomComplet(f); });
-            if (courant == filtres.end() || convient(*courant, nom) ||
-                !QFileInfo(dialogue.directory().absoluteFilePath(nom)).isFile())
-                return;
-            const auto autre = std::ranges::find_if(filtres, [&](const filtre& f) { return convient(f, nom); });
-            if (autre == filtres.end())
-                return;
-            dialogue.selectNameFilter(nomComplet(*autre));
-            filtreChange(nomComplet(*autre));
-            if (auto* const boutons = dialogue.findChild<QDialogButtonBox*>())
-                boutons->button(QDialogButtonBox::Open)->setEnabled(true); // the dialog has judged by the other filter
-        });
-}
+    /// @param rang if given, receives that of the filter chosen, from 1
+    std::optional<std::wstring> demander(int* rang)
+    {
+        const bool choisi = m_dialogue.exec() == QDialog::Accepted && !m_dialogue.selectedFiles().isEmpty();
+        if (const filtre* const f = filtreNomme(m_dialogue.selectedNameFilter()); f && rang)
+            *rang = static_cast<int>(f - m_filtres.data()) + 1;
+        if (!choisi)
+            return std::nullopt;
+        const QString fichier = m_dialogue.selectedFiles().first();
+        return !aEcrire() || remplacementAccepte(fichier) ? std::optional(fichier.toStdWString()) : std::nullopt;
+    }
 
-std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog::AcceptMode mode,
-                                     int* filtreChoisi = nullptr)
-{
-    if (!dialoguesPossibles())
-        return std::nullopt;
-    const bool ecrire = mode == QFileDialog::AcceptSave;
-    QFileDialog dialogue(fenetreDevant());
-    // The same dialog everywhere, which scripts can drive.
-    dialogue.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
-    dialogue.setAcceptMode(mode);
-    dialogue.setFileMode(ecrire ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialogue.setLabelText(QFileDialog::Accept, ecrire ? QStringLiteral("Enregistrer") : QStringLiteral("Ouvrir"));
-    dialogue.setLabelText(QFileDialog::Reject, QStringLiteral("Annuler"));
-    dialogue.setLabelText(QFileDialog::FileName, QStringLiteral("Nom du fichier"));
-    dialogue.setLabelText(QFileDialog::FileType, QStringLiteral("Type de fichier"));
-    const QString titre = ecrire ? QStringLiteral("Enregistrer sous") : QStringLiteral("Ouvrir");
-    dialogue.setWindowTitle(demande.titre.empty() ? titre : QString::fromStdWString(demande.titre));
+private:
+    bool aEcrire() const { return m_dialogue.acceptMode() == QFileDialog::AcceptSave; }
 
-    const std::vector<filtre> filtres = filtresDe(demande.filtres);
-    const QString parDefaut = QString::fromStdWString(demande.extension);
-    QStringList noms;
-    for (const filtre& f : filtres)
-        noms << nomComplet(f);
-    auto* const vue = new vueFichiers(&dialogue, demande.image);
-    dialogue.setProxyModel(vue);
-    if (demande.image)
-        for (auto* const liste : dialogue.findChildren<QAbstractItemView*>())
+    void mettreTextes(const QString& titre)
+    {
+        const QString usuel = aEcrire() ? QStringLiteral("Enregistrer sous") : QStringLiteral("Ouvrir");
+        m_dialogue.setWindowTitle(titre.isEmpty() ? usuel : titre);
+        m_dialogue.setLabelText(QFileDialog::Accept,
+                                aEcrire() ? QStringLiteral("Enregistrer") : QStringLiteral("Ouvrir"));
+        m_dialogue.setLabelText(QFileDialog::Reject, QStringLiteral("Annuler"));
+        m_dialogue.setLabelText(QFileDialog::FileName, QStringLiteral("Nom du fichier"));
+        m_dialogue.setLabelText(QFileDialog::FileType, QStringLiteral("Type de fichier"));
+    }
+
+    void agrandirImages()
+    {
+        for (auto* const liste : m_dialogue.findChildren<QAbstractItemView*>())
             if (liste->objectName() == u"listView" || liste->objectName() == u"treeView")
                 liste->setIconSize({tailleImages, tailleImages});
-    const auto suivreFiltre = [&](const QString& choisi) {
-        // The dialog may leave out the patterns that it does not show.
-        const auto f = std::ranges::find_if(
-            filtres, [&](const filtre& un) { return choisi == un.nom || choisi == nomComplet(un); });
-        if (filtreChoisi && f != filtres.end())
-            *filtreChoisi = static_cast<int>(f - filtres.begin()) + 1;
-        vue->montrerSansExtension(f != filtres.end() && f->sansExtension);
-        const QString extension = f == filtres.end() ? QString() : extensionDe(*f);
-        dialogue.setDefaultSuffix(extension.isEmpty() ? parDefaut : extension);
-    };
-    if (!noms.isEmpty())
-        dialogue.setNameFilters(noms);
-    suivreFiltre(dialogue.selectedNameFilter());
-    QObject::connect(&dialogue, &QFileDialog::filterSelected, &dialogue, suivreFiltre);
-    if (!ecrire)
-        suivreNomTape(dialogue, filtres, suivreFiltre);
-    proposer(dialogue, demande.nom);
+    }
 
-    if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty())
-        return std::nullopt;
-    const QString fichier = dialogue.selectedFiles().first();
-    if (ecrire && !remplacementAccepte(fichier))
-        return std::nullopt;
-    return fichier.toStdWString();
+    /// The dialog may leave out the patterns that it does not show. Null when it shows none of ours.
+    const filtre* filtreNomme(const QString& nom) const
+    {
+        const auto f =
+            std::ranges::find_if(m_filtres, [&](const filtre& un) { return nom == un.nom || nom == nomComplet(un); });
+        return f == m_filtres.end() ? nullptr : &*f;
+    }
+
+    void suivreFiltres()
+    {
+        QStringList noms;
+        for (const filtre& f : m_filtres)
+            noms << nomComplet(f);
+        if (!noms.isEmpty())
+            m_dialogue.setNameFilters(noms);
+        appliquer(m_dialogue.selectedNameFilter());
+        QObject::connect(&m_dialogue, &QFileDialog::filterSelected, &m_dialogue,
+                         [this](const QString& nom) { appliquer(nom); });
+    }
+
+    /// Shows what a filter shows, and adds its extension to names typed without one.
+    void appliquer(const QString& nom)
+    {
+        const filtre* const f = filtreNomme(nom);
+        m_vue->montrerSansExtension(f && f->sansExtension);
+        const QString extension = f ? extensionDe(*f) : QString();
+        m_dialogue.setDefaultSuffix(extension.isEmpty() ? m_extension : extension);
+    }
+
+    /// The dialog opens what it shows only: a file that is there, typed by its name, brings a filter that shows it.
+    void suivreNomTape()
+    {
+        if (auto* const champ = m_dialogue.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+            QObject::connect(champ, &QLineEdit::textChanged, &m_dialogue,
+                             [this](const QString& nom) { choisirFiltrePour(nom); });
+    }
+
+    void choisirFiltrePour(const QString& nom)
+    {
+        const filtre* const courant = filtreNomme(m_dialogue.selectedNameFilter());
+        if (!courant || convient(*courant, nom) || !QFileInfo(m_dialogue.directory().absoluteFilePath(nom)).isFile())
+            return;
+        const auto autre = std::ranges::find_if(m_filtres, [&](const filtre& f) { return convient(f, nom); });
+        if (autre == m_filtres.end())
+            return;
+        m_dialogue.selectNameFilter(nomComplet(*autre));
+        appliquer(nomComplet(*autre));
+        if (auto* const boutons = m_dialogue.findChild<QDialogButtonBox*>())
+            boutons->button(QDialogButtonBox::Open)->setEnabled(true); // the dialog has judged by the other filter
+    }
+
+    /// The name proposed stands in its folder, which is shown; without one, the folder of the drawing is.
+    void proposer(const QString& nom)
+    {
+        std::wstring dossier;
+        if (lireVariable(L"DWGPREFIX", dossier) && QFileInfo(QString::fromStdWString(dossier)).isDir())
+            m_dialogue.setDirectory(QString::fromStdWString(dossier));
+        if (nom.isEmpty())
+            return;
+        const QFileInfo fichier(nom);
+        if (fichier.isDir())
+            return m_dialogue.setDirectory(nom);
+        if (nom.contains(u'/'))
+            m_dialogue.setDirectory(fichier.path());
+        // Of files to open the dialog would take those selected together with the one that is typed.
+        if (aEcrire())
+            m_dialogue.selectFile(fichier.fileName());
+    }
+
+    std::vector<filtre> m_filtres;
+    QString m_extension; // of names typed without one
+    QFileDialog m_dialogue;
+    vueFichiers* m_vue; // the dialog's
+};
+
+std::optional<std::wstring> demander(const demandeFichier& demande, QFileDialog::AcceptMode mode, int* rang = nullptr)
+{
+    return dialoguesPossibles() ? boiteFichier(demande, mode).demander(rang) : std::nullopt;
 }
 
 } // namespace

@@ -8,7 +8,7 @@ bool dialoguesPossibles()
 {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()))
         return true;
-    acutPrintf(L"\nCette commande ouvre une bo\u00eete de dialogue : elle demande une session avec fen\u00eatres, ou "
+    acutPrintf(L"\nCette commande ouvre une boîte de dialogue : elle demande une session avec fenêtres, ou "
                L"un script.");
     return false;
 }

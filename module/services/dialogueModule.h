@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <vector>
 
+#include "services/Uncopyable.h"
+
 /// Whether dialogs can be shown. When they cannot (a job of the command line, without windows), says so on the command
 /// line. A command asks it before it makes its first dialog: without an application no widget may be made.
 bool dialoguesPossibles();
@@ -15,12 +17,10 @@ QWidget* fenetreDevant();
 
 /// For as long as it lives, the modal dialogs step aside, so that the user reaches the drawing. They come back in their
 /// order, each in its place, with the focus where it was. Their exec() goes on all the while.
-class dialoguesEnRetrait {
+class dialoguesEnRetrait : Uncopyable {
 public:
     dialoguesEnRetrait();
     ~dialoguesEnRetrait();
-    dialoguesEnRetrait(const dialoguesEnRetrait&) = delete;
-    dialoguesEnRetrait& operator=(const dialoguesEnRetrait&) = delete;
 
 private:
     struct retire {

@@ -3,11 +3,13 @@
 #include <chrono>
 #include <memory>
 
+#include "services/Uncopyable.h"
+
 class QProgressDialog;
 
 /// Shows how far a run over many items is: range 0 to `dernier`, one step an item. It appears only when the run lasts,
 /// and where there are windows. It lives for the length of the run.
-class dialogueProgression {
+class dialogueProgression : Uncopyable {
 public:
     enum class arret { impossible, permis };
 
@@ -17,8 +19,6 @@ public:
     /// @param a whether the user may stop the run
     dialogueProgression(const wchar_t* titre, int dernier, arret a = arret::impossible);
     ~dialogueProgression();
-    dialogueProgression(const dialogueProgression&) = delete;
-    dialogueProgression& operator=(const dialogueProgression&) = delete;
 
     /// @return false once the user asked to stop
     bool avancer();

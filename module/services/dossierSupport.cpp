@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cwchar>
-#include <optional>
-#include <vector>
+
+#include "services/registre.h"
 
 #include "acutads.h"
 #include "io.h"
@@ -13,57 +13,18 @@
 
 namespace {
 
-constexpr const wchar_t* cleRegistre = L"Software\\Ostrakon\\Quarvel5";
+constexpr const wchar_t* cleModule = L"Software\\Ostrakon\\Quarvel5";
 constexpr const wchar_t* valeurDossier = L"chemin";
 constexpr std::size_t longueurDossier = 2047;
 constexpr std::size_t tailleChemin = 4096;
 
-struct fermetureCle {
-    explicit fermetureCle(HKEY ouverte) : cle(ouverte) {}
-    fermetureCle(const fermetureCle&) = delete;
-    fermetureCle& operator=(const fermetureCle&) = delete;
-    ~fermetureCle() { RegCloseKey(cle); }
-    HKEY cle;
-};
-
-struct valeurBrute {
-    DWORD type = 0;
-    std::vector<BYTE> octets;
-};
-
-std::optional<valeurBrute> lireValeur(HKEY racine, const wchar_t* nom, REGSAM acces)
-{
-    HKEY ouverte = nullptr;
-    if (RegOpenKeyExW(racine, cleRegistre, 0, acces, &ouverte) != ERROR_SUCCESS)
-        return std::nullopt;
-    const fermetureCle garde(ouverte);
-    valeurBrute valeur;
-    DWORD taille = 0;
-    if (RegQueryValueExW(ouverte, nom, nullptr, &valeur.type, nullptr, &taille) != ERROR_SUCCESS)
-        return std::nullopt;
-    valeur.octets.resize(taille);
-    if (RegQueryValueExW(ouverte, nom, nullptr, &valeur.type, valeur.octets.data(), &taille) != ERROR_SUCCESS)
-        return std::nullopt;
-    return valeur;
-}
-
-std::optional<std::wstring> lireTexte(HKEY racine, const wchar_t* nom, REGSAM acces)
-{
-    const auto valeur = lireValeur(racine, nom, acces);
-    if (!valeur || valeur->type != REG_SZ)
-        return std::nullopt;
-    std::vector<wchar_t> texte(valeur->octets.size() / sizeof(wchar_t) + 1, L'\0');
-    std::copy(valeur->octets.begin(), valeur->octets.end(), reinterpret_cast<BYTE*>(texte.data()));
-    return std::wstring(texte.data()); // up to its first zero
-}
-
 /// A personal folder that someone cleared away, or on a disk that is not there, leaves its place to the installed one.
 std::wstring dossierDuRegistre()
 {
-    const auto personnel = lireTexte(HKEY_CURRENT_USER, valeurDossier, KEY_READ);
+    const auto personnel = lireTexteRegistre(HKEY_CURRENT_USER, cleModule, valeurDossier);
     if (personnel && _waccess(personnel->c_str(), 0) == 0)
         return personnel->substr(0, longueurDossier);
-    const auto installe = lireTexte(HKEY_LOCAL_MACHINE, valeurDossier, KEY_READ);
+    const auto installe = lireTexteRegistre(HKEY_LOCAL_MACHINE, cleModule, valeurDossier);
     if (personnel && installe)
         acutPrintf(L"\nVotre dossier de codes et de blocs, [%ls], n'est plus là : celui de l'installation, [%ls], est "
                    L"pris.",
@@ -115,17 +76,6 @@ bool copierDossier(const std::wstring& de, const std::wstring& vers)
     return SHFileOperationW(&operation) == 0 && !operation.fAnyOperationsAborted;
 }
 
-void inscrireDossier(const std::wstring& dossier)
-{
-    HKEY ouverte = nullptr;
-    if (RegCreateKeyExW(HKEY_CURRENT_USER, cleRegistre, 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr,
-                        &ouverte, nullptr) != ERROR_SUCCESS)
-        return;
-    const fermetureCle garde(ouverte);
-    RegSetValueExW(ouverte, valeurDossier, 0, REG_SZ, reinterpret_cast<const BYTE*>(dossier.c_str()),
-                   static_cast<DWORD>((dossier.size() + 1) * sizeof(wchar_t)));
-}
-
 } // namespace
 
 const wchar_t* cheminSupport(const wchar_t* fichier, const wchar_t* sousDossier)
@@ -147,13 +97,13 @@ bool copierDossierSupport()
     if (installe.empty() || copie.empty() || !copierDossier(installe, copie))
         return false;
     dossierSupport() = copie;
-    inscrireDossier(copie);
+    ecrireTexteRegistre(cleModule, valeurDossier, copie);
     return true;
 }
 
 int lireValeurRegistre(const wchar_t* nom, std::wstring& valeur)
 {
-    const auto lue = lireTexte(HKEY_LOCAL_MACHINE, nom, KEY_ALL_ACCESS);
+    const auto lue = lireTexteRegistre(HKEY_LOCAL_MACHINE, cleModule, nom, KEY_ALL_ACCESS);
     if (!lue)
         return 0;
     valeur = *lue;
@@ -162,7 +112,7 @@ int lireValeurRegistre(const wchar_t* nom, std::wstring& valeur)
 
 int lireValeurRegistre(const wchar_t* nom, DWORD& valeur)
 {
-    const auto lue = lireValeur(HKEY_LOCAL_MACHINE, nom, KEY_ALL_ACCESS);
+    const auto lue = lireRegistre(HKEY_LOCAL_MACHINE, cleModule, nom, KEY_ALL_ACCESS);
     if (!lue || lue->type != REG_DWORD || lue->octets.size() != sizeof valeur)
         return 0;
     std::copy(lue->octets.begin(), lue->octets.end(), reinterpret_cast<BYTE*>(&valeur));

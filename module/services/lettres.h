@@ -24,5 +24,8 @@ bool memesLettres(std::wstring_view a, std::wstring_view b);
 std::string_view sansBlancs(std::string_view texte, std::string_view blancs);
 std::wstring_view sansBlancs(std::wstring_view texte, std::wstring_view blancs);
 
+/// Characters that do not count at the ends of names, paths and lines that users type.
+inline constexpr std::wstring_view blancsSaisie = L" \t,;.";
+
 /// The parts of a text between characters of `separateurs`; empty ones are left out.
 std::vector<std::wstring_view> parties(std::wstring_view texte, std::wstring_view separateurs);

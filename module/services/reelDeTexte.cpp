@@ -6,6 +6,8 @@
 #include <sstream>
 #include <string>
 
+#include "services/lettres.h"
+
 namespace {
 
 bool estBlanc(char c)
@@ -26,6 +28,18 @@ double horsLimites(const std::string& nombre)
     double valeur = 0.0;
     flux >> valeur;
     return valeur < 1.0 ? 0.0 : std::numeric_limits<double>::infinity();
+}
+
+bool estNombre(std::wstring_view texte)
+{
+    bool nombre = false;
+    reelDeTexte(texte, &nombre);
+    return nombre;
+}
+
+std::wstring conseilVirgule(std::wstring_view texte)
+{
+    return texte.find(L',') == std::wstring_view::npos ? L"" : L" Le séparateur décimal est le point.";
 }
 
 } // namespace
@@ -64,15 +78,24 @@ double reelDeTexte(std::wstring_view texte, bool* entierement)
     return negatif ? -valeur : valeur;
 }
 
+std::wstring pasUnNombre(std::wstring_view texte)
+{
+    return L"« " + std::wstring(texte) + L" » n'est pas un nombre.";
+}
+
+std::wstring refusNombre(std::wstring_view nomme, std::wstring_view texte)
+{
+    if (estNombre(texte))
+        return {};
+    std::wstring phrase = std::wstring(nomme) + L" : " + pasUnNombre(texte) + conseilVirgule(texte);
+    phrase.front() = majuscule(phrase.front());
+    return phrase;
+}
+
 std::wstring remarqueNombre(std::wstring_view nomme, std::wstring_view texte)
 {
-    bool nombre = false;
-    reelDeTexte(texte, &nombre);
-    if (nombre)
+    if (estNombre(texte))
         return {};
-    std::wstring phrase = std::wstring(nomme) + L" « " + std::wstring(texte) +
-                          L" » n'est pas un nombre ; seul ce qui précède la faute est lu, ou 0.";
-    if (texte.find(L',') != std::wstring_view::npos)
-        phrase += L" Le séparateur décimal est le point.";
-    return phrase;
+    return std::wstring(nomme) + L" « " + std::wstring(texte) +
+           L" » n'est pas un nombre ; seul ce qui précède la faute est lu, ou 0." + conseilVirgule(texte);
 }

@@ -10,6 +10,13 @@
 /// @param entierement if given, receives whether the whole text (but blanks around it) was a number.
 double reelDeTexte(std::wstring_view texte, bool* entierement = nullptr);
 
-/// French sentence for a text that is not wholly a number, such as "217,63" which reads as 217; empty for one that is.
-/// @param nomme what the sentence calls it: "la distance"
+/// "« texte » n'est pas un nombre."
+std::wstring pasUnNombre(std::wstring_view texte);
+
+// French sentences for a text that is not wholly a number, such as "217,63"; empty for one that is. `nomme` is what
+// they call it: "la distance".
+
+/// Where it is refused.
+std::wstring refusNombre(std::wstring_view nomme, std::wstring_view texte);
+/// Where it is taken as reelDeTexte reads it, as 217.
 std::wstring remarqueNombre(std::wstring_view nomme, std::wstring_view texte);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "services/listeLisp.h"
+#include "services/Uncopyable.h"
 
 #include "aced.h"
 #include "acutmem.h"
@@ -13,15 +14,12 @@
 namespace {
 
 /// The set is released with it.
-struct jeuOuvert {
-    jeuOuvert() = default;
+struct jeuOuvert : Uncopyable {
     ~jeuOuvert()
     {
         if (!ads_name_nil(nom))
             acedSSFree(nom);
     }
-    jeuOuvert(const jeuOuvert&) = delete;
-    jeuOuvert& operator=(const jeuOuvert&) = delete;
     ads_name nom{};
 };
 

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "services/Uncopyable.h"
+
 class AcApDocument;
 
 /// Keeps the current document locked, whatever ends the scope. None may be open.
-class verrouDocument {
+class verrouDocument : Uncopyable {
 public:
     verrouDocument();
     ~verrouDocument();
-    verrouDocument(const verrouDocument&) = delete;
-    verrouDocument& operator=(const verrouDocument&) = delete;
 
 private:
     AcApDocument* m_document;

@@ -10,6 +10,7 @@
 #include "services/formatNombres.h"
 #include "services/reelDeTexte.h"
 #include "services/selection.h"
+#include "tools/panneauPoints.h"
 #include "tools/placerAxe.h"
 #include "tools/rapportAxe.h"
 
@@ -102,12 +103,9 @@ void DlgAxe::designerSommets()
 
 void DlgAxe::prendrePolyligne()
 {
-    const AcDbObjectId id = saisirDansDessin([] { return designerEntite(L"\nDésignez une polyligne :"); });
-    if (id.isNull())
-        return;
-    const axe ligne = axeDeEntite(id);
+    const axe ligne = designerLigne().suivie;
     if (ligne.vide())
-        return avertirErreur(L"Cet objet n'est pas une ligne que l'on puisse suivre.");
+        return;
     m_sommets.clear();
     for (const elementAxe& e : ligne.elements())
         m_sommets.push_back({e.debut});
@@ -133,7 +131,7 @@ void DlgAxe::lireCellule(int rang, int colonne)
     if ((entier || texte.empty()) && std::isfinite(valeur))
         valeurDe(m_sommets[static_cast<std::size_t>(rang)], colonne) = valeur;
     else
-        avertirErreur(L"« " + texte + L" » n'est pas un nombre.");
+        avertirErreur(pasUnNombre(texte));
     montrer();
 }
 

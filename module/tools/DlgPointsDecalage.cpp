@@ -5,6 +5,7 @@
 #include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
 #include "services/formatNombres.h"
+#include "services/reelDeTexte.h"
 
 #include "ui_DlgPointsDecalage.h"
 
@@ -40,7 +41,7 @@ bool DlgPointsDecalage::lireListe(QLineEdit& champ, const wchar_t* nomme, std::v
         return true;
     }
     avertirErreur(lus ? std::wstring(nomme) + L" : donnez au moins un nombre."
-                      : std::wstring(nomme) + L" : « " + faute + L" » n'est pas un nombre.");
+                      : std::wstring(nomme) + L" : " + pasUnNombre(faute));
     champ.setFocus();
     return false;
 }

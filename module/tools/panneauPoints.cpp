@@ -13,8 +13,8 @@
 #include "services/dialogueCellules.h"
 #include "services/dialogueMessage.h"
 #include "services/dialogueModule.h"
+#include "services/entierDeTexte.h"
 #include "services/formatNombres.h"
-#include "services/nombresTexte.h"
 #include "services/selection.h"
 
 namespace {
@@ -77,18 +77,26 @@ std::vector<int> panneauPoints::positions() const
     return positions;
 }
 
+ligneDesignee designerLigne()
+{
+    ligneDesignee ligne{dialogueModule::saisirDansDessin([] { return designerEntite(L"\nDésignez une polyligne :"); }),
+                        axe()};
+    if (ligne.entite.isNull())
+        return ligne;
+    ligne.suivie = axeDeEntite(ligne.entite);
+    if (ligne.suivie.vide())
+        avertirErreur(L"Cet objet n'est pas une ligne que l'on puisse suivre.");
+    return ligne;
+}
+
 panneauLigne::panneauLigne(QPushButton& designer, QLabel& designee, QLineEdit* origine) : m_label(designee)
 {
     QObject::connect(&designer, &QPushButton::clicked, &designee, [this, origine] {
-        const AcDbObjectId id =
-            dialogueModule::saisirDansDessin([] { return designerEntite(L"\nDésignez une polyligne :"); });
-        axe ligne = id.isNull() ? axe() : axeDeEntite(id);
-        if (!id.isNull() && ligne.vide())
-            avertirErreur(L"Cet objet n'est pas une ligne que l'on puisse suivre.");
-        if (ligne.vide())
+        ligneDesignee ligne = designerLigne();
+        if (ligne.suivie.vide())
             return;
-        m_axe = std::move(ligne);
-        const auto enregistre = lireAxeEnregistre(id);
+        m_axe = std::move(ligne.suivie);
+        const auto enregistre = lireAxeEnregistre(ligne.entite);
         m_equations = enregistre ? enregistre->equations : std::vector<equationAbscisse>();
         if (enregistre && origine)
             origine->setText(QString::number(enregistre->origine, 'g', 15));

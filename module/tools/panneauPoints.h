@@ -33,6 +33,13 @@ private:
     std::vector<int> m_designes;
 };
 
+struct ligneDesignee {
+    AcDbObjectId entite;
+    axe suivie; ///< empty when none was picked, or one that cannot be followed
+};
+/// Asks for a line or polyline of the drawing, dialogs aside. One that cannot be followed is told.
+ligneDesignee designerLigne();
+
 /// A line or polyline of the drawing, picked.
 class panneauLigne {
 public:

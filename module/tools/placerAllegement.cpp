@@ -11,6 +11,7 @@
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
+#include "services/definitionsDessin.h"
 #include "services/donneesObjet.h"
 #include "services/espaceObjet.h"
 #include "services/surSommets.h"
@@ -164,13 +165,8 @@ private:
     bool calqueVoulu(const AcDbObjectId& id)
     {
         const auto pose = m_calquesVus.try_emplace(id, false);
-        if (pose.second) {
-            const AcDbObjectPointer<AcDbLayerTableRecord> calque(id);
-            const wchar_t* nom = L"";
-            if (calque.openStatus() == Acad::eOk)
-                calque->getName(nom);
-            pose.first->second = m_calques.contient(nom);
-        }
+        if (pose.second)
+            pose.first->second = m_calques.contient(nomDefinition(id));
         return pose.first->second;
     }
 

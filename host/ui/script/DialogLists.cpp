@@ -255,15 +255,23 @@ bool DialogList::act(const QString& action)
     return true;
 }
 
+namespace {
+
+void requireSelectable(const QAbstractItemView& view, bool several)
+{
+    if (view.selectionMode() == QAbstractItemView::NoSelection)
+        throw ScriptError(QStringLiteral("les lignes de la liste ne se choisissent pas."));
+    if (several && view.selectionMode() == QAbstractItemView::SingleSelection)
+        throw ScriptError(QStringLiteral("la liste ne prend qu'une ligne à la fois."));
+}
+
+} // namespace
+
 /// The first row is clicked, so that what follows a click follows; the others join it at once.
 void DialogList::select(const QString& ranges)
 {
     const std::vector<QModelIndex> chosen = requireRows(ranges);
-    const auto mode = m_view.selectionMode();
-    const bool single = mode == QAbstractItemView::SingleSelection;
-    if (mode == QAbstractItemView::NoSelection || (single && chosen.size() > 1))
-        throw ScriptError(single ? QStringLiteral("la liste ne prend qu'une ligne à la fois.")
-                                 : QStringLiteral("les lignes de la liste ne se choisissent pas."));
+    requireSelectable(m_view, chosen.size() > 1);
     const QPointer<QAbstractItemView> alive(&m_view);
     std::vector<QPersistentModelIndex> kept(chosen.begin(), chosen.end());
     m_view.clearSelection();
@@ -280,9 +288,7 @@ void DialogList::select(const QString& ranges)
 
 void DialogList::selectAll(const QString&)
 {
-    const auto mode = m_view.selectionMode();
-    if (mode == QAbstractItemView::NoSelection || mode == QAbstractItemView::SingleSelection)
-        throw ScriptError(QStringLiteral("la liste ne prend qu'une ligne à la fois."));
+    requireSelectable(m_view, true);
     m_view.selectAll();
 }
 

@@ -3,6 +3,7 @@
 #include "calculs/formules/CDefVariable.h"
 #include "calculs/formules/fichierFormules.h"
 #include "calculs/formules/formule.h"
+#include "calculs/phrasesDialogues.h"
 #include "calculs/reseau/poidsReseau.h"
 #include "services/codages.h"
 #include "services/dialogueCellules.h"
@@ -137,7 +138,7 @@ void CDlgFormulePoids::lireFichier(bool variablesSeules)
         return;
     const auto contenu = ::lireFichier(fichier->c_str());
     if (!contenu)
-        return avertirErreur(L"Ouverture impossible du fichier");
+        return avertirErreur(ouvertureImpossible);
     formulesPoids lues;
     if (variablesSeules)
         lues.variables = m_variables;
@@ -162,5 +163,5 @@ void CDlgFormulePoids::enregistrer()
     demande.extension = L"fmc";
     const auto fichier = demanderFichierAEcrire(demande);
     if (fichier && !remplacerFichier(fichier->c_str(), contenuFormules(formules())))
-        avertirErreur(L"« " + *fichier + L" » n'a pas pu être écrit.");
+        avertirErreur(phraseNonEcrit(*fichier));
 }

@@ -10,6 +10,7 @@
 
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/formules/CDlgFormulePoids.h"
+#include "calculs/phrasesDialogues.h"
 #include "calculs/placerPolygonale.h"
 #include "calculs/reseau/CDlgTabPoidsObse.h"
 #include "calculs/reseau/commandeReseau.h"
@@ -31,7 +32,6 @@
 
 namespace {
 
-constexpr wchar_t titreCalculs[] = L"Calculs Topo";
 constexpr wchar_t filtresLecture[] =
     L"Réseaux|*.mc; *.gkf; *.obs|Réseau|*.mc|gama-local|*.gkf|Polygonale|*.obs|Tous (*.*)|*.*||";
 constexpr wchar_t filtresEcriture[] = L"Réseau|*.mc|Tous (*.*)|*.*||";
@@ -139,7 +139,7 @@ void CDlgMoindresCarres::charger()
         return;
     const auto octets = lireFichier(fichier->c_str());
     if (!octets)
-        return avertirErreur(L"Ouverture impossible du fichier");
+        return avertirErreur(ouvertureImpossible);
     reseauLu lu = lireReseau(*octets, *fichier);
     std::vector<std::wstring> phrases;
     for (const remarqueLecture& remarque : lu.remarques)
@@ -165,7 +165,7 @@ void CDlgMoindresCarres::sauvegarder()
     if (!fichier)
         return;
     if (!remplacerFichier(fichier->c_str(), contenuMc(m_r)))
-        return avertirErreur(L"« " + *fichier + L" » n'a pas pu être écrit.");
+        return avertirErreur(phraseNonEcrit(*fichier));
     std::wstring pertes;
     for (const std::wstring& perte : pertesMc(m_r))
         pertes += (pertes.empty() ? L"" : L"\n") + perte;
@@ -247,7 +247,7 @@ void CDlgMoindresCarres::placer()
     if (!placement.points && !placement.ellipses)
         return dire({L"Rien à placer : cochez les points, ou les ellipses."});
     if (placement.points && !tableCourante())
-        return afficherAvertissement(titreCalculs, L"Le dessin n'a pas de table de points : rien n'est placé.");
+        return afficherAvertissement(titreCalculs, sansTableDePoints);
     const figurePlane figure = figureDe(m_r, m_resultat, reelDeTexte(m_ui->editEchelle->text().toStdWString()));
     const listePointsDuDessin* const table = tableCourante();
     const int avant = table ? table->nbPoint() : 0;

@@ -43,9 +43,11 @@ bool lire(std::wstring_view texte, double& valeur)
     return true;
 }
 
-std::wstring pasUnNombre(std::wstring_view texte)
+constexpr const wchar_t* nomManquant = L"il manque un nom.";
+
+std::wstring pasUnGenre(std::wstring_view texte)
 {
-    return L"« " + std::wstring(texte) + L" » n'est pas un nombre.";
+    return L"« " + std::wstring(texte) + L" » n'est pas un genre d'observation.";
 }
 
 double uniteEcart(const observationReseau& o)
@@ -226,7 +228,7 @@ std::wstring changerObservation(reseau& r, int observation, colonneObservation c
         const std::wstring mesure = texteObservation(r, observation, colonneObservation::mesure);
         const std::wstring ecart = texteObservation(r, observation, colonneObservation::ecart);
         if (!genreDe(texte, o.genre))
-            return L"« " + std::wstring(texte) + L" » n'est pas un genre d'observation.";
+            return pasUnGenre(texte);
         faute = mesurer(r, o, mesure); // the figures typed stay, in the unit of the new kind
         if (faute.empty())
             faute = peser(o, ecart);
@@ -239,7 +241,7 @@ std::wstring changerObservation(reseau& r, int observation, colonneObservation c
     case colonneObservation::secondVise: {
         const std::wstring nom = nomSaisi(texte);
         if (nom.empty())
-            return L"il manque un nom.";
+            return nomManquant;
         const bool station = colonne == colonneObservation::station;
         (station ? o.de : colonne == colonneObservation::vise ? o.vers : o.vers2) = r.point(nom);
         if (station && o.genre == direction)
@@ -293,7 +295,7 @@ std::wstring changerPoint(reseau& r, int point, colonnePoint colonne, std::wstri
     if (colonne == colonnePoint::nom) {
         const std::wstring nom = nomSaisi(texte);
         if (nom.empty() || (nom != p.nom && r.chercher(nom) >= 0))
-            return nom.empty() ? L"il manque un nom." : L"« " + nom + L" » est déjà un point.";
+            return nom.empty() ? nomManquant : L"« " + nom + L" » est déjà un point.";
         p.nom = nom;
         r.indexer();
         return {};
@@ -323,7 +325,7 @@ std::wstring collerObservations(reseau& r, std::wstring_view texte)
     return chaqueLigne(texte, [&](const std::vector<std::wstring>& c) -> std::wstring {
         observationReseau o;
         if (!genreDe(c[0], o.genre))
-            return L"« " + c[0] + L" » n'est pas un genre d'observation.";
+            return pasUnGenre(c[0]);
         if (c.size() < 5)
             return L"il faut genre, station, visé, second visé, mesure.";
         std::wstring faute = mesurer(r, o, nombreColle(c[4]));
@@ -351,7 +353,7 @@ std::wstring collerPoints(reseau& r, std::wstring_view texte)
 {
     return chaqueLigne(texte, [&](const std::vector<std::wstring>& c) -> std::wstring {
         if (c[0].empty())
-            return L"il manque un nom.";
+            return nomManquant;
         const int deja = r.chercher(c[0]);
         pointReseau lu = deja < 0 ? pointReseau() : r.points[static_cast<std::size_t>(deja)];
         lu.nom = c[0];

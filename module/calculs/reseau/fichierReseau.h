@@ -26,6 +26,9 @@ struct reseauLu {
     }
 };
 
+/// Of a file without any.
+inline constexpr const wchar_t* aucuneObservation = L"aucune observation dans ce fichier.";
+
 /// Our own text form (".mc"), documented in docs/fichier-mc.md.
 reseauLu lireMc(std::string_view contenu);
 /// The bytes of a ".mc" file that reads back as the network, but for what pertesMc tells; Windows-1252.

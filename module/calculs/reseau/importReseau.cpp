@@ -164,7 +164,7 @@ void lirePuisTraduire(std::string_view contenu, reseauLu& lu)
     traduire(d, lu.r);
     lu.lisible = !d.lignes.empty();
     if (!lu.lisible)
-        lu.remarques.insert(lu.remarques.begin(), {0, L"aucune observation dans ce fichier."});
+        lu.remarques.insert(lu.remarques.begin(), {0, aucuneObservation});
 }
 
 /// Whether a line begins with a word that only an open traverse has.

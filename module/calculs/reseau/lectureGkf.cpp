@@ -6,6 +6,7 @@
 #include "calculs/reseau/lecteurXml.h"
 #include "calculs/reseau/motsGkf.h"
 #include "services/codages.h"
+#include "services/reelDeTexte.h"
 
 namespace {
 
@@ -434,7 +435,7 @@ private:
             return std::nullopt;
         const auto valeur = reelXml(v->second);
         if (!valeur)
-            remarquer(L"« " + large(nom) + L" = " + large(v->second) + L" » n'est pas un nombre.");
+            remarquer(pasUnNombre(large(nom) + L" = " + large(v->second)));
         return valeur;
     }
 

@@ -49,7 +49,7 @@ public:
         verifierFormules();
         if (m_lu.r.observations.empty()) {
             m_lu.lisible = !m_lu.r.points.empty();
-            m_lu.remarques.insert(m_lu.remarques.begin(), {0, L"aucune observation dans ce fichier."});
+            m_lu.remarques.insert(m_lu.remarques.begin(), {0, aucuneObservation});
         }
     }
 
@@ -340,7 +340,7 @@ private:
         bool entier = false;
         const double v = reelDeTexte(mot, &entier);
         if (!mot.empty() && !entier)
-            remarquer(L"« " + mot + L" » n'est pas un nombre.");
+            remarquer(pasUnNombre(mot));
         return !mot.empty() && entier && std::isfinite(v) ? std::optional(v) : std::nullopt;
     }
 

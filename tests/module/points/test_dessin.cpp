@@ -108,8 +108,8 @@ TEST_F(DessinTest, tellsNamesThatSeveralPointsBear)
     EXPECT_EQ(phraseNomsDoubles(table, 4), L"Plusieurs points de la table portent le nom « b ».");
     for (const wchar_t* const nom : {L"E", L"E", L"F", L"F", L"G", L"G", L"H", L"H", L"I", L"I"})
         ajouter(nom);
-    EXPECT_EQ(phraseNomsDoubles(table, 4), L"Plusieurs points de la table portent chacun de ces 6 noms : « b », « E », "
-                                           L"« F », « G », « H », etc.");
+    EXPECT_EQ(phraseNomsDoubles(table, 4), L"Chacun de ces 6 noms est porté par plusieurs points de la table : « b », "
+                                           L"« E », « F », « G », « H », etc.");
 }
 
 TEST_F(DessinTest, storesTheProjectAndFindsItAgain)

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "services/codages.h"
+#include "services/entierDeTexte.h"
 #include "services/formatNombres.h"
 #include "services/lireNombre.h"
-#include "services/nombresTexte.h"
 #include "services/reelDeTexte.h"
 
 namespace {

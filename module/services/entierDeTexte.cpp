@@ -1,4 +1,4 @@
-#include "services/nombresTexte.h"
+#include "services/entierDeTexte.h"
 
 #include <algorithm>
 #include <cstdint>
