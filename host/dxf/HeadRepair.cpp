@@ -160,12 +160,12 @@ private:
         if (variables.find("$ACADVER") == variables.npos && hasMarkers(m_file.bytes()))
             writeVersion(variables.find("$DWGCODEPAGE") == variables.npos);
         m_out.raw(variables);
+        for (const DxfRecord& record : m_file.records())
+            m_lastHandle = std::max(m_lastHandle, record.handle);
         if (variables.find("$HANDSEED") == variables.npos) {
-            std::uint64_t last = 0;
-            for (const DxfRecord& record : m_file.records())
-                last = std::max(last, record.handle);
+            constexpr std::uint64_t room = 0x100; // for tables that are made again
             m_out.rawText(9, "$HANDSEED");
-            m_out.handle(5, last + 1);
+            m_out.handle(5, m_lastHandle + room);
         }
         m_out.rawText(0, "ENDSEC");
     }
@@ -206,6 +206,7 @@ private:
         if (isTableEntry(nameAt(from))) {
             m_out.rawText(0, "TABLE");
             m_out.rawText(2, nameAt(from));
+            m_out.handle(5, ++m_lastHandle);
             m_out.integer(70, 0);
         }
         copy(from, to);
@@ -215,6 +216,7 @@ private:
     const DxfFile& m_file;
     HeadRepair& m_repair;
     DxfTagWriter m_out;
+    std::uint64_t m_lastHandle = 0;
 };
 
 } // namespace

@@ -148,16 +148,16 @@ TEST(DxfHostileTest, AHeadThatCannotBeReadIsMadeAgain)
     };
     const Row rows[] = {
         {"noise between two variables", whole.substr(0, variables) + "\x1?\n" + whole.substr(variables), 1015, "5000"},
-        {"all of the header", whole.substr(0, variables) + zeros + whole.substr(end), 1024, "41"},
-        {"zeros up to the end of the header", zeros + whole.substr(end + 4), 1024, "41"},
-        {"the first sector", zeros + whole.substr(tables + 40), 1024, "41"},
+        {"all of the header", whole.substr(0, variables) + zeros + whole.substr(end), 1024, "140"},
+        {"zeros up to the end of the header", zeros + whole.substr(end + 4), 1024, "140"},
+        {"the first sector", zeros + whole.substr(tables + 40), 1024, "140"},
         {"binary",
          [] {
              std::string bytes = binaryDxf(r2000);
-             bytes.replace(bytes.find("$ACADVER"), 12, 12, '\xFF');
+             bytes.replace(bytes.find("$ACADVER") - 2, 14, 14, '\xFF');
              return bytes;
          }(),
-         1024, "41"},
+         1024, "140"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
