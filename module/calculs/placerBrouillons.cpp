@@ -20,7 +20,7 @@ namespace {
 
 constexpr const wchar_t* cleBrouillons = L"VELA_BROUILLONS";
 constexpr const wchar_t* dialogues[] = {L"corrPolygoDLG", L"corrPolygoOuverteDLG"};
-constexpr std::size_t morceau = 250; // what every reader of drawings takes for one text
+constexpr std::size_t longueurMorceau = 250; // what every reader of drawings takes for one text
 
 /// One dialog's, as the settings keep it.
 struct brouillonEmporte {
@@ -58,8 +58,8 @@ void ecrireBrouillons(const AcDbDatabase& dessin, const brouillonsEmportes& brou
     chaineResbuf chaine;
     for (const brouillonEmporte& b : brouillons) {
         chaine.ajouter(AcDb::kDxfText, b.dialogue.c_str());
-        for (std::size_t debut = 0; debut < b.texte.size(); debut += morceau)
-            chaine.ajouter(AcDb::kDxfXTextString, b.texte.substr(debut, morceau).c_str());
+        for (std::size_t debut = 0; debut < b.texte.size(); debut += longueurMorceau)
+            chaine.ajouter(AcDb::kDxfXTextString, b.texte.substr(debut, longueurMorceau).c_str());
     }
     auto enregistrement = std::make_unique<AcDbXrecord>();
     AcDbObjectId id;
@@ -106,22 +106,22 @@ public:
     }
 };
 
-std::unique_ptr<gardeCopies> garde;
+std::unique_ptr<gardeCopies> gardeDesCopies;
 
 } // namespace
 
 void suivreCopiesDeSecours()
 {
-    garde = std::make_unique<gardeCopies>();
+    gardeDesCopies = std::make_unique<gardeCopies>();
     if (AcEditor* const editeur = acedEditor)
-        editeur->addReactor(garde.get());
+        editeur->addReactor(gardeDesCopies.get());
 }
 
 void oublierCopiesDeSecours()
 {
     if (AcEditor* const editeur = acedEditor)
-        editeur->removeReactor(garde.get());
-    garde = nullptr;
+        editeur->removeReactor(gardeDesCopies.get());
+    gardeDesCopies = nullptr;
 }
 
 void adopterBrouillons()
