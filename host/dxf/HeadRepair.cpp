@@ -142,6 +142,14 @@ private:
     {
         return std::span(m_file.records()).subspan(section.first, section.last + 1 - section.first);
     }
+    bool hasUtf8Texts(std::string_view record) const
+    {
+        DxfCursor cursor(m_file.form(), record);
+        for (DxfTag tag; cursor.next(tag);)
+            if (dxfKind(tag.code) == DxfKind::text && !isUtf8(dxfText(tag)))
+                return false;
+        return true;
+    }
     void tell(std::uint32_t at, const std::string& what)
     {
         m_repair.told.emplace_back(m_file.records()[at].offset, what);
@@ -176,7 +184,7 @@ private:
         m_out.rawText(9, "$ACADVER");
         const bool unicode = std::ranges::all_of(m_file.sections(), [this](const DxfRange& section) {
             return section.name == "HEADER" || std::ranges::all_of(recordsOf(section), [this](const DxfRecord& record) {
-                       return isUtf8(m_file.bytes(record));
+                       return hasUtf8Texts(m_file.bytes(record));
                    });
         });
         m_out.rawText(1, unicode ? "AC1024" : "AC1018");
