@@ -3,6 +3,7 @@
 #include <bit>
 #include <string_view>
 
+#include "calculs/placerBrouillons.h"
 #include "platform/CodePage.h"
 #include "points/projetDansDessin.h"
 
@@ -102,4 +103,9 @@ std::uint64_t tablesDuProjet::state() const
         e.ajouter(static_cast<std::uint64_t>(table.nbPoint()));
     }
     return e.resultat();
+}
+
+std::uint64_t tablesDuProjet::drafts() const
+{
+    return etatBrouillons();
 }

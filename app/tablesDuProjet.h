@@ -13,4 +13,5 @@ public:
     int count(int table) const override;
     std::optional<ShownPoint> point(int table, int place) const override;
     std::uint64_t state() const override;
+    std::uint64_t drafts() const override;
 };

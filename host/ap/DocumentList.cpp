@@ -112,6 +112,8 @@ std::optional<std::wstring> DocumentList::saveAs(Document& document, const std::
     std::vector<std::wstring> failed;
     withCurrent(document, [&] {
         failed = ModuleTable::instance().tellAll(AcRx::kSaveMsg);
+        if (m_saving)
+            m_saving(document, file);
         status = document.database()->saveAs(file.c_str());
     });
     if (status != Acad::eOk)

@@ -31,6 +31,10 @@ public:
     /// Called whenever a document and its file hold the same: when it was opened or made, and after each saving. One
     /// function; null takes it away.
     void onStored(std::function<void(Document&)> stored) { m_stored = std::move(stored); }
+    /// Called before each of these writes, with the file: after kSaveMsg, the document current. One function; null
+    /// takes it away.
+    using Saving = std::function<void(Document&, const std::wstring& path)>;
+    void onSaving(Saving saving) { m_saving = std::move(saving); }
     /// Closes without saving. Refused while a command runs in it.
     std::optional<std::wstring> close(Document& document);
     /// Closes all of them, the last opened first, whatever runs: for the end of the program.
@@ -70,5 +74,6 @@ private:
     Document* m_active = nullptr;
     std::vector<AcApDocManagerReactor*> m_reactors;
     std::function<void(Document&)> m_stored;
+    Saving m_saving;
     int m_created = 0;
 };

@@ -361,7 +361,7 @@ constexpr const char* tags = R"(0 SECTION
 330 C
 100 AcDbDictionary
 281 1
-3 Layout1
+3 Présentation1
 350 1E
 3 Model
 350 22
@@ -496,7 +496,7 @@ std::string compactText()
                    {"PLOT", "688"},
                    {"AREA", "5"},
                    {"SCALE", "16"},
-                   {"NAME", "Layout1"},
+                   {"NAME", "Présentation1"},
                    {"ORDER", "1"},
                    {"BLOCK", "1B"}}) +
            layout({{"HANDLE", "22"},

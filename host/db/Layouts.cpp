@@ -62,7 +62,7 @@ std::wstring layoutName(AcDbObjectId block)
         return L"Model";
     const std::wstring name = nameOfTab(database, block);
     const bool isPaper = startsNoCase(database.impl().recordName(block.stub()), ACDB_PAPER_SPACE);
-    return name.empty() && isPaper ? L"Layout1" : name;
+    return name.empty() && isPaper ? L"Présentation1" : name;
 }
 
 std::vector<AcDbObjectId> layoutBlocks(AcDbDatabase& database)

@@ -13,6 +13,7 @@
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfUpgrade.h"
 #include "dxf/DxfValue.h"
+#include "dxf/HeadRepair.h"
 
 namespace {
 
@@ -112,6 +113,8 @@ void DxfFile::unmap()
 void DxfFile::load(DxfUpgrade upgrade)
 {
     index();
+    if (HeadRepair::isNeeded(*this))
+        repair();
     if (m_cut || m_lineOpen || !m_endsecsWithin.empty())
         repair();
     m_versionOnDisk = m_form.version;
@@ -229,9 +232,27 @@ bool DxfFile::isEndsecWithin(std::size_t place) const
            typeName(m_records[at + 1].type) != "DICTIONARY"; // the section that holds them lost its head
 }
 
-/// Makes a copy of the file that is whole: closed at its end, without what closes a section too early.
+/// Makes a copy of the file that is whole: with a head that can be read; or, of one that has such a head, closed at its
+/// end, without what closes a section too early.
 void DxfFile::repair()
 {
+    const auto readInstead = [this](std::string text) {
+        if (m_onDisk && !m_repaired)
+            note(m_bytes.size(), dxfBadCode, dxf_texts::originalKept);
+        std::vector<DxfProblem> found = std::move(m_problems); // lines of the file the user has
+        m_memory = std::move(text);
+        unmap();
+        m_bytes = m_memory;
+        m_repaired = true;
+        index();
+        m_problems = std::move(found);
+    };
+    if (HeadRepair::isNeeded(*this)) {
+        HeadRepair head(*this);
+        for (const auto& [offset, what] : head.told)
+            note(offset, dxfBadCode, what);
+        return readInstead(std::move(head.text));
+    }
     std::string whole;
     const bool tailed = (m_records.back().flags & DxfRecord::pseudo) != 0;
     const std::uint64_t end = m_cut && tailed ? m_records.back().offset : m_bytes.size();
@@ -255,15 +276,7 @@ void DxfFile::repair()
         out.rawText(0, "ENDSEC");
         out.rawText(0, "EOF");
     }
-    if (m_onDisk)
-        note(m_bytes.size(), dxfBadCode, dxf_texts::originalKept);
-    std::vector<DxfProblem> found = std::move(m_problems); // lines of the file the user has
-    m_memory = std::move(whole);
-    unmap();
-    m_bytes = m_memory;
-    m_repaired = true;
-    index();
-    m_problems = std::move(found);
+    readInstead(std::move(whole));
 }
 
 void DxfFile::findRanges()

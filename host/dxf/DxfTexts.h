@@ -32,6 +32,7 @@ inline constexpr char originalKept[] = "au premier enregistrement, l'original es
 inline constexpr char noMarkers[] =
     "les objets n'ont pas les marques de leurs classes (code de groupe 100) ; elles sont "
     "ajoutées, comme à un dessin R12";
+inline constexpr char headRemade[] = "l'en-tête du dessin est illisible, il est refait de ce qui en reste";
 inline constexpr char tagCut[] = "donnée illisible ou coupée";
 
 inline constexpr char keepsDamaged[] = "le support ne donne plus tout le dessin (retiré ou endommagé), le fichier "
@@ -74,6 +75,11 @@ inline std::string recordCut(std::string_view type)
 inline std::string sectionNotClosed(std::string_view name)
 {
     return "la section « " + shown(name) + " » n'est pas terminée";
+}
+
+inline std::string sectionReopened(std::string_view name)
+{
+    return "le début de la section « " + shown(name) + " » est perdu, elle est rouverte à ce qui peut se lire";
 }
 
 inline std::string badGroupCode(std::string_view line)

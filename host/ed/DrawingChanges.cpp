@@ -5,6 +5,9 @@
 #include "db/DatabaseImpl.h"
 #include "db/ObjectOpening.h"
 #include "db/UndoTrial.h"
+#include "ed/EditorReactors.h"
+#include "ed/SystemVariables.h"
+#include "platform/CodePage.h"
 #include "rx/HostSession.h"
 #include "rx/ModuleTable.h"
 
@@ -33,9 +36,9 @@ DrawingChanges& DrawingChanges::instance()
     return HostSession::part<DrawingChanges>();
 }
 
-std::uint64_t DrawingChanges::moduleState(Document& document) const
+DrawingChanges::ModuleState DrawingChanges::moduleState(Document& document) const
 {
-    std::uint64_t state = 0;
+    ModuleState state;
     if (m_moduleState)
         DocumentList::instance().withCurrent(document, [&] { state = m_moduleState(); });
     return state;
@@ -44,18 +47,19 @@ std::uint64_t DrawingChanges::moduleState(Document& document) const
 std::uint64_t DrawingChanges::state(Document& document) const
 {
     constexpr std::uint64_t spread = 0x9E3779B97F4A7C15U; // golden ratio: both numbers count
-    return drawingState(document) * spread + moduleState(document);
+    const ModuleState modules = moduleState(document);
+    return (drawingState(document) * spread + modules.saved) * spread + modules.drafts;
 }
 
 bool DrawingChanges::areUnsaved(Document& document) const
 {
     const SavedState& saved = savedStateOf(document);
-    return saved.never || saved.drawing != drawingState(document) || saved.modules != moduleState(document);
+    return saved.never || saved.drawing != drawingState(document) || saved.modules != moduleState(document).saved;
 }
 
 void DrawingChanges::setSaved(Document& document)
 {
-    savedStateOf(document) = {drawingState(document), moduleState(document), false};
+    savedStateOf(document) = {drawingState(document), moduleState(document).saved, false};
 }
 
 void DrawingChanges::setNeverSaved(Document& document)
@@ -71,6 +75,9 @@ std::optional<std::wstring> DrawingChanges::writeCopy(Document& document, const 
     DocumentList::instance().withCurrent(document, [&] {
         const UndoTrial trial(document.database()->impl().undo());
         const std::vector<std::wstring> failed = ModuleTable::instance().tellAll(AcRx::kSaveMsg);
+        const std::wstring file = platform::wideFromUtf8(path.string());
+        SystemVariables::instance().assign(L"SAVEFILE", file);
+        EditorReactors::instance().tellBeginSave(*document.database(), file);
         failure = document.database()->impl().writeCopy(path);
         if (!failure && !failed.empty())
             failure = L"la copie est sans les données du module « " + failed.front() + L" »";

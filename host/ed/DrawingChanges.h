@@ -19,21 +19,24 @@ public:
     void setSaved(Document& document);
     /// Whatever happens, it holds what no file does until it is saved: a drawing that was recovered.
     void setNeverSaved(Document& document);
-    /// Tells one state of a document from another.
+    /// Tells one state of a document from another, drafts and all.
     std::uint64_t state(Document& document) const;
 
-    /// What modules keep for the current document and write to its drawing only when it is saved: a number that
-    /// changes with it. Set by the program; null for nothing.
-    using ModuleState = std::function<std::uint64_t()>;
-    void setModuleState(ModuleState state) { m_moduleState = std::move(state); }
+    /// What modules keep for the current document: numbers that change with it.
+    struct ModuleState {
+        std::uint64_t saved = 0;  ///< what they write to its drawing only when it is saved
+        std::uint64_t drafts = 0; ///< and only to a recovery copy
+    };
+    /// Set by the program; null for nothing.
+    void setModuleState(std::function<ModuleState()> state) { m_moduleState = std::move(state); }
 
-    /// Writes what saving would write, modules told and all, to another file, whole or not at all. The document, its
-    /// history and its own file stay as they are. No object of the drawing may be open.
+    /// Writes a recovery copy: what saving would write, modules told and all, to another file, whole or not at all. The
+    /// document, its history and its own file stay as they are. No object of the drawing may be open.
     /// @return why it failed, or what the copy lacks, in French; nothing when it is whole.
     static std::optional<std::wstring> writeCopy(Document& document, const std::filesystem::path& path);
 
 private:
-    std::uint64_t moduleState(Document& document) const;
+    ModuleState moduleState(Document& document) const;
 
-    ModuleState m_moduleState;
+    std::function<ModuleState()> m_moduleState;
 };

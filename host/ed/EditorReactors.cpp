@@ -31,10 +31,20 @@ void EditorReactors::removeReactor(AcEditorReactor* reactor)
     std::erase(m_reactors, reactor);
 }
 
-void EditorReactors::tell(Event event, const std::wstring& command) const
+void EditorReactors::forEach(const std::function<void(AcEditorReactor&)>& task) const
 {
     const std::vector<AcEditorReactor*> told = m_reactors; // they may come and go meanwhile
     for (AcEditorReactor* const reactor : told)
         if (std::ranges::find(m_reactors, reactor) != m_reactors.end())
-            (reactor->*event)(command.c_str());
+            task(*reactor);
+}
+
+void EditorReactors::tell(Event event, const std::wstring& command) const
+{
+    forEach([&](AcEditorReactor& reactor) { (reactor.*event)(command.c_str()); });
+}
+
+void EditorReactors::tellBeginSave(AcDbDatabase& drawing, const std::wstring& path) const
+{
+    forEach([&](AcEditorReactor& reactor) { reactor.beginSave(&drawing, path.c_str()); });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,10 @@ public:
     /// One of the reactors' members, called for each of them.
     using Event = void (AcEditorReactor::*)(const ACHAR*);
     void tell(Event event, const std::wstring& command) const;
+    void tellBeginSave(AcDbDatabase& drawing, const std::wstring& path) const;
 
 private:
+    void forEach(const std::function<void(AcEditorReactor&)>& task) const;
+
     std::vector<AcEditorReactor*> m_reactors;
 };

@@ -4,6 +4,7 @@
 #include "db/ObjectOpening.h"
 #include "ed/CommandRunner.h"
 #include "ed/DrawingChanges.h"
+#include "ed/EditorReactors.h"
 #include "ed/input/PendingCommands.h"
 
 Kernel::Kernel()
@@ -12,6 +13,9 @@ Kernel::Kernel()
     PendingCommands::install();
     SystemVariables::instance().setDrawingVariables(&m_header);
     DocumentList::instance().onStored([](Document& document) { DrawingChanges::instance().setSaved(document); });
+    DocumentList::instance().onSaving([](Document& document, const std::wstring& path) {
+        EditorReactors::instance().tellBeginSave(*document.database(), path);
+    });
     CommandRunner::instance().setOpenObjects([] {
         auto names = ObjectOpening::openNames();
         ObjectOpening::closeAll();
@@ -24,6 +28,7 @@ Kernel::~Kernel()
     SystemVariables::instance().setDrawingVariables(nullptr);
     CommandRunner::instance().setOpenObjects(nullptr);
     DocumentList::instance().onStored(nullptr);
+    DocumentList::instance().onSaving(nullptr);
     setUndoMarks(nullptr);
 }
 

@@ -207,6 +207,7 @@ const std::vector<SystemVariables::Row>& SystemVariables::table()
         {L"PLINETYPE", session, writable, short{2}, nullptr, 0, 2},
         {L"PRODUCT", session, readOnly, text(L"Vela")},
         {L"REGENMODE", drawing, writable, one, nullptr, 0, 1},
+        {L"SAVEFILE", session, readOnly, text(L"")},
         {L"SAVENAME", computed, readOnly, text(L""), drawingFile},
         {L"SCREENSIZE", document, readOnly, AcGePoint2d(1280.0, 720.0)},
         {L"SDI", session, readOnly, zero},

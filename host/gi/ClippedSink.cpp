@@ -9,6 +9,7 @@ namespace {
 using Ring = std::vector<AcGePoint3d>;
 
 constexpr std::size_t mostCorners = 500; // of a ring, whose cube is the time at worst: beyond, areas are shown whole
+constexpr double descent = 0.3, ascent = 1.2; // of letters, in heights of a capital
 
 /// Twice the area of a triangle, positive when it turns left.
 double turn(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& c)
@@ -171,6 +172,15 @@ void ClippedSink::dot(const AcGePoint3d& point, const Appearance& look)
 
 void ClippedSink::text(const TextItem& item, const Appearance& look)
 {
-    if (holds(item.origin + item.along * (item.width / 2.0) + item.up * 0.5))
-        m_sink.text(item, look);
+    const AcGeVector3d along = item.along * item.width;
+    const AcGePoint3d low = item.origin - item.up * descent, high = item.origin + item.up * ascent;
+    const Ring box{low, low + along, high + along, high};
+    bool crossed = isWithin(box, m_ring.front()); // a ring within one letter
+    for (std::size_t i = 0; i < box.size() && !crossed; ++i)
+        crossed = isCrossedBy(box[i], box[(i + 1) % box.size()]);
+    if (!crossed)
+        return holds(low) ? m_sink.text(item, look) : void();
+    TextItem cut = item;
+    cut.clips.push_back(m_ring);
+    m_sink.text(cut, look);
 }

@@ -5,8 +5,8 @@
 /// Whether a point lies within a ring, as seen from above; a part that the ring goes about twice is outside.
 bool isWithin(std::span<const AcGePoint3d> ring, const AcGePoint3d& point);
 
-/// Hands on what lies within a ring, as seen from above: lines and areas are cut at it, a text shows when its middle
-/// lies within.
+/// Hands on what lies within a ring, as seen from above: lines and areas are cut at it; a text that crosses it is
+/// handed on with the ring, for the last sink to cut.
 class ClippedSink : public GraphicsSink {
 public:
     /// @param ring of the world; not closed by repeating its first point
@@ -24,6 +24,7 @@ private:
     using Ring = std::vector<AcGePoint3d>;
 
     bool holds(const AcGePoint3d& point) const { return isWithin(m_ring, point); }
+    bool isCrossedBy(const AcGePoint3d& from, const AcGePoint3d& to) const { return crossings(from, to).size() > 2; }
     /// Shares of the way between two points where it crosses the ring, from 0 to 1, in order.
     std::vector<double> crossings(const AcGePoint3d& from, const AcGePoint3d& to) const;
 

@@ -58,6 +58,8 @@ struct Area {
     std::vector<Path> rings;
     bool hasCorners = false; ///< object snaps find its corners: a solid's, not a hatch's
     bool hides = false;      ///< filled in the colour of the ground: what was drawn before is not seen
+    std::int32_t trueColor = -1;
+    std::int16_t color = -1; ///< of this area alone; -1: that of its entity
 };
 
 /// Parallel lines: all that lie k steps of `offset` from `base`, along `direction`, with dashes as in linetypes.

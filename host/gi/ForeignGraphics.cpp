@@ -222,6 +222,17 @@ void addTolerance(const RecordTags& tags, DisplayList& list)
     }
 }
 
+/// Dimensions along an arc, and of radii too large to show their centre: as their block was drawn last, moved by as
+/// much as they were since.
+void addDimensionBlock(const RecordTags& tags, DisplayList& list)
+{
+    BlockUse use;
+    use.block = AcDbDatabaseImpl::of(list.current().entity.stub()).named(NameKind::block, tags.text(2));
+    use.toOwner = AcGeMatrix3d::translation(tags.point(12, AcGePoint3d::kOrigin).asVector());
+    if (use.block)
+        list.add(use);
+}
+
 AddTags kindNamed(std::string_view name)
 {
     static const std::map<std::string, AddTags, std::less<>> kinds = {
@@ -233,6 +244,9 @@ AddTags kindNamed(std::string_view name)
         {"MULTILEADER", addMultileader},
         {"MLEADER", addMultileader},
         {"ACAD_TABLE", addTable},
+        {"ARC_DIMENSION", addDimensionBlock},
+        {"LARGE_RADIAL_DIMENSION", addDimensionBlock},
+        {"OLE2FRAME", addEmbedded},
         {"IMAGE", addImage},
         {"WIPEOUT", addWipeout},
         {"VIEWPORT", addViewportFrame},

@@ -12,6 +12,8 @@ void addMultileader(const RecordTags& tags, DisplayList& list);
 // FrameGraphics.cpp: what is not painted itself shows as a frame with its name
 void addTable(const RecordTags& tags, DisplayList& list);
 void addImage(const RecordTags& tags, DisplayList& list);
+/// A sheet or a picture of another program, within the drawing.
+void addEmbedded(const RecordTags& tags, DisplayList& list);
 void addWipeout(const RecordTags& tags, DisplayList& list);
 void addUnderlay(const RecordTags& tags, DisplayList& list);
 /// The frame of a window of a layout; what it shows is drawn by LayoutDrawing.

@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr double nameShare = 0.1; // of a frame's height, for its name
+
 /// The last part of a path, whichever way it was written.
 std::wstring fileName(const std::wstring& path)
 {
@@ -20,14 +22,14 @@ Path outline(std::vector<AcGePoint3d> corners)
     return path;
 }
 
-/// The name in the middle of a parallelogram: a tenth of its height, or less for the name to fit.
+/// The name in the middle of a parallelogram: a share of its height, or less for the name to fit.
 void addName(const std::wstring& name, const AcGePoint3d& corner, const AcGeVector3d& across, const AcGeVector3d& up,
-             DisplayList& list)
+             double share, DisplayList& list)
 {
     const double wide = textWidth(name), most = across.length() * 0.9;
     if (!(wide > 0.0) || !(up.length() > 0.0) || !(most > 0.0))
         return;
-    const double height = std::min(up.length() / 10.0, most / wide);
+    const double height = std::min(up.length() * share, most / wide);
     Label label;
     label.text = name;
     label.along = across.normal() * height;
@@ -89,6 +91,42 @@ std::vector<AcGePoint3d> shownPart(const RecordTags& tags, const Raster& raster)
     return corners;
 }
 
+/// A table that lost its block: its cells, from the upper left one, row by row, with their texts.
+void addCells(const RecordTags& tags, const AcGePoint3d& place, const AcGeVector3d& along, DisplayList& list)
+{
+    std::vector<double> columns{0.0}, rows{0.0}; // where they end
+    std::vector<std::wstring> texts;
+    for (const DxfTag& tag : tags) {
+        if (tag.code == 142)
+            columns.push_back(columns.back() + tags.real(tag));
+        else if (tag.code == 141)
+            rows.push_back(rows.back() + tags.real(tag));
+        else if (tag.code == 171) // a cell begins
+            texts.emplace_back();
+        else if (tag.code == 1 && !texts.empty())
+            texts.back() = tags.text(tag);
+    }
+    if (columns.size() < 2 || rows.size() < 2)
+        return;
+    const AcGeVector3d down = along.crossProduct(AcGeVector3d::kZAxis);
+    const auto line = [&](const AcGePoint3d& from, const AcGeVector3d& way) {
+        Path path;
+        path.points = {from, from + way};
+        list.add(std::move(path));
+    };
+    for (const double x : columns)
+        line(place + along * x, down * rows.back());
+    for (const double y : rows)
+        line(place + down * y, along * columns.back());
+    const std::size_t across = columns.size() - 1;
+    for (std::size_t i = 0; i < texts.size() && i / across + 1 < rows.size(); ++i) {
+        const std::size_t row = i / across, column = i % across;
+        const double high = rows[row + 1] - rows[row], wide = columns[column + 1] - columns[column];
+        addName(texts[i], place + along * columns[column] + down * rows[row + 1], along * wide, down * -high, 0.4,
+                list);
+    }
+}
+
 } // namespace
 
 /// A table has a block that shows it as it was drawn last.
@@ -96,11 +134,11 @@ void addTable(const RecordTags& tags, DisplayList& list)
 {
     const AcGePoint3d place = tags.point(10, AcGePoint3d::kOrigin);
     list.add(Anchor{place});
-    const AcDbObjectId block = tags.object(343);
-    if (block.isNull())
-        return;
     AcGeVector3d along = tags.point(11, AcGePoint3d(1.0, 0.0, 0.0)).asVector();
     along = along.length() > 0.0 ? along.normal() : AcGeVector3d::kXAxis;
+    const AcDbObjectId block = tags.object(343);
+    if (block.isNull())
+        return addCells(tags, place, along, list);
     BlockUse use;
     use.block = block.stub();
     use.toOwner = AcGeMatrix3d::translation(place.asVector()) *
@@ -113,7 +151,16 @@ void addImage(const RecordTags& tags, DisplayList& list)
     const Raster raster(tags);
     list.add(Anchor{raster.corner});
     list.add(outline(shownPart(tags, raster)));
-    addName(fileName(RecordTags(tags.object(340)).text(1)), raster.corner, raster.across, raster.up, list);
+    addName(fileName(RecordTags(tags.object(340)).text(1)), raster.corner, raster.across, raster.up, nameShare, list);
+}
+
+void addEmbedded(const RecordTags& tags, DisplayList& list)
+{
+    const AcGePoint3d a = tags.point(10, AcGePoint3d::kOrigin), b = tags.point(11, AcGePoint3d::kOrigin);
+    const AcGePoint3d low(std::min(a.x, b.x), std::min(a.y, b.y), a.z);
+    const AcGeVector3d across(std::fabs(b.x - a.x), 0.0, 0.0), up(0.0, std::fabs(b.y - a.y), 0.0);
+    list.add(outline({low, low + across, low + across + up, low + up}));
+    addName(tags.text(3), low, across, up, nameShare, list);
 }
 
 /// It hides what was drawn before it.
@@ -159,7 +206,7 @@ void addUnderlay(const RecordTags& tags, DisplayList& list)
         list.add(outline(std::move(corners)));
     }
     addName(fileName(RecordTags(tags.object(340)).text(1)), at(low.x, low.y), across * (high.x - low.x),
-            up * (high.y - low.y), list);
+            up * (high.y - low.y), nameShare, list);
 }
 
 void addViewportFrame(const RecordTags& tags, DisplayList& list)

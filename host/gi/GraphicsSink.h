@@ -27,6 +27,7 @@ struct TextItem {
     double width = 0.0;     ///< of all of it, in heights of a capital letter
     std::wstring_view font; ///< font file of its text style
     bool underlined = false, overlined = false, struck = false;
+    std::vector<std::vector<AcGePoint3d>> clips; ///< rings that cut it: it shows where all of them lie
 };
 
 /// Takes the primitives that a scene is drawn with. Coordinates are the world's, all of them finite.

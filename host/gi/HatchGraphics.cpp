@@ -1,3 +1,4 @@
+#include "db/entities/GradientColor.h"
 #include "gi/EntityGraphics.h"
 
 #include "dbhatch.h"
@@ -26,8 +27,12 @@ std::vector<Path> ringsOf(const AcDbHatch& hatch, const AcGeMatrix3d& toOwner)
 void addHatch(const AcDbHatch& hatch, DisplayList& list)
 {
     const AcGeMatrix3d plane = planeOf(hatch.normal());
-    if (hatch.isSolidFill())
-        return list.add(Area{ringsOf(hatch, plane), false});
+    if (hatch.isSolidFill()) {
+        Area area{ringsOf(hatch, plane)};
+        if (hatch.isGradient())
+            area.trueColor = middleOfGradient(hatch);
+        return list.add(std::move(area));
+    }
     Pattern pattern;
     pattern.rings = ringsOf(hatch, plane);
     for (int i = 0; i < hatch.numPatternDefinitions(); ++i) {

@@ -106,6 +106,8 @@ public:
         placed.origin = flat(item.origin);
         placed.along = m_port.toPaper * item.along;
         placed.up = m_port.toPaper * item.up;
+        for (std::vector<AcGePoint3d>& ring : placed.clips)
+            ring = moved(ring);
         m_sink.text(placed, look);
     }
     bool enter(AcDbObjectId entity, const AcGeMatrix3d&) override

@@ -168,6 +168,7 @@ void SceneDrawing::show(const Area& area, const Placement& place, const Pen& pen
     if (rings.empty())
         return;
     Pen filling = pen;
+    filling.look = lookOf(area, pen);
     filling.look.ground = area.hides;
     fill(std::move(rings), filling);
 }

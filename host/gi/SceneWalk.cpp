@@ -80,11 +80,11 @@ void SceneWalk::shrink(const EntityLook& look, const AcGePoint3d& at)
         shrunk(at, resolved.pen);
 }
 
-Appearance SceneWalk::lookOf(const Label& label, const Pen& pen) const
+Appearance SceneWalk::lookOf(const Pen& pen, std::int16_t color, std::int32_t trueColor)
 {
     Appearance look = pen.look;
-    if (label.trueColor >= 0 || (label.color > colorByBlock && label.color < colorByLayer))
-        setColor(look, label.color, label.trueColor);
+    if (trueColor >= 0 || (color > colorByBlock && color < colorByLayer))
+        setColor(look, color, trueColor);
     return look;
 }
 

@@ -52,7 +52,8 @@ protected:
     const SceneView& view() const { return m_view; }
     const Box2d& viewBox() const { return m_viewBox; }
     /// That of a run of text that has a colour of its own.
-    Appearance lookOf(const Label& label, const Pen& pen) const;
+    Appearance lookOf(const Label& label, const Pen& pen) const { return lookOf(pen, label.color, label.trueColor); }
+    Appearance lookOf(const Area& area, const Pen& pen) const { return lookOf(pen, area.color, area.trueColor); }
 
 private:
     /// What a reference hands down to the entities of its block.
@@ -67,6 +68,7 @@ private:
     };
 
     Resolved resolve(const EntityLook& look, const Reference* within);
+    static Appearance lookOf(const Pen& pen, std::int16_t color, std::int32_t trueColor);
     void walkParts(const DisplayList& list, const Placement& place, const Reference* within);
     void showPart(const DisplayList& list, const DisplayPart& part, const Placement& place, const Resolved& resolved);
     void showPrimitive(const Primitive& primitive, const Placement& place, const Resolved& resolved);

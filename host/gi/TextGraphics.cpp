@@ -7,6 +7,7 @@
 #include "text/TextMetrics.h"
 
 #include "dbmtext.h"
+#include "dbsymtb.h"
 
 void addText(const AcDbText& text, std::wstring_view shown, DisplayList& list)
 {
@@ -32,12 +33,44 @@ void addText(const AcDbText& text, std::wstring_view shown, DisplayList& list)
     }
 }
 
+namespace {
+
+/// What lies behind a text: it hides what was drawn before.
+void addBackground(const AcDbMText& text, const MTextLayout& layout, const AcGeVector3d& along, const AcGeVector3d& up,
+                   DisplayList& list)
+{
+    double factor = 1.0;
+    AcCmColor color;
+    if (!text.backgroundFillOn() || layout.isEmpty() || text.getBackgroundScaleFactor(factor) != Acad::eOk ||
+        text.getBackgroundFillColor(color) != Acad::eOk)
+        return;
+    const double air = text.textHeight() * (factor - 1.0);
+    const auto corner = [&](double x, double y) { return text.location() + along * x + up * y; };
+    const double left = layout.left - air, right = layout.right + air;
+    const double bottom = layout.bottom - air, top = layout.top + air;
+    Path ring;
+    ring.points = {corner(left, bottom), corner(right, bottom), corner(right, top), corner(left, top),
+                   corner(left, bottom)};
+    Area area;
+    area.rings = {std::move(ring)};
+    area.hides = text.useBackgroundColorOn();
+    if (color.isByColor())
+        area.trueColor = color.red() << 16 | color.green() << 8 | color.blue();
+    else
+        area.color = static_cast<std::int16_t>(color.colorIndex());
+    list.add(std::move(area));
+}
+
+} // namespace
+
 void addMText(const AcDbMText& text, DisplayList& list)
 {
     const AcGeVector3d along = text.direction().normal();
     const AcGeVector3d up = text.normal().crossProduct(along).normal();
     list.add(Anchor{text.location()});
-    for (const MTextLayout::Run& run : layoutOf(text).runs) {
+    const MTextLayout layout = layoutOf(text);
+    addBackground(text, layout, along, up, list);
+    for (const MTextLayout::Run& run : layout.runs) {
         Label label;
         label.text = run.text;
         label.origin = text.location() + along * run.x + up * run.y;

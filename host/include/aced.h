@@ -7,6 +7,8 @@
 #include "acutads.h"
 #include "rxregsvc.h"
 
+class AcDbDatabase;
+
 /// Told of the commands that run, those inside others as well. What a reactor changes in the drawing belongs to the
 /// command's step for U: it hears of the start after the step was begun, of the end before it is closed.
 class AcEditorReactor : public AcRxObject {
@@ -17,6 +19,10 @@ public:
     virtual void commandEnded(const ACHAR* /*globalName*/) {}
     virtual void commandCancelled(const ACHAR* /*globalName*/) {}
     virtual void commandFailed(const ACHAR* /*globalName*/) {}
+    /// The drawing, which is the current one, is about to be written to that file; modules have heard kSaveMsg. A
+    /// recovery copy goes to the file that the system variable SAVEFILE names: what is changed for it is taken back
+    /// after it.
+    virtual void beginSave(AcDbDatabase* /*drawing*/, const ACHAR* /*intendedName*/) {}
 };
 
 class AcEditor : public AcRxObject {

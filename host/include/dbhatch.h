@@ -27,6 +27,8 @@ public:
     /// Valid while the hatch is open.
     const ACHAR* patternName() const;
     bool isSolidFill() const;
+    /// Filled from one colour to another, or to a tint of it: a solid fill as well.
+    bool isGradient() const;
     double patternAngle() const;
     double patternScale() const;
     double elevation() const;
@@ -55,6 +57,7 @@ protected:
 
 private:
     friend struct DxfFieldsOfHatch;
+    friend std::int32_t middleOfGradient(const AcDbHatch& hatch);
     double number(int code, double otherwise) const;
 
     std::vector<AcDbHatchTag> m_tags; // all of it, in the order of the file

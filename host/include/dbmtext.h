@@ -66,6 +66,12 @@ public:
     AcDbObjectId textStyle() const;
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
     double lineSpacingFactor() const { return m_lineSpacing; }
+    /// A rectangle behind the text: of a colour, or of that of the ground, which hides what lies behind.
+    bool backgroundFillOn() const { return (m_fill & 1) != 0; }
+    bool useBackgroundColorOn() const { return (m_fill & 2) != 0; }
+    Acad::ErrorStatus getBackgroundFillColor(AcCmColor& color) const;
+    /// How far it stands out from the text, in heights of the text; 1 for not at all.
+    Acad::ErrorStatus getBackgroundScaleFactor(double& factor) const;
     /// Of the visible text, by the widths of the one font that texts are shown in.
     double actualWidth() const;
     double actualHeight() const;
@@ -91,4 +97,7 @@ private:
     std::wstring m_contents;
     AcDbStub* m_style = nullptr;
     Adesk::Int16 m_attachment = kTopLeft, m_flow = 1;
+    Adesk::Int32 m_fill = 0, m_fillTrueColor = -1;
+    Adesk::Int16 m_fillColor = 7;
+    double m_fillScale = 1.5;
 };

@@ -3,14 +3,17 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QStringList>
+#include <QUuid>
 
 #include "services/reglages.h"
 
 namespace {
 
-std::wstring cleDe(const QString& dialogue)
+constexpr const wchar_t* finSaisie = L"%0A"; // a line end: the settings keep one line a value
+
+std::wstring saisieDe(const std::wstring& texte)
 {
-    return L"Brouillon." + dialogue.toStdWString();
+    return texte.substr(0, texte.find(finSaisie));
 }
 
 } // namespace
@@ -40,14 +43,33 @@ void reprendreChamps(QWidget& dialogue, const QString& brouillon)
     }
 }
 
-// The settings keep one line a value: line ends are written as letters.
 QString brouillonGarde(const QString& dialogue)
 {
     return QString::fromUtf8(QByteArray::fromPercentEncoding(
-        QByteArray::fromStdString(QString::fromStdWString(lireReglage(cleDe(dialogue).c_str(), L"")).toStdString())));
+        QByteArray::fromStdString(QString::fromStdWString(texteGarde(dialogue.toStdWString())).toStdString())));
 }
 
 void garderBrouillon(const QString& dialogue, const QString& brouillon)
 {
-    garderReglage(cleDe(dialogue).c_str(), QString::fromLatin1(brouillon.toUtf8().toPercentEncoding()).toStdWString());
+    const std::wstring nom = dialogue.toStdWString();
+    if (brouillon.isEmpty())
+        return garderTexte(nom, L"");
+    const std::wstring avant = saisieDe(texteGarde(nom));
+    const std::wstring saisie = avant.empty() ? QUuid::createUuid().toString(QUuid::Id128).toStdWString() : avant;
+    garderTexte(nom, saisie + finSaisie + QString::fromLatin1(brouillon.toUtf8().toPercentEncoding()).toStdWString());
+}
+
+std::wstring texteGarde(const std::wstring& dialogue)
+{
+    return lireReglage((L"Brouillon." + dialogue).c_str(), L"");
+}
+
+void garderTexte(const std::wstring& dialogue, const std::wstring& texte)
+{
+    garderReglage((L"Brouillon." + dialogue).c_str(), texte);
+}
+
+bool memeSaisie(const std::wstring& a, const std::wstring& b)
+{
+    return saisieDe(a) == saisieDe(b);
 }

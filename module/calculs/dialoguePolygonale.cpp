@@ -98,7 +98,8 @@ void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_l
     for (const auto* const champ : findChildren<QLineEdit*>())
         connect(champ, &QLineEdit::textChanged, &m_garde, dessiner);
     QTimer::singleShot(0, this, &dialoguePolygonale::noterEnregistre); // once the fields show what they begin with
-    m_panneau->proposerReprise(!brouillonGarde(metaObject()->className()).isEmpty());
+    m_aReprendre = brouillonGarde(metaObject()->className());
+    m_panneau->proposerReprise(!m_aReprendre.isEmpty());
 }
 
 /// The fields, then the rows: a blank field a tab.
@@ -124,9 +125,11 @@ void dialoguePolygonale::garder()
         garderBrouillon(metaObject()->className(), brouillon());
 }
 
+/// What was typed meanwhile takes the place of what comes back: a second press brings it back in turn.
 void dialoguePolygonale::reprendre()
 {
-    const QString garde = brouillonGarde(metaObject()->className());
+    const QString garde = m_aReprendre;
+    m_aReprendre = brouillon() == m_enregistre ? QString() : brouillon();
     std::vector<ligneObservation> lignes;
     for (const QString& ligne : garde.split(u'\n')) {
         const QStringList cellules = ligne.split(u'\t');
@@ -136,7 +139,7 @@ void dialoguePolygonale::reprendre()
     }
     m_panneau->afficher(lignes, m_panneau->unite(), m_panneau->nivellement());
     reprendreChamps(*this, garde);
-    m_panneau->proposerReprise(false);
+    m_panneau->proposerReprise(!m_aReprendre.isEmpty());
     m_panneau->montrerBilan({L"Observations reprises ; elles ne sont pas enregistrées."});
 }
 

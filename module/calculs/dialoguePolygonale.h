@@ -61,6 +61,7 @@ private:
     QTimer m_croquis;     ///< one drawing for a run of changes
     QTimer m_garde;       ///< and one writing of what is not saved
     QString m_enregistre; ///< what a file, or nothing at all, has given
+    QString m_aReprendre; ///< what "Reprendre" brings
 };
 
 // Fields of traverse dialogs.

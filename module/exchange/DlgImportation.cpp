@@ -127,6 +127,6 @@ void DlgImportation::prelever()
     });
     if (!donne)
         return;
-    m_ui->editX->setText(QString::number(vers[0] - de[0], 'g', 15));
-    m_ui->editY->setText(QString::number(vers[1] - de[1], 'g', 15));
+    m_ui->editX->setText(texteDesigne(vers[0] - de[0]));
+    m_ui->editY->setText(texteDesigne(vers[1] - de[1]));
 }

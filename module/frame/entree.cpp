@@ -1,3 +1,4 @@
+#include "calculs/placerBrouillons.h"
 #include "frame/commandes.h"
 #include "frame/fonctionsLisp.h"
 #include "points/projetDansDessin.h"
@@ -16,6 +17,7 @@ void demarrer(void* paquet)
         chargeur->registerAppMDIAware(paquet);
     }
     enregistrerCommandes();
+    suivreCopiesDeSecours();
     AfxInitRichEdit();
 }
 
@@ -29,9 +31,11 @@ AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* paquet)
         break;
     case AcRx::kUnloadAppMsg:
         retirerCommandes();
+        oublierCopiesDeSecours();
         break;
     case AcRx::kLoadDwgMsg:
         definirFonctionsLisp(); // a refusal is not passed on: the rest of the module works without it
+        adopterBrouillons();
         break;
     case AcRx::kUnloadDwgMsg:
         oublierFonctionsLisp();

@@ -4,6 +4,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
+import caption_guard
 import include_guard
 import symbol_guard
 import unused_names
@@ -63,6 +64,31 @@ FAULTS = (
     ("computation sees what draws", "module/calculs/somme.h", '"calculs/placerSomme.h"', "include each other in a circle"),
     ("folders in a circle", "host/db/x.cpp", '"ed/Record.h"', "folders include each other in a circle"),
 )
+
+
+TEMPLATE = '<ui><widget class="QDialog" name="D"><widget class="%s" name="p"><property name="text"><string>%s</string>' \
+           '</property></widget><widget class="QPushButton" name="b"><property name="text"><string>%s</string></property>' \
+           '</widget></widget></ui>'
+
+# what the dialog's panel is, its caption, the button's, and whether they clash
+CAPTIONS = (
+    ("QLabel", "&amp;Nom", "Ra&amp;ng", True),
+    ("QLabel", "&amp;Écart", "&amp;Exporter", True),
+    ("QLabel", "&amp;Nom", "Rang", False),
+    ("QLabel", "&amp;Nom", "N &amp;&amp; R", False),
+    ("panneau", "Titre", "&amp;Fermer", True),
+)
+
+
+class CaptionGuard(unittest.TestCase):
+    def test_letters_that_clash(self):
+        for kind, first, second, clash in CAPTIONS:
+            with self.subTest(first + second), tempfile.TemporaryDirectory() as name:
+                folder = Path(name, "module")
+                folder.mkdir()
+                (folder / "DlgEssai.ui").write_text(TEMPLATE % (kind, first, second))
+                (folder / "panneau.ui").write_text(TEMPLATE % ("QLabel", "&amp;Fichier", "Rien"))
+                self.assertEqual(bool(caption_guard.faults(name)), clash)
 
 
 class IncludeGuard(unittest.TestCase):

@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 
+#include "db/entities/GradientColor.h"
 #include "db/entities/HatchStretch.h"
 #include "db/entities/OcsTransform.h"
 #include "ge/Angles.h"
@@ -130,6 +132,32 @@ bool AcDbHatch::isSolidFill() const
 {
     return number(70, 0.0) != 0.0;
 }
+
+bool AcDbHatch::isGradient() const
+{
+    return number(450, 0.0) != 0.0;
+}
+
+std::int32_t middleOfGradient(const AcDbHatch& hatch)
+{
+    hatch.assertReadEnabled();
+    constexpr int rgbOfEnd = 421;
+    std::array<double, 3> sum{};
+    int ends = 0;
+    for (const AcDbHatchTag& tag : hatch.m_tags) {
+        if (tag.code != rgbOfEnd || !(tag.number >= 0.0) || tag.number > 0xFFFFFF)
+            continue;
+        const auto rgb = static_cast<std::uint32_t>(tag.number);
+        for (std::size_t channel = 0; channel < sum.size(); ++channel)
+            sum[channel] += (rgb >> (16U - 8U * channel)) & 0xFFU;
+        ++ends;
+    }
+    std::int32_t middle = 0;
+    for (const double channel : sum)
+        middle = middle * 256 + (ends > 0 ? static_cast<std::int32_t>(channel / ends) : 0);
+    return ends > 0 ? middle : -1;
+}
+
 double AcDbHatch::patternScale() const
 {
     return hatchNumber(m_tags, find(m_tags, 75), m_tags.size(), 41, 1.0);

@@ -172,6 +172,23 @@ Acad::ErrorStatus AcDbMText::setAttachment(AttachmentPoint attachment)
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbMText::getBackgroundFillColor(AcCmColor& color) const
+{
+    assertReadEnabled();
+    if (m_fillTrueColor < 0)
+        return color.setColorIndex(static_cast<Adesk::UInt16>(m_fillColor));
+    const auto rgb = static_cast<std::uint32_t>(m_fillTrueColor);
+    return color.setRGB(static_cast<Adesk::UInt8>(rgb >> 16U), static_cast<Adesk::UInt8>(rgb >> 8U),
+                        static_cast<Adesk::UInt8>(rgb));
+}
+
+Acad::ErrorStatus AcDbMText::getBackgroundScaleFactor(double& factor) const
+{
+    assertReadEnabled();
+    factor = m_fillScale;
+    return Acad::eOk;
+}
+
 AcDbObjectId AcDbMText::textStyle() const
 {
     assertReadEnabled();

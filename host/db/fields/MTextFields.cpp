@@ -102,6 +102,8 @@ void DxfFieldsOfMText::add(DxfClasses& classes)
          integerField<&AcDbMText::m_flow>(72, DxfWhen::always), contents, textStyleField<&AcDbMText::m_style>(),
          pointField<&AcDbMText::m_normal>(210), pointField<&AcDbMText::m_direction>(11),
          realField<&AcDbMText::m_actualWidth>(42), realField<&AcDbMText::m_actualHeight>(43), rotation,
-         realField<&AcDbMText::m_lineSpacing>(44)});
+         realField<&AcDbMText::m_lineSpacing>(44), integerField<&AcDbMText::m_fill>(90),
+         integerField<&AcDbMText::m_fillColor>(63), integerField<&AcDbMText::m_fillTrueColor>(421),
+         realField<&AcDbMText::m_fillScale>(45)});
     addEntityClass<AcDbMText>(classes, "MTEXT", {&text});
 }

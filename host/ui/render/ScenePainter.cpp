@@ -223,6 +223,27 @@ public:
         return true;
     }
 
+    /// What is painted until `uncut` shows within these rings only.
+    void cut(const std::vector<std::vector<AcGePoint3d>>& rings)
+    {
+        flush();
+        m_painter.save();
+        for (const std::vector<AcGePoint3d>& ring : rings) {
+            QPolygonF polygon;
+            for (const AcGePoint3d& point : ring)
+                polygon.append(at(point));
+            QPainterPath path;
+            path.addPolygon(polygon);
+            path.closeSubpath();
+            m_painter.setClipPath(path, Qt::IntersectClip);
+        }
+    }
+    void uncut()
+    {
+        flush();
+        m_painter.restore();
+    }
+
     QTransform glyphs(const TextItem& item) const
     {
         const QPointF origin = at(item.origin), along = vector(item.along), up = vector(item.up);
@@ -319,6 +340,15 @@ void ScenePainter::dot(const AcGePoint3d& point, const Appearance& look)
 void ScenePainter::text(const TextItem& item, const Appearance& look)
 {
     m_strokes->take(look);
+    if (item.clips.empty())
+        return paint(item);
+    m_strokes->cut(item.clips);
+    paint(item);
+    m_strokes->uncut();
+}
+
+void ScenePainter::paint(const TextItem& item)
+{
     const QTransform place = m_strokes->glyphs(item);
     const double tall = std::hypot(place.m21(), place.m22());
     const QRectF frame = place.mapRect(QRectF(0.0, -0.5, item.width, 2.0));

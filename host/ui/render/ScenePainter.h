@@ -37,6 +37,8 @@ public:
 
 private:
     class Strokes;
+    void paint(const TextItem& item);
+
     std::unique_ptr<Strokes> m_strokes;
 };
 

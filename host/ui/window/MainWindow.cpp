@@ -88,7 +88,9 @@ MainWindow::MainWindow(PointTables* points) :
     setDarkGround(windowSettings::text(L"fond", QStringLiteral("sombre")) == QLatin1String("sombre"));
     m_autosave->setMinutes(windowSettings::number(L"minutesSauvegarde", autosaveMinutes));
     if (points)
-        DrawingChanges::instance().setModuleState([points] { return points->state(); });
+        DrawingChanges::instance().setModuleState([points] {
+            return DrawingChanges::ModuleState{points->state(), points->drafts()};
+        });
     showDocument(DocumentList::instance().current());
 }
 

@@ -90,11 +90,12 @@ PointPanel::PointPanel(PointTables* tables, QWidget* parent) :
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->setDefaultSectionSize(20);
-    constexpr int air = 14; // pixels around a text
-    for (const auto& [column, widest] : {std::pair{PointModel::name, "MMMMMM"},
+    constexpr int air = 10; // pixels around a text
+    for (const auto& [column, widest] : {std::pair{PointModel::name, "MMMMM"},
                                          {PointModel::code, "99999"},
                                          {PointModel::x, "1234567.890"}, // Lambert coordinates, to the millimetre
-                                         {PointModel::y, "6234567.890"}})
+                                         {PointModel::y, "6234567.890"},
+                                         {PointModel::z, "1234.567"}})
         m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(QLatin1String(widest)) + air);
     m_table->verticalHeader()->hide(); // room for Z
     m_table->horizontalHeader()->setStretchLastSection(true);

@@ -28,4 +28,6 @@ public:
     virtual std::optional<ShownPoint> point(int table, int place) const = 0;
     /// A number that changes with the project.
     virtual std::uint64_t state() const = 0;
+    /// A number that changes with what was typed in the module's dialogs and is in no file.
+    virtual std::uint64_t drafts() const { return 0; }
 };

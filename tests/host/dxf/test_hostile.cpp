@@ -135,6 +135,47 @@ TEST(DxfHostileTest, AnEndsecWithinASectionHidesNothing)
     EXPECT_FALSE(headless.wasRepaired());
 }
 
+TEST(DxfHostileTest, AHeadThatCannotBeReadIsMadeAgain)
+{
+    const std::string whole = asciiDxf(r2000, "\n"), zeros(90, '\0');
+    const std::size_t variables = whole.find("HEADER") + 7, end = whole.find("  0\nENDSEC"),
+                      tables = whole.find("TABLES");
+    struct Row {
+        const char* name;
+        std::string bytes;
+        int version;
+        std::string seed;
+    };
+    const Row rows[] = {
+        {"noise between two variables", whole.substr(0, variables) + "\x1?\n" + whole.substr(variables), 1015, "5000"},
+        {"all of the header", whole.substr(0, variables) + zeros + whole.substr(end), 1024, "140"},
+        {"zeros up to the end of the header", zeros + whole.substr(end + 4), 1024, "140"},
+        {"the first sector", zeros + whole.substr(tables + 40), 1024, "140"},
+        {"binary",
+         [] {
+             std::string bytes = binaryDxf(r2000);
+             bytes.replace(bytes.find("$ACADVER") - 2, 14, 14, '\xFF');
+             return bytes;
+         }(),
+         1024, "140"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const DxfFile file(row.bytes, "plan.dxf");
+        EXPECT_TRUE(file.wasRepaired());
+        EXPECT_FALSE(file.problems().empty());
+        EXPECT_EQ(file.form().version, row.version);
+        EXPECT_EQ(file.sections().front().name, "HEADER");
+        EXPECT_EQ(file.headerValue("$HANDSEED", 5), row.seed);
+        EXPECT_EQ(file.tables().front().name, "LAYER");
+        EXPECT_TRUE(file.section("TABLES") && file.section("ENTITIES") && file.section("OBJECTS"));
+        EXPECT_NE(file.handles().find(0x30), HandleTable::none);
+        const DxfFile again(std::string(file.bytes()), "relu.dxf");
+        EXPECT_FALSE(again.wasRepaired());
+        EXPECT_TRUE(again.problems().empty()) << again.problems().front().what;
+    }
+}
+
 TEST(DxfHostileTest, OddEndings)
 {
     std::string text(r2000);

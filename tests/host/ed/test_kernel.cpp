@@ -148,7 +148,7 @@ TEST_F(WholeKernel, tellsWhatAFileLacks)
 {
     auto& changes = DrawingChanges::instance();
     Document& document = *DocumentList::instance().current();
-    std::uint64_t ofModules = 7;
+    DrawingChanges::ModuleState ofModules{7, 1};
     changes.setModuleState([&ofModules] { return ofModules; });
     changes.setSaved(document);
     EXPECT_FALSE(changes.areUnsaved(document));
@@ -156,7 +156,11 @@ TEST_F(WholeKernel, tellsWhatAFileLacks)
     EXPECT_TRUE(changes.areUnsaved(document));
     drawing().impl().undo().undo();
     EXPECT_FALSE(changes.areUnsaved(document)) << "taken back";
-    ofModules = 8;
+    const std::uint64_t state = changes.state(document);
+    ofModules.drafts = 2;
+    EXPECT_FALSE(changes.areUnsaved(document)) << "no file holds drafts";
+    EXPECT_NE(changes.state(document), state) << "a recovery copy does";
+    ofModules.saved = 8;
     EXPECT_TRUE(changes.areUnsaved(document));
 
     const TestFolder folder;

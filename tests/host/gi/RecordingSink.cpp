@@ -64,8 +64,8 @@ void RecordingSink::dot(const AcGePoint3d& point, const Appearance& look)
 
 void RecordingSink::text(const TextItem& item, const Appearance& look)
 {
-    const std::string strokes =
-        std::string(item.underlined ? " under" : "") + (item.overlined ? " over" : "") + (item.struck ? " struck" : "");
+    const std::string strokes = std::string(item.underlined ? " under" : "") + (item.overlined ? " over" : "") +
+                                (item.struck ? " struck" : "") + (item.clips.empty() ? "" : " cut");
     lines.push_back("text " + color(look) + ": <" + platform::utf8FromWide(item.text) + "> at " + pair(item.origin) +
                     " along " + pair(item.along) + " up " + pair(item.up) + strokes);
 }

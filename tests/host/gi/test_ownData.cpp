@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "gi/ClippedSink.h"
 #include "gi/EntityGraphics.h"
 #include "gi/LayoutDrawing.h"
 #include "gi/ObjectSnap.h"
@@ -69,6 +70,9 @@ std::string proxy(const std::vector<PictureChunk>& chunks)
     }
     return tags + "\n100 AcDbProxyEntity\n90 498\n91 500\n93 8\n310 FF\n94 0\n";
 }
+
+/// Two units high, its lower left corner at the origin.
+const std::string multiText = "0 MTEXT\n100 AcDbMText\n10 0\n20 0\n30 0\n40 2\n71 7\n72 1\n";
 
 struct Row {
     const char* name;
@@ -150,6 +154,22 @@ const Row rows[] = {
             PictureChunk(8).integer(70000).integer(70000), PictureChunk(9).integer(-1).integer(-5), PictureChunk(31),
             PictureChunk(4)}),
      {"line 7: 0,0 1,1"}},
+    {"table that lost its block: its cells",
+     "0 ACAD_TABLE\n100 AcDbBlockReference\n2 \n10 1\n20 9\n30 0\n100 AcDbTable\n91 1\n92 2\n141 4\n142 10\n142 20\n"
+     "171 1\n1 A\n171 1\n1 B\n",
+     {"line 7: 1,9 1,5", "line 7: 11,9 11,5", "line 7: 31,9 31,5", "line 7: 1,9 31,9", "line 7: 1,5 31,5", "<A>",
+      "<B>"}},
+    {"sheet of another program",
+     "0 OLE2FRAME\n100 AcDbOle2Frame\n70 2\n3 Feuille\n10 1\n20 9\n30 0\n11 7\n21 5\n31 0\n",
+     {"line 7: 1,5 7,5 7,9 1,9 1,5", "<Feuille>"}},
+    {"text over a colour", multiText + "90 1\n63 2\n45 2\n1 a\n", {"area FFFF00: -2,-2", "<a>"}},
+    {"text that masks", multiText + "90 3\n63 2\n421 255\n45 1\n1 a\n", {"area ground: 0,0", "<a>"}},
+    {"gradient: the colour in the middle",
+     "0 HATCH\n100 AcDbHatch\n10 0\n20 0\n30 0\n210 0\n220 0\n230 1\n2 SOLID\n70 1\n71 0\n91 1\n92 2\n72 0\n73 1\n93 "
+     "3\n"
+     "10 0\n20 0\n10 4\n20 0\n10 0\n20 4\n97 0\n75 0\n76 1\n98 0\n450 1\n453 2\n463 0\n63 5\n421 255\n463 1\n63 1\n"
+     "421 16711680\n470 LINEAR\n",
+     {"area 7F007F: "}},
 };
 
 /// A line and a filled square in a block, shown at (20, 0) within the ring that is given.
@@ -250,6 +270,36 @@ TEST(OwnData, layoutsShowModelSpaceInTheirViewports)
     EXPECT_EQ(sink.lines.size(), 4U + 2U) << "one layer is frozen, one viewport off, one the paper itself";
 }
 
+TEST(OwnData, textsAreCutAtARing)
+{
+    RecordingSink seen;
+    ClippedSink sink(seen, {{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 10, 0}});
+    struct Row {
+        const char* name;
+        AcGePoint3d origin;
+        double height;
+        const char* shown;
+    };
+    const Row textRows[] = {{"within", {2, 2, 0}, 1.0, ""},
+                            {"sticks out to the right", {8, 2, 0}, 1.0, " cut"},
+                            {"sticks out to the left", {-3, 2, 0}, 1.0, " cut"},
+                            {"apart", {20, 2, 0}, 1.0, nullptr},
+                            {"larger than the ring", {-50, -40, 0}, 90.0, " cut"}};
+    for (const Row& row : textRows) {
+        SCOPED_TRACE(row.name);
+        TextItem item;
+        item.text = L"abcd";
+        item.origin = row.origin;
+        item.along = {row.height, 0, 0};
+        item.up = {0, row.height, 0};
+        item.width = 4.0;
+        seen.lines.clear();
+        sink.text(item, {});
+        ASSERT_EQ(seen.lines.size(), row.shown ? 1U : 0U);
+        EXPECT_TRUE(seen.lines.empty() || seen.lines.front().ends_with(" cut") == (*row.shown != 0));
+    }
+}
+
 /// Of a file cut in its objects, the dictionary names layouts that are not there.
 TEST(OwnData, aLayoutThatTheFileLostHasTheUsualName)
 {
@@ -260,7 +310,7 @@ TEST(OwnData, aLayoutThatTheFileLostHasTheUsualName)
     database.impl().load(std::make_unique<DxfFile>(drawing.text(), "essai.dxf"));
     const std::vector<LayoutTab> tabs = paperLayouts(database);
     ASSERT_EQ(tabs.size(), 1U);
-    EXPECT_EQ(tabs.front().name, L"Layout1");
+    EXPECT_EQ(tabs.front().name, L"Présentation1");
 }
 
 TEST(OwnData, linesWithoutEndSayNothingOfTheSize)

@@ -7,7 +7,9 @@
 
 #include "ap/DocumentList.h"
 #include "calculs/placerPolygonale.h"
+#include "db/DatabaseImpl.h"
 #include "ed/CommandRunner.h"
+#include "ed/DrawingChanges.h"
 #include "ed/Kernel.h"
 #include "lisp/LispCall.h"
 #include "lisp/LispFunctionTable.h"
@@ -20,6 +22,8 @@
 #include "dbpl.h"
 #include "Drawing.h"
 #include "supportEssai.h"
+#include "TestFolder.h"
+#include "windows.h"
 
 namespace {
 
@@ -224,6 +228,81 @@ TEST_F(ModuleTest, placesATraverse)
     const AcDbObjectPointer<AcDbBlockReference> symbole(table.getData(4)->getId());
     ASSERT_EQ(symbole.openStatus(), Acad::eOk);
     EXPECT_EQ(symbole->position(), AcGePoint3d(4, 5, 0)) << "the altitude is told by its attribute";
+}
+
+/// What a traverse dialog keeps in the user's settings.
+class brouillonDuPoste {
+public:
+    brouillonDuPoste()
+    {
+        RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Ostrakon\\Quarvel5\\Reglages", 0, nullptr,
+                        REG_OPTION_NON_VOLATILE, KEY_READ | KEY_WRITE, nullptr, &cle, nullptr);
+    }
+    ~brouillonDuPoste()
+    {
+        mettre(L"");
+        RegCloseKey(cle);
+    }
+    brouillonDuPoste(const brouillonDuPoste&) = delete;
+    brouillonDuPoste& operator=(const brouillonDuPoste&) = delete;
+
+    void mettre(const std::wstring& texte)
+    {
+        RegSetValueExW(cle, nom, 0, REG_SZ, reinterpret_cast<const BYTE*>(texte.c_str()),
+                       static_cast<DWORD>((texte.size() + 1) * sizeof(wchar_t)));
+    }
+    std::wstring lu() const
+    {
+        wchar_t texte[2000] = {};
+        DWORD type = 0, taille = sizeof texte - sizeof(wchar_t);
+        RegQueryValueExW(cle, nom, nullptr, &type, reinterpret_cast<BYTE*>(texte), &taille);
+        return texte;
+    }
+
+private:
+    static constexpr const wchar_t* nom = L"Brouillon.corrPolygoDLG";
+    HKEY cle = nullptr;
+};
+
+TEST_F(ModuleTest, recoveryCopiesBringWhatWasTypedAndNotSaved)
+{
+    const TestFolder folder;
+    brouillonDuPoste poste;
+    const std::wstring saisie = L"a1%0AeditX=" + std::wstring(600, L'7') + L"%09%C3%A9", suite = L"a1%0AeditX=8";
+    Document& dessin = *DocumentList::instance().current();
+    poste.mettre(saisie);
+    const auto etat = dessin.database()->impl().undo().state();
+    ASSERT_EQ(DrawingChanges::writeCopy(dessin, folder / "copie.dxf"), std::nullopt);
+    EXPECT_EQ(dessin.database()->impl().undo().state(), etat);
+    ASSERT_EQ(DocumentList::instance().saveAs(dessin, (folder / "plan.dxf").wstring()), std::nullopt);
+    EXPECT_EQ(folder.read("plan.dxf").find("VELA_BROUILLONS"), std::string::npos) << "not the drawing's";
+    DocumentList::instance().closeAll();
+
+    struct Row {
+        const char* name;
+        std::wstring before, after;
+        bool stays; ///< in the drawing, when that is saved
+    };
+    const Row rows[] = {
+        {"another user", L"", saisie, false},
+        {"this user, who typed on", suite, suite, false},
+        {"one with observations of another traverse", L"b2%0AeditX=9", L"b2%0AeditX=9", true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        poste.mettre(row.before);
+        const auto ouvert = DocumentList::instance().open((folder / "copie.dxf").wstring());
+        ASSERT_NE(ouvert.document, nullptr);
+        EXPECT_EQ(poste.lu(), row.after);
+        EXPECT_FALSE(DrawingChanges::instance().areUnsaved(*ouvert.document));
+        EXPECT_EQ(ouvert.document->database()->impl().undo().undoable(), 0U);
+        ASSERT_EQ(DocumentList::instance().saveAs(*ouvert.document, (folder / "apres.dxf").wstring()), std::nullopt);
+        EXPECT_EQ(folder.read("apres.dxf").find("VELA_BROUILLONS") != std::string::npos, row.stays);
+        DocumentList::instance().closeAll();
+    }
+    poste.mettre(L"");
+    DocumentList::instance().open((folder / "apres.dxf").wstring());
+    EXPECT_EQ(poste.lu(), saisie) << "offered once the user's own are in a file";
 }
 
 } // namespace
