@@ -1,12 +1,16 @@
 #include "geometrie/axeDeCourbe.h"
 
 #include "geometrie/axeEnregistre.h"
-#include "geometrie/pointDe.h"
 #include "services/surSommets.h"
 
 #include "dbents.h"
 #include "dbentvrt.h"
 #include "dbpl.h"
+
+point3 pointDe(const AcGePoint3d& p)
+{
+    return {p.x, p.y, p.z};
+}
 
 namespace {
 

@@ -5,6 +5,10 @@
 #include "dbid.h"
 
 class AcDbCurve;
+class AcGePoint3d;
+
+/// A place of the drawing as ours.
+point3 pointDe(const AcGePoint3d& p);
 
 /// What of a drawing can be measured along: lines, arcs, circles, polylines of all kinds, ellipses, splines.
 /// Curves that are no straights and arcs seen from above (ellipses, splines, arcs of a leaning plane) come as straight

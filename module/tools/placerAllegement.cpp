@@ -6,7 +6,7 @@
 #include <unordered_set>
 
 #include "codification/parcoursBloc.h"
-#include "geometrie/pointDe.h"
+#include "geometrie/axeDeCourbe.h"
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"

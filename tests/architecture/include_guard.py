@@ -50,7 +50,7 @@ RULES = (
     # Computations and reports are pure: neither the drawing nor windows. placer* puts results into the drawing.
     # Of other people's libraries they see two, each in one place: METIS orders matrices, Expat reads XML.
     (r"module/calculs", r"matriceNormale|lecteurXml", (OWN, "std", "posix", "expat", "module/services")),
-    (r"module/geometrie", r"(?!axeDeCourbe|axeEnregistre|pointDe).*", (OWN, "std", "module/services")),
+    (r"module/geometrie", r"(?!axeDeCourbe|axeEnregistre).*", (OWN, "std", "module/services")),
     (r"module/reports", r".*", (OWN, "std", "module/services")),
     (r"module/calculs", r"(?!placer).*", (OWN, "std", "module/services", "module/reports")),
     (r"module/implantation",
