@@ -225,7 +225,7 @@ private:
                     return refuserNombre();
                 break;
             case colonne::nom:
-                point.nom = nomDeTable(texte(cellule), m_remarque);
+                point.nom = versAnsi(texte(cellule));
                 if (cellule.empty())
                     m_remarque = pointSansNom;
                 break;

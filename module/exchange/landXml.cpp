@@ -124,9 +124,9 @@ private:
         m_texte.clear();
         m_remarque.clear();
         m_point = pointXYZ();
-        m_point.nom = nomDeTable(attribut(attributs, "name"), m_remarque);
+        m_point.nom = versAnsi(attribut(attributs, "name"));
         if (m_point.nom.empty())
-            m_point.nom = nomDeTable(attribut(attributs, "oID"), m_remarque);
+            m_point.nom = versAnsi(attribut(attributs, "oID"));
         lireCode(attribut(attributs, "code"));
         ajouterMots(m_point.observation, attribut(attributs, "desc"));
         m_reference = attribut(attributs, "pntRef");
@@ -152,7 +152,7 @@ private:
             return;
         }
         m_point.observation = code;
-        ajouterMots(m_remarque, L"code « " + code + L" » qui n'est pas un nombre : gardé comme observation, code 1.");
+        m_remarque = L"code « " + code + L" » qui n'est pas un nombre : gardé comme observation, code 1.";
     }
 
     void ajouter(std::string_view texte)

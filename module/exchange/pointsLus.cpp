@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "points/codeValable.h"
-#include "services/codages.h"
 
 namespace {
 
@@ -42,15 +41,6 @@ void pointsLus::refuser(std::wstring raison, std::size_t ligne)
     lisible = false;
     // Never left out of a full list: it says why the file ends early.
     problemes.push_back({ligne, {}, std::move(raison), true});
-}
-
-std::string nomDeTable(const std::wstring& nom, std::wstring& remarque)
-{
-    bool entier = true;
-    std::string octets = versAnsi(nom, &entier);
-    if (!entier)
-        remarque = L"nom avec des caractères hors de la page de codes Windows-1252, remplacés par « ? ».";
-    return octets;
 }
 
 std::wstring remarquesSur(const pointXYZ& point)

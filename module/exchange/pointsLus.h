@@ -38,8 +38,6 @@ struct pointsLus {
 /// when nothing does.
 std::wstring remarquesSur(const pointXYZ& point);
 inline constexpr const wchar_t* pointSansNom = L"point sans nom.";
-/// A name as tables hold it. @param remarque receives a phrase when characters of it are lost
-std::string nomDeTable(const std::wstring& nom, std::wstring& remarque);
 /// What a box says of a point file that cannot be opened, read or written; reasons stand elsewhere.
 inline constexpr const wchar_t* erreurOuverture = L"Erreur ouverture de fichier";
 
