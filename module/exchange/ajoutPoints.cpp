@@ -49,9 +49,7 @@ public:
     {
         pointDuDessin point;
         point = lu;
-        bool entier = true;
-        bilan.nomsCoupes += versAnsi(lu.nom, &entier).size() > pointDuDessin::longueurNom ? 1 : 0;
-        bilan.nomsAlteres += entier ? 0 : 1;
+        bilan.nomsCoupes += lu.nom.size() > pointDuDessin::longueurNom ? 1 : 0;
         const auto existant = m_noms.find(cleDuNom(point.getNomPoint()));
         if (existant == m_noms.end())
             return ajouter(point, lu.observation);
@@ -147,9 +145,6 @@ std::vector<std::wstring> phrasesNoms(const bilanAjout& bilan)
     if (bilan.nomsCoupes > 0)
         phrases.push_back(std::to_wstring(bilan.nomsCoupes) + L" nom(s) coupé(s) à " +
                           std::to_wstring(pointDuDessin::longueurNom) + L" caractères.");
-    if (bilan.nomsAlteres > 0)
-        phrases.push_back(std::to_wstring(bilan.nomsAlteres) +
-                          L" nom(s) avec des caractères hors de la page de codes Windows-1252, remplacés par « ? ».");
     return phrases;
 }
 

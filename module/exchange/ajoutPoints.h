@@ -32,9 +32,8 @@ std::vector<pointDuDessin> pointsObserves(const listePointsDuDessin& table, cons
 
 struct bilanAjout {
     int ajoutes = 0, renumerotes = 0, remplaces = 0, laisses = 0;
-    int nomsCoupes = 0;  ///< names longer than a table keeps
-    int nomsAlteres = 0; ///< names with characters that a table does not keep
-    int observes = 0;    ///< points whose observation waits for a symbol
+    int nomsCoupes = 0; ///< names longer than a table keeps
+    int observes = 0;   ///< points whose observation waits for a symbol
 };
 
 /// How many of these points bear a name of the table: as the table keeps it, letter case and blanks around it aside.

@@ -104,3 +104,12 @@ void ajouterMots(std::wstring& texte, std::wstring_view mots)
         texte += L' ';
     texte += mots;
 }
+
+std::string nomDePoint(std::wstring_view nom, std::wstring& remarque)
+{
+    bool entier = true;
+    std::string garde = versAnsi(nom, &entier);
+    if (!entier)
+        ajouterMots(remarque, L"nom avec des caractères hors de la page de codes Windows-1252, remplacés par « ? ».");
+    return garde;
+}

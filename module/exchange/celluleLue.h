@@ -21,3 +21,6 @@ std::wstring texteDeCellule(std::string_view octets, bool utf8);
 
 /// Joins with a blank.
 void ajouterMots(std::wstring& texte, std::wstring_view mots);
+
+/// A point's name in the code page. Characters outside it become "?", which is added to `remarque`.
+std::string nomDePoint(std::wstring_view nom, std::wstring& remarque);

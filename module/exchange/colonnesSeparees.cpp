@@ -225,7 +225,7 @@ private:
                     return refuserNombre();
                 break;
             case colonne::nom:
-                point.nom = versAnsi(texte(cellule));
+                point.nom = nomDePoint(texte(cellule), m_remarque);
                 if (cellule.empty())
                     m_remarque = pointSansNom;
                 break;

@@ -124,9 +124,9 @@ private:
         m_texte.clear();
         m_remarque.clear();
         m_point = pointXYZ();
-        m_point.nom = versAnsi(attribut(attributs, "name"));
+        m_point.nom = nomDePoint(attribut(attributs, "name"), m_remarque);
         if (m_point.nom.empty())
-            m_point.nom = versAnsi(attribut(attributs, "oID"));
+            m_point.nom = nomDePoint(attribut(attributs, "oID"), m_remarque);
         lireCode(attribut(attributs, "code"));
         ajouterMots(m_point.observation, attribut(attributs, "desc"));
         m_reference = attribut(attributs, "pntRef");
@@ -152,7 +152,7 @@ private:
             return;
         }
         m_point.observation = code;
-        m_remarque = L"code « " + code + L" » qui n'est pas un nombre : gardé comme observation, code 1.";
+        ajouterMots(m_remarque, L"code « " + code + L" » qui n'est pas un nombre : gardé comme observation, code 1.");
     }
 
     void ajouter(std::string_view texte)

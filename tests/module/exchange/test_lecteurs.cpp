@@ -77,6 +77,12 @@ TEST(lecteurs, readFilesOfOtherPrograms)
         {"utf-8 with its mark", "a.csv", "\xEF\xBB\xBFnom;x;y\nP\xC3\xA9;1;2\n", {{L"P\xE9", 1, 2, inconnu}}, {}},
         {"utf-16, either order", "a.csv", utf16("P1;1,5;2,5\r\n", false), {{L"P1", 1.5, 2.5, inconnu}}, {}},
         {"utf-16, the other order", "a.csv", utf16("P1;1,5;2,5\r\n", true), {{L"P1", 1.5, 2.5, inconnu}}, {}},
+        {"a name in letters that names do not have is told",
+         "a.csv",
+         "\xCE\xA9"
+         "1;1;2\n",
+         {{L"?1", 1, 2, inconnu}},
+         {1}},
         {"utf-16 that ends amid a character",
          "a.csv",
          utf16("P1;1;2;3;4;a", false) + "\x3D\xD8",
