@@ -3,8 +3,8 @@
 #include "reports/htmlDocument.h"
 #include "reports/htmlTable.h"
 
-// What the reports of computations, stake-outs and lists look like: style classes, attributes of cells, tables. Those of
-// the tools have a look of their own.
+// What the reports of computations, stake-outs and lists look like: style classes, attributes of cells, tables. Those
+// of the tools have a look of their own.
 
 inline constexpr char celluleNombre[] = "class=celnorm align=right";
 inline constexpr char celluleNomGauche[] = "class=celnorm align='left'";
