@@ -100,7 +100,7 @@ TEST(Reseau, DetectableFaultsByHand)
     const resultatReseau resultat = compenser(r);
     EXPECT_EQ(resultat.mesures[0].redondance, 0.0);
     EXPECT_FALSE(estConnue(resultat.mesures[0].erreurDetectable));
-    for (const std::size_t k : {1, 2}) {
+    for (const std::size_t k : {1U, 2U}) {
         EXPECT_NEAR(resultat.mesures[k].redondance, 0.5, 1e-9);
         // 3.291 for the risk of 0.1 % on both sides, 0.842 for the power of 80 %.
         EXPECT_NEAR(resultat.mesures[k].erreurDetectable, (3.291 + 0.842) * 0.010 * std::sqrt(2.0), 2e-5);
