@@ -130,7 +130,7 @@ TEST_F(DwgOpenTest, ShowsThePicturesOfProxies)
     {
         AcDbObjectPointer<AcDbEntity> proxy(byHandle(opened, 0x28));
         ASSERT_TRUE(proxy.object());
-        EXPECT_STREQ(proxy->layer(), L"0");
+        EXPECT_EQ(proxy->layerId(), opened.layerZero());
         addEntity(*proxy, Standing::open, list);
     }
     ASSERT_EQ(list.parts().size(), 2U);
