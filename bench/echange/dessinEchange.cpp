@@ -215,7 +215,7 @@ void mesurerEnregistrement(tableauMesures& tableau, const char* nom, bool placer
             }
             dessin.enregistrer(fichier);
         });
-        std::cout << "  " << n << ": at most " << (sommetMemoire() - avant) / static_cast<std::size_t>(n)
+        std::cout << "  " << n << ": at most " << (std::max(sommetMemoire(), avant) - avant) / static_cast<std::size_t>(n)
                   << " bytes a point\n";
         return secondes;
     });

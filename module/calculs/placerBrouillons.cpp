@@ -21,6 +21,8 @@ namespace {
 constexpr const wchar_t* cleBrouillons = L"VELA_BROUILLONS";
 constexpr const wchar_t* dialogues[] = {L"corrPolygoDLG", L"corrPolygoOuverteDLG"};
 constexpr std::size_t longueurMorceau = 250; // what every reader of drawings takes for one text
+// Beyond, nobody typed it: the settings of whoever opens a drawing are not its store.
+constexpr std::size_t longueurAdoptee = 1U << 20;
 
 /// One dialog's, as the settings keep it.
 struct brouillonEmporte {
@@ -108,6 +110,20 @@ public:
 
 std::unique_ptr<gardeCopies> gardeDesCopies;
 
+/// Whether the user's settings have it now, by this call or since before. They take only what a dialog will offer.
+bool adopter(const brouillonEmporte& b)
+{
+    if (std::ranges::find(dialogues, b.dialogue) == std::end(dialogues) || b.texte.size() > longueurAdoptee)
+        return false;
+    std::wstring sien = texteGarde(b.dialogue.c_str());
+    if (sien.empty()) {
+        garderTexte(b.dialogue, b.texte);
+        sien = texteGarde(b.dialogue.c_str()); // settings may refuse a text, or not be writable
+        return sien == b.texte;
+    }
+    return memeSaisie(sien, b.texte); // the user's own went on since the copy
+}
+
 } // namespace
 
 void suivreCopiesDeSecours()
@@ -130,12 +146,8 @@ void adopterBrouillons()
     brouillonsEmportes restants = dessin ? lireBrouillons(*dessin) : brouillonsEmportes();
     if (restants.empty())
         return;
-    std::erase_if(restants, [](const brouillonEmporte& b) {
-        const std::wstring sien = texteGarde(b.dialogue.c_str());
-        if (sien.empty())
-            garderTexte(b.dialogue.c_str(), b.texte);
-        return sien.empty() || memeSaisie(sien, b.texte); // the user's own went on since the copy
-    });
+    if (std::erase_if(restants, adopter) == 0)
+        return;
     const sauvegardeEnCours sansJournal;
     const bool historique = dessin->undoRecording();
     dessin->disableUndoRecording(true); // nothing that the user did

@@ -251,11 +251,11 @@ public:
         RegSetValueExW(cle, nom, 0, REG_SZ, reinterpret_cast<const BYTE*>(texte.c_str()),
                        static_cast<DWORD>((texte.size() + 1) * sizeof(wchar_t)));
     }
-    std::wstring lu() const
+    std::wstring lu(const wchar_t* sous = nom) const
     {
         wchar_t texte[2000] = {};
         DWORD type = 0, taille = sizeof texte - sizeof(wchar_t);
-        RegQueryValueExW(cle, nom, nullptr, &type, reinterpret_cast<BYTE*>(texte), &taille);
+        RegQueryValueExW(cle, sous, nullptr, &type, reinterpret_cast<BYTE*>(texte), &taille);
         return texte;
     }
 
@@ -303,6 +303,15 @@ TEST_F(ModuleTest, recoveryCopiesBringWhatWasTypedAndNotSaved)
     poste.mettre(L"");
     DocumentList::instance().open((folder / "apres.dxf").wstring());
     EXPECT_EQ(poste.lu(), saisie) << "offered once the user's own are in a file";
+    DocumentList::instance().closeAll();
+
+    // The settings of whoever opens a drawing are no store for what it holds: 20,000 names took more than a minute.
+    std::string etranger = folder.read("copie.dxf");
+    etranger.replace(etranger.find("corrPolygoDLG"), 13, "AutreDialogue");
+    const auto ouvert = DocumentList::instance().open(folder.write("etranger.dxf", etranger).wstring());
+    EXPECT_EQ(poste.lu(L"Brouillon.AutreDialogue"), L"");
+    ASSERT_EQ(DocumentList::instance().saveAs(*ouvert.document, (folder / "apres.dxf").wstring()), std::nullopt);
+    EXPECT_NE(folder.read("apres.dxf").find("AutreDialogue"), std::string::npos);
 }
 
 } // namespace
