@@ -26,7 +26,7 @@ std::string nomDe(const reseau& r, int point)
     return utf8FromWide(r.points[static_cast<std::size_t>(point)].nom);
 }
 
-objetJson fichierJson(const reseau& r, int point)
+objetJson nomJson(const reseau& r, int point)
 {
     return point < 0 ? objetJson(nullptr) : objetJson(nomDe(r, point));
 }
@@ -69,9 +69,9 @@ objetJson observationJson(const traitementReseau& t, std::size_t i)
     const bool angulaire = estAngulaire(o.genre);
     const auto oui = [&](double valeur) { return m.retenue ? nombreJson(valeur) : objetJson(nullptr); };
     objetJson json{{"type", utf8FromWide(motObservation(o.genre))},
-                   {"de", fichierJson(t.r, o.de)},
-                   {"vers", fichierJson(t.r, o.vers)},
-                   {"vers2", fichierJson(t.r, o.vers2)},
+                   {"de", nomJson(t.r, o.de)},
+                   {"vers", nomJson(t.r, o.vers)},
+                   {"vers2", nomJson(t.r, o.vers2)},
                    {"mesure", nombreJson(mesureAffichee(t.r, o, o.mesure))},
                    {"compensee", oui(mesureAffichee(t.r, o, m.compensee))},
                    {"residu", oui(residuAffiche(t.r, o, m.residu))},
