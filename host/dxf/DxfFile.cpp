@@ -168,8 +168,8 @@ void DxfFile::index()
     m_lastNoted = {};
     m_typeNames.assign(std::begin(DxfIndexer::typeNames), std::end(DxfIndexer::typeNames));
     m_typeIds.clear();
-    for (std::uint16_t type = 0; type < m_typeNames.size(); ++type)
-        m_typeIds.emplace(m_typeNames[type], type);
+    for (std::size_t type = 0; type < m_typeNames.size(); ++type)
+        m_typeIds.emplace(m_typeNames[type], static_cast<std::uint16_t>(type));
     DxfIndexer(*this).run();
     findRanges();
     readHeader();

@@ -36,6 +36,7 @@ protected:
     virtual bool enter(AcDbObjectId /*entity*/, const Placement& /*place*/) { return true; }
     virtual void leave() {}
     /// What follows up to `endClip` shows within a ring of the world only.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): whoever overrides it keeps the ring.
     virtual void beginClip(std::vector<AcGePoint3d> /*ring*/) {}
     virtual void endClip() {}
     virtual bool stopped() { return false; }

@@ -115,10 +115,10 @@ bool adopter(const brouillonEmporte& b)
 {
     if (std::ranges::find(dialogues, b.dialogue) == std::end(dialogues) || b.texte.size() > longueurAdoptee)
         return false;
-    std::wstring sien = texteGarde(b.dialogue.c_str());
+    std::wstring sien = texteGarde(b.dialogue);
     if (sien.empty()) {
         garderTexte(b.dialogue, b.texte);
-        sien = texteGarde(b.dialogue.c_str()); // settings may refuse a text, or not be writable
+        sien = texteGarde(b.dialogue); // settings may refuse a text, or not be writable
         return sien == b.texte;
     }
     return memeSaisie(sien, b.texte); // the user's own went on since the copy

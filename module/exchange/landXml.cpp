@@ -55,7 +55,7 @@ int codePage(void*, const XML_Char* nom, XML_Encoding* codage)
     if (enMinuscules(depuisUtf8(nom)) != L"windows-1252")
         return XML_STATUS_ERROR;
     for (int i = 0; i < 256; ++i)
-        codage->map[i] = static_cast<int>(depuisAnsi(std::string(1, static_cast<char>(i)))[0]);
+        codage->map[i] = static_cast<int>(static_cast<char32_t>(depuisAnsi(std::string(1, static_cast<char>(i)))[0]));
     codage->data = nullptr;
     codage->convert = nullptr;
     codage->release = nullptr;

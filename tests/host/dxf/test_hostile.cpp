@@ -24,8 +24,7 @@ TEST(DxfHostileTest, RefusalsNameFileLineAndReason)
         {"nothing", "", "plan.dxf : fichier vide"},
         {"a picture", "\x89PNG\r\n\x1A\nxxxx\n",
          "plan.dxf, ligne 1 : code de groupe illisible « ?PNG » ; aucune section, ce n'est pas un dessin DXF"},
-        {"a DWG under the other name", "AC1032\0\0",
-         "plan.dxf : c'est un dessin DWG : donnez-lui l'extension « .dwg »"},
+        {"a DWG under the other name", "AC1032", "plan.dxf : c'est un dessin DWG : donnez-lui l'extension « .dwg »"},
         {"codes only", "  0\r\nEOF\r\n", "plan.dxf, ligne 1 : aucune section, ce n'est pas un dessin DXF"},
         {"cut before the first section has a name", "  0\r\nSECTION\r\n  2\r\nHEA",
          "plan.dxf, ligne 1 : aucune section, ce n'est pas un dessin DXF"},
@@ -65,8 +64,10 @@ TEST(DxfHostileTest, RepairsSpoilOneRecordOnly)
                                             "\n");
         const std::string after =
             asciiDxf("10 1.5\n20 2.5\n0 POINT\n5 B\n8 0\n10 1.0\n20 1.0\n0 ENDSEC\n0 EOF\n", "\n");
-        DxfFile file(before + row.spoiled + after, "plan.dxf");
-        EXPECT_EQ(file.bytes(), before + row.spoiled + after);
+        std::string bytes = before;
+        bytes.append(row.spoiled).append(after);
+        DxfFile file(bytes, "plan.dxf");
+        EXPECT_EQ(file.bytes(), bytes);
         ASSERT_GE(file.problems().size(), 1u);
         EXPECT_EQ(file.problems()[0].line, row.line);
         EXPECT_EQ(file.problems()[0].what, row.what);
