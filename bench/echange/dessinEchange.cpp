@@ -1,5 +1,6 @@
 #include "echange/dessinEchange.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -215,8 +216,8 @@ void mesurerEnregistrement(tableauMesures& tableau, const char* nom, bool placer
             }
             dessin.enregistrer(fichier);
         });
-        std::cout << "  " << n << ": at most " << (std::max(sommetMemoire(), avant) - avant) / static_cast<std::size_t>(n)
-                  << " bytes a point\n";
+        std::cout << "  " << n << ": at most "
+                  << (std::max(sommetMemoire(), avant) - avant) / static_cast<std::size_t>(n) << " bytes a point\n";
         return secondes;
     });
 }
