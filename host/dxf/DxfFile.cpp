@@ -1,3 +1,4 @@
+// Stays whole: what one file holds and the index over it, which all the rest asks for.
 #include "dxf/DxfFile.h"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
-// Adjustment of networks: published results, invariances, singular networks, faults.
+// Adjustment of networks: published results, invariances, singular networks, faults. Stays whole: they are one subject,
+// and share the small networks and what looks into a result.
 
 #include <algorithm>
 #include <cmath>
