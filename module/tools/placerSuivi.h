@@ -11,7 +11,7 @@ enum class suivi {
     approche, ///< as near as its kind can: a text, a block by the closest similarity at its place (a circle too when it
               ///< bears data of programs), an arc of a polyline as the arc through where its ends and its middle go,
               ///< the pattern of a hatch without being distorted, a dimension by the points that it measures
-    aucun ///< it cannot
+    aucun     ///< it cannot
 };
 
 /// What would become of it.
