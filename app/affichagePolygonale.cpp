@@ -187,8 +187,8 @@ void montrerTexte(const demandePolygonale& demande, const cheminement& c, const 
         std::cout << "\nRapport : " << suites.rapport << '\n';
     if (suites.dessin.empty())
         return;
-    std::cout << "\nDessin : " << suites.dessin << " (" << suites.pointsPlaces << " points placés dans la table « "
-              << suites.table << " », code " << suites.code << ")\n";
+    std::cout << "\nDessin : " << suites.dessin << " (" << phrasePointsPlaces(suites.pointsPlaces, suites.table)
+              << ", code " << suites.code << ")\n";
     direAncienDessin(suites.ancienDessin);
 }
 

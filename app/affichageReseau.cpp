@@ -161,7 +161,7 @@ void afficherTexte(const demandeReseau& demande, const traitementReseau& t)
         return;
     std::cout << "\nDessin : " << t.dessin;
     if (demande.placer)
-        std::cout << " (" << t.pointsPlaces << " points placés dans la table « " << t.table << " »)";
+        std::cout << " (" << phrasePointsPlaces(t.pointsPlaces, t.table) << ')';
     std::cout << '\n';
     direAncienDessin(t.ancienDessin);
 }

@@ -95,12 +95,17 @@ void parlerFrancais(CLI::App& programme)
     programme.set_help_flag("-h,--aide,--help", "Affiche cette aide");
 }
 
+std::string commandeInconnue(const std::string& mot)
+{
+    return "commande inconnue : " + mot;
+}
+
 std::string messageFrancais(const CLI::App& programme, const CLI::ParseError& erreur)
 {
     // The library only says that a command is missing, whatever stands in its place.
     const std::vector<std::string> restants = programme.remaining(true);
     if (commandeManquante == erreur.what() && !restants.empty())
-        return "commande inconnue : " + restants.front();
+        return commandeInconnue(restants.front());
     for (const traduction& t : traductions)
         if (std::string texte = traduire(t, erreur.what()); !texte.empty())
             return texte;

@@ -22,5 +22,8 @@ std::string aideEnregistrer(const std::string& dessin);
 /// To be called before commands are added: they take over what is set here.
 void parlerFrancais(CLI::App& programme);
 
+/// @param mot what stands where a command should
+std::string commandeInconnue(const std::string& mot);
+
 /// What is wrong with the arguments that `programme` was given, in French.
 std::string messageFrancais(const CLI::App& programme, const CLI::ParseError& erreur);

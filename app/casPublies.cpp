@@ -5,6 +5,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/CodePage.h"
+#include "services/reelDeTexte.h"
+
 #include "erreurProgramme.h"
 
 namespace fs = std::filesystem;
@@ -36,7 +39,7 @@ public:
         double valeur = 0.0;
         const auto [fin, erreur] = std::from_chars(lu.data(), lu.data() + lu.size(), valeur);
         if (erreur != std::errc() || fin != lu.data() + lu.size())
-            refuser("« " + lu + " » n'est pas un nombre.");
+            refuser(platform::utf8FromWide(pasUnNombre(platform::wideFromUtf8(lu))));
         return valeur;
     }
     std::vector<double> nombres()

@@ -40,7 +40,7 @@ void refuserCommandesInconnues(const std::vector<std::string>& dessins)
 {
     for (const std::string& dessin : dessins)
         if (!fs::path(dessin).has_extension() && !fs::exists(platform::nativePath(platform::wideFromUtf8(dessin))))
-            throw erreurProgramme("commande inconnue : " + dessin + essayezAide);
+            throw erreurProgramme(commandeInconnue(dessin) + essayezAide);
 }
 
 void ouvrirDessins(MainWindow& fenetre, const std::vector<std::string>& dessins)

@@ -31,6 +31,11 @@ void direAncienDessin(const std::string& ancien)
         std::cout << "Le dessin d'avant est gardé : " << ancien << '\n';
 }
 
+std::string phrasePointsPlaces(std::size_t nombre, const std::string& table)
+{
+    return std::to_string(nombre) + " points placés dans la table « " + table + " »";
+}
+
 projetsTopo& projetDuDessin()
 {
     if (!tablesPoints)

@@ -14,6 +14,9 @@ void exigerExtensionDxf(const std::string& chemin);
 /// Tells where the file that was there before is kept; an empty name tells nothing.
 void direAncienDessin(const std::string& ancien);
 
+/// "12 points placés dans la table « LEVE »".
+std::string phrasePointsPlaces(std::size_t nombre, const std::string& table);
+
 /// The point tables of the current drawing. @throws erreurProgramme when no module made any.
 projetsTopo& projetDuDessin();
 

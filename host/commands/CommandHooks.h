@@ -17,6 +17,11 @@ struct CommandHooks {
         std::wstring extensions; ///< with semicolons between: "dxf;dwg"
         bool toSave = false;     ///< a file that is there is asked about by the dialog itself
     };
+    /// Under which name a drawing is kept.
+    static FileQuestion drawingToSave(std::wstring proposed)
+    {
+        return {L"Enregistrer le dessin sous", std::move(proposed), L"dxf", true};
+    }
     /// Asks for a file in a dialog, when FILEDIA is 1. Nothing when the user gives up.
     std::function<std::optional<std::wstring>(const FileQuestion&)> chooseFile;
 

@@ -123,7 +123,7 @@ bool mayReplace(const std::wstring& path)
 void saveTo(const std::wstring& path)
 {
     if (!mayReplace(path))
-        refuse(path + L" : le fichier est en lecture seule ; il n'est pas remplacé");
+        refuse(path + readOnlyNotReplaced);
     const ReplacingReadOnly allowed(current().database()->impl());
     const auto& problems = current().database()->impl().problems().all();
     const std::size_t known = problems.size();
@@ -185,7 +185,7 @@ void commands::newDrawing()
 
 void commands::saveAs()
 {
-    CommandHooks::FileQuestion question{L"Enregistrer le dessin sous", current().fileName(), L"dxf", true};
+    CommandHooks::FileQuestion question = CommandHooks::drawingToSave(current().fileName());
     const std::wstring path = asDrawing(askFile(question));
     if (extensionOf(path) == L"dwg")
         refuse(path + L" : les dessins s'enregistrent en DXF, donnez un nom en « .dxf »");

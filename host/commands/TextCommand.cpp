@@ -170,6 +170,11 @@ void goDown(TextRun& run)
     run.end += step;
 }
 
+std::wstring askLine()
+{
+    return Prompt(L"Entrez le texte : ").text();
+}
+
 } // namespace
 
 void commands::text()
@@ -182,8 +187,7 @@ void commands::text()
     askHeight(run);
     askRotation(run);
     const bool oneLine = CommandRunner::instance().isCalledByCode(); // programs go on with another command
-    for (std::wstring line = Prompt(L"Entrez le texte : ").text(); !line.empty();
-         line = oneLine ? L"" : Prompt(L"Entrez le texte : ").text()) {
+    for (std::wstring line = askLine(); !line.empty(); line = oneLine ? L"" : askLine()) {
         write(run, line);
         goDown(run);
     }

@@ -176,5 +176,6 @@ void commands::mirror()
         if (!replaces) // its copy would lie on it
             eraseObject(id);
     }
-    tellRefused(refused, objects.size(), L" sans symétrique.", L" sans symétrique.");
+    constexpr wchar_t withoutMirror[] = L" sans symétrique.";
+    tellRefused(refused, objects.size(), withoutMirror, withoutMirror);
 }

@@ -16,3 +16,5 @@ void keepOriginal(const std::filesystem::path& path);
 
 /// Whether a file is there and marked as not to be written to, whatever its user may do.
 bool isReadOnly(const std::filesystem::path& path);
+/// Why a file marked so is left as it is, behind its name.
+inline constexpr wchar_t readOnlyNotReplaced[] = L" : le fichier est en lecture seule ; il n'est pas remplacé";

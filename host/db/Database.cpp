@@ -186,7 +186,7 @@ Acad::ErrorStatus AcDbDatabaseImpl::save(const std::wstring& name, const DxfForm
         return Acad::eFileSharingViolation;
     }
     if (isReadOnly(path) && !replacesReadOnly) {
-        lastError = name + L" : le fichier est en lecture seule ; il n'est pas remplacé";
+        lastError = name + readOnlyNotReplaced;
         return Acad::eFileAccessErr;
     }
     const std::size_t lost = m_file->findLost();

@@ -62,19 +62,19 @@ inline std::string valueUnder(int groupCode, std::string_view value)
     return quoted + " (code de groupe " + std::to_string(groupCode) + ")";
 }
 
+inline std::string sectionNotClosed(std::string_view name)
+{
+    return "la section « " + shown(name) + " » n'est pas terminée";
+}
+
 inline std::string sectionCut(std::string_view name)
 {
-    return "fichier tronqué, la section « " + shown(name) + " » n'est pas terminée";
+    return "fichier tronqué, " + sectionNotClosed(name);
 }
 
 inline std::string recordCut(std::string_view type)
 {
     return "le dernier objet (" + shown(type) + ") est coupé ou peut l'être, il n'est pas repris";
-}
-
-inline std::string sectionNotClosed(std::string_view name)
-{
-    return "la section « " + shown(name) + " » n'est pas terminée";
 }
 
 inline std::string sectionReopened(std::string_view name)

@@ -42,6 +42,11 @@ void print(const std::wstring& message)
     Console::instance().print(L"\n" + message);
 }
 
+std::wstring theCommand(const std::wstring& name)
+{
+    return L"La commande « " + name + L" »";
+}
+
 } // namespace
 
 CommandRunner& CommandRunner::instance()
@@ -105,9 +110,9 @@ std::optional<CommandRunner::Called> CommandRunner::findInLisp(const std::wstrin
 std::optional<std::wstring> CommandRunner::refusal(const Called& called, CalledBy caller) const
 {
     if (caller == CalledBy::user && isRunning() && (called.flags & ACRX_CMD_TRANSPARENT) == 0)
-        return L"La commande « " + called.name + L" » ne peut être appelée pendant « " + runningNames() + L" ».";
+        return theCommand(called.name) + L" ne peut être appelée pendant « " + runningNames() + L" ».";
     if ((called.flags & ACRX_CMD_SESSION) == 0 && !curDoc())
-        return L"La commande « " + called.name + L" » demande un dessin, et aucun n'est ouvert.";
+        return theCommand(called.name) + L" demande un dessin, et aucun n'est ouvert.";
     return std::nullopt;
 }
 
@@ -146,7 +151,7 @@ void CommandRunner::runInside(const Called& called, CalledBy caller, CommandOutc
         fail(currentExceptionText());
     }
     if (const std::wstring& told = m_running.back().failure; outcome.failure.empty() && !told.empty())
-        outcome.failure = L"La commande « " + called.name + L" » a échoué : " + told + L".";
+        outcome.failure = theCommand(called.name) + L" a échoué : " + told + L".";
     EditorReactors::instance().tell(
         outcome.failure.empty() ? &AcEditorReactor::commandEnded : &AcEditorReactor::commandFailed, called.name);
     reportLeftBehind(called, frame.leftBehind());
@@ -172,7 +177,7 @@ int acdbFail(const ACHAR* reason)
 void CommandRunner::reportLeftBehind(const Called& called, const std::wstring& left) const
 {
     if (!left.empty())
-        print(L"La commande « " + called.name + L" » a laissé " + left + L".");
+        print(theCommand(called.name) + L" a laissé " + left + L".");
 }
 
 void CommandRunner::reportLeftOpen(const Called& called, CommandOutcome& outcome) const
@@ -184,5 +189,5 @@ void CommandRunner::reportLeftOpen(const Called& called, CommandOutcome& outcome
     for (const std::wstring& object : outcome.leftOpen)
         objects += (objects.empty() ? L"" : L", ") + object;
     if (!objects.empty())
-        print(L"La commande « " + called.name + L" » a laissé des objets ouverts : " + objects + L".");
+        print(theCommand(called.name) + L" a laissé des objets ouverts : " + objects + L".");
 }

@@ -98,8 +98,7 @@ std::wstring parUnAngle(const resultatPolygonaleOuverte& r, std::size_t k)
     const double corrige = angle;
     compterTours(d, r);
     const std::wstring station = k == 0 ? r.depart.nom : r.cotes[k - 1].observation.nom;
-    std::wstring phrase = angleRetourne(station, k) + auLieuDe(corrige, avant) +
-                          (dernier ? L" comme dernier angle" : L" à la ligne " + std::to_wstring(k + 1));
+    std::wstring phrase = angleRetourne(station, k) + auLieuDe(corrige, avant) + aLaLigne(k, dernier);
     if (const std::wstring gisements = gisementsASaisir(r, d); !gisements.empty())
         phrase += L" et " + gisements;
     return phrase;

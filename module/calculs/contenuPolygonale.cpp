@@ -33,6 +33,7 @@ constexpr wchar_t commentaireNivellement[] =
     L"* \tdistance\tPour une compensation proportionnelle aux distances entre stations\n"
     L"* \tracine\tPour une compensation proportionnelle aux racines des distances\n";
 
+constexpr wchar_t enTeteDepart[] = L"* Station de depart\n";
 constexpr wchar_t enTeteDonnees[] = L"* Données de la polygonale\n"
                                     L"* Nom Station\t\tAngle\t\tDistance\t\tDz\n";
 
@@ -145,7 +146,7 @@ std::string contenuPolygonale(const donneesPolygonaleFermee& donnees)
 {
     redacteur r;
     r.texte(L"* Fichier de données pour calcul de polygonale Fermée\n\n");
-    r.texte(L"* Station de depart\n");
+    r.texte(enTeteDepart);
     r.station(L"Nom", donnees.depart);
     r.angles(donnees.unite);
     r.nivellement(donnees.nivellement);
@@ -158,7 +159,7 @@ std::string contenuPolygonale(const donneesPolygonaleOuverte& donnees)
 {
     redacteur r;
     r.texte(L"* Fichier de données pour calcul de polygonale Ouverte\n");
-    r.texte(L"* Station de depart\n");
+    r.texte(enTeteDepart);
     r.station(L"Depart", donnees.depart);
     r.station(L"Arrivee", donnees.arrivee);
     r.fermeture(donnees.fermeture);

@@ -19,3 +19,8 @@ void decouperLigne(std::wstring_view ligne, std::wstring_view separateurs, std::
         position = std::min(guillemets ? fin + 1 : fin, ligne.size());
     }
 }
+
+std::wstring pasCompris(const std::wstring& mot)
+{
+    return L"« " + mot + L" » n'est pas compris.";
+}

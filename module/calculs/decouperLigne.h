@@ -12,3 +12,6 @@ inline constexpr wchar_t separateursPolygonale[] = L" \t:=";
 /// or the end of the line, separators included, the quotes dropped; any other token runs to the next separator, so
 /// that a quote inside it is a plain character. Empty tokens are not kept.
 void decouperLigne(std::wstring_view ligne, std::wstring_view separateurs, std::vector<std::wstring>& elements);
+
+/// "« mot » n'est pas compris."
+std::wstring pasCompris(const std::wstring& mot);

@@ -142,12 +142,11 @@ std::wstring nomOuRang(const std::wstring& nom, std::size_t rang)
 std::wstring phrase(const cheminement& c, const fauteUnique& f, double observe, const std::wstring& departDuCote,
                     const std::wstring& autre)
 {
-    const std::size_t n = c.cotes.size();
-    const std::wstring ligne = L" à la ligne " + std::to_wstring(f.rang + 1);
+    const std::wstring ligne = aLaLigne(f.rang, f.angulaire && f.rang == c.cotes.size());
     std::wstring quoi;
     if (f.angulaire)
         quoi = L"l'angle mesuré à la station " + nomOuRang(departDuCote, f.rang) + autre + L", " +
-               attendu(f, observe, c.unite) + (f.rang == n ? L" comme dernier angle" : ligne);
+               attendu(f, observe, c.unite) + ligne;
     else
         quoi = L"la longueur du côté " + nomOuRang(departDuCote, f.rang) + L" - " +
                nomOuRang(c.cotes[f.rang].observation.nom, f.rang) + L", " + attendu(f, observe, c.unite) + ligne;

@@ -45,6 +45,11 @@ std::wstring auLieuDe(double nouveau, double ancien)
     return saisi(nouveau) + L" au lieu de " + saisi(ancien);
 }
 
+std::wstring aLaLigne(std::size_t rang, bool dernierAngle)
+{
+    return dernierAngle ? L" comme dernier angle" : L" à la ligne " + std::to_wstring(rang + 1);
+}
+
 std::wstring complements(double angle)
 {
     return L"saisissez " + saisi(angle) + L" moins chaque angle";

@@ -18,6 +18,9 @@ std::wstring saisi(double angle);
 /// "349.98 au lieu de 50.02"
 std::wstring auLieuDe(double nouveau, double ancien);
 
+/// " à la ligne 3", " comme dernier angle"; @param rang of the row, from 0
+std::wstring aLaLigne(std::size_t rang, bool dernierAngle);
+
 /// "saisissez 400 moins chaque angle"
 std::wstring complements(double angle);
 

@@ -15,8 +15,8 @@ DlgChoixCode::DlgChoixCode(const tableCodification& table) : m_ui(std::make_uniq
     preparerListe(liste, {"Code", "Libéllé"});
     liste.setRowCount(table.nombre());
     for (int i = 0; i < table.nombre(); ++i) {
-        liste.setItem(i, 0, new celluleNombre(std::to_wstring(table[i].code)));
-        liste.setItem(i, 1, new celluleTexte(table[i].libelle));
+        liste.setItem(i, 0, new elementNombre(std::to_wstring(table[i].code)));
+        liste.setItem(i, 1, new elementTexte(table[i].libelle));
     }
     choisirDansListe(*this, liste, *m_ui->editChercher, *m_ui->boutonOk);
     connect(m_ui->boutonCancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -19,14 +19,14 @@ constexpr int roleIndex = Qt::UserRole;
 
 void ecrireLigne(QTableWidget& liste, int ligne, const codifPoint& code, int index)
 {
-    auto* const numero = new celluleNombre(std::to_wstring(code.code));
+    auto* const numero = new elementNombre(std::to_wstring(code.code));
     numero->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     numero->setData(roleIndex, index);
     int colonne = 0;
     for (QTableWidgetItem* const cellule :
-         {static_cast<QTableWidgetItem*>(numero), static_cast<QTableWidgetItem*>(new celluleTexte(code.libelle)),
-          static_cast<QTableWidgetItem*>(new celluleNombre(std::to_wstring(code.precisionAltitudes))),
-          static_cast<QTableWidgetItem*>(new celluleTexte(code.chemin))})
+         {static_cast<QTableWidgetItem*>(numero), static_cast<QTableWidgetItem*>(new elementTexte(code.libelle)),
+          static_cast<QTableWidgetItem*>(new elementNombre(std::to_wstring(code.precisionAltitudes))),
+          static_cast<QTableWidgetItem*>(new elementTexte(code.chemin))})
         liste.setItem(ligne, colonne++, cellule);
 }
 

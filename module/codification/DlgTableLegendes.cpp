@@ -16,9 +16,9 @@ QString texteDe(double longueur)
     return QString::number(longueur, 'g', 15);
 }
 
-celluleNombre* celluleTaille(double valeur)
+elementNombre* celluleTaille(double valeur)
 {
-    return new celluleNombre(formaterFixe(valeur, 2));
+    return new elementNombre(formaterFixe(valeur, 2));
 }
 
 } // namespace
@@ -58,11 +58,11 @@ void DlgTableLegendes::remplir()
     liste.setRowCount(static_cast<int>(m_blocs.size()));
     for (int i = 0; i < liste.rowCount(); ++i) {
         const blocDuDessin& bloc = m_blocs[static_cast<std::size_t>(i)];
-        auto* const nom = new celluleTexte(bloc.nom);
+        auto* const nom = new elementTexte(bloc.nom);
         nom->setData(Qt::UserRole, i);
         liste.setItem(i, 0, nom);
-        liste.setItem(i, 1, new celluleTexte(bloc.description));
-        liste.setItem(i, 2, new celluleNombre(std::to_wstring(bloc.occurrences)));
+        liste.setItem(i, 1, new elementTexte(bloc.description));
+        liste.setItem(i, 2, new elementNombre(std::to_wstring(bloc.occurrences)));
         liste.setItem(i, 3, celluleTaille(bloc.tailleX()));
         liste.setItem(i, 4, celluleTaille(bloc.tailleY()));
     }

@@ -47,8 +47,8 @@ void DlgTablesPoints::afficher()
 void DlgTablesPoints::afficherLigne(int ligne)
 {
     const listePointsDuDessin& table = *m_projet.getTable(ligne);
-    m_ui->liste->setItem(ligne, 0, new celluleTexte(table.getNomTable().GetString()));
-    m_ui->liste->setItem(ligne, 1, new celluleNombre(std::to_wstring(table.nbPoint())));
+    m_ui->liste->setItem(ligne, 0, new elementTexte(table.getNomTable().GetString()));
+    m_ui->liste->setItem(ligne, 1, new elementNombre(std::to_wstring(table.nbPoint())));
 }
 
 void DlgTablesPoints::afficherCourante()

@@ -27,19 +27,19 @@ int comparerTextes(const QString& a, const QString& b)
     return ordreFrancais().compare(a, b);
 }
 
-celluleTexte::celluleTexte(std::wstring_view texte) : QTableWidgetItem(texteQt(texte)) {}
+elementTexte::elementTexte(std::wstring_view texte) : QTableWidgetItem(texteQt(texte)) {}
 
-bool celluleTexte::operator<(const QTableWidgetItem& autre) const
+bool elementTexte::operator<(const QTableWidgetItem& autre) const
 {
     return comparerTextes(text(), autre.text()) < 0;
 }
 
-celluleNombre::celluleNombre(std::wstring_view texte) : QTableWidgetItem(texteQt(texte))
+elementNombre::elementNombre(std::wstring_view texte) : QTableWidgetItem(texteQt(texte))
 {
     setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
-bool celluleNombre::operator<(const QTableWidgetItem& autre) const
+bool elementNombre::operator<(const QTableWidgetItem& autre) const
 {
     if (text().isEmpty() || autre.text().isEmpty())
         return !text().isEmpty() && autre.text().isEmpty();

@@ -16,16 +16,16 @@ QString texteQt(std::wstring_view texte);
 int comparerTextes(const QString& a, const QString& b);
 
 /// A cell that sorts by its text as comparerTextes says.
-class celluleTexte : public QTableWidgetItem {
+class elementTexte : public QTableWidgetItem {
 public:
-    explicit celluleTexte(std::wstring_view texte);
+    explicit elementTexte(std::wstring_view texte);
     bool operator<(const QTableWidgetItem& autre) const override;
 };
 
 /// A cell that sorts by its number, and stands to the right. An empty one comes last.
-class celluleNombre : public QTableWidgetItem {
+class elementNombre : public QTableWidgetItem {
 public:
-    explicit celluleNombre(std::wstring_view texte);
+    explicit elementNombre(std::wstring_view texte);
     bool operator<(const QTableWidgetItem& autre) const override;
 };
 

@@ -177,7 +177,7 @@ void DlgAxe::recalculer()
 
 bool DlgAxe::lireNumerotation(axeEnregistre& complet) const
 {
-    if (!lireChamp(*m_ui->editOrigine, L"l'abscisse de départ", complet.origine))
+    if (!lireOrigine(*m_ui->editOrigine, complet.origine))
         return false;
     const auto equations = lireEquations(m_ui->editEquations->text());
     if (!equations) {

@@ -81,7 +81,7 @@ void DlgPointsDecalage::accept()
     double origine = 0.0;
     demandeDecalage demande;
     const axe* const ligne = m_ligne.choisie();
-    if (!ligne || !lireChamp(*m_ui->editOrigine, L"l'abscisse de départ", origine) || !lireDemande(demande) ||
+    if (!ligne || !lireOrigine(*m_ui->editOrigine, origine) || !lireDemande(demande) ||
         !lireCode(*m_ui->comboCode, m_code))
         return;
     if (nombrePointsDecales(*ligne, demande) > pointsAuPlus)

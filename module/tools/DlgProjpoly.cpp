@@ -7,7 +7,6 @@
 #include "services/formatNombres.h"
 #include "tools/placerPoints.h"
 
-#include "acutads.h"
 #include "ui_DlgProjpoly.h"
 
 namespace {
@@ -65,7 +64,7 @@ void DlgProjpoly::calculer()
 {
     double origine = 0.0;
     const axe* const ligne = m_ligne.choisie();
-    if (!ligne || !lireChamp(*m_ui->editOrigine, L"l'abscisse de départ", origine))
+    if (!ligne || !lireOrigine(*m_ui->editOrigine, origine))
         return;
     const std::vector<int> positions = m_points.positions();
     if (positions.empty())
@@ -94,6 +93,5 @@ void DlgProjpoly::placerPieds()
     for (const pointProjete& p : m_projetes)
         pieds.push_back({{std::to_wstring(++numero), p.pied.pied}, p.point.nom});
     creerPoints(m_table, pieds, code);
-    acutPrintf(L"\n%d point(s) cr\u00e9\u00e9(s)", static_cast<int>(pieds.size()));
     m_ui->boutonPlacer->setEnabled(false); // twice would double them
 }

@@ -38,7 +38,6 @@ int lispPointsParDecalage()
         if (dialogue.exec() != QDialog::Accepted)
             return;
         creerPoints(table, dialogue.points(), dialogue.code());
-        acutPrintf(L"\n%d point(s) cr\u00e9\u00e9(s)", static_cast<int>(dialogue.points().size()));
     });
 }
 

@@ -11,6 +11,7 @@
 #include "points/nomsVoulus.h"
 #include "services/codages.h"
 #include "services/dialogueCellules.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
 #include "services/dialogueModule.h"
 #include "services/entierDeTexte.h"
@@ -128,4 +129,9 @@ bool lireCode(const QComboBox& liste, int& code)
     }
     code = lu;
     return true;
+}
+
+bool lireOrigine(QLineEdit& champ, double& origine)
+{
+    return lireChamp(champ, L"l'abscisse de départ", origine);
 }

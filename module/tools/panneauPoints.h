@@ -57,6 +57,9 @@ private:
     std::vector<equationAbscisse> m_equations;
 };
 
+/// Reads the chainage at which a line begins; see lireChamp.
+bool lireOrigine(QLineEdit& champ, double& origine);
+
 /// Fills a list with the codes of the codification; a number may be typed too.
 void remplirCodes(QComboBox& liste);
 /// @return false when the user was told that it is no code.

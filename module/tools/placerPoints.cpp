@@ -7,6 +7,8 @@
 #include "services/codages.h"
 #include "services/dialogueProgression.h"
 
+#include "acutads.h"
+
 std::vector<pointNomme> pointsNommes(const listePointsDuDessin& table, std::span<const int> positions)
 {
     std::vector<pointNomme> points;
@@ -32,6 +34,7 @@ void creerPoints(listePointsDuDessin& table, std::span<const pointACreer> points
         progression.avancer();
     }
     direNomsDoubles(table, avant);
+    acutPrintf(L"\n%d point(s) cr\u00e9\u00e9(s)", static_cast<int>(points.size()));
 }
 
 int deplacerPoints(listePointsDuDessin& table, std::span<const int> positions, std::span<const point3> places)

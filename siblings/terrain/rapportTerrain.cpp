@@ -58,13 +58,18 @@ std::wstring place(const lieuSol& p)
     return depuisAnsi(nombreFixe(p.x, 3) + ", " + nombreFixe(p.y, 3));
 }
 
+void nommerModele(htmlDocument& document, const std::wstring& modele)
+{
+    ajouter(document, L"Mod\u00e8le : " + modele);
+}
+
 } // namespace
 
 htmlDocument rapportProfil(const std::wstring& modele, const lieuSol& de, const lieuSol& vers,
                            const parcoursTerrain::polylignes& profil)
 {
     htmlDocument document = nouveau(L"Profil en long");
-    ajouter(document, L"Mod\u00e8le : " + modele);
+    nommerModele(document, modele);
     ajouter(document, L"De " + place(de) + L" \u00e0 " + place(vers));
     htmlTable table = tableau();
     entetes(table, {L"Distance", L"X", L"Y", L"Altitude", L"Pente (%)"});
@@ -97,7 +102,7 @@ htmlDocument rapportProfil(const std::wstring& modele, const lieuSol& de, const 
 htmlDocument rapportVolumes(const std::wstring& modele, const std::wstring& reference, const volumesTerrain& volumes)
 {
     htmlDocument document = nouveau(L"Cubature");
-    ajouter(document, L"Mod\u00e8le : " + modele);
+    nommerModele(document, modele);
     ajouter(document, L"Compar\u00e9 \u00e0 : " + reference);
     htmlTable table = tableau();
     entetes(table, {L"", L"Volume (m\u00b3)", L"Surface (m\u00b2)"});

@@ -128,7 +128,7 @@ bool DrawingFiles::save(Document& document)
 {
     std::optional<std::wstring> path = document.fileName();
     if (!document.isNamedDrawing())
-        path = choose({L"Enregistrer le dessin sous", document.docTitle(), L"dxf", true});
+        path = choose(CommandHooks::drawingToSave(document.docTitle()));
     if (!path)
         return false;
     const auto failure = DocumentList::instance().saveAs(document, *path);

@@ -84,10 +84,10 @@ void CDlgFormulePoids::montrerVariables()
     for (const variableFormule& v : m_variables.variables()) {
         const int ligne = m_ui->liste->rowCount();
         m_ui->liste->insertRow(ligne);
-        m_ui->liste->setItem(ligne, 0, new celluleTexte(depuisAnsi(v.nom)));
+        m_ui->liste->setItem(ligne, 0, new elementTexte(depuisAnsi(v.nom)));
         m_ui->liste->setItem(
-            ligne, 1, new celluleNombre(QString::number(v.valeur, 'g', QLocale::FloatingPointShortest).toStdWString()));
-        m_ui->liste->setItem(ligne, 2, new celluleTexte(depuisAnsi(v.commentaire)));
+            ligne, 1, new elementNombre(QString::number(v.valeur, 'g', QLocale::FloatingPointShortest).toStdWString()));
+        m_ui->liste->setItem(ligne, 2, new elementTexte(depuisAnsi(v.commentaire)));
     }
     trierDeNouveau(*m_ui->liste);
     evaluer();

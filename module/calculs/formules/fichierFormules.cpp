@@ -73,7 +73,7 @@ std::vector<remarqueLecture> lireFormules(std::string_view contenu, formulesPoid
         const std::wstring texte = lignes.texte(ligne);
         decouperLigne(texte, separateursPolygonale, mots);
         if (!mots.empty() && !lireLigneFormule(mots, formules))
-            remarques.push_back({lignes.numero(), L"« " + texte.substr(0, 60) + L" » n'est pas compris."});
+            remarques.push_back({lignes.numero(), pasCompris(texte.substr(0, 60))});
     }
     return remarques;
 }

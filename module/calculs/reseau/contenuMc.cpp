@@ -24,21 +24,17 @@ std::string nomDe(const reseau& r, int point)
     return motCite(versAnsi(r.points[static_cast<std::size_t>(point)].nom));
 }
 
-const char* motTenue(tenue t)
-{
-    return t == tenue::fixe ? "fixe" : t == tenue::appui ? "appui" : t == tenue::libre ? "libre" : "ignore";
-}
-
 void ecrirePoint(const pointReseau& p, std::string& texte)
 {
     texte += "Point: " + motCite(versAnsi(p.nom));
     for (const auto& [mot, valeur] : {std::pair(" X= ", p.x), std::pair(" Y= ", p.y), std::pair(" Z= ", p.z)})
         if (estConnue(valeur))
             texte += mot + nombreCourt(valeur);
-    if (p.plan == p.altitude)
-        texte += p.plan == tenue::libre ? "" : std::string(" ") + motTenue(p.plan);
-    else
-        texte += std::string(" ") + motTenue(p.plan) + " xy " + motTenue(p.altitude) + " z";
+    const std::string plan = " " + versAnsi(motTenue(p.plan)), altitude = " " + versAnsi(motTenue(p.altitude));
+    if (p.plan != p.altitude)
+        texte += plan + " xy" + altitude + " z";
+    else if (p.plan != tenue::libre)
+        texte += plan;
     texte += '\n';
 }
 

@@ -146,16 +146,11 @@ std::wstring essayer(reseau& r, int observation, const observationReseau& essai)
     return faute;
 }
 
-const wchar_t* motTenue(tenue t)
-{
-    return t == tenue::fixe ? L"fixe" : t == tenue::appui ? L"appui" : t == tenue::libre ? L"libre" : L"-";
-}
-
 bool tenueDe(std::wstring_view texte, tenue& t)
 {
     const std::wstring mot = enMinuscules(nomSaisi(texte));
     for (const tenue candidate : {tenue::fixe, tenue::appui, tenue::libre, tenue::ignoree})
-        if (mot == motTenue(candidate)) {
+        if (mot == nomTenue(candidate)) {
             t = candidate;
             return true;
         }
@@ -282,9 +277,9 @@ std::wstring textePoint(const reseau& r, int point, colonnePoint colonne)
     case colonnePoint::z:
         return nombre(p.z);
     case colonnePoint::plan:
-        return motTenue(p.plan);
+        return nomTenue(p.plan);
     case colonnePoint::altitude:
-        return motTenue(p.altitude);
+        return nomTenue(p.altitude);
     }
     return {};
 }

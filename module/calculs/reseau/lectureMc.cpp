@@ -26,13 +26,6 @@ std::wstring motCle(std::wstring_view mot)
     return cle;
 }
 
-struct motDeTenue {
-    std::wstring_view mot;
-    tenue t;
-};
-constexpr motDeTenue motsTenues[] = {
-    {L"fixe", tenue::fixe}, {L"appui", tenue::appui}, {L"libre", tenue::libre}, {L"ignore", tenue::ignoree}};
-
 class lecteurMc {
 public:
     explicit lecteurMc(reseauLu& lu) : m_lu(lu) { m_lu.r.precisions = precisionsUsuelles(); }
@@ -185,8 +178,8 @@ private:
                 double tous = 0.0;
                 lirePositif(brut, tous);
                 ecarts = {tous, tous, z == inconnu ? 0.0 : tous};
-            } else if (const auto t = std::ranges::find(motsTenues, cle, &motDeTenue::mot); t != std::end(motsTenues))
-                tenir(p, t->t);
+            } else if (const auto t = tenueDuMot(cle))
+                tenir(p, *t);
             else
                 remarquer(L"« " + brut + L" » n'est pas compris dans la ligne du point « " + nom + L" ».");
         }
@@ -317,7 +310,7 @@ private:
         else if (cle == L"hors")
             o.active = false;
         else
-            remarquer(L"« " + brut + L" » n'est pas compris.");
+            remarquer(pasCompris(brut));
     }
 
     /// The set of the last "Station" line; a direction that names another station begins one.

@@ -26,12 +26,6 @@ std::string nomDe(const reseau& r, int point)
     return point < 0 ? celluleVide : nomHtml(r.points[static_cast<std::size_t>(point)].nom);
 }
 
-const wchar_t* motTenue(const pointReseau& p, bool plan)
-{
-    const tenue t = plan ? p.plan : p.altitude;
-    return t == tenue::fixe ? L"fixe" : t == tenue::appui ? L"appui" : t == tenue::libre ? L"libre" : L"-";
-}
-
 /// Coordinates in the file's axes.
 void cellulesPlan(const reseau& r, htmlTable& table, double x, double y)
 {
@@ -77,8 +71,8 @@ void rapporterDonnees(const reseau& r, const resultatReseau& resultat, htmlDocum
         table.addCell(nomHtml(p.nom), celluleNomGauche);
         cellulesPlan(r, table, p.x, p.y);
         ajouterNombre(table, p.z, decimalesMetres);
-        table.addCell(versAnsi(motTenue(p, true)), celluleNomCentre);
-        table.addCell(versAnsi(motTenue(p, false)), celluleNomCentre);
+        table.addCell(versAnsi(nomTenue(p.plan)), celluleNomCentre);
+        table.addCell(versAnsi(nomTenue(p.altitude)), celluleNomCentre);
     }
     document.append(table.render());
 }

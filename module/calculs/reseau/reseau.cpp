@@ -25,6 +25,17 @@ namespace {
 
 constexpr const wchar_t* motsObservations[] = {L"direction", L"angle",     L"gisement", L"distance", L"inclinee",
                                                L"zenithal",  L"denivelee", L"x",        L"y",        L"z"};
+constexpr const wchar_t* motsTenues[] = {L"ignore", L"libre", L"appui", L"fixe"};
+
+/// The value whose word stands at the same place of a table.
+template <class Valeur, std::size_t N>
+std::optional<Valeur> valeurDuMot(const wchar_t* const (&mots)[N], std::wstring_view mot)
+{
+    const auto trouve = std::ranges::find(mots, mot);
+    if (trouve == std::end(mots))
+        return std::nullopt;
+    return static_cast<Valeur>(trouve - std::begin(mots));
+}
 
 } // namespace
 
@@ -35,10 +46,22 @@ const wchar_t* motObservation(genreObservation genre)
 
 std::optional<genreObservation> genreDuMot(std::wstring_view mot)
 {
-    const auto trouve = std::ranges::find(motsObservations, mot);
-    if (trouve == std::end(motsObservations))
-        return std::nullopt;
-    return static_cast<genreObservation>(trouve - std::begin(motsObservations));
+    return valeurDuMot<genreObservation>(motsObservations, mot);
+}
+
+const wchar_t* motTenue(tenue t)
+{
+    return motsTenues[static_cast<int>(t)];
+}
+
+const wchar_t* nomTenue(tenue t)
+{
+    return t == tenue::ignoree ? L"-" : motTenue(t);
+}
+
+std::optional<tenue> tenueDuMot(std::wstring_view mot)
+{
+    return valeurDuMot<tenue>(motsTenues, mot);
 }
 
 const wchar_t* nomGenre(genreObservation genre)

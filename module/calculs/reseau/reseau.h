@@ -48,6 +48,13 @@ enum class tenue : unsigned char {
     fixe,
 };
 
+/// Word of files: "fixe", "appui", "libre", "ignore".
+const wchar_t* motTenue(tenue t);
+/// The same for people: "-" for what is left out.
+const wchar_t* nomTenue(tenue t);
+/// What a word of files stands for.
+std::optional<tenue> tenueDuMot(std::wstring_view mot);
+
 struct pointReseau {
     std::wstring nom;
     double x = inconnu, y = inconnu, z = inconnu; ///< known, approximate, or not known

@@ -13,6 +13,9 @@
 
 namespace {
 
+constexpr char pasCreee[] = "la carte n'a pas pu être créée";
+constexpr char arretee[] = "l'écriture de la carte s'est arrêtée";
+
 /// What the library complains of is kept, for the user to read, and not printed.
 class plaintes {
 public:
@@ -121,23 +124,23 @@ std::string ecrire(const std::string& fichier, const char* format, const std::st
     GDALDriver* const pilote = GetGDALDriverManager()->GetDriverByName(format);
     jeuDonnees donnees(pilote ? pilote->Create(fichier.c_str(), 0, 0, 0, GDT_Unknown, nullptr) : nullptr);
     if (!donnees)
-        return dites.raison("la carte n'a pas pu être créée");
+        return dites.raison(pasCreee);
     CPLStringList options = optionsCouche(format);
     OGRLayer* const couche = donnees->CreateLayer("points", &repere, wkbPoint25D, options.List());
     if (!couche || !creerChamps(*couche))
-        return dites.raison("la carte n'a pas pu être créée");
+        return dites.raison(pasCreee);
     const bool transaction = donnees->StartTransaction() == OGRERR_NONE;
     for (pointCarte p; suivant(p);) {
         constexpr double inconnu = 1e38;
         if (p.x != inconnu && p.y != inconnu && !ajouter(*couche, p))
-            return dites.raison("l'écriture de la carte s'est arrêtée");
+            return dites.raison(arretee);
     }
     if (transaction && donnees->CommitTransaction() != OGRERR_NONE)
-        return dites.raison("l'écriture de la carte s'est arrêtée");
+        return dites.raison(arretee);
     donnees.reset(); // closing writes the end
     if (dites.muettes() && !estEntiere(fichier, format))
-        return "l'écriture de la carte s'est arrêtée avant sa fin, sans doute faute de place sur le disque.";
-    return dites.muettes() ? std::string() : dites.raison("l'écriture de la carte s'est arrêtée");
+        return std::string(arretee) + " avant sa fin, sans doute faute de place sur le disque.";
+    return dites.muettes() ? std::string() : dites.raison(arretee);
 }
 
 } // namespace
