@@ -193,7 +193,15 @@ Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& matrix)
 {
     assertWriteEnabled();
     const AcGeMatrix3d before = placement();
+    // Programs that draw in the plane write a height factor of 0: such an axis has no direction, and is turned as one
+    // of factor 1.
+    double* const factors[] = {&m_scaleX, &m_scaleY, &m_scaleZ};
+    const bool isFlat[] = {m_scaleX == 0.0, m_scaleY == 0.0, m_scaleZ == 0.0};
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        *factors[axis] = isFlat[axis] ? 1.0 : *factors[axis];
     const Acad::ErrorStatus es = setBlockTransform(matrix * cellTransform(0, 0));
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        *factors[axis] = isFlat[axis] ? 0.0 : *factors[axis];
     if (es != Acad::eOk)
         return es;
     if (m_rows > 1 || m_columns > 1) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <numbers>
 
 #include "dbpl.h"
 #include "dbsymtb.h"
@@ -136,6 +137,25 @@ TEST_F(ForeignTest, anEntityIsItsBlocksWhateverOwnerItNames)
         Opened<AcDbEntity>(*database, 0x80, AcDb::kForWrite)->setColorIndex(5);
         EXPECT_EQ(changes(before, saved(*database)), (Changes{"+62|5"}));
     }
+}
+
+TEST_F(ForeignTest, aReferenceWithoutHeightIsMovedAndTurned)
+{
+    SmallDrawing drawing;
+    drawing.entities = "0 INSERT\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbBlockReference\n2 *Model_Space\n"
+                       "10 5\n20 0\n30 0\n41 2\n42 3\n43 0\n50 0\n";
+    const std::string before = drawing.text();
+    const auto database = open(before);
+    const AcGeMatrix3d turn = AcGeMatrix3d::rotation(std::numbers::pi / 2.0, AcGeVector3d::kZAxis);
+    EXPECT_EQ(Opened<AcDbEntity>(*database, 0x80, AcDb::kForWrite)->transformBy(turn), Acad::eOk);
+    const auto again = open(saved(*database));
+    const Opened<AcDbBlockReference> turned(*again, 0x80);
+    EXPECT_NEAR(turned->position().y, 5.0, 1e-12);
+    EXPECT_NEAR(turned->rotation(), std::numbers::pi / 2.0, 1e-12);
+    const AcGeScale3d scale = turned->scaleFactors();
+    EXPECT_NEAR(scale.sx, 2.0, 1e-12);
+    EXPECT_NEAR(scale.sy, 3.0, 1e-12);
+    EXPECT_EQ(scale.sz, 0.0);
 }
 
 TEST_F(ForeignTest, codesThatAClassHasForItselfStayItsOwn)
