@@ -17,6 +17,7 @@
 #include "ui/window/DrawingRecovery.h"
 #include "ui/window/MainWindow.h"
 
+#include "aideFrancaise.h"
 #include "commandes.h"
 #include "erreurProgramme.h"
 #include "sessionHote.h"

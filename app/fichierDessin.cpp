@@ -31,7 +31,7 @@ void direAncienDessin(const std::string& ancien)
         std::cout << "Le dessin d'avant est gardé : " << ancien << '\n';
 }
 
-std::string phrasePointsPlaces(std::size_t nombre, const std::string& table)
+std::string phrasePointsPlaces(int nombre, const std::string& table)
 {
     return std::to_string(nombre) + " points placés dans la table « " + table + " »";
 }

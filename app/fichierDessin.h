@@ -15,7 +15,7 @@ void exigerExtensionDxf(const std::string& chemin);
 void direAncienDessin(const std::string& ancien);
 
 /// "12 points placés dans la table « LEVE »".
-std::string phrasePointsPlaces(std::size_t nombre, const std::string& table);
+std::string phrasePointsPlaces(int nombre, const std::string& table);
 
 /// The point tables of the current drawing. @throws erreurProgramme when no module made any.
 projetsTopo& projetDuDessin();
