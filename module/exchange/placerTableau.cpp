@@ -132,9 +132,9 @@ bool estTenu(const tableauDessine& tableau)
     return std::ranges::any_of(tableau.entites, estVerrouille);
 }
 
-void effacer(const tableauDessine& tableau)
+void effacer(std::span<const AcDbObjectId> entites)
 {
-    for (const AcDbObjectId& id : tableau.entites) {
+    for (const AcDbObjectId& id : entites) {
         const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite);
         if (entite.openStatus() == Acad::eOk)
             entite->erase();
@@ -238,22 +238,27 @@ AcDbObjectId blocDuTableau(AcDbDatabase& db, const tableauCoordonnees& tableau, 
     return id;
 }
 
+/// @return false when the drawing refuses it: no part of it stays
 bool dessiner(const tableauCoordonnees& tableau, const paramsTable& params, const AcGePoint3d& origine, int numero)
 {
     AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase();
     if (!db || !declarerApplication(*db, applicationTable))
         return false;
     std::vector<std::unique_ptr<AcDbEntity>> entites;
-    if (params.grouper)
-        entites.push_back(
-            std::make_unique<AcDbBlockReference>(origine, blocDuTableau(*db, tableau, params.tailleTextes)));
-    else
+    if (!params.grouper)
         entites = entitesDuTableau(tableau, params.tailleTextes, origine);
+    else if (const AcDbObjectId bloc = blocDuTableau(*db, tableau, params.tailleTextes); !bloc.isNull())
+        entites.push_back(std::make_unique<AcDbBlockReference>(origine, bloc));
+    std::vector<AcDbObjectId> dessinees;
     for (auto& entite : entites) {
         marquer(*entite, numero, origine);
-        ajouterEspaceObjet(std::move(entite));
+        dessinees.push_back(ajouterEspaceObjet(std::move(entite)));
+        if (dessinees.back().isNull()) {
+            effacer(dessinees);
+            return false;
+        }
     }
-    return !entites.empty();
+    return !dessinees.empty();
 }
 
 } // namespace
@@ -274,26 +279,29 @@ bool placerTableau(const listePointsDuDessin& table, std::span<const int> places
     const tableauCoordonnees tableau =
         composerTableau(rangeesDe(table, places, codes), params, mesureTextes(params.tailleTextes));
     const auto ancien = dernierTableau();
-    const int numero = ancien ? ancien->numero + 1 : 1;
+    bool remplacer = false;
     if (ancien) {
         const reponseQuestion reponse = demanderOuiNonAnnuler(
             L"Table XYZ", L"Le dessin a déjà une table de coordonnées.\nLa remplacer, à sa place ?");
         if (reponse == reponseQuestion::annuler)
             return false;
-        if (reponse == reponseQuestion::oui && estTenu(*ancien)) {
+        remplacer = reponse == reponseQuestion::oui;
+        if (remplacer && estTenu(*ancien)) {
             afficherAvertissement(L"Table XYZ", L"L'ancienne table est sur un calque verrouillé :\n"
                                                 L"déverrouillez-le d'abord");
             return false;
         }
-        if (reponse == reponseQuestion::oui) {
-            const CAcadUndoGroup groupe;
-            effacer(*ancien);
-            return dessiner(tableau, params, ancien->origine, numero);
-        }
     }
     jigContour jig(tableau.largeur, tableau.hauteur);
-    if (jig.drag() != AcEdJig::kNormal)
+    if (!remplacer && jig.drag() != AcEdJig::kNormal)
         return false;
     const CAcadUndoGroup groupe;
-    return dessiner(tableau, params, jig.place(), numero);
+    if (!dessiner(tableau, params, remplacer ? ancien->origine : jig.place(), ancien ? ancien->numero + 1 : 1)) {
+        afficherAvertissement(L"Table XYZ", remplacer ? L"Le dessin refuse la nouvelle table : l'ancienne y reste"
+                                                      : L"Le dessin refuse la table");
+        return false;
+    }
+    if (remplacer)
+        effacer(ancien->entites);
+    return true;
 }

@@ -1,6 +1,7 @@
-// What scenarios cannot do in the points dialog: press a button while work goes on.
+// What scenarios cannot do in the points dialog: press a button while work goes on, draw where the drawing refuses.
 
 #include <QApplication>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -14,14 +15,18 @@
 #include "db/DatabaseImpl.h"
 #include "ed/Kernel.h"
 #include "exchange/DlgPntsDuDessin.h"
+#include "exchange/placerTableau.h"
 #include "points/listePointsDuDessin.h"
 #include "points/projetDansDessin.h"
 #include "points/projetsTopo.h"
 #include "services/dialogueProgression.h"
+#include "services/espaceObjet.h"
 #include "services/selection.h"
 #include "ui/application/VelaApplication.h"
 
+#include "Answers.h"
 #include "dbents.h"
+#include "dbsymtb.h"
 #include "supportEssai.h"
 
 namespace {
@@ -134,6 +139,37 @@ TEST_F(DialoguePointsTest, readingBackStoppedHalfwayLeavesTheTableAsItWas)
     presser("boutonRaffraichir", nombre + 1);
     EXPECT_EQ(lue.nbPoint(), nombre);
     EXPECT_EQ(dessines(), nombre) << "places too";
+}
+
+TEST_F(DialoguePointsTest, aTableThatTheDrawingRefusesLeavesTheOneThatIsThere)
+{
+    Answers reponses({L"100,100"});
+    paramsTable params;
+    const auto placer = [&] { return placerTableau(table, std::vector{0, 1}, codificationDuModule(), params); };
+    ASSERT_TRUE(placer());
+    const std::vector<AcDbObjectId> premiere = selectionDuDessin(L"*");
+    QString dit;
+    QTimer guet; // answers yes: the old table is to go
+    QObject::connect(&guet, &QTimer::timeout, &guet, [&dit] {
+        if (auto* const boite = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            dit = boite->text();
+            boite->defaultButton()->click();
+        }
+    });
+    guet.start(0);
+    for (const bool grouper : {true, false}) {
+        params.grouper = grouper;
+        const AcDbObjectPointer<AcDbBlockTableRecord> tenu(espaceObjetDuDessin(), AcDb::kForRead);
+        EXPECT_FALSE(placer());
+        EXPECT_EQ(dit, "Le dessin refuse la nouvelle table : l'ancienne y reste");
+        EXPECT_EQ(selectionDuDessin(L"*"), premiere);
+    }
+    EXPECT_TRUE(placer());
+    const std::vector<AcDbObjectId> seconde = selectionDuDessin(L"*");
+    EXPECT_EQ(seconde.size(), premiere.size());
+    EXPECT_NE(seconde, premiere);
+    ASSERT_TRUE(document.database()->impl().undo().undo());
+    EXPECT_EQ(selectionDuDessin(L"*"), premiere) << "one undo group";
 }
 
 } // namespace
