@@ -58,16 +58,26 @@ listePointsDuDessin& tableOuNouvelle(const std::string& nom)
     return *projet.getTable(projet.nbTables() - 1);
 }
 
+/// Why a file is refused: its first line that gave no point.
+/// @param phrases of its problems, in their order
+std::string raisonRefus(const std::string& fichier, const pointsLus& lus, const std::vector<std::string>& phrases)
+{
+    const auto mauvaise = std::ranges::find_if(lus.problemes, &problemeLecture::ecartee);
+    if (mauvaise != lus.problemes.end())
+        return phrases[static_cast<std::size_t>(mauvaise - lus.problemes.begin())];
+    return fichier + (lus.ecartees == 0 ? " : aucun point dans ce fichier."
+                                        : " : " + std::to_string(lus.ecartees) + " ligne(s) écartée(s).");
+}
+
 pointsLus lireFichier(const importPoints& demande, suitesImportPoints& suites)
 {
     pointsLus lus = lirePoints(cheminNatif(demande.fichier), nullptr, demande.code);
     for (const std::wstring& phrase : phrasesProblemes(wideFromUtf8(demande.fichier), lus))
         suites.avertissements.push_back(utf8FromWide(phrase));
     if (lus.points.empty())
-        throw erreurProgramme(suites.avertissements.empty() ? demande.fichier + " : aucun point dans ce fichier."
-                                                            : suites.avertissements.front());
+        throw erreurProgramme(raisonRefus(demande.fichier, lus, suites.avertissements));
     if (demande.strict && (lus.ecartees > 0 || !lus.lisible))
-        throw erreurProgramme(suites.avertissements.front() + " Rien n'est importé.");
+        throw erreurProgramme(raisonRefus(demande.fichier, lus, suites.avertissements) + " Rien n'est importé.");
     return lus;
 }
 
@@ -145,8 +155,7 @@ suitesImportPoints importer(const importPoints& demande)
     listePointsDuDessin& table = tableOuNouvelle(demande.table);
     const int premiere = table.nbPoint();
     observationsEnAttente observations;
-    const bilanAjout bilan = ajouterPoints(table, lus.points, nomsExistants::ajouter, observations);
-    lus.points = {}; // a large file weighs as much as the drawing it goes into
+    const bilanAjout bilan = ajouterPoints(table, std::move(lus.points), nomsExistants::ajouter, observations);
     suites.ajoutes = bilan.ajoutes;
     suites.table = nomDe(table);
     for (const std::wstring& phrase : phrasesNoms(bilan))

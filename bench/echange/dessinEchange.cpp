@@ -205,7 +205,7 @@ void mesurerEnregistrement(tableauMesures& tableau, const char* nom, bool placer
                 pointsLus lus = lirePoints(source, "leve.xyz");
                 for (pointXYZ& point : lus.points)
                     point.code = 1; // the only one that the module defines by itself, and so draws
-                ajouterPoints(dessin.table(), lus.points, nomsExistants::ajouter, observations);
+                ajouterPoints(dessin.table(), std::move(lus.points), nomsExistants::ajouter, observations);
             }
             if (placer) {
                 std::vector<int> places(static_cast<std::size_t>(n));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 #include <unordered_map>
+#include <utility>
 
 #include "codification/editionPoint.h"
 #include "points/listePointsDuDessin.h"
@@ -45,7 +46,7 @@ public:
             m_dernierNumero = std::max(table.getMaxNum(), plusGrandNumero(points));
     }
 
-    void prendre(const pointXYZ& lu)
+    void prendre(pointXYZ& lu)
     {
         pointDuDessin point;
         point = lu;
@@ -80,22 +81,22 @@ private:
         return seuls.getMaxNum();
     }
 
-    void observer(int place, const std::wstring& observation)
+    void observer(int place, std::wstring& observation)
     {
         if (observation.empty())
             return;
-        m_observations[place] = observation;
+        m_observations[place] = std::move(observation);
         ++bilan.observes;
     }
 
-    void ajouter(const pointDuDessin& point, const std::wstring& observation)
+    void ajouter(const pointDuDessin& point, std::wstring& observation)
     {
         observer(m_table.nbPoint(), observation);
         m_table.Ajouter(point);
         ++bilan.ajoutes;
     }
 
-    void remplacer(int place, pointDuDessin& point, const std::wstring& observation)
+    void remplacer(int place, pointDuDessin& point, std::wstring& observation)
     {
         const listePointsDuDessin& lue = m_table;
         ++bilan.remplaces;
@@ -129,12 +130,12 @@ int nombreNomsExistants(const listePointsDuDessin& table, std::span<const pointX
     }));
 }
 
-bilanAjout ajouterPoints(listePointsDuDessin& table, std::span<const pointXYZ> points, nomsExistants choix,
+bilanAjout ajouterPoints(listePointsDuDessin& table, std::vector<pointXYZ> points, nomsExistants choix,
                          observationsEnAttente& observations)
 {
     const CAcadUndoGroup groupe;
     ajout run(table, points, choix, observations);
-    for (const pointXYZ& lu : points)
+    for (pointXYZ& lu : points)
         run.prendre(lu);
     return run.bilan;
 }

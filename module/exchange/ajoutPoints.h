@@ -34,13 +34,17 @@ struct bilanAjout {
     int ajoutes = 0, renumerotes = 0, remplaces = 0, laisses = 0;
     int nomsCoupes = 0; ///< names longer than a table keeps
     int observes = 0;   ///< points whose observation waits for a symbol
+
+    /// That came in, whatever became of them.
+    int points() const { return ajoutes + remplaces + laisses; }
 };
 
 /// How many of these points bear a name of the table: as the table keeps it, letter case and blanks around it aside.
 int nombreNomsExistants(const listePointsDuDessin& table, std::span<const pointXYZ> points);
 
 /// Adds points to the table; what they observe waits in `observations`. One undo group.
-VELA_EXPORT bilanAjout ajouterPoints(listePointsDuDessin& table, std::span<const pointXYZ> points, nomsExistants choix,
+/// The points are taken over: a long file's observations would else be held twice.
+VELA_EXPORT bilanAjout ajouterPoints(listePointsDuDessin& table, std::vector<pointXYZ> points, nomsExistants choix,
                                      observationsEnAttente& observations);
 
 /// French sentences on names that the table keeps otherwise than they came.

@@ -47,7 +47,7 @@ std::optional<std::vector<std::wstring>> importerFichierPoints(listePointsDuDess
     demande.titre = L"Importer des points";
     demande.filtres = filtresImport;
     const auto fichier = demanderFichierALire(demande);
-    const auto lus = fichier ? lireFichier(*fichier) : std::nullopt;
+    auto lus = fichier ? lireFichier(*fichier) : std::nullopt;
     if (!lus)
         return std::nullopt;
     if (!lus->lisible)
@@ -59,6 +59,6 @@ std::optional<std::vector<std::wstring>> importerFichierPoints(listePointsDuDess
             return std::nullopt;
         choix = *voulu;
     }
-    const bilanAjout bilan = ajouterPoints(table, lus->points, choix, observations);
+    const bilanAjout bilan = ajouterPoints(table, std::move(lus->points), choix, observations);
     return phrasesImport(nomSansDossier(*fichier), *lus, bilan);
 }

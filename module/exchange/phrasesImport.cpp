@@ -2,7 +2,7 @@
 
 std::vector<std::wstring> phrasesImport(std::wstring_view fichier, const pointsLus& lus, const bilanAjout& bilan)
 {
-    std::vector<std::wstring> phrases{std::wstring(fichier) + L" : " + std::to_wstring(lus.points.size()) +
+    std::vector<std::wstring> phrases{std::wstring(fichier) + L" : " + std::to_wstring(bilan.points()) +
                                       L" point(s) lu(s), " + std::to_wstring(lus.ecartees) + L" ligne(s) écartée(s)."};
     const auto dire = [&phrases](int nombre, const wchar_t* suite) {
         if (nombre > 0)
