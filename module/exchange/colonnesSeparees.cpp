@@ -173,11 +173,6 @@ formatColonnes deviner(sourceOctets& source)
 
 // --- Reading -------------------------------------------------------------------------------------------------------
 
-std::wstring entreGuillemets(std::wstring_view nomme, std::wstring_view texte, std::wstring_view suite)
-{
-    return std::wstring(nomme) + L" « " + std::wstring(texte) + L" » " + std::wstring(suite);
-}
-
 /// One file being read.
 class lecture {
 public:
@@ -251,7 +246,7 @@ private:
             valeur = *lu;
         else if (m_raison.empty())
             m_raison = cellule.empty() ? std::wstring(nomme) + L" absent."
-                                       : entreGuillemets(nomme, texte(cellule), L"n'est pas un nombre.");
+                                       : nomme + (L" " + entreGuillemets(texte(cellule))) + L" n'est pas un nombre.";
         return lu.has_value();
     }
 
@@ -268,8 +263,7 @@ private:
         point.code = 1;
         const std::wstring code = texte(cellule);
         ajouterMots(point.observation, code);
-        ajouterMots(m_remarque,
-                    entreGuillemets(L"code", code, L"qui n'est pas un nombre : gardé comme observation, code 1."));
+        ajouterMots(m_remarque, codeEnLettres(code));
     }
 
     void garder(pointXYZ&& point)

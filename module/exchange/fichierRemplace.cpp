@@ -19,6 +19,8 @@ const wchar_t* causeEcriture(std::error_code erreur)
          {std::errc::permission_denied, std::errc::operation_not_permitted, std::errc::read_only_file_system})
         if (erreur == defendu)
             return L" (le fichier ou son dossier est protégé)";
+    if (erreur == std::errc::is_a_directory)
+        return L" (c'est un dossier)";
     return erreur == std::errc::no_such_file_or_directory ? L" (le dossier n'existe pas)" : L"";
 }
 
@@ -50,8 +52,10 @@ fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) : m_fichier
         creerACote();
         return;
     }
-    if (fs::is_directory(etat))
+    if (fs::is_directory(etat)) {
+        m_erreur = std::make_error_code(std::errc::is_a_directory);
         return;
+    }
     m_ouvert.reset(std::fopen(fichier.string().c_str(), "r+b"));
     if (!m_ouvert && errno == ENOENT)
         m_ouvert.reset(std::fopen(fichier.string().c_str(), "wbx"));

@@ -107,6 +107,16 @@ void prevoirPoints(sourceOctets& source, std::vector<pointXYZ>& points)
     points.reserve(points.size() + std::min(plusPrevus, lignes + source.resteEstime() / debut.size() * lignes));
 }
 
+/// Intended: such a file is read as one in Windows-1252 all the same, its mark being part of the first name.
+void signalerUtf8(std::string_view debut, pointsLus& lus)
+{
+    if (sembleUtf8(debut.substr(0, debut.rfind('\n')))) // the last line may be cut amid a character
+        lus.remarquer(0, {},
+                      L"texte en UTF-8, lu en Windows-1252 comme tout .xyz ou .txt : ses accents sont altérés, et "
+                      L"son premier nom s'il commence par une marque UTF-8. Enregistrez-le en Windows-1252 "
+                      L"(ANSI), ou donnez-lui l'extension .csv.");
+}
+
 } // namespace
 
 bool lecteurXYZ::reconnait(std::wstring_view extension, std::string_view) const
@@ -118,6 +128,7 @@ void lecteurXYZ::lire(sourceOctets& source, pointsLus& lus) const
 {
     constexpr std::size_t longueurLigne = 1024;
     prevoirPoints(source, lus.points);
+    signalerUtf8(source.debut(), lus);
     for (lecteurLignes lignes(source, longueurLigne); lignes.suivante();)
         lireLigne(lignes.ligne(), lignes.numero(), lus);
 }

@@ -6,6 +6,7 @@
 #include <expat.h>
 
 #include "exchange/celluleLue.h"
+#include "exchange/memoireXml.h"
 #include "services/codages.h"
 #include "services/lettres.h"
 #include "services/reelDeTexte.h"
@@ -66,10 +67,43 @@ struct liberation {
     void operator()(XML_Parser analyseur) const { XML_ParserFree(analyseur); }
 };
 
+/// Why the parser stopped, in French; by its number where a user could not mend it anyway.
+std::wstring raisonArret(XML_Error erreur)
+{
+    switch (erreur) {
+    case XML_ERROR_NO_MEMORY:
+        return L"éléments emboîtés ou noms sans fin : ce n'est pas un levé.";
+    case XML_ERROR_NO_ELEMENTS:
+        return L"ce document XML est vide ou inachevé.";
+    case XML_ERROR_UNCLOSED_TOKEN:
+    case XML_ERROR_UNCLOSED_CDATA_SECTION:
+    case XML_ERROR_PARTIAL_CHAR:
+        return L"ce document XML s'arrête au milieu d'un élément.";
+    case XML_ERROR_TAG_MISMATCH:
+        return L"XML mal formé, la suite n'est pas lue (une balise ferme un autre élément que le dernier ouvert).";
+    case XML_ERROR_DUPLICATE_ATTRIBUTE:
+        return L"XML mal formé, la suite n'est pas lue (un attribut répété).";
+    case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
+        return L"XML mal formé, la suite n'est pas lue (du texte après la fin du document).";
+    case XML_ERROR_UNDEFINED_ENTITY:
+        return L"XML mal formé, la suite n'est pas lue (un caractère « &nom; » inconnu).";
+    case XML_ERROR_UNKNOWN_ENCODING:
+    case XML_ERROR_INCORRECT_ENCODING:
+        return L"codage de caractères inconnu, ou autre que celui que le document annonce.";
+    case XML_ERROR_SYNTAX:
+    case XML_ERROR_INVALID_TOKEN:
+        return L"XML mal formé, la suite n'est pas lue (un caractère ou une balise que le XML n'admet pas).";
+    default:
+        return L"XML mal formé, la suite n'est pas lue (erreur " + std::to_wstring(erreur) + L").";
+    }
+}
+
 /// One document being read.
 class lecture {
 public:
-    explicit lecture(pointsLus& lus) : m_lus(lus), m_analyseur(XML_ParserCreate(nullptr))
+    explicit lecture(pointsLus& lus) :
+        m_lus(lus),
+        m_analyseur(XML_ParserCreate_MM(nullptr, memoireXmlBornee(), nullptr))
     {
         if (!m_analyseur)
             throw std::bad_alloc();
@@ -92,6 +126,8 @@ public:
             char* const tampon = static_cast<char*>(XML_GetBuffer(m_analyseur.get(), bloc));
             lus = tampon ? source.lire(tampon, bloc) : 0;
             donnes += static_cast<long long>(lus);
+            if (lus == 0 && source.enEchec()) // whoever opened it tells
+                return;
             if (!tampon || XML_ParseBuffer(m_analyseur.get(), static_cast<int>(lus), lus == 0) != XML_STATUS_OK)
                 return refuser();
             if (donnes - XML_GetCurrentByteIndex(m_analyseur.get()) > plusLongElement)
@@ -104,12 +140,7 @@ public:
 private:
     std::size_t ligne() const { return XML_GetCurrentLineNumber(m_analyseur.get()); }
 
-    void refuser()
-    {
-        m_lus.refuser(L"XML mal formé, la suite n'est pas lue (" +
-                          depuisUtf8(XML_ErrorString(XML_GetErrorCode(m_analyseur.get()))) + L").",
-                      ligne());
-    }
+    void refuser() { m_lus.refuser(raisonArret(XML_GetErrorCode(m_analyseur.get())), ligne()); }
 
     void ouvrir(std::string_view nomComplet, const char** attributs)
     {
@@ -137,9 +168,9 @@ private:
         const double metres = metresDe(unite);
         m_metres = metres == 0.0 ? 1.0 : metres;
         if (metres == 0.0)
-            m_lus.remarquer(ligne(), {}, L"unité « " + unite + L" » inconnue, le mètre est pris.");
+            m_lus.remarquer(ligne(), {}, L"unité " + entreGuillemets(unite) + L" inconnue, le mètre est pris.");
         else if (metres != 1.0)
-            m_lus.remarquer(ligne(), {}, L"unité « " + unite + L" » convertie en mètres.");
+            m_lus.remarquer(ligne(), {}, L"unité " + entreGuillemets(unite) + L" convertie en mètres.");
     }
 
     void lireCode(const std::wstring& code)
@@ -152,7 +183,7 @@ private:
             return;
         }
         m_point.observation = code;
-        ajouterMots(m_remarque, L"code « " + code + L" » qui n'est pas un nombre : gardé comme observation, code 1.");
+        ajouterMots(m_remarque, codeEnLettres(code));
     }
 
     void ajouter(std::string_view texte)
@@ -170,12 +201,12 @@ private:
             m_texte, [](char c) { return c == '\n' || c == '\r'; }, ' ');
         decouperCellules(m_texte, ' ', m_cellules);
         if (m_cellules.empty() && !m_reference.empty())
-            return ecarter(L"renvoi au point « " + m_reference + L" », sans coordonnées.");
+            return ecarter(L"renvoi au point " + entreGuillemets(m_reference) + L", sans coordonnées.");
         std::array<double, 3> coordonnees{};
         for (std::size_t i = 0; i < m_cellules.size() && i < coordonnees.size(); ++i) {
             const std::optional<double> nombre = nombreDeCellule(m_cellules[i]);
             if (!nombre)
-                return ecarter(pasUnNombre(depuisUtf8(m_cellules[i])));
+                return ecarter(entreGuillemets(depuisUtf8(m_cellules[i])) + L" n'est pas un nombre.");
             coordonnees[i] = *nombre * m_metres;
         }
         if (m_cellules.size() < 2)

@@ -86,10 +86,10 @@ public:
         for (std::string_view texte; !(texte = motSuivant(reste)).empty();) {
             const std::optional<mot> m = motLu(texte, seize ? 16 : 8);
             if (!m)
-                return ecarter(L"« " + depuisAnsi(texte) + L" » n'est pas un mot de " + (seize ? L"16" : L"8") +
+                return ecarter(entreGuillemets(depuisAnsi(texte)) + L" n'est pas un mot de " + (seize ? L"16" : L"8") +
                                L" caractères.");
             if (!prendre(*m))
-                return ecarter(L"« " + depuisAnsi(texte) + L" » : longueur ou unité illisible.");
+                return ecarter(entreGuillemets(depuisAnsi(texte)) + L" : longueur ou unité illisible.");
         }
         garder();
     }

@@ -7,9 +7,8 @@
 
 namespace {
 
-std::wstring montrable(std::wstring_view texte)
+std::wstring montrable(std::wstring_view texte, std::size_t longueur = 120)
 {
-    constexpr std::size_t longueur = 120;
     std::wstring montre(texte.substr(0, longueur));
     std::replace_if(
         montre.begin(), montre.end(), [](wchar_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }, L'.');
@@ -41,6 +40,17 @@ void pointsLus::refuser(std::wstring raison, std::size_t ligne)
     lisible = false;
     // Never left out of a full list: it says why the file ends early.
     problemes.push_back({ligne, {}, std::move(raison), true});
+}
+
+std::wstring entreGuillemets(std::wstring_view texte)
+{
+    constexpr std::size_t longueur = 40;
+    return L"« " + montrable(texte, longueur) + L" »";
+}
+
+std::wstring codeEnLettres(std::wstring_view code)
+{
+    return L"code " + entreGuillemets(code) + L" qui n'est pas un nombre : gardé comme observation, code 1.";
 }
 
 std::wstring remarquesSur(const pointXYZ& point)

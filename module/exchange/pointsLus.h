@@ -34,6 +34,11 @@ struct pointsLus {
     void refuser(std::wstring raison, std::size_t ligne = 0);
 };
 
+/// What a file holds as a reason quotes it, "« abc »": cut where it is long, control characters shown as ".".
+std::wstring entreGuillemets(std::wstring_view texte);
+/// What is told of a point whose code is no number.
+std::wstring codeEnLettres(std::wstring_view code);
+
 /// What looks wrong in the numbers of a point: a code that no table of codes takes, a place where nobody surveys. Empty
 /// when nothing does.
 std::wstring remarquesSur(const pointXYZ& point);

@@ -158,6 +158,11 @@ TEST(lecteurs, readFilesOfOtherPrograms)
          "P1 1 2\n" + std::string(5000, 'x') + "\nP3 1 2\nx\n",
          {{L"P1", 1, 2, inconnu}, {L"P3", 1, 2, inconnu}},
          {2, 4}},
+        {"a point file in UTF-8 is read by its rules, and told",
+         "a.xyz",
+         "\xEF\xBB\xBFP1 1 2\nP\xC3\xA9 3 4\n",
+         {{L"\u00EF\u00BB\u00BFP1", 1, 2, inconnu}, {L"P\u00C3\u00A9", 3, 4, inconnu}},
+         {0}},
         {"txt goes by the rules of point files", "a.TXT", "P1;1;2\nP2 1 2\n", {{L"P2", 1, 2, inconnu}}, {1}},
     };
     for (const Row& r : rows) {
@@ -179,6 +184,11 @@ TEST(lecteurs, sayWhatIsWrongInWords)
     EXPECT_EQ(
         phrasesProblemes(L"a.csv", lus),
         (std::vector<std::wstring>{L"a.csv, ligne 2 : X « x » n'est pas un nombre. Ligne écartée : « P.;x;2;3 »"}));
+    sourceMemoire mots("110001+0\x02\n");
+    EXPECT_EQ(lirePoints(mots, "a.gsi").problemes[0].raison, L"« 110001+0. » n'est pas un mot de 8 caractères.");
+    sourceMemoire balises("<LandXML><a></b></LandXML>");
+    EXPECT_EQ(lirePoints(balises, "a.xml").problemes[0].raison,
+              L"XML mal formé, la suite n'est pas lue (une balise ferme un autre élément que le dernier ouvert).");
 }
 
 TEST(lecteurs, takeTheColumnsThatTheUserChose)
@@ -195,7 +205,12 @@ TEST(lecteurs, takeTheColumnsThatTheUserChose)
 TEST(lecteurs, refuseFoldersAndMissingFiles)
 {
     TestFolder folder;
-    EXPECT_FALSE(lirePoints(folder.path()).lisible);
+    for (const char* const nom : {"dossier", "dossier.xml", "dossier.xyz", "dossier.gsi"}) {
+        std::filesystem::create_directory(folder / nom);
+        const pointsLus lus = lirePoints(folder / nom);
+        ASSERT_EQ(lus.problemes.size(), 1U) << nom;
+        EXPECT_EQ(lus.problemes[0].raison, L"lecture impossible du fichier.");
+    }
     EXPECT_FALSE(lirePoints(folder / "absent.csv").lisible);
     EXPECT_TRUE(lirePoints(folder.write("vide.csv")).lisible);
 }
@@ -255,6 +270,19 @@ private:
 };
 
 } // namespace
+
+TEST(lecteurs, stopAtAnXmlThatOpensOrNamesWithoutEnd)
+{
+    for (const bool ouvrir : {true, false}) {
+        std::string texte = "<LandXML>";
+        for (int i = 0; i < 1000000; ++i) // more than 64 MB of the parser's own
+            texte += ouvrir ? "<a>" : "<a" + std::to_string(i) + "/>";
+        sourceMemoire source(texte);
+        const pointsLus lus = lirePoints(source, "a.xml");
+        ASSERT_EQ(lus.problemes.size(), 1U);
+        EXPECT_EQ(lus.problemes[0].raison, L"éléments emboîtés ou noms sans fin : ce n'est pas un levé.");
+    }
+}
 
 TEST(lecteurs, readAnEndlessLineInBoundedMemory)
 {
