@@ -27,6 +27,8 @@ constexpr std::array traductions{
     traduction{"The following arguments were not expected: ", "", "", "arguments inattendus : %1"},
     traduction{"Could not convert: ", " = ", "", "« %2 » ne convient pas à l'option %1"},
     traduction{"The value ", " is not an allowed value for ", "", "« %1 » ne convient pas à l'option %2"},
+    traduction{"", ": Value ", " not in range 1 to 9999",
+               "« %2 » ne convient pas à l'option %1 : un nombre de 1 à 9999"},
     traduction{"", ": 1 required ", " missing", "l'option %1 demande une valeur"},
     traduction{"Expected exactly 1 arguments to ", ", got ", "", "%1 ne peut être donné qu'une fois"},
     traduction{"", " requires ", "", "l'option %1 ne va pas sans %2"},

@@ -41,7 +41,7 @@ void ajouterImporter(CLI::App& points)
         ->type_name("NOM");
     commande.add_option("--code", d->code, "Code des lignes qui n'en ont pas, 1 à 9999 (1)")
         ->type_name("N")
-        ->check(CLI::Range(1, 9999));
+        ->check(CLI::Range(1, 9999).description(""));
     commande.add_flag("--placer", d->placer, "Dessine les symboles des points");
     commande.add_option("--enregistrer", d->enregistrer, aideEnregistrer("DESSIN"))->type_name("B.dxf");
     commande.add_flag("--strict", d->strict, "N'écrit rien quand une ligne du fichier est mauvaise");

@@ -10,8 +10,9 @@ class arguments : public dossierEssai {};
 
 TEST_F(arguments, HelpIsFrench)
 {
-    for (const char* demande : {"--aide", "--help", "-h", "polygonale --aide", "polygonale fermee --aide",
-                                "polygonale ouverte --aide", "info --help", "convertir -h", "executer --aide"}) {
+    for (const char* demande :
+         {"--aide", "--help", "-h", "polygonale --aide", "polygonale fermee --aide", "polygonale ouverte --aide",
+          "info --help", "convertir -h", "executer --aide", "points importer --aide"}) {
         SCOPED_TRACE(demande);
         const execution run = vela(demande);
         EXPECT_EQ(run.statut, 0);
@@ -46,6 +47,8 @@ TEST_F(arguments, MistakesAreToldInFrench)
              cas{"info a.dxf --json=oui", "« oui » ne convient pas à l'option --json."},
              cas{"polygonale fermee a.obs --rapport", "l'option --rapport demande une valeur."},
              cas{"polygonale fermee a.obs --placer --code cent", "« cent » ne convient pas à l'option --code."},
+             cas{"points importer a.dxf a.xyz --code 0",
+                 "« 0 » ne convient pas à l'option --code : un nombre de 1 à 9999."},
              cas{"polygonale fermee a.obs --originale", "l'option --originale ne va pas sans --placer."},
          }) {
         SCOPED_TRACE(ligne.arguments);

@@ -40,7 +40,7 @@ TEST_F(points, GoFromAFileIntoADrawingAndOut)
 
 TEST_F(points, TellsBadLinesAndWritesNothingWhenStrict)
 {
-    ecrire("m.xyz", "P1 1 2 3\nP2 abc 20\nP3 4 5 6 9\n");
+    ecrire("m.xyz", "P1 1 2 9000000000\nP2 abc 20\nP3 4 5 6 9\n"); // the first is remarked upon, and comes in
     const execution stricte = vela("points importer chantier.dxf m.xyz --strict --enregistrer b.dxf");
     EXPECT_EQ(stricte.statut, 1);
     EXPECT_NE(stricte.erreurs.find("m.xyz, ligne 2 : X absent ou illisible."), std::string::npos) << stricte.erreurs;

@@ -34,7 +34,11 @@ public:
 
     std::string raison(const std::string& phrase) const
     {
-        return m_derniere.empty() ? phrase + "." : phrase + " (" + m_derniere + ").";
+        if (m_derniere.empty())
+            return phrase + ".";
+        const bool plein = m_derniere.find("No space left on device") != std::string::npos ||
+                           m_derniere.find("disk is full") != std::string::npos;
+        return phrase + " (" + (plein ? "plus de place sur le disque" : m_derniere) + ").";
     }
     bool muettes() const { return m_derniere.empty(); }
 
