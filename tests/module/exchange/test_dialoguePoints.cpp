@@ -24,6 +24,7 @@
 #include "services/selection.h"
 #include "ui/application/VelaApplication.h"
 
+#include "acdocman.h"
 #include "Answers.h"
 #include "dbents.h"
 #include "dbsymtb.h"
@@ -139,6 +140,22 @@ TEST_F(DialoguePointsTest, readingBackStoppedHalfwayLeavesTheTableAsItWas)
     presser("boutonRaffraichir", nombre + 1);
     EXPECT_EQ(lue.nbPoint(), nombre);
     EXPECT_EQ(dessines(), nombre) << "places too";
+}
+
+TEST_F(DialoguePointsTest, everyCommandHoldsTheDocumentLockedForAsLongAsItsDialogIsOpen)
+{
+    for (void (*const commande)() : {commandeImportPoints, commandeExportPoints, commandeTableXYZ, commandeMajPoints})
+        for (const bool abandonne : {false, true}) {
+            auto pendant = AcAp::kNotLocked;
+            QTimer::singleShot(0, [&] {
+                pendant = curDoc()->lockMode(true);
+                auto* const dialogue = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+                abandonne ? dialogue->reject() : dialogue->accept();
+            });
+            commande();
+            EXPECT_EQ(pendant, AcAp::kWrite);
+            EXPECT_EQ(curDoc()->lockMode(true), AcAp::kNotLocked);
+        }
 }
 
 TEST_F(DialoguePointsTest, aTableThatTheDrawingRefusesLeavesTheOneThatIsThere)
