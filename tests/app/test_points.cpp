@@ -36,6 +36,13 @@ TEST_F(points, GoFromAFileIntoADrawingAndOut)
     EXPECT_EQ(carte["features"].size(), 36u);
     EXPECT_EQ(carte["features"][0]["properties"]["observation"], "clou");
     EXPECT_EQ(carte["features"][34]["geometry"]["coordinates"].size(), 2u) << "an unknown altitude is none";
+    EXPECT_EQ(vela("points exporter b.dxf -o s.kml --table Voirie --codes 100 --projection EPSG:3946").statut, 0);
+    const std::string kml = lire("s.kml"); // the format has fields of its own before ours
+    for (const char* const attendu :
+         {"<name>S1</name>", "<SimpleData name=\"numero\">S1</SimpleData>",
+          "<SimpleData name=\"altitude\">56.532</SimpleData>", "<SimpleData name=\"code\">100</SimpleData>",
+          "<SimpleData name=\"libelle\">Station</SimpleData>", "<SimpleData name=\"observation\">clou</SimpleData>"})
+        EXPECT_NE(kml.find(attendu), std::string::npos) << attendu << "\n" << kml;
 }
 
 TEST_F(points, TellsBadLinesAndWritesNothingWhenStrict)

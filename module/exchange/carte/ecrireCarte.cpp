@@ -83,16 +83,20 @@ bool creerChamps(OGRLayer& couche)
 
 bool ajouter(OGRLayer& couche, const pointCarte& p)
 {
+    OGRFeatureDefn& champs = *couche.GetLayerDefn();
     enum { numero, altitude, code, libelle, observation };
-    const std::unique_ptr<OGRFeature, void (*)(OGRFeature*)> trait(OGRFeature::CreateFeature(couche.GetLayerDefn()),
+    const int premier = champs.GetFieldIndex("numero"); // ours stand behind those that a format has by itself
+    const std::unique_ptr<OGRFeature, void (*)(OGRFeature*)> trait(OGRFeature::CreateFeature(&champs),
                                                                    OGRFeature::DestroyFeature);
-    trait->SetField(numero, p.numero.c_str());
+    trait->SetField(premier + numero, p.numero.c_str());
     if (p.altitudeConnue)
-        trait->SetField(altitude, p.z);
-    trait->SetField(code, p.code);
-    trait->SetField(libelle, p.libelle.c_str());
+        trait->SetField(premier + altitude, p.z);
+    trait->SetField(premier + code, p.code);
+    trait->SetField(premier + libelle, p.libelle.c_str());
     if (!p.observation.empty())
-        trait->SetField(observation, p.observation.c_str());
+        trait->SetField(premier + observation, p.observation.c_str());
+    if (const int etiquette = champs.GetFieldIndex("Name"); etiquette >= 0) // of KML: what maps show beside the point
+        trait->SetField(etiquette, p.numero.c_str());
     OGRPoint place(p.x, p.y);
     if (p.altitudeConnue)
         place.setZ(p.z);
