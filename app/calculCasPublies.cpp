@@ -130,8 +130,13 @@ grandeurs transformation(const casPublie& cas, typeTransformation type)
                         {"echelle", {t.echelle()}},
                         {"rotation-degres", {t.rotation() * 180.0 / std::numbers::pi + tour}},
                         {"degres-de-liberte", {static_cast<double>(r.degresDeLiberte)}}};
-    if (r.s0)
+    if (r.s0) {
         calculees["s0"] = {*r.s0};
+        calculees["sa"] = {*r.s0 * r.sigmaX};
+        calculees["sb"] = {*r.s0 * (type == typeTransformation::affine ? r.sigmaY : r.sigmaX)};
+        calculees["stx"] = {*r.s0 * r.sigmaTranslation};
+        calculees["sty"] = calculees["stx"];
+    }
     return calculees;
 }
 

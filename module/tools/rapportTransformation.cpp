@@ -1,5 +1,6 @@
 #include "tools/rapportTransformation.h"
 
+#include <algorithm>
 #include <numbers>
 
 #include "services/formatNombres.h"
@@ -22,28 +23,89 @@ std::wstring nomType(typeTransformation type)
     }
 }
 
-std::wstring plusOuMoins(double sigma, double s0, int decimales)
-{
-    return L" ± " + formaterFixe(sigma * s0, decimales);
-}
+/// What a transformation is made of, as it is shown.
+struct coefficient {
+    std::wstring_view nom;
+    double valeur;
+    double sigma; ///< for s0 = 1
+    int decimales;
+    std::wstring_view unite;
+};
 
-/// Angles of bearings run clockwise, those of the plane the other way.
-std::wstring phraseSimilitude(const resultatTransformation& r)
+constexpr std::wstring_view unitesDuDessin = L"unités du dessin";
+constexpr std::wstring_view sansUnite = L"sans unité";
+
+std::vector<coefficient> coefficientsDe(typeTransformation type, const resultatTransformation& r)
 {
     const transformationPlane& t = r.transformation;
-    std::wstring phrase = L"Facteur d'échelle " + formaterFixe(t.echelle(), 8);
-    if (r.s0)
-        phrase += plusOuMoins(r.sigmaCoefficient, *r.s0, 8);
-    phrase += L" ; rotation (sens trigonométrique) " + formaterFixe(t.rotation() * grades, 5) + L" gr";
-    if (r.s0 && t.echelle() > 0.0)
-        phrase += plusOuMoins(r.sigmaCoefficient / t.echelle() * grades, *r.s0, 5);
-    return phrase;
+    const point2 origine = t.translation();
+    std::vector<coefficient> tous{{L"tX", origine.x, r.sigmaTranslation, 4, unitesDuDessin},
+                                  {L"tY", origine.y, r.sigmaTranslation, 4, unitesDuDessin}};
+    if (type == typeTransformation::similitude) {
+        tous.push_back({L"a", t.xx, r.sigmaX, 9, sansUnite});
+        tous.push_back({L"b", t.yx, r.sigmaX, 9, sansUnite});
+        tous.push_back({L"Facteur d'échelle", t.echelle(), r.sigmaX, 8, sansUnite});
+        // Angles of bearings run clockwise, those of the plane the other way.
+        tous.push_back(
+            {L"Rotation (sens trigonométrique)", t.rotation() * grades, r.sigmaX / t.echelle() * grades, 5, L"gr"});
+    } else if (type == typeTransformation::affine) {
+        tous.push_back({L"a", t.xx, r.sigmaX, 9, sansUnite});
+        tous.push_back({L"b", t.xy, r.sigmaY, 9, sansUnite});
+        tous.push_back({L"c", t.yx, r.sigmaX, 9, sansUnite});
+        tous.push_back({L"d", t.yy, r.sigmaY, 9, sansUnite});
+    }
+    return tous;
 }
 
-std::wstring phraseAffine(const transformationPlane& t)
+const wchar_t* formuleDe(typeTransformation type)
 {
-    return L"X = " + formaterFixe(t.xx, 9) + L" x + " + formaterFixe(t.xy, 9) + L" y + tX ; Y = " +
-           formaterFixe(t.yx, 9) + L" x + " + formaterFixe(t.yy, 9) + L" y + tY";
+    switch (type) {
+    case typeTransformation::translation:
+        return L"X = x + tX ; Y = y + tY";
+    case typeTransformation::similitude:
+        return L"X = a x - b y + tX ; Y = b x + a y + tY";
+    default:
+        return L"X = a x + b y + tX ; Y = c x + d y + tY";
+    }
+}
+
+/// "tX 5.0000 ± 0.0100, tY 7.0000 ± 0.0100 (unités du dessin)": those of one unit together.
+std::wstring phraseCoefficients(std::span<const coefficient> memeUnite, std::optional<double> s0)
+{
+    std::wstring phrase;
+    for (const coefficient& c : memeUnite) {
+        phrase += (phrase.empty() ? L"" : L", ") + std::wstring(c.nom) + L" " + formaterFixe(c.valeur, c.decimales);
+        if (s0)
+            phrase += L" ± " + formaterFixe(c.sigma * *s0, c.decimales);
+    }
+    return phrase.append(L" (").append(memeUnite.front().unite).append(L")");
+}
+
+void ecrireCoefficients(rapportOutils& rapport, typeTransformation type, const resultatTransformation& r)
+{
+    rapport.sousTitre(nomType(type) + L" : " + formuleDe(type));
+    htmlTable table = rapport.tableau({L"Coefficient", L"Valeur", L"Écart-type", L"Unité"});
+    for (const coefficient& c : coefficientsDe(type, r)) {
+        table.beginRow();
+        rapportOutils::texte(table, c.nom);
+        rapportOutils::nombre(table, c.valeur, c.decimales);
+        rapportOutils::nombre(table, r.s0 ? c.sigma * *r.s0 : inconnu, c.decimales);
+        rapportOutils::texte(table, c.unite);
+    }
+    rapport.ajouter(table);
+}
+
+/// What the pairs say of their own precision, and the pair that fits worst.
+void ajouterQualite(std::vector<std::wstring>& phrases, std::span<const couplePoints> couples,
+                    const resultatTransformation& r)
+{
+    phrases.push_back(r.s0 ? L"Écart-type d'une coordonnée (poids 1) : " + formaterFixe(*r.s0, 4) + L" ; " +
+                                 std::to_wstring(r.degresDeLiberte) + L" degrés de liberté ; place du centre à ± " +
+                                 formaterFixe(r.sigmaCentre * *r.s0, 4)
+                           : std::wstring(L"Aucune mesure surabondante : les écarts ne disent rien de la précision."));
+    if (r.pire)
+        phrases.push_back(L"Le couple qui s'accorde le moins : " + couples[*r.pire].nom + L" (" +
+                          formaterFixe(*r.ecarts[*r.pire].normalise, 1) + L" fois son écart-type)");
 }
 
 } // namespace
@@ -51,20 +113,14 @@ std::wstring phraseAffine(const transformationPlane& t)
 std::vector<std::wstring> phrasesTransformation(std::span<const couplePoints> couples, typeTransformation type,
                                                 const resultatTransformation& r)
 {
-    const point2 t = r.transformation.translation();
-    std::vector<std::wstring> phrases;
-    phrases.push_back(nomType(type) + L" : tX " + formaterFixe(t.x, 4) + L", tY " + formaterFixe(t.y, 4));
-    if (type == typeTransformation::similitude)
-        phrases.push_back(phraseSimilitude(r));
-    else if (type == typeTransformation::affine)
-        phrases.push_back(phraseAffine(r.transformation));
-    phrases.push_back(r.s0 ? L"Écart-type d'une coordonnée (poids 1) : " + formaterFixe(*r.s0, 4) + L" ; " +
-                                 std::to_wstring(r.degresDeLiberte) + L" degrés de liberté ; place du centre à" +
-                                 plusOuMoins(r.sigmaTranslation, *r.s0, 4)
-                           : std::wstring(L"Aucune mesure surabondante : les écarts ne disent rien de la précision."));
-    if (r.pire)
-        phrases.push_back(L"Le couple qui s'accorde le moins : " + couples[*r.pire].nom + L" (" +
-                          formaterFixe(*r.ecarts[*r.pire].normalise, 1) + L" fois son écart-type)");
+    const std::vector<coefficient> tous = coefficientsDe(type, r);
+    std::vector<std::wstring> phrases{nomType(type) + L" : " + formuleDe(type)};
+    for (auto debut = tous.begin(); debut != tous.end();) {
+        const auto fin = std::find_if(debut, tous.end(), [&](const coefficient& c) { return c.unite != debut->unite; });
+        phrases.push_back(phraseCoefficients({debut, fin}, r.s0));
+        debut = fin;
+    }
+    ajouterQualite(phrases, couples, r);
     return phrases;
 }
 
@@ -72,7 +128,10 @@ htmlDocument rapportTransformation(std::span<const couplePoints> couples, typeTr
                                    const resultatTransformation& r)
 {
     rapportOutils rapport(L"Transformation plane");
-    for (const std::wstring& phrase : phrasesTransformation(couples, type, r))
+    ecrireCoefficients(rapport, type, r);
+    std::vector<std::wstring> qualite;
+    ajouterQualite(qualite, couples, r);
+    for (const std::wstring& phrase : qualite)
         rapport.paragraphe(phrase);
     rapport.sousTitre(L"Couples de points");
     htmlTable table = rapport.tableau({L"Couple", L"X source", L"Y source", L"X cible", L"Y cible", L"Poids", L"vX",

@@ -89,16 +89,25 @@ transformationPlane resoudre(const sommes& s, typeTransformation type)
     return t;
 }
 
-/// How much a pair's own error pulls the transformation along, 0 to 1.
-double entrainement(const couplePoints& c, const sommes& s, typeTransformation type)
+/// Cofactors of the coefficients of x and of y, the same in X and in Y, and what binds the two.
+struct cofacteurs {
+    double x = 0.0, y = 0.0, xy = 0.0;
+};
+
+cofacteurs cofacteursDe(const sommes& s, typeTransformation type)
 {
-    const point2 u = c.source - s.centreSource;
-    double h = 1.0 / s.poids;
     if (type == typeTransformation::similitude)
-        h += scalaire(u, u) / s.carre();
-    else if (type == typeTransformation::affine)
-        h += (u.x * u.x * s.uyuy - 2.0 * u.x * u.y * s.uxuy + u.y * u.y * s.uxux) / s.determinant();
-    return c.poids * h;
+        return {1.0 / s.carre(), 1.0 / s.carre(), 0.0};
+    if (type == typeTransformation::affine)
+        return {s.uyuy / s.determinant(), s.uxux / s.determinant(), -s.uxuy / s.determinant()};
+    return {};
+}
+
+/// Of where a point of the source goes, either axis: the farther from the centre, the less certain.
+double cofacteurDuPoint(point2 p, const sommes& s, const cofacteurs& q)
+{
+    const point2 u = p - s.centreSource;
+    return 1.0 / s.poids + u.x * u.x * q.x + 2.0 * u.x * u.y * q.xy + u.y * u.y * q.y;
 }
 
 void juger(std::span<const couplePoints> couples, resultatTransformation& r)
@@ -129,20 +138,23 @@ std::variant<resultatTransformation, std::wstring> calculerTransformation(std::s
     if (!(std::abs(r.transformation.determinant()) > 1e-18))
         return L"Les points cibles sont confondus ou alignés : la transformation écraserait les objets.";
     r.degresDeLiberte = 2 * (s.nombre - couplesNecessaires(type));
+    const cofacteurs q = cofacteursDe(s, type);
     double carres = 0.0;
     for (const couplePoints& c : couples) {
         const point2 v = r.transformation.appliquer(c.source) - c.cible;
         ecartCouple e{v.x, v.y, 0.0, std::nullopt};
         if (c.actif) {
-            e.redondance = std::max(0.0, 1.0 - entrainement(c, s, type));
+            e.redondance = std::max(0.0, 1.0 - c.poids * cofacteurDuPoint(c.source, s, q));
             carres += c.poids * scalaire(v, v);
         }
         r.ecarts.push_back(e);
     }
     if (r.degresDeLiberte > 0)
         r.s0 = std::sqrt(carres / r.degresDeLiberte);
-    r.sigmaTranslation = 1.0 / std::sqrt(s.poids);
-    r.sigmaCoefficient = s.carre() > 0.0 ? 1.0 / std::sqrt(s.carre()) : 0.0;
+    r.sigmaCentre = 1.0 / std::sqrt(s.poids);
+    r.sigmaTranslation = std::sqrt(std::max(0.0, cofacteurDuPoint({0.0, 0.0}, s, q)));
+    r.sigmaX = std::sqrt(q.x);
+    r.sigmaY = std::sqrt(q.y);
     juger(couples, r);
     return r;
 }

@@ -49,8 +49,10 @@ struct resultatTransformation {
     std::vector<ecartCouple> ecarts; ///< one a pair
     int degresDeLiberte = 0;
     std::optional<double> s0;        ///< standard deviation of a coordinate of weight 1; none without redundancy
-    double sigmaTranslation = 0.0;   ///< of the place of the centre, either axis, for s0 = 1
-    double sigmaCoefficient = 0.0;   ///< of a and b of a similarity, for s0 = 1
+    double sigmaCentre = 0.0;        ///< of where the centre goes, either axis, for s0 = 1
+    double sigmaTranslation = 0.0;   ///< of where the origin goes, either axis, for s0 = 1
+    double sigmaX = 0.0;             ///< of xx and yx, for s0 = 1; 0 for a translation, which has no such unknown
+    double sigmaY = 0.0;             ///< of xy and yy, for s0 = 1
     std::optional<std::size_t> pire; ///< the pair that fits worst; none without redundancy
 };
 

@@ -132,6 +132,24 @@ QStringList namesOf(const QAbstractItemView& list, const QWidget& dialog)
     return names;
 }
 
+/// Whether a message came over a dialog meanwhile. A value that is refused with one is refused as a person sees it, and
+/// the script's next line has answered it.
+class BlockedWatch : public QObject {
+public:
+    explicit BlockedWatch(QWidget& dialog) { dialog.installEventFilter(this); }
+    bool wasBlocked() const { return m_blocked; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        m_blocked = m_blocked || event->type() == QEvent::WindowBlocked;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool m_blocked = false;
+};
+
 } // namespace
 
 std::vector<QModelIndex> DialogList::rows() const
@@ -224,8 +242,13 @@ void DialogList::setCell(const QString& row, const QString& column, const QStrin
     if (!(cell.flags() & Qt::ItemIsEditable) || m_view.editTriggers() == QAbstractItemView::NoEditTriggers)
         throw ScriptError(QStringLiteral("la cellule %1,%2 ne se modifie pas.").arg(row, column));
     const QPersistentModelIndex written(cell);
-    const auto asWritten = [&] { return ScriptCheck{{}, ScriptCheck::Relation::equal, value, {}}; };
-    if (!m_view.model()->setData(cell, value) || (written.isValid() && !asWritten().isMetBy(cellText(m_view, written))))
+    const auto asWritten = [&] {
+        return !written.isValid() ||
+               ScriptCheck{{}, ScriptCheck::Relation::equal, value, {}}.isMetBy(cellText(m_view, written));
+    };
+    const BlockedWatch watch(*m_view.window());
+    const bool taken = m_view.model()->setData(cell, value) && asWritten();
+    if (!taken && !watch.wasBlocked())
         throw ScriptError(QStringLiteral("la valeur « %1 » est refusée : la cellule vaut « %2 ».")
                               .arg(value, written.isValid() ? cellText(m_view, written) : QString()));
 }

@@ -1,4 +1,4 @@
-#include <numbers>
+#include <algorithm>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -57,6 +57,71 @@ TEST(transformationPlane, refusesWhatTellsNothing)
         const auto calcul = calculerTransformation(r.couples, r.type);
         ASSERT_TRUE(std::holds_alternative<std::wstring>(calcul)) << r.nom;
         EXPECT_NE(std::get<std::wstring>(calcul).find(r.morceau), std::wstring::npos) << r.nom;
+    }
+}
+
+// Inverse of a normal matrix, by elimination.
+using matrice = std::vector<std::vector<double>>;
+matrice inverse(matrice n)
+{
+    const std::size_t rang = n.size();
+    matrice q(rang, std::vector<double>(rang));
+    for (std::size_t i = 0; i < rang; ++i)
+        q[i][i] = 1.0;
+    for (std::size_t i = 0; i < rang; ++i) {
+        const double pivot = n[i][i];
+        for (std::size_t k = 0; k < rang; ++k) {
+            n[i][k] /= pivot;
+            q[i][k] /= pivot;
+        }
+        for (std::size_t j = 0; j < rang; ++j)
+            if (const double f = n[j][i]; j != i)
+                for (std::size_t k = 0; k < rang; ++k) {
+                    n[j][k] -= f * n[i][k];
+                    q[j][k] -= f * q[i][k];
+                }
+    }
+    return q;
+}
+
+// Standard deviations of tX, tY and of the coefficients, against the inverse of the whole normal matrix in the
+// coordinates as they are (ours reckons from the centre, with sums), for weights and places without symmetry.
+TEST(transformationPlane, standardDeviationsOfCoefficients)
+{
+    std::vector<couplePoints> couples = {{L"1", {12, 7}, {112.04, 51.98}},
+                                         {L"2", {95, 18}, {195.01, 63.03}, 2.0},
+                                         {L"3", {81, 77}, {180.97, 122.02}, 0.5},
+                                         {L"4", {20, 88}, {120.02, 132.95}, 3.0},
+                                         {L"5", {55, 140}, {154.99, 185.06}}};
+    const auto lignes = [](typeTransformation type, point2 p) -> matrice {
+        if (type == translation)
+            return {{1, 0}, {0, 1}};
+        if (type == similitude)
+            return {{1, 0, p.x, -p.y}, {0, 1, p.y, p.x}};
+        return {{1, 0, p.x, p.y, 0, 0}, {0, 1, 0, 0, p.x, p.y}};
+    };
+    for (const typeTransformation type : {translation, similitude, affine}) {
+        const std::size_t inconnues = lignes(type, {})[0].size();
+        matrice normale(inconnues, std::vector<double>(inconnues));
+        for (const couplePoints& c : couples)
+            for (const auto& ligne : lignes(type, c.source))
+                for (std::size_t i = 0; i < inconnues; ++i)
+                    for (std::size_t k = 0; k < inconnues; ++k)
+                        normale[i][k] += c.poids * ligne[i] * ligne[k];
+        const matrice q = inverse(normale);
+        const resultatTransformation r = reussie(couples, type);
+        EXPECT_NEAR(r.sigmaTranslation, std::sqrt(q[0][0]), 1e-12);
+        EXPECT_NEAR(r.sigmaTranslation, std::sqrt(q[1][1]), 1e-12);
+        EXPECT_NEAR(r.sigmaX, type == translation ? 0.0 : std::sqrt(q[2][2]), 1e-12);
+        EXPECT_NEAR(r.sigmaY, type == translation ? 0.0 : std::sqrt(q[3][3]), 1e-12);
+        EXPECT_NEAR(r.sigmaY, type == translation ? 0.0 : std::sqrt(q.back().back()), 1e-12);
+        // Each is written, with its unit.
+        std::wstring phrases;
+        for (const std::wstring& phrase : phrasesTransformation(couples, type, r))
+            phrases += phrase + L"\n";
+        EXPECT_EQ(std::ranges::count(phrases, L'\u00b1'), type == translation ? 3 : 7);
+        EXPECT_NE(phrases.find(L"(unit\u00e9s du dessin)"), std::wstring::npos);
+        EXPECT_EQ(phrases.find(L"(sans unit\u00e9)") != std::wstring::npos, type != translation);
     }
 }
 
