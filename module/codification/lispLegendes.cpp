@@ -7,6 +7,7 @@
 #include "services/CAcadUndoGroup.h"
 
 #include "aced.h"
+#include "acutads.h"
 
 int lispDecrireblock()
 {
@@ -29,6 +30,7 @@ int lispTablegendes()
         acedGetPoint(nullptr, L"\nPosition des la table des légendes", place) != RTNORM)
         return RTNORM;
     const CAcadUndoGroup groupe;
-    dessinerLegende(dialogue.choisis(), dialogue.parametres(), {place[0], place[1], place[2]});
+    if (dessinerLegende(dialogue.choisis(), dialogue.parametres(), {place[0], place[1], place[2]}) == 0)
+        acutPrintf(L"\nAucun bloc choisi : il n'y a pas de légende à dessiner");
     return RTNORM;
 }

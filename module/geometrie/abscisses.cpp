@@ -54,10 +54,12 @@ std::vector<double> abscisses::jalons(double pas, double fin) const
     return longueurs;
 }
 
-std::vector<double> abscisses::sauts() const
+std::vector<abscisses::saut> abscisses::sauts() const
 {
-    std::vector<double> longueurs;
-    for (std::size_t i = 1; i < m_troncons.size(); ++i)
-        longueurs.push_back(m_troncons[i].longueur);
-    return longueurs;
+    std::vector<saut> trouves;
+    for (std::size_t i = 1; i < m_troncons.size(); ++i) {
+        const troncon &avant = m_troncons[i - 1], &apres = m_troncons[i];
+        trouves.push_back({apres.longueur, {avant.abscisse + (apres.longueur - avant.longueur), apres.abscisse}});
+    }
+    return trouves;
 }

@@ -23,8 +23,12 @@ public:
     std::vector<double> longueursDe(double abscisse, double fin) const;
     /// Multiples of `pas` (above 0) as lengths, up to `fin`.
     std::vector<double> jalons(double pas, double fin) const;
-    /// Lengths at which the numbering jumps.
-    std::vector<double> sauts() const;
+    struct saut {
+        double longueur; ///< where the numbering jumps
+        equationAbscisse equation;
+    };
+    /// Along the axis; equations that were left out are not among them.
+    std::vector<saut> sauts() const;
 
 private:
     struct troncon {

@@ -117,13 +117,23 @@ private:
     std::vector<sommetAxe> m_sommets;
 };
 
-bool memesBouts(const AcDbCurve& courbe, const axe& ligne)
+/// Whether a curve still stands where its axis does: its ends, and the vertices between, which may have been dragged.
+bool encoreSur(const AcDbCurve& courbe, const axe& ligne)
 {
     constexpr double memeLieu = 1e-4;
     AcGePoint3d debut, fin;
-    return courbe.getStartPoint(debut) == Acad::eOk && courbe.getEndPoint(fin) == Acad::eOk &&
-           norme(pointDe(debut).plan() - ligne.pointA(0.0)) < memeLieu &&
-           norme(pointDe(fin).plan() - ligne.pointA(ligne.longueur())) < memeLieu;
+    if (courbe.getStartPoint(debut) != Acad::eOk || courbe.getEndPoint(fin) != Acad::eOk ||
+        norme(pointDe(debut).plan() - ligne.pointA(0.0)) >= memeLieu ||
+        norme(pointDe(fin).plan() - ligne.pointA(ligne.longueur())) >= memeLieu)
+        return false;
+    const auto* const legere = AcDbPolyline::cast(&courbe);
+    for (unsigned int i = 0; legere && i < legere->numVerts(); ++i) {
+        AcGePoint3d sommet;
+        legere->getPointAt(i, sommet);
+        if (!ligne.projeter(pointDe(sommet).plan(), memeLieu))
+            return false;
+    }
+    return true;
 }
 
 axe axeBrut(const AcDbCurve& courbe, double fleche)
@@ -170,5 +180,5 @@ axe axeDeEntite(const AcDbObjectId& id, double fleche)
     if (!courbe)
         return {};
     const auto vrai = lireAxeEnregistre(id);
-    return vrai && memesBouts(*courbe, vrai->ligne) ? vrai->ligne : axeDeCourbe(*courbe, fleche);
+    return vrai && encoreSur(*courbe, vrai->ligne) ? vrai->ligne : axeDeCourbe(*courbe, fleche);
 }

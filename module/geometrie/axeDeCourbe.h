@@ -17,6 +17,6 @@ point3 pointDe(const AcGePoint3d& p);
 /// @return an empty axis for a curve without length.
 axe axeDeCourbe(const AcDbCurve& courbe, double fleche = 0.001);
 
-/// The same for an entity of the drawing; the true axis kept on it, where it still begins and ends as the entity does:
-/// one that was moved or cut since is measured as it is drawn. Empty when it cannot be opened or is no such curve.
+/// The same for an entity of the drawing; the true axis kept on it, where the entity still stands on it: one that was
+/// moved, cut or bent since is measured as it is drawn. Empty when it cannot be opened or is no such curve.
 axe axeDeEntite(const AcDbObjectId& id, double fleche = 0.001);

@@ -1,6 +1,7 @@
 #include "services/selection.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "services/listeLisp.h"
@@ -25,7 +26,9 @@ struct jeuOuvert : Uncopyable {
 
 using itemsFiltre = std::vector<std::pair<short, const wchar_t*>>;
 
-std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const itemsFiltre& items)
+/// Nothing when the user cancelled.
+std::optional<std::vector<AcDbObjectId>> choisirOuRenoncer(const wchar_t* mode, const void* textes,
+                                                           const itemsFiltre& items)
 {
     std::vector<std::wstring> motifs;
     std::vector<resbuf> filtre(items.size());
@@ -36,9 +39,20 @@ std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const
         filtre[i].resval.rstring = motifs.back().data();
     }
     jeuOuvert jeu;
-    if (acedSSGet(mode, textes, nullptr, filtre.data(), jeu.nom) != RTNORM)
-        return {};
-    return entitesDe(jeu.nom);
+    const int statut = acedSSGet(mode, textes, nullptr, filtre.data(), jeu.nom);
+    if (statut == RTCAN)
+        return std::nullopt;
+    return statut == RTNORM ? entitesDe(jeu.nom) : std::vector<AcDbObjectId>();
+}
+
+std::vector<AcDbObjectId> choisir(const wchar_t* mode, const void* textes, const itemsFiltre& items)
+{
+    return choisirOuRenoncer(mode, textes, items).value_or(std::vector<AcDbObjectId>());
+}
+
+constexpr std::array<const wchar_t*, 2> invitesSelection(const wchar_t* message)
+{
+    return {message, L"\nRetirer des objets"};
 }
 
 } // namespace
@@ -66,8 +80,15 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_
 
 std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const itemsFiltre& filtre)
 {
-    const std::array<const wchar_t*, 2> textes{message, L"\nRetirer des objets"};
-    return choisir(L"_:$", textes.data(), filtre);
+    return choisir(L"_:$", invitesSelection(message).data(), filtre);
+}
+
+bool redemanderSelection(const wchar_t* message, const wchar_t* type, std::vector<AcDbObjectId>& ids)
+{
+    auto choisis = choisirOuRenoncer(L"_:$", invitesSelection(message).data(), {{static_cast<short>(0), type}});
+    if (choisis)
+        ids = std::move(*choisis);
+    return choisis.has_value();
 }
 
 std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)

@@ -19,6 +19,9 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message, const wchar_
 std::vector<AcDbObjectId> demanderSelection(const wchar_t* message,
                                             const std::vector<std::pair<short, const wchar_t*>>& filtre);
 
+/// The same, for a dialog that asks again. @return false when the user cancelled: `ids` are as they were.
+bool redemanderSelection(const wchar_t* message, const wchar_t* type, std::vector<AcDbObjectId>& ids);
+
 /// The entities whose kind is `type` among those that were selected before the command.
 std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type);
 

@@ -150,5 +150,8 @@ void DlgAjusterZ::appliquer()
     }
     const int changes = deplacerPoints(m_table, positions, places);
     oublier();
-    m_ui->labelBilan->setText(QStringLiteral("%1 altitude(s) changée(s)").arg(changes));
+    QString bilan = QStringLiteral("%1 altitude(s) changée(s)").arg(changes);
+    if (const int restent = static_cast<int>(positions.size()) - changes; restent > 0)
+        bilan += QStringLiteral(" ; %1 point(s) sur un calque verrouillé sont restés").arg(restent);
+    m_ui->labelBilan->setText(bilan);
 }

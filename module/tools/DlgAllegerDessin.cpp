@@ -55,7 +55,7 @@ void DlgAllegerDessin::oublier()
 
 void DlgAllegerDessin::designer()
 {
-    m_objets = saisirDansDessin([] { return demanderSelection(L"\nSélectionner objets", L"*"); });
+    saisirDansDessin([this] { return redemanderSelection(L"\nSélectionner objets", L"*", m_objets); });
     m_ui->labelObjets->setText(m_objets.empty() ? QStringLiteral("tout le dessin")
                                                 : QStringLiteral("%1 objet(s)").arg(m_objets.size()));
     oublier();

@@ -70,6 +70,19 @@ std::optional<std::vector<equationAbscisse>> lireEquations(const QString& texte)
     return equations;
 }
 
+/// The first equation that lies before the one it follows, or beyond the end: numbering would leave it out.
+std::optional<equationAbscisse> equationHorsDeLAxe(const axeEnregistre& complet)
+{
+    std::vector<equationAbscisse> essayees;
+    for (const equationAbscisse& e : complet.equations) {
+        essayees.push_back(e);
+        const auto sauts = abscisses(complet.origine, essayees).sauts();
+        if (sauts.size() < essayees.size() || sauts.back().longueur > complet.ligne.longueur())
+            return e;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 DlgAxe::DlgAxe() : m_ui(std::make_unique<Ui::DlgAxe>())
@@ -127,8 +140,9 @@ void DlgAxe::lireCellule(int rang, int colonne)
         return;
     const std::wstring texte = m_ui->liste->item(rang, colonne)->text().toStdWString();
     bool entier = false;
-    const double valeur = texte.empty() ? 0.0 : reelDeTexte(texte, &entier);
-    if ((entier || texte.empty()) && std::isfinite(valeur))
+    const bool rien = texte.empty() && colonne > 1; // no curve; a corner has a place
+    const double valeur = rien ? 0.0 : reelDeTexte(texte, &entier);
+    if ((entier || rien) && std::isfinite(valeur))
         valeurDe(m_sommets[static_cast<std::size_t>(rang)], colonne) = valeur;
     else
         avertirErreur(pasUnNombre(texte));
@@ -187,7 +201,13 @@ bool DlgAxe::lireNumerotation(axeEnregistre& complet) const
     }
     complet.equations = *equations;
     complet.ligne = *m_axe;
-    return true;
+    const auto fautive = equationHorsDeLAxe(complet);
+    if (!fautive)
+        return true;
+    avertirErreur(L"L'équation " + formaterFixe(fautive->arriere, 3) + L"=" + formaterFixe(fautive->avant, 3) +
+                  L" ne tombe pas sur l'axe après ce qui la précède.");
+    m_ui->editEquations->setFocus();
+    return false;
 }
 
 void DlgAxe::montrerRapport()

@@ -23,7 +23,7 @@ DlgCarroyage::~DlgCarroyage() = default;
 
 void DlgCarroyage::choisirRegions()
 {
-    m_regions = saisirDansDessin([] { return demanderSelection(L"\nSélectionner objets", L"LWPOLYLINE"); });
+    saisirDansDessin([this] { return redemanderSelection(L"\nSélectionner objets", L"LWPOLYLINE", m_regions); });
     montrerRegions();
 }
 

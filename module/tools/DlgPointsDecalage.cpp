@@ -86,7 +86,9 @@ void DlgPointsDecalage::accept()
         return;
     if (nombrePointsDecales(*ligne, demande) > pointsAuPlus)
         return avertirErreur(L"Intervalle trop petit : cela ferait plus d'un million de points.");
-    const std::vector<pointDecale> decales = pointsDecales(*ligne, m_ligne.numerotation(origine), demande);
+    const abscisses numerotation = m_ligne.numerotation(origine);
+    const std::vector<pointDecale> decales = pointsDecales(*ligne, numerotation, demande);
+    m_absentes = abscissesAbsentes(*ligne, numerotation, demande);
     if (decales.empty())
         return avertirErreur(L"La polyligne n'a aucune de ces abscisses.");
     if (nommer(decales))

@@ -23,6 +23,7 @@ public:
     /// Once accepted.
     const std::vector<pointACreer>& points() const { return m_points; }
     int code() const { return m_code; }
+    const std::vector<double>& absentes() const { return m_absentes; } ///< chainages wanted that there are not
     void accept() override;
 
 private:
@@ -33,5 +34,6 @@ private:
     std::unique_ptr<Ui::DlgPointsDecalage> m_ui;
     panneauLigne m_ligne;
     std::vector<pointACreer> m_points;
+    std::vector<double> m_absentes;
     int m_code = 1;
 };

@@ -101,13 +101,19 @@ void DlgSuperpositions::garder(const std::vector<int>& positions)
         return avertirErreur(L"Choisissez dans la liste les points à garder.");
     const CAcadUndoGroup groupe;
     std::vector<int> partent;
+    int restent = 0;
     for (const fusionPoints::garde& g : fusion.gardes) {
-        if (m_ui->caseObservations->isChecked())
-            reunirObservations(m_table, g.position, g.partent);
-        partent.insert(partent.end(), g.partent.begin(), g.partent.end());
+        if (m_ui->caseObservations->isChecked() && !reunirObservations(m_table, g.position, g.partent))
+            ++restent;
+        else
+            partent.insert(partent.end(), g.partent.begin(), g.partent.end());
     }
     m_table.supprimerPositions(partent);
     chercher();
+    if (restent > 0)
+        avertirErreur(std::to_wstring(restent) +
+                      L" groupe(s) restent : les observations n'ont pas pu être écrites sur le symbole gardé (calque "
+                      L"verrouillé, ou symbole sans observation).");
 }
 
 void commandeSuperpositions()

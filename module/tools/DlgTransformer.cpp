@@ -172,7 +172,7 @@ void DlgTransformer::supprimerCouples()
 
 void DlgTransformer::designerObjets()
 {
-    m_objets = saisirDansDessin([] { return demanderSelection(L"\nSélectionner objets", L"*"); });
+    saisirDansDessin([this] { return redemanderSelection(L"\nSélectionner objets", L"*", m_objets); });
     m_ui->labelObjets->setText(QStringLiteral("%1 objet(s)").arg(m_objets.size()));
     m_ui->boutonApercu->setChecked(false);
 }

@@ -37,6 +37,16 @@ std::vector<double> longueursVoulues(const axe& ligne, const abscisses& numerota
 
 } // namespace
 
+std::vector<double> abscissesAbsentes(const axe& ligne, const abscisses& numerotation, const demandeDecalage& demande)
+{
+    std::vector<double> absentes;
+    if (demande.choix == demandeDecalage::mode::abscisses)
+        for (const double abscisse : demande.listees)
+            if (numerotation.longueursDe(abscisse, ligne.longueur()).empty())
+                absentes.push_back(abscisse);
+    return absentes;
+}
+
 double nombrePointsDecales(const axe& ligne, const demandeDecalage& demande)
 {
     const double places = demande.choix == demandeDecalage::mode::intervalle ? ligne.longueur() / demande.pas + 2.0

@@ -27,6 +27,9 @@ struct pointDecale {
 /// of a closed axis the end is its start and comes once.
 std::vector<pointDecale> pointsDecales(const axe& ligne, const abscisses& numerotation, const demandeDecalage& demande);
 
+/// The chainages wanted that the axis does not bear.
+std::vector<double> abscissesAbsentes(const axe& ligne, const abscisses& numerotation, const demandeDecalage& demande);
+
 /// About how many points that makes.
 double nombrePointsDecales(const axe& ligne, const demandeDecalage& demande);
 

@@ -38,6 +38,8 @@ int lispPointsParDecalage()
         if (dialogue.exec() != QDialog::Accepted)
             return;
         creerPoints(table, dialogue.points(), dialogue.code());
+        for (const double abscisse : dialogue.absentes())
+            acutPrintf(L"\nLa polyligne n'a pas d'abscisse %.3f", abscisse);
     });
 }
 

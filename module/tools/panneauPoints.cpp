@@ -20,6 +20,8 @@
 
 namespace {
 
+constexpr double flecheMesures = 1e-5; // of ellipses and splines: chainages are shown to the millimetre
+
 bool place(const pointDuDessin& p)
 {
     return estConnue(p.getX()) && estConnue(p.getY());
@@ -53,11 +55,18 @@ panneauPoints::panneauPoints(const listePointsDuDessin& laTable, QLineEdit& cham
 
 void panneauPoints::designerSymboles()
 {
-    const auto symboles = dialogueModule::saisirDansDessin(
-        [] { return demanderSelection(L"\nSélectionner les symboles des points", L"INSERT"); });
-    m_designes = positionsDesSymboles(m_table, symboles);
+    std::vector<AcDbObjectId> symboles;
+    const bool donnes = dialogueModule::saisirDansDessin(
+        [&symboles] { return redemanderSelection(L"\nSélectionner les symboles des points", L"INSERT", symboles); });
+    if (!donnes)
+        return;
+    std::vector<int> designes = positionsDesSymboles(m_table, symboles);
+    if (designes.empty() && !symboles.empty())
+        return avertirErreur(L"Aucun des blocs désignés n'est le symbole d'un point de la table courante.");
+    m_designes = std::move(designes);
     m_champ.clear();
-    m_label.setText(m_designes.empty() ? QString() : QStringLiteral("%1 désigné(s)").arg(m_designes.size()));
+    m_label.setText(m_designes.empty() ? QStringLiteral("toute la table")
+                                       : QStringLiteral("%1 désigné(s)").arg(m_designes.size()));
 }
 
 std::vector<int> panneauPoints::positions() const
@@ -84,7 +93,7 @@ ligneDesignee designerLigne()
                         axe()};
     if (ligne.entite.isNull())
         return ligne;
-    ligne.suivie = axeDeEntite(ligne.entite);
+    ligne.suivie = axeDeEntite(ligne.entite, flecheMesures);
     if (ligne.suivie.vide())
         avertirErreur(L"Cet objet n'est pas une ligne que l'on puisse suivre.");
     return ligne;

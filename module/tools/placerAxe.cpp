@@ -41,9 +41,9 @@ std::unique_ptr<AcDbPolyline> polyligneDessinee(const axe& ligne, double fleche)
 std::vector<double> lieuxEcrits(const axe& ligne, const abscisses& numerotation, const dessinAxe& dessin)
 {
     std::vector<double> lieux = ligne.sommets();
-    for (const double saut : numerotation.sauts())
-        if (saut <= ligne.longueur())
-            lieux.push_back(saut);
+    for (const abscisses::saut& saut : numerotation.sauts())
+        if (saut.longueur <= ligne.longueur())
+            lieux.push_back(saut.longueur);
     std::sort(lieux.begin(), lieux.end());
     lieux.erase(std::unique(lieux.begin(), lieux.end(), [](double a, double b) { return b - a < 0.001; }), lieux.end());
     const double ecart = 1.25 * dessin.tailleTextes;

@@ -10,14 +10,14 @@ namespace {
 
 std::wstring rayon(double courbure)
 {
-    return courbure == 0.0 ? std::wstring(L"droite") : formaterFixe(1.0 / std::abs(courbure), 3);
+    return courbure == 0.0 ? std::wstring(L"infini") : formaterFixe(1.0 / std::abs(courbure), 3);
 }
 
 std::wstring rayons(const elementAxe& e)
 {
     if (e.estDroit())
         return {};
-    return e.estArc() ? rayon(e.courbureDebut) : rayon(e.courbureDebut) + L" à " + rayon(e.courbureFin);
+    return e.estArc() ? rayon(e.courbureDebut) : rayon(e.courbureDebut) + L" puis " + rayon(e.courbureFin);
 }
 
 void ligneDuLieu(htmlTable& table, const elementAxe& e, double s)
@@ -27,6 +27,24 @@ void ligneDuLieu(htmlTable& table, const elementAxe& e, double s)
     rapportOutils::nombre(table, gisementPlan(0.0, 0.0, u.x, u.y) * grades, 4);
     rapportOutils::nombre(table, p.x, 3);
     rapportOutils::nombre(table, p.y, 3);
+}
+
+void ecrireEquations(rapportOutils& rapport, const axe& ligne, const abscisses& numerotation)
+{
+    const std::vector<abscisses::saut> sauts = numerotation.sauts();
+    if (sauts.empty())
+        return;
+    rapport.sousTitre(L"Équations d'abscisses");
+    htmlTable table = rapport.tableau({L"Arrière", L"Avant", L"Longueur depuis le début", L"X", L"Y"});
+    for (const abscisses::saut& saut : sauts) {
+        const point2 p = ligne.pointA(saut.longueur);
+        table.beginRow();
+        rapportOutils::nombreEcrit(table, formaterAbscisse(saut.equation.arriere, 3, 2));
+        rapportOutils::nombreEcrit(table, formaterAbscisse(saut.equation.avant, 3, 2));
+        for (const double valeur : {saut.longueur, p.x, p.y})
+            rapportOutils::nombre(table, valeur, 3);
+    }
+    rapport.ajouter(table);
 }
 
 } // namespace
@@ -69,5 +87,6 @@ htmlDocument rapportAxe(const axe& ligne, const abscisses& numerotation)
         rapportOutils::nombreEcrit(table, L"");
     ligneDuLieu(table, ligne.elements().back(), ligne.elements().back().longueur);
     rapport.ajouter(table);
+    ecrireEquations(rapport, ligne, numerotation);
     return rapport.document();
 }

@@ -1,7 +1,9 @@
 #include "tools/rapportTransformation.h"
 
 #include <algorithm>
+#include <locale>
 #include <numbers>
+#include <sstream>
 
 #include "services/formatNombres.h"
 #include "services/grandeur.h"
@@ -81,6 +83,15 @@ std::wstring phraseCoefficients(std::span<const coefficient> memeUnite, std::opt
     return phrase.append(L" (").append(memeUnite.front().unite).append(L")");
 }
 
+/// Weights span many powers of ten.
+std::wstring poidsEcrit(double poids)
+{
+    std::wostringstream texte;
+    texte.imbue(std::locale::classic());
+    texte << poids;
+    return texte.str();
+}
+
 void ecrireCoefficients(rapportOutils& rapport, typeTransformation type, const resultatTransformation& r)
 {
     rapport.sousTitre(nomType(type) + L" : " + formuleDe(type));
@@ -143,7 +154,7 @@ htmlDocument rapportTransformation(std::span<const couplePoints> couples, typeTr
         rapportOutils::texte(table, c.nom);
         for (const double valeur : {c.source.x, c.source.y, c.cible.x, c.cible.y})
             rapportOutils::nombre(table, valeur, 4);
-        rapportOutils::nombre(table, c.poids, 2);
+        rapportOutils::nombreEcrit(table, poidsEcrit(c.poids));
         for (const double valeur : {e.vx, e.vy, std::hypot(e.vx, e.vy)})
             rapportOutils::nombre(table, valeur, 4);
         rapportOutils::nombre(table, c.actif ? e.redondance : inconnu, 2);
