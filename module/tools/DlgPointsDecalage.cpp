@@ -65,6 +65,11 @@ bool DlgPointsDecalage::nommer(const std::vector<pointDecale>& decales)
     double premier = 1.0;
     if (!lireChamp(*m_ui->editPremier, L"le premier numéro", premier, 0, 999999999))
         return false;
+    if (premier != std::floor(premier)) {
+        avertirErreur(L"Le premier numéro est un nombre entier.");
+        m_ui->editPremier->setFocus();
+        return false;
+    }
     numeroteurEntier noms(m_ui->editPrefixe->text().trimmed().toStdWString(), static_cast<int>(premier), L"", 1);
     m_points.clear();
     for (const pointDecale& p : decales)
