@@ -13,6 +13,7 @@
 #include "services/chaineResbuf.h"
 #include "services/codages.h"
 #include "services/dialogueMessage.h"
+#include "services/ecrituresDuModule.h"
 #include "services/espaceObjet.h"
 #include "services/formatNombres.h"
 #include "services/reglages.h"
@@ -26,9 +27,9 @@
 
 namespace {
 
-/// Extended data of what a table is made of: the table's number in the drawing, and where its entity stands from the
-/// table's origin, so that a table that was moved is replaced where it is.
-constexpr const wchar_t* applicationTable = L"VELA_TABLEXYZ";
+// Extended data of what a table is made of: the table's number in the drawing, and where its entity stands from the
+// table's origin, so that a table that was moved is replaced where it is.
+
 constexpr const wchar_t* reglageParams = L"tablexyz";
 constexpr int decimalesCoordonnees = 3;
 

@@ -4,14 +4,14 @@
 
 #include "implantation/dessinPlan.h"
 #include "implantation/identifiants.h"
+#include "services/ecrituresDuModule.h"
 
 #include "dbid.h"
 
 /// Drawn values as entities of the working drawing, on the layer "IMPLANTATION", which is made when it is missing. Each
 /// bears the mark of what it belongs to.
 
-/// Application names of extended data.
-inline constexpr const wchar_t* applicationImplantation = L"VELA_IMPLANTATION";
+/// Application name of the extended data of obstacles.
 inline constexpr const wchar_t* applicationHauteurs = L"VELA_HAUTEURSOBJETS";
 
 /// Extended data of "VELA_IMPLANTATION": what the entity belongs to, and its identifier.

@@ -2,15 +2,19 @@
 
 #include <memory>
 
+#include "codification/donneesEtendues.h"
 #include "geometrie/axeDeCourbe.h"
 #include "services/ajoutEntites.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
+#include "services/chaineResbuf.h"
 #include "services/codages.h"
+#include "services/ecrituresDuModule.h"
 #include "services/selection.h"
 #include "tools/DlgCarroyage.h"
 
 #include "acutads.h"
+#include "dbapserv.h"
 #include "dbents.h"
 #include "dbpl.h"
 
@@ -34,12 +38,20 @@ axe contourDe(const AcDbObjectId& region)
 
 void placer(const dessinCarroyage& dessin, double hauteur)
 {
+    if (AcDbDatabase* const db = acdbHostApplicationServices()->workingDatabase())
+        declarerApplication(*db, applicationCarroyage);
+    chaineResbuf marque; // coordinates, which nobody must read as altitudes
+    marque.ajouter(AcDb::kDxfRegAppName, applicationCarroyage);
+    marque.ajouter(AcDb::kDxfXdInteger16, short{1});
     ajoutEntites ajout;
     for (const dessinCarroyage::trait& t : dessin.traits)
         ajout.ajouter(std::make_unique<AcDbLine>(AcGePoint3d(t.de.x, t.de.y, 0.0), AcGePoint3d(t.a.x, t.a.y, 0.0)));
-    for (const dessinCarroyage::texte& t : dessin.textes)
-        ajout.ecrire({t.place.x, t.place.y, 0.0}, depuisAnsi(t.contenu), hauteur, t.rotation,
-                     t.aDroite ? calageTexte::droite : calageTexte::gauche);
+    for (const dessinCarroyage::texte& t : dessin.textes) {
+        auto texte = texteCale({t.place.x, t.place.y, 0.0}, depuisAnsi(t.contenu), hauteur, t.rotation,
+                               t.aDroite ? calageTexte::droite : calageTexte::gauche);
+        texte->setXData(marque.tete());
+        ajout.ajouter(std::move(texte));
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "tools/placerCotes.h"
 
 #include "codification/parcoursBloc.h"
+#include "services/ecrituresDuModule.h"
 #include "services/espaceObjet.h"
 #include "services/lireNombre.h"
 
@@ -40,7 +41,7 @@ std::vector<point3> cotesDuDessin()
         return cotes;
     pourChaqueEntite(*espace.object(), [&cotes](const AcDbEntity& entite) {
         point3 cote;
-        if (lireCote(entite, cote))
+        if (lireCote(entite, cote) && !ditDesCoordonnees(entite))
             cotes.push_back(cote);
     });
     return cotes;

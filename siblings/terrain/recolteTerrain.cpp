@@ -10,6 +10,7 @@
 
 #include "points/attribsPoints.h"
 #include "points/projetDansDessin.h"
+#include "services/ecrituresDuModule.h"
 #include "services/grandeur.h"
 #include "services/lettres.h"
 #include "services/lireNombre.h"
@@ -204,9 +205,9 @@ private:
         else if (const auto* const bloc = AcDbBlockReference::cast(&entite))
             prendreBloc(*bloc);
         else if (const auto* const texte = AcDbText::cast(&entite))
-            prendreTexte(texte->textStringConst(), texte->position(), texte->height());
+            prendreTexte(entite, texte->textStringConst(), texte->position(), texte->height());
         else if (const auto* const lignes = AcDbMText::cast(&entite))
-            prendreTexte(repris(lignes->text()), lignes->location(), lignes->textHeight());
+            prendreTexte(entite, repris(lignes->text()), lignes->location(), lignes->textHeight());
         else
             ++recolte.inutiles;
     }
@@ -269,12 +270,16 @@ private:
         ajouterPoint(sommetDe(bloc.position()));
     }
 
-    void prendreTexte(const std::wstring& brut, const AcGePoint3d& position, double hauteur)
+    void prendreTexte(const AcDbEntity& entite, const std::wstring& brut, const AcGePoint3d& position, double hauteur)
     {
         const std::wstring texte = depouille(brut);
         const auto z = altitudeLue(texte);
         if (!z) {
             ++recolte.textesLus;
+            return;
+        }
+        if (ditDesCoordonnees(entite)) {
+            ++recolte.coordonnees;
             return;
         }
         const auto decimales = static_cast<double>(texte.size() - texte.find(L'.') - 1);
@@ -371,6 +376,9 @@ std::wstring recolteTerrain::texte() const
     ligneDeCompte(lu, sansAltitude, L"points sans altitude laiss\u00e9s de c\u00f4t\u00e9");
     ligneDeCompte(lu, aPlat, L"objets \u00e0 l'altitude 0 laiss\u00e9s de c\u00f4t\u00e9");
     ligneDeCompte(lu, traces, L"objets dessin\u00e9s d'apr\u00e8s un mod\u00e8le laiss\u00e9s de c\u00f4t\u00e9");
+    ligneDeCompte(
+        lu, coordonnees,
+        L"textes laiss\u00e9s de c\u00f4t\u00e9 : ils disent des coordonn\u00e9es (carroyage, table, implantation)");
     ligneDeCompte(lu, redites, L"textes qui redisent l'altitude d'un point");
     ligneDeCompte(lu, textesLus,
                   L"textes laiss\u00e9s de c\u00f4t\u00e9 : ils ne sont pas un nombre avec d\u00e9cimales");

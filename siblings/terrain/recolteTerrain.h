@@ -14,9 +14,10 @@ struct recolteTerrain {
     int sansAltitude = 0;                                 ///< symbols and points of tables without an altitude
     int aPlat = 0;                                        ///< left out: all at altitude 0 beside others that are not
     int textesLus = 0;                                    ///< left out: texts that are no number with decimals
-    int traces = 0;   ///< left out: contours, profiles and triangles drawn of a model, which know no more than it
-    int redites = 0;  ///< left out: texts that repeat the altitude of a point beside them
-    int inutiles = 0; ///< left out: of other kinds, erased, outlines that are no lines
+    int traces = 0;      ///< left out: contours, profiles and triangles drawn of a model, which know no more than it
+    int redites = 0;     ///< left out: texts that repeat the altitude of a point beside them
+    int coordonnees = 0; ///< left out: figures of grids, of tables of coordinates, of stake-outs
+    int inutiles = 0;    ///< left out: of other kinds, erased, outlines that are no lines
 
     /// In French, for the command line; each line begins with a line break.
     std::wstring texte() const;
