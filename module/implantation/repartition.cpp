@@ -1,83 +1,106 @@
 #include "implantation/repartition.h"
 
 #include <algorithm>
+#include <queue>
 
 namespace {
 
-using candidates = std::vector<std::vector<std::size_t>>; // stations of each point, the nearest first
+/// A station that serves a point, and how far it is.
+struct candidate {
+    std::size_t station;
+    double distance;
+};
+using candidates = std::vector<std::vector<candidate>>; // of each point, the nearest first
 
-/// Gives points to stations that have room; a point may push another one on to a further station.
-class affectation {
+/// Gives points to stations, one after the other: each to the one with the fewest points that can be reached, by the
+/// way that costs the least distance. A way hands points on: the new one to a station, one of its points to another...
+/// So the loads stay as even as can be, and among such spreadings the sum of distances the least.
+class equilibre {
 public:
-    affectation(const candidates& listes, std::size_t nombreStations, std::size_t places) :
+    equilibre(const candidates& listes, std::size_t nombreStations) :
         m_listes(listes),
-        m_places(places),
-        m_occupants(nombreStations),
+        m_charges(nombreStations, 0),
+        m_passages(nombreStations * nombreStations),
         m_stations(listes.size(), repartition::aucune)
     {
     }
 
-    bool placer(std::size_t point)
+    void placer(std::size_t point)
     {
-        m_vues.assign(m_occupants.size(), false);
-        return chercher(point);
+        if (m_listes[point].empty())
+            return;
+        chercherDepuis(point);
+        std::size_t fin = repartition::aucune;
+        for (std::size_t s = 0; s < m_charges.size(); ++s)
+            if (m_couts[s] != inconnu && (fin == repartition::aucune || std::pair(m_charges[s], m_couts[s]) <
+                                                                            std::pair(m_charges[fin], m_couts[fin])))
+                fin = s;
+        ++m_charges[fin];
+        while (m_avant[fin] != repartition::aucune) {
+            const std::size_t avant = m_avant[fin];
+            installer(passage(avant, fin).top().second, fin);
+            fin = avant;
+        }
+        installer(point, fin);
     }
     /// Of each point.
     const std::vector<std::size_t>& stations() const { return m_stations; }
 
 private:
-    bool chercher(std::size_t point)
+    using cout = std::pair<double, std::size_t>; // of handing a point on, and which
+    using file = std::priority_queue<cout, std::vector<cout>, std::greater<>>;
+
+    /// Points of `de` that `vers` serves too, the cheapest on top; points that left are dropped when they come up.
+    file& passage(std::size_t de, std::size_t vers) { return m_passages[de * m_charges.size() + vers]; }
+
+    /// The cheapest way to each station: as many rounds as there are stations at most.
+    void chercherDepuis(std::size_t point)
     {
-        for (const std::size_t s : m_listes[point])
-            if (!m_vues[s] && m_occupants[s].size() < m_places)
-                return installer(point, s);
-        for (const std::size_t s : m_listes[point]) {
-            if (m_vues[s])
-                continue;
-            m_vues[s] = true; // each station is looked into once a point
-            for (std::size_t& occupant : m_occupants[s]) {
-                if (!chercher(occupant))
-                    continue;
-                occupant = point;
-                m_stations[point] = s;
-                return true;
-            }
+        constexpr double arrondi = 1e-9; // a gain of less is none: ways must not turn in circles
+        const std::size_t n = m_charges.size();
+        m_couts.assign(n, inconnu);
+        m_avant.assign(n, repartition::aucune);
+        for (const candidate& c : m_listes[point])
+            m_couts[c.station] = c.distance;
+        bool mieux = true;
+        for (std::size_t tour = 0; tour < n && mieux; ++tour) {
+            mieux = false;
+            for (std::size_t de = 0; de < n; ++de)
+                for (std::size_t vers = 0; vers < n && m_couts[de] != inconnu; ++vers) {
+                    file& f = passage(de, vers);
+                    while (!f.empty() && m_stations[f.top().second] != de)
+                        f.pop();
+                    if (f.empty() || !(m_couts[de] + f.top().first < m_couts[vers] - arrondi))
+                        continue;
+                    m_couts[vers] = m_couts[de] + f.top().first;
+                    m_avant[vers] = de;
+                    mieux = true;
+                }
         }
-        return false;
     }
-    bool installer(std::size_t point, std::size_t s)
+    void installer(std::size_t point, std::size_t s)
     {
-        m_occupants[s].push_back(point);
         m_stations[point] = s;
-        return true;
+        const auto ici = std::ranges::find(m_listes[point], s, &candidate::station);
+        for (const candidate& c : m_listes[point])
+            if (c.station != s)
+                passage(s, c.station).emplace(c.distance - ici->distance, point);
     }
 
     const candidates& m_listes;
-    std::size_t m_places;
-    std::vector<std::vector<std::size_t>> m_occupants;
-    std::vector<bool> m_vues;
+    std::vector<std::size_t> m_charges;
+    std::vector<file> m_passages;
     std::vector<std::size_t> m_stations;
+    std::vector<double> m_couts; // of the ways of the present point
+    std::vector<std::size_t> m_avant;
 };
 
-/// The least room at each station with which all points that are seen find a place.
 std::vector<std::size_t> equilibrer(const candidates& vues, std::size_t stations)
 {
-    const auto tenter = [&](std::size_t places) {
-        affectation essai(vues, stations, places);
-        bool tous = true;
-        for (std::size_t p = 0; p < vues.size() && tous; ++p)
-            tous = vues[p].empty() || essai.placer(p);
-        return tous ? essai.stations() : std::vector<std::size_t>();
-    };
-    std::size_t bas = 1, haut = std::max<std::size_t>(vues.size(), 1);
-    while (bas < haut) {
-        const std::size_t milieu = bas + (haut - bas) / 2;
-        if (!vues.empty() && tenter(milieu).empty())
-            bas = milieu + 1;
-        else
-            haut = milieu;
-    }
-    return tenter(bas);
+    equilibre e(vues, stations);
+    for (std::size_t p = 0; p < vues.size(); ++p)
+        e.placer(p);
+    return e.stations();
 }
 
 /// The spreading while it is made: for each point the stations in range, then those that see it.
@@ -99,7 +122,7 @@ public:
                     parDistance.emplace_back(d, s);
             std::ranges::sort(parDistance);
             for (const auto& proche : parDistance)
-                m_proches[p].push_back(proche.second);
+                m_proches[p].push_back({proche.second, proche.first});
         }
     }
 
@@ -112,17 +135,18 @@ public:
                 continue;
             const std::size_t fin = toutes ? m_proches[p].size() : std::min(tour + 1, m_proches[p].size());
             for (std::size_t s = tour; s < fin; ++s)
-                paires.push_back({p, m_proches[p][s]});
+                paires.push_back({p, m_proches[p][s].station});
         }
         return paires;
     }
     void noter(const std::vector<paireRepartition>& paires, const std::vector<vueDuPoint>& vues)
     {
         for (std::size_t i = 0; i < paires.size(); ++i) {
+            const auto& [point, s] = paires[i];
             if (vues[i].vu)
-                m_vues[paires[i].point].push_back(paires[i].station);
+                m_vues[point].push_back(*std::ranges::find(m_proches[point], s, &candidate::station));
             else
-                refuser(paires[i].point, vues[i]);
+                refuser(point, vues[i]);
         }
     }
     const candidates& vues() const { return m_vues; }
@@ -158,7 +182,7 @@ repartition repartir(std::size_t points, std::size_t stations, const choixRepart
         r.stations = equilibrer(t.vues(), stations);
     } else {
         for (const auto& vues : t.vues())
-            r.stations.push_back(vues.empty() ? repartition::aucune : vues.front());
+            r.stations.push_back(vues.empty() ? repartition::aucune : vues.front().station);
     }
     return r;
 }

@@ -47,8 +47,8 @@ struct repartition {
 };
 
 /// Each point goes to the nearest station that sees it within the range, the first of equals; never to one at its own
-/// place. When balanced, the station with most points has as few as can be; among such ways, points still go to near
-/// stations, as one after the other finds room.
+/// place. When balanced, stations have as even numbers of points as can be, and among such ways the sum of the
+/// distances is the least.
 /// @param distance of (point, station)
 /// @param voir what is seen, for many pairs at a time; asked for as few pairs as do
 repartition repartir(std::size_t points, std::size_t stations, const choixRepartition& choix,

@@ -59,6 +59,23 @@ TEST(Repartition, BalancesAsFarAsSightsAllow)
     EXPECT_EQ(cache.repartir(inconnu, true).stations, (std::vector<std::size_t>{0, aucune}));
 }
 
+TEST(Repartition, BalancesWithTheShortestSights)
+{
+    // One of the three on the right has to go to the left: not the farthest, whichever stands last in the list.
+    const ligne l{{10.0, 120.0, 60.0, 95.0}, {0.0, 100.0}, {}};
+    EXPECT_EQ(l.repartir(inconnu, true).stations, (std::vector<std::size_t>{0, 1, 0, 1}));
+    // The last finds its only station full: another hands a point on to the next, which does so too.
+    const ligne chaine{{40.0, 90.0, 3.0}, {0.0, 100.0, 130.0}, {{{2, 1}, 1.0}, {{2, 2}, 1.0}, {{0, 2}, 1.0}}};
+    EXPECT_EQ(chaine.repartir(inconnu, true).stations, (std::vector<std::size_t>{1, 2, 0}));
+    // Of ten points three stations get four, three and three, even where two would do with the nearest.
+    ligne dix{{}, {0.0, 50.0, 400.0}, {}};
+    for (int i = 0; i < 10; ++i)
+        dix.points.push_back(5.0 * i + 1.0);
+    const repartition r = dix.repartir(inconnu, true);
+    for (std::size_t s = 0; s < 3; ++s)
+        EXPECT_GE(std::ranges::count(r.stations, s), 3) << s;
+}
+
 TEST(PointsAxe, StandAtStepsOrWithinTheError)
 {
     const point3 a{0.0, 0.0, inconnu}, b{25.0, 0.0, inconnu}, c{25.0, 20.0, inconnu};
