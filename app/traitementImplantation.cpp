@@ -86,11 +86,6 @@ void ecrireRapport(const std::string& fichier, const std::string& octets)
     exigerRapportEcrit(static_cast<bool>(flux.flush()), fichier);
 }
 
-std::string visibilite(const pointImplante& p, double seuil)
-{
-    return utf8FromWide(phraseVisibilite(p, seuil));
-}
-
 void afficherPoints(const resultatImplantation& r)
 {
     tableTexte table({cote::gauche, cote::gauche, cote::gauche, cote::droite, cote::droite, cote::gauche});
@@ -99,7 +94,7 @@ void afficherPoints(const resultatImplantation& r)
         const ligneImplantation cellules = ligneDe(p, s);
         table.ajouter({utf8FromWide(p.nom), utf8FromWide(cellules[colStation]), utf8FromWide(cellules[colRef]),
                        utf8FromWide(cellules[colAngle]), utf8FromWide(cellules[colDistance]),
-                       visibilite(p, r.hauteurMin)});
+                       utf8FromWide(phraseDuPoint(p, s, r.hauteurMin))});
     };
     for (const blocStation& b : r.blocs)
         for (const pointImplante& p : b.points)

@@ -89,11 +89,8 @@ void CDlgImplantationDirecte::brancher()
     bouton(m_ui->boutonGenerer, &CDlgImplantationDirecte::generer);
     connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->caseVerifier, &QCheckBox::toggled, this, &CDlgImplantationDirecte::changerVerification);
-    connect(m_ui->editHMin, &QLineEdit::editingFinished, this,
-            [this] { lireHauteur(*m_ui->editHMin, reglagesDuProcessus().hauteur, *m_ui->editHMin); });
-    // Intended: the height of the station shows in the box of the other height.
-    connect(m_ui->editHStat, &QLineEdit::editingFinished, this,
-            [this] { lireHauteur(*m_ui->editHStat, m_travail.hauteurStation, *m_ui->editHMin); });
+    connect(m_ui->editHMin, &QLineEdit::editingFinished, this, &CDlgImplantationDirecte::changerHauteurMin);
+    connect(m_ui->editHStat, &QLineEdit::editingFinished, this, &CDlgImplantationDirecte::changerHauteurStation);
     connect(m_ui->liste->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CDlgImplantationDirecte::direVisee);
 }
@@ -146,7 +143,10 @@ void CDlgImplantationDirecte::direVisee()
     if (lignes.size() != 1)
         return dire({});
     const pointDuTravail& point = m_travail.points[lignes.front()];
-    dire(L"Point " + point.nom + L" : " + phraseVisibilite(point, reglagesDuProcessus().hauteur));
+    const observationMiseEnStation* const station = m_travail.station(point.station);
+    const donneesStation donnees = station ? station->donnees() : donneesStation();
+    dire(L"Point " + point.nom + L" : " +
+         phraseDuPoint(point, station ? &donnees : nullptr, reglagesDuProcessus().hauteur));
 }
 
 void CDlgImplantationDirecte::numeroter()
@@ -163,6 +163,8 @@ void CDlgImplantationDirecte::mettreEnStation()
     saisirDansDessin([&] { choisirMiseEnStation(m_travail, lignes); });
     rafraichir();
     selectionner(lignes.size() == m_travail.points.size() && avant.empty() ? avant : lignes);
+    if (const std::vector<std::wstring> noms = m_travail.sousLeurStation(); !noms.empty() && selection().size() != 1)
+        dire(L"À la place de leur station, rien à implanter : " + enumererNoms(noms));
 }
 
 void CDlgImplantationDirecte::obstacles()
@@ -180,14 +182,38 @@ void CDlgImplantationDirecte::changerVerification(bool verifier)
     rafraichir();
 }
 
-void CDlgImplantationDirecte::lireHauteur(QLineEdit& champ, double& hauteur, QLineEdit& montree)
+/// What is no number leaves the height as it was, and its box shows it again.
+std::optional<double> CDlgImplantationDirecte::lireHauteur(const wchar_t* nom, QLineEdit& champ, double hauteur)
 {
+    const std::wstring texte = champ.text().toStdWString();
     double lue = 0.0;
-    if (!lireNombre(champ.text().toStdWString().c_str(), lue))
+    if (lireNombre(texte.c_str(), lue))
+        return hauteurAdmise(lue);
+    champ.setText(deuxDecimales(hauteur));
+    dire(std::wstring(nom) + L" : « " + texte + L" » n'est pas un nombre écrit comme 1.50. La hauteur reste " +
+         deuxDecimales(hauteur).toStdWString() + L".");
+    return std::nullopt;
+}
+
+void CDlgImplantationDirecte::changerHauteurMin()
+{
+    double& hauteur = reglagesDuProcessus().hauteur;
+    const auto lue = lireHauteur(L"H.Min", *m_ui->editHMin, hauteur);
+    if (!lue)
         return;
-    hauteur = hauteurAdmise(lue);
-    montree.setText(deuxDecimales(hauteur));
+    hauteur = *lue;
+    m_ui->editHMin->setText(deuxDecimales(hauteur));
     direVisee(); // seen or hidden by that height
+}
+
+void CDlgImplantationDirecte::changerHauteurStation()
+{
+    const auto lue = lireHauteur(L"H.Stat", *m_ui->editHStat, m_travail.hauteurStation);
+    if (!lue)
+        return;
+    m_travail.fixerHauteurStation(*lue);
+    m_ui->editHMin->setText(deuxDecimales(m_travail.hauteurStation)); // intended: in the box of the other height
+    rafraichir();
 }
 
 void CDlgImplantationDirecte::ajouter()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "implantation/travailImplantation.h"
 #include "services/dialogueModule.h"
@@ -35,7 +36,9 @@ private:
     void mettreEnStation();
     void obstacles();
     void changerVerification(bool verifier);
-    void lireHauteur(QLineEdit& champ, double& hauteur, QLineEdit& montree);
+    std::optional<double> lireHauteur(const wchar_t* nom, QLineEdit& champ, double hauteur);
+    void changerHauteurMin();
+    void changerHauteurStation();
     void ajouter();
     void enlever();
     void suivreAxe();

@@ -1,5 +1,6 @@
 #include "implantation/CDlgNumerotation.h"
 
+#include "services/dialogueChamps.h"
 #include "services/entierDeTexte.h"
 
 #include "ui_CDlgNumerotation.h"
@@ -11,6 +12,7 @@ CDlgNumerotation::CDlgNumerotation(const numerotationImplantation& laNumerotatio
     m_ui->editPrefixe->setText(QString::fromStdWString(laNumerotation.prefixe));
     m_ui->editNumero->setText(QString::number(laNumerotation.numero));
     m_ui->editSuffixe->setText(QString::fromStdWString(laNumerotation.suffixe));
+    surveillerNombre(*m_ui->editNumero, L"le num\u00e9ro");
     montrerExemple();
     for (QLineEdit* const champ : {m_ui->editPrefixe, m_ui->editNumero, m_ui->editSuffixe})
         connect(champ, &QLineEdit::textChanged, this, &CDlgNumerotation::montrerExemple);

@@ -4,9 +4,8 @@
 #include <QLineEdit>
 #include <QLocale>
 
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
-#include "services/grandeur.h"
-#include "services/reelDeTexte.h"
 
 #include "ui_CDlgParamGraphiques.h"
 
@@ -69,9 +68,10 @@ void CDlgParamGraphiques::afficher()
 
 bool CDlgParamGraphiques::lireTaille(QLineEdit& champ, double plusPetite, double& taille)
 {
-    bool entierement = false;
-    const double lue = reelDeTexte(champ.text().toStdWString(), &entierement);
-    if (entierement && estConnue(lue) && lue >= plusPetite) {
+    double lue = 0.0;
+    if (!lireChamp(champ, L"la taille", lue))
+        return false;
+    if (lue >= plusPetite) {
         taille = lue;
         return true;
     }

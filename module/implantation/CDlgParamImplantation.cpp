@@ -3,10 +3,8 @@
 #include <QLocale>
 
 #include "codification/regleCode.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
-#include "services/entierDeTexte.h"
-#include "services/grandeur.h"
-#include "services/reelDeTexte.h"
 
 #include "ui_CDlgParamImplantation.h"
 
@@ -31,18 +29,22 @@ CDlgParamImplantation::~CDlgParamImplantation() = default;
 
 void CDlgParamImplantation::accept()
 {
+    constexpr int plusGrandNumero = 999999999;
     parametresAxe lus;
-    lus.code = entierDeTexte(m_ui->editCode->text().toStdWString().c_str());
-    lus.noms = {m_ui->editPrefixe->text().toStdWString(),
-                entierDeTexte(m_ui->editNumero->text().toStdWString().c_str()),
-                m_ui->editSuffixe->text().toStdWString()};
+    lus.noms.prefixe = m_ui->editPrefixe->text().toStdWString();
+    lus.noms.suffixe = m_ui->editSuffixe->text().toStdWString();
     lus.prefixeSuivant = m_ui->caseIncrementer->isChecked();
-    lus.choix = {m_ui->radioErreur->isChecked(), reelDeTexte(m_ui->editValeur->text().toStdWString())};
+    lus.choix.suivantErreur = m_ui->radioErreur->isChecked();
+    if (!lireEntier(*m_ui->editCode, L"le code", lus.code))
+        return;
     if (!codeValable(lus.code)) {
         avertirErreur(messageCodeIncorrect);
         return m_ui->editCode->setFocus();
     }
-    if (!(lus.choix.valeur > 0.0) || !estConnue(lus.choix.valeur)) {
+    if (!lireEntier(*m_ui->editNumero, L"le num\u00e9ro de d\u00e9part", lus.noms.numero, 0, plusGrandNumero) ||
+        !lireChamp(*m_ui->editValeur, L"la distance ou l'erreur", lus.choix.valeur))
+        return;
+    if (!(lus.choix.valeur > 0.0)) {
         avertirErreur(L"Tapez une distance ou une erreur plus grande que 0");
         return m_ui->editValeur->setFocus();
     }

@@ -1,7 +1,7 @@
 #include "implantation/CDlgRepartition.h"
 
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
-#include "services/reelDeTexte.h"
 
 #include "ui_CDlgRepartition.h"
 
@@ -17,10 +17,10 @@ CDlgRepartition::~CDlgRepartition() = default;
 
 void CDlgRepartition::accept()
 {
-    const std::wstring texte = m_ui->editPortee->text().trimmed().toStdWString();
-    bool entierement = false;
-    const double portee = texte.empty() ? inconnu : reelDeTexte(texte, &entierement);
-    if (!texte.empty() && !(entierement && portee > 0.0 && estConnue(portee))) {
+    double portee = inconnu;
+    if (!m_ui->editPortee->text().trimmed().isEmpty() && !lireChamp(*m_ui->editPortee, L"la port\u00e9e", portee))
+        return;
+    if (!(portee > 0.0)) {
         avertirErreur(L"Tapez une portée plus grande que 0, ou rien");
         return m_ui->editPortee->setFocus();
     }

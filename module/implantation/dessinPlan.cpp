@@ -33,8 +33,10 @@ boite dessinPlan::etendue() const
         b.ajouter(boite::de(c.centre, c.centre).elargie(c.taille / 2.0));
     for (const trait& t : traits)
         b.ajouter(boite::de(t.de, t.vers));
-    for (const texte& t : textes)
-        b.ajouter(boite::de(t.place, t.place));
+    for (const texte& t : textes) {
+        const point2 gauche = t.place - point2{t.centre ? t.largeur() / 2.0 : 0.0, 0.0};
+        b.ajouter(boite::de(gauche, gauche + point2{t.largeur(), t.hauteur}));
+    }
     for (const triangle& t : triangles)
         for (const point2& coin : t.coins)
             b.ajouter(boite::de(coin, coin));

@@ -20,6 +20,9 @@ struct dessinPlan {
         int couleur;
         double angle = 0.0;
         bool centre = false;
+
+        /// About as wide as it will be.
+        double largeur() const { return 0.65 * hauteur * static_cast<double>(contenu.size()); }
     };
     struct triangle {
         std::array<point2, 3> coins;
@@ -38,6 +41,6 @@ struct dessinPlan {
     void ajouter(const dessinPlan& autre);
     /// Grown from the origin, then moved.
     dessinPlan place(double echelle, point2 deplacement) const;
-    /// Of all but what texts reach over beyond their place.
+    /// Texts are taken as wide as their letters are as a rule, and level.
     boite etendue() const;
 };

@@ -141,10 +141,17 @@ void signalerNonVerifies(const travailImplantation& travail, suitesImplantation&
         suites.avertissements.push_back(L"Visibilité non vérifiée, " + cause + L" : " + enumererNoms(noms) + L".");
 }
 
+void signalerSousLaStation(const travailImplantation& travail, suitesImplantation& suites)
+{
+    if (const std::vector<std::wstring> noms = travail.sousLeurStation(); !noms.empty())
+        suites.avertissements.push_back(L"À la place de leur station, rien à implanter : " + enumererNoms(noms) + L".");
+}
+
 void verifierVisees(travailImplantation& travail, suitesImplantation& suites)
 {
     if (!terrainDuDessin()) {
-        suites.avertissements.push_back(L"Aucun modèle de terrain dans ce dessin : la visibilité n'est pas vérifiée.");
+        suites.avertissements.push_back(
+            L"Aucun modèle de terrain dans ce dessin, ou pas de module de terrain : la visibilité n'est pas vérifiée.");
         return;
     }
     travail.verifierVisibilite(travail.toutes());
@@ -174,6 +181,7 @@ suitesImplantation implanterEnLigne(const demandeImplantation& demande)
         prendrePoints(demande, travail, suites);
         signalerAbsents(demande, suites);
         repartirOuAffecter(demande, travail, suites);
+        signalerSousLaStation(travail, suites);
         if (demande.verifier)
             verifierVisees(travail, suites);
         suites.resultat = travail.resultat();

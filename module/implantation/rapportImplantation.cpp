@@ -55,7 +55,7 @@ void rapporterBloc(const blocStation& bloc, const resultatImplantation& resultat
             ajouterCellule(table, cellules[colonne], celluleNombre);
         ajouterNombre(table, distanceSuivantPente(bloc.station, p));
         ajouterNombre(table, deniveleeVers(bloc.station, p));
-        ajouterCellule(table, phraseVisibilite(p, resultat.hauteurMin), celluleNomGauche);
+        ajouterCellule(table, phraseDuPoint(p, &bloc.station, resultat.hauteurMin), celluleNomGauche);
     }
     document.append(table.render());
     document.append(svgDe(planReduit(bloc, cotePlan, resultat.verification, reglages), largeurPlan));
@@ -83,11 +83,12 @@ void rapporterImplantation(const resultatImplantation& resultat, const reglagesI
     document.addHeadLine("<title>Implantations</title>\n");
     declarerClassesRapport(document);
     ajouterTexte(document, "Implantations", "class=grand");
+    ajouterTexte(document, versAnsi(L"Angles en grades ; distances, dénivelées et coordonnées en mètres."));
     if (resultat.verification)
         ajouterTexte(document, versAnsi(L"Hauteur de l'appareil et de la cible : ") +
                                    nombreFixe(resultat.hauteurStation, 2) +
-                                   versAnsi(L". Un point est vu quand rien ne dépasse de la visée de plus de ") +
-                                   nombreFixe(resultat.hauteurMin, 2) + ".");
+                                   versAnsi(L" m. Un point est vu quand rien ne dépasse de la visée de plus de ") +
+                                   nombreFixe(resultat.hauteurMin, 2) + " m.");
     for (const blocStation& bloc : resultat.blocs)
         rapporterBloc(bloc, resultat, reglages, document);
     if (!resultat.sansStation.empty())

@@ -23,6 +23,18 @@ std::wstring metres(double valeur)
 
 } // namespace
 
+bool sousLaStation(const pointImplante& point, const donneesStation& station)
+{
+    return point.planConnu() && memePlace(point, station.station);
+}
+
+std::wstring phraseDuPoint(const pointImplante& point, const donneesStation* station, double hauteurMin)
+{
+    if (station && sousLaStation(point, *station))
+        return L"à la place de sa station : aucun angle ne l'implante";
+    return phraseVisibilite(point, hauteurMin);
+}
+
 std::wstring phraseVisibilite(const pointImplante& point, double hauteurMin)
 {
     constexpr double negligeable = 0.005; // nothing that two decimals would show

@@ -25,6 +25,11 @@ struct resultatImplantation {
 double deniveleeVers(const donneesStation& station, const pointImplante& point);
 double distanceSuivantPente(const donneesStation& station, const pointImplante& point);
 
+/// Whether the station of a point stands on it: a distance of 0 and an angle that means nothing.
+bool sousLaStation(const pointImplante& point, const donneesStation& station);
+/// What there is to say of a point: that its station stands on it, else how its sight is (phraseVisibilite).
+/// @param station null when the point has none
+std::wstring phraseDuPoint(const pointImplante& point, const donneesStation* station, double hauteurMin);
 /// Sentence on a sight: "vu", "caché par ... : 0.35 au-dessus de la visée, à 12.40 de la station"; "non vérifié".
 std::wstring phraseVisibilite(const pointImplante& point, double hauteurMin);
 /// "A, B, C"; of many the first dozen.

@@ -47,7 +47,7 @@ std::string svgDe(const dessinPlan& dessin, int largeur)
     boite b = dessin.etendue();
     if (b.vide())
         return {};
-    b = b.elargie(0.08 * std::max({b.xMax - b.xMin, b.yMax - b.yMin, 1e-6})); // texts reach over
+    b = b.elargie(0.03 * std::max({b.xMax - b.xMin, b.yMax - b.yMin, 1e-6}));
     const double echelle = largeur / (b.xMax - b.xMin), hauteur = (b.yMax - b.yMin) * echelle;
     const auto x = [&](point2 p) { return pixels((p.x - b.xMin) * echelle); };
     const auto y = [&](point2 p) { return pixels((b.yMax - p.y) * echelle); };
@@ -69,7 +69,7 @@ std::string svgDe(const dessinPlan& dessin, int largeur)
                " " + x(t.coins[2]) + "," + y(t.coins[2]) + "\" fill=\"" + teinte(t.couleur) + "\"/>\n";
     for (const auto& t : dessin.textes) {
         svg += "<text x=\"" + x(t.place) + "\" y=\"" + y(t.place) + "\" font-size=\"" + pixels(t.hauteur * echelle) +
-               "\" fill=\"" + teinte(t.couleur) + "\"";
+               "\" fill=\"" + teinte(t.couleur) + "\" stroke=\"#ffffff\" stroke-width=\"3\" paint-order=\"stroke\"";
         if (t.centre)
             svg += " text-anchor=\"middle\"";
         if (t.angle != 0.0)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numbers>
 
 #include "services/formatNombres.h"
@@ -128,19 +129,72 @@ dessinPlan tracePoint(const pointImplante& point, const donneesStation* station,
         return dessin;
     const int couleur = couleurDe(point, verification, reglages);
     const double hauteur = reglages.tailleTextes;
+    // Below: the symbol of the point has its own number above.
+    const point2 etiquette = point.plan() + point2{0.6 * reglages.taillePoints, -1.2 * hauteur};
     if (masque & masqueNumero) {
         dessin.croix.push_back({point.plan(), reglages.taillePoints, couleur});
-        const point2 place = point.plan() + point2{0.6 * reglages.taillePoints, 0.2 * hauteur};
-        dessin.textes.push_back({place, point.nom, hauteur, couleur});
+        dessin.textes.push_back({etiquette, point.nom, hauteur, couleur});
     }
-    ajouterCoordonnees(dessin, point, point.plan() + point2{0.6 * reglages.taillePoints, 0.2 * hauteur}, masque,
-                       couleur, hauteur);
+    ajouterCoordonnees(dessin, point, etiquette, masque, couleur, hauteur);
     if ((masque & masqueLigne) == 0 || !station || !station->station.planConnu())
         return dessin;
     dessin.traits.push_back({point.plan(), station->station.plan(), couleur});
     ajouterMesures(dessin, point, *station, masque, couleur, hauteur);
     return dessin;
 }
+
+namespace {
+
+/// Places texts beside what they name, as free as can be of one another and of lines.
+class etiquetage {
+public:
+    explicit etiquetage(std::vector<dessinPlan::trait> traits) : m_traits(std::move(traits)) {}
+
+    /// @param ecart from the place to the text, at its left or right
+    void poser(dessinPlan::texte& texte, point2 autour, double ecart)
+    {
+        const double hauteur = texte.hauteur, largeur = texte.largeur();
+        const point2 essais[] = {{ecart, 0.2 * hauteur},
+                                 {ecart, -1.2 * hauteur},
+                                 {-ecart - largeur, 0.2 * hauteur},
+                                 {-ecart - largeur, -1.2 * hauteur},
+                                 {-0.5 * largeur, ecart},
+                                 {-0.5 * largeur, -ecart - hauteur}};
+        std::size_t moindre = SIZE_MAX;
+        boite prise;
+        for (const point2& essai : essais) {
+            const point2 coin = autour + essai;
+            const boite b = boite::de(coin, coin + point2{largeur, hauteur});
+            const std::size_t genes = genesDe(b);
+            if (genes >= moindre)
+                continue;
+            moindre = genes;
+            texte.place = coin;
+            prise = b;
+        }
+        m_prises.push_back(prise);
+    }
+
+private:
+    /// A text over another cannot be read; over a line it can.
+    std::size_t genesDe(const boite& b) const
+    {
+        const auto textes = std::ranges::count_if(m_prises, [&](const boite& autre) { return autre.touche(b); });
+        const auto traits = std::ranges::count_if(m_traits, [&](const auto& t) { return b.touche(t.de, t.vers); });
+        return static_cast<std::size_t>(textes) * (m_traits.size() + 1) + static_cast<std::size_t>(traits);
+    }
+
+    std::vector<dessinPlan::trait> m_traits;
+    std::vector<boite> m_prises;
+};
+
+/// What the arrow of a small plan leads to.
+std::wstring nomDuZero(const donneesStation& s)
+{
+    return s.visee ? s.reference.nom : s.v0 == 0.0 ? L"Nord" : L"V0";
+}
+
+} // namespace
 
 dessinPlan planReduit(const blocStation& bloc, double cote, bool verification, const reglagesImplantation& reglages)
 {
@@ -165,11 +219,24 @@ dessinPlan planReduit(const blocStation& bloc, double cote, bool verification, c
         orientee.v0 = gisementVers(orientee, orientee.reference.x, orientee.reference.y);
     orientee.visee = false;
     dessinPlan dessin = traceStation(orientee, 0, petits);
-    dessin.textes.push_back({bloc.station.station.plan() + point2{petits.tailleStations, -2.0 * petits.tailleTextes},
-                             bloc.station.station.nom, 1.2 * petits.tailleTextes, petits.station});
+    std::vector<point2> nommes{boutDuZero(orientee, petits), bloc.station.station.plan()};
+    std::vector<dessinPlan::texte> noms{{{}, nomDuZero(bloc.station), petits.tailleTextes, petits.reference},
+                                        {{}, bloc.station.station.nom, 1.2 * petits.tailleTextes, petits.station}};
     for (std::size_t i = 0; i < bloc.points.size(); ++i) {
-        const unsigned masque = i < numerosMontres ? masqueNumero | masqueLigne : masqueLigne;
-        dessin.ajouter(tracePoint(bloc.points[i], &bloc.station, masque, verification, petits));
+        dessinPlan point =
+            tracePoint(bloc.points[i], &bloc.station, i < numerosMontres ? masqueNumero | masqueLigne : masqueLigne,
+                       verification, petits);
+        for (dessinPlan::texte& nom : point.textes) {
+            nommes.push_back(bloc.points[i].plan());
+            noms.push_back(std::move(nom));
+        }
+        point.textes.clear();
+        dessin.ajouter(point);
+    }
+    etiquetage libre(dessin.traits);
+    for (std::size_t i = 0; i < noms.size(); ++i) {
+        libre.poser(noms[i], nommes[i], 0.6 * petits.taillePoints);
+        dessin.textes.push_back(std::move(noms[i]));
     }
     const point2 coin{etendue.xMin, etendue.yMin};
     return dessin.place(echelle, coin * -echelle + point2{0.05 * cote, 0.05 * cote});
@@ -246,8 +313,9 @@ dessinPlan traceCoupe(const coupeVisee& coupe, const pointImplante& point, const
     const auto ecrire = [&](point2 place, const std::wstring& texte, int teinte, bool centre) {
         dessin.textes.push_back({place, texte, h, teinte, 0.0, centre});
     };
-    ecrire(gauche - point2{0.0, 1.5 * h}, station.station.nom, reglages.station, true);
-    ecrire(droite - point2{0.0, 1.5 * h}, point.nom, couleur, true);
+    const auto bout = [](const lieuNomme& lieu) { return lieu.nom + L"  Z=" + texteTrace(lieu.z, 2); };
+    ecrire(gauche - point2{0.0, 1.5 * h}, bout(station.station), reglages.station, true);
+    ecrire(droite - point2{0.0, 1.5 * h}, bout(point), couleur, true);
     ecrire(gauche - point2{0.0, 3.5 * h},
            L"Base " + texteTrace(base, 2) + L"  distance " + texteTrace(coupe.fin.x, 2) + L"  hauteurs x " +
                texteTrace(agrandissement, 0),

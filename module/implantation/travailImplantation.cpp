@@ -199,6 +199,25 @@ void travailImplantation::annulerStations(const positions& choisis)
     });
 }
 
+std::vector<std::wstring> travailImplantation::sousLeurStation() const
+{
+    std::vector<std::wstring> noms;
+    for (const pointDuTravail& p : points)
+        if (const observationMiseEnStation* const s = station(p.station); s && sousLaStation(p, s->donnees()))
+            noms.push_back(p.nom);
+    return noms;
+}
+
+void travailImplantation::fixerHauteurStation(double hauteur)
+{
+    if (hauteur == hauteurStation)
+        return;
+    hauteurStation = hauteur;
+    for (pointDuTravail& p : points)
+        oublierVue(p);
+    verifierVisibilite(toutes());
+}
+
 void travailImplantation::verifierVisibilite(const positions& choisis)
 {
     const auto sol = terrainDuDessin();
@@ -243,6 +262,8 @@ travailImplantation::bilanRepartition travailImplantation::repartirPoints(const 
     }
     const auto distance = [&](std::size_t point, std::size_t s) {
         const lieuNomme& lieu = points[choisis[point]];
+        if (memePlace(stations[s]->lieu, lieu))
+            return 0.0;
         return distanceVers(stations[s]->donnees(), lieu.x, lieu.y);
     };
     const double seuil = reglagesDuProcessus().hauteur;

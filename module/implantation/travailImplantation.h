@@ -51,6 +51,10 @@ public:
     /// The points lose their station, and setups that have no point any more go.
     void annulerStations(const positions& choisis);
 
+    /// Names of the points whose station stands on them: nothing is staked out so.
+    std::vector<std::wstring> sousLeurStation() const;
+    /// Another height of instrument and target: sights are checked anew, or not known any more.
+    void fixerHauteurStation(double hauteur);
     /// Checks the sights of these points that have a setup, as far as there is ground; see visibilite.h. The altitudes
     /// of stations and points that were unknown are taken from it.
     void verifierVisibilite(const positions& choisis);

@@ -1,5 +1,6 @@
 #include "services/dialogueChamps.h"
 
+#include <cmath>
 #include <QAction>
 #include <QPalette>
 #include <QStyle>
@@ -60,6 +61,19 @@ QString texteDesigne(double coordonnee)
     return QString::number(coordonnee, 'f', decimales);
 }
 
+namespace {
+
+bool refuserChamp(QLineEdit& champ, const wchar_t* nomme, const std::wstring& phrase)
+{
+    surveillerNombre(champ, nomme);
+    avertirErreur(phrase);
+    champ.setFocus();
+    champ.selectAll();
+    return false;
+}
+
+} // namespace
+
 bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double min, double max)
 {
     const std::wstring texte = champ.text().toStdWString();
@@ -69,12 +83,20 @@ bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double mi
         valeur = lue;
         return true;
     }
-    surveillerNombre(champ, nomme);
-    avertirErreur(
+    return refuserChamp(
+        champ, nomme,
         refus.empty()
             ? QStringLiteral("Entrez un nombre compris entre %1 et %2.").arg(borne(min), borne(max)).toStdWString()
             : refus);
-    champ.setFocus();
-    champ.selectAll();
-    return false;
+}
+
+bool lireEntier(QLineEdit& champ, const wchar_t* nomme, int& valeur, int min, int max)
+{
+    double lue = 0.0;
+    if (!lireChamp(champ, nomme, lue, min, max))
+        return false;
+    if (lue != std::floor(lue))
+        return refuserChamp(champ, nomme, L"Tapez un nombre sans d\u00e9cimales.");
+    valeur = static_cast<int>(lue);
+    return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <QLineEdit>
 
 /// Numbers typed in the fields of dialogs.
@@ -8,6 +9,9 @@
 /// the sentence calls it), and gets the focus. @return false then, with `valeur` as it was.
 /// From then on the field tells by itself what is wrong with it: see surveillerNombre.
 bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double min = -1e36, double max = 1e36);
+
+/// The same for a whole number.
+bool lireEntier(QLineEdit& champ, const wchar_t* nomme, int& valeur, int min = INT_MIN, int max = INT_MAX);
 
 /// As long as the text of a field is not wholly a number ("217,63"), a sign stands in the field, which turns red, and
 /// its tooltip says why. A blank field is no fault. Asking twice is as asking once.

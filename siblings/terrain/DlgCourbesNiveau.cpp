@@ -2,8 +2,8 @@
 
 #include <cmath>
 
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
-#include "services/reelDeTexte.h"
 
 #include "acutads.h"
 #include "terrainsOuverts.h"
@@ -20,11 +20,6 @@ double intervallePropose(const maillageTerrain& sol)
     const double decade = std::pow(10.0, std::floor(std::log10(voulu)));
     const double part = voulu / decade;
     return decade * (part < 1.5 ? 1.0 : part < 3.5 ? 2.0 : part < 7.5 ? 5.0 : 10.0);
-}
-
-double nombre(const QLineEdit& champ)
-{
-    return reelDeTexte(champ.text().toStdWString());
 }
 
 } // namespace
@@ -48,22 +43,28 @@ DlgCourbesNiveau::DlgCourbesNiveau(terrain& leModele) :
 
 DlgCourbesNiveau::~DlgCourbesNiveau() = default;
 
-reglagesCourbes DlgCourbesNiveau::reglages() const
+std::optional<reglagesCourbes> DlgCourbesNiveau::reglages() const
 {
     reglagesCourbes lus;
-    lus.demande = {nombre(*m_ui->intervalle), m_ui->lisser->isChecked()};
-    lus.maitresse = static_cast<int>(std::clamp(nombre(*m_ui->maitresse), 0.0, 1000.0));
+    lus.demande.lisser = m_ui->lisser->isChecked();
     lus.coter = m_ui->coter->isChecked();
-    lus.hauteurTexte = nombre(*m_ui->hauteurTexte);
-    lus.espacement = nombre(*m_ui->espacement);
     lus.remplacer = m_ui->remplacer->isChecked();
+    if (!lireChamp(*m_ui->intervalle, L"l'intervalle", lus.demande.intervalle) ||
+        !lireEntier(*m_ui->maitresse, L"les courbes ma\u00eetresses", lus.maitresse, 0, 1000))
+        return std::nullopt;
+    if (lus.coter && (!lireChamp(*m_ui->hauteurTexte, L"la hauteur des textes", lus.hauteurTexte) ||
+                      !lireChamp(*m_ui->espacement, L"l'espacement des textes", lus.espacement)))
+        return std::nullopt;
     return lus;
 }
 
 void DlgCourbesNiveau::dessiner()
 {
     constexpr double trop = 2000.0; // altitudes
-    const reglagesCourbes voulus = reglages();
+    const auto lus = reglages();
+    if (!lus)
+        return;
+    const reglagesCourbes& voulus = *lus;
     const maillageTerrain& sol = *m_modele.maillage();
     if (!(voulus.demande.intervalle > 0.0) || nombreAltitudes(sol, voulus.demande.intervalle) > trop)
         return avertirErreur(L"L'intervalle doit \u00eatre un nombre positif, et pas si petit que les courbes ne se "

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "services/dialogueModule.h"
 
@@ -18,7 +19,7 @@ public:
     ~DlgCourbesNiveau() override;
 
 private:
-    reglagesCourbes reglages() const;
+    std::optional<reglagesCourbes> reglages() const; ///< nothing when a field is no number, which was told
     void dessiner();
 
     terrain& m_modele;

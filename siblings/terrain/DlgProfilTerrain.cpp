@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "reports/resultPolygo.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
-#include "services/reelDeTexte.h"
 
 #include "aced.h"
 #include "rapportTerrain.h"
@@ -71,8 +71,10 @@ void DlgProfilTerrain::tableau()
 
 void DlgProfilTerrain::dessiner()
 {
-    const double facteur = reelDeTexte(m_ui->facteur->text().toStdWString());
-    const double hauteur = reelDeTexte(m_ui->hauteurTexte->text().toStdWString());
+    double facteur = 0.0, hauteur = 0.0;
+    if (!lireChamp(*m_ui->facteur, L"le rapport des hauteurs", facteur) ||
+        !lireChamp(*m_ui->hauteurTexte, L"la hauteur des textes", hauteur))
+        return;
     if (!(facteur > 0.0) || !(hauteur > 0.0))
         return avertirErreur(L"La hauteur des textes et le rapport des hauteurs doivent \u00eatre positifs.");
     saisirDansDessin([&] {

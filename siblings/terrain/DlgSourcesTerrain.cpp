@@ -4,12 +4,17 @@
 
 #include "points/projetDansDessin.h"
 #include "services/dialogueCellules.h"
-#include "services/reelDeTexte.h"
+#include "services/dialogueChamps.h"
+#include "services/dialogueMessage.h"
+#include "services/lettres.h"
 #include "services/selection.h"
 
+#include "rangementModeles.h"
 #include "ui_DlgSourcesTerrain.h"
 
-DlgSourcesTerrain::DlgSourcesTerrain(const std::wstring& nomPropose) : m_ui(std::make_unique<Ui::DlgSourcesTerrain>())
+DlgSourcesTerrain::DlgSourcesTerrain(const std::wstring& nomPropose, std::vector<std::wstring> pris) :
+    m_pris(std::move(pris)),
+    m_ui(std::make_unique<Ui::DlgSourcesTerrain>())
 {
     m_ui->setupUi(this);
     m_ui->nom->setText(QString::fromStdWString(nomPropose));
@@ -58,6 +63,22 @@ sourcesTerrain DlgSourcesTerrain::sources() const
     for (int i = 0; i < m_ui->tables->count(); ++i)
         if (m_ui->tables->item(i)->checkState() == Qt::Checked)
             sources.tables.push_back(m_ui->tables->item(i)->text().toStdWString());
-    sources.areteMax = std::max(0.0, reelDeTexte(m_ui->areteMax->text().toStdWString()));
     return sources;
+}
+
+void DlgSourcesTerrain::accept()
+{
+    if (!nomDeModele(nom())) {
+        avertirErreur(L"Ce nom ne convient pas : " + nom());
+        return m_ui->nom->setFocus();
+    }
+    if (std::ranges::any_of(m_pris,
+                            [this](const std::wstring& pris) {
+                                return memesLettres(std::wstring_view(pris), std::wstring_view(nom()));
+                            }) &&
+        !demanderOuiNon(L"Mod\u00e8les de terrain",
+                        L"Le mod\u00e8le " + nom() + L" existe d\u00e9j\u00e0. Le remplacer ?"))
+        return m_ui->nom->setFocus();
+    if (lireChamp(*m_ui->areteMax, L"la longueur des ar\u00eates", m_choisis.areteMax, 0.0, 1e36))
+        dialogueModule::accept();
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "services/dialogueModule.h"
 
@@ -15,15 +16,18 @@ class DlgSourcesTerrain;
 /// Asks what a new model is to be made from, and its name.
 class DlgSourcesTerrain : public dialogueModule {
 public:
-    explicit DlgSourcesTerrain(const std::wstring& nomPropose);
+    /// @param pris names of models there are: to take one of them is to replace it, and is asked
+    DlgSourcesTerrain(const std::wstring& nomPropose, std::vector<std::wstring> pris);
     ~DlgSourcesTerrain() override;
 
     std::wstring nom() const;
     sourcesTerrain sources() const;
+    void accept() override;
 
 private:
     void designer(std::vector<AcDbObjectId>& ids, QLabel& compte, const wchar_t* message);
 
+    std::vector<std::wstring> m_pris;
     sourcesTerrain m_choisis;
     std::unique_ptr<Ui::DlgSourcesTerrain> m_ui;
 };

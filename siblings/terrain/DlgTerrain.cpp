@@ -121,7 +121,10 @@ void DlgTerrain::montrerChoisi()
 
 void DlgTerrain::creer()
 {
-    DlgSourcesTerrain dialogue(nomLibre());
+    std::vector<std::wstring> noms;
+    for (const auto& [sonNom, id] : m_modeles)
+        noms.push_back(sonNom);
+    DlgSourcesTerrain dialogue(nomLibre(), std::move(noms));
     if (dialogue.exec() != QDialog::Accepted)
         return;
     const AcDbObjectId id = creerModele(dialogue.nom(), dialogue.sources());

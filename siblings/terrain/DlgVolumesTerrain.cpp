@@ -1,8 +1,8 @@
 #include "DlgVolumesTerrain.h"
 
 #include "reports/resultPolygo.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
-#include "services/reelDeTexte.h"
 
 #include "rangementModeles.h"
 #include "rapportTerrain.h"
@@ -44,10 +44,9 @@ void DlgVolumesTerrain::calculer()
 {
     const int rang = m_ui->reference->currentIndex();
     if (rang == 0) {
-        bool nombre = false;
-        const double altitude = reelDeTexte(m_ui->altitude->text().toStdWString(), &nombre);
-        if (!nombre)
-            return avertirErreur(L"L'altitude du plan n'est pas un nombre.");
+        double altitude = 0.0;
+        if (!lireChamp(*m_ui->altitude, L"l'altitude du plan", altitude))
+            return;
         m_volumes = volumesSousPlan(*m_modele.maillage(), altitude);
         m_reference = L"plan horizontal d'altitude " + m_ui->altitude->text().trimmed().toStdWString();
     } else {

@@ -15,6 +15,7 @@ protected:
                                "(tpcdaddpt \"S2\" '(100 0 100) 100)\n"
                                "(tpcdaddpt \"1\" '(40 0 100) 1)\n"
                                "(tpcdaddpt \"2\" '(0 40 100) 2)\n"
+                               "(tpcdaddpt \"borne\" '(0 0 100) 9)\n"
                                "LINE 20,-5 20,5\n\n"
                                "IMPLANT2\n[Gérer obstacles] L\n3\n20,0\nQ\n[Annuler]\n"
                                "SAVEAS chantier.dxf\n");
@@ -37,7 +38,8 @@ TEST_F(Implantation, GivesAnglesAndSights)
 
     const nlohmann::json vus = velaJson(
         "implantation chantier.dxf --station S1 --reference S2 --table LEVE --verifier --hauteur 1.5 --seuil 1");
-    ASSERT_EQ(vus["points"].size(), 3U) << "not the station itself";
+    ASSERT_EQ(vus["points"].size(), 4U) << "not the station itself";
+    EXPECT_NE(vus["avertissements"].dump().find("rien à implanter : borne"), std::string::npos);
     EXPECT_EQ(vus["points"][1]["visible"], false) << "the wall saved on its line";
     EXPECT_NEAR(vus["points"][1]["hauteurVisible"].get<double>(), 1.5, 1e-9);
     EXPECT_EQ(vus["points"][2]["visible"], true);

@@ -4,6 +4,7 @@
 
 #include "implantation/fichiersAppareil.h"
 #include "implantation/rapportImplantation.h"
+#include "implantation/traceImplantation.h"
 
 namespace {
 
@@ -74,4 +75,37 @@ TEST(FichiersImplantation, WriteJsonAndTheReport)
                                      "e, \xE0 2.00",
                                      "<svg ", "Points sans mise en station"})
         EXPECT_NE(texte.find(partie), std::string::npos) << partie;
+}
+
+// Names of the sketch stood on one another and on lines, and those at its border were cut off.
+TEST(FichiersImplantation, SketchNamesWhatCanBeRead)
+{
+    resultatImplantation r = travail();
+    const pointImplante modele = r.blocs[0].points[0];
+    for (const double ecart : {0.1, 0.2, -4.0, 8.0}) {
+        pointImplante p = modele;
+        p.nom = L"POINT" + std::to_wstring(r.blocs[0].points.size());
+        p.x += ecart;
+        p.y += 0.5 * ecart;
+        r.blocs[0].points.push_back(p);
+    }
+    const dessinPlan plan = planReduit(r.blocs[0], 100.0, true, {});
+    ASSERT_EQ(plan.textes.size(), 7U) << "five points, the station, the zero";
+    const auto boiteDe = [](const dessinPlan::texte& t) {
+        return boite::de(t.place, t.place + point2{t.largeur(), t.hauteur});
+    };
+    for (std::size_t i = 0; i < plan.textes.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(boiteDe(plan.textes[i]).touche(boiteDe(plan.textes[j]))) << i << " and " << j;
+    const boite tout = plan.etendue();
+    for (const dessinPlan::texte& t : plan.textes)
+        EXPECT_LE(t.place.x + t.largeur(), tout.xMax + 1e-9);
+
+    // Whose station stands on it has an angle in the list, which must not be taken for one to read.
+    pointImplante dessus = modele;
+    dessus.x = r.blocs[0].station.station.x;
+    dessus.y = r.blocs[0].station.station.y + 5e-5;
+    EXPECT_EQ(phraseDuPoint(dessus, &r.blocs[0].station, 1.0),
+              L"\u00e0 la place de sa station : aucun angle ne l'implante");
+    EXPECT_EQ(phraseDuPoint(modele, &r.blocs[0].station, 1.0), phraseVisibilite(modele, 1.0));
 }
