@@ -138,9 +138,15 @@ void terrainsDuDessin::objectModified(const AcDbDatabase*, const AcDbObject* obj
     noter(*objet);
 }
 
-void terrainsDuDessin::objectErased(const AcDbDatabase*, const AcDbObject* objet, Adesk::Boolean)
+void terrainsDuDessin::objectErased(const AcDbDatabase*, const AcDbObject* objet, Adesk::Boolean efface)
 {
     noter(*objet);
+    if (efface)
+        return;
+    // What comes back may be a source that was gone when the sources were read: then nobody knows it by its id.
+    for (const auto& [idModele, modele] : terrains)
+        if (modele->dernierPerime)
+            modele->empreinteTables.reset();
 }
 
 // ---- the drawings
