@@ -26,6 +26,14 @@ dessinPlan dessinPlan::place(double echelle, point2 deplacement) const
     return d;
 }
 
+boite dessinPlan::texte::emprise() const
+{
+    const double largeur = 0.7 * hauteur * static_cast<double>(contenu.size());
+    const double part = ancre == ancre::debut ? 0.0 : ancre == ancre::milieu ? 0.5 : 1.0;
+    const point2 coin = place - point2{part * largeur, 0.0};
+    return boite::de(coin, coin + point2{largeur, hauteur});
+}
+
 boite dessinPlan::etendue() const
 {
     boite b;
@@ -33,10 +41,8 @@ boite dessinPlan::etendue() const
         b.ajouter(boite::de(c.centre, c.centre).elargie(c.taille / 2.0));
     for (const trait& t : traits)
         b.ajouter(boite::de(t.de, t.vers));
-    for (const texte& t : textes) {
-        const point2 gauche = t.place - point2{t.centre ? t.largeur() / 2.0 : 0.0, 0.0};
-        b.ajouter(boite::de(gauche, gauche + point2{t.largeur(), t.hauteur}));
-    }
+    for (const texte& t : textes)
+        b.ajouter(t.emprise());
     for (const triangle& t : triangles)
         for (const point2& coin : t.coins)
             b.ajouter(boite::de(coin, coin));

@@ -13,16 +13,17 @@ struct dessinPlan {
         point2 de, vers;
         int couleur;
     };
+    enum class ancre { debut, milieu, fin };
     struct texte {
-        point2 place; ///< left end of the base line, or its middle
+        point2 place; ///< on the base line, at the anchor
         std::wstring contenu;
         double hauteur;
         int couleur;
         double angle = 0.0;
-        bool centre = false;
+        dessinPlan::ancre ancre = ancre::debut;
 
-        /// About as wide as it will be.
-        double largeur() const { return 0.65 * hauteur * static_cast<double>(contenu.size()); }
+        /// About what it covers when it is level: fonts differ, and a picture is not a drawing.
+        boite emprise() const;
     };
     struct triangle {
         std::array<point2, 3> coins;

@@ -134,9 +134,11 @@ void repartirOuAffecter(const demandeImplantation& demande, travailImplantation&
 void signalerNonVerifies(const travailImplantation& travail, suitesImplantation& suites)
 {
     std::map<std::wstring, std::vector<std::wstring>> parCause;
-    for (const pointDuTravail& p : travail.points)
-        if (!p.verifie && !p.cause.empty())
+    for (const pointDuTravail& p : travail.points) {
+        const observationMiseEnStation* const s = travail.station(p.station);
+        if (!p.verifie && !p.cause.empty() && !(s && sousLaStation(p, s->donnees()))) // those were told
             parCause[p.cause].push_back(p.nom);
+    }
     for (const auto& [cause, noms] : parCause)
         suites.avertissements.push_back(L"Visibilité non vérifiée, " + cause + L" : " + enumererNoms(noms) + L".");
 }

@@ -65,7 +65,13 @@ std::vector<std::wstring> lignesStation(const donneesStation& s)
     return {texte.substr(0, coupure), texte.substr(coupure)};
 }
 
-void ajouterCoordonnees(dessinPlan& dessin, const pointImplante& point, point2 place, unsigned masque, int couleur,
+/// A text that ends there: a symbol has its own texts at the right of its point.
+void ecrireAGauche(dessinPlan& dessin, point2 fin, const std::wstring& contenu, double hauteur, int couleur)
+{
+    dessin.textes.push_back({fin, contenu, hauteur, couleur, 0.0, dessinPlan::ancre::fin});
+}
+
+void ajouterCoordonnees(dessinPlan& dessin, const pointImplante& point, point2 fin, unsigned masque, int couleur,
                         double hauteur)
 {
     const std::pair<unsigned, std::pair<const wchar_t*, double>> lignes[] = {
@@ -73,8 +79,8 @@ void ajouterCoordonnees(dessinPlan& dessin, const pointImplante& point, point2 p
     for (const auto& [bit, ligne] : lignes) {
         if ((masque & bit) == 0 || ligne.second == inconnu)
             continue;
-        place.y -= interligne * hauteur;
-        dessin.textes.push_back({place, ligne.first + texteTrace(ligne.second), hauteur, couleur});
+        fin.y -= interligne * hauteur;
+        ecrireAGauche(dessin, fin, ligne.first + texteTrace(ligne.second), hauteur, couleur);
     }
 }
 
@@ -93,7 +99,7 @@ void ajouterMesures(dessinPlan& dessin, const pointImplante& point, const donnee
     const point2 de = station.station.plan(), vers = point.plan();
     const double sens = std::atan2(vers.y - de.y, vers.x - de.x);
     const point2 ecart = tourner({0.2 * hauteur, 0.0}, sens + std::numbers::pi / 2.0);
-    dessin.textes.push_back({(de + vers) * 0.5 + ecart, texte, hauteur, couleur, sens, true});
+    dessin.textes.push_back({(de + vers) * 0.5 + ecart, texte, hauteur, couleur, sens, dessinPlan::ancre::milieu});
 }
 
 } // namespace
@@ -129,11 +135,10 @@ dessinPlan tracePoint(const pointImplante& point, const donneesStation* station,
         return dessin;
     const int couleur = couleurDe(point, verification, reglages);
     const double hauteur = reglages.tailleTextes;
-    // Below: the symbol of the point has its own number above.
-    const point2 etiquette = point.plan() + point2{0.6 * reglages.taillePoints, -1.2 * hauteur};
+    const point2 etiquette = point.plan() + point2{-0.6 * reglages.taillePoints, 0.2 * hauteur};
     if (masque & masqueNumero) {
         dessin.croix.push_back({point.plan(), reglages.taillePoints, couleur});
-        dessin.textes.push_back({etiquette, point.nom, hauteur, couleur});
+        ecrireAGauche(dessin, etiquette, point.nom, hauteur, couleur);
     }
     ajouterCoordonnees(dessin, point, etiquette, masque, couleur, hauteur);
     if ((masque & masqueLigne) == 0 || !station || !station->station.planConnu())
@@ -153,26 +158,24 @@ public:
     /// @param ecart from the place to the text, at its left or right
     void poser(dessinPlan::texte& texte, point2 autour, double ecart)
     {
-        const double hauteur = texte.hauteur, largeur = texte.largeur();
-        const point2 essais[] = {{ecart, 0.2 * hauteur},
-                                 {ecart, -1.2 * hauteur},
-                                 {-ecart - largeur, 0.2 * hauteur},
-                                 {-ecart - largeur, -1.2 * hauteur},
-                                 {-0.5 * largeur, ecart},
-                                 {-0.5 * largeur, -ecart - hauteur}};
+        using ancre = dessinPlan::ancre;
+        const double haut = 0.2 * texte.hauteur, bas = -1.2 * texte.hauteur;
+        const std::pair<point2, ancre> essais[] = {
+            {{ecart, haut}, ancre::debut}, {{ecart, bas}, ancre::debut},
+            {{-ecart, haut}, ancre::fin},  {{-ecart, bas}, ancre::fin},
+            {{0.0, ecart}, ancre::milieu}, {{0.0, -ecart - texte.hauteur}, ancre::milieu}};
         std::size_t moindre = SIZE_MAX;
-        boite prise;
-        for (const point2& essai : essais) {
-            const point2 coin = autour + essai;
-            const boite b = boite::de(coin, coin + point2{largeur, hauteur});
-            const std::size_t genes = genesDe(b);
+        dessinPlan::texte place = texte;
+        for (const auto& [essai, cote] : essais) {
+            place.place = autour + essai;
+            place.ancre = cote;
+            const std::size_t genes = genesDe(place.emprise());
             if (genes >= moindre)
                 continue;
             moindre = genes;
-            texte.place = coin;
-            prise = b;
+            texte = place;
         }
-        m_prises.push_back(prise);
+        m_prises.push_back(texte.emprise());
     }
 
 private:
@@ -311,7 +314,8 @@ dessinPlan traceCoupe(const coupeVisee& coupe, const pointImplante& point, const
          {std::pair(gauche, mis(coupe.debut.x, coupe.debut.y)), std::pair(droite, mis(coupe.fin.x, coupe.fin.y))})
         dessin.traits.push_back({place, bout, couleurSansVerification});
     const auto ecrire = [&](point2 place, const std::wstring& texte, int teinte, bool centre) {
-        dessin.textes.push_back({place, texte, h, teinte, 0.0, centre});
+        dessin.textes.push_back(
+            {place, texte, h, teinte, 0.0, centre ? dessinPlan::ancre::milieu : dessinPlan::ancre::debut});
     };
     const auto bout = [](const lieuNomme& lieu) { return lieu.nom + L"  Z=" + texteTrace(lieu.z, 2); };
     ecrire(gauche - point2{0.0, 1.5 * h}, bout(station.station), reglages.station, true);

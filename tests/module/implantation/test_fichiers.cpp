@@ -91,15 +91,14 @@ TEST(FichiersImplantation, SketchNamesWhatCanBeRead)
     }
     const dessinPlan plan = planReduit(r.blocs[0], 100.0, true, {});
     ASSERT_EQ(plan.textes.size(), 7U) << "five points, the station, the zero";
-    const auto boiteDe = [](const dessinPlan::texte& t) {
-        return boite::de(t.place, t.place + point2{t.largeur(), t.hauteur});
-    };
     for (std::size_t i = 0; i < plan.textes.size(); ++i)
         for (std::size_t j = 0; j < i; ++j)
-            EXPECT_FALSE(boiteDe(plan.textes[i]).touche(boiteDe(plan.textes[j]))) << i << " and " << j;
+            EXPECT_FALSE(plan.textes[i].emprise().touche(plan.textes[j].emprise())) << i << " and " << j;
     const boite tout = plan.etendue();
-    for (const dessinPlan::texte& t : plan.textes)
-        EXPECT_LE(t.place.x + t.largeur(), tout.xMax + 1e-9);
+    for (const dessinPlan::texte& texte : plan.textes) {
+        EXPECT_GE(texte.emprise().xMin, tout.xMin);
+        EXPECT_LE(texte.emprise().xMax, tout.xMax);
+    }
 
     // Whose station stands on it has an angle in the list, which must not be taken for one to read.
     pointImplante dessus = modele;
