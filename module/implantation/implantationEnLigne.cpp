@@ -10,6 +10,7 @@
 #include "points/nomsVoulus.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/formatNombres.h"
 #include "services/lettres.h"
 
 #include "dbapserv.h"
@@ -107,6 +108,8 @@ void mettreEnStation(const demandeImplantation& demande, travailImplantation& tr
         throw refus{stationManquante};
     for (const std::wstring& nom : noms) {
         const lieuNomme station = pointExige(nom);
+        if (std::ranges::any_of(travail.stations, [&](const auto& s) { return memePlace(s->lieu, station); }))
+            continue; // named twice, it would get twice its share
         if (demande.v0)
             travail.stations.push_back(std::make_unique<observationMiseEnStationOrientee>(station, *demande.v0));
         else if (demande.reference.empty())
@@ -160,6 +163,16 @@ void verifierVisees(travailImplantation& travail, suitesImplantation& suites)
     signalerNonVerifies(travail, suites);
 }
 
+/// As the dialog takes it, but told.
+double hauteurDemandee(const wchar_t* nom, double hauteur, suitesImplantation& suites)
+{
+    const double admise = hauteurAdmise(hauteur);
+    if (admise != hauteur)
+        suites.avertissements.push_back(std::wstring(nom) + L" n'est pas entre 0 et 1e30 : " + formaterFixe(admise, 2) +
+                                        L" est pris.");
+    return admise;
+}
+
 void garder(travailImplantation& travail)
 {
     const CAcadUndoGroup groupe;
@@ -175,9 +188,9 @@ suitesImplantation implanterEnLigne(const demandeImplantation& demande)
 {
     suitesImplantation suites;
     try {
-        reglagesDuProcessus().hauteur = hauteurAdmise(demande.seuil);
+        reglagesDuProcessus().hauteur = hauteurDemandee(L"Le seuil", demande.seuil, suites);
         travailImplantation travail;
-        travail.hauteurStation = hauteurAdmise(demande.hauteur);
+        travail.hauteurStation = hauteurDemandee(L"La hauteur", demande.hauteur, suites);
         travail.verifier = demande.verifier;
         mettreEnStation(demande, travail);
         prendrePoints(demande, travail, suites);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int largeurPlan = 480;   // pixels
+constexpr int pixelsPlan = 640;    // of its longer side
 constexpr double cotePlan = 100.0; // of the small plan, before it is scaled to pixels
 constexpr char celluleEnTete[] = "class=celgris align=center";
 
@@ -58,7 +58,7 @@ void rapporterBloc(const blocStation& bloc, const resultatImplantation& resultat
         ajouterCellule(table, phraseDuPoint(p, &bloc.station, resultat.hauteurMin), celluleNomGauche);
     }
     document.append(table.render());
-    document.append(svgDe(planReduit(bloc, cotePlan, resultat.verification, reglages), largeurPlan));
+    document.append(svgDe(planReduit(bloc, cotePlan, resultat.verification, reglages), pixelsPlan));
 }
 
 void rapporterSansStation(const std::vector<pointImplante>& points, htmlDocument& document)

@@ -42,17 +42,17 @@ std::string pixels(double valeur)
 
 } // namespace
 
-std::string svgDe(const dessinPlan& dessin, int largeur)
+std::string svgDe(const dessinPlan& dessin, int cote)
 {
     boite b = dessin.etendue();
     if (b.vide())
         return {};
     b = b.elargie(0.03 * std::max({b.xMax - b.xMin, b.yMax - b.yMin, 1e-6}));
-    const double echelle = largeur / (b.xMax - b.xMin), hauteur = (b.yMax - b.yMin) * echelle;
+    const double echelle = cote / std::max(b.xMax - b.xMin, b.yMax - b.yMin);
     const auto x = [&](point2 p) { return pixels((p.x - b.xMin) * echelle); };
     const auto y = [&](point2 p) { return pixels((b.yMax - p.y) * echelle); };
-    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + std::to_string(largeur) + "\" height=\"" +
-                      pixels(hauteur) + "\" font-family=\"Arial\">\n";
+    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + pixels((b.xMax - b.xMin) * echelle) +
+                      "\" height=\"" + pixels((b.yMax - b.yMin) * echelle) + "\" font-family=\"Arial\">\n";
     const auto ligne = [&](point2 de, point2 vers, int couleur) {
         svg += "<line x1=\"" + x(de) + "\" y1=\"" + y(de) + "\" x2=\"" + x(vers) + "\" y2=\"" + y(vers) +
                "\" stroke=\"" + teinte(couleur) + "\"/>\n";

@@ -2,5 +2,6 @@
 
 #include "implantation/dessinPlan.h"
 
-/// The drawing as an SVG element of that width in pixels, for a page in Windows-1252; empty for nothing drawn.
-std::string svgDe(const dessinPlan& dessin, int largeur);
+/// The drawing as an SVG element whose longer side has that many pixels, for a page in Windows-1252; empty for nothing
+/// drawn.
+std::string svgDe(const dessinPlan& dessin, int cote);

@@ -59,6 +59,15 @@ TEST_F(Implantation, SpreadsAndKeepsTheJob)
     EXPECT_EQ(vela("executer suite.scr --dessin fait.dxf").statut, 0);
 }
 
+TEST_F(Implantation, TellsOfWhatItTakesOtherwise)
+{
+    const nlohmann::json r = velaJson("implantation chantier.dxf --station S1 --stations s1,S2 --repartir --equilibrer "
+                                      "--points 1,2 --hauteur -3 --seuil 1e31");
+    EXPECT_EQ(r["avertissements"].size(), 2U) << r["avertissements"];
+    EXPECT_EQ(r["points"][0]["station"], "S1");
+    EXPECT_EQ(r["points"][1]["station"], "S2") << "S1 is one station, not two";
+}
+
 TEST_F(Implantation, RefusesWhatCannotBe)
 {
     for (const char* const arguments :

@@ -4,6 +4,7 @@
 
 #include "implantation/fichiersAppareil.h"
 #include "implantation/rapportImplantation.h"
+#include "implantation/svgDessin.h"
 #include "implantation/traceImplantation.h"
 
 namespace {
@@ -99,6 +100,12 @@ TEST(FichiersImplantation, SketchNamesWhatCanBeRead)
         EXPECT_GE(texte.emprise().xMin, tout.xMin);
         EXPECT_LE(texte.emprise().xMax, tout.xMax);
     }
+    // All points in one direction: the picture is narrow, and no page long.
+    for (pointImplante& p : r.blocs[0].points)
+        p.x = r.blocs[0].station.station.x;
+    const std::string svg = svgDe(planReduit(r.blocs[0], 100.0, true, {}), 640);
+    const std::string avant = "height=\"";
+    EXPECT_LE(std::stod(svg.substr(svg.find(avant) + avant.size())), 640.0);
 
     // Whose station stands on it has an angle in the list, which must not be taken for one to read.
     pointImplante dessus = modele;
