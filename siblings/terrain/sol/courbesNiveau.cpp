@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "sol/courbesDoublees.h"
+
 namespace {
 
 /// Where a line crosses a side of a triangle.
@@ -60,6 +62,8 @@ private:
         const sommetSol *bas = &sol.debut(t, i), *haut = &sol.fin(t, i);
         if (bas->z > haut->z)
             std::swap(bas, haut);
+        if (haut->z == altitude)
+            return {*haut, t, i};
         const double part = (altitude - bas->z) / (haut->z - bas->z);
         return {{bas->x + part * (haut->x - bas->x), bas->y + part * (haut->y - bas->y)}, t, i};
     }
@@ -173,6 +177,14 @@ void sansRepetition(courbeNiveau& courbe)
         points.pop_back();
 }
 
+/// Whether a line runs from vertex to vertex, as one along a crest does.
+bool parLesSommets(const maillageTerrain& sol, const trace& ligne, double altitude)
+{
+    return std::ranges::all_of(ligne.passages, [&](const passage& p) {
+        return sol.debut(p.triangle, p.cote).z == altitude || sol.fin(p.triangle, p.cote).z == altitude;
+    });
+}
+
 /// The triangles that each altitude passes, by its number from `premier`.
 std::vector<std::vector<int>> traverses(const maillageTerrain& sol, double intervalle, double premier, int nombre)
 {
@@ -206,11 +218,12 @@ std::vector<courbeNiveau> courbesDeNiveau(const maillageTerrain& sol, const dema
     traceur plume(sol);
     for (int k = 0; k < nombre; ++k) {
         const double altitude = (premier + k) * demande.intervalle;
+        courbesDoublees cretes;
         for (const trace& ligne : plume.tracer(altitude, k, parNiveau[static_cast<std::size_t>(k)])) {
             courbeNiveau courbe{altitude, ligne.fermee,
                                 demande.lisser ? lissee(sol, ligne, demande.intervalle) : brute(ligne)};
             sansRepetition(courbe);
-            if (courbe.points.size() > 1)
+            if (courbe.points.size() > 1 && (!parLesSommets(sol, ligne, altitude) || cretes.garder(courbe)))
                 courbes.push_back(std::move(courbe));
         }
     }

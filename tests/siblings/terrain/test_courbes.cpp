@@ -103,6 +103,29 @@ TEST(Courbes, flatGroundAndPlateausGiveTheirRim)
     EXPECT_EQ(courbes[1].altitude, 10.0);
 }
 
+// The crest of a dyke at the very altitude of a line was drawn twice, its texts one upon the other.
+TEST(Courbes, aCrestAtTheAltitudeIsOneLine)
+{
+    const auto digue = [](double debut, double fin) { // its crest at 10 from `debut` to `fin`, its foot at 0
+        semisTerrain semis;
+        for (const double y : {-20.0, 20.0})
+            for (const double x : {-30.0, 130.0})
+                semis.points.push_back({lambert(x, y), 0.0});
+        semis.lignes.push_back({semisTerrain::genre::rupture,
+                                {{lambert(debut, 0), 10.0}, {lambert(50, 3), 10.0}, {lambert(fin, 0), 10.0}}});
+        return trianguler(semis).maillage;
+    };
+    for (const bool lisser : {false, true}) {
+        const auto dedans = courbesDeNiveau(digue(0, 100), {5.0, lisser});
+        ASSERT_EQ(dedans.size(), 2U) << "one at 5, the crest at 10";
+        EXPECT_TRUE(dedans[0].fermee);
+        EXPECT_FALSE(dedans[1].fermee);
+        EXPECT_EQ(dedans[1].points.size(), 3U);
+        const auto entiere = courbesDeNiveau(digue(-30, 130), {5.0, lisser});
+        EXPECT_EQ(std::ranges::count(entiere, 10.0, &courbeNiveau::altitude), 1) << "from rim to rim";
+    }
+}
+
 TEST(Courbes, textsFollowTheLineUphill)
 {
     courbeNiveau droite{12.0, false, {lambert(0, 0), lambert(30, 0), lambert(30, 30)}};
