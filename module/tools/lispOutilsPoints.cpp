@@ -37,9 +37,9 @@ int lispPointsParDecalage()
         DlgPointsDecalage dialogue(table);
         if (dialogue.exec() != QDialog::Accepted)
             return;
-        creerPoints(table, dialogue.points(), dialogue.code());
         for (const double abscisse : dialogue.absentes())
             acutPrintf(L"\nLa polyligne n'a pas d'abscisse %.3f", abscisse);
+        creerPoints(table, dialogue.points(), dialogue.code());
     });
 }
 
