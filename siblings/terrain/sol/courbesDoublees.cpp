@@ -22,7 +22,8 @@ void ouvrirAllerRetour(courbeNiveau& courbe)
             ++i;
         if (i < nombre / 2)
             continue;
-        std::ranges::rotate(courbe.points, courbe.points.begin() + static_cast<std::ptrdiff_t>(bout));
+        std::rotate(courbe.points.begin(), courbe.points.begin() + static_cast<std::ptrdiff_t>(bout),
+                    courbe.points.end());
         courbe.points.resize(nombre / 2 + 1);
         courbe.fermee = false;
         return;
@@ -34,7 +35,7 @@ std::vector<lieuSol> forme(const courbeNiveau& courbe)
 {
     std::vector<lieuSol> points = courbe.points;
     if (courbe.fermee)
-        std::ranges::rotate(points, std::ranges::min_element(points, lieuAvant));
+        std::rotate(points.begin(), std::ranges::min_element(points, lieuAvant), points.end());
     const auto premier = points.begin() + (courbe.fermee ? 1 : 0);
     if (premier != points.end() && lieuAvant(points.back(), *premier))
         std::reverse(premier, points.end());
