@@ -5,6 +5,7 @@
 #include "codification/DlgTableLegendes.h"
 #include "services/argumentsLisp.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
 
 #include "aced.h"
 #include "acutads.h"
@@ -32,5 +33,7 @@ int lispTablegendes()
     const CAcadUndoGroup groupe;
     if (dessinerLegende(dialogue.choisis(), dialogue.parametres(), {place[0], place[1], place[2]}) == 0)
         acutPrintf(L"\nAucun bloc choisi : il n'y a pas de légende à dessiner");
+    else
+        signalerCalqueCourantVerrouille();
     return RTNORM;
 }

@@ -37,7 +37,7 @@ constexpr commande commandes[] = {
 
 /// The first group keeps its thirteen: what came later stands here.
 constexpr commande commandesVela[] = {
-    {L"VLTRANSFORMER", ACRX_CMD_MODAL, commandeTransformer},
+    {L"VLTRANSFORMER", ACRX_CMD_USEPICKSET, commandeTransformer},
     {L"VLSUPERPOS", ACRX_CMD_MODAL, commandeSuperpositions},
     {L"VLAXE", ACRX_CMD_MODAL, commandeAxe},
 };

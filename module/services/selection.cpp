@@ -93,7 +93,9 @@ bool redemanderSelection(const wchar_t* message, const wchar_t* type, std::vecto
 
 std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type)
 {
-    return choisir(L"I", nullptr, {{static_cast<short>(0), type}});
+    std::vector<AcDbObjectId> choisis = choisir(L"I", nullptr, {{static_cast<short>(0), type}});
+    acedSSSetFirst(nullptr, nullptr); // it would answer the next request in the user's place
+    return choisis;
 }
 
 AcDbObjectId designerEntite(const wchar_t* message)

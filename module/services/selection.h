@@ -22,7 +22,8 @@ std::vector<AcDbObjectId> demanderSelection(const wchar_t* message,
 /// The same, for a dialog that asks again. @return false when the user cancelled: `ids` are as they were.
 bool redemanderSelection(const wchar_t* message, const wchar_t* type, std::vector<AcDbObjectId>& ids);
 
-/// The entities whose kind is `type` among those that were selected before the command.
+/// The entities whose kind is `type` among those that were selected before the command. They are taken: nothing is
+/// selected any more.
 std::vector<AcDbObjectId> selectionPrealable(const wchar_t* type);
 
 /// Asks the user for one entity. @return null when none was picked.

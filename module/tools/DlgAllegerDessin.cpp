@@ -27,12 +27,14 @@ std::wstring enListe(const std::vector<std::wstring>& noms)
 
 } // namespace
 
-DlgAllegerDessin::DlgAllegerDessin() :
+DlgAllegerDessin::DlgAllegerDessin(std::vector<AcDbObjectId> lesObjets) :
     m_ui(disposer<Ui::DlgAllegerDessin>(*this)),
-    m_modele({"Ce qui peut partir", "Lesquels", "Nombre"}, 2, [this](int ligne, int colonne) {
-        const compte& c = m_comptes[static_cast<std::size_t>(ligne)];
-        return colonne == 0 ? std::wstring(c.quoi) : colonne == 1 ? c.noms : std::to_wstring(c.nombre);
-    })
+    m_modele({"Ce qui peut partir", "Lesquels", "Nombre"}, 2,
+             [this](int ligne, int colonne) {
+                 const compte& c = m_comptes[static_cast<std::size_t>(ligne)];
+                 return colonne == 0 ? std::wstring(c.quoi) : colonne == 1 ? c.noms : std::to_wstring(c.nombre);
+             }),
+    m_objets(std::move(lesObjets))
 {
     preparerTableau(*m_ui->liste, m_modele);
     m_ui->editCalques->setPlaceholderText(QStringLiteral("tous ; ou BATI*, VOIRIE"));
@@ -41,6 +43,7 @@ DlgAllegerDessin::DlgAllegerDessin() :
     connect(m_ui->boutonRapport, &QPushButton::clicked, this, [this] { montrerRapport(); });
     connect(m_ui->boutonAppliquer, &QPushButton::clicked, this, [this] { appliquer(); });
     connect(m_ui->boutonFermer, &QPushButton::clicked, this, &QDialog::accept);
+    montrerObjets();
     oublier();
 }
 
@@ -55,10 +58,16 @@ void DlgAllegerDessin::oublier()
 
 void DlgAllegerDessin::designer()
 {
-    saisirDansDessin([this] { return redemanderSelection(L"\nSélectionner objets", L"*", m_objets); });
+    if (!saisirDansDessin([this] { return redemanderSelection(L"\nSélectionner objets", L"*", m_objets); }))
+        return;
+    montrerObjets();
+    oublier();
+}
+
+void DlgAllegerDessin::montrerObjets()
+{
     m_ui->labelObjets->setText(m_objets.empty() ? QStringLiteral("tout le dessin")
                                                 : QStringLiteral("%1 objet(s)").arg(m_objets.size()));
-    oublier();
 }
 
 void DlgAllegerDessin::analyser()

@@ -17,7 +17,7 @@ class DlgAllegerDessin : public dialogueModule {
     Q_OBJECT
 
 public:
-    DlgAllegerDessin();
+    explicit DlgAllegerDessin(std::vector<AcDbObjectId> lesObjets);
     ~DlgAllegerDessin() override;
 
 private:
@@ -28,6 +28,7 @@ private:
     };
 
     void designer();
+    void montrerObjets();
     void analyser();
     void oublier();
     void montrerRapport();

@@ -4,6 +4,7 @@
 
 #include "geometrie/axeDeCourbe.h"
 #include "reports/resultPolygo.h"
+#include "services/calqueVerrouille.h"
 #include "services/dialogueCellules.h"
 #include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
@@ -19,8 +20,9 @@
 
 namespace {
 
-constexpr int parParametre = 1; // in the list of what clothoids are given by
+enum donneeClothoide { parLongueur, parParametre }; // what clothoids are given by
 constexpr int nombreColonnes = 5;
+constexpr double longueurAuPlus = 1e36; // as in every field
 
 std::vector<point2> sommetsDesignes()
 {
@@ -70,6 +72,19 @@ std::optional<std::vector<equationAbscisse>> lireEquations(const QString& texte)
     return equations;
 }
 
+QString abscisseEcrite(double valeur)
+{
+    return QString::number(valeur, 'g', 15);
+}
+
+QString equationsEcrites(const std::vector<equationAbscisse>& equations)
+{
+    QStringList pieces;
+    for (const equationAbscisse& e : equations)
+        pieces << abscisseEcrite(e.arriere) + u'=' + abscisseEcrite(e.avant);
+    return pieces.join(QStringLiteral("; "));
+}
+
 /// The first equation that lies before the one it follows, or beyond the end: numbering would leave it out.
 std::optional<equationAbscisse> equationHorsDeLAxe(const axeEnregistre& complet)
 {
@@ -116,13 +131,18 @@ void DlgAxe::designerSommets()
 
 void DlgAxe::prendrePolyligne()
 {
-    const axe ligne = designerLigne().suivie;
-    if (ligne.vide())
+    const ligneDesignee ligne = designerLigne();
+    if (ligne.suivie.vide())
         return;
-    m_sommets.clear();
-    for (const elementAxe& e : ligne.elements())
-        m_sommets.push_back({e.debut});
-    m_sommets.push_back({ligne.pointA(ligne.longueur())});
+    auto sommets = sommetsDeLAxe(ligne.suivie);
+    if (const auto* const raison = std::get_if<std::wstring>(&sommets))
+        return avertirErreur(*raison);
+    m_sommets = std::get<std::vector<sommetAlignement>>(std::move(sommets));
+    if (const auto enregistre = lireAxeEnregistre(ligne.entite)) {
+        m_ui->editOrigine->setText(abscisseEcrite(enregistre->origine));
+        m_ui->editEquations->setText(equationsEcrites(enregistre->equations));
+    }
+    m_ui->comboClothoides->setCurrentIndex(parLongueur);
     montrer();
 }
 
@@ -142,10 +162,10 @@ void DlgAxe::lireCellule(int rang, int colonne)
     bool entier = false;
     const bool rien = texte.empty() && colonne > 1; // no curve; a corner has a place
     const double valeur = rien ? 0.0 : reelDeTexte(texte, &entier);
-    if ((entier || rien) && std::isfinite(valeur))
+    if ((entier || rien) && std::abs(valeur) <= longueurAuPlus)
         valeurDe(m_sommets[static_cast<std::size_t>(rang)], colonne) = valeur;
     else
-        avertirErreur(pasUnNombre(texte));
+        avertirErreur(entier ? L"« " + texte + L" » est trop grand." : pasUnNombre(texte));
     montrer();
 }
 
@@ -230,7 +250,8 @@ void DlgAxe::dessiner()
     if (complet.ligne.longueur() / dessin.pasEcritures > 1e5)
         return avertirErreur(L"Pas des écritures trop petit : cela ferait plus de cent mille textes.");
     if (!placerAxe(complet, dessin))
-        avertirErreur(L"L'axe n'a pas pu être dessiné.");
+        return avertirErreur(L"L'axe n'a pas pu être dessiné.");
+    signalerCalqueCourantVerrouille();
 }
 
 void commandeAxe()

@@ -1,5 +1,7 @@
 #include "tools/DlgPointsDecalage.h"
 
+#include <algorithm>
+
 #include "points/listePointsDuDessin.h"
 #include "points/numeroteurEntier.h"
 #include "services/dialogueChamps.h"
@@ -12,6 +14,7 @@
 namespace {
 
 constexpr double pointsAuPlus = 1e6; // a step typed wrong would fill the memory
+constexpr double longueurMax = 1e36; // as in every field: 1e38 is an unknown coordinate
 
 std::wstring observationDe(const pointDecale& p)
 {
@@ -36,12 +39,15 @@ bool DlgPointsDecalage::lireListe(QLineEdit& champ, const wchar_t* nomme, std::v
 {
     std::wstring faute;
     const auto lus = nombresListes(champ.text().toStdWString(), faute);
-    if (lus && !lus->empty()) {
+    const auto demesure = [](double valeur) { return std::abs(valeur) > longueurMax; };
+    if (lus && !lus->empty() && std::ranges::none_of(*lus, demesure)) {
         nombres = *lus;
         return true;
     }
-    avertirErreur(lus ? std::wstring(nomme) + L" : donnez au moins un nombre."
-                      : std::wstring(nomme) + L" : " + pasUnNombre(faute));
+    avertirErreur(std::wstring(nomme) + L" : " +
+                  (!lus           ? pasUnNombre(faute)
+                   : lus->empty() ? std::wstring(L"donnez au moins un nombre.")
+                                  : std::wstring(L"un nombre est trop grand.")));
     champ.setFocus();
     return false;
 }
@@ -53,7 +59,8 @@ bool DlgPointsDecalage::lireDemande(demandeDecalage& demande) const
                     : m_ui->radioAbscisses->isChecked() ? mode::abscisses
                                                         : mode::sommets;
     demande.altitudes = m_ui->caseAltitudes->isChecked();
-    if (demande.choix == mode::intervalle && !lireChamp(*m_ui->editPas, L"l'intervalle", demande.pas, 1e-6, 1e36))
+    if (demande.choix == mode::intervalle &&
+        !lireChamp(*m_ui->editPas, L"l'intervalle", demande.pas, 1e-6, longueurMax))
         return false;
     if (demande.choix == mode::abscisses && !lireListe(*m_ui->editAbscisses, L"Abscisses", demande.listees))
         return false;
@@ -74,9 +81,10 @@ bool DlgPointsDecalage::nommer(const std::vector<pointDecale>& decales)
     m_points.clear();
     for (const pointDecale& p : decales)
         m_points.push_back({{noms.nomSuivant(), p.place}, observationDe(p)});
-    if (m_points.empty() || m_points.back().point.nom.size() <= pointDuDessin::longueurNom)
+    const std::wstring refus = refusDesNoms(m_points);
+    if (refus.empty())
         return true;
-    avertirErreur(L"Le nom d'un point a neuf caractères au plus : « " + m_points.back().point.nom + L" » en a trop.");
+    avertirErreur(refus);
     m_ui->editPrefixe->setFocus();
     return false;
 }

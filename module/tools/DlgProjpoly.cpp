@@ -92,6 +92,8 @@ void DlgProjpoly::placerPieds()
     std::vector<pointACreer> pieds;
     for (const pointProjete& p : m_projetes)
         pieds.push_back({{std::to_wstring(++numero), p.pied.pied}, p.point.nom});
+    if (const std::wstring refus = refusDesNoms(pieds); !refus.empty())
+        return avertirErreur(refus);
     creerPoints(m_table, pieds, code);
     m_ui->boutonPlacer->setEnabled(false); // twice would double them
 }

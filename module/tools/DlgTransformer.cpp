@@ -25,6 +25,7 @@ namespace {
 
 enum colonne { nom, xSource, ySource, xCible, yCible, poids, vx, vy, ecart, norme2, nombreColonnes };
 constexpr std::size_t apercuAuPlus = 5000;
+constexpr double valeurMax = 1e36; // as in every field
 
 std::optional<couplePoints> coupleDesigne()
 {
@@ -87,7 +88,10 @@ QString texteDe(couplePoints couple, const ecartCouple* e, int quelle)
 
 } // namespace
 
-DlgTransformer::DlgTransformer(projetsTopo& leProjet) : m_ui(std::make_unique<Ui::DlgTransformer>()), m_projet(leProjet)
+DlgTransformer::DlgTransformer(projetsTopo& leProjet, std::vector<AcDbObjectId> lesObjets) :
+    m_ui(std::make_unique<Ui::DlgTransformer>()),
+    m_projet(leProjet),
+    m_objets(std::move(lesObjets))
 {
     m_ui->setupUi(this);
     preparerListe(*m_ui->liste,
@@ -112,6 +116,7 @@ DlgTransformer::DlgTransformer(projetsTopo& leProjet) : m_ui(std::make_unique<Ui
     connect(m_ui->boutonRapport, &QPushButton::clicked, this, [this] { montrerRapport(); });
     connect(m_ui->boutonAppliquer, &QPushButton::clicked, this, [this] { appliquer(); });
     connect(m_ui->boutonFermer, &QPushButton::clicked, this, &QDialog::accept);
+    montrerObjets();
     recalculer();
 }
 
@@ -172,9 +177,16 @@ void DlgTransformer::supprimerCouples()
 
 void DlgTransformer::designerObjets()
 {
-    saisirDansDessin([this] { return redemanderSelection(L"\nSélectionner objets", L"*", m_objets); });
-    m_ui->labelObjets->setText(QStringLiteral("%1 objet(s)").arg(m_objets.size()));
+    if (!saisirDansDessin([this] { return redemanderSelection(L"\nSélectionner objets", L"*", m_objets); }))
+        return;
     m_ui->boutonApercu->setChecked(false);
+    montrerObjets();
+}
+
+void DlgTransformer::montrerObjets()
+{
+    m_ui->labelObjets->setText(m_objets.empty() ? QStringLiteral("aucun objet")
+                                                : QStringLiteral("%1 objet(s)").arg(m_objets.size()));
 }
 
 void DlgTransformer::lireCellule(int ligne, int quelle)
@@ -189,7 +201,7 @@ void DlgTransformer::lireCellule(int ligne, int quelle)
         couple.actif = item.checkState() == Qt::Checked;
     } else if (quelle <= poids) {
         const double valeur = reelDeTexte(item.text().toStdWString(), &entier);
-        if (entier && std::isfinite(valeur) && (quelle < poids || valeur > 0.0))
+        if (entier && std::abs(valeur) <= valeurMax && (quelle < poids || valeur > 0.0))
             valeurDe(couple, quelle) = valeur;
         else
             avertirErreur(L"« " + item.text().toStdWString() +
@@ -274,12 +286,12 @@ void DlgTransformer::appliquer()
     if (bilan.refuses > 0)
         acutPrintf(L"\n%d objet(s) ne peuvent pas suivre cette transformation : ils sont rest\u00e9s.", bilan.refuses);
     m_objets.clear(); // twice would move them twice
-    m_ui->labelObjets->setText(QStringLiteral("aucun objet"));
+    montrerObjets();
     m_ui->casePoints->setChecked(false);
 }
 
 void commandeTransformer()
 {
     if (tablesPoints && tableCourante() && dialoguesPossibles())
-        DlgTransformer(*tablesPoints).exec();
+        DlgTransformer(*tablesPoints, selectionPrealable(L"*")).exec();
 }

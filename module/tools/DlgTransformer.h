@@ -22,7 +22,7 @@ class DlgTransformer : public dialogueModule {
     Q_OBJECT
 
 public:
-    explicit DlgTransformer(projetsTopo& leProjet);
+    DlgTransformer(projetsTopo& leProjet, std::vector<AcDbObjectId> lesObjets);
     ~DlgTransformer() override;
 
 private:
@@ -30,6 +30,7 @@ private:
     void ajouterHomonymes();
     void supprimerCouples();
     void designerObjets();
+    void montrerObjets();
     void ajouter(couplePoints couple);
     /// Takes a cell that the user changed; one that is no number comes back as it was.
     void lireCellule(int ligne, int colonne);

@@ -1,5 +1,7 @@
 #include "tools/alignement.h"
 
+#include <numbers>
+
 #include "geometrie/clothoide.h"
 #include "services/formatNombres.h"
 
@@ -98,6 +100,55 @@ std::wstring refus(std::span<const sommetAlignement> sommets, std::span<const po
     return {};
 }
 
+/// The elements of one corner: an arc, the clothoids before and after it; at least one of the three.
+struct virage {
+    double rayon = 0.0, entree = 0.0, sortie = 0.0;
+    double angle = 0.0; ///< turned in all
+    std::size_t elements = 0;
+};
+
+virage virageDe(std::span<const elementAxe> suite)
+{
+    virage v;
+    double courbure = 0.0;
+    const auto prendre = [&](double longueur) {
+        const elementAxe& e = suite[v.elements++];
+        v.angle += std::abs(e.courbureDebut + e.courbureFin) / 2.0 * e.longueur;
+        return longueur;
+    };
+    const auto suit = [&] { // in the same curve
+        if (v.elements == suite.size())
+            return false;
+        const double sienne = suite[v.elements].courbureDebut;
+        return v.elements == 0 || std::abs(sienne - courbure) < 1e-9 * std::abs(courbure);
+    };
+    if (const elementAxe& e = suite.front(); e.courbureDebut == 0.0) {
+        courbure = e.courbureFin;
+        v.entree = prendre(e.longueur);
+    } else {
+        courbure = e.courbureDebut;
+    }
+    if (suit() && suite[v.elements].estArc())
+        prendre(0.0);
+    if (suit() && suite[v.elements].courbureFin == 0.0)
+        v.sortie = prendre(suite[v.elements].longueur);
+    v.rayon = 1.0 / std::abs(courbure);
+    return v;
+}
+
+/// Where the tangents at two places of a curve cross; it turns less than half a turn between them.
+point2 croisementTangentes(const elementAxe& e, double de, const elementAxe& f, double a)
+{
+    const point2 p = e.pointA(de), u = e.directionA(de), v = f.directionA(a);
+    return p + u * (vectoriel(f.pointA(a) - p, v) / vectoriel(u, v));
+}
+
+bool tangents(const elementAxe& e, const elementAxe& suivant)
+{
+    const point2 u = e.directionA(e.longueur);
+    return std::abs(vectoriel(u, suivant.direction)) < 1e-7 && scalaire(u, suivant.direction) > 0.0;
+}
+
 } // namespace
 
 std::variant<axe, std::wstring> tracerAlignement(std::span<const sommetAlignement> sommets)
@@ -139,4 +190,34 @@ std::variant<axe, std::wstring> tracerAlignement(std::span<const sommetAlignemen
         suite.ajouter(s.sortie, courbure, 0.0);
     }
     return axe(suite.elements());
+}
+
+std::variant<std::vector<sommetAlignement>, std::wstring> sommetsDeLAxe(const axe& ligne)
+{
+    constexpr double deviationMax = 0.9 * std::numbers::pi; // beyond, tangents cross too far away
+    const std::span<const elementAxe> elements = ligne.elements();
+    std::vector<sommetAlignement> sommets;
+    for (std::size_t i = 0; i < elements.size();) {
+        const elementAxe& e = elements[i];
+        if (i == 0 || (e.estDroit() && elements[i - 1].estDroit()) || !tangents(elements[i - 1], e))
+            sommets.push_back({e.debut});
+        if (e.estDroit()) {
+            ++i;
+            continue;
+        }
+        const virage v = virageDe(elements.subspan(i));
+        const bool arcSeul = v.entree == 0.0 && v.sortie == 0.0;
+        if (v.elements == 0 || (!arcSeul && v.angle > deviationMax))
+            return L"L'élément " + std::to_wstring(i + 1) + L" n'est pas d'un arc entre deux clothoïdes.";
+        const double parts = std::ceil(v.angle / deviationMax);
+        const elementAxe& dernier = elements[i + v.elements - 1];
+        for (double k = 0.0; k < parts; k += 1.0) {
+            const double de = e.longueur * k / parts, a = dernier.longueur * (k + 1.0) / parts;
+            sommets.push_back({croisementTangentes(e, de, dernier, a), v.rayon, v.entree, v.sortie});
+        }
+        i += v.elements;
+    }
+    if (!ligne.vide())
+        sommets.push_back({ligne.pointA(ligne.longueur())});
+    return sommets;
 }

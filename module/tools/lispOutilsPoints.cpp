@@ -2,6 +2,7 @@
 
 #include "points/projetDansDessin.h"
 #include "services/argumentsLisp.h"
+#include "services/selection.h"
 #include "tools/DlgAjusterZ.h"
 #include "tools/DlgAllegerDessin.h"
 #include "tools/DlgDeportPoints.h"
@@ -64,6 +65,6 @@ int lispAllegerDessin()
     if (!argumentsLisp().fini())
         return refuserParametres();
     if (dialoguesPossibles())
-        DlgAllegerDessin().exec();
+        DlgAllegerDessin(selectionPrealable(L"*")).exec();
     return RTNORM;
 }

@@ -20,6 +20,19 @@ std::vector<pointNomme> pointsNommes(const listePointsDuDessin& table, std::span
     return points;
 }
 
+std::wstring refusDesNoms(std::span<const pointACreer> points)
+{
+    for (const pointACreer& voulu : points) {
+        const std::wstring& nom = voulu.point.nom;
+        bool entier = true;
+        if (nom.size() > pointDuDessin::longueurNom)
+            return L"Le nom d'un point a neuf caractères au plus : « " + nom + L" » en a trop.";
+        if (versAnsi(nom, &entier); !entier)
+            return L"« " + nom + L" » a un caractère que le nom d'un point ne peut pas avoir.";
+    }
+    return {};
+}
+
 void creerPoints(listePointsDuDessin& table, std::span<const pointACreer> points, int code)
 {
     const CAcadUndoGroup groupe;

@@ -17,6 +17,8 @@ struct pointACreer {
     pointNomme point;
     std::wstring observation;
 };
+/// Why a table cannot keep their names: too long, or a character that it has not. Empty when it can.
+std::wstring refusDesNoms(std::span<const pointACreer> points);
 /// Appends them to the table and draws their symbols.
 void creerPoints(listePointsDuDessin& table, std::span<const pointACreer> points, int code);
 

@@ -41,6 +41,42 @@ TEST(alignement, elementsJoinWithUnequalClothoids)
     EXPECT_LT(norme(a.pointA(a.longueur()) - s[4].place), 1e-7);
 }
 
+// Corners found again from what was laid out, and from lines drawn otherwise: half a turn, a whole one, an arc that its
+// neighbours do not touch as tangents.
+TEST(alignement, cornersOfALine)
+{
+    const sommetAlignement pose[] = {
+        {{1650000, 8180000}}, {{1650400, 8180100}, 150, 60, 90}, {{1650600, 8179700}, 120, 0, 50},
+        {{1650800, 8179700}}, {{1651000, 8179800}, 200, 70, 0},  {{1651300, 8180300}}};
+    const auto trouves = sommetsDeLAxe(std::get<axe>(tracerAlignement(pose)));
+    const auto& sommets = std::get<std::vector<sommetAlignement>>(trouves);
+    ASSERT_EQ(sommets.size(), std::size(pose));
+    for (std::size_t i = 0; i < sommets.size(); ++i) {
+        EXPECT_LT(norme(sommets[i].place - pose[i].place), 1e-6) << i;
+        EXPECT_NEAR(sommets[i].rayon, pose[i].rayon, 1e-6) << i;
+        EXPECT_NEAR(sommets[i].entree, pose[i].entree, 1e-6) << i;
+        EXPECT_NEAR(sommets[i].sortie, pose[i].sortie, 1e-6) << i;
+    }
+    const std::vector<sommetAxe> lignes[] = {
+        {{{0, 0}, 0}, {{200, 0}, 1}, {{200, 100}, 0}, {{0, 100}, 0}},
+        {{{0, 0}, 1}, {{100, 0}, 1}, {{0, 0}, 0}},
+        {{{0, 0}, 0}, {{100, 0}, -0.5}, {{200, 0}, 0.2}, {{250, 80}, 0}, {{300, 80}, 0}, {{400, 80}, 0}},
+    };
+    for (const std::vector<sommetAxe>& ligne : lignes) {
+        const axe a = axe::deSommets(ligne, false);
+        const auto refait = tracerAlignement(std::get<std::vector<sommetAlignement>>(sommetsDeLAxe(a)));
+        ASSERT_TRUE(std::holds_alternative<axe>(refait)) << ligne.size();
+        EXPECT_NEAR(std::get<axe>(refait).longueur(), a.longueur(), 1e-6);
+        for (double s = 0.0; s < a.longueur(); s += 10.0)
+            EXPECT_LT(norme(std::get<axe>(refait).pointA(s) - a.pointA(s)), 1e-6) << ligne.size() << ' ' << s;
+    }
+    elementAxe ove;
+    ove.longueur = 50;
+    ove.courbureDebut = 0.01;
+    ove.courbureFin = 0.02;
+    EXPECT_TRUE(std::holds_alternative<std::wstring>(sommetsDeLAxe(axe({ove}))));
+}
+
 TEST(alignement, refusesWhatCannotBe)
 {
     struct row {
