@@ -44,7 +44,8 @@ std::vector<double> abscisses::jalons(double pas, double fin) const
     for (std::size_t i = 0; i < m_troncons.size(); ++i) {
         const troncon& t = m_troncons[i];
         const double bout = finDe(i, fin);
-        for (double k = std::ceil(t.abscisse / pas - 1e-9);; k += 1.0) {
+        double k = std::ceil(t.abscisse / pas - 1e-9);
+        for (; k + 1.0 > k; k += 1.0) { // no more where chainages are too great to tell multiples apart
             const double longueur = t.longueur + (k * pas - t.abscisse);
             if (longueur > bout + 1e-9 || (i + 1 < m_troncons.size() && longueur >= bout))
                 break;

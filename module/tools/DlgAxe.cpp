@@ -85,6 +85,15 @@ QString equationsEcrites(const std::vector<equationAbscisse>& equations)
     return pieces.join(QStringLiteral("; "));
 }
 
+/// Chords that clothoids are drawn with.
+double cordesDe(const axe& ligne, double fleche)
+{
+    double cordes = 0.0;
+    for (const elementAxe& e : ligne.elements())
+        cordes += e.estDroit() || e.estArc() ? 0.0 : nombreCordes(e, fleche);
+    return cordes;
+}
+
 /// The first equation that lies before the one it follows, or beyond the end: numbering would leave it out.
 std::optional<equationAbscisse> equationHorsDeLAxe(const axeEnregistre& complet)
 {
@@ -249,6 +258,8 @@ void DlgAxe::dessiner()
         return;
     if (complet.ligne.longueur() / dessin.pasEcritures > 1e5)
         return avertirErreur(L"Pas des écritures trop petit : cela ferait plus de cent mille textes.");
+    if (cordesDe(complet.ligne, dessin.fleche) > 1e5)
+        return avertirErreur(L"Erreur de corde trop petite : les clothoïdes auraient plus de cent mille cordes.");
     if (!placerAxe(complet, dessin))
         return avertirErreur(L"L'axe n'a pas pu être dessiné.");
     signalerCalqueCourantVerrouille();

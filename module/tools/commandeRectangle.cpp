@@ -1,5 +1,7 @@
 #include "tools/commandeRectangle.h"
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
 #include <optional>
 
@@ -38,7 +40,7 @@ public:
         setUserInputControls(kAccept3dCoordinates);
     }
 
-    /// @return whether the user settled a rectangle.
+    /// @return whether the user settled a rectangle. One whose corners are no numbers could not be saved.
     bool derouler()
     {
         for (;;) {
@@ -48,7 +50,8 @@ public:
             switch (drag()) {
             case kNormal:
                 if (m_etat >= etatRectangle::cote)
-                    return true;
+                    return std::ranges::all_of(m_rectangle.sommets(),
+                                               [](point2 p) { return std::isfinite(p.x + p.y); });
                 m_etat = m_etat == etatRectangle::origine ? etatRectangle::rotation : etatRectangle::cote;
                 break;
             case kKW1:

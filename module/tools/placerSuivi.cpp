@@ -23,6 +23,20 @@ AcGePoint3d imageDe(const AcGePoint3d& place, const AcGeMatrix3d& matrice)
     return image.transformBy(matrice);
 }
 
+/// Whether its places stay numbers: with others the drawing could not be saved.
+bool resteFini(const AcDbEntity& entite, const AcGeMatrix3d& matrice)
+{
+    AcDbExtents etendue;
+    if (entite.getGeomExtents(etendue) != Acad::eOk)
+        return true;
+    const AcGePoint3d bas = etendue.minPoint(), haut = etendue.maxPoint();
+    const auto fini = [&matrice](double x, double y) {
+        const AcGePoint3d image = imageDe({x, y, 0.0}, matrice);
+        return std::isfinite(image.x) && std::isfinite(image.y);
+    };
+    return fini(bas.x, bas.y) && fini(bas.x, haut.y) && fini(haut.x, bas.y) && fini(haut.x, haut.y);
+}
+
 /// Where the entity stands, of those that may follow by their place. A circle that bears data of programs does too: an
 /// ellipse in its stead would leave the data behind, and the tree or the post that it is an obstacle for.
 std::optional<AcGePoint3d> placeDe(const AcDbEntity& entite)
@@ -178,6 +192,8 @@ suivi sansChangerDeGenre(const AcDbEntity& entite, const AcGeMatrix3d& matrice)
 
 suivi suiviDe(const AcDbEntity& entite, const AcGeMatrix3d& matrice)
 {
+    if (!resteFini(entite, matrice))
+        return suivi::aucun;
     AcDbEntity* copie = nullptr;
     const bool suit = entite.getTransformedCopy(matrice, copie) == Acad::eOk && copie;
     const std::unique_ptr<AcDbEntity> jumelle(copie);
@@ -188,6 +204,8 @@ suivi suiviDe(const AcDbEntity& entite, const AcGeMatrix3d& matrice)
 
 suivi suivre(AcDbEntity& entite, const AcGeMatrix3d& matrice)
 {
+    if (!resteFini(entite, matrice))
+        return suivi::aucun;
     const suivi fidele = sansChangerDeGenre(entite, matrice);
     if (entite.transformBy(matrice) == Acad::eOk)
         return fidele;

@@ -58,6 +58,8 @@ int transformerPoints(listePointsDuDessin& table, const std::set<int>& choisis, 
         if (!estConnue(p.getX()) || !estConnue(p.getY()))
             continue;
         const point2 place = t.appliquer({p.getX(), p.getY()});
+        if (!std::isfinite(place.x) || !std::isfinite(place.y))
+            continue;
         positions.push_back(i);
         places.push_back({place.x, place.y, p.getZ()});
     }

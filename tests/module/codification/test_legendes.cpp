@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -44,6 +46,17 @@ TEST(Legende, nothingOverlaps)
                 EXPECT_GE(d.lignes[i - 1].milieu.y - l.milieu.y, p.distanceLignes - 1e-9);
             }
         }
+    }
+}
+
+// A drawing may hold them; a legend with places that are no numbers could not be saved.
+TEST(Legende, sizesThatAreNoNumbers)
+{
+    constexpr double infini = std::numeric_limits<double>::infinity();
+    const std::vector<ligneLegende> lignes{{1e-320, 1e-320}, {infini, 1.0}, {1.0, infini}, {0.0, 0.0}};
+    for (const placeLegende& l : disposerLegende(lignes, {}).lignes) {
+        EXPECT_EQ(l.echelle, 1.0);
+        EXPECT_TRUE(std::isfinite(l.milieu.x + l.milieu.y + l.texte.x + l.texte.y));
     }
 }
 

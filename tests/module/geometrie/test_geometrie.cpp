@@ -199,6 +199,7 @@ TEST(abscisses, equations)
     EXPECT_TRUE(a.longueursDe(1270.0, 900.0).empty());
     EXPECT_EQ(a.longueursDe(1450.0, 900.0), (std::vector<double>{400.0, 500.0}));
     EXPECT_EQ(a.jalons(100.0, 600.0), (std::vector<double>{0, 100, 200, 250, 350, 450, 550}));
+    EXPECT_TRUE(abscisses(1e36, {}).jalons(100.0, 600.0).empty()) << "no multiple beyond another";
 }
 
 TEST(douglasPeucker, keepsWhatStrays)
