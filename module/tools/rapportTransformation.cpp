@@ -117,6 +117,8 @@ void ajouterQualite(std::vector<std::wstring>& phrases, std::span<const couplePo
     if (r.pire)
         phrases.push_back(L"Le couple qui s'accorde le moins : " + couples[*r.pire].nom + L" (" +
                           formaterFixe(*r.ecarts[*r.pire].normalise, 1) + L" fois son écart-type)");
+    else if (std::ranges::any_of(r.ecarts, [](const ecartCouple& e) { return e.normalise.has_value(); }))
+        phrases.push_back(L"Le couple qui s'accorde le moins : aucun ne se distingue, il en faudrait un de plus.");
 }
 
 } // namespace

@@ -110,15 +110,19 @@ double cofacteurDuPoint(point2 p, const sommes& s, const cofacteurs& q)
     return 1.0 / s.poids + u.x * u.x * q.x + 2.0 * u.x * u.y * q.xy + u.y * u.y * q.y;
 }
 
+/// Residuals that only rounding left say nothing. With one pair more than are needed the others fit whichever goes: all
+/// stand alike, and rounding would name one of them.
 void juger(std::span<const couplePoints> couples, resultatTransformation& r)
 {
+    constexpr double arrondi = 1e-7;
+    constexpr int unDeTrop = 2; // degrees of freedom
     double pire = 0.0;
     for (std::size_t i = 0; i < couples.size(); ++i) {
         ecartCouple& e = r.ecarts[i];
-        if (!couples[i].actif || !r.s0 || !(*r.s0 > 0.0) || e.redondance < 1e-9)
+        if (!couples[i].actif || !r.s0 || !(*r.s0 > 0.0) || e.redondance < 1e-9 || std::hypot(e.vx, e.vy) < arrondi)
             continue;
         e.normalise = std::hypot(e.vx, e.vy) * std::sqrt(couples[i].poids / e.redondance) / *r.s0;
-        if (*e.normalise > pire) {
+        if (*e.normalise > pire && r.degresDeLiberte > unDeTrop) {
             pire = *e.normalise;
             r.pire = i;
         }

@@ -53,7 +53,7 @@ struct resultatTransformation {
     double sigmaTranslation = 0.0;   ///< of where the origin goes, either axis, for s0 = 1
     double sigmaX = 0.0;             ///< of xx and yx, for s0 = 1; 0 for a translation, which has no such unknown
     double sigmaY = 0.0;             ///< of xy and yy, for s0 = 1
-    std::optional<std::size_t> pire; ///< the pair that fits worst; none without redundancy
+    std::optional<std::size_t> pire; ///< the pair that fits worst; none when none stands out
 };
 
 /// @return what is wrong, in French, when there are too few active pairs, or their places do not tell the

@@ -150,12 +150,16 @@ TEST(transformationPlane, recoversAndNamesTheBlunder)
             const resultatTransformation exacte = reussie(couples, type);
             for (const ecartCouple& e : exacte.ecarts)
                 EXPECT_LT(std::hypot(e.vx, e.vy), 1e-8);
+            EXPECT_FALSE(exacte.pire) << "rounding is nobody's fault";
             for (couplePoints& c : couples)
                 c.cible = c.cible + point2{bruit(hasard), bruit(hasard)};
             couples[5].cible.x += 5.0;
             const resultatTransformation fausse = reussie(couples, type);
             ASSERT_TRUE(fausse.pire);
             EXPECT_EQ(*fausse.pire, 5u);
+            const std::size_t unDeTrop = type == translation ? 2 : type == similitude ? 3 : 4;
+            const std::vector<couplePoints> justes(couples.begin(), couples.begin() + static_cast<int>(unDeTrop));
+            EXPECT_FALSE(reussie(justes, type).pire) << "all stand alike";
             double redondances = 0.0;
             for (const ecartCouple& e : fausse.ecarts)
                 redondances += 2 * e.redondance;
