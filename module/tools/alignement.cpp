@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr double rienDeLong = 1e-9;
+
 /// What a curve takes of the tangents before and after its corner.
 struct raccord {
     double avant = 0.0, apres = 0.0;
@@ -55,7 +57,7 @@ public:
 
     void ajouter(double longueur, double courbureDebut, double courbureFin)
     {
-        if (!(longueur > 1e-9))
+        if (!(longueur > rienDeLong))
             return;
         elementAxe e;
         e.debut = m_place;
@@ -83,9 +85,12 @@ private:
 std::wstring refus(std::span<const sommetAlignement> sommets, std::span<const point2> directions,
                    std::span<const double> longueurs)
 {
-    for (std::size_t i = 0; i < longueurs.size(); ++i)
-        if (!(longueurs[i] > 0.0))
+    for (std::size_t i = 0; i < longueurs.size(); ++i) {
+        if (!(longueurs[i] > rienDeLong))
             return sommetNumero(i + 1) + L"il est au même endroit que le précédent.";
+        if (!std::isfinite(longueurs[i]))
+            return sommetNumero(i + 1) + L"il est trop loin du précédent.";
+    }
     for (std::size_t i = 1; i + 1 < sommets.size(); ++i) {
         const bool retour = scalaire(directions[i - 1], directions[i]) < 0.0 &&
                             std::abs(vectoriel(directions[i - 1], directions[i])) < 1e-9;

@@ -87,6 +87,8 @@ TEST(alignement, refusesWhatCannotBe)
     const row rows[] = {
         {"one corner", {{{0, 0}}}, L"au moins deux"},
         {"two at one place", {{{0, 0}}, {{0, 0}}, {{5, 0}}}, L"Sommet 2"},
+        {"two as good as at one place", {{{0, 0}}, {{1e-12, 0}}}, L"Sommet 2"},
+        {"farther than numbers go", {{{-1e308, 0}}, {{1e308, 0}}}, L"trop loin"},
         {"turns back", {{{0, 0}}, {{10, 0}, 5}, {{5, 0}}}, L"revient"},
         {"does not fit", {{{0, 0}}, {{50, 0}, 100}, {{50, 500}}}, L"il manque 50.000"},
         {"clothoids turn too much", {{{0, 0}}, {{500, 0}, 100, 200, 200}, {{500, 500}}}, L"tournent plus"},
