@@ -365,6 +365,7 @@ int lispImplant2()
     const CAcadUndoGroup groupe;
     travailImplantation travail;
     const bool repris = reprendreTravail(*document->database(), travail);
+    travail.verifierVisibilite(travail.toutes()); // ground and obstacles may have changed since
     travail.dessinerStations();
     CDlgImplantationDirecte(travail).exec();
     travail.effacerTout();

@@ -28,6 +28,13 @@ numerotationImplantation CDlgNumerotation::numerotation() const
             m_ui->editSuffixe->text().toStdWString()};
 }
 
+void CDlgNumerotation::accept()
+{
+    int numero = 0;
+    if (lireEntier(*m_ui->editNumero, L"le num\u00e9ro", numero, 0, numerotationImplantation::plusGrandNumero))
+        QDialog::accept();
+}
+
 void CDlgNumerotation::montrerExemple()
 {
     m_ui->labelExemple->setText(QString::fromStdWString(numerotation().nom()));

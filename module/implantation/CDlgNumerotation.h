@@ -20,6 +20,8 @@ public:
     /// As the fields have it; a number that is none is 0.
     numerotationImplantation numerotation() const;
 
+    void accept() override;
+
 private:
     void montrerExemple();
 

@@ -29,7 +29,6 @@ CDlgParamImplantation::~CDlgParamImplantation() = default;
 
 void CDlgParamImplantation::accept()
 {
-    constexpr int plusGrandNumero = 999999999;
     parametresAxe lus;
     lus.noms.prefixe = m_ui->editPrefixe->text().toStdWString();
     lus.noms.suffixe = m_ui->editSuffixe->text().toStdWString();
@@ -41,7 +40,8 @@ void CDlgParamImplantation::accept()
         avertirErreur(messageCodeIncorrect);
         return m_ui->editCode->setFocus();
     }
-    if (!lireEntier(*m_ui->editNumero, L"le num\u00e9ro de d\u00e9part", lus.noms.numero, 0, plusGrandNumero) ||
+    if (!lireEntier(*m_ui->editNumero, L"le num\u00e9ro de d\u00e9part", lus.noms.numero, 0,
+                    numerotationImplantation::plusGrandNumero) ||
         !lireChamp(*m_ui->editValeur, L"la distance ou l'erreur", lus.choix.valeur))
         return;
     if (!(lus.choix.valeur > 0.0)) {

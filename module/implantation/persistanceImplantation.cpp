@@ -183,7 +183,7 @@ void lireOptions(lu& t, lecture& l)
         *mot = l.entier() != 0;
     t.hauteurStation = l.reel();
     t.numerotation.prefixe = l.texte();
-    t.numerotation.numero = l.entier();
+    t.numerotation.numero = std::clamp(l.entier(), 0, numerotationImplantation::plusGrandNumero);
     t.numerotation.suffixe = l.texte();
 }
 

@@ -278,7 +278,8 @@ private:
             ++recolte.textesLus;
             return;
         }
-        if (ditDesCoordonnees(entite)) {
+        constexpr double plusHaute = 9000.0; // no ground is higher: labels of grids that other programs drew
+        if (*z > plusHaute || ditDesCoordonnees(entite)) {
             ++recolte.coordonnees;
             return;
         }
