@@ -236,19 +236,19 @@ void CDlgImplantationDirecte::suivreAxe()
     if (dialogue.exec() != Accepted)
         return;
     parametresAxe& parametres = parametresDuDernierAxe() = dialogue.parametres();
-    int places = -1;
+    std::optional<bilanAxe> bilan;
     saisirDansDessin([&] {
         ads_name nom;
         ads_point clic;
         AcDbObjectId id;
         if (acedEntSel(L"\nAxe \u00e0 implanter :", nom, clic) == RTNORM && acdbGetObjectId(id, nom) == Acad::eOk)
-            places = implanterAxe(m_travail, id, parametres);
+            bilan = implanterAxe(m_travail, id, parametres);
     });
     rafraichir();
-    if (places == 0)
-        avertirErreur(L"Aucun point : ce n'est pas un axe, ou il en faudrait plus de 100000");
-    else if (places > 0)
-        dire(std::to_wstring(places) + L" point(s) le long de l'axe");
+    if (bilan && !bilan->refus.empty())
+        avertirErreur(bilan->refus);
+    else if (bilan)
+        dire(std::to_wstring(bilan->points) + L" point(s) le long de l'axe");
 }
 
 void CDlgImplantationDirecte::repartirPoints()

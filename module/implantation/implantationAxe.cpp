@@ -4,7 +4,6 @@
 #include "implantation/pointsDuProjet.h"
 #include "implantation/terrainDuDessin.h"
 #include "implantation/travailImplantation.h"
-#include "points/nomsDoubles.h"
 #include "points/numeroteur.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
@@ -15,35 +14,58 @@ parametresAxe& parametresDuDernierAxe()
     return parametres;
 }
 
-int implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, parametresAxe& parametres)
+namespace {
+
+/// As many names that the survey has not yet; the numbering stands after them.
+std::vector<std::wstring> nomsLibres(const listePointsDuDessin& table, std::size_t nombre,
+                                     numerotationImplantation& numerotation)
+{
+    std::vector<std::wstring> noms;
+    while (noms.size() < nombre) {
+        std::wstring nom = numerotation.nom();
+        ++numerotation.numero;
+        int deja = -1;
+        if (nom.size() > pointDuDessin::longueurNom || !table.existPoint(nom.c_str(), deja))
+            noms.push_back(std::move(nom));
+    }
+    return noms;
+}
+
+} // namespace
+
+bilanAxe implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, parametresAxe& parametres)
 {
     listePointsDuDessin* const table = tableCourante();
+    if (!table)
+        return {0, projetAbsent};
     const axe a = axeDeEntite(courbe);
+    if (a.vide())
+        return {0, L"Aucun point : ce n'est pas un axe"};
     const std::vector<double> longueurs = longueursAImplanter(a, parametres.choix);
-    if (longueurs.empty() || !table)
-        return 0;
+    if (longueurs.empty())
+        return {0, L"Aucun point : il en faudrait plus de 100000"};
+    numerotationImplantation suite = parametres.noms;
+    const std::vector<std::wstring> noms = nomsLibres(*table, longueurs.size(), suite);
+    if (noms.back().size() > pointDuDessin::longueurNom)
+        return {0, L"Aucun point : « " + noms.back() + L" » est trop long, le nom d'un point a " +
+                       std::to_wstring(pointDuDessin::longueurNom) + L" caractères au plus"};
+    parametres.noms = suite;
     const CAcadUndoGroup groupe;
     const auto sol = terrainDuDessin();
-    const int avant = table->nbPoint();
-    for (const double longueur : longueurs) {
-        const point2 place = a.pointA(longueur);
-        double z = a.altitudeA(longueur);
+    for (std::size_t i = 0; i < noms.size(); ++i) {
+        const point2 place = a.pointA(longueurs[i]);
+        double z = a.altitudeA(longueurs[i]);
         if (z == inconnu && sol)
             sol->altitude(place, z);
-        int deja = -1;
-        while (table->existPoint(parametres.noms.nom().c_str(), deja)) // a survey has one point of a name
-            ++parametres.noms.numero;
         pointDuDessin point;
-        point.setParams(parametres.noms.nom().c_str(), {place.x, place.y, z}, parametres.code);
-        ++parametres.noms.numero;
+        point.setParams(noms[i].c_str(), {place.x, place.y, z}, parametres.code);
         point.creer(true);
         table->Ajouter(point);
         travail.ajouterPoint(lieuDe(point));
     }
-    direNomsDoubles(*table, avant);
     if (parametres.prefixeSuivant) {
         parametres.noms.prefixe = lettresSuivantes(parametres.noms.prefixe);
         parametres.noms.numero = 1;
     }
-    return static_cast<int>(longueurs.size());
+    return {noms.size(), {}};
 }

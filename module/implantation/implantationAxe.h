@@ -18,7 +18,10 @@ struct parametresAxe {
 /// Those of the last axis.
 parametresAxe& parametresDuDernierAxe();
 
-/// Makes points along a curve, adds them to the current point table with their symbols and to the job. Altitudes are
-/// those of the axis, else of the ground. The numbering of the parameters goes on.
-/// @return how many; 0 for what is no curve, or too many points
-int implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, parametresAxe& parametres);
+struct bilanAxe {
+    std::size_t points = 0;
+    std::wstring refus; ///< why there are none
+};
+/// Makes points along a curve, adds them to the current point table with their symbols and to the job: all of them, or
+/// none. Altitudes are those of the axis, else of the ground. The numbering of the parameters goes on.
+bilanAxe implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, parametresAxe& parametres);
