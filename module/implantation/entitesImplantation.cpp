@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "codification/donneesEtendues.h"
-#include "points/entiteDuPoint.h"
 #include "services/calqueNomme.h"
 #include "services/chaineResbuf.h"
 #include "services/espaceObjet.h"
@@ -79,9 +78,15 @@ entites entitesDe(const dessinPlan& dessin)
     return liste;
 }
 
+/// What the job drew itself: a lock on its layer must not leave previews behind.
+class entitePropre : public AcDbObjectPointer<AcDbEntity> {
+public:
+    explicit entitePropre(const AcDbObjectId& id) : AcDbObjectPointer(id, AcDb::kForWrite, false, true) {}
+};
+
 void marquer(const AcDbObjectId& id, const marqueImplantation& marque)
 {
-    const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite);
+    const entitePropre entite(id);
     if (entite.openStatus() != Acad::eOk)
         return;
     chaineResbuf donnees;
@@ -171,6 +176,7 @@ AcDbObjectId dessinerGroupe(const dessinPlan& dessin, const std::wstring& nom)
 void effacerEntites(std::vector<AcDbObjectId>& ids)
 {
     for (const AcDbObjectId& id : ids)
-        effacerEntite(id);
+        if (const entitePropre entite(id); entite.openStatus() == Acad::eOk)
+            entite->erase();
     ids.clear();
 }

@@ -111,11 +111,12 @@ std::vector<AcDbObjectId> traces(AcDbObjectId modele, trace nature)
     return trouvees;
 }
 
+/// On locked layers too: what is drawn anew would stand on top of what was.
 int effacer(const std::vector<AcDbObjectId>& ids)
 {
     int effacees = 0;
     for (const AcDbObjectId& id : ids) {
-        const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite);
+        const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForWrite, false, true);
         effacees += entite.openStatus() == Acad::eOk && entite->erase() == Acad::eOk ? 1 : 0;
     }
     return effacees;
