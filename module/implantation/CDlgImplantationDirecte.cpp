@@ -212,7 +212,9 @@ void CDlgImplantationDirecte::changerHauteurStation()
     if (!lue)
         return;
     m_travail.fixerHauteurStation(*lue);
-    m_ui->editHMin->setText(deuxDecimales(m_travail.hauteurStation)); // intended: in the box of the other height
+    // Intended: in the box of the other height, as if typed there. Who leaves that box takes it.
+    m_ui->editHMin->selectAll();
+    m_ui->editHMin->insert(deuxDecimales(m_travail.hauteurStation));
     rafraichir();
 }
 
