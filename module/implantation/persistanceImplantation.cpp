@@ -266,15 +266,11 @@ bool garderTravail(AcDbDatabase& dessin, const travailImplantation& travail)
     e.entier(formeEcrite);
     ecrireOptions(travail, e);
     std::unordered_map<identifiantImplantation, int> rangs;
-    for (const pointDuTravail& p : travail.points)
-        if (travail.station(p.station))
-            rangs.emplace(p.station, static_cast<int>(rangs.size()));
-    std::vector<identifiantImplantation> ordre(rangs.size());
-    for (const auto& [identifiant, rang] : rangs)
-        ordre[static_cast<std::size_t>(rang)] = identifiant;
-    e.entier(static_cast<int>(ordre.size()));
-    for (const identifiantImplantation identifiant : ordre)
-        ecrireStation(*travail.station(identifiant), e);
+    e.entier(static_cast<int>(travail.stations.size()));
+    for (const auto& station : travail.stations) { // those without points too: points may be spread over them
+        rangs.emplace(station->identifiant, static_cast<int>(rangs.size()));
+        ecrireStation(*station, e);
+    }
     e.entier(static_cast<int>(travail.points.size()));
     for (const pointDuTravail& p : travail.points) {
         const auto rang = rangs.find(p.station);
