@@ -35,6 +35,8 @@ const char* teinte(int couleur)
     }
 }
 
+constexpr double plusHautesLettres = 24.0; // pixels
+
 std::string pixels(double valeur)
 {
     return nombreFixe(valeur, 2);
@@ -48,7 +50,9 @@ std::string svgDe(const dessinPlan& dessin, int cote)
     if (b.vide())
         return {};
     b = b.elargie(0.03 * std::max({b.xMax - b.xMin, b.yMax - b.yMin, 1e-6}));
-    const double echelle = cote / std::max(b.xMax - b.xMin, b.yMax - b.yMin);
+    double echelle = cote / std::max(b.xMax - b.xMin, b.yMax - b.yMin);
+    for (const auto& t : dessin.textes) // a picture of little else is no poster
+        echelle = std::min(echelle, plusHautesLettres / t.hauteur);
     const auto x = [&](point2 p) { return pixels((p.x - b.xMin) * echelle); };
     const auto y = [&](point2 p) { return pixels((b.yMax - p.y) * echelle); };
     std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + pixels((b.xMax - b.xMin) * echelle) +

@@ -156,7 +156,8 @@ public:
     explicit etiquetage(std::vector<dessinPlan::trait> traits) : m_traits(std::move(traits)) {}
 
     /// @param ecart from the place to the text, at its left or right
-    void poser(dessinPlan::texte& texte, point2 autour, double ecart)
+    /// @return false when nobody could read it there, as other texts are all around
+    bool poser(dessinPlan::texte& texte, point2 autour, double ecart)
     {
         using ancre = dessinPlan::ancre;
         const double haut = 0.2 * texte.hauteur, bas = -1.2 * texte.hauteur;
@@ -175,7 +176,10 @@ public:
             moindre = genes;
             texte = place;
         }
+        if (moindre > m_traits.size())
+            return false;
         m_prises.push_back(texte.emprise());
+        return true;
     }
 
 private:
@@ -237,10 +241,9 @@ dessinPlan planReduit(const blocStation& bloc, double cote, bool verification, c
         dessin.ajouter(point);
     }
     etiquetage libre(dessin.traits);
-    for (std::size_t i = 0; i < noms.size(); ++i) {
-        libre.poser(noms[i], nommes[i], 0.6 * petits.taillePoints);
-        dessin.textes.push_back(std::move(noms[i]));
-    }
+    for (std::size_t i = 0; i < noms.size(); ++i)
+        if (libre.poser(noms[i], nommes[i], 0.6 * petits.taillePoints))
+            dessin.textes.push_back(std::move(noms[i]));
     const point2 coin{etendue.xMin, etendue.yMin};
     return dessin.place(echelle, coin * -echelle + point2{0.05 * cote, 0.05 * cote});
 }

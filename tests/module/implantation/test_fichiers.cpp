@@ -100,6 +100,13 @@ TEST(FichiersImplantation, SketchNamesWhatCanBeRead)
         EXPECT_GE(texte.emprise().xMin, tout.xMin);
         EXPECT_LE(texte.emprise().xMax, tout.xMax);
     }
+    // A crowd in one place: names that nobody could read are left to the table.
+    blocStation foule = r.blocs[0];
+    foule.points.assign(50, modele);
+    const dessinPlan serre = planReduit(foule, 100.0, true, {});
+    for (std::size_t i = 0; i < serre.textes.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(serre.textes[i].emprise().touche(serre.textes[j].emprise())) << i << " and " << j;
     // All points in one direction: the picture is narrow, and no page long.
     for (pointImplante& p : r.blocs[0].points)
         p.x = r.blocs[0].station.station.x;
