@@ -70,11 +70,10 @@ TEST(FichiersImplantation, WriteJsonAndTheReport)
     htmlDocument rapport;
     rapporterImplantation(travail(), {}, rapport);
     const std::string texte = rapport.text();
-    for (const char* const partie : {"<title>Implantations</title>", "Station: <b>S;1</b>  (X=1000.0000Y=-2000.5000)",
-                                     ">Angle (gr)<", ">Distance<", ">40.9666<", ">13.0000<",
-                                     "cach\xE9 par le terrain : 1.30 au-dessus de la vis\xE9"
-                                     "e, \xE0 2.00",
-                                     "<svg ", "Points sans mise en station"})
+    for (const char* const partie :
+         {"<title>Implantations</title>", "Station: <b>S;1</b>  (X=1000.0000Y=-2000.5000)", ">Angle (gr)<",
+          ">Distance<", ">40.9666<", ">13.0000<", "cach\xE9 par le terrain : 1.30 au-dessus de la vis\351e, \xE0 2.00",
+          "<svg ", "Points sans mise en station"})
         EXPECT_NE(texte.find(partie), std::string::npos) << partie;
 }
 
