@@ -58,11 +58,12 @@ listePointsDuDessin& tableOuNouvelle(const std::string& nom)
     return *projet.getTable(projet.nbTables() - 1);
 }
 
-/// Why a file is refused: its first line that gave no point.
+/// Why a file is refused: its first line that gave no point; when none did, what is wrong with all of it.
 /// @param phrases of its problems, in their order
 std::string raisonRefus(const std::string& fichier, const pointsLus& lus, const std::vector<std::string>& phrases)
 {
-    const auto mauvaise = std::ranges::find_if(lus.problemes, &problemeLecture::ecartee);
+    const auto mauvaise = std::ranges::find_if(
+        lus.problemes, [&lus](const problemeLecture& p) { return p.ecartee || (lus.points.empty() && p.ligne == 0); });
     if (mauvaise != lus.problemes.end())
         return phrases[static_cast<std::size_t>(mauvaise - lus.problemes.begin())];
     return fichier + (lus.ecartees == 0 ? " : aucun point dans ce fichier."
@@ -94,8 +95,9 @@ void placer(listePointsDuDessin& table, int premiere, observationsEnAttente& obs
     const bilanPlacement bilan = placerPoints(table, places, observations);
     suites.dessines = bilan.dessines;
     if (bilan.sansSymbole > 0)
-        suites.avertissements.push_back(std::to_string(bilan.sansSymbole) +
-                                        " point(s) sans symbole : le block de leur code est introuvable.");
+        suites.avertissements.push_back(
+            std::to_string(bilan.sansSymbole) +
+            " point(s) sans symbole : coordonnées inconnues, ou block du code introuvable.");
 }
 
 /// Reads "1,5-9" as ranges of codes.

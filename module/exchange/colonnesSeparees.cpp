@@ -120,11 +120,16 @@ bool contient(const std::vector<colonne>& colonnes, colonne sens)
     return std::ranges::find(colonnes, sens) != colonnes.end();
 }
 
+/// "N" is north, but the number where another column is named as north is.
 std::vector<colonne> colonnesNommees(const std::vector<std::string>& cellules)
 {
+    const auto estN = [](const std::string& cellule) { return cellule == "N" || cellule == "n"; };
+    const bool autreNord = std::ranges::any_of(cellules, [&estN](const std::string& cellule) {
+        return !estN(cellule) && colonneNommee(texteDeCellule(cellule, false)) == colonne::y;
+    });
     std::vector<colonne> colonnes;
     for (const std::string& cellule : cellules) {
-        const colonne sens = colonneNommee(texteDeCellule(cellule, false));
+        const colonne sens = autreNord && estN(cellule) ? colonne::nom : colonneNommee(texteDeCellule(cellule, false));
         colonnes.push_back(contient(colonnes, sens) ? colonne::ignoree : sens);
     }
     return colonnes;
@@ -139,8 +144,9 @@ std::vector<colonne> colonnesUsuelles(const std::vector<std::string>& cellules, 
     const bool decimales = !cellules.empty() && cellules[0].find_first_of(".,") != std::string::npos;
     const bool sansNom = toutNombre && (cellules.size() == 2 || (cellules.size() == 3 && decimales));
     const auto debut = usuelles.begin() + (sansNom ? 1 : 0);
-    const auto taille = std::min<std::ptrdiff_t>(static_cast<std::ptrdiff_t>(largeur), usuelles.end() - debut);
-    return {debut, debut + taille};
+    std::vector<colonne> colonnes(debut, usuelles.end());
+    colonnes.resize(largeur, colonne::observation);
+    return colonnes;
 }
 
 formatColonnes deviner(sourceOctets& source)
@@ -176,7 +182,14 @@ formatColonnes deviner(sourceOctets& source)
 /// One file being read.
 class lecture {
 public:
-    lecture(const formatColonnes& format, bool utf8, pointsLus& lus) : m_format(format), m_utf8(utf8), m_lus(lus) {}
+    /// @param devine nobody chose the columns: those that are not taken are told
+    lecture(const formatColonnes& format, bool devine, bool utf8, pointsLus& lus) :
+        m_format(format),
+        m_devine(devine),
+        m_utf8(utf8),
+        m_lus(lus)
+    {
+    }
 
     void lire(sourceOctets& source)
     {
@@ -186,8 +199,8 @@ public:
             m_numero = lignes.numero();
             if (lignes.coupee())
                 ecarter(L"ligne trop longue pour un point.");
-            else if (m_ligne.find_first_not_of(" \t") != std::string_view::npos && !std::exchange(enTete, false))
-                lireLigne();
+            else if (m_ligne.find_first_not_of(" \t") != std::string_view::npos)
+                std::exchange(enTete, false) ? lireEnTete() : lireLigne();
             lignes.passerReste();
         }
     }
@@ -196,6 +209,19 @@ private:
     void ecarter(std::wstring raison) { m_lus.ecarter(m_numero, texte(m_ligne), std::move(raison)); }
     void remarquer(std::wstring raison) { m_lus.remarquer(m_numero, texte(m_ligne), std::move(raison)); }
     std::wstring texte(std::string_view octets) const { return texteDeCellule(octets, m_utf8); }
+
+    void lireEnTete()
+    {
+        if (!m_devine)
+            return;
+        decouperCellules(m_ligne, m_format.separateur, m_cellules);
+        std::wstring laissees;
+        for (std::size_t i = 0; i < m_cellules.size() && i < m_format.colonnes.size(); ++i)
+            if (m_format.colonnes[i] == colonne::ignoree && !m_cellules[i].empty())
+                ajouterMots(laissees, entreGuillemets(texte(m_cellules[i])));
+        if (!laissees.empty())
+            remarquer(L"colonnes laissées de côté : " + laissees + L".");
+    }
 
     void lireLigne()
     {
@@ -236,6 +262,8 @@ private:
         }
         if (!xLu || !yLu)
             return refuserNombre();
+        for (std::size_t i = m_format.colonnes.size(); i < m_cellules.size(); ++i)
+            lireEnTrop(m_cellules[i], point);
         garder(std::move(point));
     }
 
@@ -266,6 +294,15 @@ private:
         ajouterMots(m_remarque, codeEnLettres(code));
     }
 
+    /// Beyond the last column: the words of an observation go on.
+    void lireEnTrop(const std::string& cellule, pointXYZ& point)
+    {
+        if (m_format.colonnes.back() == colonne::observation)
+            ajouterMots(point.observation, texte(cellule));
+        else if (!cellule.empty())
+            ajouterMots(m_remarque, entreGuillemets(texte(cellule)) + L", au-delà des colonnes, laissé de côté.");
+    }
+
     void garder(pointXYZ&& point)
     {
         ajouterMots(m_remarque, remarquesSur(point));
@@ -275,7 +312,7 @@ private:
     }
 
     const formatColonnes& m_format;
-    bool m_utf8;
+    bool m_devine, m_utf8;
     pointsLus& m_lus;
     std::string_view m_ligne;
     std::size_t m_numero = 0;
@@ -325,6 +362,6 @@ void lecteurColonnes::lire(sourceOctets& source, pointsLus& lus) const
     decoder(source, [&](sourceOctets& texte, bool utf8) {
         if (texte.debut().find('\0') != std::string_view::npos)
             return lus.refuser(L"ce n'est pas un fichier de texte.");
-        lecture(format, utf8, lus).lire(texte);
+        lecture(format, !m_format, utf8, lus).lire(texte);
     });
 }

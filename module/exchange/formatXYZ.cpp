@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <utility>
 
 #include "exchange/colonnesFixes.h"
 #include "exchange/lecteurLignes.h"
@@ -62,13 +63,8 @@ std::wstring observationLue(std::string_view reste)
     return depuisAnsi(observation);
 }
 
-/// Pieces of a line that is too long are lines of their own, but one that is refused is told once.
-bool dejaDite(const pointsLus& lus, std::size_t numero)
-{
-    return !lus.problemes.empty() && lus.problemes.back().ecartee && lus.problemes.back().ligne == numero;
-}
-
-void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
+/// @param refusee the last line that was: its other pieces are not told again
+void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus, std::size_t& refusee)
 {
     std::string_view reste = ligne.substr(0, ligne.find('\0')); // where text files end a line
     const std::string_view nom = jetonSuivant(reste);
@@ -77,10 +73,11 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus)
     const std::string_view x = jetonSuivant(reste), y = jetonSuivant(reste);
     double xLu = 0.0, yLu = 0.0;
     const bool xEstNombre = lireNombre(x, xLu) != 0;
-    if (!xEstNombre || lireNombre(y, yLu) == 0)
-        return dejaDite(lus, numero) ? void()
-                                     : lus.ecarter(numero, depuisAnsi(ligne),
-                                                   xEstNombre ? L"Y absent ou illisible." : L"X absent ou illisible.");
+    if (!xEstNombre || lireNombre(y, yLu) == 0) {
+        if (std::exchange(refusee, numero) != numero)
+            lus.ecarter(numero, depuisAnsi(ligne), xEstNombre ? L"Y absent ou illisible." : L"X absent ou illisible.");
+        return;
+    }
     pointXYZ& point = lus.points.emplace_back();
     point.nom = nom;
     point.x = xLu;
@@ -107,14 +104,22 @@ void prevoirPoints(sourceOctets& source, std::vector<pointXYZ>& points)
     points.reserve(points.size() + std::min(plusPrevus, lignes + source.resteEstime() / debut.size() * lignes));
 }
 
-/// Intended: such a file is read as one in Windows-1252 all the same, its mark being part of the first name.
-void signalerUtf8(std::string_view debut, pointsLus& lus)
+/// Intended: such files are read as lines of Windows-1252 all the same, a mark being part of the first name.
+void signalerNature(std::string_view debut, pointsLus& lus)
 {
     if (sembleUtf8(debut.substr(0, debut.rfind('\n')))) // the last line may be cut amid a character
         lus.remarquer(0, {},
                       L"texte en UTF-8, lu en Windows-1252 comme tout .xyz ou .txt : ses accents sont altérés, et "
                       L"son premier nom s'il commence par une marque UTF-8. Enregistrez-le en Windows-1252 "
                       L"(ANSI), ou donnez-lui l'extension .csv.");
+    if (debut.starts_with("\xFF\xFE") || debut.starts_with("\xFE\xFF"))
+        lus.remarquer(0, {},
+                      L"texte en UTF-16, qu'un .xyz ou .txt n'est jamais. Enregistrez-le en Windows-1252 (ANSI), ou "
+                      L"donnez-lui l'extension .csv.");
+    if (finDeLigne(debut) == '\r')
+        lus.remarquer(0, {},
+                      L"seuls des retours chariot y séparent les lignes : un .xyz ou .txt est alors lu comme une seule "
+                      L"ligne. Donnez-lui l'extension .csv.");
 }
 
 } // namespace
@@ -128,9 +133,16 @@ void lecteurXYZ::lire(sourceOctets& source, pointsLus& lus) const
 {
     constexpr std::size_t longueurLigne = 1024;
     prevoirPoints(source, lus.points);
-    signalerUtf8(source.debut(), lus);
-    for (lecteurLignes lignes(source, longueurLigne); lignes.suivante();)
-        lireLigne(lignes.ligne(), lignes.numero(), lus);
+    signalerNature(source.debut(), lus);
+    std::size_t refusee = 0, morcelee = 0; // lines that were told of
+    bool suite = false;                    // of a long line
+    for (lecteurLignes lignes(source, longueurLigne); lignes.suivante(); suite = lignes.coupee()) {
+        const std::size_t avant = lus.points.size();
+        lireLigne(lignes.ligne(), lignes.numero(), lus, refusee);
+        if (suite && lus.points.size() > avant && std::exchange(morcelee, lignes.numero()) != lignes.numero())
+            lus.remarquer(morcelee, depuisAnsi(lignes.ligne()),
+                          L"plus de 1024 caractères : lue par morceaux, chacun comme une ligne.");
+    }
 }
 
 std::string contenuXYZ(std::span<const pointXYZ> points)

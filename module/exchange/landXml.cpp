@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include <expat.h>
 
 #include "exchange/celluleLue.h"
 #include "exchange/memoireXml.h"
 #include "services/codages.h"
+#include "services/grandeur.h"
 #include "services/lettres.h"
 #include "services/reelDeTexte.h"
 
@@ -166,7 +168,10 @@ private:
     void lireUnite(const std::wstring& unite)
     {
         const double metres = metresDe(unite);
-        m_metres = metres == 0.0 ? 1.0 : metres;
+        const double avant = std::exchange(m_metres, metres == 0.0 ? 1.0 : metres);
+        for (pointXYZ& p : m_lus.points) // sections come in any order
+            for (double* const v : {&p.x, &p.y, &p.z})
+                *v *= *v == inconnu ? 1.0 : m_metres / avant;
         if (metres == 0.0)
             m_lus.remarquer(ligne(), {}, L"unité " + entreGuillemets(unite) + L" inconnue, le mètre est pris.");
         else if (metres != 1.0)
@@ -215,6 +220,8 @@ private:
         m_point.y = coordonnees[0];
         if (m_cellules.size() > 2)
             m_point.z = coordonnees[2];
+        if (m_cellules.size() > coordonnees.size())
+            ajouterMots(m_remarque, L"plus de trois nombres : les trois premiers sont pris.");
         if (m_point.nom.empty())
             ajouterMots(m_remarque, pointSansNom);
         ajouterMots(m_remarque, remarquesSur(m_point));
