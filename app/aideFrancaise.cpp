@@ -19,6 +19,7 @@ struct traduction {
 
 constexpr std::string_view commandeManquante = "A subcommand is required";
 constexpr std::string_view sansValeur = "l'option %1 ne prend pas de valeur";
+constexpr std::string_view uneFois = "%1 ne peut être donné qu'une fois";
 
 constexpr std::array traductions{
     traduction{commandeManquante, "", "", "il faut une commande"},
@@ -30,7 +31,8 @@ constexpr std::array traductions{
     traduction{"", ": Value ", " not in range 1 to 9999",
                "« %2 » ne convient pas à l'option %1 : un nombre de 1 à 9999"},
     traduction{"", ": 1 required ", " missing", "l'option %1 demande une valeur"},
-    traduction{"Expected exactly 1 arguments to ", ", got ", "", "%1 ne peut être donné qu'une fois"},
+    traduction{"Expected exactly 1 arguments to ", ", got ", "", uneFois},
+    traduction{"", ": At Most 1 required but received ", "", uneFois},
     traduction{"", " requires ", "", "l'option %1 ne va pas sans %2"},
     traduction{"", " excludes ", "", "les options %1 et %2 ne vont pas ensemble"},
     traduction{"", ": too many inputs for a flag", "", sansValeur},

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <random>
+#include <vector>
 
 #include "codification/tableCodification.h"
 #include "exchange/carte/ecrireCarte.h"
+#include "exchange/fichierRemplace.h"
 #include "services/bibliothequeModule.h"
 #include "services/codages.h"
 #include "services/grandeur.h"
@@ -41,8 +43,7 @@ public:
     {
         std::random_device hasard;
         m_dossier = fs::absolute(fichier).parent_path() / (".vela-" + std::to_string(hasard()));
-        std::error_code refus;
-        m_cree = fs::create_directory(m_dossier, refus);
+        m_cree = fs::create_directory(m_dossier, m_erreur);
     }
     ~dossierProvisoire()
     {
@@ -55,18 +56,32 @@ public:
 
     bool cree() const { return m_cree; }
     const fs::path& chemin() const { return m_dossier; }
-    bool sortir() const
+    /// Moves all that was made to its place; nothing of it where a folder stands in the way.
+    issueEcriture sortir()
     {
-        std::error_code refus;
-        for (const fs::directory_entry& fait : fs::directory_iterator(m_dossier, refus))
-            if (fs::rename(fait.path(), m_dossier.parent_path() / fait.path().filename(), refus); refus)
-                return false;
-        return !refus;
+        std::vector<fs::path> faits;
+        for (const fs::directory_entry& fait : fs::directory_iterator(m_dossier, m_erreur)) {
+            if (fs::is_directory(place(fait)))
+                m_erreur = std::make_error_code(std::errc::is_a_directory);
+            faits.push_back(fait.path());
+        }
+        for (const fs::path& fait : faits) {
+            if (!m_erreur)
+                fs::rename(fait, place(fait), m_erreur);
+            if (m_erreur)
+                return fs::exists(faits.front()) ? issueEcriture::intact : issueEcriture::abime;
+        }
+        return issueEcriture::ecrit;
     }
+    /// Why the folder was not made, or what it holds did not go out.
+    std::error_code erreur() const { return m_erreur; }
 
 private:
+    fs::path place(const fs::path& fait) const { return m_dossier.parent_path() / fait.filename(); }
+
     fs::path m_dossier;
     bool m_cree = false;
+    std::error_code m_erreur;
 };
 
 } // namespace
@@ -92,15 +107,17 @@ const char* formatCarte(const fs::path& fichier)
 issueExport exporterCarte(const fs::path& fichier, const std::string& projection, const tableCodification& codes,
                           const pointSuivant& suivant)
 {
-    const auto refuser = [&fichier](std::wstring raison) {
-        return issueExport{issueEcriture::intact, depuisUtf8(fichier.filename().string()) + L" : " + std::move(raison)};
+    const std::wstring nom = depuisUtf8(fichier.filename().string());
+    const auto refuser = [&nom](const std::wstring& raison) {
+        return issueExport{issueEcriture::intact, nom + L" : " + raison};
     };
     const auto ecrire = reinterpret_cast<ecrireCarte_t>(fonctionBibliotheque("libVelaCarte.so", nomEcrireCarte));
     if (!ecrire)
         return refuser(L"la bibliothèque des cartes (libVelaCarte.so) n'est pas installée.");
-    const dossierProvisoire dossier(fichier);
+    const fs::path cible = fichierDuLien(fichier);
+    dossierProvisoire dossier(cible);
     if (!dossier.cree())
-        return refuser(L"écriture impossible dans ce dossier ; rien n'a été changé.");
+        return {issueEcriture::intact, phraseEcriture(nom, issueEcriture::intact, dossier.erreur())};
     const auto pointSurLaCarte = [&](pointCarte& carte) {
         pointExporte p;
         if (!suivant(p))
@@ -109,10 +126,9 @@ issueExport exporterCarte(const fs::path& fichier, const std::string& projection
         return true;
     };
     std::string raison;
-    ecrire((dossier.chemin() / fichier.filename()).string(), formatCarte(fichier), projection, pointSurLaCarte, raison);
+    ecrire((dossier.chemin() / cible.filename()).string(), formatCarte(fichier), projection, pointSurLaCarte, raison);
     if (!raison.empty())
         return refuser(depuisUtf8(raison) + L" Rien n'a été changé.");
-    if (!dossier.sortir())
-        return refuser(L"écriture impossible ; le fichier n'a pas été changé.");
-    return {issueEcriture::ecrit, {}};
+    const issueEcriture issue = dossier.sortir();
+    return {issue, phraseEcriture(nom, issue, dossier.erreur())};
 }

@@ -36,6 +36,13 @@ std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue, std:
            (intact ? L" ; le fichier n'a pas été changé." : L" ; le fichier, écrit sur place, est incomplet ou abîmé.");
 }
 
+fs::path fichierDuLien(const fs::path& chemin)
+{
+    std::error_code sansLien;
+    const fs::path cible = fs::canonical(chemin, sansLien);
+    return sansLien ? chemin : cible;
+}
+
 /// The first one counts: those that follow come of it.
 void fichierRemplace::noterErreur()
 {
@@ -65,10 +72,7 @@ fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) : m_fichier
 
 void fichierRemplace::creerACote()
 {
-    // Through a link, the file it leads to is replaced, not the link.
-    std::error_code sansLien;
-    if (const fs::path cible = fs::canonical(m_fichier, sansLien); !sansLien)
-        m_fichier = cible;
+    m_fichier = fichierDuLien(m_fichier);
     std::random_device hasard;
     constexpr int essais = 100;
     for (int i = 0; i < essais && !m_ouvert; ++i) {

@@ -17,6 +17,9 @@ enum class issueEcriture {
 /// @param erreur of fichierRemplace: why it was not
 std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue, std::error_code erreur = {});
 
+/// The file that a link leads to: it is replaced, not the link. Any other path as it is.
+std::filesystem::path fichierDuLien(const std::filesystem::path& chemin);
+
 /// A file being written: either beside the one it replaces, which it takes the place of when it is whole, or in place,
 /// without truncation, so that a longer file keeps its old end. Devices and the like are written in place.
 class fichierRemplace {

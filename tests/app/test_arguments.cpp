@@ -49,6 +49,7 @@ TEST_F(arguments, MistakesAreToldInFrench)
              cas{"polygonale fermee a.obs --placer --code cent", "« cent » ne convient pas à l'option --code."},
              cas{"points importer a.dxf a.xyz --code 0",
                  "« 0 » ne convient pas à l'option --code : un nombre de 1 à 9999."},
+             cas{"points lister a.dxf --table A --table B", "--table ne peut être donné qu'une fois."},
              cas{"polygonale fermee a.obs --originale", "l'option --originale ne va pas sans --placer."},
          }) {
         SCOPED_TRACE(ligne.arguments);

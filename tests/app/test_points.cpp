@@ -45,6 +45,26 @@ TEST_F(points, GoFromAFileIntoADrawingAndOut)
         EXPECT_NE(kml.find(attendu), std::string::npos) << attendu << "\n" << kml;
 }
 
+TEST_F(points, AMapReplacesWhatItsNameStandsFor)
+{
+    ecrire("p.xyz", "P1 1700000 5200000 3\n");
+    ASSERT_EQ(vela("points importer chantier.dxf p.xyz --table T --enregistrer b.dxf").statut, 0);
+    const auto exporter = [this](const std::string& nom) {
+        return vela("points exporter b.dxf -o " + nom + " --table T --projection EPSG:3946");
+    };
+    ecrire("vrai.geojson", "ancien");
+    std::filesystem::create_symlink("vrai.geojson", chemin("lien.geojson"));
+    EXPECT_EQ(exporter("lien.geojson").statut, 0);
+    const json carte = json::parse(lire("vrai.geojson"));
+    EXPECT_EQ(carte["features"][0]["geometry"]["coordinates"], json({3.0, 46.0, 3.0}));
+    EXPECT_EQ(carte["features"][0]["properties"].size(), 5u) << "fields that say nothing are there";
+
+    std::filesystem::create_directory(chemin("s.dbf")); // a Shapefile is several files: none goes out without all
+    EXPECT_NE(exporter("s.shp").erreurs.find("s.shp : écriture impossible (c'est un dossier)"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(chemin("s.shp")));
+    EXPECT_FALSE(std::filesystem::exists(chemin("s.prj")));
+}
+
 TEST_F(points, TellsBadLinesAndWritesNothingWhenStrict)
 {
     ecrire("m.xyz", "P1 1 2 9000000000\nP2 abc 20\nP3 4 5 6 9\n"); // the first is remarked upon, and comes in

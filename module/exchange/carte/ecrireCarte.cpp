@@ -36,9 +36,12 @@ public:
     {
         if (m_derniere.empty())
             return phrase + ".";
-        const bool plein = m_derniere.find("No space left on device") != std::string::npos ||
-                           m_derniere.find("disk is full") != std::string::npos;
-        return phrase + " (" + (plein ? "plus de place sur le disque" : m_derniere) + ").";
+        const auto dit = [this](const char* anglais) { return m_derniere.find(anglais) != std::string::npos; };
+        if (dit("No space left on device") || dit("disk is full"))
+            return phrase + " (plus de place sur le disque).";
+        if (dit("is unreasonable"))
+            return phrase + " : des coordonnées ne sont pas de cette projection.";
+        return phrase + " (" + m_derniere + ").";
     }
     bool muettes() const { return m_derniere.empty(); }
 
@@ -91,10 +94,14 @@ bool ajouter(OGRLayer& couche, const pointCarte& p)
     trait->SetField(premier + numero, p.numero.c_str());
     if (p.altitudeConnue)
         trait->SetField(premier + altitude, p.z);
+    else
+        trait->SetFieldNull(premier + altitude); // every point of a GeoJSON has every field
     trait->SetField(premier + code, p.code);
     trait->SetField(premier + libelle, p.libelle.c_str());
     if (!p.observation.empty())
         trait->SetField(premier + observation, p.observation.c_str());
+    else
+        trait->SetFieldNull(premier + observation);
     if (const int etiquette = champs.GetFieldIndex("Name"); etiquette >= 0) // of KML: what maps show beside the point
         trait->SetField(etiquette, p.numero.c_str());
     OGRPoint place(p.x, p.y);
@@ -128,7 +135,7 @@ std::string ecrire(const std::string& fichier, const char* format, const std::st
     if (projection.empty())
         return "une carte demande la projection du dessin, « EPSG:2154 » par exemple.";
     if (repere.SetFromUserInput(projection.c_str()) != OGRERR_NONE)
-        return dites.raison("projection « " + projection + " » inconnue");
+        return "projection « " + projection + " » inconnue.";
     GDALDriver* const pilote = GetGDALDriverManager()->GetDriverByName(format);
     jeuDonnees donnees(pilote ? pilote->Create(fichier.c_str(), 0, 0, 0, GDT_Unknown, nullptr) : nullptr);
     if (!donnees)
