@@ -72,7 +72,10 @@ std::string raisonRefus(const std::string& fichier, const pointsLus& lus, const 
 
 pointsLus lireFichier(const importPoints& demande, suitesImportPoints& suites)
 {
-    pointsLus lus = lirePoints(cheminNatif(demande.fichier), nullptr, demande.code);
+    const fs::path fichier = cheminNatif(demande.fichier);
+    if (std::error_code illisible; !fs::exists(fichier, illisible) && !illisible)
+        throw erreurProgramme(demande.fichier + " : fichier introuvable.");
+    pointsLus lus = lirePoints(fichier, nullptr, demande.code);
     for (const std::wstring& phrase : phrasesProblemes(wideFromUtf8(demande.fichier), lus))
         suites.avertissements.push_back(utf8FromWide(phrase));
     if (lus.points.empty())

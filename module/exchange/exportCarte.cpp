@@ -56,13 +56,13 @@ public:
 
     bool cree() const { return m_cree; }
     const fs::path& chemin() const { return m_dossier; }
-    /// Moves all that was made to its place; nothing of it where a folder stands in the way.
+    /// Moves all that was made to its place; nothing of it where what stands there is not to be replaced.
     issueEcriture sortir()
     {
         std::vector<fs::path> faits;
         for (const fs::directory_entry& fait : fs::directory_iterator(m_dossier, m_erreur)) {
-            if (fs::is_directory(place(fait)))
-                m_erreur = std::make_error_code(std::errc::is_a_directory);
+            if (const std::error_code refus = refusDeRemplacer(place(fait)))
+                m_erreur = refus;
             faits.push_back(fait.path());
         }
         for (const fs::path& fait : faits) {

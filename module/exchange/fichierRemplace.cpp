@@ -43,6 +43,17 @@ fs::path fichierDuLien(const fs::path& chemin)
     return sansLien ? chemin : cible;
 }
 
+std::error_code refusDeRemplacer(const fs::path& fichier)
+{
+    std::error_code absent;
+    const fs::file_status etat = fs::status(fichier, absent);
+    if (fs::is_directory(etat))
+        return std::make_error_code(std::errc::is_a_directory);
+    constexpr fs::perms ecriture = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    const bool protege = fs::is_regular_file(etat) && (etat.permissions() & ecriture) == fs::perms::none;
+    return protege ? std::make_error_code(std::errc::permission_denied) : std::error_code();
+}
+
 /// The first one counts: those that follow come of it.
 void fichierRemplace::noterErreur()
 {
@@ -50,17 +61,17 @@ void fichierRemplace::noterErreur()
         m_erreur = {errno, std::generic_category()};
 }
 
-fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) : m_fichier(fichier)
+fichierRemplace::fichierRemplace(const fs::path& fichier, maniere m) :
+    m_fichier(fichier),
+    m_erreur(refusDeRemplacer(fichier))
 {
+    if (m_erreur)
+        return;
     std::error_code sansSuite; // what cannot be asked cannot be opened either
     const fs::file_status etat = fs::status(fichier, sansSuite);
     const bool ordinaire = !fs::exists(etat) || fs::is_regular_file(etat);
     if (m == maniere::aCote && ordinaire) {
         creerACote();
-        return;
-    }
-    if (fs::is_directory(etat)) {
-        m_erreur = std::make_error_code(std::errc::is_a_directory);
         return;
     }
     m_ouvert.reset(std::fopen(fichier.string().c_str(), "r+b"));

@@ -20,6 +20,10 @@ std::wstring phraseEcriture(std::wstring_view fichier, issueEcriture issue, std:
 /// The file that a link leads to: it is replaced, not the link. Any other path as it is.
 std::filesystem::path fichierDuLien(const std::filesystem::path& chemin);
 
+/// Why what stands under that name is not to be replaced: a folder, or a file that is marked as read-only. None when it
+/// may be.
+std::error_code refusDeRemplacer(const std::filesystem::path& fichier);
+
 /// A file being written: either beside the one it replaces, which it takes the place of when it is whole, or in place,
 /// without truncation, so that a longer file keeps its old end. Devices and the like are written in place.
 class fichierRemplace {

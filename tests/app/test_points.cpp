@@ -62,6 +62,8 @@ TEST_F(points, AMapReplacesWhatItsNameStandsFor)
     std::filesystem::create_directory(chemin("s.dbf")); // a Shapefile is several files: none goes out without all
     EXPECT_NE(exporter("s.shp").erreurs.find("s.shp : écriture impossible (c'est un dossier)"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(chemin("s.shp")));
+    std::filesystem::permissions(chemin("vrai.geojson"), std::filesystem::perms::owner_read);
+    EXPECT_NE(exporter("vrai.geojson").erreurs.find("protégé"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(chemin("s.prj")));
 }
 

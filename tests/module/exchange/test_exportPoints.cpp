@@ -127,7 +127,17 @@ TEST(exportPoints, aFullDiskLeavesTheOldFileOrSaysItIsDamaged)
         EXPECT_EQ(folder.read("liste") == "ancien", !surPlace);
     }
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1) << "nothing is left beside";
-    EXPECT_EQ(exporterPoints(folder.path(), formatExport::texte, liste(deuxPoints)), issueEcriture::intact);
+    folder.write("liste", "ancien");
+    std::filesystem::permissions(folder / "liste", std::filesystem::perms::owner_read);
+    std::filesystem::create_directory(folder / "dossier");
+    for (const formatExport format : {formatExport::html, formatExport::landXml, formatExport::texte})
+        for (const auto& [nom, dit] : {std::pair{"liste", L"protégé"}, {"dossier", L"c'est un dossier"}}) {
+            std::error_code erreur;
+            const issueEcriture issue = exporterPoints(folder / nom, format, liste(deuxPoints), &erreur);
+            EXPECT_EQ(issue, issueEcriture::intact);
+            EXPECT_NE(phraseEcriture(L"a", issue, erreur).find(dit), std::wstring::npos);
+        }
+    EXPECT_EQ(folder.read("liste"), "ancien");
     EXPECT_EQ(exporterPoints(folder / "absent/liste", formatExport::html, liste(deuxPoints)), issueEcriture::intact);
     EXPECT_EQ(phraseEcriture(L"a", issueEcriture::ecrit), L"");
 }
