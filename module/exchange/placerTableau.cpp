@@ -103,10 +103,33 @@ std::optional<AcGePoint3d> placeDe(AcDbEntity& entite)
     return std::nullopt;
 }
 
+/// An entity of a table, and where it says that the table's origin is.
+struct morceauTableau {
+    AcDbObjectId id;
+    AcGePoint3d origine;
+    bool bloc;
+};
+
+/// Of the entities that bear a table's number, those of the table itself. Copies of it tell other origins and stay; but
+/// where hardly two tell the same one, the table was turned, and they all are.
+std::vector<AcDbObjectId> sansCopies(std::span<const morceauTableau> morceaux)
+{
+    constexpr double tolerance = 1e-4;
+    constexpr std::size_t hasard = 2; // lines that begin at one place
+    std::vector<AcDbObjectId> tous, memes;
+    for (const morceauTableau& m : morceaux) {
+        tous.push_back(m.id);
+        if (m.origine.distanceTo(morceaux.front().origine) < tolerance)
+            memes.push_back(m.id);
+    }
+    return morceaux.front().bloc || memes.size() > hasard ? memes : tous;
+}
+
 /// The one drawn last; nothing when there is none.
 std::optional<tableauDessine> dernierTableau()
 {
-    std::optional<tableauDessine> dernier;
+    int numeroDernier = 0;
+    std::vector<morceauTableau> morceaux;
     for (const AcDbObjectId& id : selectionAvecDonnees(applicationTable)) {
         const AcDbObjectPointer<AcDbEntity> entite(id, AcDb::kForRead);
         if (entite.openStatus() != Acad::eOk)
@@ -118,14 +141,19 @@ std::optional<tableauDessine> dernierTableau()
         if (!ecart || !place || numero->restype != AcDb::kDxfXdInteger32 || ecart->restype != AcDb::kDxfXdXCoord)
             continue;
         const int rang = static_cast<int>(numero->resval.rlong);
-        if (!dernier || rang > dernier->numero) {
-            const double* const e = ecart->resval.rpoint;
-            dernier = {rang, {place->x - e[0], place->y - e[1], place->z - e[2]}, {}};
+        if (rang > numeroDernier || morceaux.empty()) {
+            numeroDernier = rang;
+            morceaux.clear();
         }
-        if (rang == dernier->numero)
-            dernier->entites.push_back(id);
+        const double* const e = ecart->resval.rpoint;
+        if (rang == numeroDernier)
+            morceaux.push_back({id,
+                                {place->x - e[0], place->y - e[1], place->z - e[2]},
+                                AcDbBlockReference::cast(entite.object()) != nullptr});
     }
-    return dernier;
+    if (morceaux.empty())
+        return std::nullopt;
+    return tableauDessine{numeroDernier, morceaux.front().origine, sansCopies(morceaux)};
 }
 
 bool estTenu(const tableauDessine& tableau)
