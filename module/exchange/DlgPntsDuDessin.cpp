@@ -188,6 +188,9 @@ void DlgPntsDuDessin::placer()
     if (bilan.sansSymbole > 0)
         phrases.push_back(std::to_wstring(bilan.sansSymbole) +
                           L" point(s) sans symbole : coordonnées inconnues, ou block du code introuvable.");
+    if (bilan.verrouilles > 0)
+        phrases.push_back(std::to_wstring(bilan.verrouilles) +
+                          L" point(s) dont le symbole, sur un calque verrouillé, reste tel quel.");
     if (bilan.arrete)
         phrases.emplace_back(L"Placement arrêté : les points suivants ne sont pas dessinés.");
     dire(phrases);

@@ -8,6 +8,7 @@
 #include "codification/editionPoint.h"
 #include "points/listePointsDuDessin.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
 #include "services/codages.h"
 #include "services/lettres.h"
 
@@ -99,9 +100,13 @@ private:
     void remplacer(int place, pointDuDessin& point, std::wstring& observation)
     {
         const listePointsDuDessin& lue = m_table;
+        const AcDbObjectId symbole = lue.getData(place)->getId();
+        if (estVerrouille(symbole)) { // a point elsewhere than its symbol would mislead
+            ++bilan.verrouilles;
+            return;
+        }
         ++bilan.remplaces;
         observer(place, observation);
-        const AcDbObjectId symbole = lue.getData(place)->getId();
         bool dessine = false;
         if (symbole.isNull() || symbole.isErased())
             m_table.remplacerPoint(place, point);

@@ -32,11 +32,12 @@ std::vector<pointDuDessin> pointsObserves(const listePointsDuDessin& table, cons
 
 struct bilanAjout {
     int ajoutes = 0, renumerotes = 0, remplaces = 0, laisses = 0;
-    int nomsCoupes = 0; ///< names longer than a table keeps
-    int observes = 0;   ///< points whose observation waits for a symbol
+    int nomsCoupes = 0;  ///< names longer than a table keeps
+    int observes = 0;    ///< points whose observation waits for a symbol
+    int verrouilles = 0; ///< that would replace one whose symbol is on a locked layer
 
     /// That came in, whatever became of them.
-    int points() const { return ajoutes + remplaces + laisses; }
+    int points() const { return ajoutes + remplaces + laisses + verrouilles; }
 };
 
 /// How many of these points bear a name of the table: as the table keeps it, letter case and blanks around it aside.

@@ -11,6 +11,7 @@ std::vector<std::wstring> phrasesImport(std::wstring_view fichier, const pointsL
     dire(bilan.renumerotes, L" point(s) renuméroté(s) après le plus grand numéro.");
     dire(bilan.remplaces, L" point(s) de la table remplacé(s).");
     dire(bilan.laisses, L" point(s) laissé(s) de côté, leur nom existant déjà.");
+    dire(bilan.verrouilles, L" point(s) de la table non remplacé(s) : leur symbole est sur un calque verrouillé.");
     for (std::wstring& phrase : phrasesNoms(bilan))
         phrases.push_back(std::move(phrase));
     dire(bilan.observes, L" observation(s) : « Placer » les écrira sur les symboles.");

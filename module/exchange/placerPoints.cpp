@@ -5,6 +5,7 @@
 #include "codification/observationSymbole.h"
 #include "points/listePointsDuDessin.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/calqueVerrouille.h"
 #include "services/dialogueProgression.h"
 #include "services/selection.h"
 
@@ -15,25 +16,34 @@ bool estDessine(const pointDuDessin& point)
     return !point.getId().isNull() && !point.getId().isErased();
 }
 
+void placerUn(listePointsDuDessin& table, int place, observationsEnAttente& observations, bilanPlacement& bilan)
+{
+    const listePointsDuDessin& lue = table;
+    if (estVerrouille(lue.getData(place)->getId())) {
+        ++bilan.verrouilles;
+        return;
+    }
+    const auto observation = observations.find(place);
+    const bool observe = observation != observations.end();
+    const bool ancien = estDessine(*lue.getData(place));
+    table.mettreAJourSymbole(place, observe ? observation->second.c_str() : nullptr);
+    const bool dessine = estDessine(*lue.getData(place));
+    ++(dessine ? bilan.dessines : bilan.sansSymbole);
+    if (observe && dessine && (!ancien || ecrireObservation(lue.getData(place)->getId(), observation->second)))
+        observations.erase(observation);
+}
+
 } // namespace
 
 bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> places,
                             observationsEnAttente& observations)
 {
     const CAcadUndoGroup groupe;
-    const listePointsDuDessin& lue = table;
     dialogueProgression avancement(L"Placement des points", static_cast<int>(places.size()) - 1,
                                    dialogueProgression::arret::permis);
     bilanPlacement bilan;
     for (const int place : places) {
-        const auto observation = observations.find(place);
-        const bool observe = observation != observations.end();
-        const bool ancien = estDessine(*lue.getData(place));
-        table.mettreAJourSymbole(place, observe ? observation->second.c_str() : nullptr);
-        const bool dessine = estDessine(*lue.getData(place));
-        ++(dessine ? bilan.dessines : bilan.sansSymbole);
-        if (observe && dessine && (!ancien || ecrireObservation(lue.getData(place)->getId(), observation->second)))
-            observations.erase(observation);
+        placerUn(table, place, observations, bilan);
         if (!avancement.avancer()) {
             bilan.arrete = true;
             break;

@@ -9,7 +9,8 @@
 
 struct bilanPlacement {
     int dessines = 0;
-    int sansSymbole = 0; ///< no place, no block, or a locked layer
+    int sansSymbole = 0; ///< no place, or no block
+    int verrouilles = 0; ///< whose symbol is on a locked layer, and stays as it is
     bool arrete = false; ///< by the user
 };
 
