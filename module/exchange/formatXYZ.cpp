@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "exchange/celluleLue.h"
 #include "exchange/colonnesFixes.h"
 #include "exchange/lecteurLignes.h"
 #include "services/codages.h"
@@ -29,8 +30,8 @@ std::string_view jetonSuivant(std::string_view& ligne)
     return {debut, static_cast<std::size_t>(p - debut)};
 }
 
-/// Text that is no number reads as 0.
-double altitudeLue(std::string_view jeton)
+/// Text that is no number reads as 0. @param remarque receives what is to be told of it
+double altitudeLue(std::string_view jeton, std::wstring& remarque)
 {
     double z = 0.0;
     const char premier = jeton[jeton[0] == '-' && jeton.size() > 1 ? 1 : 0];
@@ -38,18 +39,26 @@ double altitudeLue(std::string_view jeton)
     if (premier >= '0' && premier <= '9')
         if (const auto [arret, erreur] = std::from_chars(jeton.data(), fin, z); arret == fin && erreur == std::errc())
             return z;
-    return reelDeTexte(depuisAnsi(jeton));
+    const std::wstring texte = depuisAnsi(jeton);
+    ajouterMots(remarque, texte == L"." ? L"Z inconnu, « . », lu 0 par ce format." : remarqueNombre(L"Z", texte));
+    return reelDeTexte(texte);
 }
 
-/// Leading digits count; beyond 32 bits the limit stands.
-int codeLu(std::string_view jeton)
+/// Leading digits count; beyond 32 bits the limit stands. @param remarque receives what is to be told of it
+int codeLu(std::string_view jeton, std::wstring& remarque)
 {
+    const std::string_view entier = jeton;
     if (jeton.size() > 1 && jeton[0] == '+' && jeton[1] != '-')
         jeton.remove_prefix(1);
     int code = 0;
-    if (std::from_chars(jeton.data(), jeton.data() + jeton.size(), code).ec == std::errc::result_out_of_range)
+    const auto [arret, erreur] = std::from_chars(jeton.data(), jeton.data() + jeton.size(), code);
+    if (erreur == std::errc::result_out_of_range)
         code = jeton[0] == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
-    return code == 0 ? 1 : code;
+    code = code == 0 ? 1 : code;
+    if (arret != jeton.data() + jeton.size())
+        ajouterMots(remarque, L"code " + entreGuillemets(depuisAnsi(entier)) + L" qui n'est pas un nombre entier : " +
+                                  std::to_wstring(code) + L" est pris.");
+    return code;
 }
 
 std::wstring observationLue(std::string_view reste)
@@ -82,13 +91,15 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus, std::
     point.nom = nom;
     point.x = xLu;
     point.y = yLu;
+    std::wstring remarque;
     if (const std::string_view z = jetonSuivant(reste); !z.empty())
-        point.z = altitudeLue(z);
+        point.z = altitudeLue(z, remarque);
     const std::string_view code = jetonSuivant(reste);
-    point.code = code.empty() ? lus.codeAbsent : codeLu(code);
+    point.code = code.empty() ? lus.codeAbsent : codeLu(code, remarque);
     if (!reste.empty())
         point.observation = observationLue(reste);
-    if (std::wstring remarque = remarquesSur(point); !remarque.empty())
+    ajouterMots(remarque, remarquesSur(point));
+    if (!remarque.empty())
         lus.remarquer(numero, depuisAnsi(ligne), std::move(remarque));
 }
 
