@@ -72,8 +72,9 @@ std::wstring observationLue(std::string_view reste)
     return depuisAnsi(observation);
 }
 
+/// @param suite a further piece of a line that is too long
 /// @param refusee the last line that was: its other pieces are not told again
-void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus, std::size_t& refusee)
+void lireLigne(std::string_view ligne, std::size_t numero, bool suite, pointsLus& lus, std::size_t& refusee)
 {
     std::string_view reste = ligne.substr(0, ligne.find('\0')); // where text files end a line
     const std::string_view nom = jetonSuivant(reste);
@@ -99,7 +100,7 @@ void lireLigne(std::string_view ligne, std::size_t numero, pointsLus& lus, std::
     if (!reste.empty())
         point.observation = observationLue(reste);
     ajouterMots(remarque, remarquesSur(point));
-    if (!remarque.empty())
+    if (!remarque.empty() && !suite) // of its pieces as such, one thing is told for all
         lus.remarquer(numero, depuisAnsi(ligne), std::move(remarque));
 }
 
@@ -149,7 +150,7 @@ void lecteurXYZ::lire(sourceOctets& source, pointsLus& lus) const
     bool suite = false;                    // of a long line
     for (lecteurLignes lignes(source, longueurLigne); lignes.suivante(); suite = lignes.coupee()) {
         const std::size_t avant = lus.points.size();
-        lireLigne(lignes.ligne(), lignes.numero(), lus, refusee);
+        lireLigne(lignes.ligne(), lignes.numero(), suite, lus, refusee);
         if (suite && lus.points.size() > avant && std::exchange(morcelee, lignes.numero()) != lignes.numero())
             lus.remarquer(morcelee, depuisAnsi(lignes.ligne()),
                           L"plus de 1024 caractères : lue par morceaux, chacun comme une ligne.");
