@@ -87,6 +87,6 @@ TEST_F(points, TellsBadLinesAndWritesNothingWhenStrict)
           "importer chantier.dxf m.xyz --enregistrer c.dwg", "importer chantier.dxf m.xyz --code 0",
           "exporter b.dxf -o s.kml", "exporter b.dxf -o s.kml --projection EPSG:99",
           "exporter b.dxf -o s.xyz --codes 1-", "exporter b.dxf -o s.xyz --codes 9-5", "exporter b.dxf -o absent/s.xyz",
-          "exporter b.dxf -o ./b.dxf", "lister b.dxf --table Absente"})
+          "exporter b.dxf -o ./b.dxf", "exporter b.dxf -o autre.DXF", "lister b.dxf --table Absente"})
         EXPECT_EQ(vela(std::string("points ") + refusee).statut, 1) << refusee;
 }
