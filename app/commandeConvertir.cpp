@@ -49,12 +49,13 @@ void afficherBilan(const AcDbDatabaseImpl& dessin, const choixConvertir& choix, 
 void reparer(AcDbDatabase& base)
 {
     const DrawingAudit controle = audit(base);
-    const std::vector<std::string> perdus = removeDamaged(base);
+    const DrawingRepair fait = repair(base);
     for (std::size_t i = base.impl().problems().all().size(); i < controle.faults.size(); ++i)
         avertir(controle.faults[i]);
-    for (const std::string& perdu : perdus)
-        avertir(perdu);
-    std::cout << controle.objects - perdus.size() << " objets repris sur " << controle.objects << ".\n";
+    for (const auto* touches : {&fait.gone, &fait.mended, &fait.astray})
+        for (const std::string& touche : *touches)
+            avertir(touche);
+    std::cout << controle.objects - fait.gone.size() << " objets repris sur " << controle.objects << ".\n";
 }
 
 /// The drawing is opened without its modules: they would store their data in it.

@@ -161,12 +161,13 @@ void commands::recover()
         refuse(opened.failure);
     AcDbDatabase& drawing = *opened.document->database();
     const DrawingAudit found = audit(drawing);
-    const std::vector<std::string> gone = removeDamaged(drawing);
+    const DrawingRepair done = repair(drawing);
     say(L"Dessin récupéré : " + std::wstring(opened.document->fileName()) + L", " +
-        countText(found.objects - gone.size(), L"objet") + L" sur " + std::to_wstring(found.objects));
+        countText(found.objects - done.gone.size(), L"objet") + L" sur " + std::to_wstring(found.objects));
     say(found.faults.empty() ? L"Rien n'était abîmé." : countText(found.faults.size(), L"anomalie") + L" :");
     tellEach(found.faults, found.faults.size());
-    tellEach(gone, gone.size());
+    for (const auto* const touched : {&done.gone, &done.mended, &done.astray})
+        tellEach(*touched, touched->size());
 }
 
 void commands::auditDrawing()

@@ -1,5 +1,7 @@
 #include "db/DrawingAudit.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <functional>
@@ -18,12 +20,19 @@ std::string nameOf(const AcDbDatabaseImpl& drawing, const DxfRecord& record)
     return drawing.typeName(record) + " " + handle;
 }
 
+/// The marks that open and close sections are no objects.
+bool standsOutside(const AcDbDatabaseImpl& drawing, const DxfRecord& record)
+{
+    const std::string& type = drawing.typeName(record);
+    return type != "ENDSEC" && type != "EOF" && !drawing.file().isInSection(drawing.positionOf(record));
+}
+
 void forEachRecord(AcDbDatabaseImpl& drawing, const std::function<void(DxfRecord&)>& look)
 {
     const std::size_t count = drawing.file().records().size(); // decoding may add some
     for (std::size_t i = 0; i < count; ++i) {
         DxfRecord& record = drawing.file().records()[i];
-        if (drawing.holdsObject(record) && !isErased(record))
+        if (drawing.holdsObject(record) && !isErased(record) && !standsOutside(drawing, record))
             look(record);
     }
     const NewRecords& made = drawing.newRecords();
@@ -60,6 +69,21 @@ std::string faultOf(const AcDbEntity& entity)
     return {};
 }
 
+/// Definitions, dictionaries and what gives the file its structure stay: other objects lead to them.
+bool mayGo(const AcDbDatabaseImpl& drawing, const DxfRecord& record)
+{
+    const std::string& type = drawing.typeName(record);
+    const auto isType = [&](const char* name) { return type == name; };
+    return drawing.holdsObject(record) && !tableNamed(type) &&
+           std::ranges::none_of(std::array{"TABLE", "DICTIONARY", "BLOCK", "ENDBLK", "SEQEND"}, isType);
+}
+
+bool erase(DxfRecord& record)
+{
+    const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(stubOf(&record)), AcDb::kForWrite, false, true);
+    return object.openStatus() == Acad::eOk && object->erase() == Acad::eOk;
+}
+
 } // namespace
 
 DrawingAudit audit(AcDbDatabase& drawing)
@@ -79,16 +103,30 @@ DrawingAudit audit(AcDbDatabase& drawing)
     return found;
 }
 
-std::vector<std::string> removeDamaged(AcDbDatabase& drawing)
+DrawingRepair repair(AcDbDatabase& drawing)
 {
     AcDbDatabaseImpl& inner = drawing.impl();
-    std::vector<std::string> gone;
-    forEachRecord(inner, [&](DxfRecord& record) {
-        if ((record.flags & DxfRecord::spoiled) == 0)
-            return;
-        const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(stubOf(&record)), AcDb::kForWrite, false, true);
-        if (object.openStatus() == Acad::eOk && object->erase() == Acad::eOk)
-            gone.push_back(nameOf(inner, record) + " : abîmé, il n'est pas repris");
-    });
-    return gone;
+    DrawingRepair done;
+    for (DxfRecord& record : inner.file().records()) {
+        const bool bare = (record.flags & DxfRecord::pseudo) != 0; // bytes of no object
+        if (isErased(record) || (bare && record.offset == 0))
+            continue;
+        const bool spoiled = (record.flags & DxfRecord::spoiled) != 0;
+        if (standsOutside(inner, record)) {
+            record.flags |= RecordFlags::erased;
+            inner.noteEdit(record);
+            if (!bare) // a problem of the file tells of them
+                done.astray.push_back(nameOf(inner, record) + " : hors de toute section, il n'est pas repris");
+        } else if (!bare && spoiled && mayGo(inner, record) && erase(record)) {
+            done.gone.push_back(nameOf(inner, record) + " : abîmé, il n'est pas repris");
+        } else if (!bare && spoiled) {
+            record.flags |= RecordFlags::mended;
+            inner.noteEdit(record);
+            done.mended.push_back(nameOf(inner, record) + " : abîmé, ce qui peut en être lu est gardé");
+        }
+    }
+    const NewRecords& made = inner.newRecords();
+    for (std::size_t i = 0; i < made.size(); ++i)
+        made[i].flags &= static_cast<std::uint16_t>(~RecordFlags::madeUp);
+    return done;
 }

@@ -15,6 +15,12 @@ struct DrawingAudit {
 /// Looks, and changes nothing.
 DrawingAudit audit(AcDbDatabase& drawing);
 
-/// Takes objects out that no longer can be read whole, so that the drawing can be saved without them: else their bytes
-/// are kept as they stand. What every drawing needs stays. @return a line for each that went.
-std::vector<std::string> removeDamaged(AcDbDatabase& drawing);
+/// What was done to a drawing so that it reads without a problem once it is saved: a line for each object.
+struct DrawingRepair {
+    std::vector<std::string> gone;   ///< that no longer could be read whole: else their bytes are kept as they stand
+    std::vector<std::string> mended; ///< that others lead to: what can be read of them is kept
+    std::vector<std::string> astray; ///< that stood in no section, where nothing reads them
+};
+
+/// What was made up for the file is written too by the next save, which else waits for a first change.
+DrawingRepair repair(AcDbDatabase& drawing);

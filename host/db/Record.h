@@ -22,6 +22,7 @@ enum : std::uint16_t {
     unmade = 256,    ///< U took its making back
     withOwner = 512, ///< erased because its owner was, and comes back with it
     madeUp = 1024,   ///< stands for what the file lacked: written with the first change
+    mended = 2048,   ///< spoiled: the next save writes what can be read of it
 };
 }
 

@@ -80,7 +80,7 @@ bool SavePlan::hasWork() const
             return true;
     }
     const auto& records = m_database.file().records();
-    constexpr int changed = RecordFlags::modified | RecordFlags::erased;
+    constexpr int changed = RecordFlags::modified | RecordFlags::erased | RecordFlags::mended;
     return std::ranges::any_of(m_database.edits(),
                                [&](std::uint32_t at) { return (records[at].flags & changed) != 0; });
 }
@@ -93,7 +93,7 @@ bool SavePlan::changesFile() const
             return true;
     return m_database.header().changed() || std::ranges::any_of(m_edits, [this](const Edit& edit) {
                const std::string_view text = std::string_view(m_text).substr(edit.from, edit.to - edit.from);
-               return edit.place == Place::before ||
+               return edit.place == Place::before || edit.position >= m_database.file().records().size() ||
                       text != m_database.bytes(m_database.file().records()[edit.position]);
            });
 }
@@ -142,6 +142,14 @@ void SavePlan::writeObject(DxfRecord& record)
         DxfObjectWriter(m_database, m_text).write(m_database.object(record));
 }
 
+void SavePlan::writeMended(const DxfRecord& record)
+{
+    m_usesNewHandles = m_usesNewHandles || (record.flags & DxfRecord::handleRepaired) != 0;
+    if (const std::string& type = m_database.typeName(record); type == "SEQEND" || type == "ENDBLK")
+        return writeEndMark(record); // nothing of it counts but its place
+    m_text += m_database.withNewNames(record, m_database.file().readableBytes(record));
+}
+
 void SavePlan::writeAddedSubentities(AcDbStub* parent)
 {
     const AcDbObject* object = residentObject(*recordOf(parent));
@@ -174,6 +182,23 @@ void SavePlan::editRepaired()
             edit(i, Place::instead,
                  [&] { m_text += m_database.withNewNames(records[i], m_database.file().repairedBytes(records[i])); });
         }
+    editStructure();
+}
+
+/// What closes no section goes, and the end mark that lacks is set.
+void SavePlan::editStructure()
+{
+    const DxfFile& file = m_database.file();
+    const auto count = static_cast<std::uint32_t>(file.records().size());
+    bool ended = false;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::string& type = m_database.typeName(file.records()[i]);
+        ended |= type == "EOF";
+        if (type == "ENDSEC" && !file.isInSection(i))
+            edit(i, Place::instead, [] {});
+    }
+    if (!ended)
+        edit(count, Place::instead, [&] { DxfTagWriter(m_database.form(), m_text).rawText(0, "EOF"); });
 }
 
 void SavePlan::editChanged()
@@ -183,6 +208,8 @@ void SavePlan::editChanged()
         DxfRecord& record = records[position];
         if (isErased(record))
             edit(position, Place::instead, [] {});
+        else if ((record.flags & RecordFlags::mended) != 0)
+            edit(position, Place::instead, [&] { writeMended(record); });
         else if ((record.flags & RecordFlags::modified) != 0)
             edit(position, Place::instead, [&] { writeObject(record); });
         else if ((record.flags & DxfRecord::handleRepaired) != 0) {
@@ -201,7 +228,8 @@ void SavePlan::editOwnersOfErased()
         if (!stub)
             return;
         const DxfRecord& record = *recordOf(const_cast<AcDbStub*>(stub));
-        if (!isNew(record) && !isErased(record) && (record.flags & RecordFlags::modified) == 0)
+        constexpr int written = RecordFlags::erased | RecordFlags::modified | RecordFlags::mended;
+        if (!isNew(record) && (record.flags & written) == 0)
             found.insert(m_database.positionOf(record));
     };
     for (std::uint32_t position : m_database.edits()) {
@@ -272,20 +300,23 @@ void SavePlan::editLost()
             if (!leave && read)
                 writeObject(record);
             else if (!leave && type == "SEQEND")
-                writeSequenceEnd(record);
+                writeEndMark(record);
         });
         if (!leave && !read && type != "ATTRIB" && type != "VERTEX" && type != "SEQEND")
             leftOut = afterEntity(i);
     }
 }
 
-void SavePlan::writeSequenceEnd(const DxfRecord& record)
+void SavePlan::writeEndMark(const DxfRecord& record)
 {
     DxfTagWriter out(m_database.form(), m_text);
-    out.rawText(0, "SEQEND");
+    const std::string& type = m_database.typeName(record);
+    out.rawText(0, type);
     out.handle(5, record.handle);
     out.rawText(100, "AcDbEntity");
     out.rawText(8, "0");
+    if (type == "ENDBLK")
+        out.rawText(100, "AcDbBlockEnd");
 }
 
 /// Attributes and vertices added to entities of the file go before the SEQEND, or open a sequence.

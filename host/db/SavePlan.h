@@ -36,10 +36,12 @@ private:
     /// Dictionaries that name erased objects, and owners of an erased extension dictionary.
     void editOwnersOfErased();
     void editRepaired();
+    void editStructure();
     /// Objects that name a renamed definition and are otherwise as they were.
     void editNamesOfRenamed();
     void editLost();
-    void writeSequenceEnd(const DxfRecord& record);
+    /// Of a sequence or a block.
+    void writeEndMark(const DxfRecord& record);
     bool canDoWithout(const DxfRecord& record) const;
     void addToParents();
     void addToBlocks();
@@ -54,6 +56,7 @@ private:
     template <class Write>
     void edit(std::uint32_t position, Place place, Write write);
     void writeObject(DxfRecord& record);
+    void writeMended(const DxfRecord& record);
     void writeWithSubentities(AcDbStub* entity);
     void writeAddedSubentities(AcDbStub* parent);
     /// Position before which new records go so that they are the last of a section or table.

@@ -116,7 +116,7 @@ void DxfFile::load(DxfUpgrade upgrade)
     index();
     if (HeadRepair::isNeeded(*this))
         repair();
-    if (m_cut || m_lineOpen || !m_endsecsWithin.empty())
+    if (m_cut || m_lineOpen || !m_endsecsAmiss.empty())
         repair();
     m_versionOnDisk = m_form.version;
     const bool bare = m_form.version >= firstMarkedVersion && isBare();
@@ -234,7 +234,7 @@ bool DxfFile::isEndsecWithin(std::size_t place) const
 }
 
 /// Makes a copy of the file that is whole: with a head that can be read; or, of one that has such a head, closed at its
-/// end, without what closes a section too early.
+/// end and where one of its sections was left open, without what closes a section too early.
 void DxfFile::repair()
 {
     const auto readInstead = [this](std::string text) {
@@ -259,12 +259,17 @@ void DxfFile::repair()
     const std::uint64_t end = m_cut && tailed ? m_records.back().offset : m_bytes.size();
     whole.reserve(end + 64);
     std::uint64_t copied = 0;
-    for (const std::uint32_t at : m_endsecsWithin) {
-        whole.append(m_bytes, copied, m_records[at].offset - copied);
-        copied = m_records[at].offset + m_records[at].length;
+    DxfTagWriter out(m_form, whole);
+    for (const std::uint32_t at : m_endsecsAmiss) {
+        const DxfRecord& record = m_records[at];
+        whole.append(m_bytes, copied, record.offset - copied);
+        copied = record.offset;
+        if (record.type == DxfIndexer::endsec)
+            copied += record.length;
+        else
+            out.rawText(0, "ENDSEC");
     }
     whole.append(m_bytes, copied, end - copied);
-    DxfTagWriter out(m_form, whole);
     if (m_lineOpen) {
         whole += m_form.eol;
         out.rawText(0, "EOF");
@@ -283,7 +288,7 @@ void DxfFile::repair()
 void DxfFile::findRanges()
 {
     m_sections.clear();
-    m_endsecsWithin.clear();
+    m_endsecsAmiss.clear();
     bool open = false;
     bool ended = false;
     for (std::size_t place = 0; place < m_structure.size(); ++place) {
@@ -291,6 +296,7 @@ void DxfFile::findRanges()
         const std::uint16_t type = m_records[at].type;
         if (open && (type == DxfIndexer::section || type == DxfIndexer::eof)) {
             note(m_records[at].offset, 0, dxf_texts::sectionNotClosed(m_sections.back().name));
+            m_endsecsAmiss.push_back(at);
             closeSection(at - 1);
             open = false;
         }
@@ -303,7 +309,7 @@ void DxfFile::findRanges()
             open = true;
         } else if (type == DxfIndexer::endsec && open && isEndsecWithin(place)) {
             note(m_records[at].offset, 0, dxf_texts::endsecWithin);
-            m_endsecsWithin.push_back(at);
+            m_endsecsAmiss.push_back(at);
         } else if (type == DxfIndexer::endsec && open) {
             closeSection(at);
             open = false;
@@ -411,6 +417,12 @@ const DxfRange* DxfFile::section(std::string_view name) const
     return found == m_sections.end() ? nullptr : &*found;
 }
 
+bool DxfFile::isInSection(std::uint32_t position) const
+{
+    const auto next = std::ranges::upper_bound(m_sections, position, {}, &DxfRange::first);
+    return next != m_sections.begin() && position <= std::prev(next)->last;
+}
+
 const DxfRange* DxfFile::table(std::string_view name) const
 {
     const auto found = std::find_if(m_tables.begin(), m_tables.end(), [&](const auto& t) { return t.name == name; });
@@ -419,9 +431,18 @@ const DxfRange* DxfFile::table(std::string_view name) const
 
 std::string DxfFile::repairedBytes(const DxfRecord& record) const
 {
-    const std::string_view old = bytes(record);
-    if ((record.flags & DxfRecord::ownFlags) != DxfRecord::handleRepaired)
-        return std::string(old);
+    const bool isSound = (record.flags & DxfRecord::ownFlags) == DxfRecord::handleRepaired;
+    return isSound ? withHandle(record, bytes(record)) : std::string(bytes(record));
+}
+
+std::string DxfFile::readableBytes(const DxfRecord& record) const
+{
+    const std::string readable = DxfIndexer::readableTags(m_form, bytes(record));
+    return (record.flags & DxfRecord::handleRepaired) != 0 ? withHandle(record, readable) : readable;
+}
+
+std::string DxfFile::withHandle(const DxfRecord& record, std::string_view old) const
+{
     const int handleCode = record.type == DxfIndexer::dimstyle ? 105 : 5;
     std::string fresh;
     DxfTagWriter writer(m_form, fresh);

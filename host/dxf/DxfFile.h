@@ -66,6 +66,8 @@ public:
     std::string_view bytes(const DxfRecord& record) const { return m_bytes.substr(record.offset, record.length); }
     /// The bytes of a record with its repaired handle in them; the same bytes for one that is not flagged so.
     std::string repairedBytes(const DxfRecord& record) const;
+    /// What can be read of a spoiled record, with its handle.
+    std::string readableBytes(const DxfRecord& record) const;
 
     /// In file order. The object database may change `object` and its own flags, and append records.
     std::vector<DxfRecord>& records() { return m_records; }
@@ -84,6 +86,8 @@ public:
     const std::vector<DxfRange>& sections() const { return m_sections; }
     /// The first section of that name, or null.
     const DxfRange* section(std::string_view name) const;
+    /// Whether the record at that position is one of a section; what is not is read by nobody.
+    bool isInSection(std::uint32_t position) const;
     /// The tables of the TABLES section, in order.
     const std::vector<DxfRange>& tables() const { return m_tables; }
     const DxfRange* table(std::string_view name) const;
@@ -113,6 +117,7 @@ private:
     void findTables(const DxfRange& section);
     void closeSection(std::uint32_t last);
     void enterHandles(bool repair);
+    std::string withHandle(const DxfRecord& record, std::string_view old) const;
     void note(std::uint64_t offset, int groupCode, const std::string& what);
     [[noreturn]] void refuse(std::uint64_t offset, const std::string& reason) const;
 
@@ -129,11 +134,11 @@ private:
     HandleTable m_handles{m_records};
     std::vector<std::string> m_typeNames;
     std::unordered_map<std::string, std::uint16_t> m_typeIds;
-    std::vector<std::uint32_t> m_structure;     // positions of the records that open and close sections and tables
-    bool m_cut = false;                         // the file ends within a section
-    bool m_lineOpen = false;                    // or behind one, without EOF and within a line
-    bool m_repaired = false;                    // the bytes are not those of the disk
-    std::vector<std::uint32_t> m_endsecsWithin; // that close nothing
+    std::vector<std::uint32_t> m_structure;    // positions of the records that open and close sections and tables
+    bool m_cut = false;                        // the file ends within a section
+    bool m_lineOpen = false;                   // or behind one, without EOF and within a line
+    bool m_repaired = false;                   // the bytes are not those of the disk
+    std::vector<std::uint32_t> m_endsecsAmiss; // that close nothing, and what stands where one lacks
     std::vector<DxfRange> m_sections;
     std::vector<DxfRange> m_tables;
     std::vector<DxfProblem> m_problems;

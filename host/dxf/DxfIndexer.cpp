@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr int mostSpoiled = 1000;               // bad tags; beyond, the file is something else
-constexpr int tagsToTrust = 8;                  // that make sense one after the other
-constexpr std::ptrdiff_t lookAhead = 64 * 1024; // bytes
-constexpr std::size_t bytesPerRecord = 64;      // a guess on the low side: what is not used costs no memory
+constexpr int mostSpoiled = 1000;                               // bad tags; beyond, the file is something else
+constexpr int tagsToTrust = 8;                                  // that make sense one after the other
+constexpr std::ptrdiff_t lookAhead = std::ptrdiff_t{64} * 1024; // bytes
+constexpr std::size_t bytesPerRecord = 64; // a guess on the low side: what is not used costs no memory
 
 std::string_view trimmed(std::string_view text)
 {
@@ -274,6 +274,32 @@ int DxfIndexer::goodTags(const char* from) const
         ++count;
     }
     return count;
+}
+
+std::string DxfIndexer::readableTags(const DxfForm& form, std::string_view record)
+{
+    const char* const end = record.data() + record.size();
+    const auto goodFrom = [&](const char* at) {
+        DxfCursor cursor(form, at, end);
+        DxfTag tag;
+        std::ptrdiff_t count = 0;
+        while (cursor.next(tag) && makesSense(form, tag))
+            ++count;
+        return count;
+    };
+    std::string readable;
+    const char* from = record.data();
+    while (from) {
+        DxfCursor cursor(form, from, end);
+        DxfTag tag;
+        from = nullptr;
+        while (!from && cursor.next(tag))
+            if (tag.code == dxfBadCode) // its line may be one too many, or stand in a code's place
+                from = goodFrom(tag.next) >= goodFrom(tag.begin) ? tag.next : tag.begin;
+            else if (makesSense(form, tag))
+                readable.append(tag.start, tag.next);
+    }
+    return readable;
 }
 
 // In a binary file nothing but the shape of a group 0 and its name tells where tags start again.

@@ -24,6 +24,9 @@ public:
     /// is left out.
     void run();
 
+    /// The tags of a record that can be read, each as it stands.
+    static std::string readableTags(const DxfForm& form, std::string_view record);
+
 private:
     struct CachedName {
         std::uint64_t head = 0;

@@ -120,6 +120,60 @@ TEST_F(convertir, RepairsWhatItCan)
     EXPECT_EQ(vela("info repare.dxf --strict").statut, 0);
 }
 
+TEST_F(convertir, RepairsSoThatNothingIsLeftToRepair)
+{
+    const auto change = [](std::string texte, const std::string& de, const std::string& vers) {
+        const std::size_t la = texte.find(de);
+        EXPECT_NE(la, std::string::npos) << de;
+        return texte.replace(la, de.size(), vers);
+    };
+    copierExemple("chantier.dxf");
+    std::string sain = lire("chantier.dxf");
+    std::erase(sain, '\r');
+    struct cas {
+        const char* nom;
+        std::string texte;
+    };
+    for (const cas& ligne :
+         {cas{"no tables", "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1015\n0\nENDSEC\n"
+                           "0\nSECTION\n2\nENTITIES\n0\nPOINT\n5\nA\n100\nAcDbEntity\n8\nHAIE\n100\nAcDbPoint\n"
+                           "10\n1\n20\n2\n30\n3\n0\nENDSEC\n0\nEOF\n"},
+          cas{"a layer's colour", change(sain, "VOIRIE_AXE\n", "VOIRIE_AXE\n#@!\n")},
+          cas{"a table's own tags", change(sain, "TABLE\n  2\nSTYLE\n", "TABLE\n  2\nSTYLE\n33a\n1\n")},
+          cas{"the end of a block", change(sain, "0\nENDBLK\n  5\n", "0\nENDBLK\n1F\n8\nAUCUN\n  5\n")},
+          cas{"a dictionary's entry", change(sain, "AcDbDictionary\n", "AcDbDictionary\n350\n1w\n")},
+          cas{"a section left open", change(sain, "ENDTAB\n  0\nENDSEC\n", "ENDTAB\n")},
+          cas{"zeros in a layer's name",
+              change(sain, "AcDbEntity\n  8\nVOIR", "AcDbEntity\n  8\nV" + std::string(3, '\0'))},
+          cas{"records and an ENDSEC between two sections",
+              change(sain, "ENDSEC\n  0\nSECTION\n  2\nENTITIES\n",
+                     "ENDSEC\n  0\nPOINT\n  8\n0\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n")},
+          cas{"no end mark", change(sain, "  0\nEOF\n", "")}, cas{"cut", sain.substr(0, sain.size() / 2)}}) {
+        SCOPED_TRACE(ligne.nom);
+        ecrire("abime.dxf", ligne.texte);
+        EXPECT_EQ(vela("info abime.dxf --strict").statut, 1) << "the damage is one";
+        EXPECT_EQ(vela("convertir --reparer abime.dxf repare.dxf").statut, 0);
+        const execution info = vela("info repare.dxf --strict");
+        EXPECT_EQ(info.statut, 0) << info.sortie;
+        EXPECT_EQ(vela("convertir --reparer repare.dxf encore.dxf").statut, 0);
+        EXPECT_EQ(lire("encore.dxf"), lire("repare.dxf"));
+    }
+}
+
+TEST_F(convertir, MendsMarksOfSectionsWithoutBeingAsked)
+{
+    copierExemple("chantier.dxf");
+    std::string sain = lire("chantier.dxf");
+    const std::string fin = "  0\r\nEOF\r\n", marque = "  0\r\nENDSEC\r\n";
+    ASSERT_TRUE(sain.ends_with(marque + fin));
+    for (const std::string& autre : {marque + fin, std::string()}) { // as some libraries end their files
+        ecrire("autre.dxf", sain.substr(0, sain.size() - fin.size()) + autre);
+        EXPECT_EQ(vela("info autre.dxf --strict").statut, 1);
+        EXPECT_EQ(vela("convertir autre.dxf propre.dxf").statut, 0);
+        EXPECT_EQ(lire("propre.dxf"), sain);
+    }
+}
+
 TEST_F(convertir, SaysThatAnOldDrawingIsUpgraded)
 {
     ecrire("r12.dxf", "0\nSECTION\n2\nENTITIES\n0\nPOINT\n8\n0\n10\n1.0\n20\n2.0\n30\n3.0\n0\nENDSEC\n0\nEOF\n");

@@ -9,10 +9,13 @@ std::wstring DxfReadContext::text(const DxfTag& tag) const
 
 AcDbStub* DxfReadContext::named(NameKind kind, const DxfTag& tag) const
 {
-    AcDbStub* const found = database.names(kind).findBytes(dxfText(tag));
-    if (found || kind != NameKind::layer || dxfText(tag).empty())
+    AcDbStub* found = database.names(kind).findBytes(dxfText(tag));
+    if (found || kind != NameKind::layer)
         return found;
-    return database.makeUpLayer(form.encoding->decode(dxfText(tag)));
+    const std::string_view name = dxfText(tag).substr(0, dxfText(tag).find('\0')); // a disk's zeros end it
+    if (name.size() < dxfText(tag).size())
+        found = database.names(kind).findBytes(name);
+    return found || name.empty() ? found : database.makeUpLayer(form.encoding->decode(name));
 }
 
 bool DxfReadContext::object(const DxfTag& tag, AcDbStub*& stub) const
