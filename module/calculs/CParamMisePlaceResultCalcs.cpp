@@ -1,5 +1,6 @@
 #include "calculs/CParamMisePlaceResultCalcs.h"
 
+#include "services/dialogueChamps.h"
 #include "services/reelDeTexte.h"
 
 #include "ui_CParamMisePlaceResultCalcs.h"
@@ -8,6 +9,7 @@ CParamMisePlaceResultCalcs::CParamMisePlaceResultCalcs() : m_ui(std::make_unique
 {
     m_ui->setupUi(this);
     m_ui->editCode->setText(QString::number(codeStationsParDefaut));
+    surveillerNombre(*m_ui->editCode, L"le code");
     connect(m_ui->boutonAltitudes, &QPushButton::toggled, this, [this](bool altitudes) {
         m_ui->boutonAltitudes->setText(altitudes ? QStringLiteral("Placer les altitudes")
                                                  : QStringLiteral("Ne pas placer les altitudes"));

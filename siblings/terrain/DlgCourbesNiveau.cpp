@@ -22,6 +22,11 @@ double intervallePropose(const maillageTerrain& sol)
     return decade * (part < 1.5 ? 1.0 : part < 3.5 ? 2.0 : part < 7.5 ? 5.0 : 10.0);
 }
 
+constexpr wchar_t nomIntervalle[] = L"l'intervalle";
+constexpr wchar_t nomMaitresses[] = L"les courbes ma\u00eetresses";
+constexpr wchar_t nomTextes[] = L"la hauteur des textes";
+constexpr wchar_t nomEspacement[] = L"l'espacement des textes";
+
 } // namespace
 
 DlgCourbesNiveau::DlgCourbesNiveau(terrain& leModele) :
@@ -37,6 +42,10 @@ DlgCourbesNiveau::DlgCourbesNiveau(terrain& leModele) :
     m_ui->lisser->setChecked(defauts.demande.lisser);
     m_ui->coter->setChecked(defauts.coter);
     m_ui->remplacer->setChecked(defauts.remplacer);
+    surveillerNombre(*m_ui->intervalle, nomIntervalle);
+    surveillerNombre(*m_ui->maitresse, nomMaitresses);
+    surveillerNombre(*m_ui->hauteurTexte, nomTextes);
+    surveillerNombre(*m_ui->espacement, nomEspacement);
     connect(m_ui->boutonOk, &QPushButton::clicked, this, [this] { dessiner(); });
     connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -49,11 +58,11 @@ std::optional<reglagesCourbes> DlgCourbesNiveau::reglages() const
     lus.demande.lisser = m_ui->lisser->isChecked();
     lus.coter = m_ui->coter->isChecked();
     lus.remplacer = m_ui->remplacer->isChecked();
-    if (!lireChamp(*m_ui->intervalle, L"l'intervalle", lus.demande.intervalle) ||
-        !lireEntier(*m_ui->maitresse, L"les courbes ma\u00eetresses", lus.maitresse, 0, 1000))
+    if (!lireChamp(*m_ui->intervalle, nomIntervalle, lus.demande.intervalle) ||
+        !lireEntier(*m_ui->maitresse, nomMaitresses, lus.maitresse, 0, 1000))
         return std::nullopt;
-    if (lus.coter && (!lireChamp(*m_ui->hauteurTexte, L"la hauteur des textes", lus.hauteurTexte) ||
-                      !lireChamp(*m_ui->espacement, L"l'espacement des textes", lus.espacement)))
+    if (lus.coter && (!lireChamp(*m_ui->hauteurTexte, nomTextes, lus.hauteurTexte) ||
+                      !lireChamp(*m_ui->espacement, nomEspacement, lus.espacement)))
         return std::nullopt;
     return lus;
 }

@@ -13,6 +13,13 @@
 #include "tracesTerrain.h"
 #include "ui_DlgProfilTerrain.h"
 
+namespace {
+
+constexpr wchar_t nomFacteur[] = L"le rapport des hauteurs";
+constexpr wchar_t nomHauteur[] = L"la hauteur des textes";
+
+} // namespace
+
 DlgProfilTerrain::DlgProfilTerrain(terrain& leModele, std::wstring sonNom) :
     m_modele(leModele),
     m_nom(std::move(sonNom)),
@@ -21,6 +28,8 @@ DlgProfilTerrain::DlgProfilTerrain(terrain& leModele, std::wstring sonNom) :
     m_ui->setupUi(this);
     m_ui->facteur->setText("5");
     m_ui->hauteurTexte->setText("1.5");
+    surveillerNombre(*m_ui->facteur, nomFacteur);
+    surveillerNombre(*m_ui->hauteurTexte, nomHauteur);
     connect(m_ui->boutonPoints, &QPushButton::clicked, this, [this] { designer(); });
     connect(m_ui->boutonTableau, &QPushButton::clicked, this, [this] { tableau(); });
     connect(m_ui->boutonDessiner, &QPushButton::clicked, this, [this] { dessiner(); });
@@ -72,8 +81,7 @@ void DlgProfilTerrain::tableau()
 void DlgProfilTerrain::dessiner()
 {
     double facteur = 0.0, hauteur = 0.0;
-    if (!lireChamp(*m_ui->facteur, L"le rapport des hauteurs", facteur) ||
-        !lireChamp(*m_ui->hauteurTexte, L"la hauteur des textes", hauteur))
+    if (!lireChamp(*m_ui->facteur, nomFacteur, facteur) || !lireChamp(*m_ui->hauteurTexte, nomHauteur, hauteur))
         return;
     if (!(facteur > 0.0) || !(hauteur > 0.0))
         return avertirErreur(L"La hauteur des textes et le rapport des hauteurs doivent \u00eatre positifs.");

@@ -12,6 +12,12 @@
 #include "rangementModeles.h"
 #include "ui_DlgSourcesTerrain.h"
 
+namespace {
+
+constexpr wchar_t nomAretes[] = L"la longueur des ar\u00eates";
+
+} // namespace
+
 DlgSourcesTerrain::DlgSourcesTerrain(const std::wstring& nomPropose, std::vector<std::wstring> pris) :
     m_pris(std::move(pris)),
     m_ui(std::make_unique<Ui::DlgSourcesTerrain>())
@@ -35,6 +41,7 @@ DlgSourcesTerrain::DlgSourcesTerrain(const std::wstring& nomPropose, std::vector
     designation(m_ui->boutonLimites, m_ui->limites, m_choisis.limites,
                 L"\nLignes ferm\u00e9es o\u00f9 le mod\u00e8le s'arr\u00eate :");
     designation(m_ui->boutonTrous, m_ui->trous, m_choisis.trous, L"\nLignes ferm\u00e9es des trous :");
+    surveillerNombre(*m_ui->areteMax, nomAretes);
     connect(m_ui->boutonOk, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -79,6 +86,6 @@ void DlgSourcesTerrain::accept()
         !demanderOuiNon(L"Mod\u00e8les de terrain",
                         L"Le mod\u00e8le " + nom() + L" existe d\u00e9j\u00e0. Le remplacer ?"))
         return m_ui->nom->setFocus();
-    if (lireChamp(*m_ui->areteMax, L"la longueur des ar\u00eates", m_choisis.areteMax, 0.0, 1e36))
+    if (lireChamp(*m_ui->areteMax, nomAretes, m_choisis.areteMax, 0.0, 1e36))
         dialogueModule::accept();
 }

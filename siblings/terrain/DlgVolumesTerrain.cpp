@@ -9,6 +9,12 @@
 #include "terrainsOuverts.h"
 #include "ui_DlgVolumesTerrain.h"
 
+namespace {
+
+constexpr wchar_t nomAltitude[] = L"l'altitude du plan";
+
+} // namespace
+
 DlgVolumesTerrain::DlgVolumesTerrain(terrainsDuDessin& leDessin, terrain& leModele, std::wstring sonNom) :
     m_modele(leModele),
     m_nom(std::move(sonNom)),
@@ -23,6 +29,7 @@ DlgVolumesTerrain::DlgVolumesTerrain(terrainsDuDessin& leDessin, terrain& leMode
         m_autres.push_back(leDessin.de(id));
     }
     m_ui->altitude->setText(QString::number(m_modele.maillage()->altitudeMin(), 'f', 3));
+    surveillerNombre(*m_ui->altitude, nomAltitude);
     connect(m_ui->reference, &QComboBox::currentIndexChanged, this, [this] { choisirReference(); });
     connect(m_ui->boutonCalculer, &QPushButton::clicked, this, [this] { calculer(); });
     connect(m_ui->boutonRapport, &QPushButton::clicked, this, [this] { rapport(); });
@@ -45,7 +52,7 @@ void DlgVolumesTerrain::calculer()
     const int rang = m_ui->reference->currentIndex();
     if (rang == 0) {
         double altitude = 0.0;
-        if (!lireChamp(*m_ui->altitude, L"l'altitude du plan", altitude))
+        if (!lireChamp(*m_ui->altitude, nomAltitude, altitude))
             return;
         m_volumes = volumesSousPlan(*m_modele.maillage(), altitude);
         m_reference = L"plan horizontal d'altitude " + m_ui->altitude->text().trimmed().toStdWString();

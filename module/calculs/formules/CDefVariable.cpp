@@ -1,6 +1,7 @@
 #include "calculs/formules/CDefVariable.h"
 
 #include "services/codages.h"
+#include "services/dialogueChamps.h"
 #include "services/reelDeTexte.h"
 
 #include "ui_CDefVariable.h"
@@ -11,6 +12,7 @@ CDefVariable::CDefVariable(tableVariables& table, int indice) :
     m_ui(std::make_unique<Ui::CDefVariable>())
 {
     m_ui->setupUi(this);
+    surveillerNombre(*m_ui->editValeur, L"la valeur");
     connect(m_ui->boutonOk, &QPushButton::clicked, this, &CDefVariable::valider);
     connect(m_ui->boutonAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     if (m_indice < 0)

@@ -7,6 +7,7 @@
 #include "calculs/reseau/poidsReseau.h"
 #include "services/codages.h"
 #include "services/dialogueCellules.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
@@ -43,6 +44,9 @@ CDlgFormulePoids::CDlgFormulePoids(const formulesPoids& formules) : m_ui(std::ma
     m_ui->editD2->setText("150");
     m_ui->editD3->setText("180");
     m_ui->editAngle->setText("100");
+    for (QLineEdit* const champ : {m_ui->editD1, m_ui->editD2, m_ui->editD3})
+        surveillerNombre(*champ, L"la distance");
+    surveillerNombre(*m_ui->editAngle, L"l'angle");
     for (QLineEdit* const champ : {m_ui->editAngles, m_ui->editGisements, m_ui->editDistances, m_ui->editD1,
                                    m_ui->editD2, m_ui->editD3, m_ui->editAngle})
         connect(champ, &QLineEdit::textChanged, this, &CDlgFormulePoids::evaluer);

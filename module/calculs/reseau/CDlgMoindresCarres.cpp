@@ -23,6 +23,7 @@
 #include "points/nomsDoubles.h"
 #include "points/projetDansDessin.h"
 #include "reports/resultPolygo.h"
+#include "services/dialogueChamps.h"
 #include "services/dialogueFichier.h"
 #include "services/dialogueMessage.h"
 #include "services/fichierEntier.h"
@@ -62,6 +63,9 @@ CDlgMoindresCarres::CDlgMoindresCarres() : m_ui(std::make_unique<Ui::CDlgMoindre
     m_ui->caseAltitudes->setChecked(true);
     m_ui->editEchelle->setText("0");
     m_ui->editEchelle->setToolTip(QStringLiteral("0 : choisie selon le réseau"));
+    surveillerNombre(*m_ui->editSigma, L"sigma");
+    surveillerNombre(*m_ui->editCode, L"le code");
+    surveillerNombre(*m_ui->editEchelle, L"l'échelle");
     m_attente.setSingleShot(true);
     m_attente.setInterval(delaiCalcul);
     connect(&m_attente, &QTimer::timeout, this, &CDlgMoindresCarres::suivre);
