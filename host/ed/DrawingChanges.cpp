@@ -14,7 +14,7 @@
 namespace {
 
 struct SavedState {
-    std::uint64_t drawing = 0, modules = 0;
+    std::uint64_t drawing = 0, modules = 0, drafts = 0;
     bool never = false;
 };
 
@@ -57,9 +57,16 @@ bool DrawingChanges::areUnsaved(Document& document) const
     return saved.never || saved.drawing != drawingState(document) || saved.modules != moduleState(document).saved;
 }
 
+bool DrawingChanges::hasNewDrafts(Document& document) const
+{
+    const std::uint64_t drafts = moduleState(document).drafts;
+    return drafts != 0 && drafts != savedStateOf(document).drafts;
+}
+
 void DrawingChanges::setSaved(Document& document)
 {
-    savedStateOf(document) = {drawingState(document), moduleState(document).saved, false};
+    const ModuleState modules = moduleState(document);
+    savedStateOf(document) = {drawingState(document), modules.saved, modules.drafts, false};
 }
 
 void DrawingChanges::setNeverSaved(Document& document)

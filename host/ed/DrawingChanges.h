@@ -15,6 +15,8 @@ public:
 
     /// Whether closing the document now would lose something. Taking all changes back makes it false again.
     bool areUnsaved(Document& document) const;
+    /// Whether modules have drafts that they had not when it was opened or last saved: a recovery copy would hold them.
+    bool hasNewDrafts(Document& document) const;
     /// From now on, what the document holds is in its file. To be called after opening and saving.
     void setSaved(Document& document);
     /// Whatever happens, it holds what no file does until it is saved: a drawing that was recovered.
@@ -25,7 +27,7 @@ public:
     /// What modules keep for the current document: numbers that change with it.
     struct ModuleState {
         std::uint64_t saved = 0;  ///< what they write to its drawing only when it is saved
-        std::uint64_t drafts = 0; ///< and only to a recovery copy
+        std::uint64_t drafts = 0; ///< and only to a recovery copy; 0 where there are none
     };
     /// Set by the program; null for nothing.
     void setModuleState(std::function<ModuleState()> state) { m_moduleState = std::move(state); }

@@ -51,7 +51,9 @@ void Autosave::keep(Document& document)
     const auto& changes = DrawingChanges::instance();
     Kept& kept = m_kept.try_emplace(&document, Kept{m_numbers + 1}).first->second;
     m_numbers = std::max(m_numbers, kept.number);
-    if (!changes.areUnsaved(document))
+    // Drafts are the user's: one copy is enough, that of the drawing at work.
+    const bool draftsOnly = &document == DocumentList::instance().current() && changes.hasNewDrafts(document);
+    if (!draftsOnly && !changes.areUnsaved(document))
         return forget(kept);
     const std::uint64_t state = changes.state(document);
     if (kept.there && kept.state == state)

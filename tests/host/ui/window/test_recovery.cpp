@@ -90,6 +90,26 @@ TEST_F(RecoveryTest, copiesLeaveTheDrawingAloneAndGoWithIt)
     EXPECT_TRUE(fs::is_empty(RecoveryFolder::place()));
 }
 
+TEST_F(RecoveryTest, aDraftAloneIsCopiedWithTheDrawingAtWork)
+{
+    std::uint64_t draft = 7; // from before the drawing was opened: in the settings, and nothing new
+    DrawingChanges::instance().setModuleState([&] { return DrawingChanges::ModuleState{1, draft}; });
+    DocumentList& list = DocumentList::instance();
+    list.create();
+    Document& plan = list.create();
+    Autosave& autosave = window->autosave();
+    autosave.keepAll();
+    EXPECT_EQ(copies(), 0);
+    draft = 8;
+    autosave.keepAll();
+    EXPECT_EQ(copies(), 1);
+    EXPECT_FALSE(DrawingChanges::instance().areUnsaved(plan)) << "closing loses nothing: the settings hold the draft";
+    draft = 0; // saved by its dialog
+    autosave.keepAll();
+    EXPECT_EQ(copies(), 0);
+    DrawingChanges::instance().setModuleState(nullptr);
+}
+
 TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
 {
     if (const char* const data = std::getenv("VELA_TEST_DATA"))
