@@ -8,11 +8,14 @@
 #include <QDeadlineTimer>
 #include <QDialog>
 #include <QFileDialog>
+#include <QImage>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QRegularExpression>
 #include <QTabWidget>
+#include <QThread>
 
 #include "ui/script/Caption.h"
 #include "ui/script/DialogButtons.h"
@@ -66,16 +69,44 @@ QString tabNames(const QWidget& dialog)
                            : QStringLiteral("Ses onglets : %1.").arg(names.join(QStringLiteral(", ")));
 }
 
-/// What was just changed is laid out; a page of the web is drawn by another process, which says nothing when it has.
-void waitForPages(const QWidget& dialog)
+bool isOfOneColor(const QImage& picture)
 {
-    constexpr std::chrono::milliseconds drawing{1500};
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (picture.pixel(x, y) != picture.pixel(0, 0))
+                return false;
+    return true;
+}
+
+/// Without a loop of its own, in which the next line would be read.
+void letPass(std::chrono::milliseconds time)
+{
+    for (const QDeadlineTimer end(time); !end.hasExpired(); QThread::msleep(5))
+        QCoreApplication::processEvents();
+}
+
+/// What was just changed is laid out; a page of the web is drawn by another process, which says nothing when it has:
+/// it has once something stands on it, and stays.
+/// @throws ScriptError when nothing comes
+void waitForPage(const QWidget& dialog)
+{
+    constexpr std::chrono::milliseconds pause{150};
+    const QDeadlineTimer end(std::chrono::seconds(60));
+    QCoreApplication::processEvents();
     const auto widgets = dialog.findChildren<QWidget*>();
-    const bool web = std::ranges::any_of(widgets, [](const QWidget* w) { return w->inherits("QWebEngineView"); });
-    const QDeadlineTimer end(web ? drawing : std::chrono::milliseconds(0));
-    do
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-    while (!end.hasExpired());
+    const auto found = std::ranges::find_if(widgets, [](QWidget* w) { return w->inherits("QWebEngineView"); });
+    const QPointer<QWidget> page = found != widgets.end() ? *found : nullptr;
+    QImage before;
+    while (page && !end.hasExpired()) { // one that cannot be shown goes, and a simpler view takes its place
+        QImage now = page->grab().toImage();
+        if (now == before && !isOfOneColor(now))
+            return;
+        before = std::move(now);
+        letPass(pause);
+    }
+    if (page)
+        throw ScriptError(QStringLiteral("la page du dialogue « %1 » reste vide : son image n'est pas écrite.")
+                              .arg(captionText(dialog.windowTitle())));
 }
 
 } // namespace
@@ -186,7 +217,7 @@ bool DialogDriver::savePicture(const QString& line) const
     if (!match.hasMatch())
         return false;
     const QString file = scriptPath(match.captured(1), m_folder, false);
-    waitForPages(m_dialog);
+    waitForPage(m_dialog);
     if (!m_dialog.grab().save(file))
         throw ScriptError(QStringLiteral("%1 : l'image n'a pas pu être écrite.").arg(file));
     return true;
