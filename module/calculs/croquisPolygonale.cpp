@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <QPainter>
+#include <set>
+#include <utility>
 
 #include "services/grandeur.h"
 
@@ -70,8 +72,16 @@ void croquisPolygonale::paintEvent(QPaintEvent*)
         peintre.drawPolyline(ligne);
     }
     peintre.setPen(palette().text().color());
-    for (const nomPlace& station : m_noms)
-        if (estConnue(station.place.x) && estConnue(station.place.y))
-            peintre.drawText(place(station.place) + QPointF(4, -4), station.nom);
+    std::set<std::pair<int, int>> prises; // of names that would cover each other, the first
+    for (const nomPlace& station : m_noms) {
+        if (!estConnue(station.place.x) || !estConnue(station.place.y))
+            continue;
+        const QPointF coin = place(station.place) + QPointF(4, -4);
+        if (prises
+                .emplace(qRound(coin.x() / (2 * peintre.fontMetrics().averageCharWidth())),
+                         qRound(coin.y() / peintre.fontMetrics().height()))
+                .second)
+            peintre.drawText(coin, station.nom);
+    }
     peintre.drawRect(QRectF(place(traces.front().first->sommets.front()) - QPointF(3, 3), QSizeF(6, 6)));
 }

@@ -1,9 +1,12 @@
 #include "calculs/dialogueBrouillon.h"
 
+#include <algorithm>
+#include <iterator>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QStringList>
 #include <QUuid>
+#include <sstream>
 
 #include "services/reglages.h"
 
@@ -43,30 +46,45 @@ void reprendreChamps(QWidget& dialogue, const QString& brouillon)
     }
 }
 
-QString brouillonGarde(const QString& dialogue)
+QString nouvelleSaisie()
 {
-    return QString::fromUtf8(QByteArray::fromPercentEncoding(
-        QByteArray::fromStdString(QString::fromStdWString(texteGarde(dialogue.toStdWString())).toStdString())));
+    return QUuid::createUuid().toString(QUuid::Id128);
 }
 
-void garderBrouillon(const QString& dialogue, const QString& brouillon)
+std::vector<brouillon> brouillonsGardes(const QString& dialogue)
 {
-    const std::wstring nom = dialogue.toStdWString();
-    if (brouillon.isEmpty())
-        return garderTexte(nom, L"");
-    const std::wstring avant = saisieDe(texteGarde(nom));
-    const std::wstring saisie = avant.empty() ? QUuid::createUuid().toString(QUuid::Id128).toStdWString() : avant;
-    garderTexte(nom, saisie + finSaisie + QString::fromLatin1(brouillon.toUtf8().toPercentEncoding()).toStdWString());
+    std::vector<brouillon> gardes;
+    for (const std::wstring& texte : textesGardes(dialogue.toStdWString())) {
+        const auto octets = QByteArray::fromPercentEncoding(QString::fromStdWString(texte).toLatin1());
+        const qsizetype fin = octets.indexOf('\n');
+        gardes.push_back({QString::fromLatin1(octets.left(fin)), QString::fromUtf8(octets.mid(fin + 1))});
+    }
+    return gardes;
 }
 
-std::wstring texteGarde(const std::wstring& dialogue)
+void garderBrouillons(const QString& dialogue, const std::vector<brouillon>& brouillons)
 {
-    return lireReglage((L"Brouillon." + dialogue).c_str(), L"");
+    std::vector<std::wstring> textes;
+    for (const brouillon& b : brouillons)
+        textes.push_back(b.saisie.toStdWString() + finSaisie +
+                         QString::fromLatin1(b.texte.toUtf8().toPercentEncoding()).toStdWString());
+    garderTextes(dialogue.toStdWString(), textes);
 }
 
-void garderTexte(const std::wstring& dialogue, const std::wstring& texte)
+std::vector<std::wstring> textesGardes(const std::wstring& dialogue)
 {
-    garderReglage((L"Brouillon." + dialogue).c_str(), texte);
+    std::wistringstream lus(lireReglage((L"Brouillon." + dialogue).c_str(), L""));
+    return {std::istream_iterator<std::wstring, wchar_t>(lus), {}};
+}
+
+void garderTextes(const std::wstring& dialogue, const std::vector<std::wstring>& textes)
+{
+    std::wstring ligne;
+    for (std::size_t i = 0; i < std::min(textes.size(), brouillonsAuPlus); ++i)
+        ligne += (i > 0 ? L" " : L"") + textes[i];
+    const std::wstring reglage = L"Brouillon." + dialogue;
+    if (lireReglage(reglage.c_str(), L"") != ligne)
+        garderReglage(reglage.c_str(), ligne);
 }
 
 bool memeSaisie(const std::wstring& a, const std::wstring& b)

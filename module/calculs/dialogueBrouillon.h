@@ -3,6 +3,7 @@
 #include <QString>
 #include <QWidget>
 #include <string>
+#include <vector>
 
 /// What was typed in a dialog and not saved: kept in the user's settings, so that it outlives the dialog and a crash.
 /// Fields are kept as they stand, half typed or not.
@@ -12,14 +13,22 @@ QString brouillonDesChamps(const QWidget& dialogue);
 /// Fills them again; lines that are of no field are left aside.
 void reprendreChamps(QWidget& dialogue, const QString& brouillon);
 
-/// @param dialogue its name; empty when nothing is kept
-QString brouillonGarde(const QString& dialogue);
-/// An empty one forgets it.
-void garderBrouillon(const QString& dialogue, const QString& brouillon);
+struct brouillon {
+    QString saisie; ///< what was typed in one go has one, however often it is kept: see nouvelleSaisie
+    QString texte;
+};
+QString nouvelleSaisie();
 
-// The same as the settings hold it: one line of ASCII, which begins with what tells one entry of data from another.
+/// Beyond, the oldest is forgotten.
+constexpr std::size_t brouillonsAuPlus = 5;
 
-std::wstring texteGarde(const std::wstring& dialogue);
-void garderTexte(const std::wstring& dialogue, const std::wstring& texte);
+/// Those of a dialog, by its name, the last first.
+std::vector<brouillon> brouillonsGardes(const QString& dialogue);
+void garderBrouillons(const QString& dialogue, const std::vector<brouillon>& brouillons);
+
+// The same as the settings hold them: one line of ASCII each, without a blank, which begins with its saisie.
+
+std::vector<std::wstring> textesGardes(const std::wstring& dialogue);
+void garderTextes(const std::wstring& dialogue, const std::vector<std::wstring>& textes);
 /// Whether two are states of what was typed in one go.
 bool memeSaisie(const std::wstring& a, const std::wstring& b);

@@ -5,10 +5,10 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QLocale>
+#include <utility>
 
 #include "calculs/avertissementsPolygonale.h"
 #include "calculs/CParamMisePlaceResultCalcs.h"
-#include "calculs/dialogueBrouillon.h"
 #include "calculs/fermeturePolygonale.h"
 #include "calculs/panneauPolygonale.h"
 #include "calculs/phrasesDialogues.h"
@@ -98,12 +98,12 @@ void dialoguePolygonale::brancher(panneauPolygonale& panneau, std::initializer_l
     for (const auto* const champ : findChildren<QLineEdit*>())
         connect(champ, &QLineEdit::textChanged, &m_garde, dessiner);
     QTimer::singleShot(0, this, &dialoguePolygonale::noterEnregistre); // once the fields show what they begin with
-    m_aReprendre = brouillonGarde(metaObject()->className());
-    m_panneau->proposerReprise(!m_aReprendre.isEmpty());
+    m_aReprendre = brouillonsGardes(metaObject()->className());
+    m_panneau->proposerReprise(!m_aReprendre.empty());
 }
 
 /// The fields, then the rows: a blank field a tab.
-QString dialoguePolygonale::brouillon() const
+QString dialoguePolygonale::saisi() const
 {
     QString texte = brouillonDesChamps(*this);
     for (const ligneObservation& ligne : m_panneau->lignes()) {
@@ -114,33 +114,49 @@ QString dialoguePolygonale::brouillon() const
     return texte;
 }
 
+/// What is typed from now on is another text than what was.
 void dialoguePolygonale::noterEnregistre()
 {
-    m_enregistre = brouillon();
+    m_enregistre = saisi();
+    m_saisie = nouvelleSaisie();
 }
 
 void dialoguePolygonale::garder()
 {
-    if (!m_enregistre.isNull() && brouillon() != m_enregistre)
-        garderBrouillon(metaObject()->className(), brouillon());
+    std::vector<brouillon> gardes = m_aReprendre;
+    if (QString texte = saisi(); !m_enregistre.isNull() && texte != m_enregistre)
+        gardes.insert(gardes.begin(), {m_saisie, std::move(texte)});
+    garderBrouillons(metaObject()->className(), gardes);
 }
 
-/// What was typed meanwhile takes the place of what comes back: a second press brings it back in turn.
+/// What was typed and stands in no file makes place for something else, and comes last of what "Reprendre" brings.
+void dialoguePolygonale::mettreDeCote()
+{
+    if (QString texte = saisi(); !m_enregistre.isNull() && texte != m_enregistre)
+        m_aReprendre.push_back({std::exchange(m_saisie, nouvelleSaisie()), std::move(texte)});
+    m_panneau->proposerReprise(!m_aReprendre.empty());
+}
+
 void dialoguePolygonale::reprendre()
 {
-    const QString garde = m_aReprendre;
-    m_aReprendre = brouillon() == m_enregistre ? QString() : brouillon();
+    mettreDeCote();
+    const brouillon repris = m_aReprendre.front();
+    m_aReprendre.erase(m_aReprendre.begin());
+    m_saisie = repris.saisie;
     std::vector<ligneObservation> lignes;
-    for (const QString& ligne : garde.split(u'\n')) {
+    for (const QString& ligne : repris.texte.split(u'\n')) {
         const QStringList cellules = ligne.split(u'\t');
         if (cellules.size() == 5 && cellules[0].isEmpty())
             lignes.push_back({cellules[1].toStdWString(), cellules[2].toStdWString(), cellules[3].toStdWString(),
                               cellules[4].toStdWString()});
     }
     m_panneau->afficher(lignes, m_panneau->unite(), m_panneau->nivellement());
-    reprendreChamps(*this, garde);
-    m_panneau->proposerReprise(!m_aReprendre.isEmpty());
-    m_panneau->montrerBilan({L"Observations reprises ; elles ne sont pas enregistrées."});
+    reprendreChamps(*this, repris.texte);
+    m_panneau->proposerReprise(!m_aReprendre.empty());
+    std::vector<std::wstring> phrases{L"Observations reprises ; elles ne sont pas enregistrées."};
+    if (!m_aReprendre.empty())
+        phrases.emplace_back(L"« Reprendre » en rend d'autres, et garde celles-ci.");
+    m_panneau->montrerBilan(phrases);
 }
 
 void dialoguePolygonale::done(int resultat)
@@ -187,6 +203,7 @@ void dialoguePolygonale::charger()
         return;
     try {
         if (const auto octets = lireFichier(fichier->c_str())) {
+            mettreDeCote();
             m_panneau->montrerBilan(
                 premieresPhrases(avertissementsLecture(*fichier, lire(*octets)), remarquesMontrees));
             noterEnregistre();
@@ -211,8 +228,7 @@ void dialoguePolygonale::sauvegarder()
         return avertirErreur(ouvertureImpossible);
     m_panneau->montrerBilan(premieresPhrases(perduALEcriture(), remarquesMontrees));
     noterEnregistre();
-    garderBrouillon(metaObject()->className(), QString());
-    m_panneau->proposerReprise(false);
+    garder();
 }
 
 void dialoguePolygonale::calculer()

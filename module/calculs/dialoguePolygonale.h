@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "calculs/dialogueBrouillon.h"
 #include "calculs/fichierPolygonale.h"
 #include "calculs/polygonaleCalculee.h"
 #include "calculs/reseau/fichierReseau.h"
@@ -48,8 +49,9 @@ private:
     bool placerQuandMeme(const polygonaleCalculee& calculee) const;
     void placerStations(const polygonaleCalculee& calculee, const CParamMisePlaceResultCalcs& parametres);
     void rafraichirCroquis();
-    QString brouillon() const;
+    QString saisi() const;
     void garder();
+    void mettreDeCote();
     void reprendre();
     void noterEnregistre();
     bool donneesSuffisantes() const;
@@ -58,10 +60,11 @@ private:
 
     panneauPolygonale* m_panneau = nullptr;
     std::vector<champNombre> m_champs;
-    QTimer m_croquis;     ///< one drawing for a run of changes
-    QTimer m_garde;       ///< and one writing of what is not saved
-    QString m_enregistre; ///< what a file, or nothing at all, has given
-    QString m_aReprendre; ///< what "Reprendre" brings
+    QTimer m_croquis;                    ///< one drawing for a run of changes
+    QTimer m_garde;                      ///< and one writing of what is not saved
+    QString m_enregistre;                ///< what a file, or nothing at all, has given
+    QString m_saisie;                    ///< of what is typed now
+    std::vector<brouillon> m_aReprendre; ///< what "Reprendre" brings, one after the other
 };
 
 // Fields of traverse dialogs.

@@ -85,7 +85,7 @@ brouillonsEmportes brouillonsDuPoste()
 {
     brouillonsEmportes gardes;
     for (const wchar_t* const dialogue : dialogues)
-        if (std::wstring texte = texteGarde(dialogue); !texte.empty())
+        for (std::wstring& texte : textesGardes(dialogue))
             gardes.push_back({dialogue, std::move(texte)});
     return gardes;
 }
@@ -113,15 +113,20 @@ std::unique_ptr<gardeCopies> gardeDesCopies;
 /// Whether the user's settings have it now, by this call or since before. They take only what a dialog will offer.
 bool adopter(const brouillonEmporte& b)
 {
-    if (std::ranges::find(dialogues, b.dialogue) == std::end(dialogues) || b.texte.size() > longueurAdoptee)
+    if (std::ranges::find(dialogues, b.dialogue) == std::end(dialogues) || b.texte.size() > longueurAdoptee ||
+        b.texte.find(L' ') != std::wstring::npos)
         return false;
-    std::wstring sien = texteGarde(b.dialogue);
-    if (sien.empty()) {
-        garderTexte(b.dialogue, b.texte);
-        sien = texteGarde(b.dialogue); // settings may refuse a text, or not be writable
-        return sien == b.texte;
-    }
-    return memeSaisie(sien, b.texte); // the user's own went on since the copy
+    const auto yEst = [&](const std::vector<std::wstring>& textes) {
+        return std::ranges::any_of(textes, [&](const std::wstring& t) { return memeSaisie(t, b.texte); });
+    };
+    std::vector<std::wstring> siens = textesGardes(b.dialogue);
+    if (yEst(siens)) // the user's own went on since the copy
+        return true;
+    if (siens.size() >= brouillonsAuPlus)
+        return false;
+    siens.push_back(b.texte);
+    garderTextes(b.dialogue, siens);
+    return yEst(textesGardes(b.dialogue)); // settings may refuse a text, or not be writable
 }
 
 } // namespace

@@ -269,6 +269,7 @@ TEST_F(ModuleTest, recoveryCopiesBringWhatWasTypedAndNotSaved)
     const TestFolder folder;
     brouillonDuPoste poste;
     const std::wstring saisie = L"a1%0AeditX=" + std::wstring(600, L'7') + L"%09%C3%A9", suite = L"a1%0AeditX=8";
+    const std::wstring pleins = L"b2%0AA=2 b3%0AA=3 b4%0AA=4 b5%0AA=5 b6%0AA=6";
     Document& dessin = *DocumentList::instance().current();
     poste.mettre(saisie);
     const auto etat = dessin.database()->impl().undo().state();
@@ -286,7 +287,8 @@ TEST_F(ModuleTest, recoveryCopiesBringWhatWasTypedAndNotSaved)
     const Row rows[] = {
         {"another user", L"", saisie, false},
         {"this user, who typed on", suite, suite, false},
-        {"one with observations of another traverse", L"b2%0AeditX=9", L"b2%0AeditX=9", true},
+        {"one with observations of another traverse", L"b2%0AeditX=9", L"b2%0AeditX=9 " + saisie, false},
+        {"one who keeps as many as are kept", pleins, pleins, true},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
