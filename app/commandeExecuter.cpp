@@ -24,6 +24,7 @@ namespace {
 struct choixExecuter {
     std::string script;
     std::vector<std::string> dessins;
+    std::vector<std::string> suivants; ///< sans option devant
     bool strict = false;
     bool echo = false;
     int limite = 600; // seconds; the longest honest loop over a large survey takes some
@@ -108,9 +109,16 @@ void ajouterCommandeExecuter(CLI::App& programme)
                     "Dessins à ouvrir d'abord, chacun à son tour (sans eux, un dessin neuf)")
         ->type_name("D.dxf")
         ->allow_extra_args(false);
+    commande
+        .add_option("DESSIN", choix->suivants,
+                    "Autres dessins, après ceux de --dessin : « --dessin *.dxf » les dit tous")
+        ->type_name("");
     commande.add_flag("--strict", choix->strict, "Refuse les objets laissés ouverts par une commande");
     commande.add_flag("--echo", choix->echo, "Montre les invites et les réponses du script");
     commande.add_option("--limite", choix->limite, "Calcul le plus long d'une expression AutoLISP, en secondes (600)")
         ->type_name("S");
-    commande.callback([choix] { choix->dessins.size() > 1 ? executerPourChacun(*choix) : executer(*choix); });
+    commande.callback([choix] {
+        choix->dessins.insert(choix->dessins.end(), choix->suivants.begin(), choix->suivants.end());
+        choix->dessins.size() > 1 ? executerPourChacun(*choix) : executer(*choix);
+    });
 }

@@ -129,7 +129,7 @@ TEST_F(executer, RunsTheStandardInputOnSeveralDrawings)
     copierExemple("chantier.dxf");
     std::filesystem::copy(chemin("chantier.dxf"), chemin("autre.dxf"));
     ecrire("essai.scr", "POINT 1,1\nQSAVE\n");
-    const execution run = vela("executer - --dessin chantier.dxf --dessin absent.dxf --dessin autre.dxf < essai.scr");
+    const execution run = vela("executer - --dessin chantier.dxf absent.dxf --dessin autre.dxf < essai.scr");
     EXPECT_EQ(run.statut, 1);
     EXPECT_NE(run.erreurs.find("échec pour absent.dxf."), std::string::npos) << run.erreurs;
     for (const char* dessin : {"chantier.dxf", "autre.dxf"})
