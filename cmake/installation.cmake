@@ -1,7 +1,7 @@
 # What an installation holds, and the Debian package made of it (scripts/paquet.sh).
 
 install(TARGETS vela DESTINATION bin)
-set(bibliotheques velahost velaui module_arx principal_arx terrain_arx)
+set(bibliotheques velahost velaui module_arx module_carte principal_arx terrain_arx)
 if(TARGET module_navigateur)
     list(APPEND bibliotheques module_navigateur)
 endif()

@@ -28,6 +28,8 @@ utilisateur 'cp -r /usr/share/doc/vela/examples .
         --dessin examples/chantier.dxf --placer --altitudes --compensee --enregistrer corrige.dxf >/dev/null
     vela apercu corrige.dxf -o corrige.png >/dev/null
     test -s corrige.png && test -s rapport.html'
+# Libraries that are loaded when they are asked for.
+utilisateur 'vela points exporter corrige.dxf -o corrige.geojson --projection EPSG:2154 >/dev/null && test -s corrige.geojson'
 # The DWG converter, and what a desktop asks of a package.
 cp "$(dirname "${BASH_SOURCE[0]}")/../tests/host/dwg/leve.dwg" "$racine/tmp"
 utilisateur 'vela convertir /tmp/leve.dwg leve.dxf && vela info --strict leve.dxf >/dev/null'
