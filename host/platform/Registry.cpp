@@ -64,19 +64,47 @@ void checkKey(std::wstring_view key)
 Registry& Registry::ofUser()
 {
     static Registry registry(registryFile());
+    registry.refresh();
     return registry;
 }
 
 Registry::Registry(std::filesystem::path file) : m_file(std::move(file)), m_sections(1)
 {
     std::error_code unknown; // then reading it tells
-    if (!std::filesystem::exists(m_file, unknown) && !unknown)
-        return;
+    if (std::filesystem::exists(m_file, unknown) || unknown)
+        load();
+}
+
+void Registry::refresh()
+{
+    if (const auto now = stamp(); now && now != m_stamp)
+        load();
+}
+
+std::optional<Registry::Stamp> Registry::stamp() const
+{
+    std::error_code gone;
+    const auto time = std::filesystem::last_write_time(m_file, gone);
+    if (gone)
+        return std::nullopt;
+    const auto size = std::filesystem::file_size(m_file, gone);
+    return gone ? std::nullopt : std::optional(Stamp{time, size});
+}
+
+/// A file that cannot be read leaves what there was.
+void Registry::load()
+{
+    m_stamp = stamp(); // before: what is written meanwhile is read the next time
+    std::error_code unknown;
     std::ifstream in(m_file, std::ios::binary);
     std::ostringstream content;
     const bool isEmpty = in.is_open() && std::filesystem::is_empty(m_file, unknown);
-    if (!isEmpty && !(content << in.rdbuf()))
+    m_problems.clear();
+    if (!isEmpty && !(content << in.rdbuf())) {
         m_problems.push_back(m_file.string() + " : fichier illisible");
+        return;
+    }
+    m_sections.assign(1, {});
     read(content.view());
 }
 
@@ -136,12 +164,12 @@ std::optional<Registry::Value> Registry::value(std::wstring_view key, std::wstri
 void Registry::createKey(std::wstring_view key)
 {
     checkKey(key);
+    refresh();
     if (hasKey(key))
         return;
     std::vector<Section> sections = m_sections;
     sections.push_back({std::wstring(key), {}});
-    save(sections);
-    m_sections = std::move(sections);
+    save(std::move(sections));
 }
 
 void Registry::setValue(std::wstring_view key, std::wstring_view name, const Value& value)
@@ -151,6 +179,7 @@ void Registry::setValue(std::wstring_view key, std::wstring_view name, const Val
     const std::optional<Line> readBack = parseLine(text);
     if (text.find('\n') != std::string::npos || !readBack || readBack->name != name || readBack->value != value)
         throw std::invalid_argument("nom ou texte qui ne tient pas sur une ligne");
+    refresh();
     std::vector<Section> sections = m_sections;
     auto section =
         std::find_if(sections.begin() + 1, sections.end(), [&](const Section& s) { return equalNoCase(s.key, key); });
@@ -161,11 +190,10 @@ void Registry::setValue(std::wstring_view key, std::wstring_view name, const Val
     if (line == section->lines.end())
         line = section->lines.insert(line, Line{});
     *line = {text, std::wstring(name), value};
-    save(sections);
-    m_sections = std::move(sections);
+    save(std::move(sections));
 }
 
-void Registry::save(const std::vector<Section>& sections) const
+void Registry::save(std::vector<Section> sections)
 {
     std::filesystem::create_directories(m_file.parent_path());
     const std::filesystem::path fresh = m_file.native() + ".nouveau";
@@ -182,6 +210,8 @@ void Registry::save(const std::vector<Section>& sections) const
             throw std::system_error(errno, std::generic_category(), fresh.string());
     }
     std::filesystem::rename(fresh, m_file);
+    m_sections = std::move(sections);
+    m_stamp = stamp();
 }
 
 } // namespace platform

@@ -20,16 +20,20 @@ namespace platform {
 ///
 /// Keys and names are found whatever their letter case; of two of one name the first counts. Lines that are not
 /// understood are reported and kept when the file is written again. A file that does not exist holds no values.
+/// Several programs may share one file: what the others wrote is read before anything is written.
 /// Beneath the file lies one value of our own, the installed support folder: the text "chemin" of
 /// HKEY_LOCAL_MACHINE\Software\Ostrakon\Quarvel5.
 class Registry {
 public:
     using Value = std::variant<std::wstring, std::uint32_t>;
 
-    /// The user's registry: the file that registryFile() names, read on first use.
+    /// The user's registry: the file that registryFile() names, read on first use and when it has changed since.
     static Registry& ofUser();
 
     explicit Registry(std::filesystem::path file);
+
+    /// Reads the file again when another program has written it.
+    void refresh();
 
     /// What was wrong with the file, for the user: file, line, reason.
     const std::vector<std::string>& problems() const { return m_problems; }
@@ -55,11 +59,20 @@ private:
         std::vector<Line> lines;
     };
 
+    /// Tells one writing of the file from the next.
+    struct Stamp {
+        std::filesystem::file_time_type time;
+        std::uintmax_t size = 0;
+        bool operator==(const Stamp&) const = default;
+    };
+    std::optional<Stamp> stamp() const;
+    void load();
     void read(std::string_view text);
     static std::optional<Line> parseLine(std::string_view text);
-    void save(const std::vector<Section>& sections) const;
+    void save(std::vector<Section> sections);
 
     std::filesystem::path m_file;
+    std::optional<Stamp> m_stamp; // of what was read or written last
     std::vector<Section> m_sections;
     std::vector<std::string> m_problems;
 };

@@ -82,6 +82,19 @@ TEST_F(RegistryFile, WritesWithoutLosingTheRest)
     EXPECT_EQ(textOf(Registry(root / "registre.ini"), L"HKEY_CURRENT_USER\\A", L"x"), L"C:\\d \"e\"");
 }
 
+TEST_F(RegistryFile, TwoProgramsShareOne)
+{
+    Registry one(root / "registre.ini"), other(root / "registre.ini");
+    one.setValue(product, L"un", std::wstring(L"tapé ici"));
+    other.setValue(product, L"deux", 2U);
+    one.refresh();
+    EXPECT_EQ(one.value(product, L"deux"), Registry::Value(2U));
+    EXPECT_EQ(textOf(Registry(root / "registre.ini"), product, L"un"), L"tapé ici");
+    std::filesystem::remove(root / "registre.ini");
+    one.setValue(product, L"trois", 3U);
+    EXPECT_EQ(textOf(Registry(root / "registre.ini"), product, L"un"), L"tapé ici") << "nothing read is lost";
+}
+
 TEST_F(RegistryFile, AFailedSaveChangesNothing)
 {
     write("file", "");
