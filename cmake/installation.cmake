@@ -26,8 +26,8 @@ add_custom_target(textes_installation ALL DEPENDS ${prepares}/vela.1.gz ${prepar
 install(FILES ${prepares}/vela.1.gz DESTINATION share/man/man1)
 install(FILES ${prepares}/vela.1.gz DESTINATION share/man/fr/man1)
 install(FILES ${prepares}/changelog.gz ${installation}/copyright DESTINATION share/doc/vela)
-install(FILES docs/guide-utilisateur.md docs/scripts.md docs/fonctions-lisp.md docs/autolisp.md docs/codification.md
-    docs/chantier-corrige.png docs/fenetre.png DESTINATION share/doc/vela)
+install(FILES docs/guide-utilisateur.md docs/fichier-mc.md docs/scripts.md docs/fonctions-lisp.md docs/autolisp.md
+    docs/codification.md docs/chantier-corrige.png docs/fenetre.png DESTINATION share/doc/vela)
 install(DIRECTORY docs/images DESTINATION share/doc/vela)
 install(DIRECTORY examples DESTINATION share/doc/vela)
 install(FILES ${installation}/vela.desktop DESTINATION share/applications)

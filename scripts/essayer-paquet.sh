@@ -28,6 +28,11 @@ utilisateur 'cp -r /usr/share/doc/vela/examples .
         --dessin examples/chantier.dxf --placer --altitudes --compensee --enregistrer corrige.dxf >/dev/null
     vela apercu corrige.dxf -o corrige.png >/dev/null
     test -s corrige.png && test -s rapport.html'
+# What the guide leads to.
+utilisateur 'cd /usr/share/doc/vela
+    for lien in $(grep -oh "]([^):#]*" ./*.md | cut -c3-); do
+        test -e "$lien" || { echo "$lien manque" >&2; exit 1; }
+    done'
 # Libraries that are loaded when they are asked for.
 utilisateur 'vela points exporter corrige.dxf -o corrige.geojson --projection EPSG:2154 >/dev/null && test -s corrige.geojson'
 # The DWG converter, and what a desktop asks of a package.
