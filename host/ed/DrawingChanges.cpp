@@ -29,6 +29,14 @@ std::uint64_t drawingState(Document& document)
     return document.database()->impl().undo().state();
 }
 
+std::uint64_t stateOf(const std::function<std::uint64_t()>& modules, Document& document)
+{
+    std::uint64_t state = 0;
+    if (modules)
+        DocumentList::instance().withCurrent(document, [&] { state = modules(); });
+    return state;
+}
+
 } // namespace
 
 DrawingChanges& DrawingChanges::instance()
@@ -36,37 +44,30 @@ DrawingChanges& DrawingChanges::instance()
     return HostSession::part<DrawingChanges>();
 }
 
-DrawingChanges::ModuleState DrawingChanges::moduleState(Document& document) const
-{
-    ModuleState state;
-    if (m_moduleState)
-        DocumentList::instance().withCurrent(document, [&] { state = m_moduleState(); });
-    return state;
-}
-
 std::uint64_t DrawingChanges::state(Document& document) const
 {
     constexpr std::uint64_t spread = 0x9E3779B97F4A7C15U; // golden ratio: both numbers count
-    const ModuleState modules = moduleState(document);
-    return (drawingState(document) * spread + modules.saved) * spread + modules.drafts;
+    return (drawingState(document) * spread + stateOf(m_modules.saved, document)) * spread +
+           stateOf(m_modules.drafts, document);
 }
 
 bool DrawingChanges::areUnsaved(Document& document) const
 {
     const SavedState& saved = savedStateOf(document);
-    return saved.never || saved.drawing != drawingState(document) || saved.modules != moduleState(document).saved;
+    return saved.never || saved.drawing != drawingState(document) ||
+           saved.modules != stateOf(m_modules.saved, document);
 }
 
 bool DrawingChanges::hasNewDrafts(Document& document) const
 {
-    const std::uint64_t drafts = moduleState(document).drafts;
+    const std::uint64_t drafts = stateOf(m_modules.drafts, document);
     return drafts != 0 && drafts != savedStateOf(document).drafts;
 }
 
 void DrawingChanges::setSaved(Document& document)
 {
-    const ModuleState modules = moduleState(document);
-    savedStateOf(document) = {drawingState(document), modules.saved, modules.drafts, false};
+    savedStateOf(document) = {drawingState(document), stateOf(m_modules.saved, document),
+                              stateOf(m_modules.drafts, document), false};
 }
 
 void DrawingChanges::setNeverSaved(Document& document)

@@ -25,12 +25,12 @@ public:
     std::uint64_t state(Document& document) const;
 
     /// What modules keep for the current document: numbers that change with it.
-    struct ModuleState {
-        std::uint64_t saved = 0;  ///< what they write to its drawing only when it is saved
-        std::uint64_t drafts = 0; ///< and only to a recovery copy; 0 where there are none
+    struct ModuleStates {
+        std::function<std::uint64_t()> saved;  ///< what they write to its drawing only when it is saved
+        std::function<std::uint64_t()> drafts; ///< and only to a recovery copy; 0 where there are none
     };
     /// Set by the program; null for nothing.
-    void setModuleState(std::function<ModuleState()> state) { m_moduleState = std::move(state); }
+    void setModuleStates(ModuleStates states) { m_modules = std::move(states); }
 
     /// Writes a recovery copy: what saving would write, modules told and all, to another file, whole or not at all. The
     /// document, its history and its own file stay as they are. No object of the drawing may be open.
@@ -38,7 +38,5 @@ public:
     static std::optional<std::wstring> writeCopy(Document& document, const std::filesystem::path& path);
 
 private:
-    ModuleState moduleState(Document& document) const;
-
-    std::function<ModuleState()> m_moduleState;
+    ModuleStates m_modules;
 };

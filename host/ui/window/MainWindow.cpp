@@ -88,15 +88,14 @@ MainWindow::MainWindow(PointTables* points) :
     setDarkGround(windowSettings::text(L"fond", QStringLiteral("sombre")) == QLatin1String("sombre"));
     m_autosave->setMinutes(windowSettings::number(L"minutesSauvegarde", autosaveMinutes));
     if (points)
-        DrawingChanges::instance().setModuleState([points] {
-            return DrawingChanges::ModuleState{points->state(), points->drafts()};
-        });
+        DrawingChanges::instance().setModuleStates(
+            {[points] { return points->state(); }, [points] { return points->drafts(); }});
     showDocument(DocumentList::instance().current());
 }
 
 MainWindow::~MainWindow()
 {
-    DrawingChanges::instance().setModuleState(nullptr);
+    DrawingChanges::instance().setModuleStates({});
     CommandHooks::instance().chooseFile = nullptr;
     CommandHooks::instance().tellFailure = nullptr;
     CommandHooks::instance().regenerate = nullptr;

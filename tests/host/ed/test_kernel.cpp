@@ -148,8 +148,8 @@ TEST_F(WholeKernel, tellsWhatAFileLacks)
 {
     auto& changes = DrawingChanges::instance();
     Document& document = *DocumentList::instance().current();
-    DrawingChanges::ModuleState ofModules{7, 1};
-    changes.setModuleState([&ofModules] { return ofModules; });
+    std::uint64_t saved = 7, drafts = 1; // of modules
+    changes.setModuleStates({[&] { return saved; }, [&] { return drafts; }});
     changes.setSaved(document);
     EXPECT_FALSE(changes.areUnsaved(document));
     run([] { appendPoint(1); });
@@ -157,10 +157,10 @@ TEST_F(WholeKernel, tellsWhatAFileLacks)
     drawing().impl().undo().undo();
     EXPECT_FALSE(changes.areUnsaved(document)) << "taken back";
     const std::uint64_t state = changes.state(document);
-    ofModules.drafts = 2;
+    drafts = 2;
     EXPECT_FALSE(changes.areUnsaved(document)) << "no file holds drafts";
     EXPECT_NE(changes.state(document), state) << "a recovery copy does";
-    ofModules.saved = 8;
+    saved = 8;
     EXPECT_TRUE(changes.areUnsaved(document));
 
     const TestFolder folder;
@@ -172,7 +172,7 @@ TEST_F(WholeKernel, tellsWhatAFileLacks)
     changes.setNeverSaved(document);
     EXPECT_EQ(DocumentList::instance().saveAs(document, (folder / "plan.dxf").wstring()), std::nullopt);
     EXPECT_FALSE(changes.areUnsaved(document));
-    changes.setModuleState(nullptr);
+    changes.setModuleStates({});
 }
 
 } // namespace

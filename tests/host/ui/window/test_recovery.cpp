@@ -93,7 +93,7 @@ TEST_F(RecoveryTest, copiesLeaveTheDrawingAloneAndGoWithIt)
 TEST_F(RecoveryTest, aDraftAloneIsCopiedWithTheDrawingAtWork)
 {
     std::uint64_t draft = 7; // from before the drawing was opened: in the settings, and nothing new
-    DrawingChanges::instance().setModuleState([&] { return DrawingChanges::ModuleState{1, draft}; });
+    DrawingChanges::instance().setModuleStates({nullptr, [&] { return draft; }});
     DocumentList& list = DocumentList::instance();
     list.create();
     Document& plan = list.create();
@@ -107,7 +107,7 @@ TEST_F(RecoveryTest, aDraftAloneIsCopiedWithTheDrawingAtWork)
     draft = 0; // saved by its dialog
     autosave.keepAll();
     EXPECT_EQ(copies(), 0);
-    DrawingChanges::instance().setModuleState(nullptr);
+    DrawingChanges::instance().setModuleStates({});
 }
 
 TEST_F(RecoveryTest, whatAKilledSessionKeptIsOffered)
