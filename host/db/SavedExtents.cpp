@@ -1,7 +1,10 @@
 #include "db/SavedExtents.h"
 
+#include <algorithm>
+
 #include "db/DatabaseImpl.h"
 #include "db/entities/BlockExtents.h"
+#include "db/fields/DxfFields.h"
 #include "db/Ownership.h"
 
 #include "dbents.h"
@@ -57,6 +60,32 @@ bool same(const AcGePoint3d& a, const AcGePoint3d& b)
     return a.x == b.x && a.y == b.y && a.z == b.z;
 }
 
+/// The entities of model space that edits of the file made what they are: of attributes and vertices, whether they
+/// changed or came, the one that they belong to.
+std::vector<AcDbStub*> changedEntities(AcDbDatabaseImpl& database)
+{
+    const auto ownership = database.ownership();
+    std::vector<AcDbStub*> changed;
+    for (const std::uint32_t position : database.edits()) {
+        DxfRecord& record = database.file().records()[position];
+        const AcDbObject* const object = residentObject(record);
+        const bool gained = object && !ownership.addedSubentities(*object).empty();
+        if (!gained && (record.flags & RecordFlags::modified) == 0)
+            continue;
+        AcDbStub* entity = stubOf(&record);
+        AcDbStub* owner = ownership.ownerOf(record);
+        if (owner && database.classOf(record).isEntity && database.classOf(*recordOf(owner)).isEntity) {
+            entity = owner;
+            owner = ownership.ownerOf(*recordOf(entity));
+        }
+        if (owner == database.blocks().modelSpace())
+            changed.push_back(entity);
+    }
+    std::ranges::sort(changed);
+    changed.erase(std::unique(changed.begin(), changed.end()), changed.end()); // once for all attributes
+    return changed;
+}
+
 } // namespace
 
 std::optional<AcDbExtents> extentsToSave(AcDbDatabaseImpl& database)
@@ -74,11 +103,8 @@ std::optional<AcDbExtents> extentsToSave(AcDbDatabaseImpl& database)
     for (std::size_t i = stated ? content.fromFile : 0; i < content.entities.size(); ++i)
         growing.add(content.entities[i]);
     if (stated)
-        for (const std::uint32_t position : database.edits()) {
-            DxfRecord& record = database.file().records()[position];
-            if ((record.flags & RecordFlags::modified) != 0 && database.ownership().ownerOf(record) == model)
-                growing.add(stubOf(&record));
-        }
+        for (AcDbStub* const entity : changedEntities(database))
+            growing.add(entity);
     if (extents.isEmpty() || (stated && same(extents.minPoint(), least) && same(extents.maxPoint(), most)))
         return std::nullopt;
     return extents;

@@ -188,6 +188,90 @@ TEST_F(RepairTest, extentsGrowWithWhatChanged)
     }
 }
 
+/// What is larger because something of its own changed: its attribute, its vertices.
+TEST_F(RepairTest, extentsGrowWithWhatAnEntityIsMadeOf)
+{
+    struct Row {
+        const char* name;
+        void (*change)(AcDbDatabase&);
+        double most; ///< the greatest x that the header states, of 20 before
+    };
+    const Row rows[] = {
+        {"thickness",
+         [](AcDbDatabase& d) {
+             Opened<AcDbLine> line(d, 0x90, AcDb::kForWrite);
+             line->setNormal(AcGeVector3d::kXAxis);
+             line->setThickness(30.0);
+         },
+         31},
+        {"a vertex",
+         [](AcDbDatabase& d) {
+             Opened<AcDb2dVertex>(d, 0x82, AcDb::kForWrite)->setPosition({25, 0, 0});
+         },
+         25},
+        {"a vertex more",
+         [](AcDbDatabase& d) {
+             auto* const added = new AcDb2dVertex({26, 0, 0});
+             EXPECT_EQ(Opened<AcDb2dPolyline>(d, 0x81, AcDb::kForWrite)->appendVertex(added), Acad::eOk);
+             added->close();
+         },
+         26},
+        {"a vertex bulges", [](AcDbDatabase& d) { Opened<AcDb2dVertex>(d, 0x82, AcDb::kForWrite)->setBulge(1.0); },
+         22.5},
+        {"an attribute",
+         [](AcDbDatabase& d) {
+             Opened<AcDbAttribute>(d, 0x86, AcDb::kForWrite)->setPosition({30, 0, 0});
+         },
+         30.5},
+        {"an attribute out of sight",
+         [](AcDbDatabase& d) {
+             const Opened<AcDbAttribute> attribute(d, 0x86, AcDb::kForWrite);
+             attribute->setPosition({30, 0, 0});
+             attribute->setInvisible(true);
+         },
+         20},
+        {"an attribute more",
+         [](AcDbDatabase& d) {
+             auto* const added = new AcDbAttribute({28, 0, 0}, L"-", L"Z");
+             added->setHeight(0.5);
+             EXPECT_EQ(Opened<AcDbBlockReference>(d, 0x85, AcDb::kForWrite)->appendAttribute(added), Acad::eOk);
+             added->close();
+         },
+         28.5},
+        {"what the block holds: its references may be any number",
+         [](AcDbDatabase& d) {
+             Opened<AcDbPoint>(d, 0x73, AcDb::kForWrite)->setPosition({9, 0, 0});
+         },
+         20},
+        {"paper space",
+         [](AcDbDatabase& d) {
+             Opened<AcDbPoint>(d, 0x8F, AcDb::kForWrite)->setPosition({99, 0, 0});
+         },
+         20},
+    };
+    const std::string vertex = "330 81\n100 AcDbEntity\n8 0\n100 AcDbVertex\n100 AcDb2dVertex\n10 20\n30 0\n70 0\n";
+    SmallDrawing drawing;
+    drawing.header = "9 $EXTMIN\n10 0\n20 -5\n30 -5\n9 $EXTMAX\n10 20\n20 20\n30 20\n";
+    drawing.blockRecords = recordTags("BLOCK_RECORD", "70", "2 BORNE\n");
+    drawing.blocks =
+        blockTags("BORNE", "70", 0x71, entityTags("POINT", "73", "AcDbPoint", "10 0\n20 0\n30 0\n", "0", "70"));
+    drawing.entities = entityTags("POLYLINE", "81", "AcDb2dPolyline", "66 1\n10 0\n20 0\n30 0\n70 0\n") +
+                       "0 VERTEX\n5 82\n" + vertex + "20 0\n0 VERTEX\n5 83\n" + vertex +
+                       "20 5\n0 SEQEND\n5 84\n330 81\n100 AcDbEntity\n8 0\n" +
+                       entityTags("INSERT", "85", "AcDbBlockReference", "66 1\n2 BORNE\n10 12\n20 0\n30 0\n") +
+                       "0 ATTRIB\n5 86\n330 85\n100 AcDbEntity\n8 0\n100 AcDbText\n10 10\n20 0\n30 0\n40 0.5\n1 -\n"
+                       "100 AcDbAttribute\n2 NUM\n70 0\n0 SEQEND\n5 87\n330 85\n100 AcDbEntity\n8 0\n"
+                       "0 POINT\n5 8F\n330 1B\n100 AcDbEntity\n67 1\n8 0\n100 AcDbPoint\n10 1\n20 2\n30 0\n" +
+                       lineTags("90");
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        const auto database = open(drawing);
+        row.change(*database);
+        const auto again = open(saved(*database), "relu.dxf");
+        EXPECT_NEAR(again->extmax().x, row.most, row.most > 20.0 ? 0.5 : 0.0);
+    }
+}
+
 TEST_F(RepairTest, aDrawingFoundAsDxfBearsThatName)
 {
     write("plan.dxf", SmallDrawing().text());
