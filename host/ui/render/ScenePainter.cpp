@@ -9,6 +9,7 @@
 
 #include "gi/LayoutDrawing.h"
 #include "text/TextMetrics.h"
+#include "ui/render/CrowdedArea.h"
 #include "ui/render/GlyphShapes.h"
 
 namespace {
@@ -156,11 +157,18 @@ public:
     }
     /// Neighbouring areas leave no seam: their borders are painted as well. An area that its ground would swallow may
     /// be there to mask what it covers: it keeps its colour, and its border shows it.
-    void fillWithBorder(const QPainterPath& path)
+    void fillWithBorder(const QList<QPolygonF>& rings)
     {
-        constexpr double border = 0.6;
+        if (m_onPixels && fillIfCrowded(rings))
+            return;
+        QPainterPath path;
+        path.setFillRule(Qt::OddEvenFill);
+        for (const QPolygonF& ring : rings) {
+            path.addPolygon(ring);
+            path.closeSubpath();
+        }
         m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
-        m_painter.setPen(m_area == m_color ? QPen(m_color, border) : m_pen);
+        m_painter.setPen(borderPen());
         m_painter.setBrush(m_area);
         m_painter.drawPath(path);
         m_painter.setBrush(Qt::NoBrush);
@@ -253,6 +261,51 @@ public:
     double height() const { return 2.0 * m_halfHeight; }
 
 private:
+    QPen borderPen() const
+    {
+        constexpr double border = 0.6;
+        return m_area == m_color ? QPen(m_color, border) : m_pen;
+    }
+
+    /// Paints an area whose sides cross each other too often for a path, its sides one by one; false for others.
+    bool fillIfCrowded(const QList<QPolygonF>& rings)
+    {
+        constexpr qsizetype mostSides = 20000; // whose border is painted too
+        qsizetype sides = 0;
+        for (const QPolygonF& ring : rings)
+            sides += ring.size();
+        if (sides <= CrowdedArea::mostLeftToQt)
+            return false;
+        const qreal ratio = m_painter.device()->devicePixelRatioF();
+        const QRect picture(QPoint(), QSize(m_painter.device()->width(), m_painter.device()->height()) * ratio);
+        QList<QPolygonF> placed;
+        for (const QPolygonF& ring : rings)
+            placed.append(m_painter.deviceTransform().map(ring));
+        const CrowdedArea area(placed);
+        if (!area.isOneOn(picture))
+            return false;
+        if (const QRect frame = area.frameOn(picture); !frame.isEmpty()) {
+            QImage image = area.filled(frame, m_area, m_style.smooth);
+            image.setDevicePixelRatio(ratio);
+            const QTransform before = m_painter.transform();
+            m_painter.resetTransform();
+            m_painter.drawImage(QPointF(frame.topLeft()) / ratio, image);
+            m_painter.setTransform(before);
+        }
+        if (sides <= mostSides)
+            drawSides(rings);
+        return true;
+    }
+
+    void drawSides(const QList<QPolygonF>& rings)
+    {
+        m_painter.setRenderHint(QPainter::Antialiasing, m_style.smooth);
+        m_painter.setPen(borderPen());
+        for (const QPolygonF& ring : rings)
+            for (qsizetype i = 0; i < ring.size(); ++i)
+                m_painter.drawLine(ring[i], ring[i + 1 < ring.size() ? i + 1 : 0]);
+    }
+
     /// Upright texts need no transformation: glyphs of a size near theirs do, at places of their own.
     void drawRun(const QList<quint32>& glyphs, const QList<QPointF>& positions, const QTransform& place, double tall)
     {
@@ -319,16 +372,15 @@ void ScenePainter::polygon(std::span<const std::vector<AcGePoint3d>> rings, cons
     if (m_strokes->leavesOut(look))
         return;
     m_strokes->take(look);
-    QPainterPath path;
-    path.setFillRule(Qt::OddEvenFill);
+    QList<QPolygonF> placed;
     for (const std::vector<AcGePoint3d>& ring : rings) {
         QPolygonF polygon;
+        polygon.reserve(static_cast<qsizetype>(ring.size()));
         for (const AcGePoint3d& point : ring)
             polygon.append(m_strokes->at(point));
-        path.addPolygon(polygon);
-        path.closeSubpath();
+        placed.append(std::move(polygon));
     }
-    m_strokes->fillWithBorder(path);
+    m_strokes->fillWithBorder(placed);
 }
 
 void ScenePainter::dot(const AcGePoint3d& point, const Appearance& look)
