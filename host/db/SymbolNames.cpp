@@ -13,9 +13,13 @@ void SymbolNames::append(AcDbStub* record)
     m_records.push_back(record);
     if (m_indexed && !isErased(*recordOf(record)))
         m_index.emplace(foldedName(m_database.recordName(record)), record);
-    m_spellings.clear(); // a spelling without a record may have one now
-    m_lastBytes.clear();
-    m_last = nullptr;
+    forgetSpellings(); // one without a record may have one now
+}
+
+void SymbolNames::forgetSpellings()
+{
+    m_recent.fill({});
+    m_spellings.clear();
 }
 
 void SymbolNames::forgetIndex()
@@ -23,9 +27,7 @@ void SymbolNames::forgetIndex()
     m_indexed = false;
     m_index.clear();
     m_former.clear();
-    m_spellings.clear();
-    m_lastBytes.clear();
-    m_last = nullptr;
+    forgetSpellings();
 }
 
 void SymbolNames::buildIndex()
@@ -82,15 +84,24 @@ AcDbStub* SymbolNames::find(std::wstring_view name, bool withErased)
     return nullptr;
 }
 
+/// Names of one drawing mostly differ in their length or their last characters.
+SymbolNames::Recent& SymbolNames::recentOf(std::string_view bytes)
+{
+    std::size_t place = bytes.size();
+    if (!bytes.empty())
+        place += static_cast<unsigned char>(bytes.back()) * 5U + static_cast<unsigned char>(bytes[bytes.size() / 2]);
+    return m_recent[place % m_recent.size()];
+}
+
 AcDbStub* SymbolNames::findBytes(std::string_view bytes)
 {
-    if (m_last && bytes == m_lastBytes)
-        return m_last;
+    Recent& recent = recentOf(bytes);
+    if (recent.bytes && *recent.bytes == bytes)
+        return recent.record;
     auto known = m_spellings.find(bytes);
     if (known == m_spellings.end())
         known = m_spellings.emplace(bytes, findInFile(m_database.form().encoding->decode(bytes))).first;
     AcDbStub* const record = known->second;
-    m_lastBytes = bytes;
-    m_last = record;
+    recentOf(bytes) = {&known->first, record};
     return record;
 }

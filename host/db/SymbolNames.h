@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -44,6 +45,14 @@ private:
         std::size_t operator()(std::string_view bytes) const { return std::hash<std::string_view>()(bytes); }
     };
 
+    /// The spelling that a place of the small table below held last.
+    struct Recent {
+        const std::string* bytes = nullptr; ///< a key of m_spellings
+        AcDbStub* record = nullptr;
+    };
+    Recent& recentOf(std::string_view bytes);
+    void forgetSpellings();
+
     void buildIndex();
     AcDbStub* findInFile(std::wstring_view name);
 
@@ -54,8 +63,7 @@ private:
     std::unordered_map<std::wstring, AcDbStub*> m_index;  // folded names of records that are not erased
     std::unordered_map<std::wstring, AcDbStub*> m_former; // of renamed records, by their names in the file
     std::unordered_map<std::string, AcDbStub*, SpellingHash, std::equal_to<>> m_spellings; // by the bytes of tags
-    std::string m_lastBytes;
-    AcDbStub* m_last = nullptr;
+    std::array<Recent, 64> m_recent; // neighbours mostly name the same few layers and styles
 };
 
 /// Lower case whatever the locale, for comparing names.

@@ -1,7 +1,6 @@
 #include "db/fields/DxfObjectReader.h"
 
 #include "db/DatabaseImpl.h"
-#include "db/fields/EntityFields.h"
 #include "dxf/DxfCursor.h"
 #include "dxf/DxfTexts.h"
 #include "dxf/DxfValue.h"
@@ -89,28 +88,20 @@ DxfSubclassWalk::Row DxfSubclassWalk::rowWithoutMarker(int code) const
     return {};
 }
 
-DxfSubclassWalk::Row DxfSubclassWalk::rowFor(int code)
+/// `inPlace`: below the marker of every entity.
+DxfSubclassWalk::Row DxfSubclassWalk::commonRowFor(int code, bool inPlace)
 {
     constexpr int layer = 8;
-    const DxfSubclass* const here = subclass();
-    const bool isCommon = here == &DxfFieldsOfEntity::subclass();
-    const int own = here ? here->rowOf(code) : none;
-    if (own >= 0 && !isCommon) {
-        m_onlyCommon = false;
-        return {m_at, own};
-    }
-    if (!m_class->isEntity)
-        return {};
-    const int row = isCommon ? own : DxfFieldsOfEntity::subclass().rowOf(code);
+    const int row = m_common->rowOf(code);
     if (row < 0) {
         m_onlyCommon = false;
         return m_marked ? Row() : rowWithoutMarker(code);
     }
     const unsigned bit = 1U << row;
-    if (!isCommon && ((m_commonMet & bit) != 0 || !isCommonHere(code)))
+    if (!inPlace && ((m_commonMet & bit) != 0 || !isCommonHere(code)))
         return {};
     m_commonMet |= bit;
-    m_inPlace = m_inPlace || (isCommon && code == layer);
+    m_inPlace = m_inPlace || (inPlace && code == layer);
     return {0, row};
 }
 
@@ -119,6 +110,7 @@ bool DxfObjectReader::read(std::string_view bytes, const DxfClass& dxfClass, AcD
     DxfCursor cursor(m_context.form, bytes);
     DxfSubclassWalk walk(dxfClass);
     DxfTag tag;
+    m_rowsOfFirst = 0;
     bool inGroup = false; // between 102 "{..." and 102 "}"
     while (cursor.next(tag)) {
         if (tag.code == extendedDataCode || walk.opensData(tag.code))
@@ -136,6 +128,8 @@ bool DxfObjectReader::read(std::string_view bytes, const DxfClass& dxfClass, AcD
         const DxfSubclassWalk::Row place = walk.rowFor(tag.code);
         if (place.row < 0)
             continue;
+        if (place.subclass == 0)
+            m_rowsOfFirst |= 1U << place.row;
         const DxfSubclass& subclass = *dxfClass.subclasses[static_cast<std::size_t>(place.subclass)];
         const DxfField& field = subclass.fields()[static_cast<std::size_t>(place.row)];
         const int part = field.isList() ? 0 : (tag.code - field.code) / 10;

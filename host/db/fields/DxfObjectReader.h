@@ -19,6 +19,9 @@ public:
     /// Fills a new object of `dxfClass`. False when a tag cannot be read: see `complaint`; the object is then unfit.
     bool read(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object);
 
+    /// Rows of the class's first subclass that the last read met a tag of, wherever it stood: a bit each.
+    unsigned rowsOfFirstSubclass() const { return m_rowsOfFirst; }
+
     /// Why the last read failed, in French.
     std::string complaint() const;
 
@@ -30,6 +33,7 @@ private:
     AcDbDatabaseImpl& m_database;
     DxfReadContext m_context;
     DxfTag m_refused{};
+    unsigned m_rowsOfFirst = 0;
 };
 
 /// Code of the name of an application: its extended data follow.
@@ -56,7 +60,9 @@ public:
         bool operator==(const Row&) const = default;
     };
 
-    explicit DxfSubclassWalk(const DxfClass& dxfClass) : m_class(&dxfClass)
+    explicit DxfSubclassWalk(const DxfClass& dxfClass) :
+        m_class(&dxfClass),
+        m_common(dxfClass.isEntity ? dxfClass.subclasses.front() : nullptr)
     {
         if (!dxfClass.subclasses.empty() && dxfClass.subclasses.front()->marker().empty())
             m_at = 0;
@@ -78,7 +84,15 @@ public:
         m_inside = false;
     }
     /// The row that takes a tag which is no marker and in no group. To be asked once a tag, in their order.
-    Row rowFor(int code);
+    Row rowFor(int code)
+    {
+        const DxfSubclass* const here = subclass();
+        const int own = here ? here->rowOf(code) : none;
+        if (own < 0 || here == m_common)
+            return m_common ? commonRowFor(code, here == m_common) : Row();
+        m_onlyCommon = false;
+        return {m_at, own};
+    }
     /// Whether a tag opens the data below a subclass that has leading rows only, or an embedded object; both go on to
     /// the end of the object.
     /// To be asked once a tag: a row takes one, what stands under its code again is data.
@@ -105,15 +119,17 @@ public:
     void leave() { m_inside = false; }
 
 private:
+    Row commonRowFor(int code, bool inPlace);
     bool isCommonHere(int code) const;
     Row rowWithoutMarker(int code) const;
 
     const DxfClass* m_class;
-    int m_at = none;           // the subclass entered last: one of the same name is looked for behind it
-    bool m_inside = false;     // whether the walk is still in it
-    unsigned m_leading = 0;    // leading rows that took their tag
-    bool m_marked = false;     // a marker was met
-    bool m_onlyCommon = false; // since the last marker, tags of every entity alone
-    bool m_inPlace = false;    // the layer stands where it belongs
-    unsigned m_commonMet = 0;  // rows of every entity that took their tag
+    const DxfSubclass* m_common; // what every entity has; null for other objects
+    int m_at = none;             // the subclass entered last: one of the same name is looked for behind it
+    bool m_inside = false;       // whether the walk is still in it
+    unsigned m_leading = 0;      // leading rows that took their tag
+    bool m_marked = false;       // a marker was met
+    bool m_onlyCommon = false;   // since the last marker, tags of every entity alone
+    bool m_inPlace = false;      // the layer stands where it belongs
+    unsigned m_commonMet = 0;    // rows of every entity that took their tag
 };

@@ -114,9 +114,9 @@ void DxfObjectWriter::writeComplete(const AcDbEntity& entity)
 }
 
 /// Whether a field without a tag gets one.
-bool DxfObjectWriter::isWanted(const DxfField& field, const AcDbObject& object, const AcDbObject& before) const
+bool DxfObjectWriter::isWanted(const DxfField& field, bool changed) const
 {
-    return !sameField(field, object, before) || (m_context.complete && !field.isList() && !isToldByAbsence(field.code));
+    return changed || (m_context.complete && !field.isList() && !isToldByAbsence(field.code));
 }
 
 void DxfObjectWriter::writeRow(const AcDbObject& object, const DxfField& field)
@@ -129,7 +129,7 @@ void DxfObjectWriter::writeRow(const AcDbObject& object, const DxfField& field)
 void DxfObjectWriter::writeRows(const AcDbObject& object, const DxfSubclass& subclass, const AcDbObject& fresh)
 {
     for (const DxfField& field : subclass.fields())
-        if (field.always || isWanted(field, object, fresh))
+        if (field.always || isWanted(field, !sameField(field, object, fresh)))
             writeRow(object, field);
 }
 
@@ -173,7 +173,9 @@ void DxfObjectWriter::writeNew(const AcDbObject& object, const DxfClass& dxfClas
 
 /// One walk through the old tags of an object.
 struct DxfObjectWriter::Merge {
-    Merge(DxfObjectWriter& owner, const AcDbObject& changed, const DxfClass& itsClass, const AcDbObject& old) :
+    /// `firstRows`: of the first subclass, those that have a tag anywhere.
+    Merge(DxfObjectWriter& owner, const AcDbObject& changed, const DxfClass& itsClass, const AcDbObject& old,
+          unsigned firstRows) :
         writer(owner),
         object(changed),
         was(old),
@@ -181,21 +183,9 @@ struct DxfObjectWriter::Merge {
         around(owner.m_database, changed),
         renamed(owner.m_database.hasRenamed()),
         walk(itsClass),
-        met(itsClass.subclasses.size()),
-        entered(itsClass.subclasses.size())
+        rowsOfFirst(firstRows)
     {
-        for (std::size_t i = 0; i < met.size(); ++i)
-            met[i].resize(itsClass.subclasses[i]->fields().size());
-    }
-
-    void copy(const DxfTag& tag) { copyBytes({tag.start, static_cast<std::size_t>(tag.next - tag.start)}); }
-
-    void copyBytes(std::string_view tags)
-    {
-        if (renamed)
-            writer.m_out.raw(writer.m_database.withNewNames(*recordOf(object.objectId()), tags));
-        else
-            writer.m_out.raw(tags);
+        compare();
     }
 
     /// Whether a tag was added to an entity that bears no markers.
@@ -204,7 +194,6 @@ struct DxfObjectWriter::Merge {
     void run(std::string_view bytes)
     {
         DxfCursor cursor(writer.m_database.form(), bytes);
-        ahead = &cursor;
         DxfTag tag;
         while (cursor.next(tag)) {
             if (tag.code == extendedDataCode) {
@@ -219,6 +208,78 @@ struct DxfObjectWriter::Merge {
     }
 
 private:
+    struct RowState {
+        unsigned met = 0;     ///< a bit for each part that has a tag
+        unsigned changed = 0; ///< a bit for each part that is not what it was
+    };
+
+    void compare()
+    {
+        std::size_t count = 0;
+        for (const DxfSubclass* subclass : dxfClass.subclasses)
+            count += subclass->fields().size();
+        states.resize(count);
+        RowState* state = states.data();
+        for (const DxfSubclass* subclass : dxfClass.subclasses)
+            for (const DxfField& field : subclass->fields()) {
+                for (int part = 0; part < field.parts; ++part)
+                    state->changed |= static_cast<unsigned>(!field.same(object, was, part)) << part;
+                ++state;
+            }
+    }
+
+    RowState* statesOf(std::size_t subclass)
+    {
+        RowState* first = states.data();
+        for (std::size_t i = 0; i < subclass; ++i)
+            first += dxfClass.subclasses[i]->fields().size();
+        return first;
+    }
+
+    // What stays is copied in runs: each thing written comes after the run before it.
+
+    void copy(const DxfTag& tag)
+    {
+        const bool follows = !copied.empty() && copied.data() + copied.size() == tag.start && !renamed;
+        if (!follows)
+            endRun();
+        const char* const from = follows ? copied.data() : tag.start;
+        copied = {from, static_cast<std::size_t>(tag.next - from)};
+    }
+
+    void endRun()
+    {
+        if (!copied.empty())
+            copyBytes(copied);
+        copied = {};
+    }
+
+    void copyBytes(std::string_view tags)
+    {
+        if (renamed)
+            writer.m_out.raw(writer.m_database.withNewNames(*recordOf(object.objectId()), tags));
+        else
+            writer.m_out.raw(tags);
+    }
+
+    DxfTagWriter& out()
+    {
+        endRun();
+        return writer.m_out;
+    }
+
+    void writeRow(const DxfField& field)
+    {
+        endRun();
+        writer.writeRow(object, field);
+    }
+
+    void writePart(const DxfField& field, int code, int part)
+    {
+        endRun();
+        field.write(writer.m_context, object, code, part);
+    }
+
     void take(const DxfTag& tag)
     {
         if (!inData && walk.opensData(tag.code)) {
@@ -269,7 +330,7 @@ private:
         if (tag.code == 0) {
             copy(tag);
             if ((record.flags & DxfRecord::handleRepaired) != 0)
-                writer.m_out.handle(handleCodeOf(dxfClass.dxfName), record.handle);
+                out().handle(handleCodeOf(dxfClass.dxfName), record.handle);
             return true;
         }
         if (tag.code == handleCodeOf(dxfClass.dxfName) && (record.flags & DxfRecord::handleRepaired) != 0)
@@ -281,8 +342,10 @@ private:
             const bool same = owner && dxfHandle(tag, named) && named == recordOf(owner)->handle;
             if (!owner || same || owner == writer.m_database.ownership().ownerInFile(record))
                 copy(tag);
-            else
+            else {
+                endRun();
                 writer.writeOwner(object);
+            }
             return true;
         }
         return false;
@@ -291,56 +354,21 @@ private:
     void marker(const DxfTag& tag)
     {
         writeAroundOnce();
-        const DxfSubclassWalk next = after(tag);
-        if (walk.position() == 0 && lacksChanged(0))
-            markCommonAhead(next);
         leaveSubclass();
         copy(tag);
         ++markers;
-        walk = next;
+        walk.enter(dxfText(tag));
         if (walk.position() >= 0)
-            entered[static_cast<std::size_t>(walk.position())] = true;
+            entered |= 1U << walk.position();
     }
 
     void writeAroundOnce()
     {
-        if (!aroundWritten)
-            writer.writeAround(around);
+        if (aroundWritten)
+            return;
+        endRun();
+        writer.writeAround(around);
         aroundWritten = true;
-    }
-
-    DxfSubclassWalk after(const DxfTag& marker) const
-    {
-        DxfSubclassWalk next = walk;
-        next.enter(dxfText(marker));
-        return next;
-    }
-
-    /// Whether a field of a subclass changed and has met no tag so far.
-    bool lacksChanged(std::size_t subclass) const
-    {
-        const std::vector<DxfField>& fields = dxfClass.subclasses[subclass]->fields();
-        for (std::size_t row = 0; row < fields.size(); ++row)
-            if (met[subclass][row] == 0 && writer.isWanted(fields[row], object, was))
-                return true;
-        return false;
-    }
-
-    /// Tags of every entity may stand below a marker to come: they are rewritten there, not added here.
-    void markCommonAhead(DxfSubclassWalk next)
-    {
-        DxfCursor cursor = *ahead;
-        DxfTag tag;
-        bool within = false; // a group
-        while (cursor.next(tag) && tag.code != extendedDataCode && !next.opensData(tag.code)) {
-            if (tag.code == 102)
-                within = opensGroup(tag);
-            else if (tag.code == 100 && !within)
-                next.enter(dxfText(tag));
-            else if (!within && tag.code >= 0)
-                if (const auto row = next.rowFor(tag.code); row.subclass == 0 && row.row >= 0)
-                    commonAhead |= 1U << row.row;
-        }
     }
 
     void field(const DxfTag& tag, DxfSubclassWalk::Row place)
@@ -348,30 +376,28 @@ private:
         const auto subclass = static_cast<std::size_t>(place.subclass);
         const auto position = static_cast<std::size_t>(place.row);
         const DxfField& row = dxfClass.subclasses[subclass]->fields()[position];
-        unsigned& partsMet = met[subclass][position];
-        const int part = row.isList() ? 0 : (tag.code - row.code) / 10;
-        const bool first = partsMet == 0;
-        partsMet |= 1U << part;
+        RowState& state = statesOf(subclass)[position];
         if (row.isList())
-            return repeatedGroup(tag, row, first, partsMet);
+            return repeatedGroup(tag, row, state);
+        const int part = (tag.code - row.code) / 10;
+        state.met |= 1U << part;
         if (row.parts > 1)
             point = place;
-        if (row.same(object, was, part))
+        if ((state.changed >> part & 1U) == 0)
             copy(tag);
         else
-            row.write(writer.m_context, object, tag.code, part);
+            writePart(row, tag.code, part);
     }
 
-    /// A list is compared once, at its first tag: it may have any number of them.
-    void repeatedGroup(const DxfTag& tag, const DxfField& row, bool first, unsigned& seen)
+    /// A list may have any number of tags: one that changed is written where its first one stood.
+    void repeatedGroup(const DxfTag& tag, const DxfField& row, RowState& state)
     {
-        constexpr unsigned changed = 2;
-        if (first && (writer.m_context.complete || !row.same(object, was, 0))) {
-            seen |= changed;
-            row.write(writer.m_context, object, row.code, 0);
-        }
-        if ((seen & changed) == 0)
+        const bool rewritten = writer.m_context.complete || state.changed != 0;
+        if (rewritten && state.met == 0)
+            writePart(row, row.code, 0);
+        if (!rewritten)
             copy(tag);
+        state.met = 1;
     }
 
     /// A point may lack a coordinate: once changed, it follows those that are there.
@@ -381,12 +407,11 @@ private:
             return;
         const auto subclass = static_cast<std::size_t>(point.subclass), position = static_cast<std::size_t>(point.row);
         const DxfField& row = dxfClass.subclasses[subclass]->fields()[position];
-        unsigned& partsMet = met[subclass][position];
+        RowState& state = statesOf(subclass)[position];
         for (int part = 0; part < row.parts; ++part)
-            if ((partsMet >> part & 1U) == 0 && !row.same(object, was, part)) {
-                partsMet |= 1U << part;
-                row.write(writer.m_context, object, row.code + 10 * part, part);
-            }
+            if (((state.changed & ~state.met) >> part & 1U) != 0)
+                writePart(row, row.code + 10 * part, part);
+        state.met |= state.changed;
         point = {};
     }
 
@@ -396,52 +421,70 @@ private:
         inData = true;
         const std::string* data = replacedData(object);
         dataReplaced = data != nullptr;
-        std::vector<unsigned>& rows = met[static_cast<std::size_t>(walk.position())];
         const DxfSubclass& subclass = *walk.subclass();
-        for (std::size_t row = 0; row < rows.size(); ++row)
-            if (rows[row] == 0 && (dataReplaced || !sameField(subclass.fields()[row], object, was))) {
-                rows[row] = 1;
-                writer.writeRow(object, subclass.fields()[row]);
+        RowState* state = statesOf(static_cast<std::size_t>(walk.position()));
+        for (const DxfField& row : subclass.fields()) {
+            if (state->met == 0 && (dataReplaced || state->changed != 0)) {
+                state->met = 1;
+                writeRow(row);
             }
+            ++state;
+        }
         if (dataReplaced)
-            writer.m_out.raw(*data);
+            out().raw(*data);
     }
 
-    /// Fields that changed but had no tag yet go to the end of their subclass.
+    /// Fields that changed but had no tag yet go to the end of their subclass. Those of the first one may have it below
+    /// a marker to come, where many programs write what every entity has: they are rewritten there, not added here.
     void leaveSubclass()
     {
         finishPoint();
         const DxfSubclass* subclass = walk.subclass();
         if (!subclass)
             return;
-        const auto position = static_cast<std::size_t>(walk.position());
-        entered[position] = true;
+        const int position = walk.position();
+        entered |= 1U << position;
         if (subclass->leadingOnly() && !inData)
             beginData();
-        writeMissing(*subclass, met[position], position == 0 ? commonAhead : 0);
+        writeMissing(static_cast<std::size_t>(position), position == 0 ? rowsOfFirst : 0);
         walk.leave();
     }
 
-    void writeMissing(const DxfSubclass& subclass, std::vector<unsigned>& rows, unsigned later)
+    /// Whether a field of a subclass changed and has met no tag so far.
+    bool lacksChanged(std::size_t subclass)
     {
-        for (std::size_t row = 0; row < rows.size(); ++row)
-            if (rows[row] == 0 && (later >> row & 1U) == 0 && writer.isWanted(subclass.fields()[row], object, was)) {
-                rows[row] = 1;
-                writer.writeRow(object, subclass.fields()[row]);
+        const RowState* state = statesOf(subclass);
+        return std::ranges::any_of(dxfClass.subclasses[subclass]->fields(), [&](const DxfField& field) {
+            const RowState& its = *state++;
+            return its.met == 0 && writer.isWanted(field, its.changed != 0);
+        });
+    }
+
+    void writeMissing(std::size_t subclass, unsigned later)
+    {
+        RowState* state = statesOf(subclass);
+        for (const DxfField& row : dxfClass.subclasses[subclass]->fields()) {
+            if (state->met == 0 && (later & 1U) == 0 && writer.isWanted(row, state->changed != 0)) {
+                state->met = 1;
+                writeRow(row);
             }
+            later >>= 1;
+            ++state;
+        }
     }
 
     void extendedData(std::string_view old)
     {
         writeAroundOnce();
-        for (std::size_t i = 0; i < entered.size(); ++i) {
+        for (std::size_t i = 0; i < dxfClass.subclasses.size(); ++i) {
             const DxfSubclass& subclass = *dxfClass.subclasses[i];
-            if (entered[i] || subclass.marker().empty() || !lacksChanged(i))
+            if ((entered >> i & 1U) != 0 || subclass.marker().empty() || !lacksChanged(i))
                 continue;
             addedWithoutMarkers = addedWithoutMarkers || (dxfClass.isEntity && markers == 0);
-            writer.m_out.rawText(100, subclass.marker());
-            writeMissing(subclass, met[i], 0);
+            out().rawText(100, subclass.marker());
+            writeMissing(i, 0);
         }
+        endRun();
         if (around.xdataChanged())
             around.writeXData(writer.m_out);
         else
@@ -455,11 +498,11 @@ private:
     ObjectTags around;
     const bool renamed; // definitions that tags may name
     DxfSubclassWalk walk;
-    const DxfCursor* ahead = nullptr;       // the tags still to come
-    unsigned commonAhead = 0;               // rows of every entity that have a tag among them
-    std::vector<std::vector<unsigned>> met; // by subclass, by row: a bit for each part that has a tag
-    std::vector<bool> entered;
-    DxfSubclassWalk::Row point; // a point that the last tag belongs to
+    const unsigned rowsOfFirst;
+    std::vector<RowState> states; // of the rows of all subclasses, in their order
+    unsigned entered = 0;         // subclasses, a bit each
+    std::string_view copied;      // the run of tags that waits to be copied
+    DxfSubclassWalk::Row point;   // a point that the last tag belongs to
     int markers = 0;
     bool inGroup = false;
     bool dropGroup = false;
@@ -474,9 +517,10 @@ private:
 void DxfObjectWriter::merge(const AcDbObject& object, const DxfClass& dxfClass, std::string_view bytes)
 {
     const std::unique_ptr<AcDbObject> was(dxfClass.create());
-    DxfObjectReader(m_database).read(bytes, dxfClass, *was);
+    DxfObjectReader reader(m_database);
+    reader.read(bytes, dxfClass, *was);
     const std::size_t start = m_out.out().size();
-    Merge merge(*this, object, dxfClass, *was);
+    Merge merge(*this, object, dxfClass, *was, reader.rowsOfFirstSubclass());
     merge.run(bytes);
     if (!merge.lacksMarkers())
         return;
@@ -484,5 +528,6 @@ void DxfObjectWriter::merge(const AcDbObject& object, const DxfClass& dxfClass, 
     if (marked.empty())
         return;
     m_out.out().resize(start);
-    Merge(*this, object, dxfClass, *was).run(marked);
+    reader.read(marked, dxfClass, *std::unique_ptr<AcDbObject>(dxfClass.create()));
+    Merge(*this, object, dxfClass, *was, reader.rowsOfFirstSubclass()).run(marked);
 }

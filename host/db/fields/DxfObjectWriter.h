@@ -26,7 +26,7 @@ private:
     void writeRow(const AcDbObject& object, const DxfField& field);
     void writeAround(const ObjectTags& around);
     void writeOwner(const AcDbObject& object);
-    bool isWanted(const DxfField& field, const AcDbObject& object, const AcDbObject& before) const;
+    bool isWanted(const DxfField& field, bool changed) const;
 
     AcDbDatabaseImpl& m_database;
     DxfTagWriter m_out;
