@@ -49,3 +49,15 @@ double medianeDesEcarts(int passes, const std::function<void()>& preparer, const
     }
     return milieu(ecarts);
 }
+
+dureeAuPlancher medianeAuPlancher(int passes, const std::function<void()>& preparer,
+                                  const std::function<void()>& plancher, const std::function<void()>& travail)
+{
+    std::vector<double> secondes, rapports;
+    for (int i = 0; i < passes; ++i) {
+        const double dessous = duree(preparer, plancher);
+        secondes.push_back(duree([] {}, travail));
+        rapports.push_back(secondes.back() / dessous);
+    }
+    return {milieu(secondes), milieu(rapports)};
+}

@@ -11,3 +11,13 @@ double mediane(int passes, const std::function<void()>& preparer, const std::fun
 /// @param preparer called before each run and not counted
 double medianeDesEcarts(int passes, const std::function<void()>& preparer, const std::function<void()>& moindre,
                         const std::function<void()>& travail);
+
+/// What a work takes, seconds of processor time, and how many times its floor that is.
+struct dureeAuPlancher {
+    double secondes, rapport;
+};
+
+/// Medians of `passes` runs, each right after one of its floor: what slows the machine for a while slows both.
+/// @param preparer called before each pair of runs and not counted
+dureeAuPlancher medianeAuPlancher(int passes, const std::function<void()>& preparer,
+                                  const std::function<void()>& plancher, const std::function<void()>& travail);
