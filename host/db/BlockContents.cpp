@@ -101,6 +101,28 @@ void BlockContents::list()
         content.fromFile = content.entities.size();
 }
 
+/// The block record that a BLOCK names as its owner or bears the name of; null where there is none.
+AcDbStub* BlockContents::recordOfBlock(const DxfRecord& block) const
+{
+    AcDbStub* const owner = m_database.byHandle(placeOf(m_database, block).owner);
+    if (owner && m_database.typeName(*recordOf(owner)) == "BLOCK_RECORD")
+        return owner;
+    return m_database.named(NameKind::block, blockName(m_database, block));
+}
+
+std::vector<std::wstring> BlockContents::withoutRecord() const
+{
+    std::vector<std::wstring> names;
+    if (const DxfRange* const section = m_database.file().section("BLOCKS"))
+        for (std::uint32_t i = section->first + 1; i <= section->last; ++i) {
+            const DxfRecord& record = m_database.file().records()[i];
+            if (m_database.typeName(record) == "BLOCK" && !recordOfBlock(record))
+                names.push_back(blockName(m_database, record));
+        }
+    std::erase(names, std::wstring());
+    return names;
+}
+
 void BlockContents::listBlocksSection()
 {
     const DxfRange* section = m_database.file().section("BLOCKS");
@@ -111,9 +133,7 @@ void BlockContents::listBlocksSection()
     for (std::uint32_t i = section->first + 1; i <= section->last; ++i) {
         const std::string& type = m_database.typeName(records[i]);
         if (type == "BLOCK") {
-            AcDbStub* owner = m_database.byHandle(placeOf(m_database, records[i]).owner);
-            if (!owner || m_database.typeName(*recordOf(owner)) != "BLOCK_RECORD")
-                owner = m_database.named(NameKind::block, blockName(m_database, records[i]));
+            AcDbStub* const owner = recordOfBlock(records[i]);
             content = owner ? &m_contents[owner] : nullptr;
             m_ranges.push_back({i, i, owner});
             if (content && !content->begin)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -35,6 +36,8 @@ public:
     const std::vector<AcDbStub*>& newBlocks() const { return m_newBlocks; }
     /// Block records with entities added to them.
     const std::vector<AcDbStub*>& grown() const { return m_grown; }
+    /// Names of blocks that the file defines while its table has no record of them, in the order of the file.
+    std::vector<std::wstring> withoutRecord() const;
     AcDbStub* modelSpace();
     AcDbStub* paperSpace();
 
@@ -42,6 +45,7 @@ private:
     void list();
     void listBlocksSection();
     void listEntitiesSection();
+    AcDbStub* recordOfBlock(const DxfRecord& block) const;
     AcDbStub* spaceOf(const DxfRecord& record, AcDbStub* model, AcDbStub* paper) const;
 
     /// The records from a BLOCK to its ENDBLK.

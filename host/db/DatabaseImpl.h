@@ -142,6 +142,7 @@ private:
     void adoptStructure();
     void makeMissingTables();
     void makeMissingRecords();
+    void makeMissingBlocks();
     AcDbStub* findRootDictionary();
     std::unique_ptr<AcDbObject> decode(DxfRecord& record);
 

@@ -76,11 +76,35 @@ void AcDbDatabaseImpl::makeMissingRecords()
             spaces.push_back(space->objectId().stub());
             space->close();
         }
+    makeMissingBlocks();
     for (AcDbStub* space : spaces)
         if (!m_blocks.of(space).begin)
             makeBlockBounds(space);
     if (!told.empty())
         m_problems.add("enregistrements que tout dessin contient, absents et refaits : " + told);
+}
+
+/// References find a block by its record: without one, what is defined would show nowhere.
+void AcDbDatabaseImpl::makeMissingBlocks()
+{
+    constexpr std::size_t mostNamed = 10;
+    std::size_t made = 0;
+    std::string told;
+    for (const std::wstring& name : m_blocks.withoutRecord()) {
+        if (named(NameKind::block, name)) // defined twice
+            continue;
+        auto record = std::make_unique<AcDbBlockTableRecord>();
+        AcDbBlockTableRecord* const block = record.get();
+        block->m_name = name; // whatever its characters: the file has it
+        names(NameKind::block).append(adopt(std::move(record), names(NameKind::block).table).stub());
+        block->close();
+        if (++made <= mostNamed)
+            told += (told.empty() ? "« " : ", « ") + platform::utf8FromWide(name) + " »";
+    }
+    if (made > mostNamed)
+        told += " et " + std::to_string(made - mostNamed) + " autres";
+    if (made > 0)
+        m_problems.add("blocs définis mais absents de la table des blocs ; ils y sont ajoutés : " + told);
 }
 
 AcDbStub* AcDbDatabaseImpl::makeUpLayer(const std::wstring& name)

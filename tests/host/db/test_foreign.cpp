@@ -127,8 +127,9 @@ TEST_F(ForeignTest, anEntityIsItsBlocksWhateverOwnerItNames)
         drawing.blockRecords =
             "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 B\n340 0\n";
         const std::string bounds = "330 70\n100 AcDbEntity\n8 0\n100 AcDbBlock";
-        drawing.blocks = "0 BLOCK\n5 72\n" + bounds + "Begin\n2 B\n70 0\n10 0\n20 0\n30 0\n3 B\n1 \n" +
-                         "0 LINE\n5 73\n" + owner + line + "0 ENDBLK\n5 74\n" + bounds + "End\n";
+        drawing.blocks = "0 BLOCK\n5 72\n" + bounds + "Begin\n2 B\n70 0\n10 0\n20 0\n30 0\n3 B\n1 \n";
+        drawing.blocks += std::string("0 LINE\n5 73\n") + owner;
+        drawing.blocks += line + "0 ENDBLK\n5 74\n" + bounds + "End\n";
         drawing.entities = std::string("0 LINE\n5 80\n") + owner + line;
         const std::string before = drawing.text();
         const auto database = open(before);
@@ -219,6 +220,33 @@ TEST_F(ForeignTest, whatEveryDrawingHasIsMadeAndTold)
     EXPECT_EQ(again->impl().problems().all().size(), 1U) << "of the layout alone: nothing is missing any more";
     EXPECT_FALSE(again->layerZero().isNull());
     EXPECT_EQ(saved(*again, "encore.dxf"), read("relu.dxf"));
+}
+
+/// Small programs write blocks and no table of them: each reference to them showed nothing, and nothing was said.
+TEST_F(ForeignTest, blocksThatTheirTableLacksAreFound)
+{
+    SmallDrawing drawing;
+    const std::string line = "100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 0\n30 0\n11 5\n21 5\n31 0\n";
+    const auto block = [&](const std::string& name, const std::string& handle) {
+        return "0 BLOCK\n5 7" + handle + "\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 " + name +
+               "\n70 0\n10 0\n20 0\n30 0\n0 LINE\n5 8" + handle + "\n" + line + "0 ENDBLK\n5 9" + handle +
+               "\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
+    };
+    drawing.blocks = block("Borne", "1") + block("A|<B>", "2") + block("BORNE", "3");
+    drawing.entities = entityTags("INSERT", "A0", "AcDbBlockReference", "2 BORNE\n10 1\n20 2\n30 0\n");
+    const std::string before = drawing.text();
+    const auto database = open(before);
+    EXPECT_EQ(database->impl().problems().all(),
+              (std::vector<std::string>{
+                  "blocs définis mais absents de la table des blocs ; ils y sont ajoutés : « Borne », « A|<B> »"}));
+    AcDbExtents box;
+    EXPECT_EQ(Opened<AcDbEntity>(*database, 0xA0)->getGeomExtents(box), Acad::eOk);
+    EXPECT_EQ(box.maxPoint(), AcGePoint3d(6, 7, 0));
+    EXPECT_EQ(saved(*database), before) << "nothing changed";
+    Opened<AcDbEntity>(*database, 0xA0, AcDb::kForWrite)->setColorIndex(5);
+    const auto again = open(saved(*database), "relu.dxf");
+    EXPECT_TRUE(again->impl().problems().all().empty());
+    EXPECT_EQ(Opened<AcDbEntity>(*again, 0xA0)->getGeomExtents(box), Acad::eOk);
 }
 
 TEST_F(ForeignTest, aCutDrawingIsSavedWholeAndItsOriginalKept)
