@@ -8,6 +8,7 @@
 
 #include "db/DatabaseImpl.h"
 
+#include "dbdim.h"
 #include "dbents.h"
 
 namespace {
@@ -54,6 +55,7 @@ bool isFinite(const AcGePoint3d& point)
 /// What is wrong with an entity that was read; empty when nothing is.
 std::string faultOf(const AcDbEntity& entity)
 {
+    const char* const notNumbers = "ses coordonnées ne sont pas des nombres";
     if (leadsNowhere(entity.layerId()))
         return "son calque n'existe pas";
     if (const auto* const reference = AcDbBlockReference::cast(&entity); reference) {
@@ -62,10 +64,14 @@ std::string faultOf(const AcDbEntity& entity)
         const AcGeScale3d scale = reference->scaleFactors();
         if (scale.sx == 0.0 || scale.sy == 0.0 || scale.sz == 0.0)
             return "une de ses échelles est nulle";
+        return isFinite(reference->position()) ? "" : notNumbers;
     }
+    // What a block shows is looked at where it is defined: blocks within blocks would be walked from each of them.
+    if (const auto* const dimension = AcDbDimension::cast(&entity); dimension && !dimension->dimBlockId().isNull())
+        return {};
     AcDbExtents box;
     if (entity.getGeomExtents(box) == Acad::eOk && !(isFinite(box.minPoint()) && isFinite(box.maxPoint())))
-        return "ses coordonnées ne sont pas des nombres";
+        return notNumbers;
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "db/DatabaseImpl.h"
+#include "db/DrawingAudit.h"
 #include "db/ObjectOpening.h"
 #include "gi/GraphicsSink.h"
 #include "gi/ObjectSnap.h"
@@ -73,6 +74,7 @@ inline void exercise(AcDbDatabase& database)
 {
     AcDbDatabaseImpl& impl = database.impl();
     const std::string before = savedBytes(database);
+    audit(database);
     impl.undo().setRecording(true);
     impl.undo().startMark();
     Scene scene(database);
