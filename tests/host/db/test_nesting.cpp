@@ -193,6 +193,23 @@ TEST_F(NestingTest, aCopyInAnotherDrawingIsWhole)
     });
 }
 
+TEST_F(NestingTest, purgingLeavesWhatIsShownAtAnyDepth)
+{
+    const auto database = open(nested(levels, ""));
+    withSmallStack([&] {
+        AcDbObjectIdArray all;
+        for (int i = 0; i < levels; ++i)
+            all.append(idOf(*database, static_cast<std::uint64_t>(0x10000 + i * 0x10)));
+        AcDbObjectIdArray unused = all;
+        EXPECT_EQ(database->purge(unused), Acad::eOk);
+        EXPECT_EQ(unused.length(), 0);
+        Opened<AcDbEntity>(*database, 0x80, AcDb::kForWrite)->erase();
+        unused = all;
+        EXPECT_EQ(database->purge(unused), Acad::eOk);
+        EXPECT_EQ(unused.length(), levels);
+    });
+}
+
 /// Definitions that need each other without blocks: each layer has data that name the next one.
 TEST_F(NestingTest, definitionsThatNameEachOther)
 {
