@@ -1,6 +1,7 @@
 #include "acutmem.h"
 #include "dbads.h"
 #include "dbdict.h"
+#include "dbpl.h"
 #include "dbsymtb.h"
 #include "SmallDrawing.h"
 
@@ -107,6 +108,28 @@ const ChangeRow rows[] = {
          opened->setEndPoint(AcGePoint3d(3.0, 4.0, 8.0));
      },
      {"+30|9.0", "+31|8.0"}},
+    {"a vertex of a list, between tags and a group that stay",
+     withData("0 LWPOLYLINE\n5 80\n102 {AUTRE\n1 x\n102 }\n330 1F\n100 AcDbEntity\n8 0\n62 1\n100 AcDbPolyline\n90 2\n"
+              "70 0\n43 0.50\n38 1\n10 0.0\n20 0.0\n10 5.0\n20 5.0\n210 0\n220 0\n230 1\n1001 UN\n1040 1.500\n"),
+     [](AcDbDatabase& database) {
+         const Opened<AcDbPolyline> opened(database, 0x80, AcDb::kForWrite);
+         opened->setPointAt(1, {5.0, 7.25});
+         opened->setColorIndex(5);
+     },
+     {"-62|1", "+62|5", "-20|5.0", "+20|7.25"}},
+    {"a layer of another name, and tags of who stands on it",
+     [] {
+         SmallDrawing drawing = with(&SmallDrawing::layers, wallLayer);
+         drawing.applications = applications;
+         drawing.entities = "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 MURS\n48 2.50\n100 AcDbLine\n10 0.10\n20 0\n30 0\n"
+                            "11 5.50\n21 5\n31 0\n1001 UN\n1003 murs\n1040 1.500\n";
+         return drawing;
+     }(),
+     [](AcDbDatabase& database) {
+         EXPECT_EQ(Opened<AcDbLayerTableRecord>(database, 0x40, AcDb::kForWrite)->setName(L"Parois"), Acad::eOk);
+         Opened<AcDbLine>(database, 0x80, AcDb::kForWrite)->setEndPoint({5.5, 7.25, 0.0});
+     },
+     {"-2|Murs", "+2|Parois", "-8|MURS", "+8|Parois", "-21|5", "+21|7.25", "-1003|murs", "+1003|Parois"}},
     {"text of an attribute",
      withReference(),
      [](AcDbDatabase& database) { Opened<AcDbAttribute>(database, 0x91, AcDb::kForWrite)->setTextString(L"S2"); },
