@@ -32,6 +32,11 @@ struct choixExecuter {
 
 volatile std::sig_atomic_t arretDemande = 0;
 
+bool estArrete()
+{
+    return arretDemande != 0;
+}
+
 /// Nobody is there to press Escape: Ctrl+C stops a loop of AutoLISP, and so does the time it takes.
 void surveillerBoucles(int limite)
 {
@@ -40,7 +45,7 @@ void surveillerBoucles(int limite)
             arretDemande = 1;
             std::signal(recu, SIG_DFL); // a second one ends the program
         });
-    LispHooks::instance().interrupted = [] { return arretDemande != 0; };
+    LispHooks::instance().interrupted = estArrete;
     LispHooks::instance().timeLimit = std::chrono::seconds(limite);
 }
 
@@ -58,6 +63,7 @@ ScriptRunner::Options optionsScript(const choixExecuter& choix)
     options.strict = choix.strict;
     options.echo = choix.echo;
     options.warn = [](const QString& remarque) { avertir(remarque.toStdString()); };
+    options.interrupted = estArrete;
     options.giveUp = abandonner;
     return options;
 }

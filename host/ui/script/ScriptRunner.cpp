@@ -155,6 +155,8 @@ bool ScriptRunner::skipToInput(const InputRequest& request)
 InputAnswer ScriptRunner::nextAnswer(const InputRequest& request)
 {
     const bool command = request.kind == InputRequest::Kind::command;
+    if (m_options.interrupted && m_options.interrupted())
+        throw ScriptError(QStringLiteral("le script est interrompu."));
     if (!skipToInput(request)) {
         if (command)
             return plainAnswer(InputAnswer::Kind::cancel); // not for the source below: the script just ends

@@ -21,6 +21,7 @@ public:
         bool echo = false;        ///< prompts and answers are printed
         std::chrono::milliseconds patience = DialogPump::kPatience; ///< see DialogPump
         std::function<void()> commandEnded;                         ///< after each one, before the next is read
+        std::function<bool()> interrupted;                          ///< asked before each line: whether to stop there
         /// Told in French what is worth a remark.
         std::function<void(const QString& remark)> warn;
         /// Told when dialogs come back for ever after a failure; does not return. Without it they are left to the user.

@@ -129,6 +129,14 @@ TEST_F(CommandLineTest, StopsAtTheLineThatFails)
     }
 }
 
+TEST_F(CommandLineTest, StopsAfterTheLineThatIsInterrupted)
+{
+    bool asked = false;
+    options.interrupted = [&] { return asked; };
+    define([&] { asked = true; }, [] { FAIL() << "a command after it"; });
+    EXPECT_EQ(run("ESSAI3\nESSAI\nESSAI2\n"), "essai.scr, ligne 2 : le script est interrompu.");
+}
+
 TEST_F(CommandLineTest, ChecksTheDrawing)
 {
     addLayer(*curDoc()->database(), L"Mes points");
