@@ -64,8 +64,10 @@ void ajouterExporter(CLI::App& points)
     commande.add_option("--projection", d->projection, "Ce que sont les coordonnées du dessin, pour une carte")
         ->type_name("EPSG:n");
     commande.callback([d] {
-        const int nombre = exporter(*d);
-        std::cout << d->fichier << " : " << nombre << " point(s) exporté(s)\n";
+        const suitesExportPoints suites = exporter(*d);
+        if (!suites.avertissement.empty())
+            avertir(suites.avertissement);
+        std::cout << d->fichier << " : " << suites.ecrits << " point(s) exporté(s)\n";
     });
 }
 

@@ -185,7 +185,7 @@ suitesImportPoints importer(const importPoints& demande)
     return suites;
 }
 
-int exporter(const exportPointsDemande& demande)
+suitesExportPoints exporter(const exportPointsDemande& demande)
 {
     refuserMemeFichier(demande.fichier, demande.dessin);
     const fs::path fichier = cheminNatif(demande.fichier);
@@ -199,7 +199,7 @@ int exporter(const exportPointsDemande& demande)
     const issueExport issue = exporterTable(table, places, codificationDuModule(), fichier, demande.projection, [] {});
     if (issue.issue != issueEcriture::ecrit)
         throw erreurProgramme(utf8FromWide(issue.raison));
-    return static_cast<int>(places.size());
+    return {static_cast<int>(places.size()) - issue.sansPlace, utf8FromWide(phraseSansPlace(issue))};
 }
 
 std::vector<pointListe> lister(const std::string& dessin, const std::string& nom)

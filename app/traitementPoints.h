@@ -26,6 +26,11 @@ struct exportPointsDemande {
     std::string dessin, fichier, table, codes, projection;
 };
 
+struct suitesExportPoints {
+    int ecrits = 0;
+    std::string avertissement; ///< of points left out; may be empty
+};
+
 struct pointListe {
     std::string nom;
     double x, y, z;
@@ -35,7 +40,6 @@ struct pointListe {
 // The drawing is written last, and only when all else went well. @throws erreurProgramme
 
 suitesImportPoints importer(const importPoints& demande);
-/// @return number of points written
-int exporter(const exportPointsDemande& demande);
+suitesExportPoints exporter(const exportPointsDemande& demande);
 /// The points of a table, of the current one when it is not named.
 std::vector<pointListe> lister(const std::string& dessin, const std::string& table);

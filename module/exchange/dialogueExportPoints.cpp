@@ -57,5 +57,9 @@ exporterFichierPoints(const listePointsDuDessin& table, std::span<const int> pla
         afficherAvertissement(L"erreur", erreurOuverture);
         return std::vector{issue.raison};
     }
-    return std::vector{std::to_wstring(places.size()) + L" point(s) exporté(s) : " + *fichier};
+    const std::size_t ecrits = places.size() - static_cast<std::size_t>(issue.sansPlace);
+    std::vector phrases{std::to_wstring(ecrits) + L" point(s) exporté(s) : " + *fichier};
+    if (std::wstring phrase = phraseSansPlace(issue); !phrase.empty())
+        phrases.push_back(std::move(phrase));
+    return phrases;
 }

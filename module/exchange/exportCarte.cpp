@@ -118,17 +118,22 @@ issueExport exporterCarte(const fs::path& fichier, const std::string& projection
     dossierProvisoire dossier(cible);
     if (!dossier.cree())
         return {issueEcriture::intact, phraseEcriture(nom, issueEcriture::intact, dossier.erreur())};
+    int sansPlace = 0;
     const auto pointSurLaCarte = [&](pointCarte& carte) {
         pointExporte p;
-        if (!suivant(p))
-            return false;
-        carte = pointDeCarte(p, codes);
-        return true;
+        while (suivant(p)) {
+            if (estConnue(p.x) && estConnue(p.y)) {
+                carte = pointDeCarte(p, codes);
+                return true;
+            }
+            ++sansPlace;
+        }
+        return false;
     };
     std::string raison;
     ecrire((dossier.chemin() / cible.filename()).string(), formatCarte(fichier), projection, pointSurLaCarte, raison);
     if (!raison.empty())
         return refuser(depuisUtf8(raison) + L" Rien n'a été changé.");
     const issueEcriture issue = dossier.sortir();
-    return {issue, phraseEcriture(nom, issue, dossier.erreur())};
+    return {issue, phraseEcriture(nom, issue, dossier.erreur()), sansPlace};
 }

@@ -34,3 +34,10 @@ issueExport exporterTable(const listePointsDuDessin& table, std::span<const int>
     const issueEcriture issue = exporterPoints(fichier, format, suivant, &erreur);
     return {issue, phraseEcriture(fichier.filename().wstring(), issue, erreur)};
 }
+
+std::wstring phraseSansPlace(const issueExport& issue)
+{
+    return issue.sansPlace == 0
+               ? std::wstring()
+               : std::to_wstring(issue.sansPlace) + L" point(s) dont X ou Y est inconnu : laissé(s) hors de la carte.";
+}

@@ -16,7 +16,11 @@ class tableCodification;
 struct issueExport {
     issueEcriture issue = issueEcriture::intact;
     std::wstring raison; ///< French sentence of why not; empty when it was written
+    int sansPlace = 0;   ///< points that no map can show: their X or Y is unknown
 };
+
+/// French sentence on points left out of a map; empty when none was.
+VELA_EXPORT std::wstring phraseSansPlace(const issueExport& issue);
 
 /// Whether a file of that name is a map.
 VELA_EXPORT bool estCarte(const std::filesystem::path& fichier);

@@ -45,6 +45,17 @@ TEST_F(points, GoFromAFileIntoADrawingAndOut)
         EXPECT_NE(kml.find(attendu), std::string::npos) << attendu << "\n" << kml;
 }
 
+TEST_F(points, AMapTellsOfPointsWithoutAPlace)
+{
+    ecrire("p.scr", "(tpcdaddpt \"A\" '(1700000 5200000 3))\n(tpcdaddpt \"B\" '(1e38 5200000 3))\nSAVEAS p.dxf\n");
+    ASSERT_EQ(vela("executer p.scr").statut, 0);
+    const execution run = vela("points exporter p.dxf -o s.geojson --projection EPSG:3946");
+    EXPECT_EQ(run.statut, 0);
+    EXPECT_NE(run.sortie.find(" 1 point(s) exporté(s)"), std::string::npos) << run.sortie;
+    EXPECT_NE(run.erreurs.find("1 point(s) dont X ou Y est inconnu"), std::string::npos) << run.erreurs;
+    EXPECT_EQ(json::parse(lire("s.geojson"))["features"].size(), 1u);
+}
+
 TEST_F(points, AMapReplacesWhatItsNameStandsFor)
 {
     ecrire("p.xyz", "P1 1700000 5200000 3\n");

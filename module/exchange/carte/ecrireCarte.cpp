@@ -145,11 +145,9 @@ std::string ecrire(const std::string& fichier, const char* format, const std::st
     if (!couche || !creerChamps(*couche))
         return dites.raison(pasCreee);
     const bool transaction = donnees->StartTransaction() == OGRERR_NONE;
-    for (pointCarte p; suivant(p);) {
-        constexpr double inconnu = 1e38;
-        if (p.x != inconnu && p.y != inconnu && !ajouter(*couche, p))
+    for (pointCarte p; suivant(p);)
+        if (!ajouter(*couche, p))
             return dites.raison(arretee);
-    }
     if (transaction && donnees->CommitTransaction() != OGRERR_NONE)
         return dites.raison(arretee);
     donnees.reset(); // closing writes the end
