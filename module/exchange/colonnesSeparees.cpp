@@ -135,6 +135,7 @@ std::vector<colonne> colonnesNommees(const std::vector<std::string>& cellules)
     return colonnes;
 }
 
+/// All of them, however narrow the first lines are: codes and observations may begin further down.
 /// @param cellules of a line with numbers; @param largeur cells of the widest line
 std::vector<colonne> colonnesUsuelles(const std::vector<std::string>& cellules, std::size_t largeur)
 {
@@ -145,7 +146,7 @@ std::vector<colonne> colonnesUsuelles(const std::vector<std::string>& cellules, 
     const bool sansNom = toutNombre && (cellules.size() == 2 || (cellules.size() == 3 && decimales));
     const auto debut = usuelles.begin() + (sansNom ? 1 : 0);
     std::vector<colonne> colonnes(debut, usuelles.end());
-    colonnes.resize(largeur, colonne::observation);
+    colonnes.resize(std::max(largeur, colonnes.size()), colonne::observation);
     return colonnes;
 }
 

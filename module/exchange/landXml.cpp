@@ -150,9 +150,13 @@ private:
         m_landXml = m_landXml || nom == "LandXML";
         if (nom == "Metric" || nom == "Imperial")
             lireUnite(attribut(attributs, "linearUnit"));
-        if (nom != "CgPoint" || m_dansPoint)
+        if (nom != "CgPoint")
             return;
-        m_dansPoint = true;
+        if (m_points++ > 0) {
+            m_lus.ecarter(ligne(), attribut(attributs, "name"),
+                          L"point dans un autre point : seul celui du dehors est lu.");
+            return;
+        }
         m_ligne = ligne();
         m_texte.clear();
         m_remarque.clear();
@@ -167,11 +171,18 @@ private:
 
     void lireUnite(const std::wstring& unite)
     {
+        if (m_unite) { // all points would be converted once more for each
+            if (unite != *m_unite)
+                m_lus.remarquer(ligne(), {},
+                                L"seconde unité " + entreGuillemets(unite) + L" : la première est gardée.");
+            return;
+        }
+        m_unite = unite;
         const double metres = metresDe(unite);
-        const double avant = std::exchange(m_metres, metres == 0.0 ? 1.0 : metres);
+        m_metres = metres == 0.0 ? 1.0 : metres;
         for (pointXYZ& p : m_lus.points) // sections come in any order
             for (double* const v : {&p.x, &p.y, &p.z})
-                *v *= *v == inconnu ? 1.0 : m_metres / avant;
+                *v *= *v == inconnu ? 1.0 : m_metres;
         if (metres == 0.0)
             m_lus.remarquer(ligne(), {}, L"unité " + entreGuillemets(unite) + L" inconnue, le mètre est pris.");
         else if (metres != 1.0)
@@ -193,15 +204,14 @@ private:
 
     void ajouter(std::string_view texte)
     {
-        if (m_dansPoint && m_texte.size() <= plusLongTexte)
+        if (m_points == 1 && m_texte.size() <= plusLongTexte)
             m_texte += texte;
     }
 
     void fermer(std::string_view nomComplet)
     {
-        if (!m_dansPoint || sansPrefixe(nomComplet) != "CgPoint")
+        if (sansPrefixe(nomComplet) != "CgPoint" || --m_points > 0)
             return;
-        m_dansPoint = false;
         std::ranges::replace_if(
             m_texte, [](char c) { return c == '\n' || c == '\r'; }, ' ');
         decouperCellules(m_texte, ' ', m_cellules);
@@ -237,7 +247,9 @@ private:
 
     pointsLus& m_lus;
     std::unique_ptr<XML_ParserStruct, liberation> m_analyseur;
-    bool m_landXml = false, m_dansPoint = false;
+    bool m_landXml = false;
+    int m_points = 0; // that are open, one in another
+    std::optional<std::wstring> m_unite;
     double m_metres = 1.0; // of the file's unit
     pointXYZ m_point;
     std::size_t m_ligne = 0;

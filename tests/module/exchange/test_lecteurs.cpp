@@ -162,6 +162,12 @@ TEST(lecteurs, readFilesOfOtherPrograms)
                "</LandXML>",
          {{L"a", 2 * 0.3048, 0.3048, inconnu}, {L"b", 2 * 0.3048, 0.3048, 3 * 0.3048}},
          {2, 3}},
+        {"LandXML: a point in a point, one unit more",
+         "a.xml",
+         xml + "<Metric linearUnit='meter'/><CgPoint name='a'>1 2 3<CgPoint name='b'>4 5 6</CgPoint></CgPoint>\n"
+               "<Imperial linearUnit='foot'/><CgPoint name='c'>1 2</CgPoint></LandXML>",
+         {{L"a", 2, 1, 3}, {L"c", 2, 1, inconnu}},
+         {1, 2}},
         {"LandXML cut short keeps what was read",
          "a.xml",
          xml + "<CgPoint name='a'>1 2</CgPoint>\n<CgPoi",
@@ -215,6 +221,21 @@ TEST(lecteurs, readFilesOfOtherPrograms)
             lignes.push_back(p.ligne);
         EXPECT_EQ(lignes, r.problems);
     }
+}
+
+TEST(lecteurs, takeCodesAndObservationsThatBeginFarDown)
+{
+    std::string octets;
+    for (int i = 0; i < 60; ++i)
+        octets += "101;2;3;4\n";
+    octets += "P;1;2;3;7;clou;de;ville\n";
+    sourceMemoire source(octets);
+    pointsLus lus;
+    lecteurColonnes().lire(source, lus);
+    ASSERT_EQ(lus.points.size(), 61u);
+    EXPECT_EQ(lus.remarquees, 0u);
+    EXPECT_EQ(lus.points.back().code, 7);
+    EXPECT_EQ(lus.points.back().observation, L"clou de ville");
 }
 
 TEST(lecteurs, sayWhatIsWrongInWords)
