@@ -1,8 +1,11 @@
 #include "exchange/placerTableau.h"
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 #include <memory>
 #include <optional>
+#include <tuple>
 #include <unordered_map>
 
 #include "codification/donneesEtendues.h"
@@ -110,19 +113,32 @@ struct morceauTableau {
     bool bloc;
 };
 
-/// Of the entities that bear a table's number, those of the table itself. Copies of it tell other origins and stay; but
-/// where hardly two tell the same one, the table was turned, and they all are.
-std::vector<AcDbObjectId> sansCopies(std::span<const morceauTableau> morceaux)
+/// The first of the entities whose origin many tell: pieces that were dragged off tell others.
+const morceauTableau* premierDesNombreux(std::span<const morceauTableau> morceaux)
+{
+    constexpr int hasard = 2; // lines that begin at one place
+    const auto placeEntiere = [](const AcGePoint3d& p) {
+        return std::tuple(std::round(p.x * 1e3), std::round(p.y * 1e3), std::round(p.z * 1e3));
+    };
+    std::map<std::tuple<double, double, double>, int> nombres;
+    for (const morceauTableau& m : morceaux)
+        ++nombres[placeEntiere(m.origine)];
+    const auto nombreux = std::ranges::find_if(
+        morceaux, [&](const morceauTableau& m) { return m.bloc || nombres[placeEntiere(m.origine)] > hasard; });
+    return nombreux == morceaux.end() ? nullptr : &*nombreux;
+}
+
+/// Of the entities that bear a table's number, the table itself. Copies of it tell other origins and stay; but where
+/// hardly two tell the same one, the table was turned, and they all are.
+tableauDessine sansCopies(int numero, std::span<const morceauTableau> morceaux)
 {
     constexpr double tolerance = 1e-4;
-    constexpr std::size_t hasard = 2; // lines that begin at one place
-    std::vector<AcDbObjectId> tous, memes;
-    for (const morceauTableau& m : morceaux) {
-        tous.push_back(m.id);
-        if (m.origine.distanceTo(morceaux.front().origine) < tolerance)
-            memes.push_back(m.id);
-    }
-    return morceaux.front().bloc || memes.size() > hasard ? memes : tous;
+    const morceauTableau* const droit = premierDesNombreux(morceaux);
+    tableauDessine tableau{numero, droit ? droit->origine : morceaux.front().origine, {}};
+    for (const morceauTableau& m : morceaux)
+        if (!droit || m.origine.distanceTo(droit->origine) < tolerance)
+            tableau.entites.push_back(m.id);
+    return tableau;
 }
 
 /// The one drawn last; nothing when there is none.
@@ -153,7 +169,7 @@ std::optional<tableauDessine> dernierTableau()
     }
     if (morceaux.empty())
         return std::nullopt;
-    return tableauDessine{numeroDernier, morceaux.front().origine, sansCopies(morceaux)};
+    return sansCopies(numeroDernier, morceaux);
 }
 
 bool estTenu(const tableauDessine& tableau)
