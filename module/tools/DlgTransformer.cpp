@@ -25,7 +25,6 @@ namespace {
 
 enum colonne { nom, xSource, ySource, xCible, yCible, poids, vx, vy, ecart, norme2, nombreColonnes };
 constexpr std::size_t apercuAuPlus = 5000;
-constexpr double valeurMax = 1e36; // as in every field
 
 std::optional<couplePoints> coupleDesigne()
 {
@@ -201,7 +200,7 @@ void DlgTransformer::lireCellule(int ligne, int quelle)
         couple.actif = item.checkState() == Qt::Checked;
     } else if (quelle <= poids) {
         const double valeur = reelDeTexte(item.text().toStdWString(), &entier);
-        if (entier && std::abs(valeur) <= valeurMax && (quelle < poids || valeur > 0.0))
+        if (entier && std::abs(valeur) <= coordonneeAuPlus && (quelle < poids || valeur > 0.0))
             valeurDe(couple, quelle) = valeur;
         else
             avertirErreur(L"« " + item.text().toStdWString() +

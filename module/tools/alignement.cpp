@@ -199,7 +199,7 @@ std::variant<axe, std::wstring> tracerAlignement(std::span<const sommetAlignemen
 
 std::variant<std::vector<sommetAlignement>, std::wstring> sommetsDeLAxe(const axe& ligne)
 {
-    constexpr double deviationMax = 0.9 * std::numbers::pi; // beyond, tangents cross too far away
+    constexpr double deviationMax = 0.9 * std::numbers::pi; // of a part of an arc: beyond, tangents cross far away
     const std::span<const elementAxe> elements = ligne.elements();
     std::vector<sommetAlignement> sommets;
     for (std::size_t i = 0; i < elements.size();) {
@@ -212,9 +212,9 @@ std::variant<std::vector<sommetAlignement>, std::wstring> sommetsDeLAxe(const ax
         }
         const virage v = virageDe(elements.subspan(i));
         const bool arcSeul = v.entree == 0.0 && v.sortie == 0.0;
-        if (v.elements == 0 || (!arcSeul && v.angle > deviationMax))
+        if (v.elements == 0 || (!arcSeul && v.angle > std::numbers::pi - 1e-6)) // a half-turn has no corner
             return L"L'élément " + std::to_wstring(i + 1) + L" n'est pas d'un arc entre deux clothoïdes.";
-        const double parts = std::ceil(v.angle / deviationMax);
+        const double parts = arcSeul ? std::ceil(v.angle / deviationMax) : 1.0;
         const elementAxe& dernier = elements[i + v.elements - 1];
         for (double k = 0.0; k < parts; k += 1.0) {
             const double de = e.longueur * k / parts, a = dernier.longueur * (k + 1.0) / parts;

@@ -57,6 +57,16 @@ int couplesNecessaires(typeTransformation type)
     return type == typeTransformation::translation ? 1 : type == typeTransformation::similitude ? 2 : 3;
 }
 
+/// The first pair whose coordinates are beyond all places; a sum of squares would be no number.
+std::wstring refusDesPlaces(std::span<const couplePoints> couples)
+{
+    for (const couplePoints& c : couples)
+        for (const double v : {c.source.x, c.source.y, c.cible.x, c.cible.y})
+            if (c.actif && !(std::abs(v) <= coordonneeAuPlus))
+                return L"Le couple « " + c.nom + L" » a une coordonnée trop grande.";
+    return {};
+}
+
 std::wstring refus(const sommes& s, typeTransformation type)
 {
     const int minimum = couplesNecessaires(type);
@@ -134,6 +144,8 @@ void juger(std::span<const couplePoints> couples, resultatTransformation& r)
 std::variant<resultatTransformation, std::wstring> calculerTransformation(std::span<const couplePoints> couples,
                                                                           typeTransformation type)
 {
+    if (std::wstring raison = refusDesPlaces(couples); !raison.empty())
+        return raison;
     const sommes s(couples);
     if (std::wstring raison = refus(s, type); !raison.empty())
         return raison;

@@ -29,6 +29,8 @@ struct transformationPlane {
     double rotation() const { return std::atan2(yx, xx); }
 };
 
+inline constexpr double coordonneeAuPlus = 1e36; ///< as in every field
+
 enum class typeTransformation { translation, similitude, affine };
 
 struct couplePoints {
@@ -57,6 +59,7 @@ struct resultatTransformation {
 };
 
 /// @return what is wrong, in French, when there are too few active pairs, or their places do not tell the
-///         transformation (all at one place; for an affine one, all in line).
+///         transformation (all at one place; for an affine one, all in line), or a coordinate is beyond
+///         `coordonneeAuPlus`.
 std::variant<resultatTransformation, std::wstring> calculerTransformation(std::span<const couplePoints> couples,
                                                                           typeTransformation type);

@@ -47,7 +47,8 @@ TEST(alignement, cornersOfALine)
 {
     const sommetAlignement pose[] = {
         {{1650000, 8180000}}, {{1650400, 8180100}, 150, 60, 90}, {{1650600, 8179700}, 120, 0, 50},
-        {{1650800, 8179700}}, {{1651000, 8179800}, 200, 70, 0},  {{1651300, 8180300}}};
+        {{1650800, 8179700}}, {{1651000, 8179800}, 200, 70, 0},  {{1651300, 8180300}, 25, 20, 10},
+        {{1650900, 8179850}}}; // at last a hairpin
     const auto trouves = sommetsDeLAxe(std::get<axe>(tracerAlignement(pose)));
     const auto& sommets = std::get<std::vector<sommetAlignement>>(trouves);
     ASSERT_EQ(sommets.size(), std::size(pose));
