@@ -220,11 +220,16 @@ std::vector<courbeNiveau> courbesDeNiveau(const maillageTerrain& sol, const dema
         const double altitude = (premier + k) * demande.intervalle;
         courbesDoublees cretes;
         for (const trace& ligne : plume.tracer(altitude, k, parNiveau[static_cast<std::size_t>(k)])) {
-            courbeNiveau courbe{altitude, ligne.fermee,
-                                demande.lisser ? lissee(sol, ligne, demande.intervalle) : brute(ligne)};
+            courbeNiveau courbe{altitude, ligne.fermee, brute(ligne)};
             sansRepetition(courbe);
-            if (courbe.points.size() > 1 && (!parLesSommets(sol, ligne, altitude) || cretes.garder(courbe)))
-                courbes.push_back(std::move(courbe));
+            if (courbe.points.size() < 2 || (parLesSommets(sol, ligne, altitude) && !cretes.garder(courbe)))
+                continue;
+            const bool crete = courbe.fermee != ligne.fermee; // opened: its corners are those of the ground
+            if (demande.lisser && !crete) {
+                courbe.points = lissee(sol, ligne, demande.intervalle);
+                sansRepetition(courbe);
+            }
+            courbes.push_back(std::move(courbe));
         }
     }
     return courbes;

@@ -17,7 +17,7 @@ struct demandeCourbes {
 };
 
 /// The lines at the multiples of the interval, lowest first. A place exactly at the altitude of a line counts as above
-/// it, so that flat ground gives its rim alone; a crest at that altitude gives one line.
+/// it, so that flat ground gives its rim alone; a crest at that altitude gives one line, which is not rounded.
 /// Smoothed lines are rounded at their corners, save on break lines, and only as far as the ground between the corner
 /// and the rounding stays within half an interval of the line's altitude: so two lines never cross, nor does one leave
 /// the model. Time: the points of the lines.

@@ -109,7 +109,7 @@ TEST(Courbes, aCrestAtTheAltitudeIsOneLine)
     const auto digue = [](double debut, double fin) { // its crest at 10 from `debut` to `fin`, its foot at 0
         semisTerrain semis;
         for (const double y : {-20.0, 20.0})
-            for (const double x : {-30.0, 130.0})
+            for (const double x : {-30.0, 50.0, 130.0}) // the bend of the crest has one side on each hand
                 semis.points.push_back({lambert(x, y), 0.0});
         semis.lignes.push_back({semisTerrain::genre::rupture,
                                 {{lambert(debut, 0), 10.0}, {lambert(50, 3), 10.0}, {lambert(fin, 0), 10.0}}});
