@@ -155,6 +155,7 @@ void montrerImplantationJson(const traitementImplantation& t)
         nonVus.push_back({{"nom", utf8FromWide(nom)},
                           {"manque", nombreJson(refus.manque)},
                           {"raison", utf8FromWide(phraseRefus(refus))}});
+    json["terrainPerime"] = t.suites.resultat.terrainPerime;
     json["avertissements"] = t.avertissements;
     const auto fichier = [](const std::string& nom) { return nom.empty() ? objetJson(nullptr) : objetJson(nom); };
     json["rapport"] = fichier(t.rapport);

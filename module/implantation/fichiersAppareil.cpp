@@ -170,5 +170,5 @@ std::string jsonImplantation(const resultatImplantation& resultat)
             ajouter(jsonPoint(p, &b.station, resultat.hauteurMin));
     for (const pointImplante& p : resultat.sansStation)
         ajouter(jsonPoint(p, nullptr, resultat.hauteurMin));
-    return "{\"points\":[" + points + "]}\n";
+    return "{\"points\":[" + points + "]" + (resultat.terrainPerime ? ",\"terrainPerime\":true" : "") + "}\n";
 }

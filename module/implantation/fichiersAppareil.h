@@ -16,5 +16,5 @@ std::string motsImplantation(const resultatImplantation& resultat, bool longs, s
 
 /// {"points":[{"nom","station","angle" (grades),"distance","reference","visible","hauteurVisible","distancePente",
 /// "denivelee","x","y","z"}]}, UTF-8: a value that is not known is null, and so is "visible" for a sight that was not
-/// checked. "visible" is true or false.
+/// checked. "visible" is true or false. "terrainPerime":true follows the points where the ground was out of date.
 std::string jsonImplantation(const resultatImplantation& resultat);

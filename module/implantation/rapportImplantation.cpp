@@ -89,6 +89,8 @@ void rapporterImplantation(const resultatImplantation& resultat, const reglagesI
                                    nombreFixe(resultat.hauteurStation, 2) +
                                    versAnsi(L" m. Un point est vu quand rien ne dépasse de la visée de plus de ") +
                                    nombreFixe(resultat.hauteurMin, 2) + " m.");
+    if (resultat.terrainPerime)
+        ajouterTexte(document, "<b>" + versAnsi(phraseTerrainPerime) + "</b>");
     for (const blocStation& bloc : resultat.blocs)
         rapporterBloc(bloc, resultat, reglages, document);
     if (!resultat.sansStation.empty())

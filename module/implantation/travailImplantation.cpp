@@ -7,6 +7,7 @@
 #include "implantation/entitesImplantation.h"
 #include "implantation/terrainDuDessin.h"
 #include "implantation/traceImplantation.h"
+#include "points/altitudeDuSol.h"
 
 namespace {
 
@@ -218,19 +219,26 @@ void travailImplantation::fixerHauteurStation(double hauteur)
     verifierVisibilite(toutes());
 }
 
+std::unique_ptr<const solImplantation> travailImplantation::sol()
+{
+    auto trouve = terrainDuDessin();
+    m_solServi = m_solServi || trouve;
+    return trouve;
+}
+
 void travailImplantation::verifierVisibilite(const positions& choisis)
 {
-    const auto sol = terrainDuDessin();
-    if (!sol)
+    const auto solLu = sol();
+    if (!solLu)
         return;
-    const passe p(*sol, obstacles, hauteurStation);
+    const passe p(*solLu, obstacles, hauteurStation);
     std::vector<viseeEnPlan> visees;
     std::vector<std::pair<observationMiseEnStation*, pointImplante*>> paires;
     for (const std::size_t i : choisis) {
         observationMiseEnStation* const s = station(points[i].station);
         if (!s)
             continue;
-        completerAltitude(*sol, s->lieu);
+        completerAltitude(*solLu, s->lieu);
         visees.push_back({s->lieu.plan(), points[i].plan()});
         paires.emplace_back(s, &points[i]);
     }
@@ -252,13 +260,13 @@ travailImplantation::bilanRepartition travailImplantation::repartirPoints(const 
                                                                           const choixRepartition& choix)
 {
     bilanRepartition bilan;
-    const auto sol = terrainDuDessin();
-    bilan.sansTerrain = !sol;
+    const auto solLu = sol();
+    bilan.sansTerrain = !solLu;
     std::optional<passe> p;
-    if (sol) {
-        p.emplace(*sol, obstacles, hauteurStation);
+    if (solLu) {
+        p.emplace(*solLu, obstacles, hauteurStation);
         for (const auto& s : stations)
-            completerAltitude(*sol, s->lieu);
+            completerAltitude(*solLu, s->lieu);
     }
     const auto distance = [&](std::size_t point, std::size_t s) {
         const lieuNomme& lieu = points[choisis[point]];
@@ -299,6 +307,7 @@ resultatImplantation travailImplantation::resultat() const
     r.verification = verifier;
     r.hauteurMin = reglagesDuProcessus().hauteur;
     r.hauteurStation = hauteurStation;
+    r.terrainPerime = m_solServi && solPerime();
     std::unordered_map<identifiantImplantation, std::size_t> rangs;
     rangerEtiquettes(stations);
     for (const auto& s : stations) {

@@ -86,6 +86,10 @@ private:
     /// Whether a point of the job may have that name: lists are long, and most points are new.
     bool nomConnu(const std::wstring& nom);
 
+    /// The ground of the drawing, null without one; from then on results tell whether it is out of date.
+    std::unique_ptr<const solImplantation> sol();
+
+    bool m_solServi = false;
     std::unordered_set<std::wstring> m_noms;
     std::size_t m_nommes = 0; ///< how many points there were when the names were taken
 };

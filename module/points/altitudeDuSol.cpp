@@ -12,6 +12,7 @@ struct fonctionsTerrain {
     fonctionCurrDwgData currDwgData = nullptr;
     fonctionCalcZPoint calcZPoint = nullptr;
     fonctionTinExtractPath tinExtractPath = nullptr;
+    fonctionTinPerime tinPerime = nullptr; // older ones have none
 
     bool entieres() const { return currDwgData && calcZPoint && tinExtractPath; }
 };
@@ -36,6 +37,7 @@ const fonctionsTerrain& fonctionsDuVoisin()
     chercher(module, "currDwgData", f.currDwgData);
     chercher(module, "calcZPoint", f.calcZPoint);
     chercher(module, "tinExtractPath", f.tinExtractPath);
+    chercher(module, "tinPerime", f.tinPerime);
     return f;
 }
 
@@ -50,7 +52,13 @@ std::optional<solCourant> solDuDessin()
     if (donnees->courant < 0 || donnees->courant >= static_cast<int>(donnees->modeles.size()))
         donnees->courant = 0;
     terrain* const modele = donnees->modeles[static_cast<std::size_t>(donnees->courant)];
-    return modele ? std::optional(solCourant{modele, f.calcZPoint, f.tinExtractPath}) : std::nullopt;
+    return modele ? std::optional(solCourant{modele, f.calcZPoint, f.tinExtractPath, f.tinPerime}) : std::nullopt;
+}
+
+bool solPerime()
+{
+    const auto sol = solDuDessin();
+    return sol && sol->tinPerime && sol->tinPerime(sol->modele) == 1;
 }
 
 double altitudeDuSol(double x, double y)

@@ -41,4 +41,8 @@ using fonctionCalcZPoint = int (*)(terrain* sol, AcGePoint3d& point);
 /// @return 1, or 0 when no part of it lies on the model, or its ends are at one place: the profile is then empty.
 using fonctionTinExtractPath = int (*)(terrain* sol, const AcGePoint3d& de, const AcGePoint3d& vers,
                                        profilTerrain& profil);
+
+/// "tinPerime": whether what the model was made from changed since; an older module does not export it.
+/// @return 1, or 0 when it is up to date or gone
+using fonctionTinPerime = int (*)(terrain* sol);
 }

@@ -76,9 +76,15 @@ VELA_EXPORT int tinExtractPath(terrain* sol, const AcGePoint3d& de, const AcGePo
         return profil.empty() ? 0 : 1;
     });
 }
+
+VELA_EXPORT int tinPerime(terrain* sol)
+{
+    return sansException([&] { return sol && sol->perime() ? 1 : 0; });
+}
 }
 
 // Whoever looks them up calls them as the header says.
 static_assert(std::is_same_v<decltype(&currDwgData), fonctionCurrDwgData>);
 static_assert(std::is_same_v<decltype(&calcZPoint), fonctionCalcZPoint>);
 static_assert(std::is_same_v<decltype(&tinExtractPath), fonctionTinExtractPath>);
+static_assert(std::is_same_v<decltype(&tinPerime), fonctionTinPerime>);

@@ -68,6 +68,18 @@ TEST_F(Implantation, TellsOfWhatItTakesOtherwise)
     EXPECT_EQ(r["points"][1]["station"], "S2") << "S1 is one station, not two";
 }
 
+TEST_F(Implantation, TellsOfAGroundOutOfDate)
+{
+    EXPECT_EQ(velaJson("implantation chantier.dxf --station S1 --points 1 --verifier")["terrainPerime"], false);
+    ecrire("change.scr", "(entmake '((0 . \"POINT\") (10 10.0 10.0 101.0)))\n-MNT SOL TOUT\n\n"
+                         "(entmod (subst '(10 10.0 10.0 105.0) '(10 10.0 10.0 101.0) (entget (entlast))))\n"
+                         "SAVEAS change.dxf\n");
+    ASSERT_EQ(vela("executer change.scr --dessin chantier.dxf").statut, 0);
+    EXPECT_EQ(velaJson("implantation change.dxf --station S1 --points 1 --verifier --rapport r.html")["terrainPerime"],
+              true);
+    EXPECT_NE(lire("r.html").find("n'est plus \xE0 jour"), std::string::npos);
+}
+
 TEST_F(Implantation, RefusesWhatCannotBe)
 {
     for (const char* const arguments :

@@ -68,12 +68,15 @@ TEST(FichiersImplantation, WriteJsonAndTheReport)
               "\"visible\":null,\"hauteurVisible\":null,\"distancePente\":null,\"denivelee\":null,"
               "\"x\":12345.000400,\"y\":null,\"z\":null}]}\n");
     htmlDocument rapport;
-    rapporterImplantation(travail(), {}, rapport);
+    resultatImplantation ancien = travail();
+    ancien.terrainPerime = true;
+    EXPECT_TRUE(jsonImplantation(ancien).ends_with("],\"terrainPerime\":true}\n"));
+    rapporterImplantation(ancien, {}, rapport);
     const std::string texte = rapport.text();
     for (const char* const partie :
          {"<title>Implantations</title>", "Station: <b>S;1</b>  (X=1000.0000Y=-2000.5000)", ">Angle (gr)<",
           ">Distance<", ">40.9666<", ">13.0000<", "cach\xE9 par le terrain : 1.30 au-dessus de la vis\351e, \xE0 2.00",
-          "<svg ", "Points sans mise en station"})
+          "<svg ", "Points sans mise en station", "n'est plus \xE0 jour"})
         EXPECT_NE(texte.find(partie), std::string::npos) << partie;
 }
 
