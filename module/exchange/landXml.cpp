@@ -114,7 +114,7 @@ public:
         XML_SetElementHandler(
             m_analyseur.get(),
             [](void* l, const XML_Char* nom, const XML_Char** a) { static_cast<lecture*>(l)->ouvrir(nom, a); },
-            [](void* l, const XML_Char* nom) { static_cast<lecture*>(l)->fermer(nom); });
+            [](void* l, const XML_Char*) { static_cast<lecture*>(l)->fermer(); });
         XML_SetCharacterDataHandler(m_analyseur.get(), [](void* l, const XML_Char* texte, int taille) {
             static_cast<lecture*>(l)->ajouter({texte, static_cast<std::size_t>(taille)});
         });
@@ -150,13 +150,11 @@ private:
         m_landXml = m_landXml || nom == "LandXML";
         if (nom == "Metric" || nom == "Imperial")
             lireUnite(attribut(attributs, "linearUnit"));
+        if (m_profondeur > 0)
+            return entrer(nom, attributs);
         if (nom != "CgPoint")
             return;
-        if (m_points++ > 0) {
-            m_lus.ecarter(ligne(), attribut(attributs, "name"),
-                          L"point dans un autre point : seul celui du dehors est lu.");
-            return;
-        }
+        m_profondeur = 1;
         m_ligne = ligne();
         m_texte.clear();
         m_remarque.clear();
@@ -167,6 +165,15 @@ private:
         lireCode(attribut(attributs, "code"));
         ajouterMots(m_point.observation, attribut(attributs, "desc"));
         m_reference = attribut(attributs, "pntRef");
+    }
+
+    /// An element within a point: its text is none of the point's.
+    void entrer(std::string_view nom, const char** attributs)
+    {
+        ++m_profondeur;
+        if (nom == "CgPoint")
+            m_lus.ecarter(ligne(), attribut(attributs, "name"),
+                          L"point dans un autre point : seul celui du dehors est lu.");
     }
 
     void lireUnite(const std::wstring& unite)
@@ -204,13 +211,13 @@ private:
 
     void ajouter(std::string_view texte)
     {
-        if (m_points == 1 && m_texte.size() <= plusLongTexte)
+        if (m_profondeur == 1 && m_texte.size() <= plusLongTexte)
             m_texte += texte;
     }
 
-    void fermer(std::string_view nomComplet)
+    void fermer()
     {
-        if (sansPrefixe(nomComplet) != "CgPoint" || --m_points > 0)
+        if (m_profondeur == 0 || --m_profondeur > 0)
             return;
         std::ranges::replace_if(
             m_texte, [](char c) { return c == '\n' || c == '\r'; }, ' ');
@@ -248,7 +255,7 @@ private:
     pointsLus& m_lus;
     std::unique_ptr<XML_ParserStruct, liberation> m_analyseur;
     bool m_landXml = false;
-    int m_points = 0; // that are open, one in another
+    int m_profondeur = 0; // elements that are open, the point the outermost
     std::optional<std::wstring> m_unite;
     double m_metres = 1.0; // of the file's unit
     pointXYZ m_point;

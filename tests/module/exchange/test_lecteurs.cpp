@@ -165,7 +165,7 @@ TEST(lecteurs, readFilesOfOtherPrograms)
         {"LandXML: a point in a point, one unit more",
          "a.xml",
          xml + "<Metric linearUnit='meter'/><CgPoint name='a'>1 2 3<CgPoint name='b'>4 5 6</CgPoint></CgPoint>\n"
-               "<Imperial linearUnit='foot'/><CgPoint name='c'>1 2</CgPoint></LandXML>",
+               "<Imperial linearUnit='foot'/><CgPoint name='c'>1 2<Feature>9</Feature></CgPoint></LandXML>",
          {{L"a", 2, 1, 3}, {L"c", 2, 1, inconnu}},
          {1, 2}},
         {"LandXML cut short keeps what was read",
