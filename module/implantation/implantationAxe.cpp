@@ -7,6 +7,7 @@
 #include "points/numeroteur.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
+#include "services/codages.h"
 
 parametresAxe& parametresDuDernierAxe()
 {
@@ -49,6 +50,9 @@ bilanAxe implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, 
     if (noms.back().size() > pointDuDessin::longueurNom)
         return {0, L"Aucun point : « " + noms.back() + L" » est trop long, le nom d'un point a " +
                        std::to_wstring(pointDuDessin::longueurNom) + L" caractères au plus"};
+    bool entier = true;
+    if (versAnsi(noms.back(), &entier); !entier)
+        return {0, L"Aucun point : « " + noms.back() + L" » a un caractère que le nom d'un point ne peut pas avoir"};
     parametres.noms = suite;
     const CAcadUndoGroup groupe;
     const auto sol = terrainDuDessin();
