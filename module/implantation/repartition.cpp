@@ -1,6 +1,7 @@
 #include "implantation/repartition.h"
 
 #include <algorithm>
+#include <cmath>
 #include <queue>
 
 namespace {
@@ -12,6 +13,25 @@ struct candidate {
 };
 using candidates = std::vector<std::vector<candidate>>; // of each point, the nearest first
 
+/// Distances as whole multiples of some 1e-12 of the longest: their sums are exact. Where they are not, ways that cost
+/// as much as each other look shorter and shorter, and turn in circles.
+class coutEntier {
+public:
+    explicit coutEntier(const candidates& listes)
+    {
+        constexpr int chiffres = 40; // of 53, so that thousands of terms add up
+        double plusLongue = 0.0;
+        for (const auto& liste : listes)
+            for (const candidate& c : liste)
+                plusLongue = std::max(plusLongue, c.distance);
+        m_unite = plusLongue > 0.0 ? std::ldexp(1.0, std::ilogb(plusLongue) - chiffres) : 1.0;
+    }
+    double operator()(double distance) const { return std::round(distance / m_unite); }
+
+private:
+    double m_unite = 1.0;
+};
+
 /// Gives points to stations, one after the other: each to the one with the fewest points that can be reached, by the
 /// way that costs the least distance. A way hands points on: the new one to a station, one of its points to another...
 /// So the loads stay as even as can be, and among such spreadings the sum of distances the least.
@@ -19,6 +39,7 @@ class equilibre {
 public:
     equilibre(const candidates& listes, std::size_t nombreStations) :
         m_listes(listes),
+        m_cout(listes),
         m_charges(nombreStations, 0),
         m_passages(nombreStations * nombreStations),
         m_stations(listes.size(), repartition::aucune)
@@ -56,12 +77,11 @@ private:
     /// The cheapest way to each station: as many rounds as there are stations at most.
     void chercherDepuis(std::size_t point)
     {
-        constexpr double arrondi = 1e-9; // a gain of less is none: ways must not turn in circles
         const std::size_t n = m_charges.size();
         m_couts.assign(n, inconnu);
         m_avant.assign(n, repartition::aucune);
         for (const candidate& c : m_listes[point])
-            m_couts[c.station] = c.distance;
+            m_couts[c.station] = m_cout(c.distance);
         bool mieux = true;
         for (std::size_t tour = 0; tour < n && mieux; ++tour) {
             mieux = false;
@@ -70,7 +90,7 @@ private:
                     file& f = passage(de, vers);
                     while (!f.empty() && m_stations[f.top().second] != de)
                         f.pop();
-                    if (f.empty() || !(m_couts[de] + f.top().first < m_couts[vers] - arrondi))
+                    if (f.empty() || !(m_couts[de] + f.top().first < m_couts[vers]))
                         continue;
                     m_couts[vers] = m_couts[de] + f.top().first;
                     m_avant[vers] = de;
@@ -84,10 +104,11 @@ private:
         const auto ici = std::ranges::find(m_listes[point], s, &candidate::station);
         for (const candidate& c : m_listes[point])
             if (c.station != s)
-                passage(s, c.station).emplace(c.distance - ici->distance, point);
+                passage(s, c.station).emplace(m_cout(c.distance) - m_cout(ici->distance), point);
     }
 
     const candidates& m_listes;
+    coutEntier m_cout;
     std::vector<std::size_t> m_charges;
     std::vector<file> m_passages;
     std::vector<std::size_t> m_stations;

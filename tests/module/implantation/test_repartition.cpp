@@ -74,6 +74,12 @@ TEST(Repartition, BalancesWithTheShortestSights)
     const repartition r = dix.repartir(inconnu, true);
     for (std::size_t s = 0; s < 3; ++s)
         EXPECT_GE(std::ranges::count(r.stations, s), 3) << s;
+    // Stations of another system, thousands of kilometres off, and points on one another: ways that cost the same to
+    // the last digit but one. They must not turn in circles, which would never end.
+    const ligne loin{{-38.20, -727.09, -727.09, -727.09, -727.09, -727.09, -727.09, -904.83, -38.20, 317.69},
+                     {5588751.63, 313368.07, -1263920.53},
+                     {}};
+    EXPECT_EQ(std::ranges::count(loin.repartir(inconnu, true).stations, aucune), 0);
 }
 
 TEST(PointsAxe, StandAtStepsOrWithinTheError)
