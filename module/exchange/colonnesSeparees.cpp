@@ -120,16 +120,17 @@ bool contient(const std::vector<colonne>& colonnes, colonne sens)
     return std::ranges::find(colonnes, sens) != colonnes.end();
 }
 
-/// "N" is north, but the number where another column is named as north is.
+/// "N" is north, but the number where another column is named as north is, or a further one "N" too.
 std::vector<colonne> colonnesNommees(const std::vector<std::string>& cellules)
 {
     const auto estN = [](const std::string& cellule) { return cellule == "N" || cellule == "n"; };
-    const bool autreNord = std::ranges::any_of(cellules, [&estN](const std::string& cellule) {
-        return !estN(cellule) && colonneNommee(texteDeCellule(cellule, false)) == colonne::y;
-    });
+    const auto sensDe = [](const std::string& cellule) { return colonneNommee(texteDeCellule(cellule, false)); };
+    const bool autreNord = std::ranges::any_of(
+        cellules, [&](const std::string& cellule) { return !estN(cellule) && sensDe(cellule) == colonne::y; });
     std::vector<colonne> colonnes;
-    for (const std::string& cellule : cellules) {
-        const colonne sens = autreNord && estN(cellule) ? colonne::nom : colonneNommee(texteDeCellule(cellule, false));
+    for (auto cellule = cellules.begin(); cellule != cellules.end(); ++cellule) {
+        const bool numero = estN(*cellule) && (autreNord || std::any_of(cellule + 1, cellules.end(), estN));
+        const colonne sens = numero ? colonne::nom : sensDe(*cellule);
         colonnes.push_back(contient(colonnes, sens) ? colonne::ignoree : sens);
     }
     return colonnes;

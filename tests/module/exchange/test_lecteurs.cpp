@@ -99,6 +99,7 @@ TEST(lecteurs, readFilesOfOtherPrograms)
          "N;X;Y;Z\n101;1;2;3\n",
          {{L"101", 1, 2, 3}},
          {}},
+        {"or the first of two", "a.csv", "N;N;E\n101;1;2\n", {{L"101", 2, 1, inconnu}}, {}},
         {"and north where none is", "a.csv", "Nom;N;E\n101;1;2\n", {{L"101", 2, 1, inconnu}}, {}},
         {"columns and cells that nothing takes are told",
          "a.csv",
