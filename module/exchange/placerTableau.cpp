@@ -113,7 +113,8 @@ struct morceauTableau {
     bool bloc;
 };
 
-/// The first of the entities whose origin many tell: pieces that were dragged off tell others.
+/// The oldest of the entities whose origin many tell: copies come later, pieces that were dragged off tell others.
+/// @param morceaux the oldest first
 const morceauTableau* premierDesNombreux(std::span<const morceauTableau> morceaux)
 {
     constexpr int hasard = 2; // lines that begin at one place
@@ -130,6 +131,7 @@ const morceauTableau* premierDesNombreux(std::span<const morceauTableau> morceau
 
 /// Of the entities that bear a table's number, the table itself. Copies of it tell other origins and stay; but where
 /// hardly two tell the same one, the table was turned, and they all are.
+/// @param morceaux the oldest first
 tableauDessine sansCopies(int numero, std::span<const morceauTableau> morceaux)
 {
     constexpr double tolerance = 1e-4;
@@ -169,6 +171,7 @@ std::optional<tableauDessine> dernierTableau()
     }
     if (morceaux.empty())
         return std::nullopt;
+    std::ranges::sort(morceaux, {}, [](const morceauTableau& m) { return Adesk::UInt64(m.id.handle()); });
     return sansCopies(numeroDernier, morceaux);
 }
 
