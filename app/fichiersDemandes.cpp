@@ -2,6 +2,7 @@
 
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
+#include "services/lettres.h"
 
 #include "erreurProgramme.h"
 
@@ -37,6 +38,14 @@ void refuserRapportSurDessin(const std::string& rapport, const std::string& dess
 {
     if (memeFichier(rapport, dessin))
         throw erreurProgramme("le rapport et le dessin ont le même nom, « " + rapport + " ».");
+}
+
+void refuserNomDeDessin(const std::string& resultat, const std::string& exemple)
+{
+    const std::wstring extension = enMinuscules(platform::wideFromUtf8(cheminNatif(resultat).extension().string()));
+    if (extension == L".dxf" || extension == L".dwg")
+        throw erreurProgramme("« " + resultat + " » est un nom de dessin : donnez une autre extension, « " + exemple +
+                              " » par exemple.");
 }
 
 void exigerRapportEcrit(bool ecrit, const std::string& rapport)

@@ -21,5 +21,9 @@ void refuserMemeFichier(const std::string& resultat, const std::string& source);
 /// file.
 void refuserRapportSurDessin(const std::string& rapport, const std::string& dessin);
 
+/// A list or a report writes over what is there: not over a drawing. @throws erreurProgramme
+/// @param exemple extension that the result may have
+void refuserNomDeDessin(const std::string& resultat, const std::string& exemple);
+
 /// @throws erreurProgramme unless writing the report went well.
 void exigerRapportEcrit(bool ecrit, const std::string& rapport);

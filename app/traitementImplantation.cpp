@@ -109,6 +109,7 @@ void afficherPoints(const resultatImplantation& r)
 traitementImplantation traiterImplantation(const demandeProgrammeImplantation& demande)
 {
     verifierNoms(demande);
+    refuserNomDeDessin(demande.rapport, ".html");
     const demandeImplantation voulue = demandeDe(demande);
     traitementImplantation t;
     sessionHote session(std::cerr);

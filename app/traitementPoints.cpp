@@ -13,7 +13,6 @@
 #include "platform/CodePage.h"
 #include "points/projetsTopo.h"
 #include "services/codages.h"
-#include "services/lettres.h"
 
 #include "erreurProgramme.h"
 #include "fichierDessin.h"
@@ -104,15 +103,6 @@ void placer(listePointsDuDessin& table, int premiere, observationsEnAttente& obs
             " point(s) sans symbole : coordonnées inconnues, ou block du code introuvable.");
 }
 
-/// A list in text writes over what is there: not over a drawing.
-void refuserNomDeDessin(const fs::path& fichier, const std::string& nom)
-{
-    const std::wstring extension = enMinuscules(wideFromUtf8(fichier.extension().string()));
-    if (extension == L".dxf" || extension == L".dwg")
-        throw erreurProgramme("« " + nom +
-                              " » est un nom de dessin : donnez une extension de points, « .xyz » par exemple.");
-}
-
 /// Reads "1,5-9" as ranges of codes.
 std::vector<std::pair<int, int>> plagesDe(const std::string& codes)
 {
@@ -189,7 +179,7 @@ suitesExportPoints exporter(const exportPointsDemande& demande)
 {
     refuserMemeFichier(demande.fichier, demande.dessin);
     const fs::path fichier = cheminNatif(demande.fichier);
-    refuserNomDeDessin(fichier, demande.fichier);
+    refuserNomDeDessin(demande.fichier, ".xyz");
     if (estCarte(fichier) && demande.projection.empty())
         throw erreurProgramme("une carte demande la projection du dessin (--projection EPSG:2154, par exemple).");
     sessionHote session(std::cerr);

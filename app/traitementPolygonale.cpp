@@ -146,6 +146,7 @@ template <class Donnees, class Resultat>
 traitementPolygonale<Resultat> traiter(const demandePolygonale& demande)
 {
     verifierNoms(demande);
+    refuserNomDeDessin(demande.rapport, ".html");
     if (!(demande.precisionAngle >= 0.0) || !std::isfinite(demande.precisionAngle))
         throw erreurProgramme("--precision-angle : un écart type positif est attendu.");
     traitementPolygonale<Resultat> t;

@@ -116,6 +116,7 @@ traitementReseau traiterReseau(const demandeReseau& demande)
     const optionsCompensation options = optionsDe(demande);
     verifierNombres(demande);
     verifierNoms(demande);
+    refuserNomDeDessin(demande.rapport, ".html");
     lire(demande, t);
     try {
         t.resultat = compenser(t.r, options);

@@ -86,7 +86,8 @@ TEST_F(Implantation, RefusesWhatCannotBe)
          {"--station ZZ --points 1", "--station S1", "--points 1", "--station S1 --points 77", "--station S1 --table T",
           "--station S1 --points 1 --reference gisement=x", "--station S1 --points 1 --reference gisement=1e300",
           "--station S1 --points 1 --reference gisement=400.5", "--station S1 --points 1 --reference ZZ",
-          "--station S1 --points 1 --stations S2", "--station S1 --points 1 --dessiner --enregistrer a.dwg"}) {
+          "--station S1 --points 1 --stations S2", "--station S1 --points 1 --rapport autre.DXF",
+          "--station S1 --points 1 --dessiner --enregistrer a.dwg"}) {
         const execution run = vela(std::string("implantation chantier.dxf ") + arguments);
         EXPECT_EQ(run.statut, 1) << arguments;
         EXPECT_NE(run.erreurs.find("vela : "), std::string::npos) << arguments;
