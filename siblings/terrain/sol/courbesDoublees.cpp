@@ -1,56 +1,51 @@
 #include "sol/courbesDoublees.h"
 
 #include <algorithm>
-#include <utility>
 
-namespace {
-
-bool lieuAvant(const lieuSol& p, const lieuSol& q)
+courbesDoublees::cle courbesDoublees::cleDe(const lieuSol& p, const lieuSol& q)
 {
-    return std::pair(p.x, p.y) < std::pair(q.x, q.y);
+    const std::pair a(p.x, p.y), b(q.x, q.y);
+    return {std::min(a, b), std::max(a, b)};
 }
 
-void ouvrirAllerRetour(courbeNiveau& courbe)
+/// Where the line turns back, else behind a side that another line has; so no stretch is cut in its midst.
+std::size_t courbesDoublees::departDe(std::span<const lieuSol> lieux, const std::vector<bool>& sommets) const
 {
-    const std::size_t nombre = courbe.points.size();
-    if (!courbe.fermee || nombre < 2 || nombre % 2 != 0)
-        return;
-    const auto en = [&](std::size_t i) { return courbe.points[i % nombre]; };
-    for (std::size_t bout = 0; bout < nombre / 2; ++bout) {
-        std::size_t i = 1;
-        while (i < nombre / 2 && en(bout + i) == en(bout + nombre - i))
-            ++i;
-        if (i < nombre / 2)
+    const std::size_t nombre = lieux.size();
+    std::size_t depart = 0;
+    for (std::size_t i = 0; i < nombre; ++i) {
+        const std::size_t avant = (i + nombre - 1) % nombre;
+        if (!sommets[i] || !sommets[avant] || lieux[i] == lieux[avant])
             continue;
-        std::rotate(courbe.points.begin(), courbe.points.begin() + static_cast<std::ptrdiff_t>(bout),
-                    courbe.points.end());
-        courbe.points.resize(nombre / 2 + 1);
-        courbe.fermee = false;
-        return;
+        std::size_t pas = 1; // over corners at one place
+        while (pas < nombre && lieux[(i + pas) % nombre] == lieux[i])
+            ++pas;
+        if (lieux[(i + pas) % nombre] == lieux[avant])
+            return i;
+        if (vus.contains(cleDe(lieux[avant], lieux[i])))
+            depart = i;
     }
+    return depart;
 }
 
-/// The same points whichever way a line runs, and wherever a closed one begins.
-std::vector<lieuSol> forme(const courbeNiveau& courbe)
+std::vector<courbesDoublees::troncon> courbesDoublees::garder(std::span<const lieuSol> lieux,
+                                                              const std::vector<bool>& sommets, bool fermee)
 {
-    std::vector<lieuSol> points = courbe.points;
-    if (courbe.fermee)
-        std::rotate(points.begin(), std::ranges::min_element(points, lieuAvant), points.end());
-    const auto premier = points.begin() + (courbe.fermee ? 1 : 0);
-    if (premier != points.end() && lieuAvant(points.back(), *premier))
-        std::reverse(premier, points.end());
-    return points;
-}
-
-} // namespace
-
-bool courbesDoublees::avant(const std::vector<lieuSol>& p, const std::vector<lieuSol>& q)
-{
-    return std::ranges::lexicographical_compare(p, q, lieuAvant);
-}
-
-bool courbesDoublees::garder(courbeNiveau& courbe)
-{
-    ouvrirAllerRetour(courbe);
-    return vues.insert(forme(courbe)).second;
+    const std::size_t nombre = lieux.size(), cotes = fermee ? nombre : nombre - 1;
+    if (std::ranges::none_of(sommets, [](bool s) { return s; }))
+        return {{0, cotes}};
+    const std::size_t depart = fermee ? departDe(lieux, sommets) : 0;
+    std::vector<troncon> gardes;
+    bool ouvert = false;
+    for (std::size_t k = depart; k < depart + cotes; ++k) {
+        const std::size_t i = k % nombre, j = (k + 1) % nombre;
+        const bool neuf =
+            !sommets[i] || !sommets[j] || lieux[i] == lieux[j] || vus.insert(cleDe(lieux[i], lieux[j])).second;
+        if (neuf && !ouvert)
+            gardes.push_back({k, k});
+        if (neuf)
+            gardes.back().fin = k + 1;
+        ouvert = neuf;
+    }
+    return gardes;
 }

@@ -19,6 +19,7 @@ struct passage {
 struct trace {
     std::vector<passage> passages;
     bool fermee = false;
+    bool crete = false; // along a crest, of which the way back is gone
 };
 
 class traceur {
@@ -177,12 +178,27 @@ void sansRepetition(courbeNiveau& courbe)
         points.pop_back();
 }
 
-/// Whether a line runs from vertex to vertex, as one along a crest does.
-bool parLesSommets(const maillageTerrain& sol, const trace& ligne, double altitude)
+/// What a line draws that lines of its altitude before it have not drawn.
+std::vector<trace> sansDoublons(const maillageTerrain& sol, const trace& ligne, double altitude, courbesDoublees& vus)
 {
-    return std::ranges::all_of(ligne.passages, [&](const passage& p) {
+    const auto auSommet = [&](const passage& p) {
         return sol.debut(p.triangle, p.cote).z == altitude || sol.fin(p.triangle, p.cote).z == altitude;
-    });
+    };
+    std::vector<bool> sommets;
+    for (const passage& p : ligne.passages)
+        sommets.push_back(auSommet(p));
+    const std::size_t nombre = ligne.passages.size();
+    const auto gardes = vus.garder(brute(ligne), sommets, ligne.fermee);
+    if (gardes.size() == 1 && gardes[0].fin - gardes[0].debut == (ligne.fermee ? nombre : nombre - 1))
+        return {ligne};
+    std::vector<trace> traces;
+    for (const auto& [debut, fin] : gardes) {
+        trace& t = traces.emplace_back();
+        for (std::size_t i = debut; i <= fin; ++i)
+            t.passages.push_back(ligne.passages[i % nombre]);
+        t.crete = std::ranges::all_of(t.passages, auSommet); // its corners are those of the ground
+    }
+    return traces;
 }
 
 /// The triangles that each altitude passes, by its number from `premier`.
@@ -219,18 +235,15 @@ std::vector<courbeNiveau> courbesDeNiveau(const maillageTerrain& sol, const dema
     for (int k = 0; k < nombre; ++k) {
         const double altitude = (premier + k) * demande.intervalle;
         courbesDoublees cretes;
-        for (const trace& ligne : plume.tracer(altitude, k, parNiveau[static_cast<std::size_t>(k)])) {
-            courbeNiveau courbe{altitude, ligne.fermee, brute(ligne)};
-            sansRepetition(courbe);
-            if (courbe.points.size() < 2 || (parLesSommets(sol, ligne, altitude) && !cretes.garder(courbe)))
-                continue;
-            const bool crete = courbe.fermee != ligne.fermee; // opened: its corners are those of the ground
-            if (demande.lisser && !crete) {
-                courbe.points = lissee(sol, ligne, demande.intervalle);
+        for (const trace& entiere : plume.tracer(altitude, k, parNiveau[static_cast<std::size_t>(k)]))
+            for (const trace& ligne : sansDoublons(sol, entiere, altitude, cretes)) {
+                const bool lisser = demande.lisser && !ligne.crete;
+                courbeNiveau courbe{altitude, ligne.fermee,
+                                    lisser ? lissee(sol, ligne, demande.intervalle) : brute(ligne)};
                 sansRepetition(courbe);
+                if (courbe.points.size() > 1)
+                    courbes.push_back(std::move(courbe));
             }
-            courbes.push_back(std::move(courbe));
-        }
     }
     return courbes;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -123,6 +124,27 @@ TEST(Courbes, aCrestAtTheAltitudeIsOneLine)
         EXPECT_EQ(dedans[1].points.size(), 3U);
         const auto entiere = courbesDeNiveau(digue(-30, 130), {5.0, lisser});
         EXPECT_EQ(std::ranges::count(entiere, 10.0, &courbeNiveau::altitude), 1) << "from rim to rim";
+    }
+    // Three crests that meet, one of which rises further: no stretch is drawn twice.
+    semisTerrain semis;
+    for (const auto& [x, y] : {std::pair{-100.0, -100.0}, {100.0, -100.0}, {100.0, 100.0}, {-100.0, 100.0}})
+        semis.points.push_back({lambert(x, y), 0.0});
+    for (const auto& [x, y, z] : {std::tuple{-50.0, 2.0, 10.0}, {50.0, 3.0, 10.0}, {1.0, 50.0, 18.0}})
+        semis.lignes.push_back(
+            {semisTerrain::genre::rupture, {{lambert(0, 0), 10.0}, {lambert(x / 2, y / 2), 10.0}, {lambert(x, y), z}}});
+    const maillageTerrain etoile = trianguler(semis).maillage;
+    for (const bool lisser : {false, true}) {
+        std::set<std::pair<double, double>> milieux;
+        std::size_t cotes = 0;
+        double plate = 0.0;
+        for (const segment& s : segments(courbesDeNiveau(etoile, {10.0, lisser}))) {
+            milieux.emplace(s.a.x + s.b.x, s.a.y + s.b.y);
+            plate +=
+                s.a.y < lambert(0, 4).y && s.b.y < lambert(0, 4).y ? std::hypot(s.b.x - s.a.x, s.b.y - s.a.y) : 0.0;
+            ++cotes;
+        }
+        EXPECT_EQ(milieux.size(), cotes) << lisser;
+        EXPECT_NEAR(plate, 100.0, 1.0) << lisser;
     }
 }
 
