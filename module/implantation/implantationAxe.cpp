@@ -4,20 +4,14 @@
 #include "implantation/pointsDuProjet.h"
 #include "implantation/terrainDuDessin.h"
 #include "implantation/travailImplantation.h"
+#include "points/nomValable.h"
 #include "points/numeroteur.h"
 #include "points/projetDansDessin.h"
 #include "services/CAcadUndoGroup.h"
-#include "services/codages.h"
-
-parametresAxe& parametresDuDernierAxe()
-{
-    static parametresAxe parametres;
-    return parametres;
-}
 
 namespace {
 
-/// As many names that the survey has not yet; the numbering stands after them.
+/// As many names that the survey has not yet; the numbering then stands after them.
 std::vector<std::wstring> nomsLibres(const listePointsDuDessin& table, std::size_t nombre,
                                      numerotationImplantation& numerotation)
 {
@@ -34,6 +28,12 @@ std::vector<std::wstring> nomsLibres(const listePointsDuDessin& table, std::size
 
 } // namespace
 
+parametresAxe& parametresDuDernierAxe()
+{
+    static parametresAxe parametres;
+    return parametres;
+}
+
 bilanAxe implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, parametresAxe& parametres)
 {
     listePointsDuDessin* const table = tableCourante();
@@ -44,15 +44,11 @@ bilanAxe implanterAxe(travailImplantation& travail, const AcDbObjectId& courbe, 
         return {0, L"Aucun point : ce n'est pas un axe"};
     const std::vector<double> longueurs = longueursAImplanter(a, parametres.choix);
     if (longueurs.empty())
-        return {0, L"Aucun point : il en faudrait plus de 100000"};
+        return {0, L"Aucun point : il en faudrait plus de " + std::to_wstring(pointsAxeAuPlus)};
     numerotationImplantation suite = parametres.noms;
     const std::vector<std::wstring> noms = nomsLibres(*table, longueurs.size(), suite);
-    if (noms.back().size() > pointDuDessin::longueurNom)
-        return {0, L"Aucun point : « " + noms.back() + L" » est trop long, le nom d'un point a " +
-                       std::to_wstring(pointDuDessin::longueurNom) + L" caractères au plus"};
-    bool entier = true;
-    if (versAnsi(noms.back(), &entier); !entier)
-        return {0, L"Aucun point : « " + noms.back() + L" » a un caractère que le nom d'un point ne peut pas avoir"};
+    if (std::wstring refus = refusDuNom(noms.back()); !refus.empty()) // of all, it is the longest
+        return {0, std::move(refus)};
     parametres.noms = suite;
     const CAcadUndoGroup groupe;
     const auto sol = terrainDuDessin();

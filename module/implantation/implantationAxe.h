@@ -20,7 +20,7 @@ parametresAxe& parametresDuDernierAxe();
 
 struct bilanAxe {
     std::size_t points = 0;
-    std::wstring refus; ///< why there are none
+    std::wstring refus; ///< why there are none, in French
 };
 /// Makes points along a curve, adds them to the current point table with their symbols and to the job: all of them, or
 /// none. Altitudes are those of the axis, else of the ground. The numbering of the parameters goes on.

@@ -2,6 +2,7 @@
 
 #include "points/listePointsDuDessin.h"
 #include "points/nomsDoubles.h"
+#include "points/nomValable.h"
 #include "services/CAcadUndoGroup.h"
 #include "services/calqueVerrouille.h"
 #include "services/codages.h"
@@ -22,14 +23,9 @@ std::vector<pointNomme> pointsNommes(const listePointsDuDessin& table, std::span
 
 std::wstring refusDesNoms(std::span<const pointACreer> points)
 {
-    for (const pointACreer& voulu : points) {
-        const std::wstring& nom = voulu.point.nom;
-        bool entier = true;
-        if (nom.size() > pointDuDessin::longueurNom)
-            return L"Le nom d'un point a neuf caractères au plus : « " + nom + L" » en a trop.";
-        if (versAnsi(nom, &entier); !entier)
-            return L"« " + nom + L" » a un caractère que le nom d'un point ne peut pas avoir.";
-    }
+    for (const pointACreer& voulu : points)
+        if (std::wstring refus = refusDuNom(voulu.point.nom); !refus.empty())
+            return refus;
     return {};
 }
 
@@ -47,7 +43,7 @@ void creerPoints(listePointsDuDessin& table, std::span<const pointACreer> points
         progression.avancer();
     }
     direNomsDoubles(table, avant);
-    acutPrintf(L"\n%d point(s) cr\u00e9\u00e9(s)", static_cast<int>(points.size()));
+    acutPrintf(L"\n%d point(s) créé(s)", static_cast<int>(points.size()));
 }
 
 int deplacerPoints(listePointsDuDessin& table, std::span<const int> positions, std::span<const point3> places)

@@ -17,7 +17,7 @@ struct pointACreer {
     pointNomme point;
     std::wstring observation;
 };
-/// Why a table cannot keep their names: too long, or a character that it has not. Empty when it can.
+/// Why a table cannot keep one of their names, in French; empty when it can keep them all.
 std::wstring refusDesNoms(std::span<const pointACreer> points);
 /// Appends them to the table and draws their symbols.
 void creerPoints(listePointsDuDessin& table, std::span<const pointACreer> points, int code);
