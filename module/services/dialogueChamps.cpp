@@ -40,6 +40,15 @@ void direNombre(QLineEdit& champ, QAction& faute, const std::wstring& nomme)
         QToolTip::showText(champ.mapToGlobal(QPoint(0, champ.height())), remarque, &champ);
 }
 
+bool refuserChamp(QLineEdit& champ, const wchar_t* nomme, const std::wstring& phrase)
+{
+    surveillerNombre(champ, nomme);
+    avertirErreur(phrase);
+    champ.setFocus();
+    champ.selectAll();
+    return false;
+}
+
 } // namespace
 
 void surveillerNombre(QLineEdit& champ, const wchar_t* nomme)
@@ -60,19 +69,6 @@ QString texteDesigne(double coordonnee)
     lireVariable(L"LUPREC", decimales);
     return QString::number(coordonnee, 'f', decimales);
 }
-
-namespace {
-
-bool refuserChamp(QLineEdit& champ, const wchar_t* nomme, const std::wstring& phrase)
-{
-    surveillerNombre(champ, nomme);
-    avertirErreur(phrase);
-    champ.setFocus();
-    champ.selectAll();
-    return false;
-}
-
-} // namespace
 
 bool lireChamp(QLineEdit& champ, const wchar_t* nomme, double& valeur, double min, double max)
 {

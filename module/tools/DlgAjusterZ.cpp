@@ -101,7 +101,7 @@ std::vector<double> DlgAjusterZ::altitudes(const std::vector<pointNomme>& points
         return ligne ? altitudesDeLAxe(points, *ligne) : std::vector<double>();
     }
     case texteProche:
-        return lireChamp(*m_ui->editDistance, L"la distance", valeur, 1e-6, 1e36)
+        return lireChamp(*m_ui->editDistance, L"la distance", valeur, 1e-6)
                    ? altitudesVoisines(points, cotesDuDessin(), valeur)
                    : std::vector<double>();
     default:

@@ -22,7 +22,7 @@ namespace {
 
 enum donneeClothoide { parLongueur, parParametre }; // what clothoids are given by
 constexpr int nombreColonnes = 5;
-constexpr double longueurAuPlus = 1e36; // as in every field
+constexpr double auPlus = 1e5; // texts of chainages, chords of clothoids: a value typed wrong would fill the memory
 
 std::vector<point2> sommetsDesignes()
 {
@@ -171,7 +171,7 @@ void DlgAxe::lireCellule(int rang, int colonne)
     bool entier = false;
     const bool rien = texte.empty() && colonne > 1; // no curve; a corner has a place
     const double valeur = rien ? 0.0 : reelDeTexte(texte, &entier);
-    if ((entier || rien) && std::abs(valeur) <= longueurAuPlus)
+    if ((entier || rien) && std::abs(valeur) <= plusGrandNombre)
         valeurDe(m_sommets[static_cast<std::size_t>(rang)], colonne) = valeur;
     else
         avertirErreur(entier ? L"« " + texte + L" » est trop grand." : pasUnNombre(texte));
@@ -234,7 +234,7 @@ bool DlgAxe::lireNumerotation(axeEnregistre& complet) const
     if (!fautive)
         return true;
     avertirErreur(L"L'équation " + formaterFixe(fautive->arriere, 3) + L"=" + formaterFixe(fautive->avant, 3) +
-                  L" ne tombe pas sur l'axe après ce qui la précède.");
+                  L" tombe hors de l'axe, ou avant ce qui la précède.");
     m_ui->editEquations->setFocus();
     return false;
 }
@@ -256,9 +256,9 @@ void DlgAxe::dessiner()
         !lireChamp(*m_ui->editPas, L"le pas des écritures", dessin.pasEcritures, 1e-3, 1e9) ||
         !lireChamp(*m_ui->editTextes, L"la taille des textes", dessin.tailleTextes, 1e-6, 1e6))
         return;
-    if (complet.ligne.longueur() / dessin.pasEcritures > 1e5)
+    if (complet.ligne.longueur() / dessin.pasEcritures > auPlus)
         return avertirErreur(L"Pas des écritures trop petit : cela ferait plus de cent mille textes.");
-    if (cordesDe(complet.ligne, dessin.fleche) > 1e5)
+    if (cordesDe(complet.ligne, dessin.fleche) > auPlus)
         return avertirErreur(L"Erreur de corde trop petite : les clothoïdes auraient plus de cent mille cordes.");
     if (!placerAxe(complet, dessin))
         return avertirErreur(L"L'axe n'a pas pu être dessiné.");

@@ -1,8 +1,10 @@
 #include "tools/DlgPointsDecalage.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "points/listePointsDuDessin.h"
+#include "points/nomValable.h"
 #include "points/numeroteurEntier.h"
 #include "services/dialogueChamps.h"
 #include "services/dialogueMessage.h"
@@ -14,7 +16,6 @@
 namespace {
 
 constexpr double pointsAuPlus = 1e6; // a step typed wrong would fill the memory
-constexpr double longueurMax = 1e36; // as in every field: 1e38 is an unknown coordinate
 
 std::wstring observationDe(const pointDecale& p)
 {
@@ -39,7 +40,7 @@ bool DlgPointsDecalage::lireListe(QLineEdit& champ, const wchar_t* nomme, std::v
 {
     std::wstring faute;
     const auto lus = nombresListes(champ.text().toStdWString(), faute);
-    const auto demesure = [](double valeur) { return std::abs(valeur) > longueurMax; };
+    const auto demesure = [](double valeur) { return std::abs(valeur) > plusGrandNombre; };
     if (lus && !lus->empty() && std::ranges::none_of(*lus, demesure)) {
         nombres = *lus;
         return true;
@@ -59,8 +60,7 @@ bool DlgPointsDecalage::lireDemande(demandeDecalage& demande) const
                     : m_ui->radioAbscisses->isChecked() ? mode::abscisses
                                                         : mode::sommets;
     demande.altitudes = m_ui->caseAltitudes->isChecked();
-    if (demande.choix == mode::intervalle &&
-        !lireChamp(*m_ui->editPas, L"l'intervalle", demande.pas, 1e-6, longueurMax))
+    if (demande.choix == mode::intervalle && !lireChamp(*m_ui->editPas, L"l'intervalle", demande.pas, 1e-6))
         return false;
     if (demande.choix == mode::abscisses && !lireListe(*m_ui->editAbscisses, L"Abscisses", demande.listees))
         return false;
@@ -69,15 +69,10 @@ bool DlgPointsDecalage::lireDemande(demandeDecalage& demande) const
 
 bool DlgPointsDecalage::nommer(const std::vector<pointDecale>& decales)
 {
-    double premier = 1.0;
-    if (!lireChamp(*m_ui->editPremier, L"le premier numéro", premier, 0, 999999999))
+    int premier = 1;
+    if (!lireEntier(*m_ui->editPremier, L"le premier numéro", premier, 0, plusGrandNumero))
         return false;
-    if (premier != std::floor(premier)) {
-        avertirErreur(L"Le premier numéro est un nombre entier.");
-        m_ui->editPremier->setFocus();
-        return false;
-    }
-    numeroteurEntier noms(m_ui->editPrefixe->text().trimmed().toStdWString(), static_cast<int>(premier), L"", 1);
+    numeroteurEntier noms(m_ui->editPrefixe->text().trimmed().toStdWString(), premier, L"", 1);
     m_points.clear();
     for (const pointDecale& p : decales)
         m_points.push_back({{noms.nomSuivant(), p.place}, observationDe(p)});
