@@ -29,7 +29,7 @@ dessinPlan dessinPlan::place(double echelle, point2 deplacement) const
 boite dessinPlan::texte::emprise() const
 {
     const double largeur = 0.7 * hauteur * static_cast<double>(contenu.size());
-    const double part = ancre == ancre::debut ? 0.0 : ancre == ancre::milieu ? 0.5 : 1.0;
+    const double part = ancre == calage::debut ? 0.0 : ancre == calage::milieu ? 0.5 : 1.0;
     const point2 coin = place - point2{part * largeur, 0.0};
     return boite::de(coin, coin + point2{largeur, hauteur});
 }

@@ -13,14 +13,14 @@ struct dessinPlan {
         point2 de, vers;
         int couleur;
     };
-    enum class ancre { debut, milieu, fin };
+    enum class calage { debut, milieu, fin }; ///< which part of a text stands at its place
     struct texte {
-        point2 place; ///< on the base line, at the anchor
+        point2 place; ///< on the base line
         std::wstring contenu;
         double hauteur;
         int couleur;
         double angle = 0.0;
-        dessinPlan::ancre ancre = ancre::debut;
+        calage ancre = calage::debut;
 
         /// About what it covers when it is level: fonts differ, and a picture is not a drawing.
         boite emprise() const;

@@ -48,8 +48,8 @@ std::unique_ptr<AcDbEntity> croixDe(const dessinPlan::marque& c)
 std::unique_ptr<AcDbEntity> texteDe(const dessinPlan::texte& t)
 {
     auto texte = std::make_unique<AcDbText>(hote3(t.place), t.contenu.c_str(), AcDbObjectId(), t.hauteur, t.angle);
-    if (t.ancre != dessinPlan::ancre::debut) {
-        texte->setHorizontalMode(t.ancre == dessinPlan::ancre::milieu ? AcDb::kTextCenter : AcDb::kTextRight);
+    if (t.ancre != dessinPlan::calage::debut) {
+        texte->setHorizontalMode(t.ancre == dessinPlan::calage::milieu ? AcDb::kTextCenter : AcDb::kTextRight);
         texte->setAlignmentPoint(hote3(t.place));
     }
     return texte;

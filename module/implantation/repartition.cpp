@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <queue>
+#include <utility>
 
 namespace {
 
@@ -51,28 +53,33 @@ public:
         if (m_listes[point].empty())
             return;
         chercherDepuis(point);
-        std::size_t fin = repartition::aucune;
-        for (std::size_t s = 0; s < m_charges.size(); ++s)
-            if (m_couts[s] != inconnu && (fin == repartition::aucune || std::pair(m_charges[s], m_couts[s]) <
-                                                                            std::pair(m_charges[fin], m_couts[fin])))
-                fin = s;
-        ++m_charges[fin];
-        while (m_avant[fin] != repartition::aucune) {
-            const std::size_t avant = m_avant[fin];
-            installer(passage(avant, fin).top().second, fin);
-            fin = avant;
-        }
-        installer(point, fin);
+        std::size_t s = moinsChargee();
+        ++m_charges[s];
+        for (; m_avant[s] != repartition::aucune; s = m_avant[s])
+            installer(passages(m_avant[s], s).top().second, s);
+        installer(point, s);
     }
     /// Of each point.
     const std::vector<std::size_t>& stations() const { return m_stations; }
 
 private:
-    using cout = std::pair<double, std::size_t>; // of handing a point on, and which
-    using file = std::priority_queue<cout, std::vector<cout>, std::greater<>>;
+    using passage = std::pair<double, std::size_t>; // what handing a point on costs, and which point
+    using moinsCher = std::priority_queue<passage, std::vector<passage>, std::greater<>>;
 
     /// Points of `de` that `vers` serves too, the cheapest on top; points that left are dropped when they come up.
-    file& passage(std::size_t de, std::size_t vers) { return m_passages[de * m_charges.size() + vers]; }
+    moinsCher& passages(std::size_t de, std::size_t vers) { return m_passages[de * m_charges.size() + vers]; }
+
+    /// Of the stations that the present point has a way to, the one with the fewest points; of equals the cheapest.
+    std::size_t moinsChargee() const
+    {
+        std::size_t choisie = repartition::aucune;
+        for (std::size_t s = 0; s < m_charges.size(); ++s)
+            if (m_couts[s] != inconnu &&
+                (choisie == repartition::aucune ||
+                 std::pair(m_charges[s], m_couts[s]) < std::pair(m_charges[choisie], m_couts[choisie])))
+                choisie = s;
+        return choisie;
+    }
 
     /// The cheapest way to each station: as many rounds as there are stations at most.
     void chercherDepuis(std::size_t point)
@@ -86,17 +93,23 @@ private:
         for (std::size_t tour = 0; tour < n && mieux; ++tour) {
             mieux = false;
             for (std::size_t de = 0; de < n; ++de)
-                for (std::size_t vers = 0; vers < n && m_couts[de] != inconnu; ++vers) {
-                    file& f = passage(de, vers);
-                    while (!f.empty() && m_stations[f.top().second] != de)
-                        f.pop();
-                    if (f.empty() || !(m_couts[de] + f.top().first < m_couts[vers]))
-                        continue;
-                    m_couts[vers] = m_couts[de] + f.top().first;
-                    m_avant[vers] = de;
-                    mieux = true;
-                }
+                for (std::size_t vers = 0; vers < n; ++vers)
+                    mieux = prolonger(de, vers) || mieux;
         }
+    }
+    /// Takes the way to `de` on to `vers`, where that is the cheaper way there. @return whether it is
+    bool prolonger(std::size_t de, std::size_t vers)
+    {
+        if (m_couts[de] == inconnu)
+            return false;
+        moinsCher& partants = passages(de, vers);
+        while (!partants.empty() && m_stations[partants.top().second] != de)
+            partants.pop();
+        if (partants.empty() || !(m_couts[de] + partants.top().first < m_couts[vers]))
+            return false;
+        m_couts[vers] = m_couts[de] + partants.top().first;
+        m_avant[vers] = de;
+        return true;
     }
     void installer(std::size_t point, std::size_t s)
     {
@@ -104,13 +117,13 @@ private:
         const auto ici = std::ranges::find(m_listes[point], s, &candidate::station);
         for (const candidate& c : m_listes[point])
             if (c.station != s)
-                passage(s, c.station).emplace(m_cout(c.distance) - m_cout(ici->distance), point);
+                passages(s, c.station).emplace(m_cout(c.distance) - m_cout(ici->distance), point);
     }
 
     const candidates& m_listes;
     coutEntier m_cout;
     std::vector<std::size_t> m_charges;
-    std::vector<file> m_passages;
+    std::vector<moinsCher> m_passages;
     std::vector<std::size_t> m_stations;
     std::vector<double> m_couts; // of the ways of the present point
     std::vector<std::size_t> m_avant;

@@ -74,8 +74,8 @@ std::string svgDe(const dessinPlan& dessin, int cote)
     for (const auto& t : dessin.textes) {
         svg += "<text x=\"" + x(t.place) + "\" y=\"" + y(t.place) + "\" font-size=\"" + pixels(t.hauteur * echelle) +
                "\" fill=\"" + teinte(t.couleur) + "\" stroke=\"#ffffff\" stroke-width=\"3\" paint-order=\"stroke\"";
-        if (t.ancre != dessinPlan::ancre::debut)
-            svg += t.ancre == dessinPlan::ancre::milieu ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
+        if (t.ancre != dessinPlan::calage::debut)
+            svg += t.ancre == dessinPlan::calage::milieu ? " text-anchor=\"middle\"" : " text-anchor=\"end\"";
         if (t.angle != 0.0)
             svg += " transform=\"rotate(" + pixels(-t.angle * 180.0 / std::numbers::pi) + " " + x(t.place) + " " +
                    y(t.place) + ")\"";

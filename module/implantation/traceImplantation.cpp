@@ -68,7 +68,7 @@ std::vector<std::wstring> lignesStation(const donneesStation& s)
 /// A text that ends there: a symbol has its own texts at the right of its point.
 void ecrireAGauche(dessinPlan& dessin, point2 fin, const std::wstring& contenu, double hauteur, int couleur)
 {
-    dessin.textes.push_back({fin, contenu, hauteur, couleur, 0.0, dessinPlan::ancre::fin});
+    dessin.textes.push_back({fin, contenu, hauteur, couleur, 0.0, dessinPlan::calage::fin});
 }
 
 void ajouterCoordonnees(dessinPlan& dessin, const pointImplante& point, point2 fin, unsigned masque, int couleur,
@@ -99,7 +99,7 @@ void ajouterMesures(dessinPlan& dessin, const pointImplante& point, const donnee
     const point2 de = station.station.plan(), vers = point.plan();
     const double sens = std::atan2(vers.y - de.y, vers.x - de.x);
     const point2 ecart = tourner({0.2 * hauteur, 0.0}, sens + std::numbers::pi / 2.0);
-    dessin.textes.push_back({(de + vers) * 0.5 + ecart, texte, hauteur, couleur, sens, dessinPlan::ancre::milieu});
+    dessin.textes.push_back({(de + vers) * 0.5 + ecart, texte, hauteur, couleur, sens, dessinPlan::calage::milieu});
 }
 
 } // namespace
@@ -155,16 +155,16 @@ class etiquetage {
 public:
     explicit etiquetage(std::vector<dessinPlan::trait> traits) : m_traits(std::move(traits)) {}
 
-    /// @param ecart from the place to the text, at its left or right
+    /// @param ecart from the place to the text
     /// @return false when nobody could read it there, as other texts are all around
     bool poser(dessinPlan::texte& texte, point2 autour, double ecart)
     {
-        using ancre = dessinPlan::ancre;
+        using calage = dessinPlan::calage;
         const double haut = 0.2 * texte.hauteur, bas = -1.2 * texte.hauteur;
-        const std::pair<point2, ancre> essais[] = {
-            {{ecart, haut}, ancre::debut}, {{ecart, bas}, ancre::debut},
-            {{-ecart, haut}, ancre::fin},  {{-ecart, bas}, ancre::fin},
-            {{0.0, ecart}, ancre::milieu}, {{0.0, -ecart - texte.hauteur}, ancre::milieu}};
+        const std::pair<point2, calage> essais[] = {
+            {{ecart, haut}, calage::debut}, {{ecart, bas}, calage::debut},
+            {{-ecart, haut}, calage::fin},  {{-ecart, bas}, calage::fin},
+            {{0.0, ecart}, calage::milieu}, {{0.0, -ecart - texte.hauteur}, calage::milieu}};
         std::size_t moindre = SIZE_MAX;
         dessinPlan::texte place = texte;
         for (const auto& [essai, cote] : essais) {
@@ -195,6 +195,39 @@ private:
     std::vector<boite> m_prises;
 };
 
+/// A text of a small plan, and the place of what it names.
+struct nomAPlacer {
+    point2 lieu;
+    dessinPlan::texte texte;
+};
+
+void placerNoms(dessinPlan& dessin, std::vector<nomAPlacer> noms, double ecart)
+{
+    etiquetage libre(dessin.traits);
+    for (nomAPlacer& nom : noms)
+        if (libre.poser(nom.texte, nom.lieu, ecart))
+            dessin.textes.push_back(std::move(nom.texte));
+}
+
+reglagesImplantation reglagesReduits(reglagesImplantation reglages, double tailleTextes)
+{
+    reglages.tailleTextes = tailleTextes;
+    reglages.taillePoints = tailleTextes;
+    reglages.tailleStations = 1.5 * tailleTextes;
+    reglages.longueurFleche = 1.5 * tailleTextes;
+    reglages.largeurFleche = tailleTextes;
+    return reglages;
+}
+
+/// A reference stands far out as a rule: its direction is enough.
+donneesStation sansReference(donneesStation station)
+{
+    if (station.visee)
+        station.v0 = gisementVers(station, station.reference.x, station.reference.y);
+    station.visee = false;
+    return station;
+}
+
 /// What the arrow of a small plan leads to.
 std::wstring nomDuZero(const donneesStation& s)
 {
@@ -214,36 +247,23 @@ dessinPlan planReduit(const blocStation& bloc, double cote, bool verification, c
             etendue.ajouter(boite::de(p.plan(), p.plan()));
     const double taille = std::max({etendue.xMax - etendue.xMin, etendue.yMax - etendue.yMin, 1e-3});
     const double echelle = 0.9 * cote / taille;
-    reglagesImplantation petits = reglages;
-    petits.tailleTextes = cote / 40.0 / echelle; // sizes that fit the plan, whatever its scale
-    petits.taillePoints = petits.tailleTextes;
-    petits.tailleStations = 1.5 * petits.tailleTextes;
-    petits.longueurFleche = 1.5 * petits.tailleTextes;
-    petits.largeurFleche = petits.tailleTextes;
-    // A reference stands far out as a rule: its direction is enough.
-    donneesStation orientee = bloc.station;
-    if (orientee.visee)
-        orientee.v0 = gisementVers(orientee, orientee.reference.x, orientee.reference.y);
-    orientee.visee = false;
+    const double tailleTextes = cote / 40.0 / echelle; // fits the plan, whatever its scale
+    const reglagesImplantation petits = reglagesReduits(reglages, tailleTextes);
+    const donneesStation orientee = sansReference(bloc.station);
     dessinPlan dessin = traceStation(orientee, 0, petits);
-    std::vector<point2> nommes{boutDuZero(orientee, petits), bloc.station.station.plan()};
-    std::vector<dessinPlan::texte> noms{{{}, nomDuZero(bloc.station), petits.tailleTextes, petits.reference},
-                                        {{}, bloc.station.station.nom, 1.2 * petits.tailleTextes, petits.station}};
+    std::vector<nomAPlacer> noms{
+        {boutDuZero(orientee, petits), {{}, nomDuZero(bloc.station), tailleTextes, petits.reference}},
+        {bloc.station.station.plan(), {{}, bloc.station.station.nom, 1.2 * tailleTextes, petits.station}}};
     for (std::size_t i = 0; i < bloc.points.size(); ++i) {
         dessinPlan point =
             tracePoint(bloc.points[i], &bloc.station, i < numerosMontres ? masqueNumero | masqueLigne : masqueLigne,
                        verification, petits);
-        for (dessinPlan::texte& nom : point.textes) {
-            nommes.push_back(bloc.points[i].plan());
-            noms.push_back(std::move(nom));
-        }
+        for (dessinPlan::texte& nom : point.textes)
+            noms.push_back({bloc.points[i].plan(), std::move(nom)});
         point.textes.clear();
         dessin.ajouter(point);
     }
-    etiquetage libre(dessin.traits);
-    for (std::size_t i = 0; i < noms.size(); ++i)
-        if (libre.poser(noms[i], nommes[i], 0.6 * petits.taillePoints))
-            dessin.textes.push_back(std::move(noms[i]));
+    placerNoms(dessin, std::move(noms), 0.6 * petits.taillePoints);
     const point2 coin{etendue.xMin, etendue.yMin};
     return dessin.place(echelle, coin * -echelle + point2{0.05 * cote, 0.05 * cote});
 }
@@ -318,7 +338,7 @@ dessinPlan traceCoupe(const coupeVisee& coupe, const pointImplante& point, const
         dessin.traits.push_back({place, bout, couleurSansVerification});
     const auto ecrire = [&](point2 place, const std::wstring& texte, int teinte, bool centre) {
         dessin.textes.push_back(
-            {place, texte, h, teinte, 0.0, centre ? dessinPlan::ancre::milieu : dessinPlan::ancre::debut});
+            {place, texte, h, teinte, 0.0, centre ? dessinPlan::calage::milieu : dessinPlan::calage::debut});
     };
     const auto bout = [](const lieuNomme& lieu) { return lieu.nom + L"  Z=" + texteTrace(lieu.z, 2); };
     ecrire(gauche - point2{0.0, 1.5 * h}, bout(station.station), reglages.station, true);
