@@ -163,8 +163,9 @@ void CDlgImplantationDirecte::mettreEnStation()
     saisirDansDessin([&] { choisirMiseEnStation(m_travail, lignes); });
     rafraichir();
     selectionner(lignes.size() == m_travail.points.size() && avant.empty() ? avant : lignes);
-    if (const std::vector<std::wstring> noms = m_travail.sousLeurStation(); !noms.empty() && selection().size() != 1)
-        dire(L"À la place de leur station, rien à implanter : " + enumererNoms(noms));
+    const bool uneLigne = selection().size() == 1; // which is told of by itself
+    if (const std::wstring phrase = m_travail.phraseSousLeurStation(); !phrase.empty() && !uneLigne)
+        dire(phrase);
 }
 
 void CDlgImplantationDirecte::obstacles()
@@ -182,7 +183,7 @@ void CDlgImplantationDirecte::changerVerification(bool verifier)
     rafraichir();
 }
 
-/// What is no number leaves the height as it was, and its box shows it again.
+/// What is no number leaves the height as it was: its box shows it again, and nothing is read.
 std::optional<double> CDlgImplantationDirecte::lireHauteur(const wchar_t* nom, QLineEdit& champ, double hauteur)
 {
     const std::wstring texte = champ.text().toStdWString();
@@ -243,7 +244,7 @@ void CDlgImplantationDirecte::suivreAxe()
         ads_name nom;
         ads_point clic;
         AcDbObjectId id;
-        if (acedEntSel(L"\nAxe \u00e0 implanter :", nom, clic) == RTNORM && acdbGetObjectId(id, nom) == Acad::eOk)
+        if (acedEntSel(L"\nAxe à implanter :", nom, clic) == RTNORM && acdbGetObjectId(id, nom) == Acad::eOk)
             bilan = implanterAxe(m_travail, id, parametres);
     });
     rafraichir();

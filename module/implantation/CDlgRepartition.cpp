@@ -18,7 +18,7 @@ CDlgRepartition::~CDlgRepartition() = default;
 void CDlgRepartition::accept()
 {
     double portee = inconnu;
-    if (!m_ui->editPortee->text().trimmed().isEmpty() && !lireChamp(*m_ui->editPortee, L"la port\u00e9e", portee))
+    if (!m_ui->editPortee->text().trimmed().isEmpty() && !lireChamp(*m_ui->editPortee, L"la portée", portee))
         return;
     if (!(portee > 0.0)) {
         avertirErreur(L"Tapez une portée plus grande que 0, ou rien");

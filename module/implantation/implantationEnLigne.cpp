@@ -148,8 +148,8 @@ void signalerNonVerifies(const travailImplantation& travail, suitesImplantation&
 
 void signalerSousLaStation(const travailImplantation& travail, suitesImplantation& suites)
 {
-    if (const std::vector<std::wstring> noms = travail.sousLeurStation(); !noms.empty())
-        suites.avertissements.push_back(L"À la place de leur station, rien à implanter : " + enumererNoms(noms) + L".");
+    if (const std::wstring phrase = travail.phraseSousLeurStation(); !phrase.empty())
+        suites.avertissements.push_back(phrase + L".");
 }
 
 void verifierVisees(travailImplantation& travail, suitesImplantation& suites)
@@ -168,8 +168,8 @@ double hauteurDemandee(const wchar_t* nom, double hauteur, suitesImplantation& s
 {
     const double admise = hauteurAdmise(hauteur);
     if (admise != hauteur)
-        suites.avertissements.push_back(std::wstring(nom) + L" n'est pas entre 0 et 1e30 : " + formaterFixe(admise, 2) +
-                                        L" est pris.");
+        suites.avertissements.push_back(std::wstring(nom) + L" est impossible : " + formaterFixe(admise, 2) +
+                                        L" m est pris.");
     return admise;
 }
 

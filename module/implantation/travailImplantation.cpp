@@ -200,13 +200,14 @@ void travailImplantation::annulerStations(const positions& choisis)
     });
 }
 
-std::vector<std::wstring> travailImplantation::sousLeurStation() const
+std::wstring travailImplantation::phraseSousLeurStation() const
 {
     std::vector<std::wstring> noms;
     for (const pointDuTravail& p : points)
         if (const observationMiseEnStation* const s = station(p.station); s && sousLaStation(p, s->donnees()))
             noms.push_back(p.nom);
-    return noms;
+    return noms.empty() ? std::wstring()
+                        : L"\u00c0 la place de leur station, rien \u00e0 implanter : " + enumererNoms(noms);
 }
 
 void travailImplantation::fixerHauteurStation(double hauteur)

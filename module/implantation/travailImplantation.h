@@ -51,8 +51,8 @@ public:
     /// The points lose their station, and setups that have no point any more go.
     void annulerStations(const positions& choisis);
 
-    /// Names of the points whose station stands on them: nothing is staked out so.
-    std::vector<std::wstring> sousLeurStation() const;
+    /// French sentence on the points whose station stands on them: nothing is staked out so. Empty when there are none.
+    std::wstring phraseSousLeurStation() const;
     /// Another height of instrument and target: sights are checked anew, or not known any more.
     void fixerHauteurStation(double hauteur);
     /// Checks the sights of these points that have a setup, as far as there is ground; see visibilite.h. The altitudes

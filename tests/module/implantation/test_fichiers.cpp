@@ -80,6 +80,17 @@ TEST(FichiersImplantation, WriteJsonAndTheReport)
         EXPECT_NE(texte.find(partie), std::string::npos) << partie;
 }
 
+namespace {
+
+void attendreTextesLibres(const dessinPlan& plan)
+{
+    for (std::size_t i = 0; i < plan.textes.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(plan.textes[i].emprise().touche(plan.textes[j].emprise())) << i << " and " << j;
+}
+
+} // namespace
+
 // Names of the sketch stood on one another and on lines, and those at its border were cut off.
 TEST(FichiersImplantation, SketchNamesWhatCanBeRead)
 {
@@ -94,9 +105,7 @@ TEST(FichiersImplantation, SketchNamesWhatCanBeRead)
     }
     const dessinPlan plan = planReduit(r.blocs[0], 100.0, true, {});
     ASSERT_EQ(plan.textes.size(), 7U) << "five points, the station, the zero";
-    for (std::size_t i = 0; i < plan.textes.size(); ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            EXPECT_FALSE(plan.textes[i].emprise().touche(plan.textes[j].emprise())) << i << " and " << j;
+    attendreTextesLibres(plan);
     const boite tout = plan.etendue();
     for (const dessinPlan::texte& texte : plan.textes) {
         EXPECT_GE(texte.emprise().xMin, tout.xMin);
@@ -105,18 +114,20 @@ TEST(FichiersImplantation, SketchNamesWhatCanBeRead)
     // A crowd in one place: names that nobody could read are left to the table.
     blocStation foule = r.blocs[0];
     foule.points.assign(50, modele);
-    const dessinPlan serre = planReduit(foule, 100.0, true, {});
-    for (std::size_t i = 0; i < serre.textes.size(); ++i)
-        for (std::size_t j = 0; j < i; ++j)
-            EXPECT_FALSE(serre.textes[i].emprise().touche(serre.textes[j].emprise())) << i << " and " << j;
+    attendreTextesLibres(planReduit(foule, 100.0, true, {}));
     // All points in one direction: the picture is narrow, and no page long.
     for (pointImplante& p : r.blocs[0].points)
         p.x = r.blocs[0].station.station.x;
     const std::string svg = svgDe(planReduit(r.blocs[0], 100.0, true, {}), 640);
     const std::string avant = "height=\"";
     EXPECT_LE(std::stod(svg.substr(svg.find(avant) + avant.size())), 640.0);
+}
 
-    // Whose station stands on it has an angle in the list, which must not be taken for one to read.
+// Whose station stands on it has an angle in the list, which must not be taken for one to read.
+TEST(FichiersImplantation, TellWhoseStationStandsOnIt)
+{
+    const resultatImplantation r = travail();
+    const pointImplante modele = r.blocs[0].points[0];
     pointImplante dessus = modele;
     dessus.x = r.blocs[0].station.station.x;
     dessus.y = r.blocs[0].station.station.y + 5e-5;
