@@ -97,10 +97,8 @@ void placer(listePointsDuDessin& table, int premiere, observationsEnAttente& obs
     std::iota(places.begin(), places.end(), premiere);
     const bilanPlacement bilan = placerPoints(table, places, observations);
     suites.dessines = bilan.dessines;
-    if (bilan.sansSymbole > 0)
-        suites.avertissements.push_back(
-            std::to_string(bilan.sansSymbole) +
-            " point(s) sans symbole : coordonnées inconnues, ou block du code introuvable.");
+    for (const std::wstring& phrase : phrasesNonPlaces(bilan))
+        suites.avertissements.push_back(utf8FromWide(phrase));
 }
 
 /// Reads "1,5-9" as ranges of codes.

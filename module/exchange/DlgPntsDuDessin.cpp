@@ -184,15 +184,8 @@ void DlgPntsDuDessin::placer()
 {
     const bilanPlacement bilan = placerPoints(m_table, placesVoulues(), m_observations);
     m_modele->recharger();
-    std::vector<std::wstring> phrases{std::to_wstring(bilan.dessines) + L" point(s) placé(s)."};
-    if (bilan.sansSymbole > 0)
-        phrases.push_back(std::to_wstring(bilan.sansSymbole) +
-                          L" point(s) sans symbole : coordonnées inconnues, ou block du code introuvable.");
-    if (bilan.verrouilles > 0)
-        phrases.push_back(std::to_wstring(bilan.verrouilles) +
-                          L" point(s) dont le symbole, sur un calque verrouillé, reste tel quel.");
-    if (bilan.arrete)
-        phrases.emplace_back(L"Placement arrêté : les points suivants ne sont pas dessinés.");
+    std::vector<std::wstring> phrases = phrasesNonPlaces(bilan);
+    phrases.insert(phrases.begin(), std::to_wstring(bilan.dessines) + L" point(s) placé(s).");
     dire(phrases);
 }
 

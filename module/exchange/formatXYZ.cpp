@@ -153,7 +153,8 @@ void lecteurXYZ::lire(sourceOctets& source, pointsLus& lus) const
         lireLigne(lignes.ligne(), lignes.numero(), suite, lus, refusee);
         if (suite && lus.points.size() > avant && std::exchange(morcelee, lignes.numero()) != lignes.numero())
             lus.remarquer(morcelee, depuisAnsi(lignes.ligne()),
-                          L"plus de 1024 caractères : lue par morceaux, chacun comme une ligne.");
+                          L"plus de " + std::to_wstring(longueurLigne) +
+                              L" caractères : lue par morceaux, chacun comme une ligne.");
     }
 }
 

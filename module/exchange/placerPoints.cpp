@@ -35,6 +35,20 @@ void placerUn(listePointsDuDessin& table, int place, observationsEnAttente& obse
 
 } // namespace
 
+std::vector<std::wstring> phrasesNonPlaces(const bilanPlacement& bilan)
+{
+    std::vector<std::wstring> phrases;
+    if (bilan.sansSymbole > 0)
+        phrases.push_back(std::to_wstring(bilan.sansSymbole) +
+                          L" point(s) sans symbole : coordonnées inconnues, ou block du code introuvable.");
+    if (bilan.verrouilles > 0)
+        phrases.push_back(std::to_wstring(bilan.verrouilles) +
+                          L" point(s) dont le symbole, sur un calque verrouillé, reste tel quel.");
+    if (bilan.arrete)
+        phrases.emplace_back(L"Placement arrêté : les points suivants ne sont pas dessinés.");
+    return phrases;
+}
+
 bilanPlacement placerPoints(listePointsDuDessin& table, std::span<const int> places,
                             observationsEnAttente& observations)
 {

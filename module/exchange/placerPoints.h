@@ -1,6 +1,8 @@
 #pragma once
 
 #include <span>
+#include <string>
+#include <vector>
 
 #include "exchange/ajoutPoints.h"
 
@@ -13,6 +15,9 @@ struct bilanPlacement {
     int verrouilles = 0; ///< whose symbol is on a locked layer, and stays as it is
     bool arrete = false; ///< by the user
 };
+
+/// French sentences on the points that were not drawn; none when all were.
+VELA_EXPORT std::vector<std::wstring> phrasesNonPlaces(const bilanPlacement& bilan);
 
 /// Draws the symbols of points, or brings those they have in line with them. Observations that wait go onto
 /// them.

@@ -30,9 +30,6 @@
 
 namespace {
 
-// Extended data of what a table is made of: the table's number in the drawing, and where its entity stands from the
-// table's origin, so that a table that was moved is replaced where it is.
-
 constexpr const wchar_t* reglageParams = L"tablexyz";
 constexpr int decimalesCoordonnees = 3;
 
@@ -255,7 +252,9 @@ std::vector<std::unique_ptr<AcDbEntity>> entitesDuTableau(const tableauCoordonne
     return entites;
 }
 
-/// Of an entity that the drawing has not got yet: one on a locked layer could not be changed any more.
+/// Gives an entity of a table its extended data: the table's number in the drawing, and where the entity stands from
+/// the table's origin, so that a table that was moved is replaced where it is. The drawing has not got the entity yet:
+/// one on a locked layer could not be changed any more.
 void marquer(AcDbEntity& entite, int numero, const AcGePoint3d& origine)
 {
     const auto place = placeDe(entite);
