@@ -1,5 +1,8 @@
 #include "codification/dispositionLegende.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 /// Scales a block so that its larger side has the size wanted; one that shows nothing, or whose size is no number that

@@ -2,5 +2,6 @@
 
 #include <string>
 
-/// The word that answered the last prompt: a keyword, whole, or what was typed instead. Empty when there is none.
+/// The word that answered the last prompt: a keyword, whole, or what was typed instead, without the quotes around a
+/// name that has blanks. Empty when there is none.
 std::wstring motSaisi();

@@ -111,9 +111,10 @@ void DlgSuperpositions::garder(const std::vector<int>& positions)
     m_table.supprimerPositions(partent);
     chercher();
     if (restent > 0)
-        avertirErreur(std::to_wstring(restent) +
-                      L" groupe(s) restent : les observations n'ont pas pu être écrites sur le symbole gardé (calque "
-                      L"verrouillé, ou symbole sans observation).");
+        avertirErreur(
+            std::to_wstring(restent) +
+            L" groupe(s) inchangé(s) : le symbole gardé ne peut pas recevoir les observations des autres (calque "
+            L"verrouillé, ou symbole sans place pour une observation).");
 }
 
 void commandeSuperpositions()

@@ -1,5 +1,6 @@
 #include "tools/alignement.h"
 
+#include <cmath>
 #include <numbers>
 
 #include "geometrie/clothoide.h"
@@ -116,10 +117,10 @@ virage virageDe(std::span<const elementAxe> suite)
 {
     virage v;
     double courbure = 0.0;
-    const auto prendre = [&](double longueur) {
+    const auto prendre = [&] { // the next element; @return its length
         const elementAxe& e = suite[v.elements++];
         v.angle += std::abs(e.courbureDebut + e.courbureFin) / 2.0 * e.longueur;
-        return longueur;
+        return e.longueur;
     };
     const auto suit = [&] { // in the same curve
         if (v.elements == suite.size())
@@ -129,14 +130,14 @@ virage virageDe(std::span<const elementAxe> suite)
     };
     if (const elementAxe& e = suite.front(); e.courbureDebut == 0.0) {
         courbure = e.courbureFin;
-        v.entree = prendre(e.longueur);
+        v.entree = prendre();
     } else {
         courbure = e.courbureDebut;
     }
     if (suit() && suite[v.elements].estArc())
-        prendre(0.0);
+        prendre();
     if (suit() && suite[v.elements].courbureFin == 0.0)
-        v.sortie = prendre(suite[v.elements].longueur);
+        v.sortie = prendre();
     v.rayon = 1.0 / std::abs(courbure);
     return v;
 }

@@ -26,7 +26,8 @@ inline double longueurClothoide(double A, double rayon)
 ///         a turn back, clothoids that turn more than the corner does, curves that do not fit between their corners.
 std::variant<axe, std::wstring> tracerAlignement(std::span<const sommetAlignement> sommets);
 
-/// The other way round: the corners of a line, the tangents of its arcs and clothoids prolonged. An arc that turns half
-/// a turn or more has several corners of its radius. @return why there are none, in French: a curve that is no arc
-/// between two clothoids.
+/// The other way round: the corners of a line, the tangents of its arcs and clothoids prolonged. An arc that turns by
+/// more than 180 gr has several corners of its radius.
+/// @return why there are none, in French: a curve that is no arc between two clothoids, or that turns by half a turn
+///         with them.
 std::variant<std::vector<sommetAlignement>, std::wstring> sommetsDeLAxe(const axe& ligne);

@@ -42,7 +42,7 @@ void placer(const dessinCarroyage& dessin, double hauteur)
         declarerApplication(*db, applicationCarroyage);
     chaineResbuf marque; // coordinates, which nobody must read as altitudes
     marque.ajouter(AcDb::kDxfRegAppName, applicationCarroyage);
-    marque.ajouter(AcDb::kDxfXdInteger16, short{1});
+    marque.ajouter(AcDb::kDxfXdInteger16, short{1}); // a mark has to hold something
     ajoutEntites ajout;
     for (const dessinCarroyage::trait& t : dessin.traits)
         ajout.ajouter(std::make_unique<AcDbLine>(AcGePoint3d(t.de.x, t.de.y, 0.0), AcGePoint3d(t.a.x, t.a.y, 0.0)));

@@ -21,7 +21,7 @@ public:
     ~DlgSourcesTerrain() override;
 
     std::wstring nom() const;
-    sourcesTerrain sources() const;
+    sourcesTerrain sources() const; ///< once accepted
     void accept() override;
 
 private:

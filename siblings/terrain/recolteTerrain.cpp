@@ -379,7 +379,7 @@ std::wstring recolteTerrain::texte() const
     ligneDeCompte(lu, traces, L"objets dessin\u00e9s d'apr\u00e8s un mod\u00e8le laiss\u00e9s de c\u00f4t\u00e9");
     ligneDeCompte(
         lu, coordonnees,
-        L"textes laiss\u00e9s de c\u00f4t\u00e9 : ils disent des coordonn\u00e9es (carroyage, table, implantation)");
+        L"textes laiss\u00e9s de c\u00f4t\u00e9 : ce sont des coordonn\u00e9es (carroyage, table, implantation)");
     ligneDeCompte(lu, redites, L"textes qui redisent l'altitude d'un point");
     ligneDeCompte(lu, textesLus,
                   L"textes laiss\u00e9s de c\u00f4t\u00e9 : ils ne sont pas un nombre avec d\u00e9cimales");
