@@ -24,7 +24,7 @@ namespace {
 struct choixExecuter {
     std::string script;
     std::vector<std::string> dessins;
-    std::vector<std::string> suivants; ///< sans option devant
+    std::vector<std::string> suivants; ///< without the option before them
     bool strict = false;
     bool echo = false;
     int limite = 600; // seconds; the longest honest loop over a large survey takes some
