@@ -214,7 +214,8 @@ std::variant<std::vector<sommetAlignement>, std::wstring> sommetsDeLAxe(const ax
         const virage v = virageDe(elements.subspan(i));
         const bool arcSeul = v.entree == 0.0 && v.sortie == 0.0;
         if (v.elements == 0 || (!arcSeul && v.angle > std::numbers::pi - 1e-6)) // a half-turn has no corner
-            return L"L'élément " + std::to_wstring(i + 1) + L" n'est pas d'un arc entre deux clothoïdes.";
+            return L"Le virage de l'élément " + std::to_wstring(i + 1) +
+                   L" n'a pas de sommet : ce n'est pas un arc entre deux clothoïdes, ou il fait un demi-tour.";
         const double parts = arcSeul ? std::ceil(v.angle / deviationMax) : 1.0;
         const elementAxe& dernier = elements[i + v.elements - 1];
         for (double k = 0.0; k < parts; k += 1.0) {

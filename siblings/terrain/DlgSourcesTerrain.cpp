@@ -86,6 +86,6 @@ void DlgSourcesTerrain::accept()
         !demanderOuiNon(L"Mod\u00e8les de terrain",
                         L"Le mod\u00e8le " + nom() + L" existe d\u00e9j\u00e0. Le remplacer ?"))
         return m_ui->nom->setFocus();
-    if (lireChamp(*m_ui->areteMax, nomAretes, m_choisis.areteMax, 0.0, 1e36))
+    if (lireChamp(*m_ui->areteMax, nomAretes, m_choisis.areteMax, 0.0))
         dialogueModule::accept();
 }
