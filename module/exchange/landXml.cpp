@@ -69,6 +69,11 @@ struct liberation {
     void operator()(XML_Parser analyseur) const { XML_ParserFree(analyseur); }
 };
 
+std::wstring malForme(const std::wstring& detail)
+{
+    return L"XML mal formé, la suite n'est pas lue (" + detail + L").";
+}
+
 /// Why the parser stopped, in French; by its number where a user could not mend it anyway.
 std::wstring raisonArret(XML_Error erreur)
 {
@@ -82,21 +87,21 @@ std::wstring raisonArret(XML_Error erreur)
     case XML_ERROR_PARTIAL_CHAR:
         return L"ce document XML s'arrête au milieu d'un élément.";
     case XML_ERROR_TAG_MISMATCH:
-        return L"XML mal formé, la suite n'est pas lue (une balise ferme un autre élément que le dernier ouvert).";
+        return malForme(L"une balise ferme un autre élément que le dernier ouvert");
     case XML_ERROR_DUPLICATE_ATTRIBUTE:
-        return L"XML mal formé, la suite n'est pas lue (un attribut répété).";
+        return malForme(L"un attribut répété");
     case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
-        return L"XML mal formé, la suite n'est pas lue (du texte après la fin du document).";
+        return malForme(L"du texte après la fin du document");
     case XML_ERROR_UNDEFINED_ENTITY:
-        return L"XML mal formé, la suite n'est pas lue (un caractère « &nom; » inconnu).";
+        return malForme(L"un caractère « &nom; » inconnu");
     case XML_ERROR_UNKNOWN_ENCODING:
     case XML_ERROR_INCORRECT_ENCODING:
         return L"codage de caractères inconnu, ou autre que celui que le document annonce.";
     case XML_ERROR_SYNTAX:
     case XML_ERROR_INVALID_TOKEN:
-        return L"XML mal formé, la suite n'est pas lue (un caractère ou une balise que le XML n'admet pas).";
+        return malForme(L"un caractère ou une balise que le XML n'admet pas");
     default:
-        return L"XML mal formé, la suite n'est pas lue (erreur " + std::to_wstring(erreur) + L").";
+        return malForme(L"erreur " + std::to_wstring(erreur));
     }
 }
 
