@@ -6,7 +6,6 @@
 
 #include "db/DatabaseImpl.h"
 #include "db/fields/DxfFields.h"
-#include "db/fields/DxfObjectWriter.h"
 #include "db/ObjectTags.h"
 #include "db/Ownership.h"
 #include "db/SavedExtents.h"
@@ -46,10 +45,11 @@ bool standsInObjectsSection(const AcDbDatabaseImpl& database, const DxfRecord& r
 
 } // namespace
 
-SavePlan::SavePlan(AcDbDatabaseImpl& database) : m_database(database)
+SavePlan::SavePlan(AcDbDatabaseImpl& database) : m_database(database), m_writer(database, m_text)
 {
     if (!hasWork())
         return;
+    m_text.reserve(roomForChanged());
     editRepaired();
     editChanged();
     editOwnersOfErased();
@@ -122,6 +122,16 @@ std::vector<std::string_view> SavePlan::pieces() const
     return pieces;
 }
 
+/// As much as the changed records of the file take, and a bit more.
+std::size_t SavePlan::roomForChanged() const
+{
+    constexpr std::size_t added = 16; // a colour, a few digits
+    std::size_t room = 0;
+    for (const std::uint32_t position : m_database.edits())
+        room += m_database.file().records()[position].length + added;
+    return room;
+}
+
 template <class Write>
 void SavePlan::edit(std::uint32_t position, Place place, Write write)
 {
@@ -139,7 +149,7 @@ void SavePlan::writeObject(DxfRecord& record)
         m_text += m_database.hasRenamed() ? m_database.withNewNames(record, m_database.bytes(record))
                                           : std::string(m_database.bytes(record));
     else
-        DxfObjectWriter(m_database, m_text).write(m_database.object(record));
+        m_writer.write(m_database.object(record));
 }
 
 void SavePlan::writeMended(const DxfRecord& record)

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "db/BlockContents.h"
-#include "db/fields/NameKind.h"
+#include "db/fields/DxfObjectWriter.h"
 #include "db/Record.h"
 
 class AcDbDatabaseImpl;
@@ -16,6 +16,8 @@ struct DxfRange;
 class SavePlan {
 public:
     explicit SavePlan(AcDbDatabaseImpl& database);
+    SavePlan(const SavePlan&) = delete; // its pieces point into it
+    SavePlan& operator=(const SavePlan&) = delete;
 
     /// The pieces of the new file, in order. They point into the file's map and into this plan.
     std::vector<std::string_view> pieces() const;
@@ -53,6 +55,7 @@ private:
     void addObjects();
     void editHeader();
 
+    std::size_t roomForChanged() const;
     template <class Write>
     void edit(std::uint32_t position, Place place, Write write);
     void writeObject(DxfRecord& record);
@@ -72,6 +75,7 @@ private:
     AcDbDatabaseImpl& m_database;
     std::vector<Edit> m_edits;
     std::string m_text;
+    DxfObjectWriter m_writer; // into m_text
     bool m_usesNewHandles = false;
     bool m_writesMadeUp = false; // what the file lacked goes with the first change
 };

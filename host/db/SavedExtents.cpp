@@ -62,7 +62,7 @@ bool same(const AcGePoint3d& a, const AcGePoint3d& b)
 
 /// The entities of model space that edits of the file made what they are: of attributes and vertices, whether they
 /// changed or came, the one that they belong to.
-std::vector<AcDbStub*> changedEntities(AcDbDatabaseImpl& database)
+std::vector<AcDbStub*> changedEntities(AcDbDatabaseImpl& database, const AcDbStub* model)
 {
     const auto ownership = database.ownership();
     std::vector<AcDbStub*> changed;
@@ -78,7 +78,7 @@ std::vector<AcDbStub*> changedEntities(AcDbDatabaseImpl& database)
             entity = owner;
             owner = ownership.ownerOf(*recordOf(entity));
         }
-        if (owner == database.blocks().modelSpace())
+        if (owner == model)
             changed.push_back(entity);
     }
     std::ranges::sort(changed);
@@ -103,7 +103,7 @@ std::optional<AcDbExtents> extentsToSave(AcDbDatabaseImpl& database)
     for (std::size_t i = stated ? content.fromFile : 0; i < content.entities.size(); ++i)
         growing.add(content.entities[i]);
     if (stated)
-        for (AcDbStub* const entity : changedEntities(database))
+        for (AcDbStub* const entity : changedEntities(database, model))
             growing.add(entity);
     if (extents.isEmpty() || (stated && same(extents.minPoint(), least) && same(extents.maxPoint(), most)))
         return std::nullopt;

@@ -32,6 +32,9 @@ const DxfClasses& DxfClasses::all()
 
 void DxfClasses::add(DxfClass dxfClass)
 {
+    dxfClass.firstRows.assign(1, 0);
+    for (const DxfSubclass* subclass : dxfClass.subclasses)
+        dxfClass.firstRows.push_back(dxfClass.firstRows.back() + subclass->fields().size());
     m_classes.push_back(std::make_unique<DxfClass>(std::move(dxfClass)));
     const DxfClass* added = m_classes.back().get();
     m_byName[added->dxfName].push_back(added);

@@ -76,7 +76,7 @@ bool DxfSubclassWalk::isCommonHere(int code) const
 }
 
 /// An entity without any marker, as before R13: its rows are those of its class.
-DxfSubclassWalk::Row DxfSubclassWalk::rowWithoutMarker(int code) const
+DxfRowPlace DxfSubclassWalk::rowWithoutMarker(int code) const
 {
     constexpr int handle = 5, owner = 330;
     if (code == handle || code == owner)
@@ -89,13 +89,13 @@ DxfSubclassWalk::Row DxfSubclassWalk::rowWithoutMarker(int code) const
 }
 
 /// `inPlace`: below the marker of every entity.
-DxfSubclassWalk::Row DxfSubclassWalk::commonRowFor(int code, bool inPlace)
+DxfRowPlace DxfSubclassWalk::commonRowFor(int code, bool inPlace)
 {
     constexpr int layer = 8;
     const int row = m_common->rowOf(code);
     if (row < 0) {
         m_onlyCommon = false;
-        return m_marked ? Row() : rowWithoutMarker(code);
+        return m_marked ? DxfRowPlace() : rowWithoutMarker(code);
     }
     const unsigned bit = 1U << row;
     if (!inPlace && ((m_commonMet & bit) != 0 || !isCommonHere(code)))
@@ -107,38 +107,50 @@ DxfSubclassWalk::Row DxfSubclassWalk::commonRowFor(int code, bool inPlace)
 
 bool DxfObjectReader::read(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object)
 {
+    return readTelling(bytes, dxfClass, object, [](const DxfTag&, DxfRowPlace) {});
+}
+
+bool DxfObjectReader::read(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object,
+                           std::vector<DxfPlacedTag>& placed)
+{
+    placed.clear();
+    return readTelling(bytes, dxfClass, object, [&placed](const DxfTag& tag, DxfRowPlace place) {
+        placed.push_back({tag, place});
+    });
+}
+
+template <class Tell>
+bool DxfObjectReader::readTelling(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object, Tell tell)
+{
     DxfCursor cursor(m_context.form, bytes);
     DxfSubclassWalk walk(dxfClass);
     DxfTag tag;
-    m_rowsOfFirst = 0;
+    bool readable = true;
     bool inGroup = false; // between 102 "{..." and 102 "}"
     while (cursor.next(tag)) {
         if (tag.code == extendedDataCode || walk.opensData(tag.code))
             break; // both stay bytes
         if (tag.code == 100 && !inGroup) {
             walk.enter(dxfText(tag));
+            tell(tag, DxfRowPlace{walk.position(), DxfRowPlace::none});
             continue;
         }
-        if (tag.code == 102) {
+        if (tag.code == 102)
             inGroup = opensGroup(tag);
-            continue;
-        }
-        if (inGroup || tag.code < 0)
-            continue;
-        const DxfSubclassWalk::Row place = walk.rowFor(tag.code);
+        const bool bare = inGroup || tag.code == 102 || tag.code < 0;
+        const DxfRowPlace place = bare ? DxfRowPlace() : walk.rowFor(tag.code);
+        tell(tag, place);
         if (place.row < 0)
             continue;
-        if (place.subclass == 0)
-            m_rowsOfFirst |= 1U << place.row;
         const DxfSubclass& subclass = *dxfClass.subclasses[static_cast<std::size_t>(place.subclass)];
         const DxfField& field = subclass.fields()[static_cast<std::size_t>(place.row)];
         const int part = field.isList() ? 0 : (tag.code - field.code) / 10;
-        if (!field.read(m_context, object, tag, part)) {
+        if (readable && !field.read(m_context, object, tag, part)) {
             m_refused = tag;
-            return false;
+            readable = false;
         }
     }
-    return true;
+    return readable;
 }
 
 std::string DxfObjectReader::complaint() const

@@ -2,9 +2,24 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "db/fields/DxfFields.h"
 #include "dxf/DxfRecord.h"
+
+/// Place of a row: of the subclass in the class, of the row in the subclass.
+struct DxfRowPlace {
+    static constexpr int none = -1;
+    int subclass = none;
+    int row = none;
+    bool operator==(const DxfRowPlace&) const = default;
+};
+
+/// A tag of an object with the row that takes it. Of a marker: the subclass that it opens, where the class has it.
+struct DxfPlacedTag {
+    DxfTag tag;
+    DxfRowPlace place;
+};
 
 /// Makes objects of their bytes, by the field tables.
 class DxfObjectReader {
@@ -18,14 +33,16 @@ public:
 
     /// Fills a new object of `dxfClass`. False when a tag cannot be read: see `complaint`; the object is then unfit.
     bool read(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object);
-
-    /// Rows of the class's first subclass that the last read met a tag of, wherever it stood: a bit each.
-    unsigned rowsOfFirstSubclass() const { return m_rowsOfFirst; }
+    /// The same, telling of each tag which row took it. What is data of the object (of an xrecord, or embedded) and its
+    /// extended data are left out: they follow the last tag that is told.
+    bool read(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object, std::vector<DxfPlacedTag>& placed);
 
     /// Why the last read failed, in French.
     std::string complaint() const;
 
 private:
+    template <class Tell>
+    bool readTelling(std::string_view bytes, const DxfClass& dxfClass, AcDbObject& object, Tell tell);
     bool isInEntitySections(const DxfRecord& record) const;
     bool hasMarker(const DxfRecord& record, std::string_view marker) const;
     std::string_view impliedMarker(const DxfRecord& record) const;
@@ -33,7 +50,6 @@ private:
     AcDbDatabaseImpl& m_database;
     DxfReadContext m_context;
     DxfTag m_refused{};
-    unsigned m_rowsOfFirst = 0;
 };
 
 /// Code of the name of an application: its extended data follow.
@@ -52,13 +68,7 @@ inline bool opensGroup(const DxfTag& tag)
 /// the code.
 class DxfSubclassWalk {
 public:
-    static constexpr int none = -1;
-    /// Place of a row: of the subclass in the class, of the row in the subclass.
-    struct Row {
-        int subclass = none;
-        int row = none;
-        bool operator==(const Row&) const = default;
-    };
+    static constexpr int none = DxfRowPlace::none;
 
     explicit DxfSubclassWalk(const DxfClass& dxfClass) :
         m_class(&dxfClass),
@@ -84,12 +94,12 @@ public:
         m_inside = false;
     }
     /// The row that takes a tag which is no marker and in no group. To be asked once a tag, in their order.
-    Row rowFor(int code)
+    DxfRowPlace rowFor(int code)
     {
         const DxfSubclass* const here = subclass();
         const int own = here ? here->rowOf(code) : none;
         if (own < 0 || here == m_common)
-            return m_common ? commonRowFor(code, here == m_common) : Row();
+            return m_common ? commonRowFor(code, here == m_common) : DxfRowPlace();
         m_onlyCommon = false;
         return {m_at, own};
     }
@@ -119,9 +129,9 @@ public:
     void leave() { m_inside = false; }
 
 private:
-    Row commonRowFor(int code, bool inPlace);
+    DxfRowPlace commonRowFor(int code, bool inPlace);
     bool isCommonHere(int code) const;
-    Row rowWithoutMarker(int code) const;
+    DxfRowPlace rowWithoutMarker(int code) const;
 
     const DxfClass* m_class;
     const DxfSubclass* m_common; // what every entity has; null for other objects

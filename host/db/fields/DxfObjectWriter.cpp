@@ -127,21 +127,25 @@ void DxfObjectWriter::writeNew(const AcDbObject& object, const DxfClass& dxfClas
 
 // ---- merging --------------------------------------------------------------------------------------------------------
 
-/// One walk through the old tags of an object.
+/// One pass over the old tags of an object. What stays is copied in runs: each thing written ends the run before it.
 struct DxfObjectWriter::Merge {
-    /// `firstRows`: of the first subclass, those that have a tag anywhere.
-    Merge(DxfObjectWriter& owner, const AcDbObject& changed, const DxfClass& itsClass, const AcDbObject& old,
-          unsigned firstRows) :
+    /// The tags of `old`, the object as it was, are those that the writer has placed last.
+    Merge(DxfObjectWriter& owner, const AcDbObject& changed, const DxfClass& itsClass, const AcDbObject& old) :
         writer(owner),
+        placed(owner.m_placed),
+        states(owner.m_states),
         object(changed),
-        was(old),
         dxfClass(itsClass),
         around(owner.m_database, changed),
+        dictionaryChanged(around.extensionDictionaryChanged()),
         renamed(owner.m_database.hasRenamed()),
-        walk(itsClass),
-        rowsOfFirst(firstRows)
+        inside(DxfSubclassWalk(itsClass).position())
     {
-        compare();
+        states.assign(dxfClass.firstRows.back(), {});
+        for (const DxfPlacedTag& each : placed)
+            if (each.place.row >= 0)
+                stateOf(each.place).met |= 1U << partOf(each);
+        compare(old);
     }
 
     /// Whether a tag was added to an entity that bears no markers.
@@ -149,65 +153,58 @@ struct DxfObjectWriter::Merge {
 
     void run(std::string_view bytes)
     {
-        DxfCursor cursor(writer.m_database.form(), bytes);
-        DxfTag tag;
-        while (cursor.next(tag)) {
-            if (tag.code == extendedDataCode) {
-                leaveSubclass();
-                extendedData(bytes.substr(static_cast<std::size_t>(tag.start - bytes.data())));
-                return;
-            }
-            take(tag);
-        }
-        leaveSubclass();
-        extendedData({});
+        runStart = bytes.data();
+        for (std::size_t i = 0; i < placed.size(); ++i)
+            take(i);
+        const char* const end = placed.empty() ? bytes.data() : placed.back().tag.next;
+        finish(bytes.substr(static_cast<std::size_t>(end - bytes.data())));
     }
 
 private:
-    struct RowState {
-        unsigned met = 0;     ///< a bit for each part that has a tag
-        unsigned changed = 0; ///< a bit for each part that is not what it was
-    };
-
-    void compare()
+    const DxfField& fieldAt(DxfRowPlace place) const
     {
-        std::size_t count = 0;
-        for (const DxfSubclass* subclass : dxfClass.subclasses)
-            count += subclass->fields().size();
-        states.resize(count);
+        return dxfClass.subclasses[static_cast<std::size_t>(place.subclass)]
+            ->fields()[static_cast<std::size_t>(place.row)];
+    }
+
+    RowState& stateOf(DxfRowPlace place)
+    {
+        return states[dxfClass.firstRows[static_cast<std::size_t>(place.subclass)] +
+                      static_cast<std::size_t>(place.row)];
+    }
+
+    int partOf(const DxfPlacedTag& each) const
+    {
+        const DxfField& row = fieldAt(each.place);
+        return row.isList() ? 0 : (each.tag.code - row.code) / 10;
+    }
+
+    void compare(const AcDbObject& old)
+    {
         RowState* state = states.data();
         for (const DxfSubclass* subclass : dxfClass.subclasses)
             for (const DxfField& field : subclass->fields()) {
                 for (int part = 0; part < field.parts; ++part)
-                    state->changed |= static_cast<unsigned>(!field.same(object, was, part)) << part;
+                    state->changed |= static_cast<unsigned>(!field.same(object, old, part)) << part;
                 ++state;
             }
     }
 
-    RowState* statesOf(std::size_t subclass)
+    /// Copies what waits up to a place; what is written next stands there.
+    DxfTagWriter& outAt(const char* place)
     {
-        RowState* first = states.data();
-        for (std::size_t i = 0; i < subclass; ++i)
-            first += dxfClass.subclasses[i]->fields().size();
-        return first;
+        if (place > runStart)
+            copyBytes({runStart, static_cast<std::size_t>(place - runStart)});
+        runStart = place;
+        return writer.m_out;
     }
 
-    // What stays is copied in runs: each thing written comes after the run before it.
-
-    void copy(const DxfTag& tag)
+    /// The same, in the place of a tag.
+    DxfTagWriter& outInstead(const DxfTag& tag)
     {
-        const bool follows = !copied.empty() && copied.data() + copied.size() == tag.start && !renamed;
-        if (!follows)
-            endRun();
-        const char* const from = follows ? copied.data() : tag.start;
-        copied = {from, static_cast<std::size_t>(tag.next - from)};
-    }
-
-    void endRun()
-    {
-        if (!copied.empty())
-            copyBytes(copied);
-        copied = {};
+        outAt(tag.start);
+        runStart = tag.next;
+        return writer.m_out;
     }
 
     void copyBytes(std::string_view tags)
@@ -218,49 +215,19 @@ private:
             writer.m_out.raw(tags);
     }
 
-    DxfTagWriter& out()
+    void take(std::size_t at)
     {
-        endRun();
-        return writer.m_out;
-    }
-
-    void writeRow(const DxfField& field)
-    {
-        endRun();
-        writer.writeRow(object, field);
-    }
-
-    void writePart(const DxfField& field, int code, int part)
-    {
-        endRun();
-        field.write(writer.m_context, object, code, part);
-    }
-
-    void take(const DxfTag& tag)
-    {
-        if (!inData && walk.opensData(tag.code)) {
-            finishPoint();
-            beginData();
-        }
-        if (inData) {
-            if (!dataReplaced)
-                copy(tag);
-            return;
-        }
-        const bool bare = inGroup || tag.code == 102 || tag.code == 100 || tag.code < 0;
-        const DxfSubclassWalk::Row row = bare ? DxfSubclassWalk::Row() : walk.rowFor(tag.code);
-        if (row != point)
-            finishPoint();
+        const DxfPlacedTag& each = placed[at];
+        const DxfTag& tag = each.tag;
         if (inGroup || tag.code == 102)
             group(tag);
         else if (tag.code == 100)
-            marker(tag);
-        else if (markers == 0 && beforeMarkers(tag))
-            return;
-        else if (row.row >= 0)
-            field(tag, row);
-        else
-            copy(tag);
+            marker(each);
+        else if (each.place.row >= 0) {
+            if (stateOf(each.place).changed != 0 || writer.m_context.complete)
+                field(at);
+        } else if (!marked)
+            beforeMarkers(tag);
     }
 
     void group(const DxfTag& tag)
@@ -268,203 +235,203 @@ private:
         const bool bound = tag.code == 102;
         if (bound && opensGroup(tag)) {
             const std::string_view name = dxfText(tag);
-            dropGroup = (name == "{ACAD_XDICTIONARY" && around.extensionDictionaryChanged()) ||
+            dropGroup = (name == "{ACAD_XDICTIONARY" && dictionaryChanged) ||
                         (name == "{ACAD_REACTORS" && around.reactorsChanged());
         }
-        if (!dropGroup)
-            copy(tag);
+        if (dropGroup)
+            outInstead(tag);
         if (bound) {
             inGroup = opensGroup(tag);
             dropGroup = dropGroup && inGroup;
         }
     }
 
-    /// Handle and owner; true when the tag was dealt with.
-    bool beforeMarkers(const DxfTag& tag)
+    /// Type, handle and owner.
+    void beforeMarkers(const DxfTag& tag)
     {
         const DxfRecord& record = *recordOf(object.objectId());
-        if (tag.code == 0) {
-            copy(tag);
-            if ((record.flags & DxfRecord::handleRepaired) != 0)
-                out().handle(handleCodeOf(dxfClass.dxfName), record.handle);
-            return true;
-        }
-        if (tag.code == handleCodeOf(dxfClass.dxfName) && (record.flags & DxfRecord::handleRepaired) != 0)
-            return true; // written after the group 0
-        if (tag.code == 330 && !aroundWritten) {
-            writeAroundOnce();
-            AcDbStub* const owner = object.ownerId().stub();
-            std::uint64_t named = 0;
-            const bool same = owner && dxfHandle(tag, named) && named == recordOf(owner)->handle;
-            if (!owner || same || owner == writer.m_database.ownership().ownerInFile(record))
-                copy(tag);
-            else {
-                endRun();
+        const bool repaired = (record.flags & DxfRecord::handleRepaired) != 0;
+        if (repaired && tag.code == 0)
+            outAt(tag.next).handle(handleCodeOf(dxfClass.dxfName), record.handle);
+        else if (repaired && tag.code == handleCodeOf(dxfClass.dxfName))
+            outInstead(tag); // written after the group 0
+        else if (tag.code == 330 && !aroundWritten) {
+            writeAroundOnce(tag.start);
+            if (ownerChanged(tag, record)) {
+                outInstead(tag);
                 writer.writeOwner(object);
             }
-            return true;
         }
-        return false;
     }
 
-    void marker(const DxfTag& tag)
+    bool ownerChanged(const DxfTag& tag, const DxfRecord& record) const
     {
-        writeAroundOnce();
-        leaveSubclass();
-        copy(tag);
-        ++markers;
-        walk.enter(dxfText(tag));
-        if (walk.position() >= 0)
-            entered |= 1U << walk.position();
+        AcDbStub* const owner = object.ownerId().stub();
+        std::uint64_t named = 0;
+        const bool same = owner && dxfHandle(tag, named) && named == recordOf(owner)->handle;
+        return owner && !same && owner != writer.m_database.ownership().ownerInFile(record);
     }
 
-    void writeAroundOnce()
+    void marker(const DxfPlacedTag& each)
+    {
+        writeAroundOnce(each.tag.start);
+        leaveSubclass(each.tag.start);
+        marked = true;
+        inside = each.place.subclass;
+        if (inside >= 0)
+            entered |= 1U << inside;
+    }
+
+    void writeAroundOnce(const char* place)
     {
         if (aroundWritten)
             return;
-        endRun();
-        writer.writeAround(around);
         aroundWritten = true;
+        if (!dictionaryChanged && !around.reactorsChanged())
+            return;
+        outAt(place);
+        writer.writeAround(around);
     }
 
-    void field(const DxfTag& tag, DxfSubclassWalk::Row place)
+    void field(std::size_t at)
     {
-        const auto subclass = static_cast<std::size_t>(place.subclass);
-        const auto position = static_cast<std::size_t>(place.row);
-        const DxfField& row = dxfClass.subclasses[subclass]->fields()[position];
-        RowState& state = statesOf(subclass)[position];
+        const DxfPlacedTag& each = placed[at];
+        const DxfField& row = fieldAt(each.place);
+        RowState& state = stateOf(each.place);
         if (row.isList())
-            return repeatedGroup(tag, row, state);
-        const int part = (tag.code - row.code) / 10;
-        state.met |= 1U << part;
-        if (row.parts > 1)
-            point = place;
-        if ((state.changed >> part & 1U) == 0)
-            copy(tag);
-        else
-            writePart(row, tag.code, part);
+            return repeatedGroup(each.tag, row, state);
+        const int part = partOf(each);
+        if ((state.changed >> part & 1U) != 0) {
+            outInstead(each.tag);
+            row.write(writer.m_context, object, each.tag.code, part);
+        }
+        const bool isLast = at + 1 == placed.size() || placed[at + 1].place != each.place;
+        if (isLast && (state.changed & ~state.met) != 0)
+            finishPoint(each.tag.next, row, state);
     }
 
     /// A list may have any number of tags: one that changed is written where its first one stood.
     void repeatedGroup(const DxfTag& tag, const DxfField& row, RowState& state)
     {
-        const bool rewritten = writer.m_context.complete || state.changed != 0;
-        if (rewritten && state.met == 0)
-            writePart(row, row.code, 0);
-        if (!rewritten)
-            copy(tag);
-        state.met = 1;
+        outInstead(tag);
+        if (!state.listWritten)
+            row.write(writer.m_context, object, row.code, 0);
+        state.listWritten = true;
     }
 
     /// A point may lack a coordinate: once changed, it follows those that are there.
-    void finishPoint()
+    void finishPoint(const char* place, const DxfField& row, RowState& state)
     {
-        if (point.row < 0)
-            return;
-        const auto subclass = static_cast<std::size_t>(point.subclass), position = static_cast<std::size_t>(point.row);
-        const DxfField& row = dxfClass.subclasses[subclass]->fields()[position];
-        RowState& state = statesOf(subclass)[position];
+        outAt(place);
         for (int part = 0; part < row.parts; ++part)
             if (((state.changed & ~state.met) >> part & 1U) != 0)
-                writePart(row, row.code + 10 * part, part);
+                row.write(writer.m_context, object, row.code + 10 * part, part);
         state.met |= state.changed;
-        point = {};
+    }
+
+    /// What follows the tags that were placed: data of the object, then its extended data.
+    void finish(std::string_view rest)
+    {
+        DxfCursor cursor(writer.m_database.form(), rest);
+        DxfTag tag;
+        bool more = cursor.next(tag);
+        if (more && tag.code != extendedDataCode) {
+            beginData(rest.data());
+            while (more && tag.code != extendedDataCode)
+                more = cursor.next(tag);
+            const char* const dataEnd = more ? tag.start : cursor.position();
+            if (replacedData(object))
+                runStart = dataEnd;
+            rest.remove_prefix(static_cast<std::size_t>(dataEnd - rest.data()));
+        }
+        leaveSubclass(rest.data());
+        addSubclasses(rest.data());
+        outAt(rest.data());
+        if (around.xdataChanged())
+            around.writeXData(writer.m_out);
+        else if (more)
+            copyBytes(rest);
     }
 
     /// Leading rows come first: below them everything is data.
-    void beginData()
+    void beginData(const char* place)
     {
         inData = true;
+        outAt(place);
         const std::string* data = replacedData(object);
-        dataReplaced = data != nullptr;
-        const DxfSubclass& subclass = *walk.subclass();
-        RowState* state = statesOf(static_cast<std::size_t>(walk.position()));
-        for (const DxfField& row : subclass.fields()) {
-            if (state->met == 0 && (dataReplaced || state->changed != 0)) {
-                state->met = 1;
-                writeRow(row);
-            }
-            ++state;
-        }
-        if (dataReplaced)
-            out().raw(*data);
+        writeMissing(static_cast<std::size_t>(inside), data != nullptr);
+        if (data)
+            writer.m_out.raw(*data);
     }
 
-    /// Fields that changed but had no tag yet go to the end of their subclass. Those of the first one may have it below
-    /// a marker to come, where many programs write what every entity has: they are rewritten there, not added here.
-    void leaveSubclass()
+    /// Fields that changed and have no tag anywhere go to the end of their subclass.
+    void leaveSubclass(const char* place)
     {
-        finishPoint();
-        const DxfSubclass* subclass = walk.subclass();
-        if (!subclass)
+        if (inside < 0)
             return;
-        const int position = walk.position();
-        entered |= 1U << position;
-        if (subclass->leadingOnly() && !inData)
-            beginData();
-        writeMissing(static_cast<std::size_t>(position), position == 0 ? rowsOfFirst : 0);
-        walk.leave();
+        const auto subclass = static_cast<std::size_t>(inside);
+        entered |= 1U << inside;
+        if (dxfClass.subclasses[subclass]->leadingOnly() && !inData)
+            beginData(place);
+        if (lacksChanged(subclass)) {
+            outAt(place);
+            writeMissing(subclass, false);
+        }
+        inside = DxfRowPlace::none;
     }
 
-    /// Whether a field of a subclass changed and has met no tag so far.
-    bool lacksChanged(std::size_t subclass)
+    /// Whether a field of a subclass is to be told and has no tag.
+    bool lacksChanged(std::size_t subclass) const
     {
-        const RowState* state = statesOf(subclass);
+        const RowState* state = &states[dxfClass.firstRows[subclass]];
         return std::ranges::any_of(dxfClass.subclasses[subclass]->fields(), [&](const DxfField& field) {
             const RowState& its = *state++;
             return its.met == 0 && writer.isWanted(field, its.changed != 0);
         });
     }
 
-    void writeMissing(std::size_t subclass, unsigned later)
+    void writeMissing(std::size_t subclass, bool all)
     {
-        RowState* state = statesOf(subclass);
+        RowState* state = &states[dxfClass.firstRows[subclass]];
         for (const DxfField& row : dxfClass.subclasses[subclass]->fields()) {
-            if (state->met == 0 && (later & 1U) == 0 && writer.isWanted(row, state->changed != 0)) {
+            if (state->met == 0 && (all || writer.isWanted(row, state->changed != 0))) {
                 state->met = 1;
-                writeRow(row);
+                writer.writeRow(object, row);
             }
-            later >>= 1;
             ++state;
         }
     }
 
-    void extendedData(std::string_view old)
+    /// Subclasses that the object lacks, for the fields of theirs that changed.
+    void addSubclasses(const char* place)
     {
-        writeAroundOnce();
+        writeAroundOnce(place);
         for (std::size_t i = 0; i < dxfClass.subclasses.size(); ++i) {
             const DxfSubclass& subclass = *dxfClass.subclasses[i];
             if ((entered >> i & 1U) != 0 || subclass.marker().empty() || !lacksChanged(i))
                 continue;
-            addedWithoutMarkers = addedWithoutMarkers || (dxfClass.isEntity && markers == 0);
-            out().rawText(100, subclass.marker());
-            writeMissing(i, 0);
+            addedWithoutMarkers = addedWithoutMarkers || (dxfClass.isEntity && !marked);
+            outAt(place).rawText(100, subclass.marker());
+            writeMissing(i, false);
         }
-        endRun();
-        if (around.xdataChanged())
-            around.writeXData(writer.m_out);
-        else
-            copyBytes(old);
     }
 
     DxfObjectWriter& writer;
+    const std::vector<DxfPlacedTag>& placed;
+    std::vector<RowState>& states; // of the rows of all subclasses, in their order
     const AcDbObject& object;
-    const AcDbObject& was;
     const DxfClass& dxfClass;
-    ObjectTags around;
-    const bool renamed; // definitions that tags may name
-    DxfSubclassWalk walk;
-    const unsigned rowsOfFirst;
-    std::vector<RowState> states; // of the rows of all subclasses, in their order
-    unsigned entered = 0;         // subclasses, a bit each
-    std::string_view copied;      // the run of tags that waits to be copied
-    DxfSubclassWalk::Row point;   // a point that the last tag belongs to
-    int markers = 0;
+    const ObjectTags around;
+    const bool dictionaryChanged;
+    const bool renamed;             // definitions that tags may name
+    const char* runStart = nullptr; // of the tags that wait to be copied
+    int inside;                     // the subclass that the tags stand in
+    unsigned entered = 0;           // subclasses, a bit each
+    bool marked = false;            // a marker was met
     bool inGroup = false;
     bool dropGroup = false;
     bool aroundWritten = false;
     bool inData = false; // of an xrecord
-    bool dataReplaced = false;
     bool addedWithoutMarkers = false;
 };
 
@@ -474,9 +441,9 @@ void DxfObjectWriter::merge(const AcDbObject& object, const DxfClass& dxfClass, 
 {
     const std::unique_ptr<AcDbObject> was(dxfClass.create());
     DxfObjectReader reader(m_database);
-    reader.read(bytes, dxfClass, *was);
+    reader.read(bytes, dxfClass, *was, m_placed);
     const std::size_t start = m_out.out().size();
-    Merge merge(*this, object, dxfClass, *was, reader.rowsOfFirstSubclass());
+    Merge merge(*this, object, dxfClass, *was);
     merge.run(bytes);
     if (!merge.lacksMarkers())
         return;
@@ -484,6 +451,6 @@ void DxfObjectWriter::merge(const AcDbObject& object, const DxfClass& dxfClass, 
     if (marked.empty())
         return;
     m_out.out().resize(start);
-    reader.read(marked, dxfClass, *std::unique_ptr<AcDbObject>(dxfClass.create()));
-    Merge(*this, object, dxfClass, *was, reader.rowsOfFirstSubclass()).run(marked);
+    reader.read(marked, dxfClass, *std::unique_ptr<AcDbObject>(dxfClass.create()), m_placed);
+    Merge(*this, object, dxfClass, *was).run(marked);
 }

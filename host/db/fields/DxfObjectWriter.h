@@ -20,6 +20,12 @@ public:
 
 private:
     struct Merge;
+    /// Of a row of an object that is merged, a bit for each part.
+    struct RowState {
+        unsigned met = 0;     ///< parts that have a tag
+        unsigned changed = 0; ///< parts that are not what they were
+        bool listWritten = false;
+    };
     void writeNew(const AcDbObject& object, const DxfClass& dxfClass);
     void merge(const AcDbObject& object, const DxfClass& dxfClass, std::string_view bytes);
     void writeRows(const AcDbObject& object, const DxfSubclass& subclass, const AcDbObject& fresh);
@@ -31,6 +37,8 @@ private:
     AcDbDatabaseImpl& m_database;
     DxfTagWriter m_out;
     DxfWriteContext m_context;
+    std::vector<DxfPlacedTag> m_placed; // of the object that is merged; kept, as the next one needs as many
+    std::vector<RowState> m_states;
 };
 
 /// Whether all parts of a field are the same in two objects.
