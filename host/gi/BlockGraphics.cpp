@@ -20,6 +20,14 @@ AcDbExtents common(const AcDbExtents& box, const AcDbExtents& within)
     }
     return both;
 }
+/// What of a box may lie within a ring.
+AcDbExtents cut(const AcDbExtents& box, const std::vector<AcGePoint3d>& ring)
+{
+    AcDbExtents within;
+    for (const AcGePoint3d& point : ring)
+        within.addPoint(point);
+    return box.isEmpty() ? box : common(box, within);
+}
 } // namespace
 
 const BlockGraphics::Block& BlockGraphics::of(AcDbStub* block)
@@ -77,6 +85,8 @@ AcDbExtents BlockGraphics::boxOf(const DisplayList& list, bool withHidden)
 AcDbExtents BlockGraphics::boxOf(const DisplayList& list, const DisplayPart& part)
 {
     AcDbExtents box = part.isEndless ? AcDbExtents() : part.box;
+    for (const PartClip* clip = part.clip.get(); clip; clip = clip->outer.get())
+        box = cut(box, clip->ring);
     for (std::uint32_t i = part.first; list.showsBlocks() && i < part.last; ++i)
         if (const auto* use = std::get_if<std::unique_ptr<BlockUse>>(&list.primitive(i)))
             if (const AcDbExtents shown = boxOf(**use); !shown.isEmpty())
@@ -87,16 +97,10 @@ AcDbExtents BlockGraphics::boxOf(const DisplayList& list, const DisplayPart& par
 AcDbExtents BlockGraphics::boxOf(const BlockUse& use)
 {
     AcDbExtents cell = of(use.block).box;
+    if (!use.clip.empty())
+        cell = cut(cell, use.clip);
     if (cell.isEmpty())
         return cell;
-    if (!use.clip.empty()) {
-        AcDbExtents within;
-        for (const AcGePoint3d& point : use.clip)
-            within.addPoint(point);
-        cell = common(cell, within);
-        if (cell.isEmpty())
-            return cell;
-    }
     cell.transformBy(use.toOwner);
     AcDbExtents box;
     for (const int row : {0, use.rows - 1})

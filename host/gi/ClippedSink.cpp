@@ -97,11 +97,7 @@ bool isWithin(std::span<const AcGePoint3d> ring, const AcGePoint3d& point)
     return inside;
 }
 
-ClippedSink::ClippedSink(GraphicsSink& sink, Ring ring) : m_sink(sink), m_ring(std::move(ring))
-{
-    if (m_ring.size() <= mostCorners)
-        m_convex = convexParts(m_ring);
-}
+ClippedSink::ClippedSink(GraphicsSink& sink, Ring ring) : m_sink(sink), m_ring(std::move(ring)) {}
 
 std::vector<double> ClippedSink::crossings(const AcGePoint3d& from, const AcGePoint3d& to) const
 {
@@ -151,8 +147,10 @@ void ClippedSink::polyline(Points points, const Appearance& look)
 
 void ClippedSink::polygon(std::span<const Ring> rings, const Appearance& look)
 {
-    if (m_convex.empty())
+    if (m_ring.size() > mostCorners)
         return m_sink.polygon(rings, look);
+    if (m_convex.empty())
+        m_convex = convexParts(m_ring);
     for (const Ring& part : m_convex) {
         std::vector<Ring> cut(rings.begin(), rings.end());
         for (Ring& ring : cut)

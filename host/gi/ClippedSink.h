@@ -30,5 +30,5 @@ private:
 
     GraphicsSink& m_sink;
     Ring m_ring;
-    std::vector<Ring> m_convex; ///< parts of it that are convex, turning left
+    std::vector<Ring> m_convex; ///< parts of it that are convex, turning left; none before an area is cut
 };

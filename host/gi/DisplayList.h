@@ -110,13 +110,21 @@ struct BlockUse {
 using Primitive = std::variant<Path, Area, PointMark, Label, Anchor, std::unique_ptr<WidePath>,
                                std::unique_ptr<Pattern>, std::unique_ptr<BlockUse>>;
 
+/// A ring outside of which a part does not show, and the one that this is within.
+struct PartClip {
+    std::vector<AcGePoint3d> ring;
+    std::shared_ptr<const PartClip> outer;
+};
+
 /// The primitives of one entity, a run of those in a list.
 struct DisplayPart {
     AcDbObjectId entity;
     EntityLook look;
-    AcDbExtents box; ///< without the blocks it shows
+    std::shared_ptr<const PartClip> clip; ///< null for none
+    AcDbExtents box;                      ///< without the blocks it shows, and not cut yet
     std::uint32_t first = 0, last = 0;
     bool isAttribute = false; ///< of the reference before it
+    bool isPiece = false;     ///< of the entity of the part before it, in a look of its own
     bool isHidden = false;    ///< an invisible attribute
     bool isEndless = false;   ///< a line that goes on beyond any view: it says nothing of the drawing's size
 };

@@ -55,6 +55,15 @@ struct BulgedVertex {
     double bulge = 0.0;
 };
 Path bulgedPath(const std::vector<BulgedVertex>& vertices, bool closed, const AcGeMatrix3d& toOwner);
+/// What a polyline of a plane is made of, in the coordinates of its plane.
+struct PlanePolyline {
+    std::vector<BulgedVertex> vertices;
+    std::vector<std::pair<double, double>> widths; ///< of the segment that leaves each; none: lines
+    bool closed = false, unbroken = false, smooth = false;
+    AcGeVector3d normal;
+};
+/// `place` takes the world of the polyline to that of the list.
+void addPlanePolyline(PlanePolyline plane, DisplayList& list, const AcGeMatrix3d& place = AcGeMatrix3d());
 /// Coordinates along the arbitrary axes of a normal to the world; the identity for the world's own plane and for a
 /// normal without length.
 AcGeMatrix3d planeOf(const AcGeVector3d& normal);

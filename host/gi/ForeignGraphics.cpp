@@ -16,29 +16,20 @@ namespace {
 
 using AddTags = void (*)(const RecordTags& tags, DisplayList& list);
 
-constexpr double endless = 1e9; // drawing units: beyond any view, and near enough for its digits
-
-void addHalves(const RecordTags& tags, DisplayList& list, bool bothWays)
+void addTagged(const RecordTags& tags, DisplayList& list, bool bothWays)
 {
-    const AcGePoint3d base = tags.point(10, AcGePoint3d::kOrigin);
-    const AcGeVector3d way = tags.point(11, AcGePoint3d(1.0, 0.0, 0.0)).asVector();
-    if (!(way.length() > 0.0))
-        return;
-    Path path;
-    path.points = {bothWays ? base - way.normal() * endless : base, base + way.normal() * endless};
-    list.current().isEndless = true;
-    list.add(Anchor{base});
-    list.add(std::move(path));
+    addEndless(tags.point(10, AcGePoint3d::kOrigin), tags.point(11, AcGePoint3d(1.0, 0.0, 0.0)).asVector(), bothWays,
+               list);
 }
 
 void addRay(const RecordTags& tags, DisplayList& list)
 {
-    addHalves(tags, list, false);
+    addTagged(tags, list, false);
 }
 
 void addConstructionLine(const RecordTags& tags, DisplayList& list)
 {
-    addHalves(tags, list, true);
+    addTagged(tags, list, true);
 }
 
 // ---- multiple lines
@@ -265,6 +256,18 @@ AddTags kindOf(const AcDbEntity& entity)
 }
 
 } // namespace
+
+void addEndless(const AcGePoint3d& base, const AcGeVector3d& way, bool bothWays, DisplayList& list)
+{
+    constexpr double endless = 1e9; // drawing units: beyond any view, and near enough for its digits
+    if (!(way.length() > 0.0))
+        return;
+    Path path;
+    path.points = {bothWays ? base - way.normal() * endless : base, base + way.normal() * endless};
+    list.current().isEndless = true;
+    list.add(Anchor{base});
+    list.add(std::move(path));
+}
 
 bool isShownByTags(const AcDbEntity& entity)
 {

@@ -6,6 +6,9 @@
 /// What ForeignGraphics.cpp calls by the name of a class, where a file of its own draws it. Each adds to the part that
 /// was begun.
 
+// ForeignGraphics.cpp
+/// A line without end, or the half of one that begins at its base.
+void addEndless(const AcGePoint3d& base, const AcGeVector3d& way, bool bothWays, DisplayList& list);
 // LeaderGraphics.cpp
 void addLeader(const RecordTags& tags, DisplayList& list);
 void addMultileader(const RecordTags& tags, DisplayList& list);

@@ -1,13 +1,19 @@
+#include <algorithm>
 #include <cstring>
 #include <map>
 
+#include "db/DatabaseImpl.h"
 #include "ge/Angles.h"
+#include "gi/BitPolyline.h"
 #include "gi/EntityGraphics.h"
 #include "gi/ForeignKinds.h"
+#include "gi/ReferenceClip.h"
+#include "text/ShownText.h"
+#include "text/TextMetrics.h"
 
 /// Pictures that entities bring along for programs without their class: a run of chunks, each with its size and its
-/// kind before its numbers, low bytes first. Their layers and linetypes are numbers in tables that no drawing has: what
-/// is shown has those of its entity. Lightweight polylines in bits, clips and lines without end are left out.
+/// kind before its numbers, low bytes first. Layers and linetypes are given by their places in the tables of the
+/// drawing. What cannot be understood is passed by, and takes nothing of the rest along.
 
 namespace {
 
@@ -38,6 +44,15 @@ public:
             all.push_back(integer());
         return all;
     }
+    AcGeMatrix3d matrix()
+    {
+        AcGeMatrix3d matrix;
+        for (auto& row : matrix.entry)
+            for (double& entry : row)
+                entry = real();
+        return matrix;
+    }
+    std::string_view rest() const { return m_left; }
     /// Up to a zero, in fours.
     std::string text()
     {
@@ -118,14 +133,22 @@ private:
             {9, &KeptPicture::shell},
             {10, &KeptPicture::plainText},
             {11, &KeptPicture::styledText},
+            {12, &KeptPicture::constructionLine},
+            {13, &KeptPicture::ray},
             {14, &KeptPicture::color},
+            {16, &KeptPicture::layer},
+            {18, &KeptPicture::linetype},
             {20, &KeptPicture::fill},
             {22, &KeptPicture::trueColor},
             {23, &KeptPicture::lineWeight},
+            {24, &KeptPicture::linetypeScale},
+            {27, &KeptPicture::pushClip},
+            {28, &KeptPicture::popClip},
             {29, &KeptPicture::pushMatrix},
             {30, &KeptPicture::pushMatrix},
             {31, &KeptPicture::popMatrix},
             {32, &KeptPicture::polyline},
+            {33, &KeptPicture::bitPolyline},
             {36, &KeptPicture::plainWideText},
             {38, &KeptPicture::styledWideText},
         };
@@ -148,6 +171,23 @@ private:
     }
 
     void polyline(ChunkReader& values) { m_list.add(pathThrough(values.points(values.integer()), false)); }
+
+    void bitPolyline(ChunkReader& values)
+    {
+        if (std::optional<PlanePolyline> line = planePolylineIn(values.rest()))
+            addPlanePolyline(std::move(*line), m_list, matrix());
+    }
+
+    void constructionLine(ChunkReader& values) { addThrough(values, true); }
+    void ray(ChunkReader& values) { addThrough(values, false); }
+
+    void addThrough(ChunkReader& values, bool bothWays)
+    {
+        const AcGePoint3d base = matrix() * values.point(), other = matrix() * values.point();
+        beginPiece();
+        addEndless(base, other - base, bothWays, m_list);
+        beginPiece();
+    }
 
     void polygon(ChunkReader& values)
     {
@@ -248,16 +288,23 @@ private:
         }
     };
 
-    void addText(const TextPlace& place, std::wstring text, ChunkReader& values)
+    /// @param isRaw control codes stay as they are
+    void addText(const TextPlace& place, const std::wstring& text, bool isRaw, ChunkReader& values)
     {
         const double height = values.real(), widthFactor = values.real(), oblique = values.real();
         const AcGeVector3d along = place.along.normal(), up = place.normal.crossProduct(along).normal();
         Label label;
-        label.text = std::move(text);
         label.origin = matrix() * place.start;
         label.along = matrix() * (along * (height * widthFactor));
         label.up = matrix() * ((up + along * std::tan(oblique)) * height);
-        m_list.add(std::move(label));
+        for (const ShownRun& run : isRaw ? std::vector{ShownRun{text}} : shownText(text)) {
+            label.text = run.text;
+            label.underlined = run.underlined;
+            label.overlined = run.overlined;
+            label.struck = run.struck;
+            m_list.add(label);
+            label.origin += label.along * textWidth(run.text);
+        }
     }
 
     void plainText(ChunkReader& values)
@@ -267,7 +314,7 @@ private:
         ChunkReader numbers = values;
         for (int i = 0; i < 3; ++i)
             values.real();
-        addText(place, m_tags.decoded(values.text()), numbers);
+        addText(place, m_tags.decoded(values.text()), false, numbers);
     }
 
     void plainWideText(ChunkReader& values)
@@ -276,7 +323,7 @@ private:
         ChunkReader numbers = values;
         for (int i = 0; i < 3; ++i)
             values.real();
-        addText(place, values.wideText(), numbers);
+        addText(place, values.wideText(), false, numbers);
     }
 
     void styledText(ChunkReader& values)
@@ -292,20 +339,72 @@ private:
     }
 
     /// A length, and whether control codes stay as they are; then the numbers.
-    void addStyled(const TextPlace& place, std::wstring text, ChunkReader& values)
+    void addStyled(const TextPlace& place, const std::wstring& text, ChunkReader& values)
     {
-        values.integers(2);
-        addText(place, std::move(text), values);
+        values.integer();
+        const bool isRaw = values.integer() != 0;
+        addText(place, text, isRaw, values);
     }
 
     // ---- looks of what follows
 
-    EntityLook& nextLook()
+    DisplayPart& beginPiece()
     {
         const EntityLook look = m_list.current().look;
-        if (m_list.current().first < m_list.current().last)
-            m_list.begin(m_entity).look = look;
-        return m_list.current().look;
+        DisplayPart& piece = m_list.begin(m_entity);
+        piece.look = look;
+        piece.clip = m_clips.empty() ? nullptr : m_clips.back();
+        piece.isPiece = true;
+        return piece;
+    }
+
+    DisplayPart& nextPart()
+    {
+        const DisplayPart& part = m_list.current();
+        return part.first < part.last ? beginPiece() : m_list.current();
+    }
+
+    EntityLook& nextLook() { return nextPart().look; }
+
+    /// The first part keeps the layer of the entity: where that one is frozen nothing shows.
+    void layer(ChunkReader& values)
+    {
+        const std::vector<AcDbStub*>& layers = namesOf(NameKind::layer).records();
+        DisplayPart& piece = m_list.current().isPiece ? nextPart() : beginPiece();
+        const auto number = static_cast<std::uint32_t>(values.integer());
+        const bool isKnown = number < layers.size() && !isErased(*recordOf(layers[number]));
+        piece.look.layer = isKnown ? layers[number] : m_entity.layerId().stub();
+    }
+
+    void linetype(ChunkReader& values)
+    {
+        constexpr std::uint32_t byLayer = 32767, byBlock = 32766;
+        const AcDbDatabase& database = *m_entity.database();
+        const auto number = static_cast<std::uint32_t>(values.integer());
+        nextLook().linetype = number == byLayer   ? database.byLayerLinetype().stub()
+                              : number == byBlock ? database.byBlockLinetype().stub()
+                                                  : numberedLinetype(number);
+    }
+
+    /// Those of layers and blocks have no place in the table as a picture counts it.
+    AcDbStub* numberedLinetype(std::uint32_t number)
+    {
+        if (m_linetypes.empty()) {
+            m_linetypes = namesOf(NameKind::linetype).records();
+            const AcDbDatabase& database = *m_entity.database();
+            std::erase(m_linetypes, database.byLayerLinetype().stub());
+            std::erase(m_linetypes, database.byBlockLinetype().stub());
+        }
+        const bool isKnown = number < m_linetypes.size() && !isErased(*recordOf(m_linetypes[number]));
+        return isKnown ? m_linetypes[number] : m_entity.linetypeId().stub();
+    }
+
+    SymbolNames& namesOf(NameKind kind) const { return m_entity.database()->impl().names(kind); }
+
+    void linetypeScale(ChunkReader& values)
+    {
+        const double scale = values.real();
+        nextLook().linetypeScale = scale > 0.0 ? scale : m_entity.linetypeScale();
     }
 
     void color(ChunkReader& values)
@@ -337,13 +436,8 @@ private:
     void pushMatrix(ChunkReader& values)
     {
         constexpr std::size_t deepest = 256;
-        AcGeMatrix3d pushed;
-        for (unsigned int row = 0; row < 4; ++row)
-            for (unsigned int column = 0; column < 4; ++column) {
-                const double entry = values.real();
-                if (row < 3)
-                    pushed(row, column) = entry;
-            }
+        AcGeMatrix3d pushed = values.matrix();
+        std::ranges::copy(AcGeMatrix3d().entry[3], pushed.entry[3]);
         if (m_matrices.size() < deepest)
             m_matrices.push_back(matrix() * pushed);
     }
@@ -354,10 +448,64 @@ private:
             m_matrices.pop_back();
     }
 
+    // ---- clips
+
+    void pushClip(ChunkReader& values)
+    {
+        std::shared_ptr<const PartClip> clip = m_clips.empty() ? nullptr : m_clips.back();
+        std::size_t corners = 0;
+        for (const PartClip* outer = clip.get(); outer; outer = outer->outer.get())
+            corners += outer->ring.size();
+        if (std::vector<AcGePoint3d> ring = ringIn(values, corners); !ring.empty())
+            clip = std::make_shared<PartClip>(PartClip{std::move(ring), std::move(clip)});
+        m_clips.push_back(std::move(clip));
+        nextPart().clip = m_clips.back();
+    }
+
+    void popClip(ChunkReader&)
+    {
+        if (!m_clips.empty())
+            m_clips.pop_back();
+        nextPart().clip = m_clips.empty() ? nullptr : m_clips.back();
+    }
+
+    /// None where it is not understood, or would hide all of it: rather too much is seen than nothing.
+    /// @param others corners of the rings that it is within: all that shows is held against each of them
+    std::vector<AcGePoint3d> ringIn(ChunkReader& values, std::size_t others) const
+    {
+        constexpr std::size_t mostCorners = 500;
+        values.point(); // of its plane: the normal, and a point
+        values.point();
+        const std::int32_t count = values.integer();
+        std::vector<AcGePoint3d> corners;
+        for (std::int32_t i = 0; i < count && corners.size() <= mostCorners; ++i) {
+            const double x = values.real();
+            corners.emplace_back(x, values.real(), 0.0);
+        }
+        const AcGeMatrix3d toRing = values.matrix(), toBlock = values.matrix();
+        if (corners.size() < 2 || corners.size() + others > mostCorners || !isPlacing(toRing) || !isPlacing(toBlock))
+            return {};
+        std::vector<AcGePoint3d> ring = clipRing(std::move(corners), matrix() * toBlock * toRing.inverse());
+        double area = 0.0;
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            const AcGePoint3d &a = ring[i], &b = ring[(i + 1) % ring.size()];
+            area += (a.x - ring[0].x) * (b.y - ring[0].y) - (b.x - ring[0].x) * (a.y - ring[0].y);
+        }
+        return std::isfinite(area) && area != 0.0 ? ring : std::vector<AcGePoint3d>();
+    }
+
+    /// Whether it says where things stand: its last row is that of any such matrix.
+    static bool isPlacing(const AcGeMatrix3d& matrix)
+    {
+        return std::ranges::equal(matrix.entry[3], AcGeMatrix3d().entry[3]) && !matrix.isSingular();
+    }
+
     const AcDbEntity& m_entity;
     const RecordTags& m_tags;
     DisplayList& m_list;
     std::vector<AcGeMatrix3d> m_matrices;
+    std::vector<std::shared_ptr<const PartClip>> m_clips; ///< null: none that is understood
+    std::vector<AcDbStub*> m_linetypes;
     bool m_isFilled = false;
 };
 

@@ -86,7 +86,7 @@ std::optional<Viewport> viewportOf(AcDbObjectId id)
     return port;
 }
 
-/// Takes what is drawn in model space to the paper, without the layers that a viewport freezes.
+/// Takes what is drawn in model space to the paper.
 class OnPaper : public GraphicsSink {
 public:
     OnPaper(GraphicsSink& sink, const Viewport& port) : m_sink(sink), m_port(port) {}
@@ -110,13 +110,6 @@ public:
             ring = moved(ring);
         m_sink.text(placed, look);
     }
-    bool enter(AcDbObjectId entity, const AcGeMatrix3d&) override
-    {
-        if (m_port.frozen.empty())
-            return true;
-        const AcDbObjectPointer<AcDbEntity> opened(entity);
-        return opened.openStatus() != Acad::eOk || !m_port.frozen.contains(opened->layerId().stub());
-    }
     bool stopped() override { return m_sink.stopped(); }
 
 private:
@@ -138,7 +131,8 @@ private:
     const Viewport& m_port;
 };
 
-/// What of model space a viewport holds, as fine as the paper is seen. A view turned in space holds all of it.
+/// What of model space a viewport holds, as fine as the paper is seen, without the layers that it freezes. A view
+/// turned in space holds all of it.
 SceneView modelView(Scene& model, const Viewport& port, const SceneView& paper)
 {
     SceneView view;
@@ -155,6 +149,8 @@ SceneView modelView(Scene& model, const Viewport& port, const SceneView& paper)
     view.width = box.width();
     view.height = view.wholeHeight = box.height();
     view.pixel = paper.pixel / port.scale();
+    if (!port.frozen.empty())
+        view.frozen = &port.frozen;
     return view;
 }
 

@@ -8,29 +8,6 @@ namespace {
 /// An arc that turns less is a straight line in any picture, and its centre is out of all precision.
 constexpr double leastBulge = 1e-8;
 
-/// What a polyline of a plane is made of.
-struct PlaneVertices {
-    std::vector<BulgedVertex> vertices;
-    std::vector<std::pair<double, double>> widths; ///< of the segment that leaves each
-    bool closed = false, unbroken = false, smooth = false;
-    AcGeVector3d normal;
-};
-
-void addPlane(PlaneVertices plane, DisplayList& list)
-{
-    if (plane.vertices.size() < 2)
-        return;
-    Path path = bulgedPath(plane.vertices, plane.closed, planeOf(plane.normal));
-    path.unbroken = plane.unbroken;
-    path.smooth = plane.smooth;
-    const bool wide =
-        std::ranges::any_of(plane.widths, [](const auto& width) { return width.first != 0.0 || width.second != 0.0; });
-    if (!wide)
-        return list.add(std::move(path));
-    plane.widths.resize(path.points.size() - 1);
-    list.add(WidePath{std::move(path), std::move(plane.widths), plane.normal});
-}
-
 /// Calls `take` for each vertex of class `Vertex` that an entity owns.
 template <class Vertex, class Owner, class Take>
 void forVertices(const Owner& owner, const Take& take)
@@ -68,9 +45,29 @@ Path bulgedPath(const std::vector<BulgedVertex>& vertices, bool closed, const Ac
     return path;
 }
 
+void addPlanePolyline(PlanePolyline plane, DisplayList& list, const AcGeMatrix3d& place)
+{
+    if (plane.vertices.size() < 2)
+        return;
+    Path path = bulgedPath(plane.vertices, plane.closed, place * planeOf(plane.normal));
+    path.unbroken = plane.unbroken;
+    path.smooth = plane.smooth;
+    const bool wide =
+        std::ranges::any_of(plane.widths, [](const auto& width) { return width.first != 0.0 || width.second != 0.0; });
+    if (!wide)
+        return list.add(std::move(path));
+    plane.widths.resize(path.points.size() - 1);
+    const double scale = (place * AcGeVector3d::kXAxis).length();
+    for (auto& [start, end] : plane.widths) {
+        start *= scale;
+        end *= scale;
+    }
+    list.add(WidePath{std::move(path), std::move(plane.widths), place * plane.normal});
+}
+
 void addPolyline(const AcDbPolyline& polyline, DisplayList& list)
 {
-    PlaneVertices plane;
+    PlanePolyline plane;
     plane.closed = polyline.isClosed() != Adesk::kFalse;
     plane.unbroken = polyline.hasPlinegen();
     plane.normal = polyline.normal();
@@ -84,12 +81,12 @@ void addPolyline(const AcDbPolyline& polyline, DisplayList& list)
         if (wide && polyline.getWidthsAt(i, start, end) == Acad::eOk)
             plane.widths.emplace_back(start, end);
     }
-    addPlane(std::move(plane), list);
+    addPlanePolyline(std::move(plane), list);
 }
 
 void add2dPolyline(const AcDb2dPolyline& polyline, DisplayList& list)
 {
-    PlaneVertices plane;
+    PlanePolyline plane;
     plane.closed = polyline.isClosed() != Adesk::kFalse;
     plane.normal = polyline.normal();
     plane.smooth = polyline.polyType() == AcDb::k2dQuadSplinePoly || polyline.polyType() == AcDb::k2dCubicSplinePoly;
@@ -104,7 +101,7 @@ void add2dPolyline(const AcDb2dPolyline& polyline, DisplayList& list)
         plane.widths.emplace_back(own ? vertex.startWidth() : polyline.defaultStartWidth(),
                                   own ? vertex.endWidth() : polyline.defaultEndWidth());
     });
-    addPlane(std::move(plane), list);
+    addPlanePolyline(std::move(plane), list);
 }
 
 void add3dPolyline(const AcDb3dPolyline& polyline, DisplayList& list)

@@ -70,6 +70,20 @@ AcGeMatrix3d matrixOf(const std::vector<double>& values, std::size_t from)
 
 } // namespace
 
+std::vector<AcGePoint3d> clipRing(std::vector<AcGePoint3d> corners, const AcGeMatrix3d& toOwner)
+{
+    if (corners.size() == 2) { // of a rectangle
+        const AcGePoint3d a = corners[0], b = corners[1];
+        corners = {a, {b.x, a.y, 0.0}, b, {a.x, b.y, 0.0}};
+    }
+    for (AcGePoint3d& point : corners) {
+        point = toOwner * point;
+        if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z))
+            return {};
+    }
+    return corners;
+}
+
 std::vector<AcGePoint3d> clipOf(const AcDbBlockReference& reference)
 {
     constexpr std::size_t values = 24;
@@ -79,15 +93,6 @@ std::vector<AcGePoint3d> clipOf(const AcDbBlockReference& reference)
     Boundary boundary = read(RecordTags(filter));
     if (!boundary.isShown || boundary.ring.size() < 2 || boundary.matrices.size() < values)
         return {};
-    if (boundary.ring.size() == 2) { // two corners of a rectangle
-        const AcGePoint3d a = boundary.ring[0], b = boundary.ring[1];
-        boundary.ring = {a, {b.x, a.y, 0.0}, b, {a.x, b.y, 0.0}};
-    }
-    const AcGeMatrix3d toBlock = matrixOf(boundary.matrices, 0) * matrixOf(boundary.matrices, values / 2).inverse();
-    for (AcGePoint3d& point : boundary.ring) {
-        point = toBlock * point;
-        if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z))
-            return {};
-    }
-    return boundary.ring;
+    return clipRing(std::move(boundary.ring),
+                    matrixOf(boundary.matrices, 0) * matrixOf(boundary.matrices, values / 2).inverse());
 }

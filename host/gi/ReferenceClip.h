@@ -2,9 +2,11 @@
 
 #include <vector>
 
-#include "gepnt3d.h"
+#include "gemat3d.h"
 
 class AcDbBlockReference;
 
 /// The ring that a reference is clipped by, in the coordinates of its block; empty when it is shown whole.
 std::vector<AcGePoint3d> clipOf(const AcDbBlockReference& reference);
+/// A ring by its corners, or two corners of a rectangle; empty where it has no place.
+std::vector<AcGePoint3d> clipRing(std::vector<AcGePoint3d> corners, const AcGeMatrix3d& toOwner);

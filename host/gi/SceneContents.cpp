@@ -158,9 +158,11 @@ void SceneContents::place(Item& item, const DisplayList& list)
         return;
     const DisplayPart& part = list.parts().front();
     item.look = part.look;
-    item.isEndless = part.isEndless;
-    if (item.isEndless)
-        item.core = item.box = boxIn(part.box, Placement());
+    for (const DisplayPart& own : list.parts())
+        if (own.isEndless) {
+            item.isEndless = true;
+            item.box.add(boxIn(own.box, Placement()));
+        }
     item.isPoint = part.first < part.last && std::holds_alternative<PointMark>(list.primitive(part.first));
     if (list.parts().size() == 1)
         return;
@@ -319,8 +321,9 @@ Box2d SceneContents::extents()
     Box2d box;
     for (const Item& item : m_items) {
         const LayerState& layer = m_tables.layer(item.look.layer);
-        if (!item.box.isEmpty() && !item.isEndless && !layer.off && !layer.frozen)
-            box.add(item.box);
+        const Box2d& sized = item.isEndless ? item.core : item.box;
+        if (!sized.isEmpty() && !layer.off && !layer.frozen)
+            box.add(sized);
     }
     return box.isEmpty() ? boxOfBases() : box;
 }

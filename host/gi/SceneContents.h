@@ -61,7 +61,7 @@ private:
     struct Item {
         AcDbStub* stub = nullptr;
         Box2d box;  ///< empty when nothing shows
-        Box2d core; ///< the same without attributes
+        Box2d core; ///< the same without attributes and lines without end
         std::unique_ptr<DisplayList> list;
         EntityLook look;
         std::uint32_t used = 0;
@@ -69,13 +69,13 @@ private:
         bool showsBlocks = false;
         bool isPoint = false;   ///< shown by a figure, however small its box
         bool isLoose = false;   ///< changed since the index was built
-        bool isEndless = false; ///< its box says nothing of the drawing's size
+        bool isEndless = false; ///< lines without end are of it: its box says nothing of the drawing's size
     };
 
     /// Whether it is a dot at most: of a symbol far away the texts are finer than a line, and left out.
     static bool isSpeck(const Item& item, double pixel)
     {
-        return !item.isPoint && item.core.width() < pixel && item.core.height() < pixel &&
+        return !item.isPoint && !item.isEndless && item.core.width() < pixel && item.core.height() < pixel &&
                static_cast<double>(item.textHeight) < pixel &&
                (item.textHeight > 0.0F || (item.box.width() < pixel && item.box.height() < pixel));
     }

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <unordered_set>
+
 #include "gi/Box2d.h"
+
+#include "dbid.h"
 
 /// What is looked at, from above: a box of the world, and how fine its picture is.
 struct SceneView {
@@ -14,6 +18,8 @@ struct SceneView {
     bool dashes = true;        ///< linetypes are cut into dashes; picking wants whole lines
     bool simplified = true;    ///< what is smaller than a pixel becomes a dot
     bool solidHatches = false; ///< patterns are drawn as filled areas
+
+    const std::unordered_set<AcDbStub*>* frozen = nullptr; ///< layers that do not show in it; null for none
 
     Box2d box() const
     {

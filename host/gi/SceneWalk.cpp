@@ -35,6 +35,13 @@ bool stepsTo(const Box2d& box, const AcGePoint3d& from, const AcGeVector3d& u, c
     return !steps.isEmpty();
 }
 
+std::vector<AcGePoint3d> ringAt(std::vector<AcGePoint3d> ring, const Placement& place)
+{
+    for (AcGePoint3d& point : ring)
+        point = place(point);
+    return ring;
+}
+
 CellRange rangeOf(int count, double low, double high)
 {
     const double last = count - 1.0;
@@ -94,7 +101,8 @@ SceneWalk::Resolved SceneWalk::resolve(const EntityLook& look, const Reference* 
     const bool ofReference = within && layer->isZero;
     if (ofReference)
         layer = within->layer;
-    Resolved resolved{layer, {}, layer->frozen, !layer->frozen && !layer->off};
+    const bool frozen = layer->frozen || (m_view.frozen && !ofReference && m_view.frozen->contains(look.layer));
+    Resolved resolved{layer, {}, frozen, !frozen && !layer->off};
     Pen& pen = resolved.pen;
 
     if (look.color == colorByBlock && look.trueColor < 0 && within)
@@ -134,31 +142,61 @@ bool SceneWalk::isSmall(const Box2d& box) const
 
 void SceneWalk::walkParts(const DisplayList& list, const Placement& place, const Reference* within)
 {
-    const int attributeMode = m_tables.settings().attributeMode;
-    const std::vector<DisplayPart>& parts = list.parts();
-    for (std::size_t i = 0; i < parts.size() && !stopped();) {
-        const DisplayPart& part = parts[i];
-        const Resolved resolved = resolve(part.look, within);
-        const bool entered = !resolved.frozen && (!part.isHidden || attributeMode == 2) && enter(part.entity, place);
-        if (entered)
-            showPart(list, part, place, resolved);
-        for (++i; i < parts.size() && parts[i].isAttribute; ++i) {
-            const DisplayPart& attribute = parts[i];
-            if (!entered || attributeMode == 0 || (attribute.isHidden && attributeMode != 2))
-                continue;
-            const Resolved own = resolve(attribute.look, within);
-            if (!own.shows || !enter(attribute.entity, place))
-                continue;
-            showPart(list, attribute, place, own);
-            leave();
-        }
-        if (entered)
-            leave();
-        if (within && m_left >= 0)
-            m_left -= cost();
-        if (within && m_left < 0)
+    const std::span<const DisplayPart> parts(list.parts());
+    for (std::size_t i = 0, next = 0; i < parts.size() && !stopped(); i = next) {
+        for (next = i + 1; next < parts.size() && (parts[next].isAttribute || parts[next].isPiece);)
+            ++next;
+        showEntity(list, parts.subspan(i, next - i), place, within);
+        if (!afford(within))
             return;
     }
+}
+
+/// Counts what is within a block; false when there was too much of it.
+bool SceneWalk::afford(const Reference* within)
+{
+    if (within && m_left >= 0)
+        m_left -= cost();
+    return !within || m_left >= 0;
+}
+
+/// @param parts that of the entity, then the pieces of its picture or its attributes
+void SceneWalk::showEntity(const DisplayList& list, std::span<const DisplayPart> parts, const Placement& place,
+                           const Reference* within)
+{
+    const int attributeMode = m_tables.settings().attributeMode;
+    const Resolved resolved = resolve(parts.front().look, within);
+    if (resolved.frozen || (parts.front().isHidden && attributeMode != 2) || !enter(parts.front().entity, place))
+        return;
+    const PartClip* clip = nullptr;
+    changeClip(clip, parts.front().clip.get(), place);
+    showPart(list, parts.front(), place, resolved);
+    for (const DisplayPart& part : parts.subspan(1)) {
+        if (part.isPiece && (stopped() || !afford(within)))
+            break;
+        if (part.isAttribute && (attributeMode == 0 || (part.isHidden && attributeMode != 2)))
+            continue;
+        const Resolved own = resolve(part.look, within);
+        if (!own.shows || (part.isAttribute && !enter(part.entity, place)))
+            continue;
+        changeClip(clip, part.clip.get(), place);
+        showPart(list, part, place, own);
+        if (part.isAttribute)
+            leave();
+    }
+    changeClip(clip, nullptr, place);
+    leave();
+}
+
+/// Takes away the rings that are on, and puts on those of what comes next; pieces in a row mostly have the same.
+void SceneWalk::changeClip(const PartClip*& on, const PartClip* next, const Placement& place)
+{
+    if (on == next)
+        return;
+    for (; on; on = on->outer.get())
+        endClip();
+    for (on = next; next; next = next->outer.get())
+        beginClip(ringAt(next->ring, place));
 }
 
 void SceneWalk::showPart(const DisplayList& list, const DisplayPart& part, const Placement& place,
@@ -245,10 +283,7 @@ void SceneWalk::showClipped(const BlockUse& use, const BlockGraphics::Block& blo
 {
     if (use.clip.empty())
         return showCell(block, place, resolved);
-    std::vector<AcGePoint3d> ring;
-    for (const AcGePoint3d& point : use.clip)
-        ring.push_back(place(point));
-    beginClip(std::move(ring));
+    beginClip(ringAt(use.clip, place));
     showCell(block, place, resolved);
     endClip();
 }

@@ -71,6 +71,10 @@ private:
     Resolved resolve(const EntityLook& look, const Reference* within);
     static Appearance lookOf(const Pen& pen, std::int16_t color, std::int32_t trueColor);
     void walkParts(const DisplayList& list, const Placement& place, const Reference* within);
+    bool afford(const Reference* within);
+    void showEntity(const DisplayList& list, std::span<const DisplayPart> parts, const Placement& place,
+                    const Reference* within);
+    void changeClip(const PartClip*& on, const PartClip* next, const Placement& place);
     void showPart(const DisplayList& list, const DisplayPart& part, const Placement& place, const Resolved& resolved);
     void showPrimitive(const Primitive& primitive, const Placement& place, const Resolved& resolved);
     void showBlocks(const BlockUse& use, const Placement& place, const Resolved& resolved);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 #include <tuple>
 
 #include "gi/ClippedSink.h"
@@ -53,6 +54,79 @@ struct PictureChunk {
         return *this;
     }
 };
+
+/// Values in bits, the highest of a byte first.
+struct Bits {
+    std::string bytes;
+    int used = 8; // of the last byte
+
+    Bits& code(unsigned value, int count = 2)
+    {
+        for (; count > 0; --count, ++used) {
+            if (used == 8) {
+                bytes += '\0';
+                used = 0;
+            }
+            bytes.back() = static_cast<char>(bytes.back() | ((value >> (count - 1) & 1U) << (7 - used)));
+        }
+        return *this;
+    }
+    Bits& byte(unsigned value) { return code(1).code(value, 8); }
+    Bits& shortInteger(unsigned value) { return code(0).code(value & 255, 8).code(value >> 8, 8); }
+    /// Some bytes of a real, in the order that they are written in.
+    Bits& partOf(double value, std::initializer_list<unsigned> which)
+    {
+        unsigned char all[sizeof value];
+        std::memcpy(all, &value, sizeof value);
+        for (const unsigned i : which)
+            code(all[i], 8);
+        return *this;
+    }
+    Bits& real(double value) { return partOf(value, {0, 1, 2, 3, 4, 5, 6, 7}); }
+    Bits& otherReal(double value) { return code(3).real(value); }
+};
+
+/// A lightweight polyline in bits.
+PictureChunk polylineOf(const Bits& bits, bool counted = false)
+{
+    PictureChunk chunk(33);
+    if (counted)
+        chunk.integer(static_cast<std::int32_t>(bits.bytes.size()));
+    chunk.bytes += bits.bytes;
+    return chunk;
+}
+
+/// From (64, 2) by (64, 7) to (65, 7), with the points in full as before 2000, or each as what it has of its own.
+Bits corner(unsigned flags, bool wholePoints)
+{
+    Bits bits;
+    bits.shortInteger(flags).byte(3).real(64).real(2);
+    if (wholePoints)
+        return bits.real(64).real(7).real(65).real(7);
+    return bits.code(0).otherReal(7).code(2).partOf(65, {4, 5, 0, 1, 2, 3}).code(0);
+}
+
+constexpr std::initializer_list<double> asItIs = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+/// A clip by two corners of a rectangle, moved by ten to the right.
+PictureChunk clipTo(double left, double low, double right, double high)
+{
+    return PictureChunk(27)
+        .reals({0, 0, 1, 0, 0, 0})
+        .integer(2)
+        .reals({left, low, right, high})
+        .reals(asItIs)
+        .reals({1, 0, 0, 10, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1})
+        .integer(0)
+        .integer(0)
+        .reals({0, 0})
+        .integer(0);
+}
+
+PictureChunk lineBetween(double x, double y, double toX, double toY)
+{
+    return PictureChunk(6).integer(2).reals({x, y, 0, toX, toY, 0});
+}
 
 std::string proxy(const std::vector<PictureChunk>& chunks)
 {
@@ -154,6 +228,45 @@ const Row rows[] = {
             PictureChunk(8).integer(70000).integer(70000), PictureChunk(9).integer(-1).integer(-5), PictureChunk(31),
             PictureChunk(4)}),
      {"line 7: 0,0 1,1"}},
+    {"proxy: polylines in bits, as older and newer drawings have them, with bulges, widths and names of their points",
+     proxy({polylineOf(corner(0, false)), polylineOf(corner(512, true)), polylineOf(corner(512, false), true),
+            PictureChunk(29).reals({2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 1}),
+            polylineOf(Bits().shortInteger(4 | 8).code(1).code(2).byte(2).real(0).real(0).otherReal(10).code(0)),
+            PictureChunk(31),
+            polylineOf(Bits()
+                           .shortInteger(1 | 16 | 1024)
+                           .code(2)
+                           .code(2)
+                           .code(1) // normal
+                           .byte(2)
+                           .byte(1)
+                           .byte(1)
+                           .real(2)
+                           .real(0)
+                           .code(0)
+                           .otherReal(3)
+                           .code(1) // bulge
+                           .byte(7))}),
+     {"line 7: 64,2 64,7 65,7", "line 7: 64,2 64,7 65,7 64,2", "line 7: 64,2 64,7 65,7 64,2",
+      "area 7: 0,1 20,1 20,-1 0,-1", "line 7: 2,0 2.168"}},
+    {"proxy: bits that make no polyline are passed by",
+     proxy({polylineOf(Bits().shortInteger(0).code(0).code(0xFFFFFF7F, 32)), PictureChunk(33),
+            polylineOf(Bits().code(0xFFFFFFFF, 32)),
+            polylineOf(Bits().shortInteger(0).byte(2).real(1).real(1).otherReal(5).code(0).real(0).real(0)),
+            lineBetween(0, 0, 1, 1)}),
+     {"line 7: 0,0 1,1"}},
+    {"proxy: clips within each other, until they are taken away",
+     proxy({clipTo(0, 0, 10, 10), lineBetween(0, 5, 50, 5), clipTo(5, 0, 50, 50), PictureChunk(14).integer(1),
+            lineBetween(0, 6, 50, 6), PictureChunk(28), lineBetween(0, 7, 50, 7), PictureChunk(27).reals({0, 0, 1}),
+            lineBetween(0, 8, 50, 8), PictureChunk(28), PictureChunk(28), lineBetween(0, 9, 50, 9), PictureChunk(28),
+            clipTo(3, 3, 3, 9), lineBetween(0, 1, 2, 1)}),
+     {"line 7: 10,5 20,5", "line FF0000: 15,6 20,6", "line FF0000: 10,7 20,7", "line FF0000: 10,8 20,8",
+      "line FF0000: 0,9 50,9", "line FF0000: 0,1 2,1"}},
+    {"proxy: lines without end among others, text with a control code",
+     proxy({PictureChunk(13).reals({0, 1, 0, 5, 1, 0}), lineBetween(0, 0, 1, 1),
+            PictureChunk(12).reals({7, 3, 0, 7, 4, 0}), PictureChunk(12).reals({7, 3, 0, 7, 3, 0}),
+            PictureChunk(10).reals({1, 2, 0, 0, 0, 1, 1, 0, 0, 2.5, 1, 0}).text("%%c 12")}),
+     {"line 7: 0,1 500,1", "line 7: 0,0 1,1", "line 7: 7,-500 7,500", "<\xC3\x98 12>"}},
     {"table that lost its block: its cells",
      "0 ACAD_TABLE\n100 AcDbBlockReference\n2 \n10 1\n20 9\n30 0\n100 AcDbTable\n91 1\n92 2\n141 4\n142 10\n142 20\n"
      "171 1\n1 A\n171 1\n1 B\n",
@@ -215,6 +328,40 @@ TEST(OwnData, isDrawn)
         for (std::size_t i = 0; i < row.expected.size(); ++i)
             EXPECT_NE(lines[i].find(row.expected[i]), std::string::npos) << lines[i] << " for " << row.expected[i];
     }
+}
+
+/// Layers and linetypes of pictures are numbers of the drawing's tables, those of layers and blocks not counted.
+TEST(OwnData, piecesOfPicturesHaveLayersAndLinetypes)
+{
+    const auto layer = [](const char* handle, const char* name, const char* flags, const char* color) {
+        return recordTags("LAYER", handle,
+                          std::string("2 ") + name + "\n70 " + flags + "\n62 " + color + "\n6 TIRETS\n370 -3\n");
+    };
+    const auto on = [](int layerNumber, int linetypeNumber, double y) {
+        return std::vector{PictureChunk(16).integer(layerNumber), PictureChunk(18).integer(linetypeNumber),
+                           lineBetween(0, y, 10, y)};
+    };
+    constexpr int byLayer = 32767, byBlock = 32766, whole = 0, dashed = 1;
+    std::vector<PictureChunk> chunks{lineBetween(0, 0, 10, 0)};
+    for (const auto& piece : {on(1, whole, 1), on(2, whole, 2), on(3, whole, 3), on(0, dashed, 4), on(1, byLayer, 5),
+                              on(1, byBlock, 6), on(-1, 99, 7)})
+        chunks.insert(chunks.end(), piece.begin(), piece.end());
+    SmallDrawing drawing;
+    drawing.linetypes = recordTags("LTYPE", "60", "2 TIRETS\n70 0\n3 \n72 65\n73 2\n40 6\n49 4\n74 0\n49 -2\n74 0\n");
+    drawing.layers = layer("61", "ROUGE", "0", "1") + layer("62", "GELE", "1", "2") + layer("63", "ETEINT", "0", "-3");
+    const std::string tags = proxy(chunks);
+    const std::string rest = tags.substr(tags.find("92 "));
+    const auto shown = [&](const char* own) {
+        drawing.entities = "0 ACAD_PROXY_ENTITY\n5 80\n330 1F\n100 AcDbEntity\n8 " + std::string(own) + "\n" + rest;
+        AcDbDatabase database(false);
+        database.impl().load(std::make_unique<DxfFile>(drawing.text(), "essai.dxf"));
+        return drawn(Scene::of(database));
+    };
+    EXPECT_EQ(shown("0"),
+              (Lines{"line 7: 0,0 10,0", "line FF0000: 0,1 10,1", "line 7: 0,4 4,4", "line 7: 6,4 10,4",
+                     "line FF0000: 0,5 4,5", "line FF0000: 6,5 10,5", "line FF0000: 0,6 10,6", "line 7: 0,7 10,7"}));
+    EXPECT_EQ(shown("ETEINT").front(), "line FF0000: 0,1 10,1") << "the rest lies on a layer of its own";
+    EXPECT_EQ(shown("GELE"), Lines());
 }
 
 TEST(OwnData, dimensionsWithoutBlockHaveABox)
@@ -319,6 +466,15 @@ TEST(OwnData, linesWithoutEndSayNothingOfTheSize)
     DrawingWithEntities with(rows[5].records + line), alone(rows[5].records);
     EXPECT_EQ(Scene::of(with.database()).extents().maxY, 3.0);
     EXPECT_EQ(Scene::of(alone.database()).extents().maxY, 100000.0) << "its base";
+    DrawingWithEntities picture(
+        proxy({PictureChunk(13).reals({50, 50, 0, 51, 50, 0}), lineBetween(0, 0, 1, 1), clipTo(0, 0, 10, 10),
+               lineBetween(0, 2, 90, 2), PictureChunk(28), PictureChunk(14).integer(1)}));
+    Scene& scene = Scene::of(picture.database());
+    EXPECT_EQ(scene.extents().maxX, 20.0) << "of what the clip leaves";
+    EXPECT_EQ(scene.extents().maxY, 2.0);
+    SceneView away = wideView();
+    away.center = {100000.0, 0.0};
+    EXPECT_EQ(drawn(scene, away).size(), 1U) << "what goes on is seen from afar";
 }
 
 TEST(OwnData, whatIsCutAwayDoesNotSnap)
