@@ -437,7 +437,7 @@ private:
     {
         constexpr std::size_t deepest = 256;
         AcGeMatrix3d pushed = values.matrix();
-        std::ranges::copy(AcGeMatrix3d().entry[3], pushed.entry[3]);
+        std::ranges::copy(AcGeMatrix3d::kIdentity.entry[3], pushed.entry[3]);
         if (m_matrices.size() < deepest)
             m_matrices.push_back(matrix() * pushed);
     }
@@ -497,7 +497,7 @@ private:
     /// Whether it says where things stand: its last row is that of any such matrix.
     static bool isPlacing(const AcGeMatrix3d& matrix)
     {
-        return std::ranges::equal(matrix.entry[3], AcGeMatrix3d().entry[3]) && !matrix.isSingular();
+        return std::ranges::equal(matrix.entry[3], AcGeMatrix3d::kIdentity.entry[3]) && !matrix.isSingular();
     }
 
     const AcDbEntity& m_entity;
