@@ -32,6 +32,8 @@ void add2dPolyline(const AcDb2dPolyline& polyline, DisplayList& list);
 void add3dPolyline(const AcDb3dPolyline& polyline, DisplayList& list);
 // TextGraphics.cpp
 void addText(const AcDbText& text, std::wstring_view shown, DisplayList& list);
+/// Runs one after the other, from where the label stands.
+void addRuns(const std::vector<struct ShownRun>& runs, Label label, DisplayList& list);
 void addMText(const class AcDbMText& text, DisplayList& list);
 // FaceGraphics.cpp
 void addFace(const AcDbFace& face, DisplayList& list);

@@ -9,7 +9,6 @@
 #include "gi/ForeignKinds.h"
 #include "gi/ReferenceClip.h"
 #include "text/ShownText.h"
-#include "text/TextMetrics.h"
 
 /// Pictures that entities bring along for programs without their class: a run of chunks, each with its size and its
 /// kind before its numbers, low bytes first. Layers and linetypes are given by their places in the tables of the
@@ -297,14 +296,7 @@ private:
         label.origin = matrix() * place.start;
         label.along = matrix() * (along * (height * widthFactor));
         label.up = matrix() * ((up + along * std::tan(oblique)) * height);
-        for (const ShownRun& run : isRaw ? std::vector{ShownRun{text}} : shownText(text)) {
-            label.text = run.text;
-            label.underlined = run.underlined;
-            label.overlined = run.overlined;
-            label.struck = run.struck;
-            m_list.add(label);
-            label.origin += label.along * textWidth(run.text);
-        }
+        addRuns(isRaw ? std::vector{ShownRun{text}} : shownText(text), std::move(label), m_list);
     }
 
     void plainText(ChunkReader& values)

@@ -23,6 +23,11 @@ void addText(const AcDbText& text, std::wstring_view shown, DisplayList& list)
     label.up = plane * (box.up() * (box.top - box.bottom));
     label.origin = plane * box.corner(box.left, box.bottom);
     label.style = text.textStyle().stub();
+    addRuns(runs, std::move(label), list);
+}
+
+void addRuns(const std::vector<ShownRun>& runs, Label label, DisplayList& list)
+{
     for (const ShownRun& run : runs) {
         label.text = run.text;
         label.underlined = run.underlined;
