@@ -43,11 +43,11 @@ public:
             all.push_back(integer());
         return all;
     }
-    AcGeMatrix3d matrix()
+    AcGeMatrix3d matrix(unsigned int rows = 4)
     {
         AcGeMatrix3d matrix;
-        for (auto& row : matrix.entry)
-            for (double& entry : row)
+        for (unsigned int row = 0; row < rows; ++row)
+            for (double& entry : matrix.entry[row])
                 entry = real();
         return matrix;
     }
@@ -474,7 +474,10 @@ private:
             const double x = values.real();
             corners.emplace_back(x, values.real(), 0.0);
         }
-        const AcGeMatrix3d toRing = values.matrix(), toBlock = values.matrix();
+        // No drawing at hand has one: whether the last row of a matrix, always the same, is written is told by the
+        // room.
+        const unsigned int rows = values.rest().size() < 2 * sizeof(AcGeMatrix3d) ? 3 : 4;
+        const AcGeMatrix3d toRing = values.matrix(rows), toBlock = values.matrix(rows);
         if (corners.size() < 2 || corners.size() + others > mostCorners || !isPlacing(toRing) || !isPlacing(toBlock))
             return {};
         std::vector<AcGePoint3d> ring = clipRing(std::move(corners), matrix() * toBlock * toRing.inverse());

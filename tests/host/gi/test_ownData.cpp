@@ -67,7 +67,8 @@ struct Bits {
                 bytes += '\0';
                 used = 0;
             }
-            bytes.back() = static_cast<char>(bytes.back() | ((value >> (count - 1) & 1U) << (7 - used)));
+            if ((value >> (count - 1) & 1U) != 0)
+                bytes.back() = static_cast<char>(bytes.back() | 0x80 >> used);
         }
         return *this;
     }
@@ -106,21 +107,17 @@ Bits corner(unsigned flags, bool wholePoints)
     return bits.code(0).otherReal(7).code(2).partOf(65, {4, 5, 0, 1, 2, 3}).code(0);
 }
 
-constexpr std::initializer_list<double> asItIs = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-
 /// A clip by two corners of a rectangle, moved by ten to the right.
-PictureChunk clipTo(double left, double low, double right, double high)
+PictureChunk clipTo(double left, double low, double right, double high, bool lastRows = true)
 {
-    return PictureChunk(27)
-        .reals({0, 0, 1, 0, 0, 0})
-        .integer(2)
-        .reals({left, low, right, high})
-        .reals(asItIs)
-        .reals({1, 0, 0, 10, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1})
-        .integer(0)
-        .integer(0)
-        .reals({0, 0})
-        .integer(0);
+    PictureChunk clip(27);
+    clip.reals({0, 0, 1, 0, 0, 0}).integer(2).reals({left, low, right, high});
+    for (const double moved : {0, 10}) {
+        clip.reals({1, 0, 0, moved, 0, 1, 0, 0, 0, 0, 1, 0});
+        if (lastRows)
+            clip.reals({0, 0, 0, 1});
+    }
+    return clip.integer(0).integer(0).reals({0, 0}).integer(0);
 }
 
 PictureChunk lineBetween(double x, double y, double toX, double toY)
@@ -256,7 +253,7 @@ const Row rows[] = {
             lineBetween(0, 0, 1, 1)}),
      {"line 7: 0,0 1,1"}},
     {"proxy: clips within each other, until they are taken away",
-     proxy({clipTo(0, 0, 10, 10), lineBetween(0, 5, 50, 5), clipTo(5, 0, 50, 50), PictureChunk(14).integer(1),
+     proxy({clipTo(0, 0, 10, 10), lineBetween(0, 5, 50, 5), clipTo(5, 0, 50, 50, false), PictureChunk(14).integer(1),
             lineBetween(0, 6, 50, 6), PictureChunk(28), lineBetween(0, 7, 50, 7), PictureChunk(27).reals({0, 0, 1}),
             lineBetween(0, 8, 50, 8), PictureChunk(28), PictureChunk(28), lineBetween(0, 9, 50, 9), PictureChunk(28),
             clipTo(3, 3, 3, 9), lineBetween(0, 1, 2, 1)}),
