@@ -72,6 +72,12 @@ struct DxfField {
     bool isList() const { return !listCodes.empty(); }
 };
 
+/// Which part of a field a tag of one of its group codes is.
+inline int partOf(const DxfField& field, int code)
+{
+    return code == field.code || field.isList() ? 0 : (code - field.code) / 10;
+}
+
 /// The rows of one subclass marker ("AcDbLine"). A marker may stand twice in a class, with different rows.
 class DxfSubclass {
 public:

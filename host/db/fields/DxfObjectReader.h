@@ -74,32 +74,32 @@ public:
         m_class(&dxfClass),
         m_common(dxfClass.isEntity ? dxfClass.subclasses.front() : nullptr)
     {
-        if (!dxfClass.subclasses.empty() && dxfClass.subclasses.front()->marker().empty())
-            m_at = 0;
-        m_inside = m_at >= 0;
+        if (dxfClass.subclasses.empty() || !dxfClass.subclasses.front()->marker().empty())
+            return;
+        m_at = 0;
+        m_here = dxfClass.subclasses.front();
     }
     /// Goes on to the subclass that a group 100 names; to none when the class does not know it.
     void enter(std::string_view marker)
     {
         m_marked = m_onlyCommon = true;
+        m_here = nullptr;
         const int count = static_cast<int>(m_class->subclasses.size());
-        for (int step = 1; step <= count; ++step) {
-            const int i = (m_at + step + count) % count;
-            if (m_class->subclasses[static_cast<std::size_t>(i)]->marker() == marker) {
-                m_at = i;
-                m_inside = true;
-                return;
-            }
+        for (int i = m_at + 1; i <= m_at + count && !m_here; ++i) {
+            const int at = i < count ? i : i - count;
+            const DxfSubclass* const subclass = m_class->subclasses[static_cast<std::size_t>(at)];
+            if (subclass->marker() != marker)
+                continue;
+            m_at = at;
+            m_here = subclass;
         }
-        m_inside = false;
     }
     /// The row that takes a tag which is no marker and in no group. To be asked once a tag, in their order.
     DxfRowPlace rowFor(int code)
     {
-        const DxfSubclass* const here = subclass();
-        const int own = here ? here->rowOf(code) : none;
-        if (own < 0 || here == m_common)
-            return m_common ? commonRowFor(code, here == m_common) : DxfRowPlace();
+        const int own = m_here ? m_here->rowOf(code) : none;
+        if (own < 0 || m_here == m_common)
+            return m_common ? commonRowFor(code, m_here == m_common) : DxfRowPlace();
         m_onlyCommon = false;
         return {m_at, own};
     }
@@ -109,24 +109,18 @@ public:
     bool opensData(int code)
     {
         constexpr int embeddedObject = 101; // in texts and attributes of 2018: its tags are its own
-        const DxfSubclass* below = subclass();
-        if (below && code == embeddedObject)
+        if (m_here && code == embeddedObject)
             return true;
-        if (!below || !below->leadingOnly())
+        if (!m_here || !m_here->leadingOnly())
             return false;
-        const int row = code >= 0 ? below->rowOf(code) : -1;
+        const int row = code >= 0 ? m_here->rowOf(code) : -1;
         if (row < 0 || (m_leading >> row & 1U) != 0)
             return true;
         m_leading |= 1U << row;
         return false;
     }
     /// Position of the subclass, or a negative number.
-    int position() const { return m_inside ? m_at : none; }
-    const DxfSubclass* subclass() const
-    {
-        return m_inside ? m_class->subclasses[static_cast<std::size_t>(m_at)] : nullptr;
-    }
-    void leave() { m_inside = false; }
+    int position() const { return m_here ? m_at : none; }
 
 private:
     DxfRowPlace commonRowFor(int code, bool inPlace);
@@ -134,12 +128,12 @@ private:
     DxfRowPlace rowWithoutMarker(int code) const;
 
     const DxfClass* m_class;
-    const DxfSubclass* m_common; // what every entity has; null for other objects
-    int m_at = none;             // the subclass entered last: one of the same name is looked for behind it
-    bool m_inside = false;       // whether the walk is still in it
-    unsigned m_leading = 0;      // leading rows that took their tag
-    bool m_marked = false;       // a marker was met
-    bool m_onlyCommon = false;   // since the last marker, tags of every entity alone
-    bool m_inPlace = false;      // the layer stands where it belongs
-    unsigned m_commonMet = 0;    // rows of every entity that took their tag
+    const DxfSubclass* m_common;         // what every entity has; null for other objects
+    int m_at = none;                     // the subclass entered last: one of the same name is looked for behind it
+    const DxfSubclass* m_here = nullptr; // the same while the walk is in it
+    unsigned m_leading = 0;              // leading rows that took their tag
+    bool m_marked = false;               // a marker was met
+    bool m_onlyCommon = false;           // since the last marker, tags of every entity alone
+    bool m_inPlace = false;              // the layer stands where it belongs
+    unsigned m_commonMet = 0;            // rows of every entity that took their tag
 };

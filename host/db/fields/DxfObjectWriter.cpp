@@ -144,7 +144,7 @@ struct DxfObjectWriter::Merge {
         states.assign(dxfClass.firstRows.back(), {});
         for (const DxfPlacedTag& each : placed)
             if (each.place.row >= 0)
-                stateOf(each.place).met |= 1U << partOf(each);
+                stateOf(each.place).met |= 1U << partOf(fieldAt(each.place), each.tag.code);
         compare(old);
     }
 
@@ -171,12 +171,6 @@ private:
     {
         return states[dxfClass.firstRows[static_cast<std::size_t>(place.subclass)] +
                       static_cast<std::size_t>(place.row)];
-    }
-
-    int partOf(const DxfPlacedTag& each) const
-    {
-        const DxfField& row = fieldAt(each.place);
-        return row.isList() ? 0 : (each.tag.code - row.code) / 10;
     }
 
     void compare(const AcDbObject& old)
@@ -300,7 +294,7 @@ private:
         RowState& state = stateOf(each.place);
         if (row.isList())
             return repeatedGroup(each.tag, row, state);
-        const int part = partOf(each);
+        const int part = partOf(row, each.tag.code);
         if ((state.changed >> part & 1U) != 0) {
             outInstead(each.tag);
             row.write(writer.m_context, object, each.tag.code, part);
