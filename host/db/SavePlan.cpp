@@ -127,8 +127,11 @@ std::size_t SavePlan::roomForChanged() const
 {
     constexpr std::size_t added = 16; // a colour, a few digits
     std::size_t room = 0;
-    for (const std::uint32_t position : m_database.edits())
-        room += m_database.file().records()[position].length + added;
+    for (const std::uint32_t position : m_database.edits()) {
+        const DxfRecord& record = m_database.file().records()[position];
+        if (!isErased(record) && (record.flags & (RecordFlags::modified | RecordFlags::mended)) != 0)
+            room += record.length + added;
+    }
     return room;
 }
 

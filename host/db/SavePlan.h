@@ -16,8 +16,6 @@ struct DxfRange;
 class SavePlan {
 public:
     explicit SavePlan(AcDbDatabaseImpl& database);
-    SavePlan(const SavePlan&) = delete; // its pieces point into it
-    SavePlan& operator=(const SavePlan&) = delete;
 
     /// The pieces of the new file, in order. They point into the file's map and into this plan.
     std::vector<std::string_view> pieces() const;

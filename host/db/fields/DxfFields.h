@@ -107,7 +107,8 @@ struct DxfClass {
     /// Where several classes share a dxfName: the marker that tells this one; null for the one that is left.
     const char* distinctive = nullptr;
     bool isEntity = false;
-    /// Of each subclass, the place of its first row among the rows of all; then the count of rows.
+    /// Of each subclass, the place of its first row among the rows of all; then the count of rows. DxfClasses::add
+    /// fills it.
     std::vector<std::size_t> firstRows = {};
 };
 

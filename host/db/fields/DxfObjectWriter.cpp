@@ -60,6 +60,10 @@ void DxfObjectWriter::write(const AcDbObject& object)
         m_out.raw(isNew(record) ? bytes : std::string_view(m_database.file().repairedBytes(record)));
     else
         merge(object, dxfClass, bytes);
+    constexpr std::size_t mostKept = 4096; // tags: few objects have more, and one may have a million
+    m_placed.clear();
+    if (m_placed.capacity() > mostKept)
+        m_placed.shrink_to_fit();
 }
 
 void DxfObjectWriter::writeComplete(const AcDbEntity& entity)
@@ -194,11 +198,10 @@ private:
     }
 
     /// The same, in the place of a tag.
-    DxfTagWriter& outInstead(const DxfTag& tag)
+    void outInstead(const DxfTag& tag)
     {
         outAt(tag.start);
         runStart = tag.next;
-        return writer.m_out;
     }
 
     void copyBytes(std::string_view tags)
@@ -327,24 +330,28 @@ private:
     void finish(std::string_view rest)
     {
         DxfCursor cursor(writer.m_database.form(), rest);
-        DxfTag tag;
-        bool more = cursor.next(tag);
-        if (more && tag.code != extendedDataCode) {
-            beginData(rest.data());
-            while (more && tag.code != extendedDataCode)
-                more = cursor.next(tag);
-            const char* const dataEnd = more ? tag.start : cursor.position();
-            if (replacedData(object))
-                runStart = dataEnd;
-            rest.remove_prefix(static_cast<std::size_t>(dataEnd - rest.data()));
-        }
-        leaveSubclass(rest.data());
-        addSubclasses(rest.data());
-        outAt(rest.data());
+        const char* dataEnd = rest.data();
+        for (DxfTag tag; cursor.next(tag) && tag.code != extendedDataCode;)
+            dataEnd = tag.next;
+        const std::string_view extendedData = cursor.position() > dataEnd
+                                                  ? rest.substr(static_cast<std::size_t>(dataEnd - rest.data()))
+                                                  : std::string_view();
+        if (dataEnd > rest.data())
+            data(rest.data(), dataEnd);
+        leaveSubclass(dataEnd);
+        addSubclasses(dataEnd);
+        outAt(dataEnd);
         if (around.xdataChanged())
             around.writeXData(writer.m_out);
-        else if (more)
-            copyBytes(rest);
+        else
+            copyBytes(extendedData);
+    }
+
+    void data(const char* begin, const char* end)
+    {
+        beginData(begin);
+        if (replacedData(object))
+            runStart = end;
     }
 
     /// Leading rows come first: below them everything is data.
@@ -377,7 +384,7 @@ private:
     /// Whether a field of a subclass is to be told and has no tag.
     bool lacksChanged(std::size_t subclass) const
     {
-        const RowState* state = &states[dxfClass.firstRows[subclass]];
+        const RowState* state = states.data() + dxfClass.firstRows[subclass];
         return std::ranges::any_of(dxfClass.subclasses[subclass]->fields(), [&](const DxfField& field) {
             const RowState& its = *state++;
             return its.met == 0 && writer.isWanted(field, its.changed != 0);
@@ -386,7 +393,7 @@ private:
 
     void writeMissing(std::size_t subclass, bool all)
     {
-        RowState* state = &states[dxfClass.firstRows[subclass]];
+        RowState* state = states.data() + dxfClass.firstRows[subclass];
         for (const DxfField& row : dxfClass.subclasses[subclass]->fields()) {
             if (state->met == 0 && (all || writer.isWanted(row, state->changed != 0))) {
                 state->met = 1;

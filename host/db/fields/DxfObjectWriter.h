@@ -12,6 +12,8 @@
 class DxfObjectWriter {
 public:
     DxfObjectWriter(AcDbDatabaseImpl& database, std::string& out);
+    DxfObjectWriter(const DxfObjectWriter&) = delete; // its context writes to its own tags
+    DxfObjectWriter& operator=(const DxfObjectWriter&) = delete;
 
     /// Appends the record of an object that is in the database.
     void write(const AcDbObject& object);

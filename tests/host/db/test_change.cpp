@@ -108,6 +108,26 @@ const ChangeRow rows[] = {
          opened->setEndPoint(AcGePoint3d(3.0, 4.0, 8.0));
      },
      {"+30|9.0", "+31|8.0"}},
+    {"coordinates apart from each other are changed where they stand",
+     with(&SmallDrawing::entities,
+          "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 1.0\n20 2.0\n39 1.0\n30 0.0\n11 3\n21 4\n"),
+     [](AcDbDatabase& database) {
+         Opened<AcDbLine>(database, 0x80, AcDb::kForWrite)->setStartPoint(AcGePoint3d(1.0, 2.0, 9.0));
+     },
+     {"-30|0.0", "+30|9.0"}},
+    {"a marker that stands twice: what has a tag below the second is not added below the first",
+     with(&SmallDrawing::entities,
+          "0 LINE\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 1\n20 2\n100 AcDbLine\n11 3\n21 4\n"),
+     [](AcDbDatabase& database) {
+         Opened<AcDbLine>(database, 0x80, AcDb::kForWrite)->setEndPoint(AcGePoint3d(3.0, 7.25, 0.0));
+     },
+     {"-21|4", "+21|7.25"}},
+    {"an entity whose last subclass has no fields",
+     with(&SmallDrawing::entities,
+          "0 DIMENSION\n5 80\n330 1F\n100 AcDbEntity\n8 0\n100 AcDbDimension\n10 1\n20 2\n11 3\n21 4\n70 0\n"
+          "100 AcDbAlignedDimension\n13 0\n23 0\n14 5\n24 0\n100 AcDbRotatedDimension\n"),
+     [](AcDbDatabase& database) { Opened<AcDbEntity>(database, 0x80, AcDb::kForWrite)->setColorIndex(5); },
+     {"+62|5"}},
     {"a vertex of a list, between tags and a group that stay",
      withData("0 LWPOLYLINE\n5 80\n102 {AUTRE\n1 x\n102 }\n330 1F\n100 AcDbEntity\n8 0\n62 1\n100 AcDbPolyline\n90 2\n"
               "70 0\n43 0.50\n38 1\n10 0.0\n20 0.0\n10 5.0\n20 5.0\n210 0\n220 0\n230 1\n1001 UN\n1040 1.500\n"),
