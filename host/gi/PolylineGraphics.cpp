@@ -49,7 +49,8 @@ void addPlanePolyline(PlanePolyline plane, DisplayList& list, const AcGeMatrix3d
 {
     if (plane.vertices.size() < 2)
         return;
-    Path path = bulgedPath(plane.vertices, plane.closed, place * planeOf(plane.normal));
+    const AcGeMatrix3d toList = place * planeOf(plane.normal);
+    Path path = bulgedPath(plane.vertices, plane.closed, toList);
     path.unbroken = plane.unbroken;
     path.smooth = plane.smooth;
     const bool wide =
@@ -57,12 +58,13 @@ void addPlanePolyline(PlanePolyline plane, DisplayList& list, const AcGeMatrix3d
     if (!wide)
         return list.add(std::move(path));
     plane.widths.resize(path.points.size() - 1);
-    const double scale = (place * AcGeVector3d::kXAxis).length();
+    const AcGeVector3d along = toList * AcGeVector3d::kXAxis, up = toList * AcGeVector3d::kYAxis;
+    const double scale = std::max(along.length(), up.length()); // one for all directions, as in widestOf
     for (auto& [start, end] : plane.widths) {
         start *= scale;
         end *= scale;
     }
-    list.add(WidePath{std::move(path), std::move(plane.widths), place * plane.normal});
+    list.add(WidePath{std::move(path), std::move(plane.widths), along.crossProduct(up)});
 }
 
 void addPolyline(const AcDbPolyline& polyline, DisplayList& list)

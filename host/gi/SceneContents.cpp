@@ -12,6 +12,13 @@ namespace {
 constexpr std::size_t mostListBytes = 96U << 20; // kept of what entities are made of
 constexpr std::size_t leastLoose = 512;          // changed entities that are looked through one by one
 
+/// What tells the look from afar: the part of the entity, or the first piece of its picture when that part is empty.
+const DisplayPart& mainPart(const std::vector<DisplayPart>& parts)
+{
+    const auto shown = std::ranges::find_if(parts, [](const DisplayPart& part) { return part.first < part.last; });
+    return shown != parts.end() && shown->isPiece ? *shown : parts.front();
+}
+
 } // namespace
 
 SceneContents::SceneContents(AcDbDatabase& database, AcDbObjectId block) :
@@ -152,17 +159,19 @@ void SceneContents::place(Item& item, const DisplayList& list)
     item.showsBlocks = list.showsBlocks();
     item.box = boxIn(m_blocks.boxOf(list, m_attributeMode == 2), Placement());
     item.core = item.box;
-    item.isPoint = item.isEndless = false;
+    item.isPoint = item.isEndless = item.hasLayers = false;
     item.textHeight = 0.0F;
     if (list.parts().empty())
         return;
     const DisplayPart& part = list.parts().front();
-    item.look = part.look;
-    for (const DisplayPart& own : list.parts())
+    item.look = mainPart(list.parts()).look;
+    for (const DisplayPart& own : list.parts()) {
+        item.hasLayers = item.hasLayers || (own.isPiece && own.look.layer != part.look.layer);
         if (own.isEndless) {
             item.isEndless = true;
             item.box.add(boxIn(own.box, Placement()));
         }
+    }
     item.isPoint = part.first < part.last && std::holds_alternative<PointMark>(list.primitive(part.first));
     if (list.parts().size() == 1)
         return;
@@ -173,8 +182,8 @@ void SceneContents::place(Item& item, const DisplayList& list)
     if (core.isEmpty())
         return; // its texts are all of it
     item.core = core;
-    for (const DisplayPart& attribute : list.parts())
-        for (std::uint32_t i = attribute.first; i < attribute.last; ++i)
+    for (const DisplayPart& own : list.parts())
+        for (std::uint32_t i = own.first; i < own.last; ++i)
             if (const auto* label = std::get_if<Label>(&list.primitive(i)))
                 item.textHeight = std::max(item.textHeight, static_cast<float>(label->up.length()));
 }
@@ -315,11 +324,32 @@ Box2d SceneContents::boxOfBases()
     return box;
 }
 
+/// Of an entity whose picture has several layers: nothing where its own is frozen, else each piece by its layer.
+Box2d SceneContents::boxByLayers(const Item& item)
+{
+    bool busy = false;
+    const std::unique_ptr<DisplayList> fresh = item.list ? nullptr : listOf(item.stub, busy);
+    const DisplayList& list = item.list ? *item.list : *fresh;
+    Box2d box;
+    if (list.parts().empty() || m_tables.layer(list.parts().front().look.layer).frozen)
+        return box;
+    for (const DisplayPart& part : list.parts()) {
+        const LayerState& layer = m_tables.layer(part.look.layer);
+        if (!layer.off && !layer.frozen)
+            box.add(boxIn(m_blocks.boxOf(list, part), Placement()));
+    }
+    return box;
+}
+
 Box2d SceneContents::extents()
 {
     update();
     Box2d box;
     for (const Item& item : m_items) {
+        if (item.hasLayers) {
+            box.add(boxByLayers(item));
+            continue;
+        }
         const LayerState& layer = m_tables.layer(item.look.layer);
         const Box2d& sized = item.isEndless ? item.core : item.box;
         if (!sized.isEmpty() && !layer.off && !layer.frozen)

@@ -52,6 +52,7 @@ public:
     const Box2d& boxAt(std::uint32_t position) const { return m_items[position].box; }
     /// Null for an entity that is not of the block.
     const Box2d* boxOf(AcDbObjectId entity);
+    /// Of what layers let be seen; what a reference shows, attributes included, goes by the layer of the reference.
     Box2d extents();
 
     /// The view that point figures of relative size are reckoned from: that of the last picture.
@@ -65,18 +66,19 @@ private:
         std::unique_ptr<DisplayList> list;
         EntityLook look;
         std::uint32_t used = 0;
-        float textHeight = 0.0F; ///< of the tallest attribute
+        float textHeight = 0.0F; ///< of the tallest text, where there are several parts
         bool showsBlocks = false;
         bool isPoint = false;   ///< shown by a figure, however small its box
         bool isLoose = false;   ///< changed since the index was built
+        bool hasLayers = false; ///< pieces of it lie on other layers than it
         bool isEndless = false; ///< lines without end are of it: its box says nothing of the drawing's size
     };
 
     /// Whether it is a dot at most: of a symbol far away the texts are finer than a line, and left out.
     static bool isSpeck(const Item& item, double pixel)
     {
-        return !item.isPoint && !item.isEndless && item.core.width() < pixel && item.core.height() < pixel &&
-               static_cast<double>(item.textHeight) < pixel &&
+        return !item.isPoint && !item.isEndless && !item.hasLayers && item.core.width() < pixel &&
+               item.core.height() < pixel && static_cast<double>(item.textHeight) < pixel &&
                (item.textHeight > 0.0F || (item.box.width() < pixel && item.box.height() < pixel));
     }
 
@@ -96,6 +98,7 @@ private:
     void buildIndex();
     double figureReach();
     Box2d boxOfBases();
+    Box2d boxByLayers(const Item& item);
 
     AcDbDatabase& m_database;
     AcDbStub* m_block;

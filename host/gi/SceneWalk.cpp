@@ -177,9 +177,11 @@ void SceneWalk::showEntity(const DisplayList& list, std::span<const DisplayPart>
         if (part.isAttribute && (attributeMode == 0 || (part.isHidden && attributeMode != 2)))
             continue;
         const Resolved own = resolve(part.look, within);
-        if (!own.shows || (part.isAttribute && !enter(part.entity, place)))
+        if (!own.shows)
             continue;
         changeClip(clip, part.clip.get(), place);
+        if (part.isAttribute && !enter(part.entity, place))
+            continue;
         showPart(list, part, place, own);
         if (part.isAttribute)
             leave();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <span>
 
 #include "gi/BlockGraphics.h"
 #include "gi/Box2d.h"

@@ -66,7 +66,7 @@ TEST_F(SceneTest, layersGiveColorWeightAndAreHidden)
 /// A block of four lines: on layer 0 by layer, on layer 0 by block, on a layer of its own, blue whatever is asked.
 TEST_F(SceneTest, blocksTakeTheLookOfTheirReferenceWhereTheySaySo)
 {
-    addLayer(L"REPERES", 3);
+    const AcDbObjectId marks = addLayer(L"REPERES", 3);
     addLayer(L"AUTRES", 6);
     AcDbLine* own = line(3, 0);
     const AcDbObjectId block = addBlock(L"SYMBOLE", {line(1, 0), colored(line(2, 0), 0), own, colored(line(4, 0), 5)});
@@ -82,6 +82,13 @@ TEST_F(SceneTest, blocksTakeTheLookOfTheirReferenceWhereTheySaySo)
     }
     EXPECT_EQ(drawn(scene()), (Lines{"line 00FF00: 10,0 11,0", "line FF0000: 10,0 12,0", "line FF00FF: 10,0 13,0",
                                      "line 0000FF: 10,0 14,0"}));
+    // A viewport that freezes layer 0 leaves what goes by the reference's layer.
+    SceneView view = wideView();
+    std::unordered_set<AcDbStub*> frozen{database.layerZero().stub()};
+    view.frozen = &frozen;
+    EXPECT_EQ(drawn(scene(), view), drawn(scene()));
+    frozen = {marks.stub()};
+    EXPECT_EQ(drawn(scene(), view), Lines{});
     // Off hides what lies on the reference's layer; frozen hides all of the reference.
     changeLayer(L"REPERES", [](AcDbLayerTableRecord& layer) { layer.setIsOff(true); });
     EXPECT_EQ(drawn(scene()), Lines{"line FF00FF: 10,0 13,0"});

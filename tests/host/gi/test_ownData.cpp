@@ -2,17 +2,15 @@
 #include <cstring>
 #include <tuple>
 
-#include "gi/ClippedSink.h"
 #include "gi/EntityGraphics.h"
 #include "gi/LayoutDrawing.h"
-#include "gi/ObjectSnap.h"
 
 #include "dbdim.h"
 #include "DrawingWithEntities.h"
 #include "SceneTest.h"
 #include "SmallDrawing.h"
 
-/// What shows by its own data: dimensions whose block is missing, classes that are not modelled, clipped references.
+/// What shows by its own data: dimensions whose block is missing, classes that are not modelled.
 
 namespace {
 
@@ -229,6 +227,10 @@ const Row rows[] = {
      proxy({polylineOf(corner(0, false)), polylineOf(corner(512, true)), polylineOf(corner(512, false), true),
             PictureChunk(29).reals({2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 1}),
             polylineOf(Bits().shortInteger(4 | 8).code(1).code(2).byte(2).real(0).real(0).otherReal(10).code(0)),
+            PictureChunk(31), PictureChunk(29).reals({1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 1}),
+            polylineOf(Bits().shortInteger(4 | 8).code(1).code(2).byte(2).real(0).real(0).otherReal(10).code(0)),
+            PictureChunk(31), PictureChunk(29).reals({1, 0, 0, 0, 0, 3, 0, 0, 0, 0, 9, 0, 0, 0, 0, 1}),
+            polylineOf(Bits().shortInteger(4 | 8).code(1).code(2).byte(2).real(0).real(0).otherReal(10).code(0)),
             PictureChunk(31),
             polylineOf(Bits()
                            .shortInteger(1 | 16 | 1024)
@@ -245,7 +247,8 @@ const Row rows[] = {
                            .code(1) // bulge
                            .byte(7))}),
      {"line 7: 64,2 64,7 65,7", "line 7: 64,2 64,7 65,7 64,2", "line 7: 64,2 64,7 65,7 64,2",
-      "area 7: 0,1 20,1 20,-1 0,-1", "line 7: 2,0 2.168"}},
+      "area 7: 0,1 20,1 20,-1 0,-1", "area 7: 0,0 10,0 10,0 0,0", "area 7: 0,1.5 10,1.5 10,-1.5 0,-1.5",
+      "line 7: 2,0 2.168"}},
     {"proxy: bits that make no polyline are passed by",
      proxy({polylineOf(Bits().shortInteger(0).code(0).code(0xFFFFFF7F, 32)), PictureChunk(33),
             polylineOf(Bits().code(0xFFFFFFFF, 32)),
@@ -282,38 +285,6 @@ const Row rows[] = {
      {"area 7F007F: "}},
 };
 
-/// A line and a filled square in a block, shown at (20, 0) within the ring that is given.
-SmallDrawing clipped(const std::string& ring, bool shown)
-{
-    std::string matrices;
-    for (int i = 0; i < 2; ++i) // world to block, world to the ring: the reference's place taken away
-        matrices += "40 1\n40 0\n40 0\n40 -20\n40 0\n40 1\n40 0\n40 0\n40 0\n40 0\n40 1\n40 0\n";
-    SmallDrawing drawing;
-    drawing.blockRecords =
-        "0 BLOCK_RECORD\n5 70\n330 1\n100 AcDbSymbolTableRecord\n100 AcDbBlockTableRecord\n2 B\n340 0\n";
-    drawing.blocks =
-        "0 BLOCK\n5 72\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 B\n70 0\n10 0\n20 0\n30 0\n3 B\n"
-        "1 \n0 LINE\n5 73\n330 70\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0\n20 5\n30 0\n11 10\n21 5\n31 0\n"
-        "0 SOLID\n5 75\n330 70\n100 AcDbEntity\n8 0\n100 AcDbTrace\n10 5\n20 6\n30 0\n11 9\n21 6\n31 0\n"
-        "12 5\n22 7\n32 0\n13 9\n23 7\n33 0\n"
-        "0 ENDBLK\n5 74\n330 70\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
-    drawing.entities = "0 INSERT\n5 80\n102 {ACAD_XDICTIONARY\n360 90\n102 }\n330 1F\n100 AcDbEntity\n8 0\n"
-                       "100 AcDbBlockReference\n2 B\n10 20\n20 0\n30 0\n";
-    drawing.objects = "0 DICTIONARY\n5 90\n330 80\n100 AcDbDictionary\n281 1\n3 ACAD_FILTER\n350 91\n"
-                      "0 DICTIONARY\n5 91\n330 90\n100 AcDbDictionary\n281 1\n3 SPATIAL\n350 92\n"
-                      "0 SPATIAL_FILTER\n5 92\n330 91\n100 AcDbFilter\n100 AcDbSpatialFilter\n" +
-                      ring + "210 0\n220 0\n230 1\n11 0\n21 0\n31 0\n71 " + (shown ? "1" : "0") +
-                      "\n72 1\n40 99\n73 0\n" + matrices;
-    return drawing;
-}
-
-Lines linesOf(const SmallDrawing& drawing)
-{
-    AcDbDatabase database(false);
-    database.impl().load(std::make_unique<DxfFile>(drawing.text(), "essai.dxf"));
-    return drawn(Scene::of(database));
-}
-
 } // namespace
 
 TEST(OwnData, isDrawn)
@@ -340,7 +311,7 @@ TEST(OwnData, piecesOfPicturesHaveLayersAndLinetypes)
     };
     constexpr int byLayer = 32767, byBlock = 32766, whole = 0, dashed = 1;
     std::vector<PictureChunk> chunks{lineBetween(0, 0, 10, 0)};
-    for (const auto& piece : {on(1, whole, 1), on(2, whole, 2), on(3, whole, 3), on(0, dashed, 4), on(1, byLayer, 5),
+    for (const auto& piece : {on(1, whole, 1), on(2, whole, 80), on(3, whole, -80), on(0, dashed, 4), on(1, byLayer, 5),
                               on(1, byBlock, 6), on(-1, 99, 7)})
         chunks.insert(chunks.end(), piece.begin(), piece.end());
     SmallDrawing drawing;
@@ -348,17 +319,33 @@ TEST(OwnData, piecesOfPicturesHaveLayersAndLinetypes)
     drawing.layers = layer("61", "ROUGE", "0", "1") + layer("62", "GELE", "1", "2") + layer("63", "ETEINT", "0", "-3");
     const std::string tags = proxy(chunks);
     const std::string rest = tags.substr(tags.find("92 "));
+    Box2d box;
     const auto shown = [&](const char* own) {
         drawing.entities = "0 ACAD_PROXY_ENTITY\n5 80\n330 1F\n100 AcDbEntity\n8 " + std::string(own) + "\n" + rest;
         AcDbDatabase database(false);
         database.impl().load(std::make_unique<DxfFile>(drawing.text(), "essai.dxf"));
-        return drawn(Scene::of(database));
+        Scene& scene = Scene::of(database);
+        box = scene.extents();
+        return drawn(scene);
     };
     EXPECT_EQ(shown("0"),
               (Lines{"line 7: 0,0 10,0", "line FF0000: 0,1 10,1", "line 7: 0,4 4,4", "line 7: 6,4 10,4",
                      "line FF0000: 0,5 4,5", "line FF0000: 6,5 10,5", "line FF0000: 0,6 10,6", "line 7: 0,7 10,7"}));
+    EXPECT_EQ(box.minY, 0.0);
+    EXPECT_EQ(box.maxY, 7.0) << "of the layers that show";
     EXPECT_EQ(shown("ETEINT").front(), "line FF0000: 0,1 10,1") << "the rest lies on a layer of its own";
+    EXPECT_EQ(box.minY, 1.0);
     EXPECT_EQ(shown("GELE"), Lines());
+    EXPECT_TRUE(box.isEmpty());
+}
+
+TEST(OwnData, picturesAreDotsFromAfar)
+{
+    DrawingWithEntities picture(
+        proxy({PictureChunk(16).integer(0), PictureChunk(14).integer(1), lineBetween(0, 0, 1, 1)}));
+    SceneView far = wideView();
+    far.pixel = 10.0;
+    EXPECT_EQ(drawn(Scene::of(picture.database()), far), Lines{"dot FF0000: 0.5,0.5"});
 }
 
 TEST(OwnData, dimensionsWithoutBlockHaveABox)
@@ -414,36 +401,6 @@ TEST(OwnData, layoutsShowModelSpaceInTheirViewports)
     EXPECT_EQ(sink.lines.size(), 4U + 2U) << "one layer is frozen, one viewport off, one the paper itself";
 }
 
-TEST(OwnData, textsAreCutAtARing)
-{
-    RecordingSink seen;
-    ClippedSink sink(seen, {{0, 0, 0}, {10, 0, 0}, {10, 10, 0}, {0, 10, 0}});
-    struct Row {
-        const char* name;
-        AcGePoint3d origin;
-        double height;
-        const char* shown;
-    };
-    const Row textRows[] = {{"within", {2, 2, 0}, 1.0, ""},
-                            {"sticks out to the right", {8, 2, 0}, 1.0, " cut"},
-                            {"sticks out to the left", {-3, 2, 0}, 1.0, " cut"},
-                            {"apart", {20, 2, 0}, 1.0, nullptr},
-                            {"larger than the ring", {-50, -40, 0}, 90.0, " cut"}};
-    for (const Row& row : textRows) {
-        SCOPED_TRACE(row.name);
-        TextItem item;
-        item.text = L"abcd";
-        item.origin = row.origin;
-        item.along = {row.height, 0, 0};
-        item.up = {0, row.height, 0};
-        item.width = 4.0;
-        seen.lines.clear();
-        sink.text(item, {});
-        ASSERT_EQ(seen.lines.size(), row.shown ? 1U : 0U);
-        EXPECT_TRUE(seen.lines.empty() || seen.lines.front().ends_with(" cut") == (*row.shown != 0));
-    }
-}
-
 /// Of a file cut in its objects, the dictionary names layouts that are not there.
 TEST(OwnData, aLayoutThatTheFileLostHasTheUsualName)
 {
@@ -472,37 +429,4 @@ TEST(OwnData, linesWithoutEndSayNothingOfTheSize)
     SceneView away = wideView();
     away.center = {100000.0, 0.0};
     EXPECT_EQ(drawn(scene, away).size(), 1U) << "what goes on is seen from afar";
-}
-
-TEST(OwnData, whatIsCutAwayDoesNotSnap)
-{
-    AcDbDatabase database(false);
-    database.impl().load(
-        std::make_unique<DxfFile>(clipped("70 2\n10 2\n20 2\n10 7\n20 8\n", true).text(), "essai.dxf"));
-    Scene& scene = Scene::of(database);
-    const unsigned ends = static_cast<unsigned>(SnapKind::end), nearest = static_cast<unsigned>(SnapKind::nearest);
-    EXPECT_FALSE(snapAt(scene, {20, 5}, 0.5, ends));
-    EXPECT_FALSE(snapAt(scene, {21, 5}, 0.5, nearest));
-    EXPECT_TRUE(snapAt(scene, {24, 5}, 0.5, nearest));
-    EXPECT_TRUE(snapAt(scene, {25, 7}, 0.5, ends)) << "a corner of the area";
-}
-
-TEST(OwnData, clippedReferencesAreCut)
-{
-    const std::string whole = "line 7: 20,5 30,5";
-    EXPECT_EQ(linesOf(clipped("70 2\n10 2\n20 2\n10 7\n20 8\n", false)).front(), whole) << "the clip is off";
-    EXPECT_EQ(linesOf(clipped("70 2\n10 2\n20 2\n10 7\n20 8\n", true)),
-              (Lines{"line 7: 22,5 27,5", "area 7: 25,6 27,6 27,7 25,7"}));
-    // A ring like a U: the line is seen in its two arms.
-    const Lines arms = linesOf(clipped(
-        "70 8\n10 1\n20 1\n10 9\n20 1\n10 9\n20 9\n10 7\n20 9\n10 7\n20 3\n10 3\n20 3\n10 3\n20 9\n10 1\n20 9\n",
-        true));
-    ASSERT_GE(arms.size(), 2U);
-    EXPECT_EQ(arms[0], "line 7: 21,5 23,5");
-    EXPECT_EQ(arms[1], "line 7: 27,5 29,5");
-    // A star in one stroke about (6, 6.5): the area reaches into its arms, beyond the pentagon in its middle.
-    const Lines star = linesOf(clipped("70 5\n10 6\n20 9.5\n10 4.24\n20 4.07\n10 8.85\n20 7.43\n10 3.15\n20 7.43\n"
-                                       "10 7.76\n20 4.07\n",
-                                       true));
-    EXPECT_GT(std::ranges::count_if(star, [](const std::string& line) { return line.starts_with("area"); }), 1);
 }
