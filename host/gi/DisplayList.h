@@ -116,7 +116,7 @@ struct PartClip {
     std::shared_ptr<const PartClip> outer;
 };
 
-/// The primitives of one entity, a run of those in a list.
+/// The primitives of one entity or of one piece of its picture, a run of those in a list.
 struct DisplayPart {
     AcDbObjectId entity;
     EntityLook look;
@@ -136,6 +136,8 @@ public:
     bool showsBlocks() const { return m_showsBlocks; }
     /// About what it takes of memory.
     std::size_t bytes() const { return m_bytes; }
+    /// Adds what is held beside the primitives.
+    void count(std::size_t bytes) { m_bytes += bytes; }
 
     /// What is added from now on belongs to this entity.
     DisplayPart& begin(const AcDbEntity& entity);

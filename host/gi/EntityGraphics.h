@@ -13,8 +13,8 @@
 /// they are the same for all references, as the text they are.
 enum class Standing { open, withinBlock };
 
-/// Appends one part for the entity, and one for each attribute of a reference. Nothing for an invisible entity or one
-/// of a class that shows nothing.
+/// Appends one part for the entity, and one for each attribute of a reference and each piece of a picture that the
+/// entity brings along. Nothing for an invisible entity or one of a class that shows nothing.
 void addEntity(const AcDbEntity& entity, Standing standing, DisplayList& list);
 
 // The kinds, by their files. Each adds to the part that was begun.

@@ -16,7 +16,7 @@ namespace {
 
 using AddTags = void (*)(const RecordTags& tags, DisplayList& list);
 
-void addTagged(const RecordTags& tags, DisplayList& list, bool bothWays)
+void addLineWithoutEnd(const RecordTags& tags, DisplayList& list, bool bothWays)
 {
     addEndless(tags.point(10, AcGePoint3d::kOrigin), tags.point(11, AcGePoint3d(1.0, 0.0, 0.0)).asVector(), bothWays,
                list);
@@ -24,12 +24,12 @@ void addTagged(const RecordTags& tags, DisplayList& list, bool bothWays)
 
 void addRay(const RecordTags& tags, DisplayList& list)
 {
-    addTagged(tags, list, false);
+    addLineWithoutEnd(tags, list, false);
 }
 
 void addConstructionLine(const RecordTags& tags, DisplayList& list)
 {
-    addTagged(tags, list, true);
+    addLineWithoutEnd(tags, list, true);
 }
 
 // ---- multiple lines

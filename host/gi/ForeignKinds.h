@@ -3,8 +3,8 @@
 #include "gi/DisplayList.h"
 #include "gi/RecordTags.h"
 
-/// What ForeignGraphics.cpp calls by the name of a class, where a file of its own draws it. Each adds to the part that
-/// was begun.
+/// What draws entities whose classes are not modelled, and what those share, by files. Each adds to the part that was
+/// begun; a picture begins one for each of its pieces.
 
 // ForeignGraphics.cpp
 /// A line without end, or the half of one that begins at its base.

@@ -1,10 +1,13 @@
 #include <algorithm>
-#include <cstring>
+#include <cmath>
 #include <map>
+#include <memory>
+#include <optional>
 
 #include "db/DatabaseImpl.h"
 #include "ge/Angles.h"
 #include "gi/BitPolyline.h"
+#include "gi/ChunkReader.h"
 #include "gi/EntityGraphics.h"
 #include "gi/ForeignKinds.h"
 #include "gi/ReferenceClip.h"
@@ -15,80 +18,6 @@
 /// drawing. What cannot be understood is passed by, and takes nothing of the rest along.
 
 namespace {
-
-/// The values of a chunk, one after the other; zeros past its end.
-class ChunkReader {
-public:
-    explicit ChunkReader(std::string_view bytes) : m_left(bytes) {}
-
-    std::int32_t integer() { return read<std::int32_t>(); }
-    double real() { return read<double>(); }
-    AcGePoint3d point()
-    {
-        const double x = real(), y = real();
-        return {x, y, real()};
-    }
-    /// As many as are there, of those that are announced.
-    std::vector<AcGePoint3d> points(std::int64_t count)
-    {
-        std::vector<AcGePoint3d> all;
-        while (count-- > 0 && m_left.size() >= 3 * sizeof(double))
-            all.push_back(point());
-        return all;
-    }
-    std::vector<std::int32_t> integers(std::int64_t count)
-    {
-        std::vector<std::int32_t> all;
-        while (count-- > 0 && m_left.size() >= sizeof(std::int32_t))
-            all.push_back(integer());
-        return all;
-    }
-    AcGeMatrix3d matrix(unsigned int rows = 4)
-    {
-        AcGeMatrix3d matrix;
-        for (unsigned int row = 0; row < rows; ++row)
-            for (double& entry : matrix.entry[row])
-                entry = real();
-        return matrix;
-    }
-    std::string_view rest() const { return m_left; }
-    /// Up to a zero, in fours.
-    std::string text()
-    {
-        std::string text(m_left.substr(0, m_left.find('\0')));
-        skip((text.size() + 4) & ~std::size_t{3});
-        return text;
-    }
-    std::wstring wideText()
-    {
-        std::wstring text;
-        std::size_t used = 0;
-        for (char16_t unit = 1; unit != 0 && m_left.size() >= sizeof unit; used += sizeof unit) {
-            unit = read<char16_t>();
-            if (unit != 0)
-                text += static_cast<wchar_t>(unit);
-        }
-        skip(used % 4);
-        return text;
-    }
-
-private:
-    void skip(std::size_t bytes) { m_left.remove_prefix(std::min(bytes, m_left.size())); }
-
-    template <class Value>
-    Value read()
-    {
-        Value value{};
-        if (m_left.size() < sizeof value)
-            m_left = {};
-        else
-            std::memcpy(&value, m_left.data(), sizeof value);
-        skip(sizeof value);
-        return value;
-    }
-
-    std::string_view m_left;
-};
 
 class KeptPicture {
 public:
@@ -448,8 +377,10 @@ private:
         std::size_t corners = 0;
         for (const PartClip* outer = clip.get(); outer; outer = outer->outer.get())
             corners += outer->ring.size();
-        if (std::vector<AcGePoint3d> ring = ringIn(values, corners); !ring.empty())
+        if (std::vector<AcGePoint3d> ring = ringIn(values, corners); !ring.empty()) {
+            m_list.count(sizeof(PartClip) + ring.capacity() * sizeof ring.front());
             clip = std::make_shared<PartClip>(PartClip{std::move(ring), std::move(clip)});
+        }
         m_clips.push_back(std::move(clip));
         nextPart().clip = m_clips.back();
     }
@@ -465,22 +396,22 @@ private:
     /// @param others corners of the rings that it is within: all that shows is held against each of them
     std::vector<AcGePoint3d> ringIn(ChunkReader& values, std::size_t others) const
     {
-        constexpr std::size_t mostCorners = 500;
+        constexpr std::size_t mostCornersInAll = 500;
         values.point(); // of its plane: the normal, and a point
         values.point();
         const std::int32_t count = values.integer();
         std::vector<AcGePoint3d> corners;
-        for (std::int32_t i = 0; i < count && corners.size() <= mostCorners; ++i) {
+        for (std::int32_t i = 0; i < count && corners.size() <= mostCornersInAll; ++i) {
             const double x = values.real();
             corners.emplace_back(x, values.real(), 0.0);
         }
-        // No drawing at hand has one: whether the last row of a matrix, always the same, is written is told by the
-        // room.
+        // The last row of a matrix, always the same, may be left out: the room tells.
         const unsigned int rows = values.rest().size() < 2 * sizeof(AcGeMatrix3d) ? 3 : 4;
         const AcGeMatrix3d toRing = values.matrix(rows), toBlock = values.matrix(rows);
-        if (corners.size() < 2 || corners.size() + others > mostCorners || !isPlacing(toRing) || !isPlacing(toBlock))
+        if (corners.size() < 2 || corners.size() + others > mostCornersInAll || !isPlacing(toRing) ||
+            !isPlacing(toBlock))
             return {};
-        std::vector<AcGePoint3d> ring = clipRing(std::move(corners), matrix() * toBlock * toRing.inverse());
+        std::vector<AcGePoint3d> ring = ringOfClip(std::move(corners), matrix() * toBlock * toRing.inverse());
         double area = 0.0;
         for (std::size_t i = 0; i < ring.size(); ++i) {
             const AcGePoint3d &a = ring[i], &b = ring[(i + 1) % ring.size()];

@@ -70,7 +70,7 @@ AcGeMatrix3d matrixOf(const std::vector<double>& values, std::size_t from)
 
 } // namespace
 
-std::vector<AcGePoint3d> clipRing(std::vector<AcGePoint3d> corners, const AcGeMatrix3d& toOwner)
+std::vector<AcGePoint3d> ringOfClip(std::vector<AcGePoint3d> corners, const AcGeMatrix3d& toOwner)
 {
     if (corners.size() == 2) { // of a rectangle
         const AcGePoint3d a = corners[0], b = corners[1];
@@ -93,6 +93,6 @@ std::vector<AcGePoint3d> clipOf(const AcDbBlockReference& reference)
     Boundary boundary = read(RecordTags(filter));
     if (!boundary.isShown || boundary.ring.size() < 2 || boundary.matrices.size() < values)
         return {};
-    return clipRing(std::move(boundary.ring),
-                    matrixOf(boundary.matrices, 0) * matrixOf(boundary.matrices, values / 2).inverse());
+    return ringOfClip(std::move(boundary.ring),
+                      matrixOf(boundary.matrices, 0) * matrixOf(boundary.matrices, values / 2).inverse());
 }
