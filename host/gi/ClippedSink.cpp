@@ -1,7 +1,9 @@
 #include "gi/ClippedSink.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "gi/Box2d.h"
 #include "gi/ViewClip.h"
 
 namespace {
@@ -84,6 +86,35 @@ Ring leftOf(const Ring& ring, const AcGePoint3d& a, const AcGePoint3d& b)
     return kept;
 }
 
+/// Whether a ring is no more than a line, as one is that only touches what it was cut at: within clips in each other,
+/// each such sliver would be cut into more of them.
+bool isSliver(const Ring& ring)
+{
+    constexpr double rounding = 1e-12; // of the square that the ring fills
+    double area = 0.0, reach = 0.0;
+    for (std::size_t i = 1; i + 1 < ring.size(); ++i)
+        area += turn(ring[0], ring[i], ring[i + 1]);
+    for (const AcGePoint3d& point : ring)
+        reach = std::max({reach, std::abs(point.x - ring[0].x), std::abs(point.y - ring[0].y)});
+    return !(std::abs(area) > rounding * reach * reach);
+}
+
+Box2d boxAround(const Ring& ring)
+{
+    Box2d box;
+    for (const AcGePoint3d& point : ring)
+        box.add(point);
+    return box;
+}
+
+/// What of a ring lies in a convex part.
+Ring cutTo(const Ring& part, Ring ring)
+{
+    for (std::size_t i = 0; i < part.size() && !ring.empty(); ++i)
+        ring = leftOf(ring, part[i], part[(i + 1) % part.size()]);
+    return ring;
+}
+
 } // namespace
 
 bool isWithin(std::span<const AcGePoint3d> ring, const AcGePoint3d& point)
@@ -152,11 +183,12 @@ void ClippedSink::polygon(std::span<const Ring> rings, const Appearance& look)
     if (m_convex.empty())
         m_convex = convexParts(m_ring);
     for (const Ring& part : m_convex) {
-        std::vector<Ring> cut(rings.begin(), rings.end());
-        for (Ring& ring : cut)
-            for (std::size_t i = 0; i < part.size(); ++i)
-                ring = leftOf(ring, part[i], part[(i + 1) % part.size()]);
-        std::erase_if(cut, [](const Ring& ring) { return ring.size() < 3; });
+        const Box2d box = boxAround(part);
+        std::vector<Ring> cut;
+        for (const Ring& ring : rings)
+            if (boxAround(ring).touches(box))
+                cut.push_back(cutTo(part, ring));
+        std::erase_if(cut, isSliver);
         if (!cut.empty())
             m_sink.polygon(cut, look);
     }

@@ -374,10 +374,7 @@ private:
     void pushClip(ChunkReader& values)
     {
         std::shared_ptr<const PartClip> clip = m_clips.empty() ? nullptr : m_clips.back();
-        std::size_t corners = 0;
-        for (const PartClip* outer = clip.get(); outer; outer = outer->outer.get())
-            corners += outer->ring.size();
-        if (std::vector<AcGePoint3d> ring = ringIn(values, corners); !ring.empty()) {
+        if (std::vector<AcGePoint3d> ring = ringIn(values, clip.get()); !ring.empty()) {
             m_list.count(sizeof(PartClip) + ring.capacity() * sizeof ring.front());
             clip = std::make_shared<PartClip>(PartClip{std::move(ring), std::move(clip)});
         }
@@ -393,10 +390,8 @@ private:
     }
 
     /// None where it is not understood, or would hide all of it: rather too much is seen than nothing.
-    /// @param others corners of the rings that it is within: all that shows is held against each of them
-    std::vector<AcGePoint3d> ringIn(ChunkReader& values, std::size_t others) const
+    std::vector<AcGePoint3d> ringIn(ChunkReader& values, const PartClip* outer) const
     {
-        constexpr std::size_t mostCornersInAll = 500;
         values.point(); // of its plane: the normal, and a point
         values.point();
         const std::int32_t count = values.integer();
@@ -408,8 +403,7 @@ private:
         // The last row of a matrix, always the same, may be left out: the room tells.
         const unsigned int rows = values.rest().size() < 2 * sizeof(AcGeMatrix3d) ? 3 : 4;
         const AcGeMatrix3d toRing = values.matrix(rows), toBlock = values.matrix(rows);
-        if (corners.size() < 2 || corners.size() + others > mostCornersInAll || !isPlacing(toRing) ||
-            !isPlacing(toBlock))
+        if (corners.size() < 2 || isTooMuch(corners.size(), outer) || !isPlacing(toRing) || !isPlacing(toBlock))
             return {};
         std::vector<AcGePoint3d> ring = ringOfClip(std::move(corners), matrix() * toBlock * toRing.inverse());
         double area = 0.0;
@@ -420,11 +414,26 @@ private:
         return std::isfinite(area) && area != 0.0 ? ring : std::vector<AcGePoint3d>();
     }
 
+    /// All that shows is held against each corner of the rings in each other; areas are cut to the triangles of one,
+    /// then each piece to those of the next.
+    static bool isTooMuch(std::size_t corners, const PartClip* outer)
+    {
+        constexpr std::size_t mostPieces = 10000;
+        std::size_t pieces = std::max<std::size_t>(corners, 4) - 2;
+        for (; outer && pieces <= mostPieces; outer = outer->outer.get()) {
+            corners += outer->ring.size();
+            pieces *= outer->ring.size() - 2;
+        }
+        return corners > mostCornersInAll || pieces > mostPieces;
+    }
+
     /// Whether it says where things stand: its last row is that of any such matrix.
     static bool isPlacing(const AcGeMatrix3d& matrix)
     {
         return std::ranges::equal(matrix.entry[3], AcGeMatrix3d::kIdentity.entry[3]) && !matrix.isSingular();
     }
+
+    static constexpr std::size_t mostCornersInAll = 500; // of rings in each other
 
     const AcDbEntity& m_entity;
     const RecordTags& m_tags;

@@ -197,8 +197,18 @@ void SceneWalk::changeClip(const PartClip*& on, const PartClip* next, const Plac
         return;
     for (; on; on = on->outer.get())
         endClip();
-    for (on = next; next; next = next->outer.get())
+    for (on = next; next; next = next->outer.get()) {
         beginClip(ringAt(next->ring, place));
+        chargeClip(next->ring.size());
+    }
+}
+
+/// A clip within a block is cut into its triangles wherever the block is shown, which takes as long as so many
+/// entities.
+void SceneWalk::chargeClip(std::size_t corners)
+{
+    if (!m_entered.empty() && m_left >= 0)
+        m_left = std::max(m_left - static_cast<long>(corners * corners / 16), -1L);
 }
 
 void SceneWalk::showPart(const DisplayList& list, const DisplayPart& part, const Placement& place,

@@ -76,6 +76,7 @@ private:
     void showEntity(const DisplayList& list, std::span<const DisplayPart> parts, const Placement& place,
                     const Reference* within);
     void changeClip(const PartClip*& on, const PartClip* next, const Placement& place);
+    void chargeClip(std::size_t corners);
     void showPart(const DisplayList& list, const DisplayPart& part, const Placement& place, const Resolved& resolved);
     void showPrimitive(const Primitive& primitive, const Placement& place, const Resolved& resolved);
     void showBlocks(const BlockUse& use, const Placement& place, const Resolved& resolved);

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <memory>
 
 #include "gi/ClippedSink.h"
 #include "gi/ObjectSnap.h"
@@ -72,6 +73,20 @@ TEST(Clips, textsAreCutAtARing)
         ASSERT_EQ(seen.lines.size(), row.shown ? 1U : 0U);
         EXPECT_TRUE(seen.lines.empty() || seen.lines.front().ends_with(" cut") == (*row.shown != 0));
     }
+}
+
+TEST(Clips, ringsInEachOtherDoNotMultiplyPieces)
+{
+    // Twenty times the same: what only touches a piece is no piece to be cut again.
+    const std::vector<AcGePoint3d> u{{0, 0, 0}, {9, 0, 0}, {9, 9, 0}, {6, 9, 0},
+                                     {6, 3, 0}, {3, 3, 0}, {3, 9, 0}, {0, 9, 0}};
+    RecordingSink seen;
+    std::vector<std::unique_ptr<ClippedSink>> sinks;
+    for (int i = 0; i < 20; ++i)
+        sinks.push_back(std::make_unique<ClippedSink>(i == 0 ? static_cast<GraphicsSink&>(seen) : *sinks.back(), u));
+    const std::vector<std::vector<AcGePoint3d>> square{{{-1, -1, 0}, {10, -1, 0}, {10, 10, 0}, {-1, 10, 0}}};
+    sinks.back()->polygon(square, {});
+    EXPECT_EQ(seen.lines.size(), u.size() - 2);
 }
 
 TEST(Clips, whatIsCutAwayDoesNotSnap)
